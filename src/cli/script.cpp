@@ -1,0 +1,171 @@
+// The script's commands: those of the command table by their ids, and those that take values.
+#include "cli/script.h"
+
+#include "cli/layout_json.h"
+#include "cli/script_words.h"
+#include "cli/state_json.h"
+#include "editor/commands.h"
+#include "editor/mouse_selection.h"
+#include "editor/track_editing.h"
+#include "editor/view_commands.h"
+#include "platform/fault.h"
+#include "platform/platform.h"
+#include "render/stock_colours.h"
+#include "text/number_text.h"
+
+#include <array>
+#include <cmath>
+#include <optional>
+
+namespace pistaro {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+Fault Refused(const std::string& reason) { return {"Refused", reason}; }
+
+/// A script is asked nothing: it agrees, and has named its file already.
+class ScriptPrompts : public Prompts {
+public:
+    explicit ScriptPrompts(std::optional<std::filesystem::path> file = std::nullopt) : file_(std::move(file)) {}
+
+    void Tell(const Message&) override {}
+    Answer Ask(const std::string&, Buttons buttons) override {
+        return buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+    }
+    std::optional<std::filesystem::path> ChooseFile(const FileChoice&) override { return file_; }
+
+private:
+    std::optional<std::filesystem::path> file_;
+};
+
+struct Script {
+    Project& Design;
+    std::ostream& Output;
+};
+
+double NumberIn(const std::string& word) {
+    const double value = IsNumber(word) ? ParseNumber(word) : NAN;
+    if (!std::isfinite(value)) throw Refused("\"" + word + "\" is no number");
+    return value;
+}
+
+int IntegerIn(const std::string& word, int least, int most) {
+    const double value = NumberIn(word);
+    if (value != std::floor(value) || value < least || value > most) {
+        throw Refused("\"" + word + "\" is no whole number from " + std::to_string(least) + " to " +
+                      std::to_string(most));
+    }
+    return static_cast<int>(value);
+}
+
+void Run(const Command& command, Project& project, Prompts& prompts) {
+    const std::string whyNot = command.WhyNot(project);
+    if (!whyNot.empty()) throw Refused("\"" + command.Id + "\" is not offered now: " + whyNot);
+    command.Run(project, prompts);
+    AssignStockColours(project);
+}
+
+void RunById(Script& script, const std::string& id, int times = 1) {
+    const Command* const command = FindCommand(id);
+    if (command == nullptr) throw Refused("there is no command \"" + id + "\"");
+    ScriptPrompts prompts;
+    for (int i = 0; i < times; ++i)
+        Run(*command, script.Design, prompts);
+}
+
+void RunOnFile(Script& script, const Words& words) {
+    ScriptPrompts prompts(PathFromText(words[1]));
+    Run(*FindCommand(words[0]), script.Design, prompts);
+}
+
+void Add(Script& script, const Words& words) {
+    for (std::size_t i = 1; i < words.size(); ++i)
+        RunById(script, "add " + words[i]);
+}
+
+void Select(Script& script, const Words& words) {
+    const Track* const track = script.Design.Layout.Current();
+    if (track == nullptr || track->ElementCodes.empty()) throw Refused("the element list is empty");
+    SelectElement(script.Design, IntegerIn(words[1], 0, track->ElementLastIndex()));
+}
+
+void Click(Script& script, const Words& words) {
+    SelectNearestElement(script.Design,
+                         {static_cast<float>(NumberIn(words[1])), static_cast<float>(NumberIn(words[2]))});
+}
+
+void Scroll(Script& script, const Words& words) {
+    const ViewSettings& view = script.Design.View;
+    const int x = IntegerIn(words[1], view.HMov.Minimum, view.HMov.Maximum);
+    const int y = IntegerIn(words[2], view.VMov.Minimum, view.VMov.Maximum);
+    ScrollHorizontally(script.Design, x);
+    ScrollVertically(script.Design, y);
+}
+
+void PrintState(Script& script, const Words&) { script.Output << Line(StateJson(script.Design)) << std::endl; }
+
+void PrintLayout(Script& script, const Words&) { script.Output << Line(LayoutJson(script.Design.Layout)) << std::endl; }
+
+/// A row whose words behind the first are its values.
+struct ValueCommand {
+    std::string_view Name;
+    std::size_t LeastWords, MostWords;
+    void (*Run)(Script&, const Words&);
+};
+
+constexpr std::size_t AnyNumber = 100000;
+
+constexpr std::array ValueCommands{
+    ValueCommand{"load", 2, 2, RunOnFile},   ValueCommand{"save", 2, 2, RunOnFile},
+    ValueCommand{"add", 2, AnyNumber, Add},  ValueCommand{"select", 2, 2, Select},
+    ValueCommand{"click", 3, 3, Click},      ValueCommand{"scroll", 3, 3, Scroll},
+    ValueCommand{"state", 1, 1, PrintState}, ValueCommand{"layout", 1, 1, PrintLayout},
+};
+
+/// A line that is a command's id, with the number of times behind it where the command can be repeated.
+void RunTableCommand(Script& script, Words words) {
+    int times = 1;
+    if (words.size() == 3) {
+        const Command* const command = FindCommand(words[0] + " " + words[1]);
+        if (command == nullptr || !command->Repeatable)
+            throw Refused("\"" + words[0] + "\" takes no more than one word");
+        times = IntegerIn(words[2], 1, 1000);
+        words.pop_back();
+    }
+    if (words.size() > 2) throw Refused("there are too many words behind \"" + words[0] + "\"");
+    RunById(script, words.size() == 2 ? words[0] + " " + words[1] : words[0], times);
+}
+
+void RunLine(Script& script, const std::string& line) {
+    const Words words = ScriptWords(line);
+    if (words.empty()) return;
+    for (const ValueCommand& command : ValueCommands) {
+        if (command.Name != words[0]) continue;
+        if (words.size() < command.LeastWords) throw Refused("\"" + words[0] + "\" wants more words behind it");
+        if (words.size() > command.MostWords) throw Refused("there are too many words behind \"" + words[0] + "\"");
+        command.Run(script, words);
+        return;
+    }
+    if (words[0] == "quit") throw Refused("there is no command \"quit\"");
+    RunTableCommand(script, words);
+}
+
+} // namespace
+
+void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output) {
+    Script running{project, output};
+    AssignStockColours(project);
+    int number = 0;
+    for (std::string line; std::getline(script, line);) {
+        ++number;
+        try {
+            RunLine(running, line);
+        } catch (const std::exception& fault) {
+            throw Fault(name + ", line " + std::to_string(number), fault.what());
+        }
+    }
+}
+
+} // namespace pistaro

@@ -1,0 +1,16 @@
+// Editing commands from a text, one a line, run through the same functions as the window's controls.
+#pragma once
+
+#include "model/project.h"
+
+#include <istream>
+#include <ostream>
+#include <string>
+
+namespace pistaro {
+
+/// Runs every line of `script` on the project and prints what they ask for. A refused line is a fault that names
+/// `name` and the line's number; what earlier lines did and printed stays.
+void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output);
+
+} // namespace pistaro

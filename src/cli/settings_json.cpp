@@ -1,0 +1,70 @@
+// The settings document.
+#include "cli/settings_json.h"
+
+namespace pistaro {
+
+namespace {
+
+Json StockJson(const Catalogue& catalogue) {
+    Json stock = Json::object();
+    for (int row = 0; row < CatalogueCount; ++row) {
+        if (!IsHeadRow(catalogue, row)) continue;
+        const CatalogueEntry& entry = catalogue[static_cast<std::size_t>(row)];
+        stock[std::string(entry.Code)] = {{"owned", entry.OwnedCount}, {"price", Number(entry.Price)}};
+    }
+    return stock;
+}
+
+Json RoomJson(const RoomPolygon& room) {
+    Json points = Json::array();
+    for (const RoomPoint& point : room.Points)
+        points.push_back({point.X, point.Y, point.Line});
+    return {{"points", std::move(points)}, {"angle", Number(room.Angle)}};
+}
+
+Json ColoursJson(const ColourScheme& colours) {
+    Json json;
+    for (const ColourSlot& slot : ColourSlots)
+        json[slot.Name] = colours.*slot.Slot;
+    return json;
+}
+
+void AppendRows(std::string& table, const std::string& prefix, const Json& value) {
+    if (!value.is_object()) {
+        constexpr std::size_t nameWidth = 24;
+        std::string name = prefix;
+        if (name.size() < nameWidth) name.resize(nameWidth, ' ');
+        table += name + " " + (value.is_string() ? value.get<std::string>() : Line(value)) + "\n";
+        return;
+    }
+    for (const auto& [key, member] : value.items())
+        AppendRows(table, prefix.empty() ? key : prefix + "." + key, member);
+}
+
+} // namespace
+
+Json SettingsJson(const Project& project, const std::string& path, const std::vector<Message>& messages) {
+    const ViewSettings& view = project.View;
+    return {{"path", path},
+            {"workingDirectory", project.WorkingDirectory},
+            {"view",
+             {{"midX", Number(view.MidX)},
+              {"midY", Number(view.MidY)},
+              {"zoom", Number(view.Width)},
+              {"mWid", Number(view.MWid)}}},
+            {"units", project.DisplayUnits.Name()},
+            {"currency", project.DisplayUnits.Currency},
+            {"grid", {{"type", project.Grid.Type}, {"step", project.Grid.Step}}},
+            {"room", RoomJson(project.Room)},
+            {"stock", StockJson(project.Pieces)},
+            {"colours", ColoursJson(project.Colours)},
+            {"messages", MessagesJson(messages)}};
+}
+
+std::string SettingsTable(const Json& settings) {
+    std::string table;
+    AppendRows(table, "", settings);
+    return table;
+}
+
+} // namespace pistaro

@@ -1,0 +1,17 @@
+// The settings as JSON and as a table for a person.
+#pragma once
+
+#include "cli/json.h"
+#include "model/project.h"
+
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+/// The values as they stand in the program, with the warnings that reading the file gave.
+Json SettingsJson(const Project& project, const std::string& path, const std::vector<Message>& messages);
+
+std::string SettingsTable(const Json& settings);
+
+} // namespace pistaro

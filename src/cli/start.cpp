@@ -1,0 +1,33 @@
+// Settings, then the circuit.
+#include "cli/start.h"
+
+#include "editor/circuit_commands.h"
+#include "platform/platform.h"
+#include "storage/settings_file.h"
+
+namespace pistaro {
+
+Start StartVerb(const VerbContext& context) {
+    const std::filesystem::path path = context.Settings.value_or(SettingsPath());
+    const bool installed = context.Settings.has_value() || std::filesystem::exists(path);
+    const Settings settings = installed ? ReadSettings(path) : InitialSettings();
+    Start start{StartUp(settings), path, settings.Messages};
+    if (!installed) start.Design.WorkingDirectory = InitialWorkingDirectory();
+    if (context.Settings) start.Design.SettingsPath = path;
+    return start;
+}
+
+Project StartWithCircuit(const VerbContext& context, const std::filesystem::path& circuit) {
+    Start start = StartVerb(context);
+    PrintMessages(start.Messages, context.Errors);
+    start.Design.SettingsPath.clear(); // looking at a circuit does not move the working directory
+    LoadCircuit(start.Design, circuit);
+    return std::move(start.Design);
+}
+
+void PrintMessages(const std::vector<Message>& messages, std::ostream& errors) {
+    for (const Message& message : messages)
+        errors << "pistaro: " << message.Text << '\n';
+}
+
+} // namespace pistaro

@@ -1,0 +1,38 @@
+// The verbs' jobs. Each prints its result; what it refuses is a fault.
+#pragma once
+
+#include "model/project.h"
+
+#include <filesystem>
+#include <istream>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace pistaro {
+
+using OptionalPath = std::optional<std::filesystem::path>;
+
+/// A verb's surroundings.
+struct VerbContext {
+    OptionalPath Settings; ///< named by --settings: in place of the usual file, and may be written
+    std::istream& Input;
+    std::ostream& Output;
+    std::ostream& Errors;
+};
+
+struct PictureOptions {
+    std::filesystem::path Out;
+    int Pixels = 700;
+    bool Numbers = false;
+    OptionalPath Background;
+};
+
+void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit);
+void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options);
+/// `script` is a file, or "-" for the standard input.
+void ScriptVerb(const VerbContext& context, const std::string& script, const OptionalPath& circuit);
+void CatalogueVerb(const VerbContext& context, bool json);
+void SettingsVerb(const VerbContext& context, bool json);
+
+} // namespace pistaro

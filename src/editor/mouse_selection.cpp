@@ -1,0 +1,59 @@
+// The nearest label wins.
+#include "editor/mouse_selection.h"
+
+#include "editor/building.h"
+#include "platform/fault.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace pistaro {
+
+namespace {
+
+/// Distances from the click to each element's label. An unknown code leaves the label of the piece before it.
+int NearestElement(const Track& track, WorldPoint click) {
+    std::array<float, MostClickableElements> distances{};
+    float distance = std::numeric_limits<float>::max();
+    WalkTrack(track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement != nullptr) {
+            distance = static_cast<float>(
+                std::hypot(double{click.X} - placement->Label.X, double{click.Y} - placement->Label.Y));
+        }
+        distances[static_cast<std::size_t>(index)] = distance;
+    });
+    auto* const end = distances.begin() + track.ElementCodes.size();
+    return static_cast<int>(std::min_element(distances.begin(), end) - distances.begin());
+}
+
+/// The system of the pieces that follow on an element. A conversion piece leads to the system it was not entered from.
+TrackSystem SystemBehind(const Track& track, int element, TrackSystem offered) {
+    const auto codeAt = [&](int index) -> std::string_view {
+        return index < 0 ? std::string_view() : track.ElementCodes[static_cast<std::size_t>(index)];
+    };
+    const std::string_view code = codeAt(element);
+    if (code == "N10110") {
+        return IsOfSystem(codeAt(element - 1), TrackSystem::Ninco) ? TrackSystem::Scalextric : TrackSystem::Ninco;
+    }
+    if (IsOfSystem(code, TrackSystem::Scalextric)) return TrackSystem::Scalextric;
+    if (IsOfSystem(code, TrackSystem::Ninco)) return TrackSystem::Ninco;
+    return offered;
+}
+
+} // namespace
+
+void SelectNearestElement(Project& project, WorldPoint click) {
+    Track* const track = project.Layout.Current();
+    if (track == nullptr || track->ElementCodes.empty()) return;
+    if (track->ElementCodes.size() > MostClickableElements) {
+        throw SubscriptOutOfRange("a track of more than " + std::to_string(MostClickableElements) +
+                                  " elements cannot be clicked; choose the element in the list");
+    }
+    track->CurrentElement = NearestElement(*track, click);
+    if (track->CurrentElement < 1) return;
+    if (SystemBehind(*track, track->CurrentElement - 1, project.System) != project.System) SwitchTrackSystem(project);
+}
+
+} // namespace pistaro

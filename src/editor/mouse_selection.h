@@ -1,0 +1,16 @@
+// Selecting an element by a click on the drawing.
+#pragma once
+
+#include "model/project.h"
+#include "render/placement.h"
+
+namespace pistaro {
+
+inline constexpr int MostClickableElements = 201; ///< the distance table's size; a longer track cannot be clicked
+
+/// Selects the element of the current track whose label lies nearest to the point (cm), the lower index where two are
+/// as near, and offers the system of the element before it. Does nothing with all tracks chosen or on an empty track.
+/// Fault on a track of more than MostClickableElements.
+void SelectNearestElement(Project& project, WorldPoint click);
+
+} // namespace pistaro

@@ -1,0 +1,26 @@
+// Zooming and scrolling.
+#pragma once
+
+#include "model/project.h"
+
+namespace pistaro {
+
+inline constexpr float SmallestZoomableWidth = 20; ///< cm; a view this narrow is zoomed in no further
+
+bool CanZoomIn(const Project& project);
+
+/// Takes 10 cm off every side of the view, or adds them.
+void ZoomIn(Project& project);
+void ZoomOut(Project& project);
+
+/// What a change of the horizontal bar's value does; nothing if it stands there already.
+void ScrollHorizontally(Project& project, int value);
+
+/// The same for the vertical bar, which grows downwards while y grows upwards: the view's centre is minus its value.
+void ScrollVertically(Project& project, int value);
+
+/// The bars' small and large steps in cm.
+int SmallScrollStep(const Project& project);
+int LargeScrollStep(const Project& project);
+
+} // namespace pistaro

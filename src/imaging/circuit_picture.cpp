@@ -1,0 +1,57 @@
+// The circuit redrawn into a picture.
+#include "imaging/circuit_picture.h"
+
+#include "imaging/image_file.h"
+#include "imaging/painter_surface.h"
+#include "platform/fault.h"
+#include "platform/platform.h"
+#include "render/redraw.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <array>
+
+namespace pistaro {
+
+struct OffscreenGraphics::Application {
+    Application() {
+        if (QCoreApplication::instance() != nullptr) return;
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        Gui = std::make_unique<QGuiApplication>(Count, Values.data());
+    }
+
+    int Count = 1;
+    char Name[8] = "pistaro";
+    std::array<char*, 2> Values{Name, nullptr};
+    std::unique_ptr<QGuiApplication> Gui;
+};
+
+OffscreenGraphics::OffscreenGraphics() : application_(std::make_unique<Application>()) {}
+OffscreenGraphics::~OffscreenGraphics() = default;
+
+std::string PictureFormatOf(const std::filesystem::path& file) {
+    std::string ending = TextFromPath(file.extension());
+    std::ranges::transform(ending, ending.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    for (const char* const format : {"bmp", "png", "gif", "jpg"}) {
+        if (ending == std::string(".") + format) return format;
+    }
+    if (ending == ".jpeg") return "jpg";
+    throw Fault("Unknown picture format", TextFromPath(file) + ": the file's ending is none of .bmp, .png, .gif, .jpg");
+}
+
+std::string CircuitPicture(Project& project, int pixels, const std::string& background, const std::string& format) {
+    const QImage backdrop = background.empty() ? QImage() : DecodeImage(background, "the background");
+    QImage image(pixels, pixels, QImage::Format_RGB32);
+    if (image.isNull())
+        throw Fault("Out of memory", std::to_string(pixels) + " x " + std::to_string(pixels) + " pixels");
+    {
+        QPainter painter(&image);
+        PainterSurface surface(painter, pixels, backdrop);
+        RedrawCircuit(project, surface);
+    }
+    return EncodeImage(image, format);
+}
+
+} // namespace pistaro

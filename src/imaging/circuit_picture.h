@@ -1,0 +1,33 @@
+// Pictures of circuits for callers that know nothing of windows or Qt.
+#pragma once
+
+#include "model/project.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace pistaro {
+
+/// What drawing text needs, without a display: to be kept while pictures are made. Does nothing inside the designer,
+/// which has it already.
+class OffscreenGraphics {
+public:
+    OffscreenGraphics();
+    ~OffscreenGraphics();
+    OffscreenGraphics(const OffscreenGraphics&) = delete;
+    OffscreenGraphics& operator=(const OffscreenGraphics&) = delete;
+
+private:
+    struct Application;
+    std::unique_ptr<Application> application_;
+};
+
+/// The picture format that a file's ending names: "bmp", "png", "gif" or "jpg". Fault for any other ending.
+std::string PictureFormatOf(const std::filesystem::path& file);
+
+/// The drawing as the designer shows it, `pixels` wide and high, over the picture file `background` (its bytes, or
+/// none), as a picture file in that format. Faults: no picture in the background, or no memory for the picture.
+std::string CircuitPicture(Project& project, int pixels, const std::string& background, const std::string& format);
+
+} // namespace pistaro

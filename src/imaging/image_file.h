@@ -1,0 +1,16 @@
+// Pictures as files: BMP, PNG and JPEG by Qt, GIF by giflib.
+#pragma once
+
+#include <QImage>
+
+#include <string>
+
+namespace pistaro {
+
+/// A picture's bytes as an image. Fault when they are no picture; `name` is the file's.
+QImage DecodeImage(const std::string& bytes, const std::string& name);
+
+/// An image in a format that PictureFormatOf gives. Fault when it cannot be written so.
+std::string EncodeImage(const QImage& image, const std::string& format);
+
+} // namespace pistaro

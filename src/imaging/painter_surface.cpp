@@ -1,0 +1,131 @@
+// World coordinates to pixels, and strokes to painter calls.
+#include "imaging/painter_surface.h"
+
+#include <QFontMetricsF>
+#include <QPainterPath>
+
+#include <cmath>
+#include <numbers>
+#include <optional>
+
+namespace pistaro {
+
+namespace {
+
+constexpr double PixelsPerPoint = 96.0 / 72.0;
+constexpr double Margin = 4; ///< pixels that a stroke may reach beyond its geometry
+
+double Degrees(double radians) { return radians * 180 / std::numbers::pi; }
+
+/// The part of a line inside a square from -Margin to side + Margin, after Liang and Barsky: far coordinates of a
+/// strange file must not reach the rasteriser.
+std::optional<QLineF> Clipped(QPointF from, QPointF to, double side) {
+    const double dx = to.x() - from.x();
+    const double dy = to.y() - from.y();
+    double enter = 0;
+    double leave = 1;
+    const auto clip = [&](double towards, double distance) {
+        if (towards == 0) return distance >= 0;
+        const double at = distance / towards;
+        if (towards < 0) {
+            enter = std::max(enter, at);
+        } else {
+            leave = std::min(leave, at);
+        }
+        return enter <= leave;
+    };
+    const bool visible = clip(-dx, from.x() + Margin) && clip(dx, side + Margin - from.x()) &&
+                         clip(-dy, from.y() + Margin) && clip(dy, side + Margin - from.y());
+    if (!visible) return std::nullopt;
+    return QLineF(from.x() + enter * dx, from.y() + enter * dy, from.x() + leave * dx, from.y() + leave * dy);
+}
+
+} // namespace
+
+QColor ToQColor(Colour colour) { return {Red(colour), Green(colour), Blue(colour)}; }
+
+PainterSurface::PainterSurface(QPainter& painter, double side, const QImage& backdrop)
+    : painter_(painter), side_(side), backdrop_(backdrop) {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setRenderHint(QPainter::TextAntialiasing);
+    painter_.setBrush(Qt::NoBrush);
+}
+
+void PainterSurface::Clear(Colour background) {
+    painter_.fillRect(QRectF(0, 0, side_, side_), ToQColor(background));
+    if (!backdrop_.isNull()) painter_.drawImage(QPointF(0, 0), backdrop_);
+}
+
+void PainterSurface::SetScale(const ViewRectangle& world) {
+    world_ = world;
+    pixelsPerCm_ = side_ / (double{world.ViewRight} - world.ViewLeft);
+}
+
+void PainterSurface::Draw(const LineStroke& line, Colour colour) {
+    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), side_);
+    if (!visible) return;
+    UsePen(colour);
+    painter_.drawLine(*visible);
+}
+
+void PainterSurface::Draw(const ArcStroke& arc, Colour colour) {
+    const QPointF centre = Mapped(arc.Centre);
+    const double radius = arc.Radius * pixelsPerCm_;
+    if (!IsVisible(centre, radius)) return;
+    UsePen(colour);
+    const double span = arc.End >= arc.Start ? double{arc.End} - arc.Start : arc.End - arc.Start + 2 * std::numbers::pi;
+    const QRectF square(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
+    // A path, because drawArc rounds to sixteenths of a degree and would part the pieces of a large curve.
+    QPainterPath path;
+    path.arcMoveTo(square, Degrees(arc.Start));
+    path.arcTo(square, Degrees(arc.Start), Degrees(span));
+    painter_.drawPath(path);
+}
+
+void PainterSurface::Draw(const EllipseStroke& ellipse, Colour colour) {
+    const QPointF centre = Mapped(ellipse.Centre);
+    const double radius = ellipse.Radius * pixelsPerCm_;
+    if (!IsVisible(centre, radius)) return;
+    UsePen(colour);
+    painter_.drawEllipse(centre, radius, radius * ellipse.Aspect);
+}
+
+void PainterSurface::DrawPoint(WorldPoint point, Colour colour) {
+    textPosition_ = Mapped(point);
+    if (!IsVisible(textPosition_, 1)) return;
+    UsePen(colour);
+    painter_.drawPoint(textPosition_);
+}
+
+void PainterSurface::DrawText(const std::string& text, Colour colour) {
+    constexpr double widestText = 1000; // pixels
+    if (!IsVisible(textPosition_, widestText)) return;
+    UsePen(colour);
+    const double ascent = painter_.fontMetrics().ascent();
+    painter_.drawText(textPosition_ + QPointF(0, ascent), QString::fromStdString(text));
+}
+
+void PainterSurface::SetFontSize(double points) {
+    QFont font = painter_.font();
+    font.setPixelSize(static_cast<int>(std::lround(points * PixelsPerPoint)));
+    painter_.setFont(font);
+}
+
+QPointF PainterSurface::Mapped(WorldPoint point) const {
+    return {(double{point.X} - world_.ViewLeft) * pixelsPerCm_, (double{world_.ViewTop} - point.Y) * pixelsPerCm_};
+}
+
+bool PainterSurface::IsVisible(QPointF centre, double radius) const {
+    const double reach = std::fabs(radius) + Margin;
+    // Written so that a scale of an empty view, which makes everything not a number, shows nothing.
+    return centre.x() + reach >= 0 && centre.x() - reach <= side_ && centre.y() + reach >= 0 &&
+           centre.y() - reach <= side_;
+}
+
+void PainterSurface::UsePen(Colour colour) {
+    if (colour == penColour_) return;
+    painter_.setPen(QPen(ToQColor(colour), 1));
+    penColour_ = colour;
+}
+
+} // namespace pistaro

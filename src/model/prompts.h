@@ -1,0 +1,40 @@
+// How words to the user leave the core: as message boxes, on the terminal, or into a test's record.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace pistaro {
+
+enum class Icon { None, Information, Exclamation, Critical };
+
+struct Message {
+    Icon MessageIcon;
+    std::string Text;
+
+    bool operator==(const Message&) const = default;
+};
+
+enum class Buttons { OkCancel, YesNo };
+enum class Answer { Ok, Cancel, Yes, No };
+
+/// What a file dialog is set up with.
+struct FileChoice {
+    bool Saving = false;
+    std::string Title;
+    std::string Filter; ///< "name|pattern;pattern|name|pattern"
+    std::string DefaultName;
+    std::string Folder;
+};
+
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+    virtual void Tell(const Message& message) = 0;
+    virtual Answer Ask(const std::string& question, Buttons buttons) = 0;
+    /// The chosen file; nothing when the dialog was cancelled.
+    virtual std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) = 0;
+};
+
+} // namespace pistaro

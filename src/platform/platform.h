@@ -1,0 +1,52 @@
+// Everything that is asked of the operating system, with a POSIX and a Windows half behind it. Texts are UTF-8.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pistaro {
+
+/// The program's arguments without its own name.
+std::vector<std::string> CommandLineArguments(int argc, char** argv);
+
+/// Between a path and its text in the program.
+std::filesystem::path PathFromText(std::string_view utf8);
+std::string TextFromPath(const std::filesystem::path& path);
+
+/// Whether `c` parts folders in a path: "/", on Windows "\" too.
+bool IsFolderSeparator(char c);
+
+/// The separator that a folder's text ends in.
+char FolderSeparator();
+
+/// Where the settings file stands: the Windows directory (%APPDATA%\Pistaro where an ordinary user cannot write there),
+/// elsewhere $XDG_CONFIG_HOME/pistaro or ~/.config/pistaro; its name is corvel.ini.
+std::filesystem::path SettingsPath();
+
+/// The user's documents folder.
+std::filesystem::path DocumentsFolder();
+
+/// The folder that holds what is installed with the program: its samples and its manual.
+std::filesystem::path InstalledFolder();
+
+/// A file's bytes. Faults: not there, not readable, or larger than `atMost`.
+std::string ReadFile(const std::filesystem::path& path, std::size_t atMost);
+
+/// Puts `bytes` on disk as the file `path`, in one step: they go to a temporary file beside it, which is flushed and
+/// renamed over it, so that a crash or a full disk leaves the old file or the new one, whole. Faults leave the old one.
+void ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+/// The program registered for web pages: on Windows the registry's command for ".htm" files reduced to the program's
+/// path, elsewhere "xdg-open".
+std::string FindHtmlViewer();
+
+/// The path's short (8.3) form on Windows, elsewhere the path.
+std::string ShortPath(const std::string& path);
+
+/// Starts another program with one argument, in a window of its own, without waiting. Fault if it cannot be started.
+void StartProgram(const std::string& program, const std::string& argument);
+
+} // namespace pistaro

@@ -1,0 +1,204 @@
+// The operating system's half for Linux and its kin.
+#include "platform/platform.h"
+
+#include "platform/fault.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <memory>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace pistaro {
+
+namespace {
+
+Fault FileFault(int error, const std::filesystem::path& path) {
+    const std::string name = path.string();
+    switch (error) {
+    case ENOENT:
+        return std::filesystem::exists(path.parent_path().empty() ? "." : path.parent_path())
+                   ? Fault("File not found", name)
+                   : Fault("Path not found", name);
+    case ENOTDIR:
+        return {"Path not found", name};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return {"Permission denied", name};
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return {"Disk full", name};
+    case EISDIR:
+        return {"Path/File access error", name + ": is a folder"};
+    default:
+        return {"Path/File access error", name + ": " + std::strerror(error)};
+    }
+}
+
+/// An open file, closed when it goes out of scope.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() { Close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int Number() const { return number_; }
+    bool IsOpen() const { return number_ >= 0; }
+    int Close() {
+        const int open = number_;
+        number_ = -1;
+        return open >= 0 ? ::close(open) : 0;
+    }
+
+private:
+    int number_;
+};
+
+bool WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// The access rights of the file to be replaced, or those that a new file gets.
+mode_t ModeFor(const std::filesystem::path& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == 0) return status.st_mode & 07777;
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+/// Where the link `path` leads in the end, or `path` itself: a link stays a link when its file is replaced.
+std::filesystem::path LinkTarget(const std::filesystem::path& path) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(path, error)) return path;
+    const auto target = std::filesystem::weakly_canonical(path, error);
+    return error ? path : target;
+}
+
+std::string Environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+std::filesystem::path Home() { return Environment("HOME"); }
+
+std::filesystem::path ConfigurationFolder() {
+    const std::string configured = Environment("XDG_CONFIG_HOME");
+    return configured.empty() ? Home() / ".config" : std::filesystem::path(configured);
+}
+
+} // namespace
+
+std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+std::filesystem::path PathFromText(std::string_view utf8) { return utf8; }
+
+std::string TextFromPath(const std::filesystem::path& path) { return path.string(); }
+
+bool IsFolderSeparator(char c) { return c == '/'; }
+
+char FolderSeparator() { return '/'; }
+
+std::filesystem::path SettingsPath() { return ConfigurationFolder() / "pistaro" / "corvel.ini"; }
+
+std::filesystem::path DocumentsFolder() {
+    // The desktop keeps the folder's name in the user's language: XDG_DOCUMENTS_DIR="$HOME/Dokumente"
+    std::ifstream folders(ConfigurationFolder() / "user-dirs.dirs");
+    const std::string key = "XDG_DOCUMENTS_DIR=\"";
+    const std::string home = "$HOME";
+    for (std::string line; std::getline(folders, line);) {
+        if (!line.starts_with(key) || !line.ends_with('"')) continue;
+        std::string folder = line.substr(key.size(), line.size() - key.size() - 1);
+        if (folder.starts_with(home)) folder.replace(0, home.size(), Home().string());
+        return folder;
+    }
+    return Home() / "Documents";
+}
+
+std::filesystem::path InstalledFolder() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return program.parent_path().parent_path() / "share" / "pistaro";
+}
+
+std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.IsOpen()) throw FileFault(errno, path);
+    struct stat status {};
+    if (::fstat(file.Number(), &status) != 0) throw FileFault(errno, path);
+    if (S_ISDIR(status.st_mode)) throw FileFault(EISDIR, path);
+    std::string bytes;
+    std::array<char, 65536> buffer{};
+    for (;;) {
+        const ssize_t count = ::read(file.Number(), buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) throw FileFault(errno, path);
+        if (count == 0) return bytes;
+        bytes.append(buffer.data(), static_cast<std::size_t>(count));
+        if (bytes.size() > atMost) throw Fault("File too large", path.string());
+    }
+}
+
+void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
+    // Past a size limit the write shall fail, not end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
+    const std::filesystem::path target = LinkTarget(path);
+    if (std::filesystem::is_directory(target)) throw FileFault(EISDIR, path);
+    if (::access(target.c_str(), F_OK) == 0 && ::access(target.c_str(), W_OK) != 0) throw FileFault(errno, path);
+    const mode_t mode = ModeFor(target);
+    std::string temporary = (target.parent_path() / ("." + target.filename().string() + ".XXXXXX")).string();
+    Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (!file.IsOpen()) throw FileFault(errno, path);
+    const bool done = WriteAll(file.Number(), bytes) && ::fchmod(file.Number(), mode) == 0 &&
+                      ::fsync(file.Number()) == 0 && file.Close() == 0 &&
+                      ::rename(temporary.c_str(), target.c_str()) == 0;
+    if (!done) {
+        const int error = errno;
+        ::unlink(temporary.c_str());
+        throw FileFault(error, path);
+    }
+    const auto folder = target.parent_path().empty() ? std::filesystem::path(".") : target.parent_path();
+    const Descriptor entry(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (entry.IsOpen()) ::fsync(entry.Number()); // the rename itself, too
+}
+
+std::string FindHtmlViewer() { return "xdg-open"; }
+
+std::string ShortPath(const std::string& path) { return path; }
+
+void StartProgram(const std::string& program, const std::string& argument) {
+    // Spawned by a child that ends at once, so that nobody has to wait for the viewer.
+    const pid_t child = ::fork();
+    if (child < 0) throw Fault("Program not started", program + ": " + std::strerror(errno));
+    if (child == 0) {
+        ::setsid();
+        pid_t viewer = 0;
+        std::array<char*, 3> arguments{const_cast<char*>(program.c_str()), const_cast<char*>(argument.c_str()),
+                                       nullptr};
+        ::_exit(::posix_spawnp(&viewer, program.c_str(), nullptr, nullptr, arguments.data(), environ));
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    const int error = WIFEXITED(status) ? WEXITSTATUS(status) : EIO;
+    if (error != 0) throw Fault("Program not started", program + ": " + std::strerror(error));
+}
+
+} // namespace pistaro

@@ -1,0 +1,18 @@
+// How far a track is from closing on itself.
+#pragma once
+
+#include "model/circuit.h"
+
+namespace pistaro {
+
+struct TrackGap {
+    float Distance; ///< cm
+    float Angle;    ///< heading of the end less that of the start, -pi..pi by the circle constant, radians
+};
+
+TrackGap GapBetween(const BuildCursor& start, const BuildCursor& end);
+
+/// The gap behind a track's last element; zero for an empty track.
+TrackGap GapOf(const Track& track);
+
+} // namespace pistaro

@@ -1,0 +1,104 @@
+// The circuit file, line by line in the order of its lines.
+#include "storage/circuit_file.h"
+
+#include "platform/platform.h"
+#include "storage/line_reader.h"
+#include "storage/room_block.h"
+#include "text/number_text.h"
+#include "text/windows1252.h"
+
+namespace pistaro {
+
+namespace {
+
+constexpr std::string_view TrackHeader = "[Track";
+
+ViewSettings ReadView(LineReader& lines) {
+    lines.Next("[Settings]");
+    const float centreX = lines.NextSingle("the centre X");
+    const float centreY = lines.NextSingle("the centre Y");
+    ViewSettings view;
+    view.MidX = lines.NextSingle("the current X");
+    view.MidY = lines.NextSingle("the current Y");
+    view.Width = lines.NextSingle("the window width");
+    view.MWid = lines.NextSingle("the largest displacement");
+    view.HMov = BarAround(centreX, view.MWid, view.MidX);
+    view.VMov = BarAround(centreY, view.MWid, view.MidY);
+    return view;
+}
+
+/// Reads a track up to and including the header of the next one, or to the end of the file.
+Track ReadTrack(LineReader& lines, int number) {
+    const std::string ofTrack = " of track " + std::to_string(number);
+    Track track;
+    track.TrackStartX = lines.NextSingle("the start X" + ofTrack);
+    track.TrackStartY = lines.NextSingle("the start Y" + ofTrack);
+    track.TrackStartHeading = lines.NextSingle("the start angle" + ofTrack);
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.Next("an element" + ofTrack);
+        if (line.starts_with(TrackHeader)) break;
+        if (track.ElementCodes.size() == MaxElements) {
+            throw SubscriptOutOfRange(lines.Here("a track holds at most " + std::to_string(MaxElements) + " elements"));
+        }
+        track.ElementCodes.push_back(Utf8FromWindows1252(line));
+    }
+    return track;
+}
+
+class Lines {
+public:
+    Lines& operator<<(std::string_view line) {
+        bytes_.append(line).append("\r\n");
+        return *this;
+    }
+    std::string Take() { return std::move(bytes_); }
+
+private:
+    std::string bytes_;
+};
+
+void WriteView(Lines& lines, const ViewSettings& view) {
+    const double reach = (double{static_cast<double>(view.VMov.Maximum)} - view.VMov.Minimum) / 2;
+    lines << "[Settings]" << NumberText(view.HMov.Minimum + reach) << NumberText(view.VMov.Minimum + reach)
+          << NumberText(view.HMov.Value) << NumberText(view.VMov.Value) << NumberText(view.Width) << NumberText(reach);
+}
+
+void WriteTrack(Lines& lines, const Track& track, int index) {
+    lines << "[Track " + std::to_string(index) + "]" << NumberText(track.TrackStartX) << NumberText(track.TrackStartY)
+          << NumberText(track.TrackStartHeading);
+    for (const std::string& code : track.ElementCodes)
+        lines << Windows1252FromUtf8(code);
+}
+
+} // namespace
+
+CircuitFile ParseCircuit(std::string_view bytes, const std::string& name) {
+    LineReader lines(bytes, name);
+    CircuitFile file;
+    file.View = ReadView(lines);
+    lines.Next("[Room]");
+    file.Room = ReadRoomBlock(lines);
+    lines.Next("[Track 0]");
+    for (int track = 0; track < TrackCount; ++track) {
+        file.Tracks[static_cast<std::size_t>(track)] = ReadTrack(lines, track + 1);
+    }
+    return file;
+}
+
+CircuitFile ReadCircuit(const std::filesystem::path& path) {
+    return ParseCircuit(ReadFile(path, MostFileBytes), TextFromPath(path));
+}
+
+std::string CircuitBytes(const Project& project) {
+    Lines lines;
+    WriteView(lines, project.View);
+    lines << "[Room]";
+    for (const std::string& line : RoomBlockLines(project.Room))
+        lines << line;
+    for (int track = 0; track < TrackCount; ++track) {
+        WriteTrack(lines, project.Layout.Tracks[static_cast<std::size_t>(track)], track);
+    }
+    return lines.Take();
+}
+
+} // namespace pistaro

@@ -1,0 +1,70 @@
+// Lines and the numbers in them.
+#include "storage/line_reader.h"
+
+#include "text/number_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace pistaro {
+
+namespace {
+
+/// Control characters other than tab, line feed, form feed and carriage return stand in no text.
+bool IsBinary(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 && c != '\t' && c != '\n' && c != '\f' && c != '\r';
+}
+
+} // namespace
+
+LineReader::LineReader(std::string_view bytes, std::string name) : rest_(bytes), name_(std::move(name)) {
+    const auto binary = std::ranges::find_if(bytes, IsBinary);
+    if (binary == bytes.end()) return;
+    line_ = 1 + static_cast<int>(std::count(bytes.begin(), binary, '\n'));
+    throw BadFileFormat(Here("this is not a text file"));
+}
+
+std::string_view LineReader::Next(const std::string& wanted) {
+    ++line_;
+    if (AtEnd()) throw InputPastEndOfFile(Here(wanted + " is missing"));
+    const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
+    const std::string_view line = rest_.substr(0, end);
+    rest_.remove_prefix(end);
+    if (!rest_.empty()) rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : 1);
+    return line;
+}
+
+float LineReader::NextSingle(const std::string& wanted) { return SingleIn(Next(wanted)); }
+
+double LineReader::DoubleIn(std::string_view text) const {
+    const double value = ParseNumber(text);
+    if (!std::isfinite(value)) throw Overflow(Here("the number is too large"));
+    return value;
+}
+
+float LineReader::SingleIn(std::string_view text) const {
+    const auto value = static_cast<float>(DoubleIn(text));
+    if (!std::isfinite(value)) throw Overflow(Here("the number is too large"));
+    return value;
+}
+
+template <typename Integer>
+Integer LineReader::WholeNumberIn(std::string_view text) const {
+    const double value = RoundHalfEven(DoubleIn(text));
+    if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max()) {
+        throw Overflow(Here(NumberText(value) + " is outside " + std::to_string(8 * sizeof(Integer)) + " bits"));
+    }
+    return static_cast<Integer>(value);
+}
+
+std::int16_t LineReader::IntegerIn(std::string_view text) const { return WholeNumberIn<std::int16_t>(text); }
+
+std::int32_t LineReader::LongIn(std::string_view text) const { return WholeNumberIn<std::int32_t>(text); }
+
+std::string LineReader::Here(const std::string& detail) const {
+    return name_ + ", line " + std::to_string(line_) + ": " + detail;
+}
+
+} // namespace pistaro

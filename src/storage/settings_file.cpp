@@ -1,0 +1,138 @@
+// The reader, section by section. Keys are skipped by their length and never looked at.
+#include "storage/settings_file.h"
+
+#include "platform/platform.h"
+#include "storage/room_block.h"
+#include "storage/settings_sections.h"
+#include "text/windows1252.h"
+
+#include <array>
+
+namespace pistaro {
+
+namespace {
+
+constexpr const char* IncompleteFile = "CORVEL.INI incomplete, missing values defaulted to zero!";
+
+/// What follows the key in the next line.
+std::string_view NextValue(LineReader& lines, std::string_view key) {
+    const std::string_view line = lines.Next(std::string(key));
+    if (line.size() < key.size()) throw InvalidProcedureCall(lines.Here("the value line is too short"));
+    return line.substr(key.size());
+}
+
+void ReadWorkingDirectory(LineReader& lines, Settings& settings) {
+    settings.WorkingDirectory = Utf8FromWindows1252(lines.Next("the working directory"));
+}
+
+void ReadView(LineReader& lines, Settings& settings) {
+    settings.MidX = lines.SingleIn(NextValue(lines, "MidX="));
+    settings.MidY = lines.SingleIn(NextValue(lines, "MidY="));
+    settings.Zoom = lines.DoubleIn(NextValue(lines, "Zoom="));
+    settings.MWid = lines.SingleIn(NextValue(lines, "MWid="));
+}
+
+void ReadUnits(LineReader& lines, Settings& settings) {
+    settings.DisplayUnits.Inches = lines.IntegerIn(NextValue(lines, "Type=")) != 0;
+    settings.DisplayUnits.Currency = Utf8FromWindows1252(NextValue(lines, "Curr="));
+}
+
+void ReadGrid(LineReader& lines, Settings& settings) {
+    settings.Grid.Type = lines.IntegerIn(NextValue(lines, "Type="));
+    settings.Grid.Step = lines.IntegerIn(NextValue(lines, "Step="));
+}
+
+void ReadRoom(LineReader& lines, Settings& settings) { settings.Room = ReadRoomBlock(lines); }
+
+void ReadColours(LineReader& lines, Settings& settings) {
+    for (const ColourSlot& slot : ColourSlots)
+        settings.Colours.*slot.Slot = lines.LongIn(NextValue(lines, slot.Key));
+}
+
+/// The first head row whose code begins with the key, as far as blanks behind the code reach; -1 if there is none.
+int ProductRow(const Catalogue& catalogue, std::string_view key) {
+    constexpr std::size_t paddedCode = 20;
+    for (int row = 0; row < CatalogueCount; ++row) {
+        if (!IsHeadRow(catalogue, row)) continue;
+        std::string code(catalogue[static_cast<std::size_t>(row)].Code);
+        code.resize(paddedCode, ' ');
+        if (std::string_view(code).substr(0, key.size()) == key) return row;
+    }
+    return -1;
+}
+
+/// One line a product, "C151=4"; `store` takes the value's text for the product's stock.
+template <typename Store>
+void ReadStockLines(LineReader& lines, Settings& settings, Store store) {
+    const Catalogue catalogue = InitCatalogue();
+    for (int i = 0; i < CatalogueShapeCount; ++i) {
+        const std::string_view line = lines.Next("a product");
+        if (line.empty()) {
+            settings.Messages.push_back({Icon::Exclamation, IncompleteFile});
+            return;
+        }
+        const std::size_t equals = line.find('=');
+        if (equals == std::string_view::npos) throw InvalidProcedureCall(lines.Here("there is no \"=\""));
+        const int row = ProductRow(catalogue, line.substr(0, equals));
+        if (row >= 0) store(settings.Stocks[static_cast<std::size_t>(row)], line.substr(equals + 1));
+    }
+}
+
+void ReadLooseTrack(LineReader& lines, Settings& settings) {
+    ReadStockLines(lines, settings,
+                   [&](Stock& stock, std::string_view value) { stock.Owned = lines.IntegerIn(value); });
+}
+
+void ReadBestPrices(LineReader& lines, Settings& settings) {
+    ReadStockLines(lines, settings, [&](Stock& stock, std::string_view value) { stock.Price = lines.SingleIn(value); });
+}
+
+struct SectionReader {
+    std::string_view Header;
+    void (*Read)(LineReader&, Settings&);
+};
+
+constexpr std::array SectionReaders{
+    SectionReader{WorkingDirectorySection, ReadWorkingDirectory},
+    SectionReader{ViewSection, ReadView},
+    SectionReader{UnitsSection, ReadUnits},
+    SectionReader{GridSection, ReadGrid},
+    SectionReader{RoomSection, ReadRoom},
+    SectionReader{LooseTrackSection, ReadLooseTrack},
+    SectionReader{BestPricesSection, ReadBestPrices},
+    SectionReader{ColoursSection, ReadColours},
+};
+
+} // namespace
+
+Settings ParseSettings(std::string_view bytes, const std::string& name) {
+    LineReader lines(bytes, name);
+    Settings settings;
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.Next("a section");
+        for (const SectionReader& section : SectionReaders) {
+            if (line == section.Header) section.Read(lines, settings);
+        }
+    }
+    return settings;
+}
+
+Settings ReadSettings(const std::filesystem::path& path) {
+    return ParseSettings(ReadFile(path, MostFileBytes), TextFromPath(path));
+}
+
+std::string InitialWorkingDirectory() { return TextFromPath(DocumentsFolder() / "Pistaro") + FolderSeparator(); }
+
+std::string InitialSettingsBytes(const std::string& workingDirectory) {
+    Settings settings = InitialSettings();
+    settings.WorkingDirectory = workingDirectory;
+    std::string bytes;
+    for (const Section& section : AllSections(settings)) {
+        bytes.append(section.Header).append("\r\n");
+        for (const std::string& line : section.Lines)
+            bytes.append(line).append("\r\n");
+    }
+    return bytes;
+}
+
+} // namespace pistaro

@@ -1,0 +1,26 @@
+// The settings file corvel.ini: sections of positional lines behind their headers, read as a whole.
+#pragma once
+
+#include "model/settings.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace pistaro {
+
+/// Parses a whole file into settings that start at zero, with a warning where an owned-track or price section ends in
+/// an empty line. Faults name `name` and the line: a file that ends inside a section, a value line shorter than its
+/// key, a number out of range.
+Settings ParseSettings(std::string_view bytes, const std::string& name);
+
+/// Reads and parses a file; the same faults and those of reading.
+Settings ReadSettings(const std::filesystem::path& path);
+
+/// The working directory of a first run: "Pistaro" in the user's documents folder.
+std::string InitialWorkingDirectory();
+
+/// The bytes of a first run's settings file, with every section.
+std::string InitialSettingsBytes(const std::string& workingDirectory);
+
+} // namespace pistaro

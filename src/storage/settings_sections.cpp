@@ -1,0 +1,127 @@
+// Sections written, and replaced line by line.
+#include "storage/settings_sections.h"
+
+#include "platform/platform.h"
+#include "storage/room_block.h"
+#include "text/number_text.h"
+#include "text/windows1252.h"
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+Section StockSection(std::string_view header, const std::array<double, CatalogueCount>& valueByRow) {
+    const Catalogue catalogue = InitCatalogue();
+    Section section{header, {}};
+    for (int row = 0; row < CatalogueCount; ++row) {
+        if (!IsHeadRow(catalogue, row)) continue;
+        const auto at = static_cast<std::size_t>(row);
+        section.Lines.push_back(std::string(ProductCode(catalogue[at].Code)) + "=" + NumberText(valueByRow[at]));
+    }
+    return section;
+}
+
+Section EachProductOnce(Section section) {
+    const auto repeated = std::ranges::unique(section.Lines);
+    section.Lines.erase(repeated.begin(), repeated.end());
+    return section;
+}
+
+/// Drops the lines that a section's writer replaces.
+void DropOldLines(LineReader& lines, std::string_view header) {
+    const auto drop = [&](int count) {
+        for (int i = 0; i < count; ++i)
+            lines.Next("a line of " + std::string(header));
+    };
+    if (header == RoomSection) {
+        drop(RoomPointCountIn(lines, lines.Next("the number of room points")));
+    } else if (header == WorkingDirectorySection) {
+        drop(1);
+    } else if (header == ViewSection) {
+        drop(4);
+    } else if (header == ColoursSection) {
+        drop(6);
+    } else if (header == LooseTrackSection || header == BestPricesSection) {
+        drop(CatalogueShapeCount);
+    } else { // units and grid
+        drop(2);
+    }
+}
+
+} // namespace
+
+Section WorkingDirectoryOf(const std::string& folder) {
+    return {WorkingDirectorySection, {Windows1252FromUtf8(folder)}};
+}
+
+Section ViewOf(const Settings& settings) {
+    return {ViewSection,
+            {"MidX=" + NumberText(settings.MidX), "MidY=" + NumberText(settings.MidY),
+             "Zoom=" + NumberText(settings.Zoom), "MWid=" + NumberText(settings.MWid)}};
+}
+
+Section UnitsOf(const Units& units) {
+    return {UnitsSection,
+            {std::string("Type=") + (units.Inches ? "1" : "0"), "Curr=" + Windows1252FromUtf8(units.Currency)}};
+}
+
+Section GridOf(const GridSettings& grid) {
+    return {GridSection, {"Type=" + NumberText(int{grid.Type}), "Step=" + NumberText(int{grid.Step})}};
+}
+
+Section RoomOf(const RoomPolygon& room) { return {RoomSection, RoomBlockLines(room)}; }
+
+Section ColoursOf(const ColourScheme& colours) {
+    Section section{ColoursSection, {}};
+    for (const ColourSlot& slot : ColourSlots)
+        section.Lines.push_back(slot.Key + NumberText(colours.*slot.Slot));
+    return section;
+}
+
+Section LooseTrackOf(const std::array<double, CatalogueCount>& ownedByRow) {
+    return StockSection(LooseTrackSection, ownedByRow);
+}
+
+Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow) {
+    return StockSection(BestPricesSection, priceByRow);
+}
+
+std::vector<Section> AllSections(const Settings& settings) {
+    std::array<double, CatalogueCount> owned{};
+    std::array<double, CatalogueCount> prices{};
+    for (std::size_t row = 0; row < owned.size(); ++row) {
+        owned[row] = settings.Stocks[row].Owned;
+        prices[row] = settings.Stocks[row].Price;
+    }
+    return {WorkingDirectoryOf(settings.WorkingDirectory),
+            ViewOf(settings),
+            UnitsOf(settings.DisplayUnits),
+            GridOf(settings.Grid),
+            RoomOf(settings.Room),
+            EachProductOnce(LooseTrackOf(owned)),
+            EachProductOnce(BestPricesOf(prices)),
+            ColoursOf(settings.Colours)};
+}
+
+std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections) {
+    LineReader lines(bytes, name);
+    std::string replaced;
+    const auto write = [&](std::string_view line) { replaced.append(line).append("\r\n"); };
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.Next("a section");
+        write(line);
+        const auto own = std::ranges::find(sections, line, &Section::Header);
+        if (own == sections.end()) continue;
+        DropOldLines(lines, own->Header);
+        std::ranges::for_each(own->Lines, write);
+    }
+    return replaced;
+}
+
+void RewriteSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {
+    ReplaceFile(path, ReplaceSections(ReadFile(path, MostFileBytes), TextFromPath(path), sections));
+}
+
+} // namespace pistaro

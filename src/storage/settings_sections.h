@@ -1,0 +1,51 @@
+// The settings file's sections as lines, and the one procedure by which every writer replaces its own.
+#pragma once
+
+#include "model/settings.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pistaro {
+
+inline constexpr std::string_view WorkingDirectorySection = "[Working Directory]";
+inline constexpr std::string_view ViewSection = "[Settings]";
+inline constexpr std::string_view UnitsSection = "[Units]";
+inline constexpr std::string_view GridSection = "[Grid]";
+inline constexpr std::string_view RoomSection = "[Room]";
+inline constexpr std::string_view LooseTrackSection = "[My Loose Track]";
+inline constexpr std::string_view BestPricesSection = "[Best Prices]";
+inline constexpr std::string_view ColoursSection = "[Colors]";
+
+/// A header and the 8-bit lines behind it, without line ends.
+struct Section {
+    std::string_view Header;
+    std::vector<std::string> Lines;
+};
+
+Section WorkingDirectoryOf(const std::string& folder);
+Section ViewOf(const Settings& settings);
+Section UnitsOf(const Units& units);
+Section GridOf(const GridSettings& grid);
+Section RoomOf(const RoomPolygon& room);
+Section ColoursOf(const ColourScheme& colours);
+
+/// One line a head row, so that the product with a head row for each hand stands there twice.
+Section LooseTrackOf(const std::array<double, CatalogueCount>& ownedByRow);
+Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow);
+
+/// Every section of a settings file in the order in which a first run gets them, each product once.
+std::vector<Section> AllSections(const Settings& settings);
+
+/// The file's bytes with each of these sections' old lines replaced. Of a section as many lines are dropped as it had
+/// when the format was made: the room's old angle line and a 29th product line stay behind the new ones. A section
+/// that the file lacks is not added; all other lines are copied byte for byte and end in CR LF. Fault when the file
+/// ends inside a section that is replaced.
+std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections);
+
+/// The same for the file on disk, in one step.
+void RewriteSettings(const std::filesystem::path& path, const std::vector<Section>& sections);
+
+} // namespace pistaro

@@ -1,0 +1,33 @@
+// Temporary folders and plain file access.
+#include "support/temporary_folder.h"
+
+#include <fstream>
+#include <random>
+#include <sstream>
+
+namespace pistaro {
+
+TemporaryFolder::TemporaryFolder() {
+    std::random_device random;
+    do {
+        path_ = std::filesystem::temp_directory_path() / ("pistaro-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string BytesOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    return bytes.str();
+}
+
+void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+} // namespace pistaro
