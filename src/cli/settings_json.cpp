@@ -34,11 +34,12 @@ void AppendRows(std::string& table, const std::string& prefix, const Json& value
         constexpr std::size_t nameWidth = 24;
         std::string name = prefix;
         if (name.size() < nameWidth) name.resize(nameWidth, ' ');
-        table += name + " " + (value.is_string() ? value.get<std::string>() : Line(value)) + "\n";
+        table.append(name).append(" ").append(value.is_string() ? value.get<std::string>() : Line(value)).append("\n");
         return;
     }
+    const std::string inside = prefix.empty() ? prefix : prefix + ".";
     for (const auto& [key, member] : value.items())
-        AppendRows(table, prefix.empty() ? key : prefix + "." + key, member);
+        AppendRows(table, inside + key, member);
 }
 
 } // namespace

@@ -26,14 +26,14 @@ std::string TrackHasElements(const Project& project) {
 }
 
 std::string ElementSelected(const Project& project) {
-    const std::string whyNot = TrackHasElements(project);
+    std::string whyNot = TrackHasElements(project);
     if (!whyNot.empty()) return whyNot;
     return project.Layout.Current()->CurrentElement < 0 ? "Select an element first." : "";
 }
 
 WhyNotRule ReplacesSelected(std::string_view variant) {
     return [variant](const Project& project) -> std::string {
-        const std::string whyNot = ElementSelected(project);
+        std::string whyNot = ElementSelected(project);
         if (!whyNot.empty()) return whyNot;
         return IsVariantOfSelected(project, variant) ? "" : "The selected piece has another shape.";
     };

@@ -24,8 +24,7 @@ Section StockSection(std::string_view header, const std::array<double, Catalogue
 }
 
 Section EachProductOnce(Section section) {
-    const auto repeated = std::ranges::unique(section.Lines);
-    section.Lines.erase(repeated.begin(), repeated.end());
+    section.Lines.erase(std::unique(section.Lines.begin(), section.Lines.end()), section.Lines.end());
     return section;
 }
 
