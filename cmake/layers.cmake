@@ -2,6 +2,12 @@
 function(pistaro_layer name)
     cmake_parse_arguments(LAYER "" "" "USES" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
+    # The operating system's halves stand side by side; one of them is built.
+    if(WIN32)
+        list(FILTER sources EXCLUDE REGEX "/posix\\.cpp$")
+    else()
+        list(FILTER sources EXCLUDE REGEX "/windows\\.cpp$")
+    endif()
     add_library(pistaro_${name} STATIC ${sources})
     target_link_libraries(pistaro_${name} PUBLIC pistaro_compiler)
     foreach(use IN LISTS LAYER_USES)

@@ -5,6 +5,7 @@
 #include <iostream>
 
 int main(int argc, char** argv) {
+    pistaro::UseConsoleOfParent();
     const auto result =
         pistaro::RunCommandLine(pistaro::CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);
     return result.ExitStatus;

@@ -12,6 +12,9 @@ namespace pistaro {
 /// The program's arguments without its own name.
 std::vector<std::string> CommandLineArguments(int argc, char** argv);
 
+/// Lets a verb print on the console that the program was started from, where the system does not do so by itself.
+void UseConsoleOfParent();
+
 /// Between a path and its text in the program.
 std::filesystem::path PathFromText(std::string_view utf8);
 std::string TextFromPath(const std::filesystem::path& path);

@@ -107,6 +107,8 @@ std::filesystem::path ConfigurationFolder() {
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
 
+void UseConsoleOfParent() {}
+
 std::filesystem::path PathFromText(std::string_view utf8) { return utf8; }
 
 std::string TextFromPath(const std::filesystem::path& path) { return path.string(); }
