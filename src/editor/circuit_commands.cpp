@@ -58,18 +58,18 @@ std::string NameFromTitle(const std::string& title) {
 
 void LoadCircuit(Project& project, const std::filesystem::path& file) {
     CircuitFile read = ReadCircuit(file);
+    const FolderAndTitle parted = PartedFile(project, file);
     NewProject(project);
     project.View = read.View;
     project.Room = std::move(read.Room);
     project.Layout.Tracks = std::move(read.Tracks);
-    const FolderAndTitle parted = PartedFile(project, file);
     project.Name = NameFromTitle(parted.Title);
     RememberFolder(project, parted.Folder);
 }
 
 void SaveCircuit(Project& project, const std::filesystem::path& file) {
-    ReplaceFile(file, CircuitBytes(project));
     const FolderAndTitle parted = PartedFile(project, file);
+    ReplaceFile(file, CircuitBytes(project));
     project.Name = NameFromTitle(parted.Title);
     project.DataChanged = false;
     RememberFolder(project, parted.Folder);
