@@ -31,7 +31,8 @@ void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options) {
     Project project = StartWithCircuit(context, circuit);
     project.ShowNumbers = options.Numbers;
-    const std::string background = options.Background ? ReadFile(*options.Background, MostPictureBytes) : std::string();
+    std::optional<PictureBackground> background;
+    if (const auto& file = options.Background) background = {ReadFile(*file, MostPictureBytes), TextFromPath(*file)};
     const OffscreenGraphics graphics;
     const std::string format = PictureFormatOf(options.Out);
     ReplaceFile(options.Out, CircuitPicture(project, options.Pixels, background, format));
@@ -41,16 +42,14 @@ void PictureVerb(const VerbContext& context, const std::filesystem::path& circui
 void ScriptVerb(const VerbContext& context, const std::string& script, const OptionalPath& circuit) {
     Start start = StartVerb(context);
     PrintMessages(start.Messages, context.Errors);
+    const bool typed = script == "-";
+    std::istringstream lines(typed ? std::string() : ReadFile(PathFromText(script), MostFileBytes));
     if (circuit) LoadCircuit(start.Design, *circuit);
-    if (script == "-") {
-        RunScript(start.Design, context.Input, "-", context.Output);
-        return;
-    }
-    std::istringstream lines(ReadFile(PathFromText(script), MostFileBytes));
-    RunScript(start.Design, lines, script, context.Output);
+    RunScript(start.Design, typed ? context.Input : lines, script, context.Output);
 }
 
 void CatalogueVerb(const VerbContext& context, bool json) {
+    PrintMessages(StartVerb(context).Messages, context.Errors);
     context.Output << (json ? Line(CatalogueJson()) + '\n' : CatalogueTable());
 }
 

@@ -17,6 +17,8 @@ namespace pistaro {
 struct OffscreenGraphics::Application {
     Application() {
         if (QCoreApplication::instance() != nullptr) return;
+        // What the toolkit misses of a desktop is no news to whoever wanted a picture.
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         qputenv("QT_QPA_PLATFORM", "offscreen");
         Gui = std::make_unique<QGuiApplication>(Count, Values.data());
     }
@@ -41,8 +43,9 @@ std::string PictureFormatOf(const std::filesystem::path& file) {
     throw Fault("Unknown picture format", TextFromPath(file) + ": the file's ending is none of .bmp, .png, .gif, .jpg");
 }
 
-std::string CircuitPicture(Project& project, int pixels, const std::string& background, const std::string& format) {
-    const QImage backdrop = background.empty() ? QImage() : DecodeImage(background, "the background");
+std::string CircuitPicture(Project& project, int pixels, const std::optional<PictureBackground>& background,
+                           const std::string& format) {
+    const QImage backdrop = background ? DecodeImage(background->Bytes, background->Name) : QImage();
     QImage image(pixels, pixels, QImage::Format_RGB32);
     if (image.isNull())
         throw Fault("Out of memory", std::to_string(pixels) + " x " + std::to_string(pixels) + " pixels");

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace pistaro {
@@ -26,8 +27,15 @@ private:
 /// The picture format that a file's ending names: "bmp", "png", "gif" or "jpg". Fault for any other ending.
 std::string PictureFormatOf(const std::filesystem::path& file);
 
-/// The drawing as the designer shows it, `pixels` wide and high, over the picture file `background` (its bytes, or
-/// none), as a picture file in that format. Faults: no picture in the background, or no memory for the picture.
-std::string CircuitPicture(Project& project, int pixels, const std::string& background, const std::string& format);
+/// A picture file that lies behind the drawing.
+struct PictureBackground {
+    std::string Bytes;
+    std::string Name; ///< for faults
+};
+
+/// The drawing as the designer shows it, `pixels` wide and high, over the background (if any), as a picture file in
+/// that format. Faults: no picture in the background, or no memory for the picture.
+std::string CircuitPicture(Project& project, int pixels, const std::optional<PictureBackground>& background,
+                           const std::string& format);
 
 } // namespace pistaro

@@ -15,7 +15,23 @@ namespace {
 constexpr double PixelsPerPoint = 96.0 / 72.0;
 constexpr double Margin = 4; ///< pixels that a stroke may reach beyond its geometry
 
-double Degrees(double radians) { return radians * 180 / std::numbers::pi; }
+/// An arc as curves of an eighth of a circle at most, which stay within a 200,000th of the radius. The painter's own
+/// arcs stray far enough to part the pieces of a large curve.
+QPainterPath ArcPath(QPointF centre, double radius, double start, double span) {
+    const int parts = std::max(1, static_cast<int>(std::ceil(span / (std::numbers::pi / 4) - 1e-3)));
+    const double step = span / parts;
+    const double handle = radius * 4 / 3 * std::tan(step / 4);
+    const auto outwards = [](double angle) { return QPointF(std::cos(angle), -std::sin(angle)); };
+    const auto onwards = [](double angle) { return QPointF(-std::sin(angle), -std::cos(angle)); };
+    QPainterPath path(centre + radius * outwards(start));
+    for (int part = 0; part < parts; ++part) {
+        const double from = start + part * step;
+        const double to = from + step;
+        path.cubicTo(centre + radius * outwards(from) + handle * onwards(from),
+                     centre + radius * outwards(to) - handle * onwards(to), centre + radius * outwards(to));
+    }
+    return path;
+}
 
 /// The part of a line inside a square from -Margin to side + Margin, after Liang and Barsky: far coordinates of a
 /// strange file must not reach the rasteriser.
@@ -27,10 +43,11 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, double side) {
     const auto clip = [&](double towards, double distance) {
         if (towards == 0) return distance >= 0;
         const double at = distance / towards;
+        // `at` comes first, so that where it is not a number nothing is visible.
         if (towards < 0) {
-            enter = std::max(enter, at);
+            enter = std::max(at, enter);
         } else {
-            leave = std::min(leave, at);
+            leave = std::min(at, leave);
         }
         return enter <= leave;
     };
@@ -74,12 +91,7 @@ void PainterSurface::Draw(const ArcStroke& arc, Colour colour) {
     if (!IsVisible(centre, radius)) return;
     UsePen(colour);
     const double span = arc.End >= arc.Start ? double{arc.End} - arc.Start : arc.End - arc.Start + 2 * std::numbers::pi;
-    const QRectF square(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
-    // A path, because drawArc rounds to sixteenths of a degree and would part the pieces of a large curve.
-    QPainterPath path;
-    path.arcMoveTo(square, Degrees(arc.Start));
-    path.arcTo(square, Degrees(arc.Start), Degrees(span));
-    painter_.drawPath(path);
+    painter_.drawPath(ArcPath(centre, radius, arc.Start, span));
 }
 
 void PainterSurface::Draw(const EllipseStroke& ellipse, Colour colour) {
