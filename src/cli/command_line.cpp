@@ -2,6 +2,8 @@
 #include "cli/command_line.h"
 
 #include "cli/verbs.h"
+#include "imaging/circuit_picture.h"
+#include "platform/fault.h"
 #include "platform/platform.h"
 #include "version.h"
 
@@ -15,13 +17,28 @@ namespace {
 
 /// What the arguments say, filled in by the parser.
 struct Arguments {
-    std::string Settings, Circuit, Script, Out, Background;
+    std::optional<std::string> Settings, Background;
+    std::string DesignerCircuit, Circuit, Script, Out;
     int Pixels = 700;
     bool Numbers = false, Json = false, NoSplash = false;
 };
 
 OptionalPath PathIn(const std::string& text) {
     return text.empty() ? OptionalPath() : OptionalPath(PathFromText(text));
+}
+
+OptionalPath PathIn(const std::optional<std::string>& text) {
+    return text ? OptionalPath(PathFromText(*text)) : OptionalPath();
+}
+
+/// An option's check: empty when the file's ending names a picture format.
+std::string WhyNoPictureFile(const std::string& name) {
+    try {
+        PictureFormatOf(PathFromText(name));
+        return {};
+    } catch (const Fault& fault) {
+        return fault.what();
+    }
 }
 
 using Job = std::function<void(const VerbContext&)>;
@@ -50,7 +67,9 @@ void AddVerbs(CLI::App& app, Arguments& arguments, Job& job) {
                 {PathFromText(arguments.Out), arguments.Pixels, arguments.Numbers, PathIn(arguments.Background)});
         });
     circuitOf(picture, true);
-    picture->add_option("--out", arguments.Out, "The picture file: .bmp, .png, .gif or .jpg")->required();
+    picture->add_option("--out", arguments.Out, "The picture file: .bmp, .png, .gif or .jpg")
+        ->required()
+        ->check(WhyNoPictureFile);
     picture->add_option("--size", arguments.Pixels, "Width and height in pixels")->check(CLI::Range(1, 10000));
     picture->add_flag("--numbers", arguments.Numbers, "Print the elements' numbers");
     picture->add_option("--background", arguments.Background, "A picture that lies behind the drawing");
@@ -72,10 +91,10 @@ bool LooksLikeCircuit(const std::string& name) {
     return name.empty() || name.ends_with(".trk") || std::filesystem::exists(PathFromText(name));
 }
 
-/// The subcommand that the arguments name, for its own help; else the program itself.
-const CLI::App& NamedApp(const CLI::App& app) {
+/// The help of the verb that the arguments name, else of the program.
+std::string Usage(const CLI::App& app) {
     const auto named = app.get_subcommands();
-    return named.empty() ? app : *named.front();
+    return named.empty() ? app.help() : named.front()->help(app.get_name());
 }
 
 } // namespace
@@ -87,12 +106,15 @@ CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std:
     Job job;
     app.set_version_flag("--version", std::string("pistaro ") + Version);
     app.add_option("--settings", values.Settings, "The settings file, in place of the usual one");
-    app.add_option("CIRCUIT", values.Circuit, "The circuit that the designer opens");
+    const CLI::Option* const designerCircuit =
+        app.add_option("CIRCUIT", values.DesignerCircuit, "The circuit that the designer opens");
     app.add_flag("--no-splash", values.NoSplash, "Open the designer without its opening picture");
-    app.fallthrough();
+    app.fallthrough(); // so that --settings goes before and behind the verb
+    app.require_subcommand(0, 1);
+    app.footer("--settings FILE goes with every verb: that file in place of the usual settings file.");
     AddVerbs(app, values, job);
     const auto usage = [&](const std::string& reason) {
-        errors << "pistaro: " << reason << '\n' << NamedApp(app).help();
+        errors << "pistaro: " << reason << '\n' << Usage(app);
         return CommandLineResult{2, std::nullopt};
     };
     try {
@@ -103,12 +125,16 @@ CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std:
     } catch (const CLI::ParseError& error) {
         return usage(error.what());
     }
+    const std::string& circuit = values.DesignerCircuit;
     if (!job) {
-        if (!LooksLikeCircuit(values.Circuit)) return usage("there is no verb \"" + values.Circuit + "\"");
-        return {0, DesignerOptions{PathIn(values.Circuit), PathIn(values.Settings), values.NoSplash}};
+        if (!LooksLikeCircuit(circuit)) return usage("there is no verb \"" + circuit + "\"");
+        return {0, DesignerOptions{PathIn(circuit), PathIn(values.Settings), values.NoSplash}};
     }
+    // What the verb does not take falls through to the designer's own argument.
+    if (designerCircuit->count() > 0) return usage("\"" + circuit + "\" was not expected");
     try {
         job({PathIn(values.Settings), input, output, errors});
+        if (!output.flush()) throw Fault("Disk full", "the standard output");
     } catch (const std::exception& fault) {
         errors << "pistaro: " << fault.what() << '\n';
         return {1, std::nullopt};

@@ -10,7 +10,6 @@
 #include "editor/view_commands.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
-#include "render/stock_colours.h"
 #include "text/number_text.h"
 
 #include <array>
@@ -51,6 +50,12 @@ double NumberIn(const std::string& word) {
     return value;
 }
 
+float SingleIn(const std::string& word) {
+    const auto value = static_cast<float>(NumberIn(word));
+    if (!std::isfinite(value)) throw Refused("\"" + word + "\" is too large");
+    return value;
+}
+
 int IntegerIn(const std::string& word, int least, int most) {
     const double value = NumberIn(word);
     if (value != std::floor(value) || value < least || value > most) {
@@ -64,7 +69,6 @@ void Run(const Command& command, Project& project, Prompts& prompts) {
     const std::string whyNot = command.WhyNot(project);
     if (!whyNot.empty()) throw Refused("\"" + command.Id + "\" is not offered now: " + whyNot);
     command.Run(project, prompts);
-    AssignStockColours(project);
 }
 
 void RunById(Script& script, const std::string& id, int times = 1) {
@@ -92,8 +96,7 @@ void Select(Script& script, const Words& words) {
 }
 
 void Click(Script& script, const Words& words) {
-    SelectNearestElement(script.Design,
-                         {static_cast<float>(NumberIn(words[1])), static_cast<float>(NumberIn(words[2]))});
+    SelectNearestElement(script.Design, {SingleIn(words[1]), SingleIn(words[2])});
 }
 
 void Scroll(Script& script, const Words& words) {
@@ -127,6 +130,7 @@ constexpr std::array ValueCommands{
 /// A line that is a command's id, with the number of times behind it where the command can be repeated.
 void RunTableCommand(Script& script, Words words) {
     int times = 1;
+    if (words[0].find(' ') != std::string::npos) throw Refused("there is no command \"" + words[0] + "\"");
     if (words.size() == 3) {
         const Command* const command = FindCommand(words[0] + " " + words[1]);
         if (command == nullptr || !command->Repeatable)
@@ -156,10 +160,10 @@ void RunLine(Script& script, const std::string& line) {
 
 void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output) {
     Script running{project, output};
-    AssignStockColours(project);
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     int number = 0;
-    for (std::string line; std::getline(script, line);) {
-        ++number;
+    for (std::string line; NextScriptLine(script, line);) {
+        if (++number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
         try {
             RunLine(running, line);
         } catch (const std::exception& fault) {
