@@ -1,0 +1,415 @@
+// Load, Save, New and Quit: questions, dialogs, kept habits, and the working directory in the settings file.
+#include "editor/circuit_commands.h"
+#include "platform/fault.h"
+#include "support/chain.h"
+#include "support/press.h"
+#include "support/scripted_prompts.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+
+namespace {
+
+const std::string FileUpToTrack1 = "[Settings]\r\n0\r\n0\r\n0\r\n0\r\n320\r\n160\r\n"
+                                   "[Room]\r\n 0 \r\n0\r\n"
+                                   "[Track 0]\r\n0\r\n0\r\n0\r\n";
+const std::string FileFromTrack2 = "[Track 1]\r\n15.5\r\n0\r\n0\r\n"
+                                   "[Track 2]\r\n-15.5\r\n0\r\n0\r\n";
+const std::string EmptyCircuitFile = FileUpToTrack1 + FileFromTrack2;
+const std::string OneStraight = FileUpToTrack1 + "C160\r\n" + FileFromTrack2;
+
+Project Unsaved(const std::string& codes) {
+    Project project = ProjectOf(codes);
+    project.DataChanged = true;
+    return project;
+}
+
+std::string Question(const ScriptedPrompts& prompts) {
+    return prompts.Asked.size() == 1 ? prompts.Asked[0].Text : std::to_string(prompts.Asked.size()) + " questions";
+}
+
+class CircuitCommands : public testing::Test {
+protected:
+    std::string FolderText() const { return folder_.Path().string() + "/"; }
+
+    TemporaryFolder folder_;
+    ScriptedPrompts prompts_;
+};
+
+using New = CircuitCommands;
+using Load = CircuitCommands;
+using Save = CircuitCommands;
+using Quit = CircuitCommands;
+using WorkingDirectory = CircuitCommands;
+
+} // namespace
+
+TEST_F(New, OverUnsavedWorkAsksWithOkAndCancel) {
+    Project project = Unsaved("C160 C160");
+    prompts_.Answers = {Answer::Cancel};
+    const std::string before = Snapshot(project);
+
+    Press(project, "new", prompts_);
+
+    ASSERT_EQ(Question(prompts_), "Send data on its way to binary oblivion?");
+    EXPECT_EQ(prompts_.Asked[0].Choices, Buttons::OkCancel);
+    EXPECT_EQ(Snapshot(project), before);
+}
+
+TEST_F(New, AfterOkEmptiesTheCircuit) {
+    Project project = Unsaved("C160 C160");
+    prompts_.Answers = {Answer::Ok};
+
+    Press(project, "new", prompts_);
+
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[0]), "");
+    EXPECT_FALSE(project.DataChanged);
+    EXPECT_EQ(Caption(project), "Pistaro - new project");
+}
+
+TEST_F(New, AsksNothingAboutASingleElementOrSavedWork) {
+    Project single = Unsaved("C160");
+    Press(single, "new", prompts_);
+    Project saved = ProjectOf("C160 C160");
+    Press(saved, "new", prompts_);
+
+    EXPECT_TRUE(prompts_.Asked.empty());
+    EXPECT_EQ(CodesOf(single.Layout.Tracks[0]), "");
+    EXPECT_EQ(CodesOf(saved.Layout.Tracks[0]), "");
+}
+
+TEST_F(New, AsksAboutTwoElementsOnAnyTrack) {
+    Project project = ProjectOf("", "", "C160 C160");
+    project.DataChanged = true;
+    prompts_.Answers = {Answer::Ok};
+
+    Press(project, "new", prompts_);
+
+    EXPECT_EQ(prompts_.Asked.size(), 1U);
+}
+
+TEST_F(New, KeepsStartYRoomSystemAndInsertMode) {
+    Project project = ProjectOf("C160");
+    Press(project, "track 2");
+    Press(project, "move up-right");
+    Press(project, "rotate left");
+    Press(project, "system");
+    Press(project, "insert");
+    project.Room.Points = {{1, 2, 1}};
+
+    Press(project, "new", prompts_);
+
+    EXPECT_EQ(project.Layout.CurrentTrack, 0);
+    EXPECT_EQ(project.Layout.Tracks[0].TrackStartX, 0);
+    EXPECT_EQ(project.Layout.Tracks[1].TrackStartX, 15.5F);
+    EXPECT_EQ(project.Layout.Tracks[2].TrackStartX, -15.5F);
+    EXPECT_EQ(project.Layout.Tracks[1].TrackStartY, 15.5F);
+    EXPECT_EQ(project.Layout.Tracks[1].TrackStartHeading, 0);
+    EXPECT_EQ(project.Room.Points.size(), 1U);
+    EXPECT_EQ(project.System, TrackSystem::Ninco);
+    EXPECT_TRUE(project.InsertMode);
+}
+
+TEST_F(Load, OverUnsavedWorkAsksWithOkAndCancel) {
+    Project project = Unsaved("C160 C160");
+    prompts_.Answers = {Answer::Cancel};
+    const std::string before = Snapshot(project);
+
+    Press(project, "load", prompts_);
+
+    ASSERT_EQ(Question(prompts_), "All data will be lost if you proceed.");
+    EXPECT_EQ(prompts_.Asked[0].Choices, Buttons::OkCancel);
+    EXPECT_TRUE(prompts_.Dialogs.empty());
+    EXPECT_EQ(Snapshot(project), before);
+}
+
+TEST_F(Load, ShowsTheTrackFilesOfTheWorkingDirectory) {
+    Project project = ProjectOf("");
+    project.Name = "monza";
+    project.WorkingDirectory = "/tracks/";
+    prompts_.Files = {std::nullopt};
+
+    Press(project, "load", prompts_);
+
+    ASSERT_EQ(prompts_.Dialogs.size(), 1U);
+    EXPECT_FALSE(prompts_.Dialogs[0].Saving);
+    EXPECT_EQ(prompts_.Dialogs[0].Title, "Load Circuit");
+    EXPECT_EQ(prompts_.Dialogs[0].Filter, "Track files (*.trk)|*.trk");
+    EXPECT_EQ(prompts_.Dialogs[0].DefaultName, "");
+    EXPECT_EQ(prompts_.Dialogs[0].Folder, "/tracks/");
+}
+
+TEST_F(Load, ReplacesTheCircuitAndSelectsNothing) {
+    WriteBytes(folder_ / "oval.trk", OneStraight);
+    Project project = ProjectOf("C151L C151L", "C160");
+    project.Layout.Tracks[1].CurrentElement = 0;
+    Press(project, "track 2");
+    prompts_.Files = {folder_ / "oval.trk"};
+
+    Press(project, "load", prompts_);
+
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[0]), "C160");
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[1]), "");
+    EXPECT_EQ(project.Layout.CurrentTrack, 0);
+    for (const Track& track : project.Layout.Tracks)
+        EXPECT_EQ(track.CurrentElement, -1);
+    EXPECT_FALSE(project.DataChanged);
+    EXPECT_EQ(Caption(project), "Pistaro - oval");
+    EXPECT_EQ(project.WorkingDirectory, FolderText());
+}
+
+TEST_F(Load, KeepsTheTrackSystemAndInsertMode) {
+    WriteBytes(folder_ / "oval.trk", OneStraight);
+    Project project = ProjectOf("");
+    Press(project, "system");
+    Press(project, "insert");
+    prompts_.Files = {folder_ / "oval.trk"};
+
+    Press(project, "load", prompts_);
+
+    EXPECT_EQ(project.System, TrackSystem::Ninco);
+    EXPECT_TRUE(project.InsertMode);
+}
+
+TEST_F(Load, CancelledAfterOkLeavesTheNewProject) {
+    Project project = Unsaved("C160 C160");
+    prompts_.Answers = {Answer::Ok};
+    prompts_.Files = {std::nullopt};
+
+    Press(project, "load", prompts_);
+
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[0]), "");
+    EXPECT_EQ(Caption(project), "Pistaro - new project");
+    EXPECT_FALSE(project.DataChanged);
+}
+
+TEST_F(Load, CancelledWithoutAQuestionKeepsTheCircuitAndClearsTheFlag) {
+    Project project = Unsaved("C160");
+    prompts_.Files = {std::nullopt};
+
+    Press(project, "load", prompts_);
+
+    EXPECT_TRUE(prompts_.Asked.empty());
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[0]), "C160");
+    EXPECT_FALSE(project.DataChanged);
+}
+
+TEST_F(Load, OfAFileThatCannotBeReadLeavesTheProjectAsItWas) {
+    WriteBytes(folder_ / "short.trk", "[Settings]\r\n0\r\n0\r\n");
+    WriteBytes(folder_ / "binary.trk", std::string("[Settings]\r\n0\0", 14));
+    WriteBytes(folder_ / "empty.trk", "");
+    for (const char* const name : {"missing.trk", "short.trk", "binary.trk", "empty.trk", "nofolder/x.trk"}) {
+        Project project = Unsaved("C160 C160");
+        const std::string before = Snapshot(project);
+        prompts_.Answers = {Answer::Ok};
+        prompts_.Files = {folder_ / name};
+
+        try {
+            Press(project, "load", prompts_);
+            ADD_FAILURE() << name << " was loaded";
+        } catch (const Fault& fault) {
+            EXPECT_NE(std::string(fault.what()).find(name), std::string::npos) << fault.what();
+        }
+
+        EXPECT_EQ(Snapshot(project), before) << name;
+    }
+}
+
+TEST_F(Load, OfADroppedFileAsksTheSameQuestion) {
+    WriteBytes(folder_ / "oval.trk", OneStraight);
+    Project project = Unsaved("C151L C151L");
+    prompts_.Answers = {Answer::Cancel, Answer::Ok};
+
+    LoadFileCommand(project, prompts_, folder_ / "oval.trk");
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[0]), "C151L C151L");
+    LoadFileCommand(project, prompts_, folder_ / "oval.trk");
+
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[0]), "C160");
+    EXPECT_EQ(prompts_.Asked[0].Text, "All data will be lost if you proceed.");
+    EXPECT_TRUE(prompts_.Dialogs.empty());
+}
+
+TEST_F(Save, OffersTheProjectsNameUnlessItIsNew) {
+    Project project = ProjectOf("");
+    project.WorkingDirectory = "/tracks/";
+    prompts_.Files = {std::nullopt, std::nullopt};
+
+    Press(project, "save", prompts_);
+    project.Name = "monza";
+    Press(project, "save", prompts_);
+
+    EXPECT_TRUE(prompts_.Dialogs[0].Saving);
+    EXPECT_EQ(prompts_.Dialogs[0].Title, "Save Circuit");
+    EXPECT_EQ(prompts_.Dialogs[0].Filter, "Track files (*.trk)|*.trk");
+    EXPECT_EQ(prompts_.Dialogs[0].DefaultName, "");
+    EXPECT_EQ(prompts_.Dialogs[0].Folder, "/tracks/");
+    EXPECT_EQ(prompts_.Dialogs[1].DefaultName, "monza");
+}
+
+TEST_F(Save, WritesThreeEmptyTracksAs22Lines) {
+    Project project = ProjectOf("");
+    prompts_.Files = {folder_ / "empty.trk"};
+
+    Press(project, "save", prompts_);
+
+    EXPECT_EQ(BytesOf(folder_ / "empty.trk"), EmptyCircuitFile);
+    EXPECT_TRUE(prompts_.Asked.empty());
+    EXPECT_TRUE(prompts_.Told.empty());
+}
+
+TEST_F(Save, ClearsTheFlagAndTakesNameAndFolderFromTheFile) {
+    Project project = Unsaved("C160");
+    prompts_.Files = {folder_ / "my track.trk"};
+
+    Press(project, "save", prompts_);
+
+    EXPECT_FALSE(project.DataChanged);
+    EXPECT_EQ(Caption(project), "Pistaro - my track");
+    EXPECT_EQ(project.WorkingDirectory, FolderText());
+}
+
+TEST_F(Save, CancelledWritesNothingButClearsTheFlagSoThatQuitDoesNotAsk) {
+    Project project = Unsaved("C160");
+    prompts_.Files = {std::nullopt};
+
+    Press(project, "save", prompts_);
+    EXPECT_FALSE(project.DataChanged);
+    EXPECT_EQ(Caption(project), "Pistaro - new project");
+    Press(project, "quit", prompts_);
+
+    EXPECT_TRUE(prompts_.Asked.empty());
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+}
+
+TEST_F(Save, OntoAFileOverwritesItAfterYesAndAfterNo) {
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        WriteBytes(folder_ / "old.trk", "old");
+        Project project = ProjectOf("C160");
+        ScriptedPrompts prompts;
+        prompts.Answers = {answer};
+        prompts.Files = {folder_ / "old.trk"};
+
+        Press(project, "save", prompts);
+
+        ASSERT_EQ(Question(prompts), "A file with that name already exists. Overwrite?");
+        EXPECT_EQ(prompts.Asked[0].Choices, Buttons::YesNo);
+        EXPECT_EQ(BytesOf(folder_ / "old.trk"), OneStraight);
+        EXPECT_TRUE(prompts.Told.empty());
+    }
+}
+
+TEST_F(Save, ThatFailsLeavesTheProjectAndTheFolderAsTheyWere) {
+    Project project = Unsaved("C160");
+    const std::string before = Snapshot(project);
+    prompts_.Files = {folder_ / "nofolder" / "x.trk"};
+
+    EXPECT_THROW(Press(project, "save", prompts_), Fault);
+
+    EXPECT_EQ(Snapshot(project), before);
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+}
+
+TEST_F(Save, AndLoadBringBackTheCircuit) {
+    Project project = ProjectOf("C151L C160", "N10105R", "C8010R");
+    Press(project, "move up-left", 3);
+    Press(project, "rotate right", 2);
+    project.Room = {{{32767, -32768, -1}, {0, 10, 1}}, 0.5F};
+    SaveCircuit(project, folder_ / "x.trk");
+
+    Project loaded = ProjectOf("");
+    LoadCircuit(loaded, folder_ / "x.trk");
+    SaveCircuit(loaded, folder_ / "y.trk");
+
+    EXPECT_EQ(CodesOf(loaded.Layout.Tracks[1]), "N10105R");
+    EXPECT_EQ(loaded.Layout.Tracks[0].TrackStartX, -46.5F);
+    EXPECT_EQ(loaded.Room.Points, project.Room.Points);
+    EXPECT_EQ(BytesOf(folder_ / "y.trk"), BytesOf(folder_ / "x.trk"));
+}
+
+TEST_F(Quit, AsksAboutASingleUnsavedElementWithYesAndNo) {
+    Project project = Unsaved("C160");
+    prompts_.Answers = {Answer::Yes};
+
+    Press(project, "quit", prompts_);
+
+    ASSERT_EQ(Question(prompts_), "Discard unsaved data?");
+    EXPECT_EQ(prompts_.Asked[0].Choices, Buttons::YesNo);
+    EXPECT_TRUE(prompts_.Dialogs.empty());
+}
+
+TEST_F(Quit, AfterNoSavesFirst) {
+    Project project = Unsaved("C160");
+    prompts_.Answers = {Answer::No};
+    prompts_.Files = {folder_ / "kept.trk"};
+
+    Press(project, "quit", prompts_);
+
+    EXPECT_EQ(prompts_.Dialogs[0].Title, "Save Circuit");
+    EXPECT_EQ(BytesOf(folder_ / "kept.trk"), OneStraight);
+}
+
+TEST_F(Quit, AsksNothingAboutEmptyTracksOrSavedWork) {
+    Project empty = Unsaved("");
+    Press(empty, "quit", prompts_);
+    Project saved = ProjectOf("C160 C160");
+    Press(saved, "quit", prompts_);
+
+    EXPECT_TRUE(prompts_.Asked.empty());
+}
+
+TEST_F(WorkingDirectory, OfTheSettingsFileIsRewrittenByALoadAndBySave) {
+    const std::string rest = "[Grid]\r\nType=2\r\nStep=10\r\n";
+    WriteBytes(folder_ / "oval.trk", OneStraight);
+    WriteBytes(folder_ / "corvel.ini", "first\r\n[Working Directory]\r\n/old/\r\n" + rest);
+    Project project = ProjectOf("");
+    project.SettingsPath = folder_ / "corvel.ini";
+
+    LoadCircuit(project, folder_ / "oval.trk");
+    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), "first\r\n[Working Directory]\r\n" + FolderText() + "\r\n" + rest);
+    std::filesystem::create_directory(folder_ / "other");
+    SaveCircuit(project, folder_ / "other" / "oval.trk");
+
+    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), "first\r\n[Working Directory]\r\n" + FolderText() + "other/\r\n" + rest);
+}
+
+TEST_F(WorkingDirectory, IsNotAddedToASettingsFileWithoutItsSection) {
+    const std::string settings = "[Grid]\r\nType=2\r\nStep=10\r\n[working directory]\r\n/old/\r\n";
+    WriteBytes(folder_ / "corvel.ini", settings);
+    Project project = ProjectOf("");
+    project.SettingsPath = folder_ / "corvel.ini";
+
+    SaveCircuit(project, folder_ / "oval.trk");
+
+    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), settings);
+    EXPECT_EQ(project.WorkingDirectory, FolderText());
+}
+
+TEST_F(WorkingDirectory, ThatCannotBeRememberedIsToldWhenTheCircuitIsAlreadySaved) {
+    Project project = Unsaved("C160");
+    project.SettingsPath = folder_ / "missing.ini";
+
+    EXPECT_THROW(SaveCircuit(project, folder_ / "oval.trk"), Fault);
+
+    EXPECT_EQ(BytesOf(folder_ / "oval.trk"), OneStraight);
+    EXPECT_FALSE(project.DataChanged);
+}
+
+TEST(PathParts, ArePartedBehindTheLastSeparator) {
+    EXPECT_EQ(PartedPath("/tracks/old/oval.trk")->Folder, "/tracks/old/");
+    EXPECT_EQ(PartedPath("/tracks/old/oval.trk")->Title, "oval.trk");
+    EXPECT_EQ(PartedPath("/tracks/")->Title, "");
+    EXPECT_FALSE(PartedPath("oval.trk").has_value());
+}
+
+TEST(ProjectName, IsTheFilesTitleLessFourCharactersWhateverTheyAre) {
+    EXPECT_EQ(NameFromTitle("oval.trk"), "oval");
+    EXPECT_EQ(NameFromTitle("oval.circuit"), "oval.cir");
+    EXPECT_EQ(NameFromTitle("trk"), "");
+    EXPECT_EQ(NameFromTitle(".trk"), "");
+    EXPECT_EQ(NameFromTitle("N\xC3\xBCrburg.\xC3\xA4\xC3\xB6\xC3\xBC"),
+              "N\xC3\xBCrburg"); // four characters, seven bytes
+}
+
+} // namespace pistaro

@@ -1,0 +1,263 @@
+// Delete, move, rotate, mirror, invert, choosing tracks and selecting in the list.
+#include "editor/track_editing.h"
+#include "platform/fault.h"
+#include "support/chain.h"
+#include "support/press.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+
+namespace {
+
+constexpr float TwiceTheConstant = 6.28318470717958F; // 2 x 3.14159235358979
+
+Track& FirstTrack(Project& project) { return project.Layout.Tracks[0]; }
+
+} // namespace
+
+TEST(Delete, TakesTheSelectedElementOutAndStaysOnThePlace) {
+    Project project = ProjectOf("C151L C160 C152R");
+    SelectElement(project, 1);
+
+    Press(project, "delete");
+
+    EXPECT_EQ(CodesOf(FirstTrack(project)), "C151L C152R");
+    EXPECT_EQ(FirstTrack(project).CurrentElement, 1);
+    EXPECT_TRUE(project.DataChanged);
+}
+
+TEST(Delete, OfTheLastElementSelectsTheOneBeforeIt) {
+    Project project = ProjectOf("C151L C160");
+    SelectElement(project, 1);
+
+    Press(project, "delete");
+
+    EXPECT_EQ(FirstTrack(project).CurrentElement, 0);
+}
+
+TEST(Delete, OfTheOnlyElementLeavesNothingSelected) {
+    Project project = ProjectOf("C160");
+    SelectElement(project, 0);
+
+    Press(project, "delete");
+
+    EXPECT_EQ(FirstTrack(project).ElementLastIndex(), -1);
+    EXPECT_EQ(FirstTrack(project).CurrentElement, -1);
+}
+
+TEST(Delete, DoesNothingOnAnEmptyTrackOrWithNothingSelected) {
+    Project empty = ProjectOf("");
+    DeleteElement(empty);
+    Project unselected = ProjectOf("C160");
+    DeleteElement(unselected);
+
+    EXPECT_EQ(FirstTrack(empty).ElementLastIndex(), -1);
+    EXPECT_EQ(FirstTrack(empty).CurrentElement, -1);
+    EXPECT_FALSE(empty.DataChanged);
+    EXPECT_EQ(CodesOf(FirstTrack(unselected)), "C160");
+    EXPECT_FALSE(unselected.DataChanged);
+}
+
+struct MoveCase {
+    const char* Id;
+    float X, Y;
+};
+
+class Move : public testing::TestWithParam<MoveCase> {};
+
+TEST_P(Move, ShiftsTheStartOfTheCurrentTrackByOneTrackWidth) {
+    Project project = ProjectOf("C160");
+    Press(project, "track 2");
+
+    Press(project, GetParam().Id);
+
+    EXPECT_EQ(project.Layout.Tracks[1].TrackStartX, 15.5F + GetParam().X);
+    EXPECT_EQ(project.Layout.Tracks[1].TrackStartY, GetParam().Y);
+    EXPECT_EQ(project.Layout.Tracks[0].TrackStartX, 0);
+    EXPECT_EQ(project.Layout.Tracks[0].TrackStartY, 0);
+    EXPECT_EQ(project.Layout.Tracks[2].TrackStartX, -15.5F);
+    EXPECT_TRUE(project.DataChanged);
+}
+
+INSTANTIATE_TEST_SUITE_P(InEachDirection, Move,
+                         testing::Values(MoveCase{"move up", 0, 15.5F}, MoveCase{"move down", 0, -15.5F},
+                                         MoveCase{"move left", -15.5F, 0}, MoveCase{"move right", 15.5F, 0},
+                                         MoveCase{"move up-left", -15.5F, 15.5F},
+                                         MoveCase{"move up-right", 15.5F, 15.5F},
+                                         MoveCase{"move down-left", -15.5F, -15.5F},
+                                         MoveCase{"move down-right", 15.5F, -15.5F}));
+
+TEST(Moves, WithAllTracksChosenEightToTheRightAdd124CmToEachStart) {
+    Project project = ProjectOf("C160", "", "C151L");
+    Press(project, "track all");
+
+    Press(project, "move right", 8);
+
+    EXPECT_EQ(project.Layout.Tracks[0].TrackStartX, 124);
+    EXPECT_EQ(project.Layout.Tracks[1].TrackStartX, 139.5F);
+    EXPECT_EQ(project.Layout.Tracks[2].TrackStartX, 108.5F);
+}
+
+TEST(Moves, OfAnEmptyTrackMoveItsStart) {
+    Project project = ProjectOf("");
+
+    Press(project, "move down-left");
+
+    EXPECT_EQ(FirstTrack(project).TrackStartX, -15.5F);
+    EXPECT_EQ(FirstTrack(project).TrackStartY, -15.5F);
+    EXPECT_TRUE(project.DataChanged);
+}
+
+TEST(Rotations, LeftAddASixteenthOfTheConstantToTheTracksHeading) {
+    Project project = ProjectOf("C160", "C160");
+
+    Press(project, "rotate left");
+
+    EXPECT_EQ(FirstTrack(project).TrackStartHeading, 0.196349522F); // 3.14159235358979 / 16
+    EXPECT_EQ(project.Layout.Tracks[1].TrackStartHeading, 0);
+    EXPECT_TRUE(project.DataChanged);
+}
+
+TEST(Rotations, RightFromZeroGiveTwiceTheConstantLessASixteenth) {
+    Project project = ProjectOf("C160");
+
+    Press(project, "rotate right");
+
+    EXPECT_FLOAT_EQ(FirstTrack(project).TrackStartHeading, 6.08683518F); // 6.28318470717958 - 0.19634952209936
+}
+
+TEST(Rotations, LeftFromJustBelowTwiceTheConstantWrapRound) {
+    Project project = ProjectOf("C160");
+    FirstTrack(project).TrackStartHeading = 6.28F;
+
+    Press(project, "rotate left");
+
+    EXPECT_NEAR(FirstTrack(project).TrackStartHeading, 0.19316481492, 1e-6); // 6.28 + 0.19634952 - 6.28318471
+}
+
+TEST(Rotations, OfATrackLeaveItsStartPointAndTheRoom) {
+    Project project = ProjectOf("C160");
+    project.Room.Angle = 1;
+
+    Press(project, "rotate left", 5);
+
+    EXPECT_EQ(FirstTrack(project).TrackStartX, 0);
+    EXPECT_EQ(FirstTrack(project).TrackStartY, 0);
+    EXPECT_EQ(project.Room.Angle, 1);
+}
+
+TEST(Rotations, WithAllTracksChosenTurnTheRoomByAThirtySecond) {
+    Project project = ProjectOf("C160");
+    Press(project, "track all");
+
+    Press(project, "rotate left");
+    EXPECT_EQ(project.Room.Angle, 0.098174761F); // 3.14159235358979 / 32
+    Press(project, "rotate right", 2);
+
+    EXPECT_FLOAT_EQ(project.Room.Angle, 6.18500995F); // 6.28318470717958 - 0.09817476104968
+    EXPECT_EQ(FirstTrack(project).TrackStartHeading, 0);
+    EXPECT_TRUE(project.DataChanged);
+}
+
+TEST(Rotations, AThousandInARowStayWithinOneTurn) {
+    Project project = ProjectOf("C160");
+
+    for (int i = 0; i < 1000; ++i) {
+        Press(project, "rotate left");
+        ASSERT_GE(FirstTrack(project).TrackStartHeading, 0);
+        ASSERT_LE(FirstTrack(project).TrackStartHeading, TwiceTheConstant);
+    }
+}
+
+TEST(Mirror, SwapsAFinalLAndRAndLeavesTheStartAlone) {
+    Project project = ProjectOf("C151L C160 C152R C8010L N10110");
+    FirstTrack(project).TrackStartHeading = 1;
+
+    Press(project, "mirror");
+
+    EXPECT_EQ(CodesOf(FirstTrack(project)), "C151R C160 C152L C8010R N10110");
+    EXPECT_EQ(FirstTrack(project).TrackStartX, 0);
+    EXPECT_EQ(FirstTrack(project).TrackStartHeading, 1);
+    EXPECT_TRUE(project.DataChanged);
+}
+
+TEST(Mirror, TwiceRestoresEveryCode) {
+    const std::string codes = "C151L C151R C160 C187L N10105R N10102 C8010R";
+    Project project = ProjectOf(codes, "C151L");
+
+    Press(project, "mirror", 2);
+
+    EXPECT_EQ(CodesOf(FirstTrack(project)), codes);
+    EXPECT_EQ(CodesOf(project.Layout.Tracks[1]), "C151L");
+}
+
+TEST(Invert, ReversesTheOrderAndSwapsTheHands) {
+    Project project = ProjectOf("C151L C160 C152R");
+    FirstTrack(project).TrackStartHeading = 1;
+
+    Press(project, "invert");
+
+    EXPECT_EQ(CodesOf(FirstTrack(project)), "C152L C160 C151R");
+    EXPECT_EQ(FirstTrack(project).TrackStartHeading, 1);
+    EXPECT_TRUE(project.DataChanged);
+}
+
+TEST(AllTracks, LeaveDeleteMirrorAndInvertWithoutEffect) {
+    Project project = ProjectOf("C151L", "C151R", "C160");
+    SelectElement(project, 0);
+    Press(project, "track all");
+    const std::string before = Snapshot(project);
+
+    DeleteElement(project);
+    MirrorTrack(project);
+    InvertTrack(project);
+
+    EXPECT_EQ(Snapshot(project), before);
+}
+
+TEST(ChoosingATrack, LeavesInsertMode) {
+    Project project = ProjectOf("C160");
+    Press(project, "insert");
+    EXPECT_TRUE(project.InsertMode);
+
+    Press(project, "track 2");
+
+    EXPECT_FALSE(project.InsertMode);
+    EXPECT_EQ(project.Layout.CurrentTrack, 1);
+    EXPECT_FALSE(project.DataChanged);
+}
+
+TEST(ChoosingATrack, KeepsEachTracksSelection) {
+    Project project = ProjectOf("C160 C159", "C151L");
+    SelectElement(project, 1);
+
+    Press(project, "track 2");
+    EXPECT_EQ(SelectedCode(project.Layout), "");
+    Press(project, "track all");
+    EXPECT_EQ(SelectedCode(project.Layout), "");
+    Press(project, "track 1");
+
+    EXPECT_EQ(SelectedCode(project.Layout), "C159");
+}
+
+TEST(SelectingInTheList, SetsTheCursorAndChangesNoData) {
+    Project project = ProjectOf("C160 C159 C158");
+
+    SelectElement(project, 2);
+
+    EXPECT_EQ(FirstTrack(project).CurrentElement, 2);
+    EXPECT_FALSE(project.DataChanged);
+}
+
+TEST(SelectingInTheList, RefusesALineThatIsNotThere) {
+    Project project = ProjectOf("C160 C159");
+    SelectElement(project, 1);
+
+    EXPECT_THROW(SelectElement(project, 2), Fault);
+    EXPECT_THROW(SelectElement(project, -1), Fault);
+
+    EXPECT_EQ(FirstTrack(project).CurrentElement, 1);
+}
+
+} // namespace pistaro
