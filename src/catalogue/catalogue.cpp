@@ -124,6 +124,15 @@ int FindRow(const Catalogue& catalogue, std::string_view code) {
     return -1;
 }
 
+int FindHeadRow(const Catalogue& catalogue, std::string_view productCode) {
+    for (int row = 0; row < CatalogueCount; ++row) {
+        if (IsHeadRow(catalogue, row) && catalogue[static_cast<std::size_t>(row)].Code.starts_with(productCode)) {
+            return row;
+        }
+    }
+    return -1;
+}
+
 char Hand(std::string_view code) {
     if (code.ends_with('L')) return 'L';
     if (code.ends_with('R')) return 'R';

@@ -42,6 +42,9 @@ inline bool IsHeadRow(const Catalogue& catalogue, int row) {
     return catalogue[static_cast<std::size_t>(row)].StockIndex == row;
 }
 
+/// The head row of a product: the first one whose code begins with `productCode`, or -1. "C8010" finds its left hand.
+int FindHeadRow(const Catalogue& catalogue, std::string_view productCode);
+
 /// 'L' or 'R' where the code names a hand, else 0.
 char Hand(std::string_view code);
 

@@ -1,0 +1,25 @@
+// Overflow is told, never carried on with.
+#include "stats/limits.h"
+
+#include "platform/fault.h"
+#include "text/number_text.h"
+
+#include <cmath>
+#include <limits>
+
+namespace pistaro {
+
+std::int16_t Count(int value) {
+    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
+        throw Overflow("a count of pieces cannot be " + NumberText(value));
+    }
+    return static_cast<std::int16_t>(value);
+}
+
+float Single(double value) {
+    const auto single = static_cast<float>(value);
+    if (!std::isfinite(single)) throw Overflow("a sum cannot be " + NumberText(value));
+    return single;
+}
+
+} // namespace pistaro
