@@ -17,10 +17,11 @@ namespace {
 
 /// What the arguments say, filled in by the parser.
 struct Arguments {
-    std::optional<std::string> Settings, Background;
+    std::optional<std::string> Settings, Background, OutFolder;
     std::string DesignerCircuit, Circuit, Script, Out;
     int Pixels = 700;
-    bool Numbers = false, Json = false, NoSplash = false;
+    std::string Track = "all";
+    bool IncludeOwned = false, Numbers = false, Json = false, NoSplash = false;
 };
 
 OptionalPath PathIn(const std::string& text) {
@@ -41,6 +42,8 @@ std::string WhyNoPictureFile(const std::string& name) {
     }
 }
 
+int TrackIn(const std::string& text) { return text == "all" ? AllTracks : text.front() - '1'; }
+
 using Job = std::function<void(const VerbContext&)>;
 
 /// Adds the verbs; the one that is named leaves its job in `job`.
@@ -54,11 +57,31 @@ void AddVerbs(CLI::App& app, Arguments& arguments, Job& job) {
         verb->final_callback([&job, verbsJob] { job = verbsJob; });
         return verb;
     };
+    const auto detailOf = [&](CLI::App* verb) {
+        verb->add_option("--track", arguments.Track, "The track: 1, 2, 3 or all")
+            ->check(CLI::IsMember({"1", "2", "3", "all"}));
+        verb->add_flag("--include-owned", arguments.IncludeOwned, "Include already owned track");
+    };
+    const auto detail = [&] { return DetailOptions{TrackIn(arguments.Track), arguments.IncludeOwned}; };
     const auto circuit = [&] { return PathFromText(arguments.Circuit); };
 
     circuitOf(add("layout", "Print where every piece lies, as JSON",
                   [circuit](const VerbContext& context) { LayoutVerb(context, circuit()); }),
               true);
+
+    CLI::App* const stats = add(
+        "stats", "Print lengths, prices, counts and design checks",
+        [&, circuit, detail](const VerbContext& context) { StatsVerb(context, circuit(), detail(), arguments.Json); });
+    circuitOf(stats, true);
+    detailOf(stats);
+    jsonOf(stats);
+
+    CLI::App* const shop = add("shop", "Write the shopping list", [&, circuit, detail](const VerbContext& context) {
+        ShopVerb(context, circuit(), detail(), PathIn(arguments.OutFolder));
+    });
+    circuitOf(shop, true);
+    detailOf(shop);
+    shop->add_option("--out", arguments.OutFolder, "The folder that the list is written into");
 
     CLI::App* const picture =
         add("picture", "Draw the circuit into a picture file", [&, circuit](const VerbContext& context) {

@@ -6,10 +6,12 @@
 #include "cli/script.h"
 #include "cli/settings_json.h"
 #include "cli/start.h"
+#include "cli/stats_json.h"
 #include "editor/circuit_commands.h"
 #include "imaging/circuit_picture.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
+#include "stats/shopping_list.h"
 #include "storage/line_reader.h"
 
 #include <fstream>
@@ -26,6 +28,22 @@ constexpr std::size_t MostPictureBytes = 256 << 20;
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit) {
     const Project project = StartWithCircuit(context, circuit);
     context.Output << Line(LayoutJson(project.Layout)) << '\n';
+}
+
+void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
+               bool json) {
+    const Project project = StartWithCircuit(context, circuit);
+    const Detail detail = ShowDetail(project, options.Track, options.IncludeOwned);
+    context.Output << (json ? Line(StatsJson(project, detail)) + '\n' : StatsTable(project, detail));
+}
+
+void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
+              const OptionalPath& folder) {
+    const Project project = StartWithCircuit(context, circuit);
+    const Detail detail = ShowDetail(project, options.Track, options.IncludeOwned);
+    const std::filesystem::path list = folder.value_or(circuit.parent_path()) / ShoppingListName;
+    ReplaceFile(list, ShoppingListBytes(project, detail));
+    context.Output << TextFromPath(list) << '\n';
 }
 
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options) {

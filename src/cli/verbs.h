@@ -28,7 +28,18 @@ struct PictureOptions {
     OptionalPath Background;
 };
 
+/// What the detail of the statistics shows.
+struct DetailOptions {
+    int Track = AllTracks; ///< 0..2, or AllTracks
+    bool IncludeOwned = false;
+};
+
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit);
+void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
+               bool json);
+/// Into `folder`, or the circuit's own.
+void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
+              const OptionalPath& folder);
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options);
 /// `script` is a file, or "-" for the standard input.
 void ScriptVerb(const VerbContext& context, const std::string& script, const OptionalPath& circuit);

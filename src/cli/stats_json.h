@@ -1,0 +1,17 @@
+// The statistics as JSON and as a table for a person.
+#pragma once
+
+#include "cli/json.h"
+#include "model/project.h"
+#include "stats/detail.h"
+
+#include <string>
+
+namespace pistaro {
+
+/// The frames' texts, the design checks and this detail.
+Json StatsJson(const Project& project, const Detail& detail);
+
+std::string StatsTable(const Project& project, const Detail& detail);
+
+} // namespace pistaro
