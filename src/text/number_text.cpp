@@ -1,9 +1,9 @@
-// Number texts by the printf family's rounding, brought into the short form without a leading zero.
+// Number texts by the standard library's rounding, brought into the short form without a leading zero.
 #include "text/number_text.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <limits>
 #include <locale>
@@ -13,7 +13,7 @@ namespace pistaro {
 
 namespace {
 
-/// Sign, digits without trailing zeros, and the power of ten of the first digit: what "%.*e" prints, taken apart.
+/// Sign, digits without trailing zeros, and the power of ten of the first digit: "d.ddde+xx" taken apart.
 struct Decimal {
     bool Negative;
     std::string Digits;
@@ -22,14 +22,19 @@ struct Decimal {
 
 Decimal TakeApart(double value, int significantDigits) {
     std::array<char, 40> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), "%.*e", significantDigits - 1, std::fabs(value));
-    const std::string_view printed = buffer.data();
+    // Whatever the user's locale: its decimal point has no place in a file.
+    const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                          std::chars_format::scientific, significantDigits - 1)
+                                .ptr;
+    const std::string_view printed(buffer.data(), end);
     const std::size_t e = printed.find('e');
-    std::string digits(1, printed[0]);
-    if (e > 2) digits += printed.substr(2, e - 2); // whatever the decimal point of the locale is
-    const std::size_t last = digits.find_last_not_of('0');
-    digits.resize(last == std::string::npos ? 1 : last + 1);
-    return {std::signbit(value), digits, std::atoi(printed.data() + e + 1)};
+    std::string digits(printed.substr(0, e));
+    std::erase(digits, '.');
+    digits.resize(digits.find_last_not_of('0') + 1);
+    int exponent = 0;
+    const std::size_t afterSign = e + 2;
+    std::from_chars(printed.data() + afterSign, end, exponent);
+    return {std::signbit(value), digits, printed[e + 1] == '-' ? -exponent : exponent};
 }
 
 std::string Plain(const Decimal& number) {
@@ -44,13 +49,14 @@ std::string Plain(const Decimal& number) {
 std::string WithExponent(const Decimal& number) {
     std::string text = number.Digits.substr(0, 1);
     if (number.Digits.size() > 1) text += '.' + number.Digits.substr(1);
-    std::array<char, 16> exponent{};
-    std::snprintf(exponent.data(), exponent.size(), "E%+03d", number.Exponent);
-    return text + exponent.data();
+    const std::string exponent = std::to_string(std::abs(number.Exponent));
+    return text + (number.Exponent < 0 ? "E-" : "E+") + (exponent.size() < 2 ? "0" : "") + exponent;
 }
 
 std::string ShortestText(double value, int significantDigits) {
     if (value == 0) return "0";
+    if (std::isnan(value)) return "NAN";
+    if (std::isinf(value)) return value < 0 ? "-INF" : "INF";
     const Decimal number = TakeApart(value, significantDigits);
     const bool plain = number.Exponent >= -4 && number.Exponent < significantDigits;
     return (number.Negative ? "-" : "") + (plain ? Plain(number) : WithExponent(number));

@@ -7,7 +7,8 @@
 namespace pistaro {
 
 /// The shortest decimal text of a value, at most 7 significant digits: "12", "-3.5", ".25"; from 1E-04 to below 1E+07
-/// plain, else with an exponent of at least two digits ("1.192093E-07"). Minus zero is "0".
+/// plain, else with an exponent of at least two digits ("1.192093E-07"). Minus zero is "0"; a value that is not finite
+/// is "INF", "-INF" or "NAN", which reads back as 0.
 std::string NumberText(float value);
 
 /// The same for a double: at most 15 significant digits, plain from 1E-04 to below 1E+15.

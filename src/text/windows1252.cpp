@@ -46,6 +46,8 @@ char32_t TakeCharacter(std::string_view& text) {
         whole = (byteAt(i) & 0xC0) == 0x80;
         c = (c << 6) | (byteAt(i) & 0x3FU);
     }
+    constexpr std::array<char32_t, 5> leastOfLength{0, 0, 0x80, 0x800, 0x10000};
+    whole = whole && c >= leastOfLength[length]; // else it hides a shorter character
     text.remove_prefix(whole ? length : 1);
     return whole ? c : Broken;
 }
