@@ -20,13 +20,17 @@ namespace pistaro {
 
 namespace {
 
+std::filesystem::path FolderOf(const std::filesystem::path& path) {
+    return path.has_parent_path() ? path.parent_path() : ".";
+}
+
 Fault FileFault(int error, const std::filesystem::path& path) {
     const std::string name = path.string();
+    std::error_code ignored;
     switch (error) {
     case ENOENT:
-        return std::filesystem::exists(path.parent_path().empty() ? "." : path.parent_path())
-                   ? Fault("File not found", name)
-                   : Fault("Path not found", name);
+        return std::filesystem::exists(FolderOf(path), ignored) ? Fault("File not found", name)
+                                                                : Fault("Path not found", name);
     case ENOTDIR:
         return {"Path not found", name};
     case EACCES:
@@ -74,21 +78,38 @@ bool WriteAll(int descriptor, std::string_view bytes) {
     return true;
 }
 
-/// The access rights of the file to be replaced, or those that a new file gets.
-mode_t ModeFor(const std::filesystem::path& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) == 0) return status.st_mode & 07777;
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
+/// Where the link `path` leads in the end, or `path` itself: a link stays a link when its file is replaced or made.
+std::filesystem::path LinkTarget(std::filesystem::path path) {
+    constexpr int mostLinks = 40;
+    for (int links = 0; links < mostLinks; ++links) {
+        std::error_code noLink;
+        const auto target = std::filesystem::read_symlink(path, noLink);
+        if (noLink) return path;
+        path = path.parent_path() / target;
+    }
+    throw FileFault(ELOOP, path);
 }
 
-/// Where the link `path` leads in the end, or `path` itself: a link stays a link when its file is replaced.
-std::filesystem::path LinkTarget(const std::filesystem::path& path) {
-    std::error_code error;
-    if (!std::filesystem::is_symlink(path, error)) return path;
-    const auto target = std::filesystem::weakly_canonical(path, error);
-    return error ? path : target;
+/// Gives a new file the rights of the one that it replaces, and its owner where the system lets us; or, where there is
+/// none, those that a new file gets.
+bool TakeRights(int descriptor, const std::filesystem::path& target) {
+    struct stat old {};
+    if (::stat(target.c_str(), &old) != 0) {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        return ::fchmod(descriptor, 0666 & ~mask) == 0;
+    }
+    const bool ownerKept = ::fchown(descriptor, old.st_uid, old.st_gid) == 0;
+    return ::fchmod(descriptor, old.st_mode & (ownerKept ? 07777 : 0777)) == 0;
+}
+
+/// Faults where a file stands that must not be replaced.
+void CheckReplaceable(const std::filesystem::path& target) {
+    struct stat old {};
+    if (::stat(target.c_str(), &old) != 0) return;
+    if (S_ISDIR(old.st_mode)) throw FileFault(EISDIR, target);
+    if (!S_ISREG(old.st_mode)) throw Fault("Path/File access error", target.string() + ": is not a plain file");
+    if (::access(target.c_str(), W_OK) != 0) throw FileFault(errno, target);
 }
 
 std::string Environment(const char* name) {
@@ -145,6 +166,8 @@ std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
     struct stat status {};
     if (::fstat(file.Number(), &status) != 0) throw FileFault(errno, path);
     if (S_ISDIR(status.st_mode)) throw FileFault(EISDIR, path);
+    // Opening must not wait for a pipe that nobody writes to, reading shall wait for one that somebody does.
+    ::fcntl(file.Number(), F_SETFL, 0);
     std::string bytes;
     std::array<char, 65536> buffer{};
     for (;;) {
@@ -161,22 +184,19 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
     // Past a size limit the write shall fail, not end the program.
     std::signal(SIGXFSZ, SIG_IGN);
     const std::filesystem::path target = LinkTarget(path);
-    if (std::filesystem::is_directory(target)) throw FileFault(EISDIR, path);
-    if (::access(target.c_str(), F_OK) == 0 && ::access(target.c_str(), W_OK) != 0) throw FileFault(errno, path);
-    const mode_t mode = ModeFor(target);
-    std::string temporary = (target.parent_path() / ("." + target.filename().string() + ".XXXXXX")).string();
+    CheckReplaceable(target);
+    std::string temporary = (FolderOf(target) / ".pistaro-XXXXXX").string(); // short: names have a longest length
     Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
-    if (!file.IsOpen()) throw FileFault(errno, path);
-    const bool done = WriteAll(file.Number(), bytes) && ::fchmod(file.Number(), mode) == 0 &&
+    if (!file.IsOpen()) throw FileFault(errno, target);
+    const bool done = WriteAll(file.Number(), bytes) && TakeRights(file.Number(), target) &&
                       ::fsync(file.Number()) == 0 && file.Close() == 0 &&
                       ::rename(temporary.c_str(), target.c_str()) == 0;
     if (!done) {
         const int error = errno;
         ::unlink(temporary.c_str());
-        throw FileFault(error, path);
+        throw FileFault(error, target);
     }
-    const auto folder = target.parent_path().empty() ? std::filesystem::path(".") : target.parent_path();
-    const Descriptor entry(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor entry(::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (entry.IsOpen()) ::fsync(entry.Number()); // the rename itself, too
 }
 

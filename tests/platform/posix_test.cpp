@@ -1,0 +1,358 @@
+// What only Linux and its kin have: rights, links, pipes, size limits, signals. Refusals are tried as a user without
+// privileges, because to root the system refuses little.
+#include "platform/fault.h"
+#include "platform/platform.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <random>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace pistaro {
+namespace {
+
+constexpr uid_t Nobody = 65534;
+
+std::string FaultOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Fault& fault) {
+        return fault.what();
+    } catch (const std::exception& other) {
+        return std::string("not a fault: ") + other.what();
+    }
+    return "no fault";
+}
+
+/// The fault that `action` ends with in a child process, after `prepare` there.
+std::string FaultInChild(const std::function<void()>& prepare, const std::function<void()>& action) {
+    std::array<int, 2> ends{};
+    if (::pipe(ends.data()) != 0) return "no pipe";
+    const pid_t child = ::fork();
+    if (child == 0) {
+        prepare();
+        const std::string fault = FaultOf(action);
+        ::_exit(::write(ends[1], fault.data(), fault.size()) < 0 ? 1 : 0);
+    }
+    ::close(ends[1]);
+    std::string fault;
+    std::array<char, 1024> buffer{};
+    for (ssize_t count = 0; (count = ::read(ends[0], buffer.data(), buffer.size())) > 0;)
+        fault.append(buffer.data(), static_cast<std::size_t>(count));
+    ::close(ends[0]);
+    ::waitpid(child, nullptr, 0);
+    return fault;
+}
+
+void DropPrivileges() {
+    if (::geteuid() != 0) return;
+    if (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0) ::_exit(2);
+}
+
+std::string FaultAsOrdinaryUser(const std::function<void()>& action) { return FaultInChild(DropPrivileges, action); }
+
+mode_t RightsOf(const std::filesystem::path& file) {
+    struct stat status {};
+    return ::stat(file.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+std::size_t FilesIn(const std::filesystem::path& folder) {
+    const std::filesystem::directory_iterator files(folder);
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+}
+
+/// A folder with these rights for as long as it lives; then it can be removed.
+class FolderWithRights {
+public:
+    FolderWithRights(const std::filesystem::path& path, mode_t rights) : path_(path) {
+        std::filesystem::create_directory(path);
+        ::chmod(path.c_str(), 0777);
+        WriteBytes(path / "a.trk", "old");
+        ::chmod((path / "a.trk").c_str(), 0666);
+        ::chmod(path.c_str(), rights);
+    }
+    ~FolderWithRights() { ::chmod(path_.c_str(), 0777); }
+    FolderWithRights(const FolderWithRights&) = delete;
+    FolderWithRights& operator=(const FolderWithRights&) = delete;
+
+private:
+    std::filesystem::path path_;
+};
+
+TEST(Rights, AFileThatMayNotBeReadIsRefused) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.trk";
+    WriteBytes(file, "secret");
+    ::chmod(file.c_str(), 0);
+
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { ReadFile(file, 100); }), "Permission denied: " + file.string());
+}
+
+TEST(Rights, AFileInAFolderThatMayNotBeWrittenKeepsItsBytes) {
+    const TemporaryFolder folder;
+    const auto file = folder / "sub" / "a.trk";
+    const FolderWithRights readOnly(folder / "sub", 0555);
+
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { ReplaceFile(file, "new"); }), "Permission denied: " + file.string());
+    EXPECT_EQ(BytesOf(file), "old");
+    EXPECT_EQ(FilesIn(folder / "sub"), 1U);
+}
+
+TEST(Rights, AReadOnlyFileIsNotReplacedThoughItsFolderWouldAllowIt) {
+    const TemporaryFolder folder;
+    const auto file = folder / "sub" / "a.trk";
+    const FolderWithRights writable(folder / "sub", 0777);
+    ::chmod(file.c_str(), 0444);
+
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { ReplaceFile(file, "new"); }), "Permission denied: " + file.string());
+    EXPECT_EQ(BytesOf(file), "old");
+    EXPECT_EQ(FilesIn(folder / "sub"), 1U);
+}
+
+TEST(Rights, AFolderThatMayNotBeEnteredIsAFaultLikeAnother) {
+    const TemporaryFolder folder;
+    const auto file = folder / "sub" / "a.trk";
+    const FolderWithRights closed(folder / "sub", 0);
+
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { ReadFile(file, 100); }), "Permission denied: " + file.string());
+    EXPECT_EQ(FaultAsOrdinaryUser([&] { ReplaceFile(file, "new"); }), "Permission denied: " + file.string());
+}
+
+TEST(Rights, AFileSystemThatTakesNoFilesIsAFaultForRootToo) {
+    EXPECT_NE(FaultOf([] { ReplaceFile("/proc/pistaro.trk", "new"); }), "no fault");
+    EXPECT_FALSE(std::filesystem::exists("/proc/pistaro.trk"));
+}
+
+TEST(Rights, AReplacedFileKeepsThem) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.trk";
+    WriteBytes(file, "old");
+    for (const mode_t rights : {0600U, 0640U, 0664U, 0755U}) {
+        ::chmod(file.c_str(), rights);
+
+        ReplaceFile(file, "new");
+
+        EXPECT_EQ(RightsOf(file), rights);
+    }
+}
+
+TEST(Rights, ANewFileGetsThoseThatTheUserGivesNewFiles) {
+    const TemporaryFolder folder;
+    const mode_t before = ::umask(027);
+
+    ReplaceFile(folder / "a.trk", "new");
+
+    ::umask(before);
+    EXPECT_EQ(RightsOf(folder / "a.trk"), 0640U);
+}
+
+TEST(Rights, AFileThatRootReplacesStaysItsOwners) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can give a file to somebody else";
+    const TemporaryFolder folder;
+    const auto file = folder / "a.trk";
+    WriteBytes(file, "old");
+    ASSERT_EQ(::chown(file.c_str(), Nobody, Nobody), 0);
+
+    ReplaceFile(file, "new");
+
+    struct stat status {};
+    ASSERT_EQ(::stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, Nobody);
+    EXPECT_EQ(status.st_gid, Nobody);
+}
+
+TEST(FullDisk, LeavesTheOldFileAndNothingElse) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.trk";
+    WriteBytes(file, "old");
+    const auto limitFileSize = [] {
+        const rlimit limit{1000, 1000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    };
+
+    const std::string fault = FaultInChild(limitFileSize, [&] { ReplaceFile(file, std::string(5000, 'x')); });
+
+    EXPECT_EQ(fault, "Disk full: " + file.string());
+    EXPECT_EQ(BytesOf(file), "old");
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+
+TEST(Links, StayLinksWhenTheirFileIsReplaced) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "sub");
+    WriteBytes(folder / "sub" / "a.trk", "old");
+    std::filesystem::create_symlink("sub/a.trk", folder / "relative");
+    std::filesystem::create_symlink(folder / "relative", folder / "absolute");
+
+    ReplaceFile(folder / "absolute", "new");
+
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "absolute"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "relative"));
+    EXPECT_EQ(BytesOf(folder / "sub" / "a.trk"), "new");
+}
+
+TEST(Links, LeadToAFileThatIsNotThereYet) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "sub");
+    std::filesystem::create_symlink("sub/a.trk", folder / "link");
+
+    ReplaceFile(folder / "link", "new");
+
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+    EXPECT_EQ(BytesOf(folder / "sub" / "a.trk"), "new");
+}
+
+TEST(Links, ThatLeadInACircleAreRefused) {
+    const TemporaryFolder folder;
+    std::filesystem::create_symlink("b", folder / "a");
+    std::filesystem::create_symlink("a", folder / "b");
+
+    EXPECT_TRUE(FaultOf([&] { ReplaceFile(folder / "a", "new"); }).starts_with("Path/File access error: "));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "a"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "b"));
+}
+
+TEST(Pipes, AreNotReplacedByFiles) {
+    const TemporaryFolder folder;
+    const auto pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0666), 0);
+
+    EXPECT_EQ(FaultOf([&] { ReplaceFile(pipe, "new"); }),
+              "Path/File access error: " + pipe.string() + ": is not a plain file");
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+}
+
+TEST(Pipes, ThatNobodyWritesToAreEmpty) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
+
+    EXPECT_EQ(ReadFile(folder / "pipe", 100), "");
+}
+
+TEST(Pipes, AreReadUntilTheirWriterEnds) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe(ends.data()), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::close(ends[0]);
+        for (const char* const part : {"one ", "two"}) {
+            ::usleep(20000);
+            if (::write(ends[1], part, std::char_traits<char>::length(part)) < 0) ::_exit(1);
+        }
+        ::_exit(0);
+    }
+    ::close(ends[1]);
+
+    const std::string bytes = ReadFile("/dev/fd/" + std::to_string(ends[0]), 100);
+
+    EXPECT_EQ(bytes, "one two");
+    ::close(ends[0]);
+    ::waitpid(child, nullptr, 0);
+}
+
+TEST(Devices, ThatNeverEndAreTooLarge) {
+    EXPECT_EQ(FaultOf([] { ReadFile("/dev/zero", 1 << 20); }), "File too large: /dev/zero");
+}
+
+TEST(Kill, LeavesTheOldFileOrTheNewOneWhole) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.trk";
+    const std::array<std::string, 2> contents{std::string(60000, 'a'), std::string(40000, 'b')};
+    WriteBytes(file, contents[0]);
+    const auto seed = std::random_device{}();
+    std::mt19937 random(seed);
+    std::array<int, 2> seen{};
+    for (int round = 0; round < 300; ++round) {
+        std::array<int, 2> ends{};
+        ASSERT_EQ(::pipe(ends.data()), 0);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            for (std::size_t turn = 1;; ++turn) {
+                if (::write(ends[1], "!", 1) != 1) ::_exit(1);
+                ReplaceFile(file, contents[turn % 2]);
+            }
+        }
+        char started = 0;
+        ASSERT_EQ(::read(ends[0], &started, 1), 1);
+        ::usleep(static_cast<useconds_t>(random() % 2000));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        ::close(ends[0]);
+        ::close(ends[1]);
+
+        const std::string bytes = BytesOf(file);
+
+        const bool first = bytes == contents[0];
+        ASSERT_TRUE(first || bytes == contents[1]) << bytes.size() << " bytes, round " << round << ", seed " << seed;
+        ++seen[first ? 0 : 1];
+    }
+    EXPECT_GT(seen[0], 0) << "every kill came before the first write, seed " << seed;
+    EXPECT_GT(seen[1], 0) << "every kill came before the first write, seed " << seed;
+}
+
+class Places : public testing::Test {
+protected:
+    void SetUp() override {
+        ::setenv("HOME", home.Path().c_str(), 1);
+        ::unsetenv("XDG_CONFIG_HOME");
+    }
+    void TearDown() override { ::setenv("HOME", before.c_str(), 1); }
+
+    TemporaryFolder home;
+    std::string before = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
+};
+
+TEST_F(Places, TheSettingsStandInTheUsersConfiguration) {
+    EXPECT_EQ(SettingsPath(), home.Path() / ".config" / "pistaro" / "corvel.ini");
+
+    ::setenv("XDG_CONFIG_HOME", "/etc/elsewhere", 1);
+
+    EXPECT_EQ(SettingsPath(), "/etc/elsewhere/pistaro/corvel.ini");
+    ::unsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(Places, TheDocumentsFolderIsTheDesktopsOwn) {
+    EXPECT_EQ(DocumentsFolder(), home.Path() / "Documents");
+
+    std::filesystem::create_directory(home / ".config");
+    WriteBytes(home.Path() / ".config" / "user-dirs.dirs",
+               "# made by the desktop\nXDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
+    EXPECT_EQ(DocumentsFolder(), home.Path() / "Dokumente");
+
+    WriteBytes(home.Path() / ".config" / "user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"/srv/docs\"\n");
+    EXPECT_EQ(DocumentsFolder(), "/srv/docs");
+}
+
+TEST(Programs, AreStartedWithTheirArgument) {
+    const TemporaryFolder folder;
+    const auto file = folder / "made by touch";
+
+    StartProgram("touch", file.string());
+
+    for (int i = 0; i < 1000 && !std::filesystem::exists(file); ++i)
+        ::usleep(10000);
+    EXPECT_TRUE(std::filesystem::exists(file));
+}
+
+TEST(Programs, ThatAreMissingAreAFault) {
+    EXPECT_EQ(FaultOf([] { StartProgram("/no/such/program", ""); }),
+              "Program not started: /no/such/program: No such file or directory");
+}
+
+TEST(Programs, WebPagesAreShownByTheDesktopsChoice) {
+    EXPECT_EQ(FindHtmlViewer(), "xdg-open");
+    EXPECT_EQ(ShortPath("/tmp/guide.html"), "/tmp/guide.html");
+}
+
+} // namespace
+} // namespace pistaro
