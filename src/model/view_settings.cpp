@@ -5,19 +5,12 @@
 #include "text/number_text.h"
 
 #include <cmath>
-#include <limits>
 
 namespace pistaro {
 
 namespace {
 
-int BarNumber(double value) {
-    const double rounded = RoundHalfEven(value);
-    if (!(std::fabs(rounded) <= std::numeric_limits<int>::max())) {
-        throw Overflow("a scroll bar cannot stand at " + NumberText(value));
-    }
-    return static_cast<int>(rounded);
-}
+int BarNumber(double value) { return static_cast<int>(RoundHalfEven(value)); }
 
 } // namespace
 
@@ -27,12 +20,19 @@ ViewRectangle ShownRectangle(const ViewSettings& view) {
             static_cast<float>(view.MidX + half), static_cast<float>(view.MidY - half)};
 }
 
+bool IsBarPlace(double place) { return std::fabs(place) <= FarthestBarPlace; }
+
 ScrollBar BarAround(double centre, double reach, double value) {
+    for (const double place : {centre, reach, value}) {
+        if (!IsBarPlace(place)) throw Overflow("a scroll bar cannot stand at " + NumberText(place));
+    }
     return {BarNumber(centre - reach), BarNumber(centre + reach), BarNumber(value)};
 }
 
 std::string LengthLabel(double length, const Units& units) {
-    return NumberText(std::floor(length * 10 / units.UnitFactor()) / 10);
+    // To single first: a length of 150.7 is a little less than that, and shall not be cut to 150.6.
+    const auto tenths = static_cast<float>(length * 10 / units.UnitFactor());
+    return NumberText(std::floor(tenths) / 10);
 }
 
 std::string AreaLabel(double width, const Units& units) {

@@ -35,7 +35,11 @@ struct ViewRectangle {
 /// The square of the view's width around its centre.
 ViewRectangle ShownRectangle(const ViewSettings& view);
 
-/// Sets a bar to centre - reach .. centre + reach, rounded, and to the given value. Faults outside 32 bits.
+/// How far from 0 a bar's centre, reach and value may lie, cm: the sum of two still fits its numbers.
+inline constexpr double FarthestBarPlace = 1 << 30;
+bool IsBarPlace(double place);
+
+/// Sets a bar to centre - reach .. centre + reach, rounded, and to the given value. Fault beyond FarthestBarPlace.
 ScrollBar BarAround(double centre, double reach, double value);
 
 enum class GridType : std::int16_t { None = 0, Lines = 1, Dots = 2 };

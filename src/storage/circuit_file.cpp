@@ -15,13 +15,13 @@ constexpr std::string_view TrackHeader = "[Track";
 
 ViewSettings ReadView(LineReader& lines) {
     lines.Next("[Settings]");
-    const float centreX = lines.NextSingle("the centre X");
-    const float centreY = lines.NextSingle("the centre Y");
+    const float centreX = lines.BarPlaceIn(lines.Next("the centre X"));
+    const float centreY = lines.BarPlaceIn(lines.Next("the centre Y"));
     ViewSettings view;
-    view.MidX = lines.NextSingle("the current X");
-    view.MidY = lines.NextSingle("the current Y");
+    view.MidX = lines.BarPlaceIn(lines.Next("the current X"));
+    view.MidY = lines.BarPlaceIn(lines.Next("the current Y"));
     view.Width = lines.NextSingle("the window width");
-    view.MWid = lines.NextSingle("the largest displacement");
+    view.MWid = lines.BarPlaceIn(lines.Next("the largest displacement"));
     view.HMov = BarAround(centreX, view.MWid, view.MidX);
     view.VMov = BarAround(centreY, view.MWid, view.MidY);
     return view;
@@ -58,7 +58,7 @@ private:
 };
 
 void WriteView(Lines& lines, const ViewSettings& view) {
-    const double reach = (double{static_cast<double>(view.VMov.Maximum)} - view.VMov.Minimum) / 2;
+    const double reach = (static_cast<double>(view.VMov.Maximum) - view.VMov.Minimum) / 2;
     lines << "[Settings]" << NumberText(view.HMov.Minimum + reach) << NumberText(view.VMov.Minimum + reach)
           << NumberText(view.HMov.Value) << NumberText(view.VMov.Value) << NumberText(view.Width) << NumberText(reach);
 }

@@ -1,6 +1,7 @@
 // Lines and the numbers in them.
 #include "storage/line_reader.h"
 
+#include "model/view_settings.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -47,6 +48,12 @@ double LineReader::DoubleIn(std::string_view text) const {
 float LineReader::SingleIn(std::string_view text) const {
     const auto value = static_cast<float>(DoubleIn(text));
     if (!std::isfinite(value)) throw Overflow(Here("the number is too large"));
+    return value;
+}
+
+float LineReader::BarPlaceIn(std::string_view text) const {
+    const float value = SingleIn(text);
+    if (!IsBarPlace(value)) throw Overflow(Here("a scroll bar cannot stand at " + NumberText(value)));
     return value;
 }
 

@@ -26,9 +26,11 @@ public:
     /// The next line as a number. Faults outside the type's range.
     float NextSingle(const std::string& wanted);
 
-    /// A number that stands in the line read last, from its column `skipped` on. Faults outside the type's range.
+    /// The number that `text`, a part of the line read last, begins with. Faults outside the type's range.
     double DoubleIn(std::string_view text) const;
     float SingleIn(std::string_view text) const;
+    /// A single at which a scroll bar can stand.
+    float BarPlaceIn(std::string_view text) const;
     std::int16_t IntegerIn(std::string_view text) const;
     std::int32_t LongIn(std::string_view text) const;
 

@@ -14,22 +14,29 @@ namespace {
 
 constexpr const char* IncompleteFile = "CORVEL.INI incomplete, missing values defaulted to zero!";
 
-/// What follows the key in the next line.
-std::string_view NextValue(LineReader& lines, std::string_view key) {
-    const std::string_view line = lines.Next(std::string(key));
+/// What follows the key in the line read last.
+std::string_view ValueIn(std::string_view line, std::string_view key, const LineReader& lines) {
     if (line.size() < key.size()) throw InvalidProcedureCall(lines.Here("the value line is too short"));
     return line.substr(key.size());
 }
+
+std::string_view NextValue(LineReader& lines, std::string_view key) {
+    return ValueIn(lines.Next(std::string(key)), key, lines);
+}
+
+void WarnOfMissingValues(Settings& settings) { settings.Messages.push_back({Icon::Exclamation, IncompleteFile}); }
 
 void ReadWorkingDirectory(LineReader& lines, Settings& settings) {
     settings.WorkingDirectory = Utf8FromWindows1252(lines.Next("the working directory"));
 }
 
 void ReadView(LineReader& lines, Settings& settings) {
-    settings.MidX = lines.SingleIn(NextValue(lines, "MidX="));
-    settings.MidY = lines.SingleIn(NextValue(lines, "MidY="));
-    settings.Zoom = lines.DoubleIn(NextValue(lines, "Zoom="));
-    settings.MWid = lines.SingleIn(NextValue(lines, "MWid="));
+    settings.MidX = lines.BarPlaceIn(NextValue(lines, "MidX="));
+    settings.MidY = lines.BarPlaceIn(NextValue(lines, "MidY="));
+    const std::string_view zoom = NextValue(lines, "Zoom=");
+    lines.SingleIn(zoom); // the view's width is a single
+    settings.Zoom = lines.DoubleIn(zoom);
+    settings.MWid = lines.BarPlaceIn(NextValue(lines, "MWid="));
 }
 
 void ReadUnits(LineReader& lines, Settings& settings) {
@@ -45,8 +52,14 @@ void ReadGrid(LineReader& lines, Settings& settings) {
 void ReadRoom(LineReader& lines, Settings& settings) { settings.Room = ReadRoomBlock(lines); }
 
 void ReadColours(LineReader& lines, Settings& settings) {
-    for (const ColourSlot& slot : ColourSlots)
-        settings.Colours.*slot.Slot = lines.LongIn(NextValue(lines, slot.Key));
+    for (const ColourSlot& slot : ColourSlots) {
+        const std::string_view line = lines.Next(slot.Key);
+        if (line.empty()) {
+            WarnOfMissingValues(settings);
+            return;
+        }
+        settings.Colours.*slot.Slot = lines.LongIn(ValueIn(line, slot.Key, lines));
+    }
 }
 
 /// The first head row whose code begins with the key, as far as blanks behind the code reach; -1 if there is none.
@@ -68,7 +81,7 @@ void ReadStockLines(LineReader& lines, Settings& settings, Store store) {
     for (int i = 0; i < CatalogueShapeCount; ++i) {
         const std::string_view line = lines.Next("a product");
         if (line.empty()) {
-            settings.Messages.push_back({Icon::Exclamation, IncompleteFile});
+            WarnOfMissingValues(settings);
             return;
         }
         const std::size_t equals = line.find('=');

@@ -9,9 +9,9 @@
 
 namespace pistaro {
 
-/// Parses a whole file into settings that start at zero, with a warning where an owned-track or price section ends in
-/// an empty line. Faults name `name` and the line: a file that ends inside a section, a value line shorter than its
-/// key, a number out of range.
+/// Parses a whole file into settings that start at zero, with a warning where an owned-track, price or colour section
+/// ends in an empty line. Faults name `name` and the line: a file that ends inside a section, a value line shorter than
+/// its key, a number out of range.
 Settings ParseSettings(std::string_view bytes, const std::string& name);
 
 /// Reads and parses a file; the same faults and those of reading.
