@@ -22,9 +22,16 @@ struct Direction {
 
 Direction Towards(double heading) { return {std::cos(heading), std::sin(heading)}; }
 
-WorldPoint Moved(WorldPoint from, double distance, Direction direction) {
-    return {static_cast<float>(from.X + distance * direction.X), static_cast<float>(from.Y + distance * direction.Y)};
+/// A point that is not stored: a curve's centre rounded to single would add its error to the chain's at every piece.
+struct ExactPoint {
+    double X, Y;
+};
+
+ExactPoint Moved(ExactPoint from, double distance, Direction direction) {
+    return {from.X + distance * direction.X, from.Y + distance * direction.Y};
 }
+
+WorldPoint Rounded(ExactPoint point) { return {static_cast<float>(point.X), static_cast<float>(point.Y)}; }
 
 /// The picture's own coordinates of a straight: so far along the travel, so far across from the reference edge.
 class StraightFrame {
@@ -64,7 +71,7 @@ ArcAngles ShortWayRound(double first, double second, double swapThreshold) {
 PiecePlacement PlaceCurve(const PieceKind& kind, const BuildCursor& cursor) {
     const bool right = kind.Shape == PieceShape::RightCurve;
     const double heading = cursor.CursorHeading;
-    const WorldPoint corner1{cursor.CursorX, cursor.CursorY};
+    const ExactPoint corner1{cursor.CursorX, cursor.CursorY};
     const Direction across = Towards(heading);
 
     // The reference edge is the outer one of a right-hand curve and the inner one of a left-hand curve: both end on the
@@ -72,20 +79,21 @@ PiecePlacement PlaceCurve(const PieceKind& kind, const BuildCursor& cursor) {
     const double side = right ? -1 : 1;
     const double referenceRadius = right ? kind.OuterRadius : kind.InnerRadius;
     const double otherRadius = right ? kind.InnerRadius : kind.OuterRadius;
-    const WorldPoint centre = Moved(corner1, -side * referenceRadius, across);
+    const ExactPoint centre = Moved(corner1, -side * referenceRadius, across);
     const double beside = right ? PiValue : 0;
     const ArcAngles angles = ShortWayRound(heading + kind.FirstArcAngle, heading + beside, kind.SwapThreshold);
     const float exitHeading = NormaliseAngle(static_cast<float>(heading + side * kind.Turn));
     const Direction exitAcross = Towards(exitHeading);
 
     PiecePlacement placement;
-    placement.Corners = {corner1, Moved(centre, side * referenceRadius, exitAcross),
-                         Moved(centre, side * otherRadius, exitAcross), Moved(corner1, kind.Width, across)};
+    placement.Corners = {Rounded(corner1), Rounded(Moved(centre, side * referenceRadius, exitAcross)),
+                         Rounded(Moved(centre, side * otherRadius, exitAcross)),
+                         Rounded(Moved(corner1, kind.Width, across))};
     placement.Exit = {placement.Corners[1].X, placement.Corners[1].Y, exitHeading};
     placement.Label = LabelOf(placement.Corners);
 
     const auto addArc = [&](Ink ink, double radius) {
-        placement.Drawing.Add(ink, ArcStroke{centre, radius, angles.Start, angles.End});
+        placement.Drawing.Add(ink, ArcStroke{Rounded(centre), radius, angles.Start, angles.End});
     };
     addArc(Ink::Rail, kind.InnerRadius + kind.LaneInset);
     addArc(Ink::Rail, kind.OuterRadius - kind.LaneInset);
