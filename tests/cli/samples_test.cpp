@@ -1,0 +1,91 @@
+// The sample circuits, found by listing: they load, close, and are what their scripts build.
+#include "editor/circuit_commands.h"
+#include "render/placement.h"
+#include "render/track_gap.h"
+#include "storage/circuit_file.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace pistaro {
+namespace {
+
+std::vector<std::filesystem::path> Samples() {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+        if (entry.path().extension() == ".trk") files.push_back(entry.path());
+    }
+    return files;
+}
+
+Project Loaded(const std::filesystem::path& file) {
+    Project project;
+    LoadCircuit(project, file);
+    return project;
+}
+
+TEST(Samples, AreEight) { EXPECT_EQ(Samples().size(), 8U); }
+
+TEST(Samples, AreSavedAgainByteForByte) {
+    for (const auto& file : Samples()) {
+        EXPECT_EQ(CircuitBytes(Loaded(file)), BytesOf(file)) << file;
+    }
+}
+
+TEST(Samples, CloseWithinTwoCentimetresAndWithoutAKink) {
+    for (const auto& file : Samples()) {
+        const Project project = Loaded(file);
+        EXPECT_FALSE(project.Layout.Tracks[0].ElementCodes.empty()) << file;
+        for (const Track& track : project.Layout.Tracks) {
+            EXPECT_LT(GapOf(track).Distance, 2) << file;
+            EXPECT_NEAR(GapOf(track).Angle, 0, 1e-5) << file;
+        }
+    }
+}
+
+TEST(Samples, HoldOnlyPiecesOfTheCatalogue) {
+    for (const auto& file : Samples()) {
+        for (const Track& track : Loaded(file).Layout.Tracks) {
+            for (const std::string& code : track.ElementCodes) {
+                EXPECT_NE(FindPieceKind(code), nullptr) << file << ": " << code;
+            }
+        }
+    }
+}
+
+TEST(Samples, LieWithinTheirViewWhenOpened) {
+    for (const auto& file : Samples()) {
+        const Project project = Loaded(file);
+        const ViewRectangle shown = ShownRectangle(project.View);
+        for (const Track& track : project.Layout.Tracks) {
+            WalkTrack(track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+                for (const WorldPoint& corner : placement->Corners) {
+                    const bool inside = corner.X > shown.ViewLeft && corner.X < shown.ViewRight &&
+                                        corner.Y > shown.ViewBottom && corner.Y < shown.ViewTop;
+                    EXPECT_TRUE(inside) << file << ": element " << element;
+                }
+            });
+        }
+    }
+}
+
+TEST(Samples, TheGrandPrixHasSixtyPiecesOrMore) {
+    EXPECT_GE(Loaded(SOURCE_FOLDER "/samples/grand-prix.trk").Layout.Tracks[0].ElementCodes.size(), 60U);
+}
+
+TEST(Samples, AreRebuiltByTheirScriptsByteForByte) {
+    const TemporaryFolder folder;
+    const std::string make = "\"" SOURCE_FOLDER "/samples/make\" \"" PROGRAM "\" \"" + folder.Path().string() + "\"";
+    ASSERT_EQ(std::system(make.c_str()), 0); // NOLINT(cert-env33-c): the program under test is run as a user runs it
+
+    for (const auto& file : Samples()) {
+        EXPECT_EQ(BytesOf(folder / file.filename().string()), BytesOf(file)) << file;
+    }
+}
+
+} // namespace
+} // namespace pistaro
