@@ -106,8 +106,7 @@ TEST_F(CommandLine, ARefusedCircuitIsOneLineThatNamesFileAndLine) {
     ExpectRefused(layout("none.trk"), "pistaro: File not found: none.trk");
     ExpectRefused(layout("none/oval.trk"), "pistaro: Path not found: none/oval.trk");
     ExpectRefused(layout("empty.trk"), "pistaro: Input past end of file: empty.trk, line 1: [Settings] is missing");
-    ExpectRefused(layout("short.trk"),
-                  "pistaro: Input past end of file: short.trk, line 5: the current Y is missing");
+    ExpectRefused(layout("short.trk"), "pistaro: Input past end of file: short.trk, line 5: the current Y is missing");
     ExpectRefused(layout("binary.trk"), "pistaro: Bad file format: binary.trk, line 3: this is not a text file");
     ExpectRefused(layout("room.trk"),
                   "pistaro: Subscript out of range: room.trk, line 9: a room has 0 to 20 points, not 21");
@@ -126,8 +125,7 @@ TEST_F(CommandLine, ACircuitLargerThanAnyIsRefused) {
 TEST_F(CommandLine, SettingsThatAreNamedMustBeThere) {
     for (const char* const verb : {"settings", "catalogue"})
         ExpectRefused(program_.Run({verb, "--settings", "none.ini"}), "pistaro: File not found: none.ini");
-    ExpectRefused(program_.Run({"layout", "oval.trk", "--settings", "none.ini"}),
-                  "pistaro: File not found: none.ini");
+    ExpectRefused(program_.Run({"layout", "oval.trk", "--settings", "none.ini"}), "pistaro: File not found: none.ini");
     ExpectRefused(program_.Run({"--settings", "none.ini", "script", "-"}, "state\n"),
                   "pistaro: File not found: none.ini");
 }
@@ -139,9 +137,9 @@ TEST_F(CommandLine, SettingsThatCannotBeReadAreRefused) {
 
     ExpectRefused(program_.Run({"settings", "--settings", "bad.ini"}),
                   "pistaro: Input past end of file: bad.ini, line 3: Step= is missing");
-    ExpectRefused(program_.Run({"layout", "oval.trk"}), "pistaro: Invalid procedure call: " +
-                                                             program_.UsualSettings().string() +
-                                                             ", line 2: the value line is too short");
+    ExpectRefused(program_.Run({"layout", "oval.trk"}),
+                  "pistaro: Invalid procedure call: " + program_.UsualSettings().string() +
+                      ", line 2: the value line is too short");
 }
 
 TEST_F(CommandLine, WarningsGoToTheErrorStreamAndTheStatusStaysZero) {

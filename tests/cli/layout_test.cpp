@@ -40,11 +40,10 @@ TEST_F(Layout, OfAnEmptyCircuitIsThreeTracksWithoutElementsOrGap) {
     const Finished finished = program_.Run({"layout", "x.trk"});
 
     EXPECT_EQ(finished.ExitStatus, 0);
-    EXPECT_EQ(finished.Output,
-              R"({"tracks":[{"track":1,"start":[0,0,0],"elements":[],"end":[0,0,0],"gap":null},)"
-              R"({"track":2,"start":[15.5,0,0],"elements":[],"end":[15.5,0,0],"gap":null},)"
-              R"({"track":3,"start":[-15.5,0,0],"elements":[],"end":[-15.5,0,0],"gap":null}]})"
-              "\n");
+    EXPECT_EQ(finished.Output, R"({"tracks":[{"track":1,"start":[0,0,0],"elements":[],"end":[0,0,0],"gap":null},)"
+                               R"({"track":2,"start":[15.5,0,0],"elements":[],"end":[15.5,0,0],"gap":null},)"
+                               R"({"track":3,"start":[-15.5,0,0],"elements":[],"end":[-15.5,0,0],"gap":null}]})"
+                               "\n");
 }
 
 TEST_F(Layout, OfAStraightHasExactFiguresAndKeysInTheirOrder) {
@@ -119,8 +118,8 @@ TEST_F(Layout, WritesEachSingleWithTheFewestDigits) {
         // Nine significant digits tell any two singles apart.
         if (digits.find('.') != std::string::npos) {
             ++numbers;
-            const auto significant = std::ranges::count_if(digits.substr(0, digits.find('e')),
-                                                           [](char c) { return c >= '0' && c <= '9'; });
+            const auto significant =
+                std::ranges::count_if(digits.substr(0, digits.find('e')), [](char c) { return c >= '0' && c <= '9'; });
             EXPECT_LE(significant, digits.starts_with("0.") || digits.starts_with("-0.") ? 16 : 9) << digits;
         }
         at = text.find_first_of("-0123456789", end);
