@@ -83,6 +83,12 @@ void AddVerbs(CLI::App& app, Arguments& arguments, Job& job) {
     detailOf(shop);
     shop->add_option("--out", arguments.OutFolder, "The folder that the list is written into");
 
+    CLI::App* const guide =
+        add("guide", "Write the design guide: a page and its pictures",
+            [&, circuit](const VerbContext& context) { GuideVerb(context, circuit(), PathIn(arguments.OutFolder)); });
+    circuitOf(guide, true);
+    guide->add_option("--out", arguments.OutFolder, "The folder that the guide is written into");
+
     CLI::App* const picture =
         add("picture", "Draw the circuit into a picture file", [&, circuit](const VerbContext& context) {
             PictureVerb(

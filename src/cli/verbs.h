@@ -40,6 +40,8 @@ void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit,
 /// Into `folder`, or the circuit's own.
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
               const OptionalPath& folder);
+/// Into `folder`, or the circuit's own.
+void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& folder);
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options);
 /// `script` is a file, or "-" for the standard input.
 void ScriptVerb(const VerbContext& context, const std::string& script, const OptionalPath& circuit);

@@ -1,79 +1,22 @@
-// The image's colours as a palette of at most 256, then giflib's encoder into memory.
+// giflib's encoder, into memory.
 #include "imaging/gif_file.h"
 
+#include "imaging/palette.h"
 #include "platform/fault.h"
 
 #include <gif_lib.h>
 
-#include <QHash>
-
-#include <array>
+#include <algorithm>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace pistaro {
 
 namespace {
 
-constexpr int MostColours = 256;
-
-struct Indexed {
-    std::vector<GifColorType> Palette;
-    std::vector<GifByteType> Pixels;
-};
-
 Fault GifFault(int error) {
     const char* const reason = GifErrorString(error);
     return {"Picture not written", std::string("GIF: ") + (reason != nullptr ? reason : "unknown error")};
-}
-
-/// The image with its own colours; nothing when it has more than a palette holds.
-std::optional<Indexed> WithOwnColours(const QImage& image) {
-    Indexed indexed;
-    QHash<QRgb, GifByteType> indices;
-    indexed.Pixels.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            auto found = indices.constFind(row[x]);
-            if (found == indices.constEnd()) {
-                if (indices.size() == MostColours) return std::nullopt;
-                found = indices.insert(row[x], static_cast<GifByteType>(indices.size()));
-                indexed.Palette.push_back({static_cast<GifByteType>(qRed(row[x])),
-                                           static_cast<GifByteType>(qGreen(row[x])),
-                                           static_cast<GifByteType>(qBlue(row[x]))});
-            }
-            indexed.Pixels.push_back(*found);
-        }
-    }
-    return indexed;
-}
-
-/// The image with the 256 colours that suit it best.
-Indexed WithNearColours(const QImage& image) {
-    const auto count = static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height());
-    std::array<std::vector<GifByteType>, 3> planes;
-    for (auto& plane : planes)
-        plane.reserve(count);
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            planes[0].push_back(static_cast<GifByteType>(qRed(row[x])));
-            planes[1].push_back(static_cast<GifByteType>(qGreen(row[x])));
-            planes[2].push_back(static_cast<GifByteType>(qBlue(row[x])));
-        }
-    }
-    Indexed indexed;
-    indexed.Palette.resize(MostColours);
-    indexed.Pixels.resize(count);
-    int colours = MostColours;
-    if (GifQuantizeBuffer(static_cast<unsigned>(image.width()), static_cast<unsigned>(image.height()), &colours,
-                          planes[0].data(), planes[1].data(), planes[2].data(), indexed.Pixels.data(),
-                          indexed.Palette.data()) != GIF_OK) {
-        throw GifFault(E_GIF_ERR_NOT_ENOUGH_MEM);
-    }
-    return indexed;
 }
 
 int AppendBytes(GifFileType* file, const GifByteType* bytes, int count) {
@@ -87,22 +30,24 @@ struct FreeColourMap {
 };
 using ColourMap = std::unique_ptr<ColorMapObject, FreeColourMap>;
 
-/// A palette's size is a power of two.
-ColourMap ToColourMap(std::vector<GifColorType> palette) {
+/// A palette's size in the file is a power of two.
+ColourMap ToColourMap(const std::vector<QRgb>& palette) {
     std::size_t size = 2;
     while (size < palette.size())
         size *= 2;
-    palette.resize(size);
-    return ColourMap(GifMakeMapObject(static_cast<int>(size), palette.data()));
+    std::vector<GifColorType> colours(size);
+    std::ranges::transform(palette, colours.begin(), [](QRgb colour) {
+        return GifColorType{static_cast<GifByteType>(qRed(colour)), static_cast<GifByteType>(qGreen(colour)),
+                            static_cast<GifByteType>(qBlue(colour))};
+    });
+    return ColourMap(GifMakeMapObject(static_cast<int>(size), colours.data()));
 }
 
 } // namespace
 
-std::string EncodeGif(const QImage& source) {
-    const QImage image = source.convertToFormat(QImage::Format_RGB32);
+std::string EncodeGif(const QImage& image) {
     if (image.isNull() || image.width() > 0xFFFF || image.height() > 0xFFFF) throw GifFault(E_GIF_ERR_DATA_TOO_BIG);
-    std::optional<Indexed> own = WithOwnColours(image);
-    Indexed indexed = own ? std::move(*own) : WithNearColours(image);
+    PaletteImage indexed = ToPaletteImage(image);
     const ColourMap colours = ToColourMap(indexed.Palette);
 
     std::string bytes;

@@ -46,6 +46,10 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
 /// path, elsewhere "xdg-open".
 std::string FindHtmlViewer();
 
+/// A viewer's command without the switches behind it: on Windows everything from its first "-" on, be it in the name of
+/// a folder; elsewhere the command, whose own name may hold one.
+std::string WithoutSwitches(const std::string& command);
+
 /// The path's short (8.3) form on Windows, elsewhere the path.
 std::string ShortPath(const std::string& path);
 

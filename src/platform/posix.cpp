@@ -202,6 +202,8 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
 
 std::string FindHtmlViewer() { return "xdg-open"; }
 
+std::string WithoutSwitches(const std::string& command) { return command; }
+
 std::string ShortPath(const std::string& path) { return path; }
 
 void StartProgram(const std::string& program, const std::string& argument) {

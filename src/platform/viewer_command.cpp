@@ -20,4 +20,6 @@ std::string ProgramOfCommand(std::string command) {
     return Trimmed(command.substr(0, command.rfind('%')));
 }
 
+std::string CutAtDash(const std::string& command) { return Trimmed(command.substr(0, command.find('-'))); }
+
 } // namespace pistaro

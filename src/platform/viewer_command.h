@@ -9,4 +9,8 @@ namespace pistaro {
 /// "\"C:\Web\view.exe\" \"%1\"".
 std::string ProgramOfCommand(std::string command);
 
+/// A program's command up to its first "-", without blanks at its ends: "C:\Web\view.exe" from
+/// "C:\Web\view.exe -nohome". A "-" in the name of a folder cuts it there.
+std::string CutAtDash(const std::string& command);
+
 } // namespace pistaro

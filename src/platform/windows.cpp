@@ -212,6 +212,8 @@ std::string FindHtmlViewer() {
     return ProgramOfCommand(TextFromWide(ClassesValue(type + L"\\shell\\open\\command")));
 }
 
+std::string WithoutSwitches(const std::string& command) { return CutAtDash(command); }
+
 std::string ShortPath(const std::string& path) {
     std::array<wchar_t, 32768> buffer{};
     const DWORD length =

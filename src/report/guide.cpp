@@ -1,0 +1,89 @@
+// Pictures first: a page without them would be worth nothing.
+#include "report/guide.h"
+
+#include "platform/fault.h"
+#include "platform/platform.h"
+#include "report/guide_page.h"
+#include "report/viewer.h"
+
+namespace pistaro {
+
+namespace {
+
+constexpr int PictureCount = CatalogueCount + 1;
+constexpr float PieceWindowWidth = 250; ///< cm
+
+/// A file of the guide, in the working directory, which must be there.
+std::filesystem::path GuideFile(const Project& project, const std::string& name) {
+    if (project.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");
+    const std::filesystem::path file = PathFromText(project.WorkingDirectory + name);
+    if (!std::filesystem::is_directory(file.parent_path())) throw Fault("Path not found", project.WorkingDirectory);
+    return file;
+}
+
+/// Writes the pictures of a guide one after the other.
+class PictureWriter {
+public:
+    PictureWriter(const Project& project, const GuideProgress& progress) : project_(project), progress_(progress) {}
+
+    template <typename Make>
+    void Write(const std::string& name, Make make) {
+        progress_(static_cast<int>(written_.size()), PictureCount);
+        const std::filesystem::path file = GuideFile(project_, name);
+        try {
+            ReplaceFile(file, make());
+        } catch (const std::exception& reason) {
+            throw PictureProblem(name, reason.what());
+        }
+        written_.push_back(file);
+    }
+
+    std::vector<std::filesystem::path> Written() && { return std::move(written_); }
+
+private:
+    const Project& project_;
+    const GuideProgress& progress_;
+    std::vector<std::filesystem::path> written_;
+};
+
+void WritePiecePictures(Project& project, const GuidePictures& pictures, PictureWriter& writer) {
+    const float width = project.View.Width;
+    const bool numbers = project.ShowNumbers;
+    project.View.Width = PieceWindowWidth;
+    project.ShowNumbers = false;
+    for (int row = 0; row < CatalogueCount; ++row) {
+        const std::string_view code = Entry(project, row).Code;
+        writer.Write(PiecePictureName(code), [&] { return pictures.Piece(project, code); });
+    }
+    project.View.Width = width;
+    project.ShowNumbers = numbers;
+}
+
+} // namespace
+
+std::vector<std::filesystem::path> WriteGuide(Project& project, const GuidePictures& pictures,
+                                              const GuideProgress& progress) {
+    PictureWriter writer(project, progress);
+    WritePiecePictures(project, pictures, writer);
+    writer.Write(TrackPictureName, [&] { return pictures.Circuit(project); });
+    progress(PictureCount, PictureCount);
+    const std::filesystem::path page = GuideFile(project, GuidePageName);
+    ReplaceFile(page, GuidePage(project));
+    std::vector<std::filesystem::path> written = std::move(writer).Written();
+    written.push_back(page);
+    return written;
+}
+
+void GuideCommand(Project& project, Prompts& prompts, const GuidePictures& pictures, const GuideProgress& progress) {
+    try {
+        WriteGuide(project, pictures, progress);
+    } catch (const PictureProblem&) {
+        prompts.Tell({Icon::Exclamation, PictureProblem::Told});
+        return;
+    }
+    const std::string page = project.WorkingDirectory + GuidePageName;
+    prompts.Ask("Guide written to " + page + "!\nView now?", Buttons::YesNo);
+    OpenInViewer(page);
+}
+
+} // namespace pistaro

@@ -1,0 +1,16 @@
+// The viewer's command line.
+#include "report/viewer.h"
+
+#include "platform/platform.h"
+
+namespace pistaro {
+
+void OpenInViewer(const std::string& page) {
+    StartProgram(ShortPath(WithoutSwitches(FindHtmlViewer())), ShortPath(page));
+}
+
+void OpenManual(const Project& project) {
+    OpenInViewer(project.WorkingDirectory + "manual" + FolderSeparator() + "help.html");
+}
+
+} // namespace pistaro
