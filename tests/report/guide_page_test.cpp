@@ -1,0 +1,67 @@
+// guide.html, byte by byte.
+#include "report/guide_page.h"
+
+#include "support/chain.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+namespace {
+
+const std::string BeforeTracks =
+    "<html>\r\n"
+    "<head>\r\n"
+    "<title>Track Design Guide</title>\r\n"
+    "</head>\r\n"
+    "<hr>\r\n"
+    "<center><h1>club night</h1></center>\r\n"
+    "<center><b><i><font size=+1>created with Scalextric Pistaro</font></i></b></center>\r\n"
+    "<br><hr>\r\n"
+    "<h2>PICTURE</h2>\r\n"
+    "<center><p><img SRC=\"track.gif\" ></center>\r\n"
+    "<p><h2>TRACK DESCRIPTION</h2>\r\n"
+    "<br>\r\n";
+const std::string LastLine = "</font><br><hr></body></html>\r\n";
+
+Project Named(Project project, const std::string& name) {
+    project.Name = name;
+    return project;
+}
+
+TEST(GuidePage, OfThreeEmptyTracksHoldsNothingUnderTheDescription) {
+    EXPECT_EQ(GuidePage(Named(ProjectOf(""), "club night")), BeforeTracks + LastLine);
+}
+
+TEST(GuidePage, ATrackOfThreePiecesIsAHeadingThreePicturesEachWithAnArrowAndABreak) {
+    EXPECT_EQ(GuidePage(Named(ProjectOf("C160 C151L N10105R"), "club night")),
+              BeforeTracks +
+                  "<h3>Track 1</h3>\r\n"
+                  "<img SRC=\"C160.gif\" >&nbsp;->&nbsp;\r\n"
+                  "<img SRC=\"C151L.gif\" >&nbsp;->&nbsp;\r\n"
+                  "<img SRC=\"N10105R.gif\" >&nbsp;->&nbsp;\r\n"
+                  "<br>\r\n" +
+                  LastLine);
+}
+
+TEST(GuidePage, AnEmptyTrackLeavesNoTraceAndTheOthersKeepTheirNumbers) {
+    EXPECT_EQ(GuidePage(Named(ProjectOf("C160", "", "C159"), "club night")),
+              BeforeTracks +
+                  "<h3>Track 1</h3>\r\n"
+                  "<img SRC=\"C160.gif\" >&nbsp;->&nbsp;\r\n"
+                  "<br>\r\n"
+                  "<h3>Track 3</h3>\r\n"
+                  "<img SRC=\"C159.gif\" >&nbsp;->&nbsp;\r\n"
+                  "<br>\r\n" +
+                  LastLine);
+}
+
+TEST(GuidePage, AFreshProjectIsCalledNewProject) {
+    EXPECT_NE(GuidePage(ProjectOf("")).find("<h1>new project</h1>"), std::string::npos);
+}
+
+TEST(GuidePage, AccentedNamesAreWrittenInTheEightBitCodePage) {
+    EXPECT_NE(GuidePage(Named(ProjectOf(""), "N\u00fcrburg")).find("<h1>N\xFCrburg</h1>"), std::string::npos);
+}
+
+} // namespace
+} // namespace pistaro
