@@ -1,0 +1,53 @@
+// Placing, reading and writing: what every command and every file costs besides drawing.
+#include "full_circuit.h"
+#include "platform/platform.h"
+#include "render/placement.h"
+#include "storage/circuit_file.h"
+
+#include <benchmark/benchmark.h>
+
+namespace pistaro {
+namespace {
+
+void PlaceTwoThousand(benchmark::State& state) {
+    const Project project = FullCircuit();
+    Track row;
+    while (row.ElementCodes.size() < 2000)
+        row.ElementCodes.push_back(project.Layout.Tracks[0].ElementCodes[row.ElementCodes.size() % MaxElements]);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(WalkTrack(row, [](int, const PiecePlacement* placement, const BuildCursor&) {
+            benchmark::DoNotOptimize(placement->Label);
+        }));
+    }
+}
+
+void Read(benchmark::State& state) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "pistaro-bench.trk";
+    ReplaceFile(file, CircuitBytes(FullCircuit()));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ReadCircuit(file));
+    std::filesystem::remove(file);
+}
+
+void Format(benchmark::State& state) {
+    const Project project = FullCircuit();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CircuitBytes(project));
+}
+
+/// The disk's own time is in it: the bytes are flushed before the file is put in place.
+void Write(benchmark::State& state) {
+    const Project project = FullCircuit();
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "pistaro-bench.trk";
+    for (auto _ : state)
+        ReplaceFile(file, CircuitBytes(project));
+    std::filesystem::remove(file);
+}
+
+BENCHMARK(PlaceTwoThousand)->Name("place 2000 pieces")->Unit(benchmark::kMillisecond);
+BENCHMARK(Read)->Name("read 3 x 501 pieces")->Unit(benchmark::kMillisecond);
+BENCHMARK(Format)->Name("write 3 x 501 pieces, to memory")->Unit(benchmark::kMillisecond);
+BENCHMARK(Write)->Name("write 3 x 501 pieces, to disk")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace pistaro

@@ -1,0 +1,11 @@
+// The largest circuit there is: three tracks of 501 pieces, all within the view.
+#pragma once
+
+#include "model/project.h"
+
+namespace pistaro {
+
+/// Laps of the grand prix sample, with numbers and a grid of dots every 10 cm.
+Project FullCircuit();
+
+} // namespace pistaro
