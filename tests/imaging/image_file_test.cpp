@@ -1,0 +1,171 @@
+// Pictures as files: what is written is read back, pixel by pixel.
+#include "imaging/circuit_picture.h"
+#include "imaging/gif_file.h"
+#include "imaging/image_file.h"
+#include "platform/fault.h"
+#include "support/chain.h"
+
+#include <gif_lib.h>
+#include <gtest/gtest.h>
+
+#include <QColor>
+
+#include <algorithm>
+#include <cstring>
+#include <random>
+
+namespace pistaro {
+
+namespace {
+
+/// An image of `colours` different colours, in stripes of one pixel.
+QImage ImageOf(int colours, int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const int colour = (x + y * width) % colours;
+            image.setPixel(x, y, qRgb(colour % 256, colour / 256, 255 - colour % 256));
+        }
+    }
+    return image;
+}
+
+struct GifBytes {
+    const std::string& Bytes;
+    std::size_t At = 0;
+};
+
+int TakeBytes(GifFileType* file, GifByteType* buffer, int count) {
+    auto& source = *static_cast<GifBytes*>(file->UserData);
+    const std::size_t taken = std::min(source.Bytes.size() - source.At, static_cast<std::size_t>(count));
+    std::memcpy(buffer, source.Bytes.data() + source.At, taken);
+    source.At += taken;
+    return static_cast<int>(taken);
+}
+
+/// The picture as giflib's own decoder sees it.
+QImage DecodedByGiflib(const std::string& bytes) {
+    GifBytes source{bytes};
+    int error = 0;
+    GifFileType* const file = DGifOpen(&source, TakeBytes, &error);
+    if (file == nullptr || DGifSlurp(file) != GIF_OK || file->ImageCount != 1) return {};
+    QImage image(file->SWidth, file->SHeight, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const GifColorType& colour =
+                file->SColorMap->Colors[file->SavedImages[0].RasterBits[y * image.width() + x]];
+            image.setPixel(x, y, qRgb(colour.Red, colour.Green, colour.Blue));
+        }
+    }
+    DGifCloseFile(file, &error);
+    return image;
+}
+
+QImage Decoded(const std::string& bytes) { return DecodeImage(bytes, "test").convertToFormat(QImage::Format_RGB32); }
+
+/// The largest difference of any pixel's red, green or blue.
+int FarthestPixel(const QImage& a, const QImage& b) {
+    int farthest = a.size() == b.size() ? 0 : 256;
+    for (int y = 0; farthest < 256 && y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QColor one = a.pixelColor(x, y);
+            const QColor two = b.pixelColor(x, y);
+            farthest = std::max({farthest, std::abs(one.red() - two.red()), std::abs(one.green() - two.green()),
+                                 std::abs(one.blue() - two.blue())});
+        }
+    }
+    return farthest;
+}
+
+} // namespace
+
+TEST(ImageFile, BmpPngAndGifBringBackEveryPixel) {
+    const QImage image = ImageOf(256, 61, 43);
+    for (const char* const format : {"bmp", "png", "gif"})
+        EXPECT_EQ(Decoded(EncodeImage(image, format)), image) << format;
+}
+
+TEST(ImageFile, JpegBringsBackNearlyTheSamePicture) {
+    QImage image(64, 64, QImage::Format_RGB32);
+    image.fill(QColor(200, 40, 90));
+
+    EXPECT_LE(FarthestPixel(Decoded(EncodeImage(image, "jpg")), image), 3);
+}
+
+TEST(ImageFile, RefusesBytesThatAreNoPictureAndNamesTheFile) {
+    for (const std::string& bytes : {std::string(), std::string("no picture"), std::string("GIF89a"),
+                                     EncodeImage(ImageOf(2, 9, 9), "png").substr(0, 40)}) {
+        try {
+            DecodeImage(bytes, "plan.png");
+            ADD_FAILURE() << "was a picture";
+        } catch (const Fault& fault) {
+            EXPECT_TRUE(std::string(fault.what()).starts_with("Invalid picture: plan.png: ")) << fault.what();
+        }
+    }
+}
+
+TEST(ImageFile, TheFormatIsWhatTheEndingSays) {
+    EXPECT_EQ(PictureFormatOf("a.bmp"), "bmp");
+    EXPECT_EQ(PictureFormatOf("b.PNG"), "png");
+    EXPECT_EQ(PictureFormatOf("folder.png/c.Gif"), "gif");
+    EXPECT_EQ(PictureFormatOf("d.jpg"), "jpg");
+    EXPECT_EQ(PictureFormatOf("e.jpeg"), "jpg");
+    for (const char* const name : {"a", "a.tif", "png", ".png", "a.png.txt", "folder.png/a", ""})
+        EXPECT_THROW(PictureFormatOf(name), Fault) << name;
+}
+
+class GifOfColours : public testing::TestWithParam<int> {};
+
+TEST_P(GifOfColours, IsReadAlikeByBothDecoders) {
+    const QImage image = ImageOf(GetParam(), 37, 29);
+
+    const std::string bytes = EncodeGif(image);
+
+    EXPECT_EQ(DecodedByGiflib(bytes), image);
+    EXPECT_EQ(Decoded(bytes), image);
+}
+
+INSTANTIATE_TEST_SUITE_P(UpToAWholePalette, GifOfColours, testing::Values(1, 2, 3, 4, 5, 16, 17, 128, 129, 255, 256));
+
+TEST(GifFile, OfASinglePixelIsAPicture) {
+    const QImage image = ImageOf(1, 1, 1);
+
+    EXPECT_EQ(DecodedByGiflib(EncodeGif(image)), image);
+    EXPECT_EQ(Decoded(EncodeGif(image)), image);
+}
+
+TEST(GifFile, OfALargeNoisyImageIsReadAlikeByBothDecoders) {
+    std::mt19937 random(7);
+    QImage image(301, 199, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const int grey = static_cast<int>(random() % 256);
+            image.setPixel(x, y, qRgb(grey, grey, grey));
+        }
+    }
+
+    const std::string bytes = EncodeGif(image);
+
+    EXPECT_EQ(DecodedByGiflib(bytes), image);
+    EXPECT_EQ(Decoded(bytes), image);
+}
+
+TEST(GifFile, OfMoreThan256ColoursKeepsThemNear) {
+    QImage image(64, 64, QImage::Format_RGB32); // 4096 colours
+    for (int y = 0; y < 64; ++y) {
+        for (int x = 0; x < 64; ++x)
+            image.setPixel(x, y, qRgb(4 * x, 4 * y, 128));
+    }
+
+    const std::string bytes = EncodeGif(image);
+
+    EXPECT_EQ(DecodedByGiflib(bytes), Decoded(bytes));
+    EXPECT_LE(FarthestPixel(Decoded(bytes), image), 40);
+}
+
+TEST(GifFile, RefusesAnImageThatNoGifCanHold) {
+    EXPECT_THROW(EncodeGif(QImage()), Fault);
+    EXPECT_THROW(EncodeGif(QImage(65536, 1, QImage::Format_RGB32)), Fault);
+}
+
+} // namespace pistaro
