@@ -1,0 +1,430 @@
+// Circuit files: byte for byte, read back, and refused.
+#include "storage/circuit_file.h"
+
+#include "platform/fault.h"
+#include "storage/mutation.h"
+#include "support/chain.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <random>
+#include <string>
+
+namespace pistaro {
+namespace {
+
+const std::string EmptyFile = "[Settings]\r\n0\r\n0\r\n0\r\n0\r\n320\r\n160\r\n"
+                              "[Room]\r\n 0 \r\n0\r\n"
+                              "[Track 0]\r\n0\r\n0\r\n0\r\n"
+                              "[Track 1]\r\n15.5\r\n0\r\n0\r\n"
+                              "[Track 2]\r\n-15.5\r\n0\r\n0\r\n";
+
+const std::string FullFile = "[Settings]\r\n40\r\n-10\r\n33\r\n-7\r\n120.5\r\n160\r\n"
+                             "[Room]\r\n"
+                             " 3 \r\n"
+                             "       120       -35    1\r\n"
+                             "     32767    -32768   -1\r\n"
+                             "         0         0    0\r\n"
+                             ".7853981\r\n"
+                             "[Track 0]\r\n-3.5\r\n.25\r\n6.283185\r\n"
+                             "C151L\r\nC160\r\n\r\nmy \xE9\x81 piece \r\n"
+                             "[Track 1]\r\n15.5\r\n1E+07\r\n0\r\n"
+                             "N10105R\r\n"
+                             "[Track 2]\r\n-15.5\r\n0\r\n1.192093E-07\r\n";
+
+Project FullProject() {
+    Project project = StartUp(InitialSettings());
+    project.View.MidX = 33.25F;
+    project.View.MidY = -7;
+    project.View.Width = 120.5F;
+    project.View.HMov = {-120, 200, 33};
+    project.View.VMov = {-170, 150, -7};
+    project.Room.Points = {{120, -35, 1}, {32767, -32768, -1}, {0, 0, 0}};
+    project.Room.Angle = 0.78539806F;
+    auto& tracks = project.Layout.Tracks;
+    tracks[0] = {{"C151L", "C160", "", "my é\xC2\x81 piece "}, 2, -3.5F, 0.25F, 6.283185F};
+    tracks[1].ElementCodes = {"N10105R"};
+    tracks[1].TrackStartY = 1e7F;
+    tracks[2].TrackStartHeading = 1.1920929e-7F;
+    return project;
+}
+
+Project ProjectFrom(const std::string& bytes) {
+    CircuitFile file = ParseCircuit(bytes, "x.trk");
+    Project project;
+    project.View = file.View;
+    project.Room = file.Room;
+    project.Layout.Tracks = file.Tracks;
+    return project;
+}
+
+std::string FaultOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Fault& fault) {
+        return fault.what();
+    }
+    return "no fault";
+}
+
+std::string FaultIn(const std::string& bytes) {
+    return FaultOf([&] { ParseCircuit(bytes, "x.trk"); });
+}
+
+std::vector<std::string> LinesOf(const std::string& bytes) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t end = bytes.find("\r\n", at);
+        lines.push_back(bytes.substr(at, end - at));
+        at = end + 2;
+    }
+    return lines;
+}
+
+std::string Joined(const std::vector<std::string>& lines, const std::string& lineEnd = "\r\n") {
+    std::string bytes;
+    for (const std::string& line : lines)
+        bytes += line + lineEnd;
+    return bytes;
+}
+
+/// The full file with its line `number` (from 1) replaced.
+std::string FullFileWith(std::size_t number, const std::string& line) {
+    std::vector<std::string> lines = LinesOf(FullFile);
+    lines.at(number - 1) = line;
+    return Joined(lines);
+}
+
+TEST(CircuitBytes, OfThreeEmptyTracksAndNoRoomAreExactly22Lines) {
+    const std::string bytes = CircuitBytes(StartUp(InitialSettings()));
+
+    EXPECT_EQ(bytes, EmptyFile);
+    EXPECT_EQ(LinesOf(bytes).size(), 22U);
+}
+
+TEST(CircuitBytes, OfAFullCircuitAreThoseOfTheFormat) { EXPECT_EQ(CircuitBytes(FullProject()), FullFile); }
+
+TEST(CircuitBytes, HoldTheMiddleOfEachBarAndHalfTheVerticalRange) {
+    Project project;
+    project.View.HMov = {-5, 16, 0};
+    project.View.VMov = {-10, 11, 0};
+
+    const auto lines = LinesOf(CircuitBytes(project));
+
+    EXPECT_EQ(lines[1], "5.5");
+    EXPECT_EQ(lines[2], ".5");
+    EXPECT_EQ(lines[6], "10.5");
+}
+
+TEST(CircuitBytes, OfARoomPointsExtremesFillTheirColumns) {
+    EXPECT_EQ(LinesOf(FullFile)[10].size(), 25U);
+    EXPECT_EQ(LinesOf(CircuitBytes(FullProject()))[10], "     32767    -32768   -1");
+}
+
+TEST(CircuitBytes, KeepOnlyTheRightmostCharactersOfALongFlag) {
+    Project project;
+    project.Room.Points = {{1, 2, -32768}};
+
+    EXPECT_EQ(LinesOf(CircuitBytes(project))[9], "         1         232768");
+}
+
+TEST(CircuitBytes, WriteWhatTheCodePageLacksAsAQuestionMark) {
+    Project project;
+    project.Layout.Tracks[2].ElementCodes = {"Łódź"};
+
+    EXPECT_TRUE(CircuitBytes(project).ends_with("\r\n?\xF3"
+                                                "d?\r\n"));
+}
+
+TEST(ParseCircuit, ReadsWhatWasWritten) {
+    const CircuitFile file = ParseCircuit(FullFile, "x.trk");
+
+    EXPECT_EQ(file.View.MidX, 33);
+    EXPECT_EQ(file.View.MidY, -7);
+    EXPECT_EQ(file.View.Width, 120.5F);
+    EXPECT_EQ(file.View.MWid, 160);
+    EXPECT_EQ(file.View.HMov.Minimum, -120);
+    EXPECT_EQ(file.View.HMov.Maximum, 200);
+    EXPECT_EQ(file.View.HMov.Value, 33);
+    EXPECT_EQ(file.View.VMov.Minimum, -170);
+    EXPECT_EQ(file.View.VMov.Maximum, 150);
+    EXPECT_EQ(file.View.VMov.Value, -7);
+    EXPECT_EQ(file.Room.Points, (std::vector<RoomPoint>{{120, -35, 1}, {32767, -32768, -1}, {0, 0, 0}}));
+    EXPECT_FLOAT_EQ(file.Room.Angle, 0.7853981F);
+    EXPECT_EQ(file.Tracks[0].TrackStartX, -3.5F);
+    EXPECT_EQ(file.Tracks[0].TrackStartY, 0.25F);
+    EXPECT_EQ(file.Tracks[0].TrackStartHeading, 6.283185F);
+    EXPECT_EQ(file.Tracks[0].ElementCodes, (std::vector<std::string>{"C151L", "C160", "", "my é\xC2\x81 piece "}));
+    EXPECT_EQ(file.Tracks[1].TrackStartY, 1e7F);
+    EXPECT_EQ(file.Tracks[1].ElementCodes, std::vector<std::string>{"N10105R"});
+    EXPECT_EQ(file.Tracks[2].ElementLastIndex(), -1);
+    for (const Track& track : file.Tracks)
+        EXPECT_EQ(track.CurrentElement, -1);
+}
+
+TEST(ParseCircuit, KeepsTheCurrentCentreUnroundedAndRoundsTheBars) {
+    const CircuitFile file = ParseCircuit("s\r\n.5\r\n0\r\n12.5\r\n-3.75\r\n100\r\n10\r\nr\r\n0\r\n0\r\nt\r\n"
+                                          "0\r\n0\r\n0\r\n[Track\r\n0\r\n0\r\n0\r\n[Track\r\n0\r\n0\r\n0\r\n",
+                                          "x.trk");
+
+    EXPECT_EQ(file.View.MidX, 12.5F);
+    EXPECT_EQ(file.View.MidY, -3.75F);
+    EXPECT_EQ(file.View.HMov.Value, 12) << "halves to even";
+    EXPECT_EQ(file.View.VMov.Value, -4);
+    EXPECT_EQ(file.View.HMov.Minimum, -10);
+    EXPECT_EQ(file.View.HMov.Maximum, 10);
+    const ViewRectangle shown = ShownRectangle(file.View);
+    EXPECT_EQ(shown.ViewLeft, -37.5F);
+    EXPECT_EQ(shown.ViewTop, 46.25F);
+    EXPECT_EQ(shown.ViewRight, 62.5F);
+    EXPECT_EQ(shown.ViewBottom, -53.75F);
+}
+
+TEST(ParseCircuit, LooksAtNoSectionLine) {
+    std::string bytes = FullFile;
+    for (const char* const header : {"[Settings]", "[Room]", "[Track 0]"})
+        bytes.replace(bytes.find(header), std::string(header).size(), "whatever");
+
+    EXPECT_EQ(CircuitBytes(ProjectFrom(bytes)), FullFile);
+}
+
+TEST(ParseCircuit, TakesLinesThatEndInLfOrCr) {
+    EXPECT_EQ(CircuitBytes(ProjectFrom(Joined(LinesOf(FullFile), "\n"))), FullFile);
+    EXPECT_EQ(CircuitBytes(ProjectFrom(Joined(LinesOf(FullFile), "\r"))), FullFile);
+}
+
+TEST(ParseCircuit, TakesALastLineWithoutAnEnd) {
+    EXPECT_EQ(CircuitBytes(ProjectFrom(FullFile.substr(0, FullFile.size() - 2))), FullFile);
+    EXPECT_EQ(CircuitBytes(ProjectFrom(FullFile + "C160")), FullFile + "C160\r\n");
+}
+
+TEST(ParseCircuit, AnyLineThatBeginsWithTheTrackHeaderEndsATrack) {
+    std::string bytes = FullFile;
+    bytes.replace(bytes.find("[Track 1]"), 9, "[Tracks of my own");
+    bytes.replace(bytes.find("[Track 2]"), 9, "[Track 0]");
+
+    EXPECT_EQ(CircuitBytes(ProjectFrom(bytes)), FullFile);
+}
+
+TEST(ParseCircuit, AnyOtherLineIsAnElement) {
+    const CircuitFile file = ParseCircuit(EmptyFile + "\r\n[track 1]\r\n [Track 1]\r\n[Settings]\r\n\r\n", "x.trk");
+
+    EXPECT_EQ(file.Tracks[2].ElementCodes, (std::vector<std::string>{"", "[track 1]", " [Track 1]", "[Settings]", ""}));
+}
+
+TEST(ParseCircuit, StopsAtAFourthTrack) {
+    const CircuitFile file = ParseCircuit(EmptyFile + "C160\r\n[Track 3]\r\n1\r\n2\r\n3\r\nC151L\r\n", "x.trk");
+
+    EXPECT_EQ(CodesOf(file.Tracks[2]), "C160");
+}
+
+TEST(ParseCircuit, ARoomLineTooShortForAFieldYieldsZeroForIt) {
+    EXPECT_EQ(ParseCircuit(FullFileWith(10, "       120"), "x.trk").Room.Points[0], (RoomPoint{120, 0, 0}));
+    EXPECT_EQ(ParseCircuit(FullFileWith(10, "       120    7"), "x.trk").Room.Points[0], (RoomPoint{120, 7, 0}));
+    EXPECT_EQ(ParseCircuit(FullFileWith(10, ""), "x.trk").Room.Points[0], (RoomPoint{0, 0, 0}));
+}
+
+TEST(ParseCircuit, RoomFieldsEndWhereTheirColumnsEnd) {
+    EXPECT_EQ(ParseCircuit(FullFileWith(10, "       1.5       2.5    19999"), "x.trk").Room.Points[0],
+              (RoomPoint{2, 2, 1}))
+        << "rounded to even; characters behind the 25th are no part of the line";
+}
+
+TEST(ParseCircuit, TheRoomPointCountIsRounded) {
+    EXPECT_EQ(ParseCircuit(FullFileWith(9, "3"), "x.trk").Room.Points.size(), 3U);
+    EXPECT_EQ(ParseCircuit(FullFileWith(9, " 2.6 "), "x.trk").Room.Points.size(), 3U);
+}
+
+TEST(ParseCircuit, TakesTwentyRoomPointsAndFiveHundredAndOneElements) {
+    Project project;
+    project.Room.Points.assign(20, {1, 2, 1});
+    for (Track& track : project.Layout.Tracks)
+        track.ElementCodes.assign(501, "C160");
+    const std::string bytes = CircuitBytes(project);
+
+    EXPECT_EQ(CircuitBytes(ProjectFrom(bytes)), bytes);
+}
+
+TEST(BadCircuitFile, ThatEndsEarlyNamesTheLineThatIsMissing) {
+    const std::vector<std::string> lines = LinesOf(EmptyFile);
+    const std::vector<std::string> missing{"[Settings]",
+                                           "the centre X",
+                                           "the centre Y",
+                                           "the current X",
+                                           "the current Y",
+                                           "the window width",
+                                           "the largest displacement",
+                                           "[Room]",
+                                           "the number of room points",
+                                           "the room angle",
+                                           "[Track 0]",
+                                           "the start X of track 1",
+                                           "the start Y of track 1",
+                                           "the start angle of track 1",
+                                           "the start X of track 2",
+                                           "the start X of track 2",
+                                           "the start Y of track 2",
+                                           "the start angle of track 2",
+                                           "the start X of track 3",
+                                           "the start X of track 3",
+                                           "the start Y of track 3",
+                                           "the start angle of track 3"};
+    ASSERT_EQ(missing.size(), lines.size());
+    for (std::size_t kept = 0; kept < lines.size(); ++kept) {
+        const std::string bytes = Joined({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept)});
+
+        EXPECT_EQ(FaultIn(bytes), "Input past end of file: x.trk, line " + std::to_string(kept + 1) + ": " +
+                                      missing[kept] + " is missing");
+    }
+}
+
+TEST(BadCircuitFile, ThatEndsAmongTheRoomPointsNamesThePoint) {
+    const std::vector<std::string> lines = LinesOf(FullFile);
+
+    EXPECT_EQ(FaultIn(Joined({lines.begin(), lines.begin() + 11})),
+              "Input past end of file: x.trk, line 12: room point 3 is missing");
+}
+
+TEST(BadCircuitFile, ThatIsBinaryIsToldSo) {
+    EXPECT_EQ(FaultIn(std::string("\x89PNG\r\n\x1A\n\0\0", 10)),
+              "Bad file format: x.trk, line 2: this is not a text file");
+    EXPECT_EQ(FaultIn(std::string("\x7F"
+                                  "ELF\x02\x01\x01\0",
+                                  8)),
+              "Bad file format: x.trk, line 1: this is not a text file");
+    EXPECT_EQ(FaultIn(FullFile + std::string(1, '\0')), "Bad file format: x.trk, line 31: this is not a text file");
+}
+
+TEST(BadCircuitFile, WithA502ndElementIsRefusedAtIt) {
+    std::string bytes = EmptyFile;
+    std::string elements;
+    for (int i = 0; i < 502; ++i)
+        elements += "C160\r\n";
+    bytes.insert(bytes.find("[Track 1]"), elements);
+
+    EXPECT_EQ(FaultIn(bytes), "Subscript out of range: x.trk, line 516: a track holds at most 501 elements");
+}
+
+TEST(BadCircuitFile, WithTooManyOrTooFewRoomPointsIsRefused) {
+    EXPECT_EQ(FaultIn(FullFileWith(9, " 21 ")),
+              "Subscript out of range: x.trk, line 9: a room has 0 to 20 points, not 21");
+    EXPECT_EQ(FaultIn(FullFileWith(9, "-1 ")),
+              "Subscript out of range: x.trk, line 9: a room has 0 to 20 points, not -1");
+    EXPECT_EQ(FaultIn(FullFileWith(9, "1E300")),
+              "Subscript out of range: x.trk, line 9: a room has 0 to 20 points, not 1E+300");
+}
+
+TEST(BadCircuitFile, WithARoomValueBeyond16BitsIsRefused) {
+    EXPECT_EQ(FaultIn(FullFileWith(10, "     32768         0    1")),
+              "Overflow: x.trk, line 10: 32768 is outside 16 bits");
+    EXPECT_EQ(FaultIn(FullFileWith(11, "         0    -32769    1")),
+              "Overflow: x.trk, line 11: -32769 is outside 16 bits");
+    EXPECT_EQ(FaultIn(FullFileWith(12, "         0         099999")),
+              "Overflow: x.trk, line 12: 99999 is outside 16 bits");
+}
+
+TEST(BadCircuitFile, WithANumberThatIsNotFiniteIsRefused) {
+    EXPECT_EQ(FaultIn(FullFileWith(2, "1E999")), "Overflow: x.trk, line 2: the number is too large");
+    EXPECT_EQ(FaultIn(FullFileWith(6, "-1D39")), "Overflow: x.trk, line 6: the number is too large");
+    EXPECT_EQ(FaultIn(FullFileWith(9, "1E999")), "Overflow: x.trk, line 9: the number is too large");
+    EXPECT_EQ(FaultIn(FullFileWith(15, "1E39")), "Overflow: x.trk, line 15: the number is too large");
+}
+
+TEST(BadCircuitFile, WithAViewBeyondTheScrollBarsIsRefusedAtItsLine) {
+    for (const std::size_t line : {2U, 3U, 4U, 5U, 7U}) {
+        EXPECT_EQ(FaultIn(FullFileWith(line, "2E9")),
+                  "Overflow: x.trk, line " + std::to_string(line) + ": a scroll bar cannot stand at 2E+09");
+    }
+}
+
+TEST(BadCircuitFile, OnDiskIsNamedByItsPath) {
+    const TemporaryFolder folder;
+    WriteBytes(folder / "empty.trk", "");
+    WriteBytes(folder / "large.trk", EmptyFile + std::string(4 << 20, ' '));
+    const std::string path = folder.Path().string();
+
+    EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "empty.trk"); }),
+              "Input past end of file: " + path + "/empty.trk, line 1: [Settings] is missing");
+    EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "large.trk"); }), "File too large: " + path + "/large.trk");
+    EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "none.trk"); }), "File not found: " + path + "/none.trk");
+}
+
+float AnySingle(std::mt19937& random) {
+    std::uniform_real_distribution<double> exponent(-12, 12);
+    return static_cast<float>(std::pow(10.0, exponent(random)) * (random() % 2 == 0 ? 1 : -1));
+}
+
+ScrollBar AnyBar(std::mt19937& random) {
+    std::uniform_int_distribution<int> place(-100000, 100000);
+    return {place(random), place(random), place(random)};
+}
+
+std::int16_t AnyInteger(std::mt19937& random) { return static_cast<std::int16_t>(random()); }
+
+Project AnyProject(std::mt19937& random) {
+    static const Catalogue catalogue = InitCatalogue();
+    Project project;
+    project.View.Width = AnySingle(random);
+    project.View.HMov = AnyBar(random);
+    project.View.VMov = AnyBar(random);
+    for (std::size_t points = random() % 21; points > 0; --points) {
+        project.Room.Points.push_back(
+            {AnyInteger(random), AnyInteger(random), static_cast<std::int16_t>(random() % 3 - 1)});
+    }
+    project.Room.Angle = AnySingle(random);
+    for (Track& track : project.Layout.Tracks) {
+        track.TrackStartX = AnySingle(random);
+        track.TrackStartY = AnySingle(random);
+        track.TrackStartHeading = AnySingle(random);
+        for (std::size_t elements = random() % 502; elements > 0; --elements) {
+            track.ElementCodes.emplace_back(random() % 20 == 0 ? "any text €" : catalogue[random() % 39].Code);
+        }
+    }
+    return project;
+}
+
+TEST(CircuitFile, SavedReadAndSavedAgainIsTheSame) {
+    const auto seed = std::random_device{}();
+    std::mt19937 random(seed);
+    for (int i = 0; i < 300; ++i) {
+        const Project project = AnyProject(random);
+        const std::string saved = CircuitBytes(project);
+
+        const Project read = ProjectFrom(saved);
+
+        ASSERT_EQ(CircuitBytes(read), saved) << "seed " << seed << ", circuit " << i;
+        ASSERT_EQ(read.Room.Points, project.Room.Points) << "seed " << seed;
+        for (std::size_t track = 0; track < TrackCount; ++track)
+            ASSERT_EQ(read.Layout.Tracks[track].ElementCodes, project.Layout.Tracks[track].ElementCodes);
+    }
+}
+
+TEST(CircuitFile, DamagedAtRandomIsReadOrRefusedAndWhatIsReadCanBeSaved) {
+    const auto seed = std::random_device{}();
+    std::mt19937 random(seed);
+    int readable = 0;
+    int refused = 0;
+    for (int i = 0; i < 6000; ++i) {
+        const std::string bytes = Damaged(random() % 2 == 0 ? FullFile : EmptyFile, random);
+        SCOPED_TRACE("seed " + std::to_string(seed) + ", file " + std::to_string(i));
+        Project read;
+        try {
+            read = ProjectFrom(bytes);
+        } catch (const Fault& fault) {
+            ++refused;
+            ASSERT_NE(std::string(fault.what()).find(": x.trk, line "), std::string::npos) << fault.what();
+            continue;
+        }
+        ++readable;
+        ASSERT_LE(read.Room.Points.size(), 20U);
+        ASSERT_NO_THROW(ProjectFrom(CircuitBytes(read)));
+    }
+    EXPECT_GT(readable, 500);
+    EXPECT_GT(refused, 500);
+}
+
+} // namespace
+} // namespace pistaro

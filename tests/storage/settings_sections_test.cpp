@@ -1,0 +1,193 @@
+// Sections replaced in a settings file: their own lines and no others.
+#include "storage/settings_sections.h"
+
+#include "platform/fault.h"
+#include "storage/settings_file.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace pistaro {
+namespace {
+
+std::string Replaced(const std::string& bytes, const std::vector<Section>& sections) {
+    return ReplaceSections(bytes, "corvel.ini", sections);
+}
+
+std::string FaultIn(const std::string& bytes, const std::vector<Section>& sections) {
+    try {
+        Replaced(bytes, sections);
+    } catch (const Fault& fault) {
+        return fault.what();
+    }
+    return "no fault";
+}
+
+std::string Lines(int count, const std::string& line) {
+    std::string lines;
+    for (int i = 0; i < count; ++i)
+        lines += line + "\r\n";
+    return lines;
+}
+
+std::ptrdiff_t CountOf(const std::string& bytes, const std::string& word) {
+    std::ptrdiff_t count = 0;
+    for (std::size_t at = bytes.find(word); at != std::string::npos; at = bytes.find(word, at + 1))
+        ++count;
+    return count;
+}
+
+TEST(ReplaceSections, ReplacesTheView) {
+    Settings settings;
+    settings.MidX = -40;
+    settings.MidY = 2.5F;
+    settings.Zoom = 200;
+    settings.MWid = 55;
+
+    EXPECT_EQ(Replaced("a\r\n[Settings]\r\n1\r\n2\r\n3\r\n4\r\nb\r\n", {ViewOf(settings)}),
+              "a\r\n[Settings]\r\nMidX=-40\r\nMidY=2.5\r\nZoom=200\r\nMWid=55\r\nb\r\n");
+}
+
+TEST(ReplaceSections, ReplacesUnitsAndGridUnderTheSameFirstKey) {
+    EXPECT_EQ(Replaced("[Units]\r\nCurr=0\r\nx\r\n[Grid]\r\n1\r\n2\r\n", {UnitsOf({true, "€"}), GridOf({1, 25})}),
+              "[Units]\r\nType=1\r\nCurr=\x80\r\n[Grid]\r\nType=1\r\nStep=25\r\n");
+}
+
+TEST(ReplaceSections, ReplacesTheSixColoursInTheirOrder) {
+    const ColourScheme colours{1, 2, 3, 4, 16777215, 0};
+
+    EXPECT_EQ(
+        Replaced("[Colors]\r\n" + Lines(6, "old") + "kept\r\n", {ColoursOf(colours)}),
+        "[Colors]\r\nBackground=1\r\nInactive=2\r\nRail=3\r\nNonOwned=4\r\nOwned=16777215\r\nActive=0\r\nkept\r\n");
+}
+
+TEST(ReplaceSections, ReplacesTheLineAfterTheWorkingDirectorysHeader) {
+    EXPECT_EQ(Replaced("x\r\n[Working Directory]\r\nC:\\old\\\r\ny\r\n", {WorkingDirectoryOf("C:\\Müll\\")}),
+              "x\r\n[Working Directory]\r\nC:\\M\xFCll\\\r\ny\r\n");
+}
+
+const RoomPolygon Corner{{{-100, 0, 0}, {100, 0, 1}}, 0.5F};
+const std::string CornerLines = " 2 \r\n"
+                                "      -100         0    0\r\n"
+                                "       100         0    1\r\n"
+                                ".5\r\n";
+
+TEST(ReplaceSections, LeavesTheRoomsOldAngleBehindTheNewOne) {
+    EXPECT_EQ(Replaced("[Room]\r\n 1 \r\n         5         5    1\r\n.25\r\nnext\r\n", {RoomOf(Corner)}),
+              "[Room]\r\n" + CornerLines + ".25\r\nnext\r\n");
+}
+
+TEST(ReplaceSections, AddsOneStrayAngleLineToTheRoomWithEachSave) {
+    const std::string once = Replaced("[Room]\r\n 0 \r\n.25\r\n", {RoomOf(Corner)});
+    const std::string twice = Replaced(once, {RoomOf(Corner)});
+
+    EXPECT_EQ(once, "[Room]\r\n" + CornerLines + ".25\r\n");
+    EXPECT_EQ(twice, "[Room]\r\n" + CornerLines + ".5\r\n.25\r\n");
+    EXPECT_EQ(ParseSettings(twice, "corvel.ini").Room.Points, Corner.Points) << "which the reader ignores";
+}
+
+TEST(ReplaceSections, Drops28ProductLinesAndWrites29) {
+    std::array<double, CatalogueCount> owned{};
+    owned[0] = 4;
+    owned[36] = 2;
+    owned[37] = 3;
+    owned[38] = 1;
+
+    const std::string replaced =
+        Replaced("[My Loose Track]\r\n" + Lines(28, "old=1") + "behind\r\n", {LooseTrackOf(owned)});
+
+    EXPECT_EQ(CountOf(replaced, "\r\n"), 1 + 29 + 1);
+    EXPECT_TRUE(replaced.starts_with("[My Loose Track]\r\nC151=4\r\nC152=0\r\n"));
+    EXPECT_TRUE(replaced.ends_with("C367=0\r\nC8010=2\r\nC8010=3\r\nN10111=1\r\nbehind\r\n"));
+}
+
+TEST(ReplaceSections, LeavesAProductLineOverWhenItWroteTheSectionBefore) {
+    std::array<double, CatalogueCount> prices{};
+    prices[38] = 0.75;
+    const std::string once = Replaced("[Best Prices]\r\n" + Lines(28, "old=1"), {BestPricesOf(prices)});
+
+    const std::string twice = Replaced(once, {BestPricesOf(prices)});
+
+    EXPECT_EQ(CountOf(once, "\r\n"), 30);
+    EXPECT_EQ(CountOf(twice, "\r\n"), 31);
+    EXPECT_TRUE(twice.ends_with("N10111=.75\r\nN10111=.75\r\n"));
+}
+
+TEST(ReplaceSections, DoesNotAddASectionThatTheFileLacks) {
+    EXPECT_EQ(Replaced("[Grid]\r\nType=1\r\nStep=2\r\n", {ColoursOf({})}), "[Grid]\r\nType=1\r\nStep=2\r\n");
+    EXPECT_EQ(Replaced("", {ColoursOf({}), GridOf({})}), "");
+}
+
+TEST(ReplaceSections, ReplacesASectionWhereverItStandsAndEachTimeItDoes) {
+    EXPECT_EQ(Replaced("[Grid]\r\n1\r\n2\r\n[Grid]\r\n3\r\n4\r\n", {GridOf({2, 10})}),
+              "[Grid]\r\nType=2\r\nStep=10\r\n[Grid]\r\nType=2\r\nStep=10\r\n");
+}
+
+TEST(ReplaceSections, CopiesAllOtherLinesByteForByte) {
+    const std::string others = "; caf\xE9 \x81\x8D \t \r\n\r\n[grid]\r\n [Grid]\r\n=\r\n";
+
+    EXPECT_EQ(Replaced(others, {GridOf({1, 1})}), others);
+}
+
+TEST(ReplaceSections, EndsEveryLineInCrLf) {
+    EXPECT_EQ(Replaced("a\n[Grid]\rx\ny\r\nlast", {GridOf({1, 2})}), "a\r\n[Grid]\r\nType=1\r\nStep=2\r\nlast\r\n");
+}
+
+TEST(ReplaceSections, RefusesAFileThatEndsInsideASectionOfTheWriter) {
+    EXPECT_EQ(FaultIn("[Grid]\r\nType=1\r\n", {GridOf({})}),
+              "Input past end of file: corvel.ini, line 3: a line of [Grid] is missing");
+    EXPECT_EQ(FaultIn("[Working Directory]", {WorkingDirectoryOf("x")}),
+              "Input past end of file: corvel.ini, line 2: a line of [Working Directory] is missing");
+    EXPECT_EQ(FaultIn("[Room]\r\n 2 \r\n\r\n", {RoomOf({})}),
+              "Input past end of file: corvel.ini, line 4: a line of [Room] is missing");
+    EXPECT_EQ(FaultIn("[Room]\r\n 21 \r\n", {RoomOf({})}),
+              "Subscript out of range: corvel.ini, line 2: a room has 0 to 20 points, not 21");
+    EXPECT_EQ(FaultIn("[Grid]\r\nType=1\r\n", {ColoursOf({})}), "no fault") << "the section is another writer's";
+}
+
+TEST(ReplaceSections, EverySectionReadsBackAsWritten) {
+    Settings settings = InitialSettings();
+    settings.WorkingDirectory = "/srv/tracks/";
+    settings.MidX = 7.25F;
+    settings.Zoom = 123.5;
+    settings.DisplayUnits = {true, "£"};
+    settings.Grid = {1, 5};
+    settings.Room = Corner;
+    settings.Colours.Active = 77;
+    settings.Stocks[13] = {12, 2.5F};
+
+    const Settings read = ParseSettings(Replaced(InitialSettingsBytes("/old/"), AllSections(settings)), "corvel.ini");
+
+    EXPECT_EQ(read.WorkingDirectory, "/srv/tracks/");
+    EXPECT_EQ(read.MidX, 7.25F);
+    EXPECT_EQ(read.Zoom, 123.5);
+    EXPECT_TRUE(read.DisplayUnits.Inches);
+    EXPECT_EQ(read.DisplayUnits.Currency, "£");
+    EXPECT_EQ(read.Grid.Step, 5);
+    EXPECT_EQ(read.Room.Points, Corner.Points);
+    EXPECT_EQ(read.Room.Angle, 0.5F);
+    EXPECT_EQ(read.Colours.Active, 77);
+    EXPECT_EQ(read.Stocks[13].Owned, 12);
+    EXPECT_EQ(read.Stocks[13].Price, 2.5F);
+}
+
+TEST(RewriteSettings, ReplacesTheFileOnDiskOrLeavesItAsItWas) {
+    const TemporaryFolder folder;
+    const auto file = folder / "corvel.ini";
+    WriteBytes(file, "[Grid]\r\nType=0\r\nStep=0\r\n");
+
+    RewriteSettings(file, {GridOf({2, 10})});
+    EXPECT_EQ(BytesOf(file), "[Grid]\r\nType=2\r\nStep=10\r\n");
+
+    WriteBytes(file, "[Units]\r\n[Grid]\r\nType=0\r\n");
+    EXPECT_THROW(RewriteSettings(file, {GridOf({1, 1})}), Fault);
+    EXPECT_EQ(BytesOf(file), "[Units]\r\n[Grid]\r\nType=0\r\n");
+    EXPECT_THROW(RewriteSettings(folder / "none.ini", {GridOf({1, 1})}), Fault);
+    EXPECT_FALSE(std::filesystem::exists(folder / "none.ini")) << "the file is never created";
+}
+
+} // namespace
+} // namespace pistaro
