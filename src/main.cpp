@@ -1,12 +1,14 @@
 // The program: a verb's job, else the designer's window.
 #include "cli/command_line.h"
 #include "platform/platform.h"
+#include "ui/designer.h"
 
 #include <iostream>
 
 int main(int argc, char** argv) {
-    pistaro::UseConsoleOfParent();
-    const auto result =
-        pistaro::RunCommandLine(pistaro::CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);
-    return result.ExitStatus;
+    using namespace pistaro;
+    UseConsoleOfParent();
+    const auto result = RunCommandLine(CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);
+    if (!result.Designer) return result.ExitStatus;
+    return RunDesigner(argc, argv, {result.Designer->Settings.value_or(SettingsPath()), result.Designer->Circuit});
 }

@@ -1,0 +1,41 @@
+// The start-up sequence.
+#include "editor/start_up.h"
+
+#include "platform/platform.h"
+#include "storage/settings_file.h"
+
+namespace pistaro {
+
+namespace {
+
+void InstallSettings(const std::filesystem::path& path) {
+    std::error_code reportedByTheWrite;
+    std::filesystem::create_directories(path.parent_path(), reportedByTheWrite);
+    const std::string workingDirectory = InitialWorkingDirectory();
+    ReplaceFile(path, InitialSettingsBytes(workingDirectory));
+    std::error_code noFolderYet; // the user may choose another one with the first save
+    std::filesystem::create_directories(PathFromText(workingDirectory), noFolderYet);
+}
+
+DesignerStart StartWithout(const std::exception& fault) {
+    DesignerStart start{StartUp(InitialSettings()), {{Icon::Exclamation, fault.what()}}};
+    start.Design.WorkingDirectory = InitialWorkingDirectory();
+    return start;
+}
+
+} // namespace
+
+DesignerStart StartDesigner(const std::filesystem::path& settingsPath) {
+    try {
+        std::error_code unreadable;
+        if (!std::filesystem::exists(settingsPath, unreadable) && !unreadable) InstallSettings(settingsPath);
+        const Settings settings = ReadSettings(settingsPath);
+        DesignerStart start{StartUp(settings), settings.Messages};
+        start.Design.SettingsPath = settingsPath;
+        return start;
+    } catch (const std::exception& fault) {
+        return StartWithout(fault);
+    }
+}
+
+} // namespace pistaro

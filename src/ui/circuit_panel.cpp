@@ -1,0 +1,89 @@
+// The drawing area is kept as large a square as there is room for.
+#include "ui/circuit_panel.h"
+
+#include "editor/view_commands.h"
+
+#include <QHBoxLayout>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int Gap = 4;
+
+void SetUp(QScrollBar& bar, const ScrollBar& values, int smallStep, int largeStep) {
+    const QSignalBlocker quiet(bar);
+    bar.setRange(values.Minimum, values.Maximum);
+    bar.setSingleStep(smallStep);
+    bar.setPageStep(largeStep);
+    bar.setValue(values.Value);
+}
+
+} // namespace
+
+CircuitPanel::CircuitPanel(Workbench& workbench, CommandControls& controls)
+    : workbench_(workbench), view_(new CircuitView(workbench)), hMov_(new QScrollBar(Qt::Horizontal)),
+      vMov_(new QScrollBar(Qt::Vertical)), tools_(Tools(controls)) {
+    hMov_->setObjectName("hMov");
+    hMov_->setToolTip("Move the view left and right");
+    vMov_->setObjectName("vMov");
+    vMov_->setToolTip("Move the view up and down");
+    for (QWidget* const child :
+         {static_cast<QWidget*>(view_), static_cast<QWidget*>(vMov_), static_cast<QWidget*>(hMov_), tools_})
+        child->setParent(this);
+    for (QScrollBar* const bar : {hMov_, vMov_})
+        bar->setFocusPolicy(Qt::StrongFocus);
+    connect(hMov_, &QScrollBar::valueChanged, this,
+            [this](int value) { workbench_.Do([&] { ScrollHorizontally(workbench_.Design, value); }); });
+    connect(vMov_, &QScrollBar::valueChanged, this,
+            [this](int value) { workbench_.Do([&] { ScrollVertically(workbench_.Design, value); }); });
+    setMinimumSize(300, 300);
+}
+
+QWidget* CircuitPanel::Tools(CommandControls& controls) {
+    auto* const tools = new QWidget;
+    auto* const row = new QHBoxLayout(tools);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Gap);
+    for (const char* const id : {"zoom out", "zoom in"}) {
+        auto* const button = new QToolButton;
+        controls.Bind(*button, id);
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setAutoRepeat(true);
+        row->addWidget(button);
+    }
+    auto* const refresh = new QToolButton;
+    refresh->setObjectName("cmdRefresh");
+    refresh->setText("Refresh");
+    refresh->setToolTip(TipWithKey("Draw the circuit again", "F5"));
+    refresh->setShortcut(QKeySequence("F5"));
+    refresh->setFocusPolicy(Qt::StrongFocus);
+    connect(refresh, &QToolButton::clicked, this, [this] { workbench_.Do([] {}); });
+    row->addWidget(refresh);
+    return tools;
+}
+
+void CircuitPanel::Refresh() {
+    const Project& project = workbench_.Design;
+    const int smallStep = SmallScrollStep(project);
+    const int largeStep = LargeScrollStep(project);
+    SetUp(*hMov_, project.View.HMov, smallStep, largeStep);
+    SetUp(*vMov_, project.View.VMov, smallStep, largeStep);
+}
+
+void CircuitPanel::resizeEvent(QResizeEvent*) {
+    const int barWidth = vMov_->sizeHint().width();
+    const QSize tools = tools_->sizeHint();
+    const int side = std::max(0, std::min(width() - barWidth, height() - tools.height() - Gap));
+    const int left = (width() - side - barWidth) / 2;
+    view_->setGeometry(left, 0, side, side);
+    vMov_->setGeometry(left + side, 0, barWidth, side);
+    const int barHeight = hMov_->sizeHint().height();
+    const int below = side + Gap;
+    tools_->setGeometry(left + side + barWidth - tools.width(), below, tools.width(), tools.height());
+    hMov_->setGeometry(left, below + (tools.height() - barHeight) / 2, tools_->x() - left - 2 * Gap, barHeight);
+}
+
+} // namespace pistaro

@@ -1,0 +1,78 @@
+// Rows of the command table as controls.
+#include "ui/command_controls.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QShortcut>
+#include <QVariant>
+
+#include <stdexcept>
+
+namespace pistaro {
+
+namespace {
+
+QString Text(const std::string& text) { return QString::fromStdString(text); }
+
+QKeySequence KeyOf(const Command& command) { return QKeySequence(Text(command.Key), QKeySequence::PortableText); }
+
+const Command& RowOf(std::string_view id) {
+    const Command* const command = FindCommand(id);
+    if (command == nullptr) throw std::logic_error("no command is called " + std::string(id));
+    return *command;
+}
+
+} // namespace
+
+QString TipWithKey(const std::string& tip, const std::string& key) {
+    if (key.empty()) return Text(tip);
+    const QKeySequence sequence(Text(key), QKeySequence::PortableText);
+    return Text(tip) + " (" + sequence.toString(QKeySequence::NativeText) + ")";
+}
+
+QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id) {
+    const Command& command = RowOf(id);
+    QAction* const action = menu.addAction(Text(command.Caption));
+    action->setObjectName(Text(command.Control));
+    action->setShortcut(KeyOf(command));
+    QObject::connect(action, &QAction::triggered, action, [this, &command] { workbench_.Run(command); });
+    bindings_.push_back({[&command]() -> const Command& { return command; }, action, nullptr});
+    return action;
+}
+
+void CommandControls::Bind(QAbstractButton& button, std::string_view id) {
+    const Command& command = RowOf(id);
+    Bind(button, [&command]() -> const Command& { return command; });
+}
+
+void CommandControls::Bind(QAbstractButton& button, const std::function<const Command&()>& row) {
+    const Command& command = row();
+    button.setObjectName(Text(command.Control));
+    if (!command.Tag.empty()) button.setProperty("Tag", Text(command.Tag));
+    button.setText(Text(command.Caption));
+    const auto run = [this, row] { workbench_.Run(row()); };
+    QObject::connect(&button, &QAbstractButton::clicked, &button, run);
+    // A shortcut of its own, because that of a button waits for a key that is held down to come up again.
+    if (!command.Key.empty()) {
+        auto* const key = new QShortcut(KeyOf(command), &button);
+        QObject::connect(key, &QShortcut::activated, &button, run);
+    }
+    bindings_.push_back({row, nullptr, &button});
+}
+
+template <typename Control>
+void CommandControls::Show(Control& control, const Command& command, const std::string& key) const {
+    const std::string whyNot = command.WhyNot(workbench_.Design);
+    control.setEnabled(whyNot.empty());
+    control.setToolTip(whyNot.empty() ? TipWithKey(command.Tip, key) : Text(whyNot));
+}
+
+void CommandControls::Refresh() {
+    for (const Binding& binding : bindings_) {
+        const Command& command = binding.Row();
+        if (binding.Entry != nullptr) Show(*binding.Entry, command, ""); // the menu shows the key
+        if (binding.Button != nullptr) Show(*binding.Button, command, command.Key);
+    }
+}
+
+} // namespace pistaro

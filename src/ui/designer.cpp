@@ -1,0 +1,30 @@
+// Settings, window, circuit; and the ways in which the system ends the program.
+#include "ui/designer.h"
+
+#include "editor/start_up.h"
+#include "ui/frmCorvel.h"
+#include "ui/message_prompts.h"
+
+#include <QApplication>
+#include <QSessionManager>
+
+namespace pistaro {
+
+int RunDesigner(int argc, char** argv, const DesignerFiles& files) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Pistaro");
+    QApplication::setDesktopFileName("pistaro");
+    MessagePrompts prompts;
+    DesignerStart start = StartDesigner(files.Settings);
+    frmCorvel window(start.Design, prompts);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&](QSessionManager& session) {
+        if (session.allowsInteraction() && !window.close()) session.cancel();
+    });
+    window.show();
+    for (const Message& message : start.Messages)
+        prompts.Tell(message);
+    if (files.Circuit) window.Open(*files.Circuit);
+    return QApplication::exec();
+}
+
+} // namespace pistaro

@@ -1,0 +1,87 @@
+// What happens after each command, and how the window is left.
+#include "ui/frmCorvel.h"
+
+#include "editor/circuit_commands.h"
+#include "editor/status_text.h"
+#include "platform/platform.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int Spacing = 8;
+constexpr int RightColumnWidth = 190;
+
+/// The first circuit file among what is dragged; empty when there is none.
+QString CircuitFileIn(const QMimeData& data) {
+    for (const QUrl& url : data.urls()) {
+        const QString file = url.toLocalFile();
+        if (file.endsWith(".trk", Qt::CaseInsensitive)) return file;
+    }
+    return {};
+}
+
+} // namespace
+
+frmCorvel::frmCorvel(Project& project, Prompts& prompts)
+    : workbench_(project, prompts), controls_(workbench_), menus_(*this, workbench_, controls_),
+      palette_(new PiecePalette(workbench_, controls_)), circuit_(new CircuitPanel(workbench_, controls_)),
+      track_(new TrackPanel(workbench_, controls_)), status_(new QLabel) {
+    setObjectName("frmCorvel");
+    setAcceptDrops(true);
+    auto* const columns = new QWidget;
+    auto* const row = new QHBoxLayout(columns);
+    row->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
+    row->setSpacing(Spacing);
+    row->addWidget(palette_);
+    row->addWidget(circuit_, 1);
+    row->addWidget(track_);
+    track_->setFixedWidth(RightColumnWidth);
+    setCentralWidget(columns);
+    statusBar()->addWidget(status_);
+    workbench_.Changed = [this] { Refresh(); };
+    Refresh();
+    resize(1200, 820);
+}
+
+void frmCorvel::Refresh() {
+    const Project& project = workbench_.Design;
+    circuit_->View().Redraw();
+    controls_.Refresh();
+    menus_.Refresh();
+    palette_->Refresh();
+    circuit_->Refresh();
+    track_->Refresh();
+    setWindowTitle(QString::fromStdString(Caption(project)));
+    status_->setText(QString::fromStdString(StatusText(project)));
+}
+
+void frmCorvel::Open(const std::filesystem::path& file) {
+    workbench_.Do([&] { LoadFileCommand(workbench_.Design, workbench_.Words, file); });
+}
+
+void frmCorvel::closeEvent(QCloseEvent* event) {
+    if (closing_) return event->ignore(); // the question is being asked already
+    closing_ = true;
+    event->setAccepted(workbench_.Run(*FindCommand("quit")));
+    closing_ = false;
+}
+
+void frmCorvel::dragEnterEvent(QDragEnterEvent* event) {
+    if (!CircuitFileIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void frmCorvel::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    const QString file = CircuitFileIn(*event->mimeData());
+    // Not before the drop is over: the program it came from waits for that, and there may be a question to answer.
+    QTimer::singleShot(0, this, [this, file] { Open(PathFromText(file.toStdString())); });
+}
+
+} // namespace pistaro

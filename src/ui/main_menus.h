@@ -1,0 +1,49 @@
+// The window's menu bar: rows of the command table, and the entries that open dialogs.
+#pragma once
+
+#include "ui/command_controls.h"
+
+#include <QMainWindow>
+
+namespace pistaro {
+
+/// How an entry that is no row of the command table looks.
+struct EntryText {
+    const char* Name;    ///< the object name: "mnuStats"
+    const char* Caption; ///< with its mnemonic: "&Statistics…"
+    const char* Tip;
+    const char* Key = "";
+};
+
+class MainMenus {
+public:
+    MainMenus(QMainWindow& window, Workbench& workbench, CommandControls& controls);
+
+    /// What no row tells: the caption of the track system switch.
+    void Refresh();
+
+private:
+    void FillCircuit(QMenu& menu);
+    void FillTrack(QMenu& menu);
+    void FillPieces(QMenu& menu);
+    void FillView(QMenu& menu);
+    void FillSettings(QMenu& menu);
+    void FillReports(QMenu& menu);
+    void FillHelp(QMenu& menu);
+
+    /// An entry whose work is contained, and the circuit redrawn after it.
+    QAction* Add(QMenu& menu, const EntryText& text, const std::function<void()>& work);
+
+    /// An entry that shows a modal dialog.
+    template <typename Dialog>
+    QAction* AddDialog(QMenu& menu, const EntryText& text) {
+        return Add(menu, text, [this] { Dialog(workbench_.Design, workbench_.Words, &window_).exec(); });
+    }
+
+    QMainWindow& window_;
+    Workbench& workbench_;
+    CommandControls& controls_;
+    QAction* mnuScalextricNinco_ = nullptr;
+};
+
+} // namespace pistaro

@@ -1,0 +1,90 @@
+// QMessageBox and QFileDialog.
+#include "ui/message_prompts.h"
+
+#include "platform/platform.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+constexpr const char* Title = "Pistaro";
+
+QWidget* Owner() {
+    if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+    if (QWidget* const active = QApplication::activeWindow()) return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto shown = std::ranges::find_if(windows, [](const QWidget* window) { return window->isVisible(); });
+    return shown == windows.end() ? nullptr : *shown;
+}
+
+QMessageBox::Icon BoxIcon(Icon icon) {
+    switch (icon) {
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Icon::Critical:
+        return QMessageBox::Critical;
+    case Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// A filter "name|pattern;pattern|..." as the names and patterns of a dialog.
+struct Filters {
+    explicit Filters(const std::string& filter) {
+        const QStringList parts = QString::fromStdString(filter).split('|');
+        for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+            const QStringList patterns = parts[i + 1].split(';');
+            const QString name = parts[i].section('(', 0, 0).trimmed();
+            Names.append(name + " (" + patterns.join(' ') + ")");
+            Patterns.append(patterns);
+        }
+    }
+
+    QString WithEnding(const QString& file) const {
+        const auto matches = [&](const QString& pattern) { return file.endsWith(pattern.mid(1), Qt::CaseInsensitive); };
+        const bool ends = Patterns.isEmpty() || std::any_of(Patterns.begin(), Patterns.end(), matches);
+        return ends ? file : file + Patterns.first().mid(1);
+    }
+
+    QStringList Names, Patterns;
+};
+
+} // namespace
+
+void MessagePrompts::Tell(const Message& message) {
+    QMessageBox(BoxIcon(message.MessageIcon), Title, QString::fromStdString(message.Text), QMessageBox::Ok, Owner())
+        .exec();
+}
+
+Answer MessagePrompts::Ask(const std::string& question, Buttons buttons) {
+    const bool okCancel = buttons == Buttons::OkCancel;
+    QMessageBox box(QMessageBox::Question, Title, QString::fromStdString(question),
+                    okCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Yes | QMessageBox::No, Owner());
+    const int answer = box.exec();
+    if (okCancel) return answer == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
+    return answer == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice& choice) {
+    const Filters filters(choice.Filter);
+    QFileDialog dialog(Owner(), QString::fromStdString(choice.Title), QString::fromStdString(choice.Folder));
+    dialog.setAcceptMode(choice.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(choice.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // the program asks itself
+    dialog.setNameFilters(filters.Names);
+    if (!choice.DefaultName.empty()) dialog.selectFile(filters.WithEnding(QString::fromStdString(choice.DefaultName)));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    const QString file = dialog.selectedFiles().constFirst();
+    return PathFromText((choice.Saving ? filters.WithEnding(file) : file).toStdString());
+}
+
+} // namespace pistaro

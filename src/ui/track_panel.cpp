@@ -1,0 +1,137 @@
+// The track's controls and its list.
+#include "ui/track_panel.h"
+
+#include "editor/track_editing.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int ArrowSide = 34;
+
+QString ListLine(int index, const std::string& code) {
+    return QString::number(index) + "  " + QString::fromStdString(code);
+}
+
+} // namespace
+
+TrackPanel::TrackPanel(Workbench& workbench, CommandControls& controls)
+    : workbench_(workbench), controls_(controls), lstTrack_(new QListWidget), lblselected_(new QLabel),
+      lblElType_(new QLabel), chkNumbers_(new QCheckBox("&Numbers")) {
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(TrackSelector());
+    column->addWidget(ArrowPad());
+    column->addWidget(Elements(), 1);
+}
+
+QWidget* TrackPanel::TrackSelector() {
+    auto* const box = new QGroupBox("Track");
+    auto* const row = new QHBoxLayout(box);
+    std::size_t place = 0;
+    for (const char* const id : {"track 1", "track 2", "track 3", "track all"}) {
+        auto* const button = new QRadioButton;
+        controls_.Bind(*button, id);
+        row->addWidget(button);
+        selectors_[place++] = button;
+    }
+    return box;
+}
+
+QWidget* TrackPanel::ArrowPad() {
+    auto* const box = new QGroupBox("Move and rotate");
+    auto* const grid = new QGridLayout(box);
+    grid->setSpacing(2);
+    const auto add = [&](const char* id, int row, int column) {
+        auto* const button = new QToolButton;
+        controls_.Bind(*button, id);
+        button->setFixedSize(ArrowSide, ArrowSide);
+        button->setFocusPolicy(Qt::StrongFocus);
+        grid->addWidget(button, row, column);
+    };
+    add("move up-left", 0, 0);
+    add("move up", 0, 1);
+    add("move up-right", 0, 2);
+    add("move left", 1, 0);
+    add("move right", 1, 2);
+    add("move down-left", 2, 0);
+    add("move down", 2, 1);
+    add("move down-right", 2, 2);
+    add("rotate left", 0, 4);
+    add("rotate right", 2, 4);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
+QWidget* TrackPanel::Elements() {
+    auto* const box = new QGroupBox("&Elements");
+    auto* const column = new QVBoxLayout(box);
+    lstTrack_->setObjectName("lstTrack");
+    lstTrack_->setUniformItemSizes(true);
+    connect(lstTrack_, &QListWidget::itemSelectionChanged, this, [this] {
+        if (lstTrack_->selectedItems().isEmpty()) return;
+        workbench_.Do([&] { SelectElement(workbench_.Design, lstTrack_->currentRow()); });
+    });
+    column->addWidget(lstTrack_, 1);
+    lblselected_->setObjectName("lblselected");
+    lblElType_->setObjectName("lblElType");
+    column->addWidget(lblselected_);
+    column->addWidget(lblElType_);
+    auto* const row = new QHBoxLayout;
+    auto* const cmdDelete = new QPushButton;
+    controls_.Bind(*cmdDelete, "delete");
+    row->addWidget(cmdDelete);
+    row->addStretch();
+    chkNumbers_->setObjectName("chkNumbers");
+    chkNumbers_->setToolTip("Show each element's number in the drawing");
+    connect(chkNumbers_, &QCheckBox::toggled, this,
+            [this](bool shown) { workbench_.Do([&] { workbench_.Design.ShowNumbers = shown; }); });
+    row->addWidget(chkNumbers_);
+    column->addLayout(row);
+    return box;
+}
+
+void TrackPanel::Refresh() {
+    selectors_[static_cast<std::size_t>(workbench_.Design.Layout.CurrentTrack)]->setChecked(true);
+    const QSignalBlocker quiet(chkNumbers_);
+    chkNumbers_->setChecked(workbench_.Design.ShowNumbers);
+    RefreshList();
+    RefreshSelection();
+}
+
+void TrackPanel::RefreshList() {
+    const QSignalBlocker quiet(lstTrack_);
+    const Track* const track = workbench_.Design.Layout.Current();
+    const int count = track == nullptr ? 0 : track->ElementLastIndex() + 1;
+    while (lstTrack_->count() > count)
+        delete lstTrack_->takeItem(lstTrack_->count() - 1);
+    for (int index = 0; index < count; ++index) {
+        const QString line = ListLine(index, track->ElementCodes[static_cast<std::size_t>(index)]);
+        if (index == lstTrack_->count()) {
+            lstTrack_->addItem(line);
+        } else if (lstTrack_->item(index)->text() != line) {
+            lstTrack_->item(index)->setText(line);
+        }
+    }
+    const int selected = track == nullptr ? -1 : track->CurrentElement;
+    lstTrack_->setCurrentRow(selected);
+    if (selected < 0) lstTrack_->clearSelection();
+}
+
+void TrackPanel::RefreshSelection() {
+    const Project& project = workbench_.Design;
+    const std::string code = SelectedCode(project.Layout);
+    const int row = FindRow(project.Pieces, code);
+    lblselected_->setText(code.empty() ? "Nothing selected" : ListLine(project.Layout.Current()->CurrentElement, code));
+    const std::string_view name = row < 0 ? std::string_view() : project.Pieces[static_cast<std::size_t>(row)].LongName;
+    lblElType_->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+}
+
+} // namespace pistaro
