@@ -10,5 +10,6 @@ int main(int argc, char** argv) {
     UseConsoleOfParent();
     const auto result = RunCommandLine(CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);
     if (!result.Designer) return result.ExitStatus;
-    return RunDesigner(argc, argv, {result.Designer->Settings.value_or(SettingsPath()), result.Designer->Circuit});
+    const DesignerOptions& options = *result.Designer;
+    return RunDesigner(argc, argv, {options.Settings.value_or(SettingsPath()), options.Circuit, options.NoSplash});
 }

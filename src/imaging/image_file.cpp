@@ -13,6 +13,7 @@ QImage DecodeImage(const std::string& bytes, const std::string& name) {
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
+    reader.setAutoTransform(true); // a photograph stands as it was taken
     QImage image = reader.read();
     if (image.isNull()) throw InvalidPicture(name + ": " + reader.errorString().toStdString());
     return image;

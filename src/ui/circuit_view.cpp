@@ -24,10 +24,20 @@ void CircuitView::Redraw() {
         picture_ = QImage(PictureSize(), QImage::Format_RGB32);
         picture_.setDevicePixelRatio(devicePixelRatioF());
     }
-    QPainter painter(&picture_);
+    DrawOn(picture_);
+    update();
+}
+
+QImage CircuitView::PlainPicture() {
+    QImage picture(size(), QImage::Format_RGB32);
+    DrawOn(picture);
+    return picture;
+}
+
+void CircuitView::DrawOn(QImage& picture) {
+    QPainter painter(&picture);
     PainterSurface surface(painter, width(), background_);
     RedrawCircuit(workbench_.Design, surface);
-    update();
 }
 
 void CircuitView::SetBackground(const QImage& background) {

@@ -21,6 +21,9 @@ public:
 
     const QImage& Picture() const { return picture_; }
 
+    /// The drawing as it is shown, one pixel for each device-independent one.
+    QImage PlainPicture();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -28,6 +31,7 @@ protected:
 
 private:
     QSize PictureSize() const;
+    void DrawOn(QImage& picture);
     WorldPoint WorldAt(QPointF position) const;
 
     Workbench& workbench_;

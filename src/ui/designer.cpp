@@ -2,11 +2,13 @@
 #include "ui/designer.h"
 
 #include "editor/start_up.h"
+#include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"
 #include "ui/message_prompts.h"
 
 #include <QApplication>
 #include <QSessionManager>
+#include <QTimer>
 
 namespace pistaro {
 
@@ -20,10 +22,20 @@ int RunDesigner(int argc, char** argv, const DesignerFiles& files) {
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&](QSessionManager& session) {
         if (session.allowsInteraction() && !window.close()) session.cancel();
     });
-    window.show();
-    for (const Message& message : start.Messages)
-        prompts.Tell(message);
-    if (files.Circuit) window.Open(*files.Circuit);
+    const auto begin = [&] {
+        for (const Message& message : start.Messages)
+            prompts.Tell(message);
+        if (files.Circuit) window.Open(*files.Circuit);
+    };
+    const auto showWindow = [&] {
+        window.show();
+        QTimer::singleShot(0, &window, begin); // when the opening window is gone
+    };
+    if (files.NoSplash) {
+        showWindow();
+    } else {
+        (new frmAbout(showWindow))->show();
+    }
     return QApplication::exec();
 }
 

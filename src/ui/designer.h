@@ -9,6 +9,7 @@ namespace pistaro {
 struct DesignerFiles {
     std::filesystem::path Settings;
     std::optional<std::filesystem::path> Circuit; ///< opened at the start
+    bool NoSplash = false;                        ///< without the opening window
 };
 
 /// Gives the program's exit status.

@@ -26,7 +26,10 @@ constexpr Colour DrawingOutline = Rgb(0xf2, 0xa9, 0x3b);
 
 /// A figure of eight with its bridge.
 Track ShownTrack() {
-    Track track{.TrackStartX = 46.5F, .TrackStartY = -15.5F, .TrackStartHeading = static_cast<float>(PiValue / 2)};
+    Track track;
+    track.TrackStartX = 46.5F;
+    track.TrackStartY = -15.5F;
+    track.TrackStartHeading = static_cast<float>(PiValue / 2);
     track.ElementCodes = {"C160", "C160", "C159", "C158", "C151L", "C151L", "C151L", "C159", "C151L", "C151L", "C151L",
                           "C160", "C248", "C159", "C158", "C151R", "C151R", "C151R", "C160", "C151R", "C151R", "C151R"};
     return track;
@@ -68,8 +71,8 @@ frmAbout::frmAbout(QWidget* owner, bool aboutFromMenu) : QDialog(owner), aboutFr
     auto* const words = new QVBoxLayout;
     words->setContentsMargins(24, 24, 24, 20);
     words->addWidget(Words("lblTitle", "PISTARO", "font-size: 30px; font-weight: bold; letter-spacing: 3px;"));
-    words->addWidget(Words("lblWhat", "A layout designer for slot-car racing track", "font-size: 14px;"));
-    words->addSpacing(8);
+    words->addWidget(Words("lblWhat", "A layout designer\nfor slot-car racing track", "font-size: 14px;"));
+    words->addSpacing(10);
     words->addWidget(Words("lblVersion", VersionText(), "font-size: 13px; color: #6a737d;"));
     words->addStretch();
     words->addWidget(Words("lblNotice",
@@ -78,7 +81,7 @@ frmAbout::frmAbout(QWidget* owner, bool aboutFromMenu) : QDialog(owner), aboutFr
     cmdOK_ = new QPushButton("OK");
     cmdOK_->setObjectName("cmdOK");
     cmdOK_->setVisible(aboutFromMenu);
-    connect(cmdOK_, &QPushButton::clicked, this, &QDialog::close);
+    connect(cmdOK_, &QPushButton::clicked, this, &QDialog::accept);
     words->addSpacing(12);
     words->addWidget(cmdOK_, 0, Qt::AlignRight);
 
@@ -101,7 +104,7 @@ frmAbout::frmAbout(const std::function<void()>& showMainWindow) : frmAbout(nullp
     timTimer_->setSingleShot(true);
     connect(timTimer_, &QTimer::timeout, this, [this, showMainWindow] {
         showMainWindow();
-        close();
+        accept();
     });
     timTimer_->start();
 }

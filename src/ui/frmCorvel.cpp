@@ -30,9 +30,9 @@ QString CircuitFileIn(const QMimeData& data) {
 } // namespace
 
 frmCorvel::frmCorvel(Project& project, Prompts& prompts)
-    : workbench_(project, prompts), controls_(workbench_), menus_(*this, workbench_, controls_),
-      palette_(new PiecePalette(workbench_, controls_)), circuit_(new CircuitPanel(workbench_, controls_)),
-      track_(new TrackPanel(workbench_, controls_)), status_(new QLabel) {
+    : workbench_(project, prompts), controls_(workbench_), palette_(new PiecePalette(workbench_, controls_)),
+      circuit_(new CircuitPanel(workbench_, controls_)), track_(new TrackPanel(workbench_, controls_)),
+      menus_(*this, workbench_, controls_, circuit_->View()), status_(new QLabel) {
     setObjectName("frmCorvel");
     setAcceptDrops(true);
     auto* const columns = new QWidget;

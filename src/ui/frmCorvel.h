@@ -29,10 +29,10 @@ private:
 
     Workbench workbench_;
     CommandControls controls_;
-    MainMenus menus_;
     PiecePalette* const palette_;
     CircuitPanel* const circuit_;
     TrackPanel* const track_;
+    MainMenus menus_;
     QLabel* const status_;
     bool closing_ = false;
 };

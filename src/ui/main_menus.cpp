@@ -2,13 +2,15 @@
 #include "ui/main_menus.h"
 
 #include "editor/building.h"
+#include "report/viewer.h"
+#include "ui/picture_commands.h"
 
 #include <QMenuBar>
 
 namespace pistaro {
 
-MainMenus::MainMenus(QMainWindow& window, Workbench& workbench, CommandControls& controls)
-    : window_(window), workbench_(workbench), controls_(controls) {
+MainMenus::MainMenus(QMainWindow& window, Workbench& workbench, CommandControls& controls, CircuitView& view)
+    : window_(window), workbench_(workbench), controls_(controls), view_(view) {
     const auto menu = [&](const char* title, void (MainMenus::*fill)(QMenu&)) {
         QMenu* const added = window_.menuBar()->addMenu(title);
         added->setToolTipsVisible(true);
@@ -44,10 +46,35 @@ void MainMenus::FillPieces(QMenu& menu) {
         controls_.AddEntry(menu, "replace " + std::string(variant));
 }
 
-void MainMenus::FillView(QMenu&) {}
+void MainMenus::FillView(QMenu& menu) {
+    Add(menu, {"mnuBackgroundSelect", "Select &Background…", "Lay a picture behind the circuit, such as a floor plan"},
+        [this] { SelectBackground(workbench_, view_); });
+    Add(menu, {"mnuBackgroundClear", "&Clear Background", "Take the picture behind the circuit away"},
+        [this] { view_.SetBackground({}); });
+}
+
 void MainMenus::FillSettings(QMenu&) {}
-void MainMenus::FillReports(QMenu&) {}
-void MainMenus::FillHelp(QMenu&) {}
+void MainMenus::FillReports(QMenu& menu) {
+    Add(menu,
+        {"mnuReport", "Design &Guide", "Write the guide, a page with the layout and every piece in its order",
+         "Ctrl+G"},
+        [this] { ShowGuide(workbench_, view_); });
+    Add(menu, {"mnuWMF", "Save &Picture", "Write the drawing into the working directory as track.bmp", "Ctrl+P"},
+        [this] { SavePicture(workbench_.Design, view_); });
+}
+
+void MainMenus::FillHelp(QMenu& menu) {
+    Add(menu, {"mnuManual", "&Manual", "Open the manual in the working directory", "F1"},
+        [this] { OpenManual(workbench_.Design); });
+    Add(menu, {"mnuAbout", "&About Pistaro", "Tell what this program is"}, [this] { ShowAbout(); });
+}
+
+void MainMenus::ShowAbout() {
+    if (!about_) about_ = new frmAbout(&window_);
+    about_->show();
+    about_->raise();
+    about_->activateWindow();
+}
 
 QAction* MainMenus::Add(QMenu& menu, const EntryText& text, const std::function<void()>& work) {
     QAction* const action = menu.addAction(text.Caption);

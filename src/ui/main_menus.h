@@ -1,9 +1,12 @@
 // The window's menu bar: rows of the command table, and the entries that open dialogs.
 #pragma once
 
+#include "ui/circuit_view.h"
 #include "ui/command_controls.h"
+#include "ui/frmAbout.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 namespace pistaro {
 
@@ -17,7 +20,7 @@ struct EntryText {
 
 class MainMenus {
 public:
-    MainMenus(QMainWindow& window, Workbench& workbench, CommandControls& controls);
+    MainMenus(QMainWindow& window, Workbench& workbench, CommandControls& controls, CircuitView& view);
 
     /// What no row tells: the caption of the track system switch.
     void Refresh();
@@ -31,6 +34,9 @@ private:
     void FillReports(QMenu& menu);
     void FillHelp(QMenu& menu);
 
+    /// Shows the About box, which then stays beside the window.
+    void ShowAbout();
+
     /// An entry whose work is contained, and the circuit redrawn after it.
     QAction* Add(QMenu& menu, const EntryText& text, const std::function<void()>& work);
 
@@ -43,7 +49,9 @@ private:
     QMainWindow& window_;
     Workbench& workbench_;
     CommandControls& controls_;
+    CircuitView& view_;
     QAction* mnuScalextricNinco_ = nullptr;
+    QPointer<frmAbout> about_;
 };
 
 } // namespace pistaro
