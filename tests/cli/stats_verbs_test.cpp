@@ -1,8 +1,7 @@
 // The verbs stats and shop, from the shell to the last byte.
 #include "storage/circuit_file.h"
 #include "support/chain.h"
-#include "support/program.h"
-#include "support/temporary_folder.h"
+#include "support/run_program.h"
 
 #include <gmock/gmock.h>
 
@@ -41,16 +40,16 @@ protected:
 
     std::string Circuit() const { return (folder_ / "circuit.trk").string(); }
 
-    ProgramRun Run(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.end(), {"--settings", (folder_ / "settings.ini").string()});
-        return RunProgram(arguments);
+    Finished Run(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.end(), {"--settings", "settings.ini"});
+        return folder_.Run(arguments);
     }
 
-    TemporaryFolder folder_;
+    ProgramFolder folder_;
 };
 
 TEST_F(StatsVerbs, StatsPrintsTheFramesTheChecksAndTheDetailAsOneLine) {
-    const ProgramRun run = Run({"stats", Circuit(), "--json"});
+    const Finished run = Run({"stats", Circuit(), "--json"});
 
     EXPECT_EQ(run.ExitStatus, 0);
     EXPECT_THAT(run.Errors, IsEmpty());
@@ -71,7 +70,7 @@ TEST_F(StatsVerbs, StatsPrintsTheFramesTheChecksAndTheDetailAsOneLine) {
 }
 
 TEST_F(StatsVerbs, StatsShowsTheDetailOfOneTrackWithOwnedPieces) {
-    const ProgramRun run = Run({"stats", "--track", "2", "--include-owned", "--json", Circuit()});
+    const Finished run = Run({"stats", "--track", "2", "--include-owned", "--json", Circuit()});
 
     EXPECT_THAT(run.Output, HasSubstr(R"("detail":{"track":2,"includeOwned":true,"counts":{"C151":0,)"));
     EXPECT_THAT(run.Output, HasSubstr(R"("C160":1,)"));
@@ -81,7 +80,7 @@ TEST_F(StatsVerbs, StatsShowsTheDetailOfOneTrackWithOwnedPieces) {
 TEST_F(StatsVerbs, StatsPrintsATableForAPerson) {
     Settings("Type=1\r\nCurr=\x80\r\n");
 
-    const ProgramRun run = Run({"stats", Circuit()});
+    const Finished run = Run({"stats", Circuit()});
 
     EXPECT_EQ(run.ExitStatus, 0);
     EXPECT_THAT(run.Output, StartsWith("                                         Track 1           Track 2"
@@ -104,7 +103,7 @@ TEST_F(StatsVerbs, StatsPrintsATableForAPerson) {
 }
 
 TEST_F(StatsVerbs, ShopWritesBesideTheCircuitAndPrintsThePath) {
-    const ProgramRun run = Run({"shop", Circuit()});
+    const Finished run = Run({"shop", Circuit()});
 
     EXPECT_EQ(run.ExitStatus, 0);
     EXPECT_EQ(run.Output, (folder_ / "shoppingList.txt").string() + "\n");
@@ -121,7 +120,7 @@ TEST_F(StatsVerbs, ShopWritesBesideTheCircuitAndPrintsThePath) {
 TEST_F(StatsVerbs, ShopWritesOneTracksListIntoAnotherFolder) {
     const TemporaryFolder other;
 
-    const ProgramRun run = Run({"shop", Circuit(), "--track", "1", "--include-owned", "--out", other.Path().string()});
+    const Finished run = Run({"shop", Circuit(), "--track", "1", "--include-owned", "--out", other.Path().string()});
 
     EXPECT_EQ(run.Output, (other / "shoppingList.txt").string() + "\n");
     EXPECT_THAT(BytesOf(other / "shoppingList.txt"), HasSubstr("    1 x C160  (standard straight)    at .75\r\n"));
@@ -129,7 +128,7 @@ TEST_F(StatsVerbs, ShopWritesOneTracksListIntoAnotherFolder) {
 }
 
 TEST_F(StatsVerbs, ShopRefusesAFolderThatIsNotThere) {
-    const ProgramRun run = Run({"shop", Circuit(), "--out", (folder_ / "missing").string()});
+    const Finished run = Run({"shop", Circuit(), "--out", (folder_ / "missing").string()});
 
     EXPECT_EQ(run.ExitStatus, 1);
     EXPECT_THAT(run.Errors, StartsWith("pistaro: Path not found: "));
@@ -138,7 +137,7 @@ TEST_F(StatsVerbs, ShopRefusesAFolderThatIsNotThere) {
 
 TEST_F(StatsVerbs, ACircuitThatIsNotThereIsRefused) {
     for (const char* const verb : {"stats", "shop"}) {
-        const ProgramRun run = Run({verb, (folder_ / "missing.trk").string()});
+        const Finished run = Run({verb, (folder_ / "missing.trk").string()});
 
         EXPECT_EQ(run.ExitStatus, 1) << verb;
         EXPECT_THAT(run.Errors, HasSubstr("missing.trk")) << verb;
@@ -147,7 +146,7 @@ TEST_F(StatsVerbs, ACircuitThatIsNotThereIsRefused) {
 
 TEST_F(StatsVerbs, ATrackOtherThan1To3OrAllIsAWrongCommandLine) {
     for (const char* const track : {"0", "4", "All", "", "12"}) {
-        const ProgramRun run = Run({"stats", Circuit(), "--track", track});
+        const Finished run = Run({"stats", Circuit(), "--track", track});
 
         EXPECT_EQ(run.ExitStatus, 2) << track;
         EXPECT_THAT(run.Errors, HasSubstr("--track")) << track;
@@ -157,7 +156,7 @@ TEST_F(StatsVerbs, ATrackOtherThan1To3OrAllIsAWrongCommandLine) {
 TEST_F(StatsVerbs, ACountThatOverflowsIsRefused) {
     WriteBytes(folder_ / "settings.ini", Section("[My Loose Track]", "C160=-32768\r\n", 27));
 
-    const ProgramRun run = Run({"stats", Circuit()});
+    const Finished run = Run({"stats", Circuit()});
 
     EXPECT_EQ(run.ExitStatus, 1);
     EXPECT_THAT(run.Errors, StartsWith("pistaro: Overflow: "));

@@ -1,0 +1,41 @@
+// What the statistics of the largest circuit cost: three tracks of 501 pieces.
+#include "full_circuit.h"
+#include "stats/design_checks.h"
+#include "stats/detail.h"
+#include "stats/frames.h"
+#include "stats/measure.h"
+#include "stats/shopping_list.h"
+
+#include <benchmark/benchmark.h>
+
+namespace pistaro {
+namespace {
+
+void MeasureCircuit(benchmark::State& state) {
+    const Project project = FullCircuit();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Measure(project, AllTracks));
+}
+
+/// All that the dialog shows when it opens.
+void ShowStatistics(benchmark::State& state) {
+    const Project project = FullCircuit();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(StatisticsFrames(project));
+        benchmark::DoNotOptimize(ShowDetail(project, AllTracks, false));
+        benchmark::DoNotOptimize(DesignChecks(project));
+    }
+}
+
+void FormatList(benchmark::State& state) {
+    const Project project = FullCircuit();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ShoppingListBytes(project, ShowDetail(project, AllTracks, false)));
+}
+
+BENCHMARK(MeasureCircuit)->Name("measure 3 x 501 pieces")->Unit(benchmark::kMillisecond);
+BENCHMARK(ShowStatistics)->Name("statistics of 3 x 501 pieces")->Unit(benchmark::kMillisecond);
+BENCHMARK(FormatList)->Name("shopping list of 3 x 501 pieces")->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace pistaro
