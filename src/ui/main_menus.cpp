@@ -3,6 +3,7 @@
 
 #include "editor/building.h"
 #include "report/viewer.h"
+#include "ui/frmStats.h"
 #include "ui/picture_commands.h"
 
 #include <QMenuBar>
@@ -55,6 +56,7 @@ void MainMenus::FillView(QMenu& menu) {
 
 void MainMenus::FillSettings(QMenu&) {}
 void MainMenus::FillReports(QMenu& menu) {
+    AddDialog<frmStats>(menu, {"mnuStats", "&Statistics…", "Show lengths, prices and what is to buy", "F4"});
     Add(menu,
         {"mnuReport", "Design &Guide", "Write the guide, a page with the layout and every piece in its order",
          "Ctrl+G"},

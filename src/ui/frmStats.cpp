@@ -1,0 +1,183 @@
+// The dialog's layout: four frames side by side, the detail area below them, its products in three columns.
+#include "ui/frmStats.h"
+
+#include "stats/design_checks.h"
+#include "stats/frames.h"
+#include "stats/shopping_list.h"
+#include "text/number_text.h"
+#include "ui/workbench.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+
+namespace pistaro {
+
+namespace {
+
+QString Shown(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+QLabel* NewLabel(const char* name, const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
+    auto* const label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(alignment | Qt::AlignVCenter);
+    return label;
+}
+
+QPushButton* NewButton(const char* name, const QString& caption) {
+    auto* const button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+/// Gives a control its place in its control array.
+template <typename Control>
+Control* Indexed(Control* control, int index) {
+    control->setProperty("Index", index);
+    return control;
+}
+
+QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units) {
+    auto* const frame = Indexed(new QGroupBox(Shown(texts.Name)), index);
+    frame->setObjectName("fraTrack");
+    auto* const grid = new QGridLayout(frame);
+    grid->setContentsMargins(8, 8, 8, 8);
+    grid->setColumnStretch(1, 1);
+    // Wide enough for all but rare figures, so that the frames are equally wide.
+    grid->setColumnMinimumWidth(1, frame->fontMetrics().horizontalAdvance("88888.88"));
+    const auto add = [&](const char* caption, const char* name, const std::string& value, QLabel* unit) {
+        const int row = grid->rowCount();
+        grid->addWidget(new QLabel(caption), row, 0);
+        grid->addWidget(Indexed(NewLabel(name, Shown(value), Qt::AlignRight), index), row, 1);
+        if (unit != nullptr) grid->addWidget(unit, row, 2);
+    };
+    const auto lengthUnit = [&](int place) { return Indexed(NewLabel("lblUnit", units.Name()), place); };
+    add(LeftLengthCaption, "lblLL", texts.Left, lengthUnit(2 * index));
+    add(RightLengthCaption, "lblRL", texts.Right, lengthUnit(2 * index + 1));
+    add(PriceCaption, "lblPrice", texts.Price, Indexed(NewLabel("lblCurrency", Shown(units.Currency)), index));
+    add(ElementsCaption, "lblElNum", texts.Elements, nullptr);
+    return frame;
+}
+
+constexpr std::array<const char*, 3> ColumnHeadings{"Scalextric", "Ninco", "Special pieces"};
+
+/// A product's column in the detail area.
+std::size_t ColumnOf(const CountLabel& label) { return label.Index < 10 ? 0 : label.Index < 18 ? 1 : 2; }
+
+} // namespace
+
+frmStats::frmStats(const Project& project, Prompts& prompts, QWidget* parent)
+    : QDialog(parent), project_(project), prompts_(prompts) {
+    setObjectName("frmStats");
+    setWindowTitle("Track Statistics");
+    setModal(true);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(Frames());
+    layout->addWidget(DetailArea());
+    layout->addLayout(Buttons());
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    ShowDetailOf(AllTracks);
+    for (const Message& message : DesignChecks(project_))
+        prompts_.Tell(message);
+}
+
+QWidget* frmStats::Frames() {
+    auto* const frames = new QWidget;
+    auto* const row = new QHBoxLayout(frames);
+    row->setContentsMargins(0, 0, 0, 0);
+    int index = 0;
+    for (const StatisticsFrame& texts : StatisticsFrames(project_)) {
+        QGroupBox* const frame = NewFrame(index, texts, project_.DisplayUnits);
+        QPushButton* const cmdDetail = Indexed(NewButton("cmdDetail", "Detail"), index);
+        connect(cmdDetail, &QPushButton::clicked, this,
+                [this, index] { Contained(prompts_, [&] { ShowDetailOf(index); }); });
+        auto* const grid = static_cast<QGridLayout*>(frame->layout());
+        grid->addWidget(cmdDetail, grid->rowCount(), 0, 1, 3, Qt::AlignRight);
+        row->addWidget(frame, 1);
+        ++index;
+    }
+    return frames;
+}
+
+QWidget* frmStats::DetailArea() {
+    fraDetail_ = new QGroupBox;
+    fraDetail_->setObjectName("fraDetail");
+    auto* const area = new QVBoxLayout(fraDetail_);
+    area->addLayout(Products());
+    area->addSpacing(8);
+    area->addLayout(Price());
+    return fraDetail_;
+}
+
+QLayout* frmStats::Products() {
+    auto* const columns = new QHBoxLayout;
+    columns->setSpacing(48);
+    std::array<QGridLayout*, ColumnHeadings.size()> grids{};
+    for (std::size_t column = 0; column < grids.size(); ++column) {
+        grids[column] = new QGridLayout;
+        grids[column]->setVerticalSpacing(3);
+        grids[column]->setColumnStretch(0, 1);
+        grids[column]->setColumnMinimumWidth(1, fontMetrics().horizontalAdvance("32767"));
+        grids[column]->addWidget(new QLabel("<b>" + QString(ColumnHeadings[column]) + "</b>"), 0, 0);
+        columns->addLayout(grids[column], 1);
+        columns->setAlignment(grids[column], Qt::AlignTop);
+    }
+    for (std::size_t k = 0; k < CountLabels.size(); ++k) {
+        const CountLabel& label = CountLabels[k];
+        lblDescript_[k] = Indexed(NewLabel("lblDescript", Shown(label.Description)), label.Index);
+        lblEnum_[k] = Indexed(NewLabel("lblEnum", "0", Qt::AlignRight), label.Index);
+        lblEnum_[k]->setProperty("Tag", Shown(label.Tag));
+        QGridLayout* const grid = grids[ColumnOf(label)];
+        const int row = grid->rowCount();
+        grid->addWidget(lblDescript_[k], row, 0);
+        grid->addWidget(lblEnum_[k], row, 1);
+    }
+    return columns;
+}
+
+QLayout* frmStats::Price() {
+    chkInclude_ = new QCheckBox("Include already owned track");
+    chkInclude_->setObjectName("chkInclude");
+    chkInclude_->setToolTip("Takes effect at the next press of a Detail button");
+    lblTotPrice_ = NewLabel("lblTotPrice", "0", Qt::AlignRight);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(chkInclude_);
+    row->addStretch();
+    row->addWidget(new QLabel("Price:"));
+    row->addWidget(lblTotPrice_);
+    row->addWidget(Indexed(NewLabel("lblCurrency", Shown(project_.DisplayUnits.Currency)), AllTracks + 1));
+    return row;
+}
+
+QLayout* frmStats::Buttons() {
+    QPushButton* const cmdShop = NewButton("cmdShop", "Shopping List");
+    cmdShop->setToolTip("Writes the pieces shown above into shoppingList.txt");
+    QPushButton* const cmdClose = NewButton("cmdClose", "Close");
+    cmdClose->setDefault(true);
+    connect(cmdShop, &QPushButton::clicked, this,
+            [this] { Contained(prompts_, [&] { prompts_.Tell(WriteShoppingList(project_, detail_)); }); });
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+    auto* const row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cmdShop);
+    row->addWidget(cmdClose);
+    return row;
+}
+
+void frmStats::ShowDetailOf(int track) {
+    detail_ = ShowDetail(project_, track, chkInclude_->isChecked());
+    fraDetail_->setTitle(Shown(DetailCaption(detail_)));
+    for (std::size_t k = 0; k < lblEnum_.size(); ++k) {
+        lblEnum_[k]->setText(Shown(NumberText(int{detail_.Counts[k]})));
+        // What is not needed steps back.
+        const auto role = detail_.Counts[k] > 0 ? QPalette::WindowText : QPalette::PlaceholderText;
+        lblEnum_[k]->setForegroundRole(role);
+        lblDescript_[k]->setForegroundRole(role);
+    }
+    lblTotPrice_->setText(Shown(NumberText(detail_.TotalPrice)));
+}
+
+} // namespace pistaro
