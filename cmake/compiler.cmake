@@ -8,6 +8,9 @@ target_include_directories(pistaro_compiler INTERFACE ${PROJECT_SOURCE_DIR}/src)
 # Saved designs must come out the same with every compiler: no fused multiply-add, no relaxed arithmetic.
 target_compile_options(pistaro_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wswitch-enum -ffp-contract=off -fno-fast-math)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    target_compile_options(pistaro_compiler INTERFACE -Wno-restrict) # GCC 12 warns of its own string header
+endif()
 if(PISTARO_WARNINGS_AS_ERRORS)
     target_compile_options(pistaro_compiler INTERFACE -Werror)
 endif()

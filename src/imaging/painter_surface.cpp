@@ -13,7 +13,8 @@ namespace pistaro {
 namespace {
 
 constexpr double PixelsPerPoint = 96.0 / 72.0;
-constexpr double Margin = 4; ///< pixels that a stroke may reach beyond its geometry
+constexpr double SmallestRing = 2; ///< pixels; a smaller circle, such as the grid's, is drawn as a dot
+constexpr double Margin = 4;       ///< pixels that a stroke may reach beyond its geometry
 
 /// An arc as curves of an eighth of a circle at most, which stay within a 200,000th of the radius. The painter's own
 /// arcs stray far enough to part the pieces of a large curve.
@@ -98,6 +99,11 @@ void PainterSurface::Draw(const EllipseStroke& ellipse, Colour colour) {
     const QPointF centre = Mapped(ellipse.Centre);
     const double radius = ellipse.Radius * pixelsPerCm_;
     if (!IsVisible(centre, radius)) return;
+    if (radius < SmallestRing && ellipse.Aspect == 1) {
+        UsePen(colour, 2 * radius);
+        painter_.drawPoint(centre);
+        return;
+    }
     UsePen(colour);
     painter_.drawEllipse(centre, radius, radius * ellipse.Aspect);
 }
@@ -134,10 +140,11 @@ bool PainterSurface::IsVisible(QPointF centre, double radius) const {
            centre.y() - reach <= side_;
 }
 
-void PainterSurface::UsePen(Colour colour) {
-    if (colour == penColour_) return;
-    painter_.setPen(QPen(ToQColor(colour), 1));
+void PainterSurface::UsePen(Colour colour, double width) {
+    if (colour == penColour_ && width == penWidth_) return;
+    painter_.setPen(QPen(ToQColor(colour), width, Qt::SolidLine, width == 1 ? Qt::SquareCap : Qt::RoundCap));
     penColour_ = colour;
+    penWidth_ = width;
 }
 
 } // namespace pistaro

@@ -26,7 +26,7 @@ public:
 private:
     QPointF Mapped(WorldPoint point) const;
     bool IsVisible(QPointF centre, double radius) const;
-    void UsePen(Colour colour);
+    void UsePen(Colour colour, double width = 1);
 
     QPainter& painter_;
     double side_;
@@ -34,6 +34,7 @@ private:
     ViewRectangle world_{0, 1, 1, 0};
     double pixelsPerCm_ = 1;
     Colour penColour_ = -1;
+    double penWidth_ = 0;
     QPointF textPosition_;
 };
 
