@@ -1,7 +1,7 @@
 // Runs the benchmarks, then prints for each pair "NAME/bare" and "NAME/pistaro" what ours costs against the bare one.
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <cstdio>
 #include <map>
@@ -40,7 +40,7 @@ private:
 
 int main(int count, char** values) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(count, values);
+    const QApplication application(count, values);
     benchmark::Initialize(&count, values);
     if (benchmark::ReportUnrecognizedArguments(count, values)) return 2;
     KeepingReporter reporter;

@@ -1,4 +1,5 @@
 // A full redraw against the bare painter calls for the same lines, arcs, ellipses and texts at the same coordinates.
+#include "bare_calls.h"
 #include "full_circuit.h"
 #include "imaging/painter_surface.h"
 #include "render/redraw.h"
@@ -109,6 +110,8 @@ struct Caller {
     void operator()(const BareText& text) const { Painter.drawText(text.Baseline, text.Text); }
 };
 
+} // namespace
+
 void BareCalls(benchmark::State& state) {
     Project project = FullCircuit();
     BareRecorder recorder;
@@ -126,6 +129,8 @@ void BareCalls(benchmark::State& state) {
     }
     state.counters["calls"] = static_cast<double>(recorder.Calls.size());
 }
+
+namespace {
 
 void Redraw(benchmark::State& state) {
     Project project = FullCircuit();

@@ -1,0 +1,86 @@
+// From the press of a button to the painted picture, with the full circuit in the real window, and what of it goes
+// where.
+#include "bare_calls.h"
+#include "full_circuit.h"
+#include "render/redraw.h"
+#include "ui/circuit_view.h"
+#include "ui/frmCorvel.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QTest>
+
+#include <stdexcept>
+
+namespace pistaro {
+namespace {
+
+constexpr int Side = 700;
+
+/// Nobody is asked anything here.
+class NoPrompts : public Prompts {
+public:
+    void Tell(const Message& message) override { throw std::logic_error(message.Text); }
+    Answer Ask(const std::string& question, Buttons) override { throw std::logic_error(question); }
+    std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) override {
+        throw std::logic_error(choice.Title);
+    }
+};
+
+/// The window with the full circuit in a drawing area of Side x Side pixels.
+struct FullWindow {
+    FullWindow() {
+        Window.show();
+        View = Window.findChild<CircuitView*>("picCircuit");
+        Window.resize(Window.size() + QSize(Side, Side) - View->size());
+        for (int i = 0; i < 3 && View->size() != QSize(Side, Side); ++i) {
+            QApplication::processEvents();
+            Window.resize(Window.size() + QSize(Side, Side) - View->size());
+        }
+        QApplication::processEvents();
+        if (View->size() != QSize(Side, Side)) throw std::logic_error("the drawing area has another size");
+    }
+
+    Project Design = FullCircuit();
+    NoPrompts Words;
+    frmCorvel Window{Design, Words};
+    CircuitView* View;
+};
+
+void PressToPainted(benchmark::State& state) {
+    FullWindow full;
+    auto* const button = full.Window.findChild<QAbstractButton*>("cmdRotLeft");
+    for (auto _ : state) {
+        QTest::mouseClick(button, Qt::LeftButton);
+        QApplication::processEvents();
+    }
+}
+
+void CommandAlone(benchmark::State& state) {
+    Project project = FullCircuit();
+    NoPrompts words;
+    const Command* const rotate = FindCommand("rotate left");
+    for (auto _ : state)
+        rotate->Run(project, words);
+}
+
+void RedrawAlone(benchmark::State& state) {
+    FullWindow full;
+    for (auto _ : state)
+        full.View->Redraw();
+}
+
+void PaintAlone(benchmark::State& state) {
+    FullWindow full;
+    for (auto _ : state)
+        full.View->repaint();
+}
+
+BENCHMARK(BareCalls)->Name("press to painted picture/bare")->Unit(benchmark::kMillisecond);
+BENCHMARK(PressToPainted)->Name("press to painted picture/pistaro")->Unit(benchmark::kMillisecond);
+BENCHMARK(CommandAlone)->Name("of that, command")->Unit(benchmark::kMillisecond);
+BENCHMARK(RedrawAlone)->Name("of that, redraw")->Unit(benchmark::kMillisecond);
+BENCHMARK(PaintAlone)->Name("of that, paint")->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace pistaro
