@@ -25,5 +25,5 @@ build() {
     local preset=$1
     shift
     cmake --preset "$preset" "$@" >"build/$preset-configure.log" 2>&1 || { cat "build/$preset-configure.log"; return 1; }
-    cmake --build --preset "$preset"
+    cmake --build --preset "$preset" | { grep -v '^ninja: no work to do' || true; }
 }
