@@ -14,7 +14,7 @@ endif()
 # The samples' folder is a good first working directory, and the manual is looked for there.
 install(DIRECTORY samples/ DESTINATION ${PISTARO_DATA_FOLDER}/samples FILES_MATCHING PATTERN "*.trk")
 install(DIRECTORY manual/ DESTINATION ${PISTARO_DATA_FOLDER}/samples/manual
-    FILES_MATCHING PATTERN "*.html" PATTERN "*.png")
+    FILES_MATCHING PATTERN "*.html" PATTERN "*.png" PATTERN "*.gif")
 
 set(CPACK_PACKAGE_NAME pistaro)
 set(CPACK_PACKAGE_VENDOR "Pistaro")

@@ -1,0 +1,109 @@
+// Photographs the program's windows for the manual: manual_photograph SAMPLE FOLDER. Works without a display.
+#include "editor/circuit_commands.h"
+#include "platform/platform.h"
+#include "ui/frmAbout.h"
+#include "ui/frmCorvel.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+#include <array>
+#include <iostream>
+
+namespace pistaro {
+
+namespace {
+
+/// A user who reads every message and has nothing to say.
+class SilentUser : public Prompts {
+public:
+    void Tell(const Message&) override {}
+    Answer Ask(const std::string&, Buttons) override { return Answer::Yes; }
+    std::optional<std::filesystem::path> ChooseFile(const FileChoice&) override { return std::nullopt; }
+};
+
+class Photographer {
+public:
+    explicit Photographer(QString folder) : folder_(std::move(folder)) {}
+
+    void Take(QWidget& widget, const char* name) const {
+        QApplication::processEvents();
+        const QString file = folder_ + "/" + name + ".png";
+        if (!widget.grab().save(file)) throw std::runtime_error("not written: " + file.toStdString());
+        std::cout << file.toStdString() << '\n';
+    }
+
+    /// Chooses a menu entry and photographs the dialog that it opens, then closes it.
+    void TakeDialog(QWidget& window, const char* entry, const char* name) const {
+        std::exception_ptr problem;
+        QTimer::singleShot(200, [&] {
+            try {
+                QWidget& dialog = OpenDialog(window);
+                Take(dialog, name);
+                dialog.close();
+            } catch (...) {
+                problem = std::current_exception();
+            }
+        });
+        window.findChild<QAction*>(entry)->trigger();
+        QTest::qWait(400); // a dialog that is not modal is open only now
+        if (problem) std::rethrow_exception(problem);
+    }
+
+private:
+    static QWidget& OpenDialog(const QWidget& window) {
+        for (QWidget* const widget : QApplication::topLevelWidgets()) {
+            if (widget != &window && widget->isVisible() && qobject_cast<QDialog*>(widget) != nullptr) return *widget;
+        }
+        throw std::runtime_error("no dialog is open");
+    }
+
+    QString folder_;
+};
+
+/// The dialogs by the menu entries that open them.
+constexpr std::array<std::pair<const char*, const char*>, 4> Dialogs{{
+    {"mnuDrawArea", "draw-area"},
+    {"mnuColors", "colours"},
+    {"mnuTrackStock", "loose-track"},
+    {"mnuStats", "statistics"},
+}};
+
+void Photograph(const std::filesystem::path& sample, const QString& folder) {
+    const Photographer photographer(folder);
+    SilentUser user;
+    Project project = StartUp(InitialSettings());
+    LoadCircuit(project, sample);
+    project.WorkingDirectory = "/home/you/Documents/Pistaro/"; // nobody's own folder
+    project.Layout.Tracks[0].CurrentElement = 29;
+    frmCorvel window(project, user);
+    window.resize(1100, 760);
+    window.show();
+    photographer.Take(window, "window");
+    photographer.Take(*window.findChild<QWidget*>("cmdSeeRemaining")->parentWidget(), "pieces");
+    for (const auto& [entry, name] : Dialogs) {
+        if (window.findChild<QAction*>(entry) != nullptr) photographer.TakeDialog(window, entry, name);
+    }
+    frmAbout about(&window);
+    about.show();
+    photographer.Take(about, "about");
+}
+
+} // namespace
+
+} // namespace pistaro
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const std::vector<std::string> arguments = pistaro::CommandLineArguments(argc, argv);
+    try {
+        pistaro::Photograph(pistaro::PathFromText(arguments.at(0)), QString::fromStdString(arguments.at(1)));
+    } catch (const std::exception& problem) {
+        std::cerr << "manual_photograph: " << problem.what() << '\n';
+        return 1;
+    }
+    return 0;
+}
