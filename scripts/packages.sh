@@ -1,7 +1,7 @@
 # Debian packages by purpose, and how they are installed. Sourced by run, test, bench and .ci/run.
 
 PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohmann-json3-dev fonts-dejavu-core"
-PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev"
+PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev chromium"
 PACKAGES_BENCH="$PACKAGES_BUILD libbenchmark-dev"
 PACKAGES_CHECK="$PACKAGES_TEST clang-format clang-tidy"
 

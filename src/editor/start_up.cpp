@@ -15,6 +15,7 @@ void InstallSettings(const std::filesystem::path& path) {
     ReplaceFile(path, InitialSettingsBytes(workingDirectory));
     std::error_code noFolderYet; // the user may choose another one with the first save
     std::filesystem::create_directories(PathFromText(workingDirectory), noFolderYet);
+    CopySamples(InstalledFolder() / "samples", PathFromText(workingDirectory));
 }
 
 DesignerStart StartWithout(const std::exception& fault) {
@@ -24,6 +25,13 @@ DesignerStart StartWithout(const std::exception& fault) {
 }
 
 } // namespace
+
+void CopySamples(const std::filesystem::path& from, const std::filesystem::path& to) {
+    std::error_code nothingToCopyOrNoRoom;
+    std::filesystem::copy(from, to,
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing,
+                          nothingToCopyOrNoRoom);
+}
 
 DesignerStart StartDesigner(const std::filesystem::path& settingsPath) {
     try {

@@ -12,9 +12,13 @@ struct DesignerStart {
     std::vector<Message> Messages; ///< to be told before the user begins
 };
 
-/// Reads the settings file; where none stands an initial one is put there first, with its folder and the working
-/// directory. A file that cannot be read or made is told: the program then goes on with the initial settings and leaves
-/// the file alone.
+/// Copies the sample circuits, and the manual beside them, into a first run's working directory, where the load dialog
+/// and the Manual command look for them. Files that are there already stay; what cannot be copied is left out.
+void CopySamples(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Reads the settings file; where none stands an initial one is put there first, with its folder, the working directory
+/// and the samples in it. A file that cannot be read or made is told: the program then goes on with the initial
+/// settings and leaves the file alone.
 DesignerStart StartDesigner(const std::filesystem::path& settingsPath);
 
 } // namespace pistaro
