@@ -46,7 +46,7 @@ QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units)
     grid->setContentsMargins(8, 8, 8, 8);
     grid->setColumnStretch(1, 1);
     // Wide enough for all but rare figures, so that the frames are equally wide.
-    grid->setColumnMinimumWidth(1, frame->fontMetrics().horizontalAdvance("88888.88"));
+    grid->setColumnMinimumWidth(1, frame->fontMetrics().horizontalAdvance("888.88"));
     const auto add = [&](const char* caption, const char* name, const std::string& value, QLabel* unit) {
         const int row = grid->rowCount();
         grid->addWidget(new QLabel(caption), row, 0);

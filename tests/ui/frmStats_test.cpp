@@ -282,15 +282,22 @@ TEST_F(FrmStats, OpensFromTheMainWindowsMenu) {
 TEST_F(FrmStats, FitsTheSmallestScreenAndClipsNoText) {
     for (Track& track : project_.Layout.Tracks)
         track.ElementCodes.assign(501, "N10108R");
-    SetStock(project_, "N10108L", 0, 1234.567F);
-    Open();
+    const auto expectAllShown = [&] {
+        Open();
+        EXPECT_LE(dialog_->width(), 1024);
+        EXPECT_LE(dialog_->height(), 700);
+        for (const QLabel* const label : dialog_->findChildren<QLabel*>()) {
+            EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
+            EXPECT_GE(label->height(), label->sizeHint().height()) << label->text().toStdString();
+        }
+    };
 
-    EXPECT_LE(dialog_->width(), 1024);
-    EXPECT_LE(dialog_->height(), 700);
-    for (const QLabel* const label : dialog_->findChildren<QLabel*>()) {
-        EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
-        EXPECT_GE(label->height(), label->sizeHint().height()) << label->text().toStdString();
-    }
+    SetStock(project_, "N10108L", 0, 1234.567F);
+    expectAllShown();
+
+    SetStock(project_, "N10108L", 0, .75F);
+    project_.DisplayUnits.Currency = "Pounds";
+    expectAllShown();
 }
 
 } // namespace
