@@ -53,6 +53,13 @@ std::string WithoutSwitches(const std::string& command);
 /// The path's short (8.3) form on Windows, elsewhere the path.
 std::string ShortPath(const std::string& path);
 
+/// A descriptor that becomes readable each time the system asks the program to end (SIGTERM, SIGINT, SIGHUP), which
+/// from then on no longer ends it. -1 where the system does not ask so.
+int TerminationRequests();
+
+/// Takes one request off that descriptor.
+void TakeTerminationRequest();
+
 /// Starts another program with one argument, in a window of its own, without waiting. Fault if it cannot be started.
 void StartProgram(const std::string& program, const std::string& argument);
 

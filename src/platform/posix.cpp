@@ -124,6 +124,15 @@ std::filesystem::path ConfigurationFolder() {
     return configured.empty() ? Home() / ".config" : std::filesystem::path(configured);
 }
 
+/// What a signal's handler may do is write into a pipe.
+std::array<int, 2> terminationPipe{-1, -1};
+
+void RequestTermination(int) {
+    const int error = errno;
+    [[maybe_unused]] const ssize_t written = ::write(terminationPipe[1], "", 1);
+    errno = error;
+}
+
 } // namespace
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
@@ -221,6 +230,22 @@ void StartProgram(const std::string& program, const std::string& argument) {
     ::waitpid(child, &status, 0);
     const int error = WIFEXITED(status) ? WEXITSTATUS(status) : EIO;
     if (error != 0) throw Fault("Program not started", program + ": " + std::strerror(error));
+}
+
+int TerminationRequests() {
+    if (terminationPipe[0] < 0 && ::pipe2(terminationPipe.data(), O_CLOEXEC | O_NONBLOCK) == 0) {
+        struct sigaction action {};
+        action.sa_handler = RequestTermination;
+        action.sa_flags = SA_RESTART;
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+            ::sigaction(signal, &action, nullptr);
+    }
+    return terminationPipe[0];
+}
+
+void TakeTerminationRequest() {
+    char request = 0;
+    [[maybe_unused]] const ssize_t taken = ::read(terminationPipe[0], &request, 1);
 }
 
 } // namespace pistaro

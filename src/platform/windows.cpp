@@ -234,4 +234,9 @@ void StartProgram(const std::string& program, const std::string& argument) {
     ::CloseHandle(process.hProcess);
 }
 
+// Windows asks through the window, as a log-off does.
+int TerminationRequests() { return -1; }
+
+void TakeTerminationRequest() {}
+
 } // namespace pistaro

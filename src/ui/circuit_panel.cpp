@@ -4,6 +4,7 @@
 #include "editor/view_commands.h"
 
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolButton>
 
@@ -39,6 +40,7 @@ CircuitPanel::CircuitPanel(Workbench& workbench, CommandControls& controls)
             [this](int value) { workbench_.Do([&] { ScrollHorizontally(workbench_.Design, value); }); });
     connect(vMov_, &QScrollBar::valueChanged, this,
             [this](int value) { workbench_.Do([&] { ScrollVertically(workbench_.Design, value); }); });
+    hMov_->setInvertedControls(false); // else its arrow keys go the other way
     setMinimumSize(300, 300);
 }
 
@@ -58,9 +60,10 @@ QWidget* CircuitPanel::Tools(CommandControls& controls) {
     refresh->setObjectName("cmdRefresh");
     refresh->setText("Refresh");
     refresh->setToolTip(TipWithKey("Draw the circuit again", "F5"));
-    refresh->setShortcut(QKeySequence("F5"));
     refresh->setFocusPolicy(Qt::StrongFocus);
-    connect(refresh, &QToolButton::clicked, this, [this] { workbench_.Do([] {}); });
+    const auto redraw = [this] { workbench_.Do([] {}); };
+    connect(refresh, &QToolButton::clicked, this, redraw);
+    connect(new QShortcut(QKeySequence("F5"), refresh), &QShortcut::activated, this, redraw);
     row->addWidget(refresh);
     return tools;
 }

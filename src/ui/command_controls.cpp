@@ -30,12 +30,13 @@ QString TipWithKey(const std::string& tip, const std::string& key) {
     return Text(tip) + " (" + sequence.toString(QKeySequence::NativeText) + ")";
 }
 
-QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id) {
+QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead) {
     const Command& command = RowOf(id);
     QAction* const action = menu.addAction(Text(command.Caption));
     action->setObjectName(Text(command.Control));
     action->setShortcut(KeyOf(command));
-    QObject::connect(action, &QAction::triggered, action, [this, &command] { workbench_.Run(command); });
+    const auto run = [this, &command] { workbench_.Run(command); };
+    QObject::connect(action, &QAction::triggered, action, instead ? instead : std::function<void()>(run));
     bindings_.push_back({[&command]() -> const Command& { return command; }, action, nullptr});
     return action;
 }

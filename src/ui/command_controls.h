@@ -16,8 +16,8 @@ class CommandControls {
 public:
     explicit CommandControls(Workbench& workbench) : workbench_(workbench) {}
 
-    /// A menu entry for a row.
-    QAction* AddEntry(QMenu& menu, std::string_view id);
+    /// A menu entry that runs a row, or does `instead` what runs it.
+    QAction* AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead = {});
 
     /// Makes a button run a row when it is clicked or the row's key is pressed. Names it after the row's control, with
     /// its Tag.

@@ -44,7 +44,9 @@ frmCorvel::frmCorvel(Project& project, Prompts& prompts)
     row->addWidget(track_);
     track_->setFixedWidth(RightColumnWidth);
     setCentralWidget(columns);
+    status_->setObjectName("lblStatus");
     statusBar()->addWidget(status_);
+    statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     workbench_.Changed = [this] { Refresh(); };
     Refresh();
     resize(1200, 820);

@@ -32,7 +32,7 @@ void MainMenus::FillCircuit(QMenu& menu) {
     controls_.AddEntry(menu, "load");
     controls_.AddEntry(menu, "save");
     menu.addSeparator();
-    controls_.AddEntry(menu, "quit");
+    controls_.AddEntry(menu, "quit", [this] { window_.close(); }); // closing the window runs the row
 }
 
 void MainMenus::FillTrack(QMenu& menu) {

@@ -51,6 +51,7 @@ QWidget* PiecePalette::Frame(const char* name, const QString& title, TrackSystem
                              std::initializer_list<const char*> codes) {
     auto* const frame = new QGroupBox(title);
     frame->setObjectName(name);
+    frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* const grid = new QGridLayout(frame);
     grid->setContentsMargins(4, 4, 4, 4);
     grid->setSpacing(2);
@@ -60,13 +61,13 @@ QWidget* PiecePalette::Frame(const char* name, const QString& title, TrackSystem
         ++place;
     }
     grid->setColumnStretch(columns, 1);
-    grid->setRowStretch(grid->rowCount(), 1);
     frames_.emplace_back(frame, system);
     return frame;
 }
 
 QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
     auto* const pair = new QWidget;
+    pair->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* const row = new QHBoxLayout(pair);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(left);

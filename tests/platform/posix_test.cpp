@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <poll.h>
 #include <random>
 #include <string>
 #include <sys/resource.h>
@@ -355,4 +356,18 @@ TEST(Programs, WebPagesAreShownByTheDesktopsChoice) {
 }
 
 } // namespace
+TEST(TerminationRequests, BecomeReadableInPlaceOfEndingTheProgram) {
+    const int requests = TerminationRequests();
+    ASSERT_GE(requests, 0);
+    pollfd readable{requests, POLLIN, 0};
+    EXPECT_EQ(::poll(&readable, 1, 0), 0);
+
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        std::raise(signal);
+        EXPECT_EQ(::poll(&readable, 1, 0), 1);
+        TakeTerminationRequest();
+        EXPECT_EQ(::poll(&readable, 1, 0), 0);
+    }
+}
+
 } // namespace pistaro

@@ -1,0 +1,310 @@
+// Tracks as a whole, the list, the mouse on the drawing, and the view.
+#include "ui/window_fixture.h"
+
+#include <QCheckBox>
+#include <QScrollBar>
+
+namespace pistaro {
+
+using Editing = WindowTest;
+
+TEST_F(Editing, RotatingLeftFromJustBelowAFullTurnTakesAFullTurnOff) {
+    Project project = ProjectOf("C160");
+    project.Layout.Tracks[0].TrackStartHeading = 6.25F;
+    Open(project);
+
+    Click("cmdRotLeft");
+
+    EXPECT_NEAR(Design.Layout.Tracks[0].TrackStartHeading, 0.163165, 1e-6); // 6.25 + 0.1963495 - 6.2831847
+}
+
+TEST_F(Editing, RotatingRightFromZeroGoesBackFromAFullTurn) {
+    Open(ProjectOf("C160"));
+
+    Click("cmdRotRight");
+
+    EXPECT_FLOAT_EQ(Design.Layout.Tracks[0].TrackStartHeading, 6.0868352F);
+    EXPECT_TRUE(Design.DataChanged);
+}
+
+TEST_F(Editing, EightMovesRightOfAllTracksAre124Cm) {
+    Open(ProjectOf("C160"));
+
+    Click("optAll");
+    Click("cmdMvRight", "", 8);
+
+    EXPECT_FLOAT_EQ(Design.Layout.Tracks[0].TrackStartX, 124);
+    EXPECT_FLOAT_EQ(Design.Layout.Tracks[1].TrackStartX, 139.5);
+    EXPECT_FLOAT_EQ(Design.Layout.Tracks[2].TrackStartX, 108.5);
+}
+
+TEST_F(Editing, TheArrowsMoveTheChosenTrackAloneByOneTrackWidth) {
+    Open(ProjectOf("C160", "C160"));
+
+    Click("optTrack", "2");
+    Click("cmdMvUpRight");
+    Click("cmdMvUp");
+
+    EXPECT_FLOAT_EQ(Design.Layout.Tracks[1].TrackStartX, 31);
+    EXPECT_FLOAT_EQ(Design.Layout.Tracks[1].TrackStartY, 31);
+    EXPECT_FLOAT_EQ(Design.Layout.Tracks[0].TrackStartX, 0);
+}
+
+TEST_F(Editing, WithAllTracksChosenRotationTurnsTheRoom) {
+    Open();
+
+    Click("optAll");
+    Click("cmdRotLeft");
+
+    EXPECT_FLOAT_EQ(Design.Room.Angle, 0.09817477F);
+    EXPECT_EQ(Design.Layout.Tracks[0].TrackStartHeading, 0);
+}
+
+TEST_F(Editing, MirroringTwiceRestoresEveryCode) {
+    Open(ProjectOf("C151L C160 C8010R N10105L"));
+
+    Choose("mnuMirror");
+    EXPECT_EQ(Codes(), "C151R C160 C8010L N10105R");
+    Choose("mnuMirror");
+    EXPECT_EQ(Codes(), "C151L C160 C8010R N10105L");
+}
+
+TEST_F(Editing, InvertingSwapsOrderAndHands) {
+    Open(ProjectOf("C151L C160 C152R"));
+
+    Choose("mnuInvert");
+
+    EXPECT_EQ(Codes(), "C152L C160 C151R");
+    EXPECT_EQ(Lines(), (std::vector<std::string>{"0  C152L", "1  C160", "2  C151R"}));
+}
+
+TEST_F(Editing, DeletingKeepsThePlaceOfTheSelectionUntilTheTrackIsEmpty) {
+    Open(ProjectOf("C160 C159 C158"));
+    ClickLine(1);
+
+    Click("cmdDelete");
+    EXPECT_EQ(Lines(), (std::vector<std::string>{"0  C160", "1  C158"}));
+    EXPECT_EQ(List().currentRow(), 1);
+
+    QTest::keyClick(Window.get(), Qt::Key_Delete);
+    EXPECT_EQ(List().currentRow(), 0);
+    QTest::keyClick(Window.get(), Qt::Key_Delete);
+    EXPECT_EQ(Codes(), "");
+    EXPECT_EQ(Text("lblselected"), "Nothing selected");
+    EXPECT_FALSE(Button("cmdDelete").isEnabled());
+}
+
+TEST_F(Editing, ALineOfTheListSelectsItsElementByMouseAndByKeys) {
+    Open(ProjectOf("C160 C159 C151L"));
+
+    ClickLine(2);
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 2);
+    EXPECT_EQ(Text("lblselected"), "2  C151L");
+    EXPECT_EQ(Text("lblElType"), "standard curve 45°");
+    EXPECT_FALSE(Design.DataChanged);
+
+    QTest::keyClick(&List(), Qt::Key_Up);
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+}
+
+TEST_F(Editing, TheListByItselfSelectsNothing) {
+    Open(ProjectOf("C160 C159"));
+
+    List().setFocus(Qt::TabFocusReason);
+
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, -1);
+    EXPECT_FALSE(Button("cmdDelete").isEnabled());
+}
+
+TEST_F(Editing, TheListFollowsTheChosenTrack) {
+    Open(ProjectOf("C160", "C151L C151R"));
+
+    Click("optTrack", "2");
+    EXPECT_EQ(Lines(), (std::vector<std::string>{"0  C151L", "1  C151R"}));
+    Click("optAll");
+    EXPECT_TRUE(Lines().empty());
+    Click("optTrack", "1");
+    EXPECT_EQ(Lines(), (std::vector<std::string>{"0  C160"}));
+}
+
+TEST_F(Editing, ChoosingATrackLeavesInsertMode) {
+    Open(ProjectOf("C160"));
+
+    Click("cmdInsert");
+    Click("optTrack", "3");
+
+    EXPECT_EQ(Button("cmdInsert").text(), "Insert");
+    EXPECT_FALSE(Design.InsertMode);
+}
+
+TEST_F(Editing, AClickOnTheDrawingSelectsTheNearestElement) {
+    Open(ProjectOf("C160 C160 C160")); // upwards from 0, 0: labels at 2.75, 21.5 and one length of 35 further each
+
+    ClickDrawing(3, 57);
+
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_EQ(List().currentRow(), 1);
+    EXPECT_EQ(Text("lblselected"), "1  C160");
+}
+
+TEST_F(Editing, OfTwoElementsAtTheSameDistanceTheFirstIsSelected) {
+    Open(ProjectOf("C9999 C160 C9999")); // an unknown piece has the label of the piece before it
+
+    ClickDrawing(2.75F, 21.5F);
+
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+}
+
+TEST_F(Editing, AClickWithAllTracksChosenChangesNothing) {
+    Open(ProjectOf("C160 C160"));
+    Click("optAll");
+
+    ClickDrawing(0, 0);
+
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, -1);
+    EXPECT_EQ(Design.Layout.CurrentTrack, AllTracks);
+    EXPECT_TRUE(Prompts.Told.empty());
+}
+
+TEST_F(Editing, AClickOnATrackOfOneElementSelectsItAndKeepsTheSystem) {
+    Open(ProjectOf("N10102"));
+
+    ClickDrawing(100, 100);
+
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 0);
+    EXPECT_EQ(Entry("mnuScalextricNinco").text(), "Use Ninco Track");
+}
+
+TEST_F(Editing, AClickBehindNincoTrackOffersNinco) {
+    Open(ProjectOf("N10102 N10102"));
+
+    ClickDrawing(5, 62);
+
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_TRUE(Find<QGroupBox>("fraNincoStraights").isVisible());
+}
+
+TEST_F(Editing, AClickOnATrackOf202ElementsIsToldAndChangesNothing) {
+    Project project = ProjectOf("");
+    project.Layout.Tracks[0].ElementCodes.assign(202, "C160");
+    Open(project);
+
+    ClickDrawing(0, 0);
+
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_EQ(Prompts.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_TRUE(Prompts.Told[0].Text.starts_with("Subscript out of range: "));
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, -1);
+}
+
+TEST_F(Editing, ZoomingInEndsAt20CmAndZoomingOutBeginsAgain) {
+    Project project = ProjectOf("C160");
+    project.View.Width = 40;
+    Open(project);
+
+    Click("cmdZoomIn");
+    EXPECT_EQ(Design.View.Width, 20);
+    EXPECT_FALSE(Button("cmdZoomIn").isEnabled());
+    EXPECT_EQ(Button("cmdZoomIn").toolTip(), "The view is as close as it gets.");
+
+    Click("cmdZoomOut");
+    EXPECT_EQ(Design.View.Width, 40);
+    EXPECT_TRUE(Button("cmdZoomIn").isEnabled());
+}
+
+TEST_F(Editing, TheScrollBarsMoveTheCentreOfTheView) {
+    Open();
+    auto& hMov = Find<QScrollBar>("hMov");
+    auto& vMov = Find<QScrollBar>("vMov");
+    EXPECT_EQ(hMov.minimum(), -160);
+    EXPECT_EQ(hMov.maximum(), 160);
+    EXPECT_EQ(hMov.singleStep(), 16);
+    EXPECT_EQ(hMov.pageStep(), 320);
+
+    QTest::keyClick(&hMov, Qt::Key_Right);
+    QTest::keyClick(&vMov, Qt::Key_Down);
+
+    EXPECT_EQ(Design.View.MidX, 16);
+    EXPECT_EQ(Design.View.MidY, -16);
+    EXPECT_FALSE(Design.DataChanged);
+}
+
+TEST_F(Editing, TheWheelZoomsByWholeNotches) {
+    Open();
+    const auto turn = [&](int eighths) {
+        QWheelEvent wheel(QPointF(50, 50), Picture().mapToGlobal(QPointF(50, 50)), {}, QPoint(0, eighths), {}, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&Picture(), &wheel);
+    };
+
+    turn(60);
+    EXPECT_EQ(Design.View.Width, 320);
+    turn(60);
+    EXPECT_EQ(Design.View.Width, 300);
+    turn(-240);
+    EXPECT_EQ(Design.View.Width, 340);
+}
+
+TEST_F(Editing, NumbersAreDrawnWhileTheirBoxIsTicked) {
+    Open(ProjectOf("C160"));
+    const QImage without = static_cast<CircuitView&>(Picture()).Picture().copy();
+
+    Click("chkNumbers");
+    EXPECT_NE(static_cast<CircuitView&>(Picture()).Picture(), without);
+    Click("chkNumbers");
+    EXPECT_EQ(static_cast<CircuitView&>(Picture()).Picture(), without);
+}
+
+TEST_F(Editing, RefreshDrawsTheCircuitFromItsDataAgain) {
+    Open();
+    Design.Layout.Tracks[0] = Chain("C160");
+
+    QTest::keyClick(Window.get(), Qt::Key_F5);
+
+    EXPECT_EQ(Lines(), (std::vector<std::string>{"0  C160"}));
+}
+
+TEST_F(Editing, TheDrawingIsSquareAndItsPictureAsFineAsTheScreen) {
+    Open();
+    const std::pair<QSize, int> leastSides[] = {{{1024, 700}, 520}, {{1400, 900}, 760}, {{900, 1000}, 400}};
+    for (const auto& [size, leastSide] : leastSides) {
+        Window->resize(size);
+        QTest::qWait(50);
+        EXPECT_EQ(Picture().width(), Picture().height());
+        EXPECT_GE(Picture().width(), leastSide);
+        EXPECT_EQ(static_cast<CircuitView&>(Picture()).Picture().size(), Picture().size());
+    }
+}
+
+TEST_F(Editing, WithAllTracksChosenEveryTrackIsDrawnInTheInactiveColour) {
+    Open(ProjectOf("C160"));
+    const auto has = [&](const QColor& colour) {
+        const QImage& image = static_cast<CircuitView&>(Picture()).Picture();
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y).hue() == colour.hue() && image.pixelColor(x, y).saturation() > 60)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(has(Qt::red)) << "not owned";
+
+    Click("optAll");
+
+    EXPECT_FALSE(has(Qt::red));
+}
+
+TEST_F(Editing, TheStatusBarTellsTrackPiecesGapAndUnsavedWork) {
+    Open(ProjectOf("C160"));
+    const auto* const status = Window->findChild<QLabel*>("lblStatus");
+    ASSERT_NE(status, nullptr);
+    EXPECT_EQ(status->text(), "Track 1 · 1 piece · gap 35 cm");
+
+    Click("cmdElement", "C160");
+    EXPECT_EQ(status->text(), "Track 1 · 2 pieces · gap 70 cm · unsaved");
+    Click("optTrack", "2");
+    EXPECT_EQ(status->text(), "Track 2 · empty · unsaved");
+    Click("optAll");
+    EXPECT_EQ(status->text(), "All tracks · 2 pieces · unsaved");
+}
+
+} // namespace pistaro

@@ -1,0 +1,115 @@
+// Message boxes and file dialogs as the user sees them.
+#include "ui/message_prompts.h"
+
+#include "support/temporary_folder.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+
+namespace {
+
+/// Runs while the next modal dialog of that kind stands open; it must close it.
+template <typename Dialog>
+void WhenShown(const std::function<void(Dialog&)>& look) {
+    QTimer::singleShot(0, qApp, [look] {
+        auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        look(*dialog);
+        if (dialog->isVisible()) dialog->reject();
+    });
+}
+
+} // namespace
+
+TEST(MessagePrompts, TellShowsItsTextUnderTheIconOfTheMessage) {
+    const std::pair<Icon, QMessageBox::Icon> icons[] = {{Icon::Exclamation, QMessageBox::Warning},
+                                                        {Icon::Information, QMessageBox::Information},
+                                                        {Icon::Critical, QMessageBox::Critical}};
+    for (const auto& [icon, shown] : icons) {
+        WhenShown<QMessageBox>([expected = shown](QMessageBox& box) {
+            EXPECT_EQ(box.text(), "Settings saved.");
+            EXPECT_EQ(box.icon(), expected);
+            EXPECT_EQ(box.windowTitle(), "Pistaro");
+            EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+        });
+        MessagePrompts().Tell({icon, "Settings saved."});
+    }
+}
+
+TEST(MessagePrompts, AQuestionIsAnsweredByItsButtonsAndEscapeMeansTheHarmlessOne) {
+    const auto answer = [](Buttons buttons, QMessageBox::StandardButton press) {
+        WhenShown<QMessageBox>([=](QMessageBox& box) {
+            EXPECT_EQ(box.standardButtons(), buttons == Buttons::OkCancel ? QMessageBox::Ok | QMessageBox::Cancel
+                                                                          : QMessageBox::Yes | QMessageBox::No);
+            EXPECT_EQ(box.icon(), QMessageBox::Question);
+            QTest::mouseClick(static_cast<QWidget*>(box.button(press)), Qt::LeftButton);
+        });
+        return MessagePrompts().Ask("Discard unsaved data?", buttons);
+    };
+    EXPECT_EQ(answer(Buttons::OkCancel, QMessageBox::Ok), Answer::Ok);
+    EXPECT_EQ(answer(Buttons::OkCancel, QMessageBox::Cancel), Answer::Cancel);
+    EXPECT_EQ(answer(Buttons::YesNo, QMessageBox::Yes), Answer::Yes);
+    EXPECT_EQ(answer(Buttons::YesNo, QMessageBox::No), Answer::No);
+
+    WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(MessagePrompts().Ask("All data will be lost if you proceed.", Buttons::OkCancel), Answer::Cancel);
+}
+
+class FileDialogs : public ::testing::Test {
+protected:
+    /// What the user types into the dialog that saves.
+    std::string SavedAs(const char* typed) {
+        WhenShown<QFileDialog>([typed](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>()->setText(typed);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+        });
+        const auto file = MessagePrompts().ChooseFile({.Saving = true,
+                                                       .Title = "Save Circuit",
+                                                       .Filter = "Track files (*.trk)|*.trk",
+                                                       .DefaultName = "oval",
+                                                       .Folder = Folder.Path().string()});
+        return file ? file->filename().string() : "none";
+    }
+
+    TemporaryFolder Folder;
+};
+
+TEST_F(FileDialogs, ASavedFileGetsTheEndingThatItLacks) {
+    EXPECT_EQ(SavedAs("club"), "club.trk");
+    EXPECT_EQ(SavedAs("club 2.0"), "club 2.0.trk");
+    EXPECT_EQ(SavedAs("club.trk"), "club.trk");
+    EXPECT_EQ(SavedAs("CLUB.TRK"), "CLUB.TRK");
+}
+
+TEST_F(FileDialogs, AnExistingFileIsGivenWithoutAQuestionOfTheDialog) {
+    WriteBytes(Folder / "oval.trk", "");
+    EXPECT_EQ(SavedAs("oval"), "oval.trk");
+}
+
+TEST_F(FileDialogs, ADialogShowsTitleFilterAndDefaultNameAndCancelGivesNoFile) {
+    WhenShown<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Save Circuit");
+        EXPECT_EQ(dialog.nameFilters(), QStringList{"Track files (*.trk)"});
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "oval.trk");
+        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
+    });
+    EXPECT_EQ(MessagePrompts().ChooseFile({.Saving = true,
+                                           .Title = "Save Circuit",
+                                           .Filter = "Track files (*.trk)|*.trk",
+                                           .DefaultName = "oval",
+                                           .Folder = Folder.Path().string()}),
+              std::nullopt);
+}
+
+} // namespace pistaro

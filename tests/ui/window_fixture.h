@@ -1,0 +1,89 @@
+// The main window with a scripted user, and its controls by their names.
+#pragma once
+
+#include "support/chain.h"
+#include "support/scripted_prompts.h"
+#include "ui/frmCorvel.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+
+class WindowTest : public ::testing::Test {
+protected:
+    /// Opens the window on a project.
+    void Open(const Project& project = StartUp(InitialSettings())) {
+        Design = project;
+        Window = std::make_unique<frmCorvel>(Design, Prompts);
+        Window->show();
+        Window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
+    }
+
+    template <typename Control>
+    Control& Find(const std::string& name, const std::string& tag = "") {
+        for (Control* const control : Window->findChildren<Control*>(QString::fromStdString(name))) {
+            if (control->property("Tag").toString().toStdString() == tag) return *control;
+        }
+        throw std::logic_error("there is no control " + name + " " + tag);
+    }
+
+    QAbstractButton& Button(const std::string& name, const std::string& tag = "") {
+        return Find<QAbstractButton>(name, tag);
+    }
+    QAbstractButton& Piece(const std::string& code) { return Button("cmdElement", code); }
+    QAction& Entry(const std::string& name) { return Find<QAction>(name); }
+    QListWidget& List() { return Find<QListWidget>("lstTrack"); }
+    QWidget& Picture() { return Find<QWidget>("picCircuit"); }
+
+    void Click(const std::string& name, const std::string& tag = "", int times = 1) {
+        for (int i = 0; i < times; ++i)
+            QTest::mouseClick(&Button(name, tag), Qt::LeftButton, {}, PlaceIn(Button(name, tag)));
+    }
+
+    /// Opens the entry's menu and clicks the entry.
+    void Choose(const std::string& name) {
+        QAction& entry = Entry(name);
+        for (QMenu* const menu : Window->findChildren<QMenu*>()) {
+            if (!menu->actions().contains(&entry)) continue;
+            menu->popup(QPoint(0, 0));
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&entry).center());
+            menu->close();
+            return;
+        }
+        throw std::logic_error(name + " stands in no menu");
+    }
+
+    /// Presses and releases a mouse button on the drawing at a point in cm.
+    void ClickDrawing(float x, float y) {
+        const ViewRectangle shown = ShownRectangle(Design.View);
+        const double pixelsPerCm = Picture().width() / (double{shown.ViewRight} - shown.ViewLeft);
+        const QPointF place((x - shown.ViewLeft) * pixelsPerCm, (shown.ViewTop - y) * pixelsPerCm);
+        QTest::mouseClick(&Picture(), Qt::LeftButton, {}, place.toPoint());
+    }
+
+    void ClickLine(int index) {
+        QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().visualItemRect(List().item(index)).center());
+    }
+
+    std::vector<std::string> Lines() {
+        std::vector<std::string> lines;
+        for (int row = 0; row < List().count(); ++row)
+            lines.push_back(List().item(row)->text().toStdString());
+        return lines;
+    }
+
+    std::string Text(const std::string& label) { return Find<QLabel>(label).text().toStdString(); }
+    std::string Codes(int track = 0) { return CodesOf(Design.Layout.Tracks[static_cast<std::size_t>(track)]); }
+
+    /// Where a button reacts to the mouse: a radio button only where it is drawn.
+    static QPoint PlaceIn(const QWidget& button) { return {std::min(10, button.width() / 2), button.height() / 2}; }
+
+    ScriptedPrompts Prompts;
+    Project Design;
+    std::unique_ptr<frmCorvel> Window;
+};
+
+} // namespace pistaro
