@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -16,6 +17,7 @@ namespace pistaro {
 namespace {
 
 constexpr int Spacing = 8;
+constexpr int TitleBarHeight = 32;
 constexpr int RightColumnWidth = 190;
 
 /// The first circuit file among what is dragged; empty when there is none.
@@ -49,7 +51,7 @@ frmCorvel::frmCorvel(Project& project, Prompts& prompts)
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     workbench_.Changed = [this] { Refresh(); };
     Refresh();
-    resize(1200, 820);
+    resize(QSize(1200, 820).boundedTo(screen()->availableSize() - QSize(0, TitleBarHeight)));
 }
 
 void frmCorvel::Refresh() {

@@ -69,6 +69,10 @@ Answer MessagePrompts::Ask(const std::string& question, Buttons buttons) {
     const bool okCancel = buttons == Buttons::OkCancel;
     QMessageBox box(QMessageBox::Question, Title, QString::fromStdString(question),
                     okCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Yes | QMessageBox::No, Owner());
+    // Enter and Escape must not lose a design.
+    const auto harmless = okCancel ? QMessageBox::Cancel : QMessageBox::No;
+    box.setDefaultButton(harmless);
+    box.setEscapeButton(harmless);
     const int answer = box.exec();
     if (okCancel) return answer == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
     return answer == QMessageBox::Yes ? Answer::Yes : Answer::No;

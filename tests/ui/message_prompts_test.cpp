@@ -46,7 +46,7 @@ TEST(MessagePrompts, TellShowsItsTextUnderTheIconOfTheMessage) {
     }
 }
 
-TEST(MessagePrompts, AQuestionIsAnsweredByItsButtonsAndEscapeMeansTheHarmlessOne) {
+TEST(MessagePrompts, AQuestionIsAnsweredByItsButtonsAndEnterAndEscapeAreTheHarmlessOne) {
     const auto answer = [](Buttons buttons, QMessageBox::StandardButton press) {
         WhenShown<QMessageBox>([=](QMessageBox& box) {
             EXPECT_EQ(box.standardButtons(), buttons == Buttons::OkCancel ? QMessageBox::Ok | QMessageBox::Cancel
@@ -61,8 +61,12 @@ TEST(MessagePrompts, AQuestionIsAnsweredByItsButtonsAndEscapeMeansTheHarmlessOne
     EXPECT_EQ(answer(Buttons::YesNo, QMessageBox::Yes), Answer::Yes);
     EXPECT_EQ(answer(Buttons::YesNo, QMessageBox::No), Answer::No);
 
-    WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_EQ(MessagePrompts().Ask("All data will be lost if you proceed.", Buttons::OkCancel), Answer::Cancel);
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        WhenShown<QMessageBox>([key](QMessageBox& box) { QTest::keyClick(&box, key); });
+        EXPECT_EQ(MessagePrompts().Ask("All data will be lost if you proceed.", Buttons::OkCancel), Answer::Cancel);
+        WhenShown<QMessageBox>([key](QMessageBox& box) { QTest::keyClick(&box, key); });
+        EXPECT_EQ(MessagePrompts().Ask("Discard unsaved data?", Buttons::YesNo), Answer::No);
+    }
 }
 
 class FileDialogs : public ::testing::Test {
