@@ -28,10 +28,12 @@ class Photographer {
 public:
     explicit Photographer(QString folder) : folder_(std::move(folder)) {}
 
-    void Take(QWidget& widget, const char* name) const {
+    void Take(QWidget& widget, const char* name) const { Take(widget, widget.rect(), name); }
+
+    void Take(QWidget& widget, const QRect& part, const char* name) const {
         QApplication::processEvents();
         const QString file = folder_ + "/" + name + ".png";
-        if (!widget.grab().save(file)) throw std::runtime_error("not written: " + file.toStdString());
+        if (!widget.grab(part).save(file)) throw std::runtime_error("not written: " + file.toStdString());
         std::cout << file.toStdString() << '\n';
     }
 
@@ -82,7 +84,9 @@ void Photograph(const std::filesystem::path& sample, const QString& folder) {
     window.resize(1100, 760);
     window.show();
     photographer.Take(window, "window");
-    photographer.Take(*window.findChild<QWidget*>("cmdSeeRemaining")->parentWidget(), "pieces");
+    QWidget& palette = *window.findChild<QWidget*>("cmdSeeRemaining")->parentWidget();
+    QApplication::processEvents();
+    photographer.Take(palette, palette.childrenRect().adjusted(-4, -4, 4, 4), "pieces");
     for (const auto& [entry, name] : Dialogs) {
         if (window.findChild<QAction*>(entry) != nullptr) photographer.TakeDialog(window, entry, name);
     }

@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t ExactColours = 64; ///< kept as they are when there are too many
 
 struct CountedColour {
-    QRgb Colour;
-    std::int64_t Count; ///< pixels
+    QRgb Colour = 0;
+    std::int64_t Count = 0; ///< pixels
 };
 
 /// Calls visit(colour) for each pixel, row by row. What stands in the unused byte does not count.

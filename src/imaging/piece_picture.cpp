@@ -68,7 +68,7 @@ std::string PiecePicture(const Project& project, std::string_view code, const st
     QImage image(PictureWidth, PictureHeight, QImage::Format_RGB32);
     {
         QPainter painter(&image);
-        painter.translate((PictureWidth - DrawingPixels) / 2, (PictureHeight - DrawingPixels) / 2);
+        painter.translate((PictureWidth - DrawingPixels) / 2.0, (PictureHeight - DrawingPixels) / 2.0);
         PainterSurface surface(painter, DrawingPixels);
         surface.Clear(project.Colours.Background);
         surface.SetScale(ShownRectangle(project.View));

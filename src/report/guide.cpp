@@ -16,7 +16,7 @@ constexpr float PieceWindowWidth = 250; ///< cm
 /// A file of the guide, in the working directory, which must be there.
 std::filesystem::path GuideFile(const Project& project, const std::string& name) {
     if (project.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");
-    const std::filesystem::path file = PathFromText(project.WorkingDirectory + name);
+    std::filesystem::path file = PathFromText(project.WorkingDirectory + name);
     if (!std::filesystem::is_directory(file.parent_path())) throw Fault("Path not found", project.WorkingDirectory);
     return file;
 }
