@@ -23,7 +23,7 @@ constexpr int RightColumnWidth = 190;
 /// The first circuit file among what is dragged; empty when there is none.
 QString CircuitFileIn(const QMimeData& data) {
     for (const QUrl& url : data.urls()) {
-        const QString file = url.toLocalFile();
+        QString file = url.toLocalFile();
         if (file.endsWith(".trk", Qt::CaseInsensitive)) return file;
     }
     return {};
