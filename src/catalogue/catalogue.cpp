@@ -3,6 +3,8 @@
 
 #include "catalogue/track_geometry.h"
 
+#include <string>
+
 namespace pistaro {
 
 namespace {
@@ -124,11 +126,13 @@ int FindRow(const Catalogue& catalogue, std::string_view code) {
     return -1;
 }
 
-int FindHeadRow(const Catalogue& catalogue, std::string_view productCode) {
+int FindHeadRow(const Catalogue& catalogue, std::string_view product) {
+    constexpr std::size_t paddedCode = 20;
     for (int row = 0; row < CatalogueCount; ++row) {
-        if (IsHeadRow(catalogue, row) && catalogue[static_cast<std::size_t>(row)].Code.starts_with(productCode)) {
-            return row;
-        }
+        if (!IsHeadRow(catalogue, row)) continue;
+        std::string code(catalogue[static_cast<std::size_t>(row)].Code);
+        code.resize(paddedCode, ' ');
+        if (std::string_view(code).substr(0, product.size()) == product) return row;
     }
     return -1;
 }

@@ -37,13 +37,14 @@ Catalogue InitCatalogue();
 /// The first row whose code equals `code`, or -1.
 int FindRow(const Catalogue& catalogue, std::string_view code);
 
+/// The first head row whose code, with blanks behind it, begins with a product's name as settings and windows write it
+/// ("C151" finds the row of "C151L", "C8010" its left hand), or -1.
+int FindHeadRow(const Catalogue& catalogue, std::string_view product);
+
 /// Whether `row` is a product's head row: the one that carries its counts and its price.
 inline bool IsHeadRow(const Catalogue& catalogue, int row) {
     return catalogue[static_cast<std::size_t>(row)].StockIndex == row;
 }
-
-/// The head row of a product: the first one whose code begins with `productCode`, or -1. "C8010" finds its left hand.
-int FindHeadRow(const Catalogue& catalogue, std::string_view productCode);
 
 /// 'L' or 'R' where the code names a hand, else 0.
 char Hand(std::string_view code);

@@ -2,6 +2,7 @@
 #include "cli/script.h"
 
 #include "cli/layout_json.h"
+#include "cli/script_dialogs.h"
 #include "cli/script_words.h"
 #include "cli/state_json.h"
 #include "editor/commands.h"
@@ -10,19 +11,13 @@
 #include "editor/view_commands.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
-#include "text/number_text.h"
 
 #include <array>
-#include <cmath>
 #include <optional>
 
 namespace pistaro {
 
 namespace {
-
-using Words = std::vector<std::string>;
-
-Fault Refused(const std::string& reason) { return {"Refused", reason}; }
 
 /// A script is asked nothing: it agrees, and has named its file already.
 class ScriptPrompts : public Prompts {
@@ -42,28 +37,8 @@ private:
 struct Script {
     Project& Design;
     std::ostream& Output;
+    ScriptDialogs Dialogs;
 };
-
-double NumberIn(const std::string& word) {
-    const double value = IsNumber(word) ? ParseNumber(word) : NAN;
-    if (!std::isfinite(value)) throw Refused("\"" + word + "\" is no number");
-    return value;
-}
-
-float SingleIn(const std::string& word) {
-    const auto value = static_cast<float>(NumberIn(word));
-    if (!std::isfinite(value)) throw Refused("\"" + word + "\" is too large");
-    return value;
-}
-
-int IntegerIn(const std::string& word, int least, int most) {
-    const double value = NumberIn(word);
-    if (value != std::floor(value) || value < least || value > most) {
-        throw Refused("\"" + word + "\" is no whole number from " + std::to_string(least) + " to " +
-                      std::to_string(most));
-    }
-    return static_cast<int>(value);
-}
 
 void Run(const Command& command, Project& project, Prompts& prompts) {
     const std::string whyNot = command.WhyNot(project);
@@ -111,6 +86,13 @@ void PrintState(Script& script, const Words&) { script.Output << Line(StateJson(
 
 void PrintLayout(Script& script, const Words&) { script.Output << Line(LayoutJson(script.Design.Layout)) << std::endl; }
 
+/// A command of one of the dialogs.
+template <void (*Command)(ScriptDialogs&, const Words&)>
+void RunDialog(Script& script, const Words& words) {
+    RequireSettingsFile(script.Dialogs);
+    Command(script.Dialogs, words);
+}
+
 /// A row whose words behind the first are its values.
 struct ValueCommand {
     std::string_view Name;
@@ -121,10 +103,19 @@ struct ValueCommand {
 constexpr std::size_t AnyNumber = 100000;
 
 constexpr std::array ValueCommands{
-    ValueCommand{"load", 2, 2, RunOnFile},   ValueCommand{"save", 2, 2, RunOnFile},
-    ValueCommand{"add", 2, AnyNumber, Add},  ValueCommand{"select", 2, 2, Select},
-    ValueCommand{"click", 3, 3, Click},      ValueCommand{"scroll", 3, 3, Scroll},
-    ValueCommand{"state", 1, 1, PrintState}, ValueCommand{"layout", 1, 1, PrintLayout},
+    ValueCommand{"load", 2, 2, RunOnFile},
+    ValueCommand{"save", 2, 2, RunOnFile},
+    ValueCommand{"add", 2, AnyNumber, Add},
+    ValueCommand{"select", 2, 2, Select},
+    ValueCommand{"click", 3, 3, Click},
+    ValueCommand{"scroll", 3, 3, Scroll},
+    ValueCommand{"state", 1, 1, PrintState},
+    ValueCommand{"layout", 1, 1, PrintLayout},
+    ValueCommand{"colours", 2, AnyNumber, RunDialog<RunColours>},
+    ValueCommand{"stock", 2, AnyNumber, RunDialog<RunStock>},
+    ValueCommand{"area", 2, AnyNumber, RunDialog<RunArea>},
+    ValueCommand{"room", 3, 6, RunDialog<RunRoom>},
+    ValueCommand{"settings", 1, 1, RunDialog<PrintSettings>},
 };
 
 /// A line that is a command's id, with the number of times behind it where the command can be repeated.
@@ -158,8 +149,9 @@ void RunLine(Script& script, const std::string& line) {
 
 } // namespace
 
-void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output) {
-    Script running{project, output};
+void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output,
+               const std::vector<Message>& warnings) {
+    Script running{project, output, {project, output, warnings, std::nullopt}};
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     int number = 0;
     for (std::string line; NextScriptLine(script, line);) {

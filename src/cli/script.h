@@ -2,15 +2,19 @@
 #pragma once
 
 #include "model/project.h"
+#include "model/prompts.h"
 
 #include <istream>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace pistaro {
 
 /// Runs every line of `script` on the project and prints what they ask for. A refused line is a fault that names
-/// `name` and the line's number; what earlier lines did and printed stays.
-void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output);
+/// `name` and the line's number; what earlier lines did and printed stays. `warnings` are those that reading the
+/// settings gave.
+void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output,
+               const std::vector<Message>& warnings = {});
 
 } // namespace pistaro

@@ -1,9 +1,10 @@
-// Lines by any of their ends, then one pass over each for its words.
+// Lines by any of their ends, one pass over each for its words, and what the words stand for.
 #include "cli/script_words.h"
 
-#include "platform/fault.h"
+#include "text/number_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pistaro {
 
@@ -26,9 +27,9 @@ bool NextScriptLine(std::istream& script, std::string& line) {
     return !line.empty();
 }
 
-std::vector<std::string> ScriptWords(std::string_view line) {
+Words ScriptWords(std::string_view line) {
     if (std::ranges::any_of(line, IsControl)) throw BadFileFormat("this is not a text file");
-    std::vector<std::string> words;
+    Words words;
     bool inWord = false;
     bool quoted = false;
     for (const char c : line) {
@@ -48,6 +49,27 @@ std::vector<std::string> ScriptWords(std::string_view line) {
     }
     if (quoted) throw BadFileFormat("a double quote is not closed");
     return words;
+}
+
+double NumberIn(const std::string& word) {
+    const double value = IsNumber(word) ? ParseNumber(word) : NAN;
+    if (!std::isfinite(value)) throw Refused("\"" + word + "\" is no number");
+    return value;
+}
+
+float SingleIn(const std::string& word) {
+    const auto value = static_cast<float>(NumberIn(word));
+    if (!std::isfinite(value)) throw Refused("\"" + word + "\" is too large");
+    return value;
+}
+
+int IntegerIn(const std::string& word, int least, int most) {
+    const double value = NumberIn(word);
+    if (value != std::floor(value) || value < least || value > most) {
+        throw Refused("\"" + word + "\" is no whole number from " + std::to_string(least) + " to " +
+                      std::to_string(most));
+    }
+    return static_cast<int>(value);
 }
 
 } // namespace pistaro

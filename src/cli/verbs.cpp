@@ -63,7 +63,7 @@ void ScriptVerb(const VerbContext& context, const std::string& script, const Opt
     const bool typed = script == "-";
     std::istringstream lines(typed ? std::string() : ReadFile(PathFromText(script), MostFileBytes));
     if (circuit) LoadCircuit(start.Design, *circuit);
-    RunScript(start.Design, typed ? context.Input : lines, script, context.Output);
+    RunScript(start.Design, typed ? context.Input : lines, script, context.Output, start.Messages);
 }
 
 void CatalogueVerb(const VerbContext& context, bool json) {

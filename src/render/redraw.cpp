@@ -4,6 +4,7 @@
 #include "render/stock_colours.h"
 #include "text/number_text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pistaro {
@@ -96,17 +97,37 @@ void DrawGrid(const Project& project, Surface& surface) {
     }
 }
 
-void DrawRoom(const RoomPolygon& room, Surface& surface) {
+WorldPoint RoomCorner(const RoomPolygon& room, const RoomPoint& point) {
     const double cosine = std::cos(double{room.Angle});
     const double sine = std::sin(double{room.Angle});
-    const auto turned = [&](const RoomPoint& point) {
-        return WorldPoint{static_cast<float>(point.X * cosine + point.Y * sine),
-                          static_cast<float>(point.Y * cosine - point.X * sine)};
-    };
-    if (room.Points.empty()) return;
-    WorldPoint previous = turned(room.Points.front());
+    return {static_cast<float>(point.X * cosine + point.Y * sine),
+            static_cast<float>(point.Y * cosine - point.X * sine)};
+}
+
+ViewRectangle RoomRectangle(const RoomPolygon& room) {
+    constexpr double leastWidth = 100; // cm
+    constexpr double margin = 1.2;
+    const WorldPoint first = room.Points.empty() ? WorldPoint{} : RoomCorner(room, room.Points.front());
+    WorldPoint least = first;
+    WorldPoint most = first;
     for (const RoomPoint& point : room.Points) {
-        const WorldPoint here = turned(point);
+        const WorldPoint corner = RoomCorner(room, point);
+        least = {std::min(least.X, corner.X), std::min(least.Y, corner.Y)};
+        most = {std::max(most.X, corner.X), std::max(most.Y, corner.Y)};
+    }
+    const double extent = std::max(double{most.X} - least.X, double{most.Y} - least.Y);
+    ViewSettings view;
+    view.MidX = (least.X + most.X) / 2;
+    view.MidY = (least.Y + most.Y) / 2;
+    view.Width = static_cast<float>(std::max(leastWidth, extent * margin));
+    return ShownRectangle(view);
+}
+
+void DrawRoom(const RoomPolygon& room, Surface& surface) {
+    if (room.Points.empty()) return;
+    WorldPoint previous = RoomCorner(room, room.Points.front());
+    for (const RoomPoint& point : room.Points) {
+        const WorldPoint here = RoomCorner(room, point);
         if (point.Line == 1) surface.Draw(LineStroke{previous, here}, RoomColour);
         previous = here;
     }

@@ -15,6 +15,12 @@ void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Sur
 /// Draws the grid over the view and one step beyond it on each side.
 void DrawGrid(const Project& project, Surface& surface);
 
+/// Where a point of the room lies, turned by the room's angle, cm.
+WorldPoint RoomCorner(const RoomPolygon& room, const RoomPoint& point);
+
+/// The square that shows the whole room with a margin around it; for a room without extent, 100 cm around its place.
+ViewRectangle RoomRectangle(const RoomPolygon& room);
+
 /// Draws the room's sides whose line flag is 1, turned by the room's angle.
 void DrawRoom(const RoomPolygon& room, Surface& surface);
 

@@ -62,18 +62,6 @@ void ReadColours(LineReader& lines, Settings& settings) {
     }
 }
 
-/// The first head row whose code begins with the key, as far as blanks behind the code reach; -1 if there is none.
-int ProductRow(const Catalogue& catalogue, std::string_view key) {
-    constexpr std::size_t paddedCode = 20;
-    for (int row = 0; row < CatalogueCount; ++row) {
-        if (!IsHeadRow(catalogue, row)) continue;
-        std::string code(catalogue[static_cast<std::size_t>(row)].Code);
-        code.resize(paddedCode, ' ');
-        if (std::string_view(code).substr(0, key.size()) == key) return row;
-    }
-    return -1;
-}
-
 /// One line a product, "C151=4"; `store` takes the value's text for the product's stock.
 template <typename Store>
 void ReadStockLines(LineReader& lines, Settings& settings, Store store) {
@@ -86,7 +74,7 @@ void ReadStockLines(LineReader& lines, Settings& settings, Store store) {
         }
         const std::size_t equals = line.find('=');
         if (equals == std::string_view::npos) throw InvalidProcedureCall(lines.Here("there is no \"=\""));
-        const int row = ProductRow(catalogue, line.substr(0, equals));
+        const int row = FindHeadRow(catalogue, line.substr(0, equals));
         if (row >= 0) store(settings.Stocks[static_cast<std::size_t>(row)], line.substr(equals + 1));
     }
 }
@@ -118,9 +106,8 @@ constexpr std::array SectionReaders{
 
 } // namespace
 
-Settings ParseSettings(std::string_view bytes, const std::string& name) {
+Settings ParseSettings(std::string_view bytes, const std::string& name, Settings settings) {
     LineReader lines(bytes, name);
-    Settings settings;
     while (!lines.AtEnd()) {
         const std::string_view line = lines.Next("a section");
         for (const SectionReader& section : SectionReaders) {

@@ -55,10 +55,10 @@ Section WorkingDirectoryOf(const std::string& folder) {
     return {WorkingDirectorySection, {Windows1252FromUtf8(folder)}};
 }
 
-Section ViewOf(const Settings& settings) {
+Section ViewOf(double midX, double midY, double zoom, double mWid) {
     return {ViewSection,
-            {"MidX=" + NumberText(settings.MidX), "MidY=" + NumberText(settings.MidY),
-             "Zoom=" + NumberText(settings.Zoom), "MWid=" + NumberText(settings.MWid)}};
+            {"MidX=" + NumberText(midX), "MidY=" + NumberText(midY), "Zoom=" + NumberText(zoom),
+             "MWid=" + NumberText(mWid)}};
 }
 
 Section UnitsOf(const Units& units) {
@@ -95,7 +95,7 @@ std::vector<Section> AllSections(const Settings& settings) {
         prices[row] = settings.Stocks[row].Price;
     }
     return {WorkingDirectoryOf(settings.WorkingDirectory),
-            ViewOf(settings),
+            ViewOf(settings.MidX, settings.MidY, settings.Zoom, settings.MWid),
             UnitsOf(settings.DisplayUnits),
             GridOf(settings.Grid),
             RoomOf(settings.Room),
@@ -119,8 +119,13 @@ std::string ReplaceSections(std::string_view bytes, const std::string& name, con
     return replaced;
 }
 
+std::string RewrittenSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {
+    if (path.empty()) throw Fault("Path not found", "there is no settings file to write");
+    return ReplaceSections(ReadFile(path, MostFileBytes), TextFromPath(path), sections);
+}
+
 void RewriteSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {
-    ReplaceFile(path, ReplaceSections(ReadFile(path, MostFileBytes), TextFromPath(path), sections));
+    ReplaceFile(path, RewrittenSettings(path, sections));
 }
 
 } // namespace pistaro

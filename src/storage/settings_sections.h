@@ -19,6 +19,9 @@ inline constexpr std::string_view LooseTrackSection = "[My Loose Track]";
 inline constexpr std::string_view BestPricesSection = "[Best Prices]";
 inline constexpr std::string_view ColoursSection = "[Colors]";
 
+/// What the dialogs say when their sections are on disk.
+inline constexpr const char* SettingsSaved = "Settings saved.";
+
 /// A header and the 8-bit lines behind it, without line ends.
 struct Section {
     std::string_view Header;
@@ -26,7 +29,8 @@ struct Section {
 };
 
 Section WorkingDirectoryOf(const std::string& folder);
-Section ViewOf(const Settings& settings);
+/// Numbers as they are typed, in double: the centre, the width and the largest displacement of the view, cm.
+Section ViewOf(double midX, double midY, double zoom, double mWid);
 Section UnitsOf(const Units& units);
 Section GridOf(const GridSettings& grid);
 Section RoomOf(const RoomPolygon& room);
@@ -45,7 +49,10 @@ std::vector<Section> AllSections(const Settings& settings);
 /// ends inside a section that is replaced.
 std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections);
 
-/// The same for the file on disk, in one step.
+/// The same bytes for the file on disk. Faults: those of reading, and an empty path, which stands for no file.
+std::string RewrittenSettings(const std::filesystem::path& path, const std::vector<Section>& sections);
+
+/// Puts them on disk in one step; faults leave the file as it was.
 void RewriteSettings(const std::filesystem::path& path, const std::vector<Section>& sections);
 
 } // namespace pistaro
