@@ -1,0 +1,209 @@
+// The loose-track dialog's boxes, and their way to the settings file and back.
+#include "stats/owned_track.h"
+
+#include "platform/fault.h"
+#include "support/settings_on_disk.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <set>
+
+namespace pistaro {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class OwnedTrack : public SettingsOnDisk {
+protected:
+    OwnedTrack() { EXPECT_TRUE(FillStockBoxes(project_, boxes_)); }
+
+    void Type(const std::string& product, const std::string& owned, const std::string& price) {
+        StockBox& box = Box(product);
+        box.Owned = owned;
+        box.Price = price;
+    }
+
+    StockBox& Box(const std::string& product) { return *std::ranges::find(boxes_, product, &StockBox::Tag); }
+
+    const CatalogueEntry& Row(const std::string& code) const {
+        return project_.Pieces[static_cast<std::size_t>(FindRow(project_.Pieces, code))];
+    }
+
+    /// The text with which saving these boxes is refused, file and catalogue being as before.
+    std::string Refusal() {
+        std::string text;
+        try {
+            SaveOwnedTrack(project_, boxes_, prompts_);
+        } catch (const Fault& fault) {
+            text = fault.what();
+        }
+        EXPECT_EQ(OnDisk(), WholeSettings());
+        EXPECT_EQ(Row("C151L").OwnedCount, 0);
+        EXPECT_EQ(Row("C151L").Price, 0);
+        EXPECT_THAT(prompts_.Told, IsEmpty());
+        return text;
+    }
+
+    StockBoxes boxes_ = EmptyStockBoxes();
+};
+
+TEST_F(OwnedTrack, HasABoxForEachOfTheTwentyEightProducts) {
+    std::set<std::string> tags;
+    for (const StockBox& box : boxes_)
+        tags.insert(box.Tag);
+    std::set<std::string> products;
+    for (int row = 0; row < CatalogueCount; ++row) {
+        if (IsHeadRow(project_.Pieces, row)) products.emplace(ProductCode(Entry(project_, row).Code));
+    }
+    EXPECT_EQ(tags.size(), 28U);
+    EXPECT_EQ(tags, products);
+}
+
+TEST_F(OwnedTrack, StandsInFourFramesWithTwentyEightProducts) {
+    int products = 0;
+    for (const StockFrame& frame : StockFrames)
+        products += frame.Products;
+    EXPECT_EQ(StockFrames.size(), 4U);
+    EXPECT_EQ(products, 28);
+}
+
+TEST_F(OwnedTrack, OpensWithCountsAsDigitsAndPricesInTheShortestForm) {
+    CatalogueEntry& leftHand = Entry(project_, FindRow(project_.Pieces, "C8010L"));
+    leftHand.OwnedCount = 12;
+    leftHand.Price = 0.5F;
+
+    EXPECT_TRUE(FillStockBoxes(project_, boxes_));
+
+    EXPECT_EQ(Box("C8010").Owned, "12");
+    EXPECT_EQ(Box("C8010").Price, ".5");
+    EXPECT_EQ(Box("C151").Owned, "0");
+    EXPECT_EQ(Box("C151").Price, "0");
+}
+
+TEST_F(OwnedTrack, KnowsNoBoxOfAnUnknownProduct) {
+    boxes_[3].Tag = "C999";
+    EXPECT_FALSE(FillStockBoxes(project_, boxes_));
+}
+
+TEST_F(OwnedTrack, SavesSevenTypedAsZeroSevenAndTwoAndAHalfTypedWithATrailingZero) {
+    Type("C151", "07", "2.50");
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[My Loose Track]", {"C151=7"})));
+    EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[Best Prices]", {"C151=2.5"})));
+    EXPECT_EQ(prompts_.Told, saved_);
+}
+
+TEST_F(OwnedTrack, TakesCountsAndPricesAsTheyAreReadBack) {
+    Type("C151", "2.5", "2.123456789");
+    Type("C8010", "3", "4");
+    Type("N10111", "9", "9");
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[My Loose Track]", {"C151=2.5", "C8010=3", "N10111=9"})));
+    EXPECT_EQ(Row("C151L").OwnedCount, 2);
+    EXPECT_EQ(Row("C151L").Price, 2.1234568F);
+    EXPECT_EQ(Row("C8010L").OwnedCount, 3);
+    EXPECT_EQ(Row("C8010R").OwnedCount, 0);
+    EXPECT_EQ(Row("N10111").OwnedCount, 0); // its line is the 29th
+}
+
+TEST_F(OwnedTrack, TakesNothingElseFromTheFileThatItReadsAgain) {
+    project_.View.MidX = 77;
+    project_.Colours.Rail = 99;
+    project_.DisplayUnits.Currency = "GBP";
+    project_.Grid.Step = 3;
+    project_.Room.Points = {{1, 1, 1}};
+    project_.WorkingDirectory = "/elsewhere/";
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_EQ(project_.View.MidX, 77);
+    EXPECT_EQ(project_.Colours.Rail, 99);
+    EXPECT_EQ(project_.DisplayUnits.Currency, "GBP");
+    EXPECT_EQ(project_.Grid.Step, 3);
+    EXPECT_EQ(project_.Room.Points.size(), 1U);
+    EXPECT_EQ(project_.WorkingDirectory, "/elsewhere/");
+}
+
+TEST_F(OwnedTrack, KeepsTheTwentyNinthLineOfASectionBehindTheTwentyNineNewOnes) {
+    Start(SavedProductLines("[My Loose Track]", {"N10111=4"}) + "[Grid]\r\nType=1\r\nStep=2\r\n");
+    Type("C160", "5", "0");
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_EQ(OnDisk(),
+              SavedProductLines("[My Loose Track]", {"C160=5"}) + "N10111=4\r\n[Grid]\r\nType=1\r\nStep=2\r\n");
+}
+
+TEST_F(OwnedTrack, LeavesValuesOfAMissingSectionAsTheyWere) {
+    Start(ProductLines("[My Loose Track]"));
+    Entry(project_, FindRow(project_.Pieces, "C160")).Price = 6;
+    FillStockBoxes(project_, boxes_);
+    Type("C160", "5", "8");
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_EQ(OnDisk(), SavedProductLines("[My Loose Track]", {"C160=5"}));
+    EXPECT_EQ(Row("C160").OwnedCount, 5);
+    EXPECT_EQ(Row("C160").Price, 6);
+}
+
+TEST_F(OwnedTrack, WritesIntoAFileWithLfLineEndsSectionsInAnyOrderAndOtherKeys) {
+    std::string lines;
+    for (int line = 0; line < 28; ++line)
+        lines += "x=1\n";
+    WriteBytes(file_, "[Best Prices]\n" + lines + "[Own]\n\xA4\n[My Loose Track]\n" + lines + "last");
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_EQ(OnDisk(), SavedProductLines("[Best Prices]", {}) + "[Own]\r\n\xA4\r\n" +
+                            SavedProductLines("[My Loose Track]", {}) + "last\r\n");
+}
+
+TEST_F(OwnedTrack, RefusesATextThatIsNoNumberAndNamesItsBox) {
+    Type("C151", "4", "2,50");
+    EXPECT_EQ(Refusal(), "Type mismatch: the price of C151, \"2,50\", is no number");
+    Type("C151", "", "1");
+    EXPECT_EQ(Refusal(), "Type mismatch: the owned count of C151, \"\", is no number");
+}
+
+TEST_F(OwnedTrack, RefusesNumbersThatCouldNotBeReadAgain) {
+    Type("C151", "32768", "1");
+    EXPECT_EQ(Refusal(), "Overflow: the owned count of C151, 32768, is not between -32768 and 32767");
+    Type("C151", "1E999", "1");
+    EXPECT_THAT(Refusal(), HasSubstr("the owned count of C151"));
+    Type("C151", "1", "1E39");
+    EXPECT_EQ(Refusal(), "Overflow: the price of C151, 1E39, is too large");
+}
+
+TEST_F(OwnedTrack, WritesNothingIntoAFileThatCouldNotBeReadAgain) {
+    const std::string broken = Replaced(WholeSettings(), "Step=10", "Step=99999");
+    WriteBytes(file_, broken);
+    EXPECT_THROW(SaveOwnedTrack(project_, boxes_, prompts_), Fault);
+    EXPECT_EQ(OnDisk(), broken);
+}
+
+TEST_F(OwnedTrack, ReadsBackEveryCountAndPriceThatItSaves) {
+    for (std::size_t box = 0; box < boxes_.size(); ++box) {
+        boxes_[box].Owned = std::to_string(box + 1);
+        boxes_[box].Price = std::to_string(box) + ".25";
+    }
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    StockBoxes again = EmptyStockBoxes();
+    FillStockBoxes(project_, again);
+    EXPECT_EQ(again[0].Price, ".25");
+    for (std::size_t box = 0; box + 1 < boxes_.size(); ++box) { // all but N10111, the last
+        EXPECT_EQ(again[box].Owned, std::to_string(box + 1));
+        EXPECT_EQ(again[box].Price, box == 0 ? ".25" : std::to_string(box) + ".25");
+    }
+}
+
+} // namespace
+} // namespace pistaro
