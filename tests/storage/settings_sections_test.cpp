@@ -41,13 +41,7 @@ std::ptrdiff_t CountOf(const std::string& bytes, const std::string& word) {
 }
 
 TEST(ReplaceSections, ReplacesTheView) {
-    Settings settings;
-    settings.MidX = -40;
-    settings.MidY = 2.5F;
-    settings.Zoom = 200;
-    settings.MWid = 55;
-
-    EXPECT_EQ(Replaced("a\r\n[Settings]\r\n1\r\n2\r\n3\r\n4\r\nb\r\n", {ViewOf(settings)}),
+    EXPECT_EQ(Replaced("a\r\n[Settings]\r\n1\r\n2\r\n3\r\n4\r\nb\r\n", {ViewOf(-40, 2.5, 200, 55)}),
               "a\r\n[Settings]\r\nMidX=-40\r\nMidY=2.5\r\nZoom=200\r\nMWid=55\r\nb\r\n");
 }
 
