@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <limits>
+#include <locale>
 #include <random>
 #include <string>
 
@@ -88,18 +88,21 @@ TEST(NumberText, TheSignPositionOfAPositiveNumberIsBlank) {
     EXPECT_EQ(SignedNumberText(-0.0F), " 0");
 }
 
+struct DecimalComma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+};
+
 TEST(NumberText, TheUsersLocaleIsNothingToIt) {
-    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-    bool comma = false;
-    for (const char* const name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "de_DE"})
-        comma = comma || std::setlocale(LC_NUMERIC, name) != nullptr;
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
 
-    EXPECT_EQ(NumberText(1.5F), "1.5");
-    EXPECT_EQ(ParseNumber("1.5"), 1.5);
-    EXPECT_EQ(ParseNumber("1,5"), 1);
+    const std::string written = NumberText(1.5F);
+    const double withPoint = ParseNumber("1.5");
+    const double withComma = ParseNumber("1,5");
 
-    std::setlocale(LC_NUMERIC, before.c_str());
-    if (!comma) GTEST_SKIP() << "this machine has no locale with a decimal comma";
+    std::locale::global(before);
+    EXPECT_EQ(written, "1.5");
+    EXPECT_EQ(withPoint, 1.5);
+    EXPECT_EQ(withComma, 1);
 }
 
 TEST(NumberText, ReadsBackAsTheValueToItsLastWrittenDigit) {
