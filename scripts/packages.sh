@@ -1,23 +1,36 @@
-# Debian packages by purpose, and how they are installed. Sourced by run, test, bench and .ci/run.
+# Debian packages by purpose, and how they are installed. Sourced by run, test, bench, .ci/run and the packaging.
 
 PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohmann-json3-dev fonts-dejavu-core"
 PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev chromium"
 PACKAGES_BENCH="$PACKAGES_BUILD libbenchmark-dev"
 PACKAGES_CHECK="$PACKAGES_TEST clang-format clang-tidy"
+PACKAGES_WINDOWS="$PACKAGES_TEST qt6-base-dev-tools g++-mingw-w64-x86-64-posix make dpkg-dev"
+
+# as_root COMMAND...: runs it with the rights to install.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# newest PACKAGE...: installs them, or brings them up to date.
+newest() {
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" >/dev/null
+}
+
+# installed PACKAGE: whether it is.
+installed() {
+    dpkg-query -W -f '${Status}' "$1" 2>/dev/null | grep -q 'install ok installed'
+}
 
 # need PACKAGE...: installs those that are missing, and says so.
 need() {
     local missing=() package
     for package in "$@"; do
-        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+        installed "$package" || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return
     echo "Installing Debian packages: ${missing[*]}"
-    local as_root=""
-    if [ "$(id -u)" -ne 0 ]; then as_root="sudo"; fi
-    export DEBIAN_FRONTEND=noninteractive
-    $as_root apt-get update -qq
-    $as_root apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    newest "${missing[@]}"
 }
 
 # build PRESET [CMAKE ARGUMENT...]: configures and builds one of CMakePresets.json.
