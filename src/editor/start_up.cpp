@@ -28,9 +28,15 @@ DesignerStart StartWithout(const std::exception& fault) {
 
 void CopySamples(const std::filesystem::path& from, const std::filesystem::path& to) {
     std::error_code nothingToCopyOrNoRoom;
-    std::filesystem::copy(from, to,
-                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing,
-                          nothingToCopyOrNoRoom);
+    std::filesystem::create_directories(to, nothingToCopyOrNoRoom);
+    for (const auto& entry : std::filesystem::directory_iterator(from, nothingToCopyOrNoRoom)) {
+        const auto target = to / entry.path().filename();
+        if (entry.is_directory(nothingToCopyOrNoRoom)) {
+            CopySamples(entry.path(), target);
+        } else if (!std::filesystem::exists(target, nothingToCopyOrNoRoom)) {
+            std::filesystem::copy_file(entry.path(), target, nothingToCopyOrNoRoom);
+        }
+    }
 }
 
 DesignerStart StartDesigner(const std::filesystem::path& settingsPath) {

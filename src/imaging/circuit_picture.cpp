@@ -19,7 +19,9 @@ struct OffscreenGraphics::Application {
         if (QCoreApplication::instance() != nullptr) return;
         // What the toolkit misses of a desktop is no news to whoever wanted a picture.
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+#ifndef Q_OS_WIN // there, pictures need no display, and only the usual platform knows the system's fonts
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
         Gui = std::make_unique<QGuiApplication>(Count, Values.data());
     }
 

@@ -5,12 +5,16 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
+#include <fcntl.h>
+#include <io.h>
 #include <knownfolders.h>
 #include <shellapi.h>
 #include <shlobj.h>
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 
 #undef ReplaceFile // windows.h would rename ours
 
@@ -31,10 +35,13 @@ Fault FileFault(DWORD error, const std::filesystem::path& path) {
         return {"File not found", name};
     case ERROR_PATH_NOT_FOUND:
     case ERROR_INVALID_NAME:
+    case ERROR_DIRECTORY:
     case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
         return {"Path not found", name};
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
     case ERROR_WRITE_PROTECT:
         return {"Permission denied", name};
     case ERROR_DISK_FULL:
@@ -43,6 +50,16 @@ Fault FileFault(DWORD error, const std::filesystem::path& path) {
     default:
         return {"Path/File access error", name + ": error " + std::to_string(error)};
     }
+}
+
+/// The path as the system takes it at any length: below the usual limit as it is, above it with the mark of a long one.
+std::filesystem::path AtAnyLength(const std::filesystem::path& path) {
+    const DWORD needed = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    if (needed < MAX_PATH) return path;
+    std::wstring full(needed, L'\0');
+    full.resize(::GetFullPathNameW(path.c_str(), needed, full.data(), nullptr));
+    if (full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return path;
+    return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
 bool IsFolder(const std::filesystem::path& path) {
@@ -57,13 +74,17 @@ Fault FolderFault(const std::filesystem::path& path) {
 /// An open file, closed when it goes out of scope.
 class Handle {
 public:
-    explicit Handle(HANDLE handle) : handle_(handle) {}
+    explicit Handle(HANDLE handle = INVALID_HANDLE_VALUE) : handle_(handle) {}
     ~Handle() { Close(); }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
 
     HANDLE Get() const { return handle_; }
     bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+    void Open(HANDLE handle) {
+        Close();
+        handle_ = handle;
+    }
     bool Close() {
         const HANDLE open = handle_;
         handle_ = INVALID_HANDLE_VALUE;
@@ -73,6 +94,72 @@ public:
 private:
     HANDLE handle_;
 };
+
+constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+/// Where an existing file that is open at `file` really stands: the end of the links that lead to it.
+std::filesystem::path EndOfLinks(HANDLE file, const std::filesystem::path& path) {
+    std::wstring buffer(32768, L'\0');
+    const DWORD length = ::GetFinalPathNameByHandleW(file, buffer.data(), static_cast<DWORD>(buffer.size()), 0);
+    if (length == 0 || length >= buffer.size()) throw FileFault(::GetLastError(), path);
+    buffer.resize(length);
+    return buffer;
+}
+
+/// What a new file takes over from the one that it replaces.
+struct Replaced {
+    std::filesystem::path Path;
+    DWORD Attributes = FILE_ATTRIBUTE_NORMAL;
+    bool Exists = false;
+};
+
+/// Looks at what stands at `path`. Faults where it is something that must not be replaced: a folder, a device, a file
+/// that its user may not write or that another program keeps to itself.
+Replaced LookAt(const std::filesystem::path& path, const std::filesystem::path& named) {
+    if (IsFolder(path)) throw FolderFault(named);
+    const DWORD found = ::GetFileAttributesW(path.c_str());
+    const DWORD attributes = found == INVALID_FILE_ATTRIBUTES ? 0 : found;
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) throw FileFault(ERROR_ACCESS_DENIED, named);
+    const bool isLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    const Handle file(::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file.IsOpen()) {
+        const DWORD error = ::GetLastError();
+        if (error != ERROR_FILE_NOT_FOUND || isLink) throw FileFault(error, named);
+        return {path};
+    }
+    if (::GetFileType(file.Get()) != FILE_TYPE_DISK) {
+        throw Fault("Path/File access error", TextFromPath(named) + ": is not a plain file");
+    }
+    constexpr DWORD kept =
+        FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    return {isLink ? EndOfLinks(file.Get(), named) : path, attributes & kept, true};
+}
+
+/// Gives the new file the access list of the one that it replaces. Disks without such lists have none to give.
+void TakeRights(const std::filesystem::path& temporary, const std::filesystem::path& target) {
+    PACL list = nullptr;
+    PSECURITY_DESCRIPTOR rights = nullptr;
+    if (::GetNamedSecurityInfoW(const_cast<wchar_t*>(target.c_str()), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION,
+                                nullptr, nullptr, &list, nullptr, &rights) != ERROR_SUCCESS) {
+        return;
+    }
+    ::SetNamedSecurityInfoW(const_cast<wchar_t*>(temporary.c_str()), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                            nullptr, list, nullptr);
+    ::LocalFree(rights);
+}
+
+/// A new file's short name beside `target` that no file has; left open in `file` for writing.
+std::filesystem::path NewFileBeside(const Replaced& target, Handle& file, const std::filesystem::path& named) {
+    for (unsigned number = 0;; ++number) {
+        const auto temporary =
+            AtAnyLength(target.Path.parent_path() /
+                        (".pistaro-" + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(number)));
+        file.Open(::CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, target.Attributes, nullptr));
+        if (file.IsOpen()) return temporary;
+        const DWORD error = ::GetLastError();
+        if (error != ERROR_FILE_EXISTS) throw FileFault(error, named);
+    }
+}
 
 bool WriteAll(HANDLE file, std::string_view bytes) {
     while (!bytes.empty()) {
@@ -126,6 +213,20 @@ std::wstring Quoted(const std::wstring& word) {
     return word.find(L' ') == std::wstring::npos ? word : L'"' + word + L'"';
 }
 
+/// A program on a command line. A registered command may hold words of its own behind it: those stay apart.
+std::wstring Program(const std::wstring& command) {
+    return ::GetFileAttributesW(command.c_str()) != INVALID_FILE_ATTRIBUTES ? Quoted(command) : command;
+}
+
+UINT codePageOfConsole = 0;
+
+void RestoreConsole() { ::SetConsoleOutputCP(codePageOfConsole); }
+
+bool IsMissing(DWORD stream) {
+    const HANDLE handle = ::GetStdHandle(stream);
+    return handle == nullptr || handle == INVALID_HANDLE_VALUE;
+}
+
 } // namespace
 
 std::vector<std::string> CommandLineArguments(int, char**) {
@@ -140,10 +241,18 @@ std::vector<std::string> CommandLineArguments(int, char**) {
 
 void UseConsoleOfParent() {
     // Pipes and files are inherited; only a console has to be asked for.
-    if (::GetStdHandle(STD_OUTPUT_HANDLE) != nullptr || ::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
-    ::SetConsoleOutputCP(CP_UTF8);
-    (void)std::freopen("CONOUT$", "w", stdout);
-    (void)std::freopen("CONOUT$", "w", stderr);
+    const bool noOutput = IsMissing(STD_OUTPUT_HANDLE);
+    const bool noErrors = IsMissing(STD_ERROR_HANDLE);
+    if ((noOutput || noErrors) && ::AttachConsole(ATTACH_PARENT_PROCESS) != 0) {
+        codePageOfConsole = ::GetConsoleOutputCP();
+        ::SetConsoleOutputCP(CP_UTF8);
+        std::atexit(RestoreConsole);
+        if (noOutput) (void)std::freopen("CONOUT$", "w", stdout);
+        if (noErrors) (void)std::freopen("CONOUT$", "w", stderr);
+    }
+    // Lines end as on every other system.
+    for (std::FILE* const stream : {stdin, stdout, stderr})
+        if (::_fileno(stream) >= 0) ::_setmode(::_fileno(stream), _O_BINARY);
 }
 
 std::filesystem::path PathFromText(std::string_view utf8) { return std::u8string(utf8.begin(), utf8.end()); }
@@ -159,7 +268,8 @@ char FolderSeparator() { return '\\'; }
 
 std::filesystem::path SettingsPath() {
     const std::filesystem::path shared = WindowsFolder() / SettingsName;
-    if (std::filesystem::exists(shared) || CanMakeFilesIn(shared.parent_path())) return shared;
+    if (::GetFileAttributesW(shared.c_str()) != INVALID_FILE_ATTRIBUTES || CanMakeFilesIn(shared.parent_path()))
+        return shared;
     return KnownFolder(FOLDERID_RoamingAppData) / "Pistaro" / SettingsName;
 }
 
@@ -172,16 +282,17 @@ std::filesystem::path InstalledFolder() {
 }
 
 std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
-    if (IsFolder(path)) throw FolderFault(path);
-    const Handle file(::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                    nullptr, OPEN_EXISTING, 0, nullptr));
+    const std::filesystem::path opened = AtAnyLength(path);
+    if (IsFolder(opened)) throw FolderFault(path);
+    const Handle file(::CreateFileW(opened.c_str(), GENERIC_READ, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!file.IsOpen()) throw FileFault(::GetLastError(), path);
     std::string bytes;
     std::string buffer(65536, '\0');
     for (;;) {
         DWORD count = 0;
         if (::ReadFile(file.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr) == 0) {
-            throw FileFault(::GetLastError(), path);
+            if (::GetLastError() != ERROR_BROKEN_PIPE) throw FileFault(::GetLastError(), path);
+            return bytes; // the pipe's writer has ended
         }
         if (count == 0) return bytes;
         bytes.append(buffer, 0, count);
@@ -190,18 +301,18 @@ std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
 }
 
 void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
-    if (IsFolder(path)) throw FolderFault(path);
-    static unsigned number = 0;
-    std::filesystem::path temporary = path;
-    temporary += "." + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(++number) + ".tmp";
-    Handle file(
-        ::CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) throw FileFault(::GetLastError(), path);
-    const bool done =
-        WriteAll(file.Get(), bytes) && ::FlushFileBuffers(file.Get()) != 0 && file.Close() &&
-        ::MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    const Replaced target = LookAt(AtAnyLength(path), path);
+    Handle file;
+    const std::filesystem::path temporary = NewFileBeside(target, file, path);
+    bool done = WriteAll(file.Get(), bytes) && ::FlushFileBuffers(file.Get()) != 0 && file.Close();
+    DWORD error = ::GetLastError();
+    if (done) {
+        if (target.Exists) TakeRights(temporary, target.Path);
+        done = ::MoveFileExW(temporary.c_str(), target.Path.c_str(),
+                             MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        error = ::GetLastError();
+    }
     if (done) return;
-    const DWORD error = ::GetLastError();
     file.Close();
     ::DeleteFileW(temporary.c_str());
     throw FileFault(error, path);
@@ -222,7 +333,9 @@ std::string ShortPath(const std::string& path) {
 }
 
 void StartProgram(const std::string& program, const std::string& argument) {
-    std::wstring commandLine = Quoted(WideFromText(program)) + L" " + Quoted(WideFromText(argument));
+    if (program.empty())
+        throw Fault("Program not started", "none is registered for " + argument); // not the argument itself
+    std::wstring commandLine = Program(WideFromText(program)) + L" " + Quoted(WideFromText(argument));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};

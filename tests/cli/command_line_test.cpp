@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <regex>
 
 namespace pistaro {
 
@@ -63,7 +64,7 @@ TEST_F(CommandLine, VersionPrintsNameAndNumber) {
     const Finished finished = program_.Run({"--version"});
 
     EXPECT_EQ(finished.ExitStatus, 0);
-    EXPECT_THAT(finished.Output, testing::MatchesRegex("pistaro [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_TRUE(std::regex_match(finished.Output, std::regex("pistaro [0-9]+\\.[0-9]+\\.[0-9]+\n"))) << finished.Output;
 }
 
 TEST_F(CommandLine, WrongUsagePrintsTheUsageOnTheErrorStream) {

@@ -23,6 +23,12 @@ protected:
 
 int LineCount(const std::string& text) { return static_cast<int>(std::count(text.begin(), text.end(), '\n')); }
 
+/// Lines of paths with the system's own separator.
+std::string Native(std::string lines) {
+    std::ranges::replace(lines, '/', static_cast<char>(std::filesystem::path::preferred_separator));
+    return lines;
+}
+
 } // namespace
 
 TEST_F(GuideVerb, PrintsThePathsOfTheFortyPicturesAndThePageAndAsksNothing) {
@@ -33,8 +39,8 @@ TEST_F(GuideVerb, PrintsThePathsOfTheFortyPicturesAndThePageAndAsksNothing) {
     EXPECT_EQ(finished.ExitStatus, 0);
     EXPECT_EQ(finished.Errors, "");
     EXPECT_EQ(LineCount(finished.Output), 41);
-    EXPECT_THAT(finished.Output, StartsWith("out/C151L.gif\nout/C151R.gif\n"));
-    EXPECT_THAT(finished.Output, EndsWith("out/N10111.gif\nout/track.gif\nout/guide.html\n"));
+    EXPECT_THAT(finished.Output, StartsWith(Native("out/C151L.gif\nout/C151R.gif\n")));
+    EXPECT_THAT(finished.Output, EndsWith(Native("out/N10111.gif\nout/track.gif\nout/guide.html\n")));
     EXPECT_THAT(BytesOf(program_ / "out" / "guide.html"), HasSubstr("<center><h1>x</h1></center>\r\n"));
     EXPECT_THAT(BytesOf(program_ / "out" / "C160.gif"), StartsWith("GIF8"));
     EXPECT_THAT(BytesOf(program_ / "out" / "track.gif"), StartsWith("GIF8"));
@@ -46,7 +52,7 @@ TEST_F(GuideVerb, WritesBesideTheCircuitUnlessAFolderIsNamed) {
 
     const Finished finished = program_.Run({"guide", "club/x.trk"});
 
-    EXPECT_THAT(finished.Output, EndsWith("club/track.gif\nclub/guide.html\n"));
+    EXPECT_THAT(finished.Output, EndsWith(Native("club/track.gif\nclub/guide.html\n")));
     EXPECT_TRUE(std::filesystem::exists(program_ / "club" / "guide.html"));
 }
 
@@ -55,7 +61,7 @@ TEST_F(GuideVerb, RefusesAFolderThatIsNotThere) {
 
     EXPECT_EQ(finished.ExitStatus, 1);
     EXPECT_EQ(finished.Output, "");
-    EXPECT_EQ(finished.Errors, "pistaro: Path not found: gone/\n");
+    EXPECT_EQ(finished.Errors, Native("pistaro: Path not found: gone/\n"));
     EXPECT_FALSE(std::filesystem::exists(program_ / "gone"));
 }
 

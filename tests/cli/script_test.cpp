@@ -139,7 +139,7 @@ TEST_F(Script, RewritesTheWorkingDirectoryInTheSettingsFileThatIsNamed) {
     EXPECT_EQ(program_.Run({"script", "-", "--settings", "my.ini"}, "save tracks/x.trk\n").ExitStatus, 0);
 
     EXPECT_EQ(BytesOf(program_ / "my.ini"),
-              SettingsText((std::filesystem::canonical(program_.Path()) / "tracks").string() + "/", "C151=4"));
+              SettingsText((std::filesystem::canonical(program_.Path()) / "tracks" / "").string(), "C151=4"));
 }
 
 TEST_F(Script, CountsWhatTheSettingsSayIsOwned) {

@@ -63,14 +63,14 @@ TEST_F(SettingsVerb, WithoutAFileTellsThoseOfAFirstRun) {
     const Json settings = Json::parse(program_.Run({"settings", "--json"}).Output);
 
     EXPECT_EQ(settings["path"], program_.UsualSettings().string());
-    EXPECT_EQ(settings["workingDirectory"], (program_.Home() / "Documents" / "Pistaro").string() + "/");
+    EXPECT_EQ(settings["workingDirectory"], (program_.Documents() / "Pistaro" / "").string());
     EXPECT_EQ(settings["view"].dump(), R"({"midX":0,"midY":0,"zoom":320,"mWid":160})");
     EXPECT_EQ(settings["units"], "cm");
     EXPECT_EQ(settings["currency"], "EUR");
     EXPECT_EQ(settings["grid"].dump(), R"({"type":2,"step":10})");
     EXPECT_EQ(settings["room"].dump(), R"({"points":[],"angle":0})");
     EXPECT_EQ(settings["stock"].size(), 29U);
-    EXPECT_FALSE(std::filesystem::exists(program_.Home() / "Documents"));
+    EXPECT_FALSE(std::filesystem::exists(program_.Documents() / "Pistaro"));
 }
 
 TEST_F(SettingsVerb, ReadsTheUsualFileWhereItStands) {

@@ -32,7 +32,7 @@ std::string Question(const ScriptedPrompts& prompts) {
 
 class CircuitCommands : public testing::Test {
 protected:
-    std::string FolderText() const { return folder_.Path().string() + "/"; }
+    std::string FolderText() const { return (folder_.Path() / "").string(); }
 
     TemporaryFolder folder_;
     ScriptedPrompts prompts_;
@@ -371,7 +371,8 @@ TEST_F(WorkingDirectory, OfTheSettingsFileIsRewrittenByALoadAndBySave) {
     std::filesystem::create_directory(folder_ / "other");
     SaveCircuit(project, folder_ / "other" / "oval.trk");
 
-    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), "first\r\n[Working Directory]\r\n" + FolderText() + "other/\r\n" + rest);
+    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"),
+              "first\r\n[Working Directory]\r\n" + (folder_ / "other" / "").string() + "\r\n" + rest);
 }
 
 TEST_F(WorkingDirectory, IsNotAddedToASettingsFileWithoutItsSection) {

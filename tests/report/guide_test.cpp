@@ -193,10 +193,8 @@ TEST_F(Guide, TheManualIsOpenedInTheWorkingDirectoryWhetherItIsThereOrNot) {
 }
 
 TEST_F(Guide, AViewerThatIsNotThereIsAFault) {
-    const std::string path = std::getenv("PATH");
-    ::setenv("PATH", Folder.Path().c_str(), 1);
+    const NoViewer noViewer;
     EXPECT_THROW(OpenManual(Design), Fault);
-    ::setenv("PATH", path.c_str(), 1);
 }
 
 } // namespace

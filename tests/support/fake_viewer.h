@@ -8,7 +8,19 @@
 
 namespace pistaro {
 
-/// While it lives, "xdg-open" on the PATH is this one.
+/// While it lives, no program that shows web pages is found.
+class NoViewer {
+public:
+    NoViewer();
+    ~NoViewer();
+    NoViewer(const NoViewer&) = delete;
+    NoViewer& operator=(const NoViewer&) = delete;
+
+private:
+    std::string before_;
+};
+
+/// While it lives, the program that shows web pages is this one.
 class FakeViewer {
 public:
     FakeViewer();
@@ -24,7 +36,7 @@ public:
 
 private:
     TemporaryFolder folder_;
-    std::string path_;
+    std::string before_;
 };
 
 } // namespace pistaro

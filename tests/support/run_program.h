@@ -18,7 +18,14 @@ struct Finished {
 /// A folder in which the program runs, and a home in which it finds no settings of anybody.
 class ProgramFolder {
 public:
-    ProgramFolder();
+    ProgramFolder() : work_(folder_ / "work"), home_(folder_ / "home") {
+        std::filesystem::create_directory(work_);
+        std::filesystem::create_directory(home_);
+    }
+
+    ~ProgramFolder();
+    ProgramFolder(const ProgramFolder&) = delete;
+    ProgramFolder& operator=(const ProgramFolder&) = delete;
 
     /// Runs the program in this folder with these arguments and this standard input, and waits for its end.
     Finished Run(const std::vector<std::string>& arguments, const std::string& input = "") const;
@@ -28,7 +35,10 @@ public:
     std::filesystem::path operator/(std::string_view name) const { return work_ / name; }
 
     /// Where the program looks for the settings file when none is named.
-    std::filesystem::path UsualSettings() const { return home_ / "config" / "pistaro" / "corvel.ini"; }
+    std::filesystem::path UsualSettings() const;
+
+    /// The user's documents folder.
+    std::filesystem::path Documents() const;
 
 private:
     TemporaryFolder folder_;

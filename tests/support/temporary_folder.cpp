@@ -10,7 +10,7 @@ namespace pistaro {
 TemporaryFolder::TemporaryFolder() {
     std::random_device random;
     do {
-        path_ = std::filesystem::temp_directory_path() / ("pistaro-test-" + std::to_string(random()));
+        path_ = std::filesystem::temp_directory_path() / ("pistaro_test_" + std::to_string(random()));
     } while (!std::filesystem::create_directory(path_));
 }
 

@@ -20,10 +20,7 @@ void Redirect(const std::filesystem::path& file, int flags, int descriptor) {
 
 } // namespace
 
-ProgramFolder::ProgramFolder() : work_(folder_ / "work"), home_(folder_ / "home") {
-    std::filesystem::create_directory(work_);
-    std::filesystem::create_directory(home_);
-}
+ProgramFolder::~ProgramFolder() = default;
 
 Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std::string& input) const {
     const auto in = folder_ / "stdin";
@@ -52,5 +49,9 @@ Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std
     ::waitpid(child, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, BytesOf(out), BytesOf(errors)};
 }
+
+std::filesystem::path ProgramFolder::UsualSettings() const { return home_ / "config" / "pistaro" / "corvel.ini"; }
+
+std::filesystem::path ProgramFolder::Documents() const { return home_ / "Documents"; }
 
 } // namespace pistaro

@@ -20,15 +20,18 @@ std::vector<std::string> LinesOf(const std::string& text) {
 
 } // namespace
 
-FakeViewer::FakeViewer() : path_(std::getenv("PATH")) {
+NoViewer::NoViewer() : before_(std::getenv("PATH")) { ::setenv("PATH", "/no/such/folder", 1); }
+NoViewer::~NoViewer() { ::setenv("PATH", before_.c_str(), 1); }
+
+FakeViewer::FakeViewer() : before_(std::getenv("PATH")) {
     const auto program = folder_ / "xdg-open";
     WriteBytes(program,
                "#!/bin/sh\ncd '" + folder_.Path().string() + "'\nprintf '%s\\n' \"$@\" >writing\nmv writing started\n");
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-    ::setenv("PATH", (folder_.Path().string() + ":" + path_).c_str(), 1);
+    ::setenv("PATH", (folder_.Path().string() + ":" + before_).c_str(), 1);
 }
 
-FakeViewer::~FakeViewer() { ::setenv("PATH", path_.c_str(), 1); }
+FakeViewer::~FakeViewer() { ::setenv("PATH", before_.c_str(), 1); }
 
 std::vector<std::string> FakeViewer::Arguments() const {
     using namespace std::chrono_literals;

@@ -1,0 +1,25 @@
+# What a Windows program carries in itself: icon, version and manifest. And that it opens no console of its own; verbs print
+# on that of whoever starts them.
+find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+find_program(ICOTOOL icotool REQUIRED)
+
+set(PISTARO_ICON ${PROJECT_BINARY_DIR}/pistaro.ico)
+set(drawings)
+foreach(size 16 24 32 48 64 256)
+    set(drawing ${PROJECT_BINARY_DIR}/pistaro-${size}.png)
+    add_custom_command(OUTPUT ${drawing}
+        COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o ${drawing} ${PROJECT_SOURCE_DIR}/packaging/pistaro.svg
+        DEPENDS ${PROJECT_SOURCE_DIR}/packaging/pistaro.svg)
+    list(APPEND drawings ${drawing})
+endforeach()
+add_custom_command(OUTPUT ${PISTARO_ICON}
+    COMMAND ${ICOTOOL} --create --output=${PISTARO_ICON} ${drawings}
+    DEPENDS ${drawings})
+
+set(PISTARO_MANIFEST ${PROJECT_SOURCE_DIR}/packaging/windows/pistaro.manifest)
+configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/pistaro.rc.in ${PROJECT_BINARY_DIR}/pistaro.rc)
+set_source_files_properties(${PROJECT_BINARY_DIR}/pistaro.rc TARGET_DIRECTORY pistaro
+    PROPERTIES OBJECT_DEPENDS "${PISTARO_ICON};${PISTARO_MANIFEST}")
+
+target_sources(pistaro PRIVATE ${PROJECT_BINARY_DIR}/pistaro.rc)
+set_target_properties(pistaro PROPERTIES WIN32_EXECUTABLE ON)
