@@ -1,19 +1,14 @@
 // Commands that lay or replace single pieces.
 #include "editor/building.h"
 
+#include "catalogue/special_pieces.h"
 #include "platform/fault.h"
+
+#include <algorithm>
 
 namespace pistaro {
 
 namespace {
-
-constexpr std::string_view ConversionPiece = "N10110";
-
-/// The catalogue row that a variant's own code stands in: its left hand where it has two.
-int VariantRow(const Catalogue& catalogue, std::string_view variant) {
-    const int row = FindRow(catalogue, variant);
-    return row >= 0 ? row : FindRow(catalogue, std::string(variant) + 'L');
-}
 
 int ShapeOf(const Catalogue& catalogue, int row) { return catalogue[static_cast<std::size_t>(row)].ShapeIndex; }
 
@@ -38,7 +33,7 @@ void AddElement(Project& project, const std::string& code) {
 void AddPiece(Project& project, const std::string& code) {
     AddElement(project, code);
     const Track* const track = project.Layout.Current();
-    if (track == nullptr || code != ConversionPiece || track->ElementLastIndex() < 1) return;
+    if (track == nullptr || !IsConversionPiece(code) || track->ElementLastIndex() < 1) return;
     const std::string& beforeLast = track->ElementCodes[track->ElementCodes.size() - 2];
     if (IsOfSystem(beforeLast, TrackSystem::Ninco)) SwitchTrackSystem(project);
 }
@@ -73,7 +68,7 @@ void SwitchTrackSystem(Project& project) {
 bool IsVariantOfSelected(const Project& project, std::string_view variant) {
     const Catalogue& catalogue = project.Pieces;
     const int selected = FindRow(catalogue, SelectedCode(project.Layout));
-    return selected >= 0 && ShapeOf(catalogue, selected) == ShapeOf(catalogue, VariantRow(catalogue, variant));
+    return selected >= 0 && ShapeOf(catalogue, selected) == ShapeOf(catalogue, FindHeadRow(catalogue, variant));
 }
 
 void ReplaceSelected(Project& project, std::string_view variant) {

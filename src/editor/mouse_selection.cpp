@@ -1,6 +1,7 @@
 // The nearest label wins.
 #include "editor/mouse_selection.h"
 
+#include "catalogue/special_pieces.h"
 #include "editor/building.h"
 #include "platform/fault.h"
 
@@ -34,7 +35,7 @@ TrackSystem SystemBehind(const Track& track, int element, TrackSystem offered) {
         return index < 0 ? std::string_view() : track.ElementCodes[static_cast<std::size_t>(index)];
     };
     const std::string_view code = codeAt(element);
-    if (code == "N10110") {
+    if (IsConversionPiece(code)) {
         return IsOfSystem(codeAt(element - 1), TrackSystem::Ninco) ? TrackSystem::Scalextric : TrackSystem::Ninco;
     }
     if (IsOfSystem(code, TrackSystem::Scalextric)) return TrackSystem::Scalextric;

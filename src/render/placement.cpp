@@ -1,6 +1,8 @@
 // The two shapes, curve and straight, and the special pieces' marks. Results are computed in double and rounded once.
 #include "render/placement.h"
 
+#include "catalogue/catalogue.h"
+#include "catalogue/special_pieces.h"
 #include "catalogue/track_geometry.h"
 #include "render/angles.h"
 
@@ -117,12 +119,11 @@ Ends EndsOf(const PieceKind& kind, std::string_view previousCode) {
     const End plain{kind.Width, kind.LaneInset};
     if (kind.Marks == PieceMarks::Adapter) {
         const End ninco{G::NincoWidth, G::NincoLaneInset};
-        return previousCode.starts_with('N') ? Ends{ninco, plain} : Ends{plain, ninco};
+        return IsOfSystem(previousCode, TrackSystem::Ninco) ? Ends{ninco, plain} : Ends{plain, ninco};
     }
     if (kind.Marks == PieceMarks::NarrowingLanes) {
         const End narrow{kind.Width, G::ChicaneLaneInset};
-        const bool leadsOut =
-            previousCode == "C8009" || previousCode == "C8007" || previousCode == "C8010L" || previousCode == "C8010R";
+        const bool leadsOut = IsChicane(previousCode) || IsChicaneExtension(previousCode);
         return leadsOut ? Ends{narrow, plain} : Ends{plain, narrow};
     }
     return {plain, plain};

@@ -1,6 +1,7 @@
 // The checks in the order in which they are told.
 #include "stats/design_checks.h"
 
+#include "catalogue/special_pieces.h"
 #include "stats/limits.h"
 #include "text/number_text.h"
 
@@ -30,10 +31,6 @@ bool HasOddChangeOvers(const Catalogue& catalogue, const StockTally& tally) {
     return changeOvers % 2 != 0;
 }
 
-bool IsChicane(const std::string& code) { return code == "C8007"; }
-
-bool IsChicaneExtension(const std::string& code) { return code == "C8009" || code == "C8010L" || code == "C8010R"; }
-
 /// Chicanes pair up along the track. One in the last two places is not checked, one without a partner is checked up to
 /// the end.
 int StrangersBetweenChicanes(const Track& track) {
@@ -51,12 +48,10 @@ int StrangersBetweenChicanes(const Track& track) {
 
 bool IsNinco(const std::string& code) { return IsOfSystem(code, TrackSystem::Ninco); }
 
-bool IsConverter(const std::string& code) { return code == "N10110"; }
-
 /// Whether a piece that follows `before` needs a converter between them.
 bool LacksConverter(const std::string& before, const std::string& code) {
-    if (IsNinco(code)) return !IsConverter(code) && !IsNinco(before);
-    return IsOfSystem(code, TrackSystem::Scalextric) && IsNinco(before) && !IsConverter(before);
+    if (IsNinco(code)) return !IsConversionPiece(code) && !IsNinco(before);
+    return IsOfSystem(code, TrackSystem::Scalextric) && IsNinco(before) && !IsConversionPiece(before);
 }
 
 /// The track is taken to be closed: the last piece comes before the first.
