@@ -10,7 +10,6 @@
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
-#include <memory>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>

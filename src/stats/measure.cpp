@@ -4,7 +4,6 @@
 #include "stats/limits.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace pistaro {
 

@@ -8,6 +8,8 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
