@@ -4,11 +4,8 @@
 #include "imaging/image_file.h"
 #include "imaging/painter_surface.h"
 #include "platform/fault.h"
+#include "render/piece_extent.h"
 #include "render/redraw.h"
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace pistaro {
 
@@ -21,44 +18,10 @@ constexpr int PictureWidth = 96;
 constexpr int PictureHeight = 160;
 constexpr int CaptionHeight = 18;
 
-/// What a piece's strokes span, of their end points: no arc of a piece that is entered from below passes an axis.
-class Extent {
-public:
-    explicit Extent(const PiecePlacement& placement) {
-        for (const Stroke& stroke : placement.Drawing)
-            std::visit([this](const auto& shape) { Add(shape); }, stroke.Shape);
-    }
-
-    WorldPoint Middle() const { return {(left_ + right_) / 2, (bottom_ + top_) / 2}; }
-
-private:
-    void Add(const LineStroke& line) {
-        Add(line.From);
-        Add(line.To);
-    }
-    void Add(const ArcStroke& arc) {
-        for (const double angle : {double{arc.Start}, double{arc.End}})
-            Add(WorldPoint{static_cast<float>(arc.Centre.X + arc.Radius * std::cos(angle)),
-                           static_cast<float>(arc.Centre.Y + arc.Radius * std::sin(angle))});
-    }
-    void Add(const EllipseStroke&) {} // marks inside the outline
-    void Add(WorldPoint point) {
-        left_ = std::min(left_, point.X);
-        right_ = std::max(right_, point.X);
-        bottom_ = std::min(bottom_, point.Y);
-        top_ = std::max(top_, point.Y);
-    }
-
-    float left_ = std::numeric_limits<float>::max();
-    float right_ = std::numeric_limits<float>::lowest();
-    float bottom_ = std::numeric_limits<float>::max();
-    float top_ = std::numeric_limits<float>::lowest();
-};
-
 PiecePlacement CentredPiece(std::string_view code, const ViewSettings& view) {
     const PieceKind* const kind = FindPieceKind(code);
     if (kind == nullptr) throw InvalidProcedureCall("there is no piece " + std::string(code));
-    const WorldPoint middle = Extent(PlacePiece(*kind, {}, {})).Middle();
+    const WorldPoint middle = ExtentOf(PlacePiece(*kind, {}, {})).Middle();
     return PlacePiece(*kind, {view.MidX - middle.X, view.MidY - middle.Y, 0}, {});
 }
 
@@ -74,7 +37,7 @@ std::string PiecePicture(const Project& project, std::string_view code, const st
         surface.SetScale(ShownRectangle(project.View));
         DrawPiece(CentredPiece(code, project.View), project.Colours.Owned, project.Colours.Rail, surface);
         painter.resetTransform();
-        surface.SetFontSize(8.25);
+        surface.SetFontSize(NormalFont);
         painter.setPen(ToQColor(project.Colours.Background).lightnessF() < 0.5 ? Qt::white : Qt::black);
         painter.drawText(QRect(0, PictureHeight - CaptionHeight, PictureWidth, CaptionHeight), Qt::AlignCenter,
                          QString::fromUtf8(code.data(), static_cast<qsizetype>(code.size())));

@@ -16,7 +16,6 @@ constexpr double MostGridLines = 500;
 
 constexpr double WideView = 400; ///< cm; beyond it texts are small
 constexpr double SmallFont = 6;  ///< points
-constexpr double NormalFont = 8.25;
 
 /// Multiples of the step, from one step before a range to one step behind it.
 struct GridLines {

@@ -6,6 +6,8 @@
 
 namespace pistaro {
 
+inline constexpr double NormalFont = 8.25; ///< points, of the texts in drawings
+
 /// Clears the surface and draws grid, area label, tracks and room; recounts the used pieces on the way.
 void RedrawCircuit(Project& project, Surface& surface);
 
