@@ -19,7 +19,7 @@ namespace {
 struct Arguments {
     std::optional<std::string> Settings, Background, OutFolder;
     std::string DesignerCircuit, Circuit, Script, Out;
-    int Pixels = 700;
+    int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
     bool IncludeOwned = false, Numbers = false, Json = false, NoSplash = false;
 };
@@ -42,78 +42,121 @@ std::string WhyNoPictureFile(const std::string& name) {
     }
 }
 
-int TrackIn(const std::string& text) { return text == "all" ? AllTracks : text.front() - '1'; }
-
 using Job = std::function<void(const VerbContext&)>;
 
-/// Adds the verbs; the one that is named leaves its job in `job`.
-void AddVerbs(CLI::App& app, Arguments& arguments, Job& job) {
-    const auto circuitOf = [&](CLI::App* verb, bool required) {
-        verb->add_option("CIRCUIT", arguments.Circuit, "The circuit file (*.trk)")->required(required);
-    };
-    const auto jsonOf = [&](CLI::App* verb) { verb->add_flag("--json", arguments.Json, "Print one line of JSON"); };
-    const auto add = [&](const char* name, const char* description, const Job& verbsJob) {
-        CLI::App* const verb = app.add_subcommand(name, description);
-        verb->final_callback([&job, verbsJob] { job = verbsJob; });
-        return verb;
-    };
-    const auto detailOf = [&](CLI::App* verb) {
-        verb->add_option("--track", arguments.Track, "The track: 1, 2, 3 or all")
-            ->check(CLI::IsMember({"1", "2", "3", "all"}));
-        verb->add_flag("--include-owned", arguments.IncludeOwned, "Include already owned track");
-    };
-    const auto detail = [&] { return DetailOptions{TrackIn(arguments.Track), arguments.IncludeOwned}; };
-    const auto circuit = [&] { return PathFromText(arguments.Circuit); };
+/// The verbs as the parser knows them, each with the job that it stands for.
+class VerbParser {
+public:
+    VerbParser(CLI::App& app, Arguments& given) : app_(app), given_(given) {
+        AddLayout();
+        AddStats();
+        AddShop();
+        AddGuide();
+        AddPicture();
+        AddScript();
+        AddCatalogue();
+        AddSettings();
+    }
+    VerbParser(const VerbParser&) = delete;
+    VerbParser& operator=(const VerbParser&) = delete;
 
-    circuitOf(add("layout", "Print where every piece lies, as JSON",
-                  [circuit](const VerbContext& context) { LayoutVerb(context, circuit()); }),
-              true);
+    /// The job of the verb that the arguments name; empty when they name none.
+    const Job& Named() const { return named_; }
 
-    CLI::App* const stats = add(
-        "stats", "Print lengths, prices, counts and design checks",
-        [&, circuit, detail](const VerbContext& context) { StatsVerb(context, circuit(), detail(), arguments.Json); });
-    circuitOf(stats, true);
-    detailOf(stats);
-    jsonOf(stats);
+private:
+    void AddLayout() {
+        CLI::App* const verb = Add("layout", "Print where every piece lies, as JSON",
+                                   [this](const VerbContext& context) { LayoutVerb(context, Circuit()); });
+        TakeCircuit(verb);
+    }
 
-    CLI::App* const shop = add("shop", "Write the shopping list", [&, circuit, detail](const VerbContext& context) {
-        ShopVerb(context, circuit(), detail(), PathIn(arguments.OutFolder));
-    });
-    circuitOf(shop, true);
-    detailOf(shop);
-    shop->add_option("--out", arguments.OutFolder, "The folder that the list is written into");
+    void AddStats() {
+        CLI::App* const verb =
+            Add("stats", "Print lengths, prices, counts and design checks",
+                [this](const VerbContext& context) { StatsVerb(context, Circuit(), Detail(), given_.Json); });
+        TakeCircuit(verb);
+        TakeDetail(verb);
+        TakeJson(verb);
+    }
 
-    CLI::App* const guide =
-        add("guide", "Write the design guide: a page and its pictures",
-            [&, circuit](const VerbContext& context) { GuideVerb(context, circuit(), PathIn(arguments.OutFolder)); });
-    circuitOf(guide, true);
-    guide->add_option("--out", arguments.OutFolder, "The folder that the guide is written into");
-
-    CLI::App* const picture =
-        add("picture", "Draw the circuit into a picture file", [&, circuit](const VerbContext& context) {
-            PictureVerb(
-                context, circuit(),
-                {PathFromText(arguments.Out), arguments.Pixels, arguments.Numbers, PathIn(arguments.Background)});
+    void AddShop() {
+        CLI::App* const verb = Add("shop", "Write the shopping list", [this](const VerbContext& context) {
+            ShopVerb(context, Circuit(), Detail(), PathIn(given_.OutFolder));
         });
-    circuitOf(picture, true);
-    picture->add_option("--out", arguments.Out, "The picture file: .bmp, .png, .gif or .jpg")
-        ->required()
-        ->check(WhyNoPictureFile);
-    picture->add_option("--size", arguments.Pixels, "Width and height in pixels")->check(CLI::Range(1, 10000));
-    picture->add_flag("--numbers", arguments.Numbers, "Print the elements' numbers");
-    picture->add_option("--background", arguments.Background, "A picture that lies behind the drawing");
+        TakeCircuit(verb);
+        TakeDetail(verb);
+        verb->add_option("--out", given_.OutFolder, "The folder that the list is written into");
+    }
 
-    CLI::App* const script = add("script", "Run editing commands, one a line", [&](const VerbContext& context) {
-        ScriptVerb(context, arguments.Script, PathIn(arguments.Circuit));
-    });
-    script->add_option("FILE", arguments.Script, "The script, or - for the standard input")->required();
-    circuitOf(script, false);
+    void AddGuide() {
+        CLI::App* const verb =
+            Add("guide", "Write the design guide: a page and its pictures",
+                [this](const VerbContext& context) { GuideVerb(context, Circuit(), PathIn(given_.OutFolder)); });
+        TakeCircuit(verb);
+        verb->add_option("--out", given_.OutFolder, "The folder that the guide is written into");
+    }
 
-    jsonOf(add("catalogue", "Print the catalogue of pieces",
-               [&](const VerbContext& context) { CatalogueVerb(context, arguments.Json); }));
-    jsonOf(add("settings", "Print the settings as read",
-               [&](const VerbContext& context) { SettingsVerb(context, arguments.Json); }));
-}
+    void AddPicture() {
+        CLI::App* const verb =
+            Add("picture", "Draw the circuit into a picture file", [this](const VerbContext& context) {
+                PictureVerb(context, Circuit(),
+                            {PathFromText(given_.Out), given_.Pixels, given_.Numbers, PathIn(given_.Background)});
+            });
+        TakeCircuit(verb);
+        verb->add_option("--out", given_.Out, "The picture file: .bmp, .png, .gif or .jpg")
+            ->required()
+            ->check(WhyNoPictureFile);
+        verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(CLI::Range(1, 10000));
+        verb->add_flag("--numbers", given_.Numbers, "Print the elements' numbers");
+        verb->add_option("--background", given_.Background, "A picture that lies behind the drawing");
+    }
+
+    void AddScript() {
+        CLI::App* const verb = Add("script", "Run editing commands, one a line", [this](const VerbContext& context) {
+            ScriptVerb(context, given_.Script, PathIn(given_.Circuit));
+        });
+        verb->add_option("FILE", given_.Script, "The script, or - for the standard input")->required();
+        TakeCircuit(verb, false);
+    }
+
+    void AddCatalogue() {
+        TakeJson(Add("catalogue", "Print the catalogue of pieces",
+                     [this](const VerbContext& context) { CatalogueVerb(context, given_.Json); }));
+    }
+
+    void AddSettings() {
+        TakeJson(Add("settings", "Print the settings as read",
+                     [this](const VerbContext& context) { SettingsVerb(context, given_.Json); }));
+    }
+
+    CLI::App* Add(const char* name, const char* description, const Job& job) {
+        CLI::App* const verb = app_.add_subcommand(name, description);
+        verb->final_callback([this, job] { named_ = job; });
+        return verb;
+    }
+
+    void TakeCircuit(CLI::App* verb, bool required = true) {
+        verb->add_option("CIRCUIT", given_.Circuit, "The circuit file (*.trk)")->required(required);
+    }
+
+    void TakeDetail(CLI::App* verb) {
+        verb->add_option("--track", given_.Track, "The track: 1, 2, 3 or all")
+            ->check(CLI::IsMember({"1", "2", "3", "all"}));
+        verb->add_flag("--include-owned", given_.IncludeOwned, "Include already owned track");
+    }
+
+    void TakeJson(CLI::App* verb) { verb->add_flag("--json", given_.Json, "Print one line of JSON"); }
+
+    std::filesystem::path Circuit() const { return PathFromText(given_.Circuit); }
+
+    DetailOptions Detail() const {
+        return {given_.Track == "all" ? AllTracks : given_.Track.front() - '1', given_.IncludeOwned};
+    }
+
+    CLI::App& app_;
+    Arguments& given_;
+    Job named_;
+};
 
 /// A name that is neither a verb nor a circuit file is a slip of the pen, not a design.
 bool LooksLikeCircuit(const std::string& name) {
@@ -126,13 +169,24 @@ std::string Usage(const CLI::App& app) {
     return named.empty() ? app.help() : named.front()->help(app.get_name());
 }
 
+/// Does a verb's job, and gives the exit status.
+int ExitStatusOf(const Job& job, const VerbContext& context) {
+    try {
+        job(context);
+        if (!context.Output.flush()) throw Fault("Disk full", "the standard output");
+        return 0;
+    } catch (const std::exception& fault) {
+        context.Errors << "pistaro: " << fault.what() << '\n';
+        return 1;
+    }
+}
+
 } // namespace
 
 CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
                                  std::ostream& errors) {
     CLI::App app("Pistaro, a layout designer for slot-car racing track.", "pistaro");
     Arguments values;
-    Job job;
     app.set_version_flag("--version", std::string("pistaro ") + Version);
     app.add_option("--settings", values.Settings, "The settings file, in place of the usual one");
     const CLI::Option* const designerCircuit =
@@ -141,7 +195,7 @@ CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std:
     app.fallthrough(); // so that --settings goes before and behind the verb
     app.require_subcommand(0, 1);
     app.footer("--settings FILE goes with every verb: that file in place of the usual settings file.");
-    AddVerbs(app, values, job);
+    VerbParser verbs(app, values);
     const auto usage = [&](const std::string& reason) {
         errors << "pistaro: " << reason << '\n' << Usage(app);
         return CommandLineResult{2, std::nullopt};
@@ -155,20 +209,13 @@ CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std:
         return usage(error.what());
     }
     const std::string& circuit = values.DesignerCircuit;
-    if (!job) {
+    if (!verbs.Named()) {
         if (!LooksLikeCircuit(circuit)) return usage("there is no verb \"" + circuit + "\"");
         return {0, DesignerOptions{PathIn(circuit), PathIn(values.Settings), values.NoSplash}};
     }
     // What the verb does not take falls through to the designer's own argument.
     if (designerCircuit->count() > 0) return usage("\"" + circuit + "\" was not expected");
-    try {
-        job({PathIn(values.Settings), input, output, errors});
-        if (!output.flush()) throw Fault("Disk full", "the standard output");
-    } catch (const std::exception& fault) {
-        errors << "pistaro: " << fault.what() << '\n';
-        return {1, std::nullopt};
-    }
-    return {};
+    return {ExitStatusOf(verbs.Named(), {PathIn(values.Settings), input, output, errors}), std::nullopt};
 }
 
 } // namespace pistaro
