@@ -9,21 +9,13 @@
 #include "cli/stats_json.h"
 #include "editor/circuit_commands.h"
 #include "imaging/circuit_picture.h"
-#include "platform/fault.h"
 #include "platform/platform.h"
 #include "stats/shopping_list.h"
 #include "storage/line_reader.h"
 
-#include <fstream>
 #include <sstream>
 
 namespace pistaro {
-
-namespace {
-
-constexpr std::size_t MostPictureBytes = 256 << 20;
-
-} // namespace
 
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit) {
     const Project project = StartWithCircuit(context, circuit);

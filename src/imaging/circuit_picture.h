@@ -27,6 +27,8 @@ private:
 /// The picture format that a file's ending names: "bmp", "png", "gif" or "jpg". Fault for any other ending.
 std::string PictureFormatOf(const std::filesystem::path& file);
 
+inline constexpr std::size_t MostPictureBytes = 256 << 20; ///< no floor plan comes near it
+
 /// A picture file that lies behind the drawing.
 struct PictureBackground {
     std::string Bytes;

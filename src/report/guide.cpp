@@ -1,6 +1,7 @@
 // Pictures first: a page without them would be worth nothing.
 #include "report/guide.h"
 
+#include "model/working_directory.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
 #include "report/guide_page.h"
@@ -15,8 +16,7 @@ constexpr float PieceWindowWidth = 250; ///< cm
 
 /// A file of the guide, in the working directory, which must be there.
 std::filesystem::path GuideFile(const Project& project, const std::string& name) {
-    if (project.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");
-    std::filesystem::path file = PathFromText(project.WorkingDirectory + name);
+    std::filesystem::path file = PathFromText(InWorkingDirectory(project, name));
     if (!std::filesystem::is_directory(file.parent_path())) throw Fault("Path not found", project.WorkingDirectory);
     return file;
 }

@@ -1,7 +1,7 @@
 // The list's columns.
 #include "stats/shopping_list.h"
 
-#include "platform/fault.h"
+#include "model/working_directory.h"
 #include "platform/platform.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
@@ -47,8 +47,7 @@ std::string ShoppingListBytes(const Project& project, const Detail& detail) {
 }
 
 Message WriteShoppingList(const Project& project, const Detail& detail) {
-    if (project.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");
-    const std::string file = project.WorkingDirectory + ShoppingListName;
+    const std::string file = InWorkingDirectory(project, ShoppingListName);
     ReplaceFile(PathFromText(file), ShoppingListBytes(project, detail));
     return {Icon::Information, "The shopping list has been written to " + file};
 }

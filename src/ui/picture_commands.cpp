@@ -1,9 +1,10 @@
 // The core's functions joined to the drawing area and the file dialog.
 #include "ui/picture_commands.h"
 
+#include "imaging/circuit_picture.h"
 #include "imaging/image_file.h"
 #include "imaging/piece_picture.h"
-#include "platform/fault.h"
+#include "model/working_directory.h"
 #include "platform/platform.h"
 #include "report/guide.h"
 
@@ -13,7 +14,6 @@ namespace pistaro {
 
 namespace {
 
-constexpr std::size_t MostPictureBytes = 256 << 20;
 constexpr const char* SavedPictureName = "track.bmp";
 
 } // namespace
@@ -30,8 +30,7 @@ void SelectBackground(Workbench& workbench, CircuitView& view) {
 }
 
 void SavePicture(const Project& project, CircuitView& view) {
-    if (project.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");
-    ReplaceFile(PathFromText(project.WorkingDirectory + SavedPictureName), EncodeImage(view.PlainPicture(), "bmp"));
+    ReplaceFile(PathFromText(InWorkingDirectory(project, SavedPictureName)), EncodeImage(view.PlainPicture(), "bmp"));
 }
 
 void ShowGuide(Workbench& workbench, CircuitView& view) {

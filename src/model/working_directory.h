@@ -1,0 +1,13 @@
+// Where the program writes what it is not asked a name for: the shopping list, the guide, the saved drawing.
+#pragma once
+
+#include "model/project.h"
+
+#include <string>
+
+namespace pistaro {
+
+/// The path of a file of that name in the project's working directory. Fault when there is no working directory.
+std::string InWorkingDirectory(const Project& project, const std::string& name);
+
+} // namespace pistaro
