@@ -7,7 +7,10 @@
 
 namespace pistaro {
 
+/// {"rows":[...]}: all rows in use, lane lengths in cm.
 Json CatalogueJson();
+
+/// One line a row: code, system, lane lengths in cm, long name.
 std::string CatalogueTable();
 
 } // namespace pistaro

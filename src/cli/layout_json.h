@@ -6,6 +6,8 @@
 
 namespace pistaro {
 
+/// {"tracks":[...]}: each track's start, elements, end and gap, in cm and radians. An unknown code has neither corners
+/// nor label and leaves the cursor where it was; an empty track has no gap.
 Json LayoutJson(const Circuit& circuit);
 
 } // namespace pistaro

@@ -12,6 +12,7 @@ namespace pistaro {
 /// The values as they stand in the program, with the warnings that reading the file gave.
 Json SettingsJson(const Project& project, const std::string& path, const std::vector<Message>& messages);
 
+/// One line a value of that document, its name with its groups' names before it: "view.midX".
 std::string SettingsTable(const Json& settings);
 
 } // namespace pistaro

@@ -34,18 +34,23 @@ struct DetailOptions {
     bool IncludeOwned = false;
 };
 
+/// Prints where every piece lies, as one JSON line.
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit);
+/// Prints the statistics as one JSON line or as tables.
 void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
                bool json);
-/// Into `folder`, or the circuit's own.
+/// Writes the shopping list into `folder`, or the circuit's own, and prints its path.
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
               const OptionalPath& folder);
-/// Into `folder`, or the circuit's own.
+/// Writes the design guide into `folder`, or the circuit's own, and prints the path of every file of it.
 void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& folder);
+/// Draws the circuit into the picture file and prints its path.
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options);
-/// `script` is a file, or "-" for the standard input.
+/// Runs a script on the circuit, or on an empty one. `script` is a file, or "-" for the standard input.
 void ScriptVerb(const VerbContext& context, const std::string& script, const OptionalPath& circuit);
+/// Prints the catalogue as one JSON line or as a table.
 void CatalogueVerb(const VerbContext& context, bool json);
+/// Prints the settings, as they were read, as one JSON line or as a table.
 void SettingsVerb(const VerbContext& context, bool json);
 
 } // namespace pistaro

@@ -23,6 +23,7 @@ struct Command {
     std::function<void(Project&, Prompts&)> Run;
 };
 
+/// All rows, group by group in the order of the menus.
 const std::vector<Command>& Commands();
 
 /// Null when no command has that id.

@@ -1,4 +1,4 @@
-// Status text.
+// What says nothing is left out.
 #include "editor/status_text.h"
 
 #include "render/track_gap.h"

@@ -7,6 +7,7 @@ namespace pistaro {
 
 inline constexpr float SmallestZoomableWidth = 20; ///< cm; a view this narrow is zoomed in no further
 
+/// Whether the view is wider than SmallestZoomableWidth.
 bool CanZoomIn(const Project& project);
 
 /// Takes 10 cm off every side of the view, or adds them.

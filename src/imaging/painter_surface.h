@@ -38,6 +38,7 @@ private:
     QPointF textPosition_;
 };
 
+/// The same colour for Qt, opaque.
 QColor ToQColor(Colour colour);
 
 } // namespace pistaro

@@ -1,4 +1,4 @@
-// The gap from a track's end to its start.
+// Angles are brought to the shorter way round, so that a full turn is no gap.
 #include "render/track_gap.h"
 
 #include "catalogue/track_geometry.h"

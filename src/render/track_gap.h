@@ -10,6 +10,7 @@ struct TrackGap {
     float Angle;    ///< heading of the end less that of the start, -pi..pi by the circle constant, radians
 };
 
+/// The gap from a track's end to its start.
 TrackGap GapBetween(const BuildCursor& start, const BuildCursor& end);
 
 /// The gap behind a track's last element; zero for an empty track.

@@ -1,4 +1,4 @@
-// picCircuit.
+// Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
 #include "editor/mouse_selection.h"
