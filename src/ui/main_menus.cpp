@@ -3,6 +3,8 @@
 
 #include "editor/building.h"
 #include "report/viewer.h"
+#include "ui/frmColors.h"
+#include "ui/frmDrawArea.h"
 #include "ui/frmStats.h"
 #include "ui/picture_commands.h"
 
@@ -54,7 +56,14 @@ void MainMenus::FillView(QMenu& menu) {
         [this] { view_.SetBackground({}); });
 }
 
-void MainMenus::FillSettings(QMenu&) {}
+void MainMenus::FillSettings(QMenu& menu) {
+    AddDialog<frmDrawArea>(
+        menu, {"mnuDrawArea", "&Draw Area…", "Set the window, the grid, the units and your room's outline", "F2"});
+    AddDialog<frmColors>(menu, {"mnuColors", "&Colours…", "Choose the colours of the drawing"});
+    Add(menu, {"mnuTrackStock", "&Loose Track…", "Tell how many pieces you own, and what one costs", "F3"},
+        [this] { ShowStock(); });
+}
+
 void MainMenus::FillReports(QMenu& menu) {
     AddDialog<frmStats>(menu, {"mnuStats", "&Statistics…", "Show lengths, prices and what is to buy", "F4"});
     Add(menu,
@@ -76,6 +85,17 @@ void MainMenus::ShowAbout() {
     about_->show();
     about_->raise();
     about_->activateWindow();
+}
+
+void MainMenus::ShowStock() {
+    if (!stock_) {
+        stock_ = new frmStock(workbench_.Design, workbench_.Words, &window_);
+        stock_->setAttribute(Qt::WA_DeleteOnClose);
+        stock_->Saved = [this] { workbench_.Changed(); };
+    }
+    stock_->show();
+    stock_->raise();
+    stock_->activateWindow();
 }
 
 QAction* MainMenus::Add(QMenu& menu, const EntryText& text, const std::function<void()>& work) {

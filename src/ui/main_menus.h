@@ -4,6 +4,7 @@
 #include "ui/circuit_view.h"
 #include "ui/command_controls.h"
 #include "ui/frmAbout.h"
+#include "ui/frmStock.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -37,6 +38,9 @@ private:
     /// Shows the About box, which then stays beside the window.
     void ShowAbout();
 
+    /// Shows the loose-track dialog, which then stays beside the window; its Save redraws the circuit.
+    void ShowStock();
+
     /// An entry whose work is contained, and the circuit redrawn after it.
     QAction* Add(QMenu& menu, const EntryText& text, const std::function<void()>& work);
 
@@ -52,6 +56,7 @@ private:
     CircuitView& view_;
     QAction* mnuScalextricNinco_ = nullptr;
     QPointer<frmAbout> about_;
+    QPointer<frmStock> stock_;
 };
 
 } // namespace pistaro

@@ -1,0 +1,31 @@
+// The colour dialog: six buttons, each in its colour, and a preview of what they look like together.
+#pragma once
+
+#include "model/project.h"
+#include "model/prompts.h"
+#include "ui/colour_button.h"
+
+#include <QDialog>
+
+#include <array>
+
+namespace pistaro {
+
+/// Modal. Apply changes the project's colours and closes; Save writes the settings file and does neither.
+class frmColors : public QDialog {
+public:
+    frmColors(Project& project, Prompts& prompts, QWidget* parent = nullptr);
+
+private:
+    QLayout* Slots();
+    QLayout* Buttons();
+    void Choose(ColourButton& button);
+    ColourScheme Chosen() const;
+
+    Project& project_;
+    Prompts& prompts_;
+    std::array<ColourButton*, std::size(ColourSlots)> buttons_{}; ///< in the order of ColourSlots
+    QWidget* picExample_ = nullptr;
+};
+
+} // namespace pistaro

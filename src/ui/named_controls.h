@@ -1,0 +1,44 @@
+// What the dialogs give their controls besides captions: object names, places in control arrays, Tags.
+#pragma once
+
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace pistaro {
+
+template <typename Control>
+Control* Named(Control* control, const char* name) {
+    control->setObjectName(name);
+    return control;
+}
+
+/// A member of a control array.
+template <typename Control>
+Control* Named(Control* control, const char* name, int index) {
+    control->setProperty("Index", index);
+    return Named(control, name);
+}
+
+/// A push button that Enter presses only where it is the default one or has the focus.
+inline QPushButton* NewButton(const char* name, const QString& caption) {
+    auto* const button = Named(new QPushButton(caption), name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+/// A box for a number, wide enough for `digits` of them.
+inline QLineEdit* NewNumberBox(const char* name, int digits) {
+    auto* const box = Named(new QLineEdit, name);
+    box->setAlignment(Qt::AlignRight);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QString(digits, '0')) + 16);
+    return box;
+}
+
+/// Disables a Save button while there is no settings file to write, and says why.
+inline void EnableSaving(QPushButton& button, bool settingsFile) {
+    button.setEnabled(settingsFile);
+    button.setToolTip(settingsFile ? "Make these the values that Pistaro starts with"
+                                   : "The settings file could not be read, so it is left alone");
+}
+
+} // namespace pistaro

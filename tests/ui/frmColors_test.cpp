@@ -1,0 +1,149 @@
+// The colour dialog and its palette, pressed through their controls.
+#include "ui/frmColors.h"
+
+#include "dialog_fixture.h"
+
+namespace pistaro {
+namespace {
+
+class FrmColors : public DialogTest<frmColors> {
+protected:
+    /// Presses a colour button and, in the palette that opens, what `look` presses.
+    void PressAndThen(const char* name, const std::function<void(QDialog&)>& look) const {
+        bool looked = false;
+        QTimer::singleShot(0, qApp, [&] {
+            auto* const palette = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (palette == nullptr || palette->objectName() != "frmColorSelection") return;
+            looked = true;
+            look(*palette);
+        });
+        Press(name);
+        EXPECT_TRUE(looked);
+    }
+
+    /// Chooses the palette's pure red, the first colour of its third row.
+    void ChooseRed(const char* name) const {
+        PressAndThen(name, [](QDialog& palette) {
+            for (auto* const cmdCol : palette.findChildren<QAbstractButton*>("cmdCol")) {
+                if (cmdCol->property("Index") == 16) return QTest::mouseClick(cmdCol, Qt::LeftButton);
+            }
+        });
+    }
+
+    QColor BackColour(const char* name) const { return Find<QWidget>(name).palette().color(QPalette::Button); }
+
+    /// The preview's colour at a place of its own scale of 60 x 60.
+    QColor PreviewAt(double x, double y) const {
+        auto& preview = Find<QWidget>("picExample");
+        const QImage picture = preview.grab().toImage();
+        return picture.pixelColor(static_cast<int>(x * picture.width() / 60),
+                                  static_cast<int>(y * picture.height() / 60));
+    }
+};
+
+const QColor Red(255, 0, 0);
+
+TEST_F(FrmColors, ShowsEachSlotAsTheBackColourOfItsButton) {
+    project_.Colours = InitialSettings().Colours;
+    Open();
+
+    EXPECT_EQ(BackColour("cmdBackground"), QColor(255, 255, 255));
+    EXPECT_EQ(BackColour("cmdInactive"), QColor(128, 128, 128));
+    EXPECT_EQ(BackColour("cmdRail"), QColor(0, 0, 0));
+    EXPECT_EQ(BackColour("cmdNonOwned"), QColor(255, 0, 0));
+    EXPECT_EQ(BackColour("cmdOwned"), QColor(0, 0, 255));
+    EXPECT_EQ(BackColour("cmdActive"), QColor(0, 128, 0));
+}
+
+TEST_F(FrmColors, PreviewsALineForEachColourOnTheBackground) {
+    project_.Colours = InitialSettings().Colours;
+    Open();
+
+    EXPECT_EQ(PreviewAt(30, 2), QColor(255, 255, 255));
+    EXPECT_EQ(PreviewAt(3, 7), QColor(255, 255, 255));
+    EXPECT_EQ(PreviewAt(30, 7), QColor(0, 0, 0));
+    EXPECT_EQ(PreviewAt(30, 17), QColor(255, 0, 0));
+    EXPECT_EQ(PreviewAt(30, 27), QColor(0, 0, 255));
+    EXPECT_EQ(PreviewAt(30, 37), QColor(128, 128, 128));
+    EXPECT_EQ(PreviewAt(30, 47), QColor(0, 128, 0));
+    EXPECT_EQ(PreviewAt(57, 47), QColor(255, 255, 255));
+}
+
+TEST_F(FrmColors, PreviewReflectsChangedButtonsBeforeApply) {
+    ChooseRed("cmdBackground");
+
+    EXPECT_EQ(BackColour("cmdBackground"), Red);
+    EXPECT_EQ(PreviewAt(30, 2), Red);
+    EXPECT_EQ(project_.Colours.Background, 1);
+}
+
+TEST_F(FrmColors, CancellingThePaletteLeavesTheButtonsColour) {
+    PressAndThen("cmdRail", [](QDialog& palette) {
+        QTest::mouseClick(palette.findChild<QAbstractButton*>("cmdCancel"), Qt::LeftButton);
+    });
+    EXPECT_EQ(BackColour("cmdRail"), QColor(3, 0, 0));
+    PressAndThen("cmdRail", [](QDialog& palette) { QTest::keyClick(&palette, Qt::Key_Escape); });
+    EXPECT_EQ(BackColour("cmdRail"), QColor(3, 0, 0));
+}
+
+TEST_F(FrmColors, ApplyTakesTheColoursAndCloses) {
+    ChooseRed("cmdActive");
+    Press("cmdApply");
+
+    EXPECT_EQ(project_.Colours.Active, 255);
+    EXPECT_EQ(project_.Colours.Owned, 5);
+    EXPECT_EQ(OnDisk(), WholeSettings());
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(FrmColors, SaveWithoutApplyChangesTheFileButNotTheDrawing) {
+    ChooseRed("cmdOwned");
+    Press("cmdSave");
+
+    EXPECT_EQ(OnDisk(), Replaced(WholeSettings(), "Owned=5", "Owned=255"));
+    EXPECT_EQ(prompts_.Told, saved_);
+    EXPECT_EQ(project_.Colours.Owned, 5);
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(FrmColors, KeepsWhatAColourSaysBeyondTheScreen) {
+    project_.Colours.Rail = -2147483643;
+    Open();
+    Press("cmdSave");
+    EXPECT_EQ(OnDisk(), Replaced(WholeSettings(), "Rail=3", "Rail=-2147483643"));
+}
+
+TEST_F(FrmColors, CancelAndEscapeChangeNothing) {
+    for (const bool escape : {false, true}) {
+        Open();
+        ChooseRed("cmdRail");
+        if (escape) {
+            QTest::keyClick(dialog_.get(), Qt::Key_Escape);
+        } else {
+            Press("cmdCancel");
+        }
+        EXPECT_FALSE(IsOpen());
+        EXPECT_EQ(project_.Colours.Rail, 3);
+        EXPECT_EQ(OnDisk(), WholeSettings());
+    }
+}
+
+TEST_F(FrmColors, TellsOfAFolderInPlaceOfTheFileAndStaysOpen) {
+    project_.SettingsPath = folder_.Path();
+    Press("cmdSave");
+    ASSERT_EQ(prompts_.Told.size(), 1U);
+    EXPECT_EQ(prompts_.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(prompts_.Told[0].Text, "Path/File access error: " + folder_.Path().string() + ": is a folder");
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(FrmColors, OffersNoSaveWithoutASettingsFile) {
+    project_.SettingsPath.clear();
+    Open();
+    EXPECT_FALSE(Find<QAbstractButton>("cmdSave").isEnabled());
+}
+
+TEST_F(FrmColors, ClipsNothing) { ExpectNothingClipped(); }
+
+} // namespace
+} // namespace pistaro
