@@ -52,9 +52,13 @@ public:
     explicit Box(std::span<CountedColour> colours) : colours_(colours) {
         int widest = -1;
         for (const Channel channel : Channels) {
-            const auto [least, most] =
-                std::ranges::minmax(colours_, {}, [&](const CountedColour& each) { return channel(each.Colour); });
-            const int extent = channel(most.Colour) - channel(least.Colour);
+            int least = 255;
+            int most = 0;
+            for (const CountedColour& each : colours_) {
+                least = std::min(least, channel(each.Colour));
+                most = std::max(most, channel(each.Colour));
+            }
+            const int extent = most - least;
             if (extent <= widest) continue;
             widest = extent;
             channel_ = channel;
