@@ -10,7 +10,7 @@
 
 namespace pistaro {
 
-/// A home of its own for the documents folder.
+/// A home of its own for the documents folder, as only Linux and its kin let the environment name it.
 class DesignerStartTest : public ::testing::Test {
 protected:
     DesignerStartTest() {
