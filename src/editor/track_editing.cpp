@@ -18,7 +18,15 @@ void MoveTrack(Track& track, int stepsRight, int stepsUp) {
     track.TrackStartY = static_cast<float>(track.TrackStartY + double{TrackSpacing} * stepsUp);
 }
 
-float Turned(float angle, double by) { return NormaliseAngle(static_cast<float>(angle + by)); }
+/// The angle turned; each way wraps at its own end only, so that a heading a file put beyond the other end stays there.
+float Turned(float angle, Rotation rotation, double by) {
+    if (rotation == Rotation::Left) {
+        const auto left = static_cast<float>(angle + by);
+        return TwoPi < left ? static_cast<float>(left - 2 * PiValue) : left;
+    }
+    const auto right = static_cast<float>(angle - by);
+    return right < 0 ? static_cast<float>(right + 2 * PiValue) : right;
+}
 
 void SwapHand(std::string& code) {
     const char hand = Hand(code);
@@ -46,11 +54,10 @@ void MoveTracks(Project& project, int stepsRight, int stepsUp) {
 }
 
 void Rotate(Project& project, Rotation rotation) {
-    const int sign = rotation == Rotation::Left ? 1 : -1;
     if (Track* const track = project.Layout.Current()) {
-        track->TrackStartHeading = Turned(track->TrackStartHeading, sign * TrackTurn);
+        track->TrackStartHeading = Turned(track->TrackStartHeading, rotation, TrackTurn);
     } else {
-        project.Room.Angle = Turned(project.Room.Angle, sign * RoomTurn);
+        project.Room.Angle = Turned(project.Room.Angle, rotation, RoomTurn);
     }
     project.DataChanged = true;
 }

@@ -136,6 +136,28 @@ TEST(Rotations, LeftFromJustBelowTwiceTheConstantWrapRound) {
     EXPECT_NEAR(FirstTrack(project).TrackStartHeading, 0.19316481492, 1e-6); // 6.28 + 0.19634952 - 6.28318471
 }
 
+TEST(Rotations, LeftLeaveAHeadingThatAFilePutBelowZeroBelowZero) {
+    Project project = ProjectOf("C160");
+    FirstTrack(project).TrackStartHeading = -1;
+
+    Press(project, "rotate left");
+
+    EXPECT_FLOAT_EQ(FirstTrack(project).TrackStartHeading, -0.80365048F); // -1 + 0.19634952
+}
+
+TEST(Rotations, RightLeaveAHeadingThatAFilePutAboveAFullTurnAbove) {
+    Project project = ProjectOf("C160");
+    FirstTrack(project).TrackStartHeading = 7;
+    project.Room.Angle = 7;
+
+    Press(project, "rotate right");
+    Press(project, "track all");
+    Press(project, "rotate right");
+
+    EXPECT_FLOAT_EQ(FirstTrack(project).TrackStartHeading, 6.80365048F); // 7 - 0.19634952
+    EXPECT_FLOAT_EQ(project.Room.Angle, 6.90182524F);                    // 7 - 0.09817476
+}
+
 TEST(Rotations, OfATrackLeaveItsStartPointAndTheRoom) {
     Project project = ProjectOf("C160");
     project.Room.Angle = 1;
