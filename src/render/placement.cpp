@@ -1,4 +1,5 @@
-// The two shapes, curve and straight, and the special pieces' marks. Results are computed in double and rounded once.
+// The two shapes, curve and straight, and the special pieces' marks. Computed in double; what is named is rounded, and
+// what follows from a corner follows from the rounded one.
 #include "render/placement.h"
 
 #include "catalogue/catalogue.h"
@@ -203,8 +204,11 @@ PiecePlacement PlaceStraight(const PieceKind& kind, const BuildCursor& cursor, s
     const Ends ends = EndsOf(kind, previousCode);
 
     PiecePlacement placement;
-    placement.Corners = {frame.At(0, 0), frame.At(kind.Length, 0), frame.At(kind.Length, ends.Exit.Width),
-                         frame.At(0, ends.Entry.Width)};
+    const auto from = [&](WorldPoint corner) { return StraightFrame({corner.X, corner.Y, cursor.CursorHeading}); };
+    const WorldPoint corner2 = frame.At(kind.Length, 0);
+    const WorldPoint corner3 = from(corner2).At(0, ends.Exit.Width);
+    const WorldPoint corner4 = from(corner3).At(-kind.Length, ends.Entry.Width - ends.Exit.Width);
+    placement.Corners = {frame.At(0, 0), corner2, corner3, corner4};
     placement.Exit = {placement.Corners[1].X, placement.Corners[1].Y, cursor.CursorHeading};
     placement.Label = LabelOf(placement.Corners);
 

@@ -228,5 +228,17 @@ TEST(Placement, OfWholeCircuitsIsTheSameToTheLastDigitInEveryBuild) {
               "-66.834549 443.657837 0.392698795");
 }
 
+TEST(Placement, OfAStraightFollowsFromCornerToCornerAsTheyAreStored) {
+    const PiecePlacement exitAcross = *PlacePiece("C160", {300.7F, -210.4F, 5.1F}, "");
+    EXPECT_EQ(exitAcross.Corners[2].X, 338.962158F) << "corner 2 as stored, and the width across";
+    EXPECT_EQ(exitAcross.Corners[2].Y, -211.520905F);
+
+    const PiecePlacement entryAcross = *PlacePiece("C160", {12.3F, 45.6F, 2.2F}, "");
+    EXPECT_EQ(entryAcross.Corners[3].X, 3.17823243F) << "corner 3 as stored, and the length back";
+    EXPECT_EQ(entryAcross.Corners[3].Y, 58.1316948F);
+    EXPECT_EQ(entryAcross.Label.X, -11.4095697F);
+    EXPECT_EQ(entryAcross.Label.Y, 45.5670776F);
+}
+
 } // namespace
 } // namespace pistaro
