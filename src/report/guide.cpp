@@ -14,9 +14,9 @@ namespace {
 constexpr int PictureCount = CatalogueCount + 1;
 constexpr float PieceWindowWidth = 250; ///< cm
 
-/// A file of the guide, in the working directory, which must be there.
-std::filesystem::path GuideFile(const Project& project, const std::string& name) {
-    std::filesystem::path file = PathFromText(InWorkingDirectory(project, name));
+/// The file of the page. Fault where its folder, which is that of the pictures too, is not there.
+std::filesystem::path PageFile(const Project& project) {
+    std::filesystem::path file = PathFromText(InWorkingDirectory(project, GuidePageName));
     if (!std::filesystem::is_directory(file.parent_path())) throw Fault("Path not found", project.WorkingDirectory);
     return file;
 }
@@ -29,7 +29,7 @@ public:
     template <typename Make>
     void Write(const std::string& name, Make make) {
         progress_(static_cast<int>(written_.size()), PictureCount);
-        const std::filesystem::path file = GuideFile(project_, name);
+        const std::filesystem::path file = PathFromText(InWorkingDirectory(project_, name));
         try {
             ReplaceFile(file, make());
         } catch (const std::exception& reason) {
@@ -63,11 +63,11 @@ void WritePiecePictures(Project& project, const GuidePictures& pictures, Picture
 
 std::vector<std::filesystem::path> WriteGuide(Project& project, const GuidePictures& pictures,
                                               const GuideProgress& progress) {
+    const std::filesystem::path page = PageFile(project); // before the view is changed
     PictureWriter writer(project, progress);
     WritePiecePictures(project, pictures, writer);
     writer.Write(TrackPictureName, [&] { return pictures.Circuit(project); });
     progress(PictureCount, PictureCount);
-    const std::filesystem::path page = GuideFile(project, GuidePageName);
     ReplaceFile(page, GuidePage(project));
     std::vector<std::filesystem::path> written = std::move(writer).Written();
     written.push_back(page);

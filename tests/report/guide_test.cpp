@@ -145,8 +145,9 @@ TEST_F(Guide, AnUnwritablePictureFileIsAProblemOfItsPictureAndNamesIt) {
     EXPECT_FALSE(Exists("guide.html"));
 }
 
-TEST_F(Guide, AMissingWorkingDirectoryIsAFaultAndNothingIsWritten) {
+TEST_F(Guide, AMissingWorkingDirectoryIsAFaultAndNothingIsWrittenOrChanged) {
     Design.WorkingDirectory = (Folder / "gone" / "").string();
+    Design.ShowNumbers = true;
     try {
         GuideCommand(Design, User, NamedPictures(), Unwatched);
         FAIL() << "a guide in a folder that is not there";
@@ -158,6 +159,8 @@ TEST_F(Guide, AMissingWorkingDirectoryIsAFaultAndNothingIsWritten) {
     EXPECT_THROW(GuideCommand(Design, User, NamedPictures(), Unwatched), Fault);
     EXPECT_TRUE(User.Told.empty());
     EXPECT_FALSE(Exists("gone"));
+    EXPECT_EQ(Design.View.Width, 320);
+    EXPECT_TRUE(Design.ShowNumbers);
 }
 
 TEST_F(Guide, AnsweringNoToViewNowStillOpensThePage) {
