@@ -37,6 +37,16 @@ QMessageBox::Icon BoxIcon(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// A box whose text is shown as it stands: the names of files and folders in it may look like markup.
+class PlainBox : public QMessageBox {
+public:
+    PlainBox(QMessageBox::Icon icon, const std::string& text, StandardButtons buttons)
+        : QMessageBox(icon, Title, QString(), buttons, Owner()) {
+        setTextFormat(Qt::PlainText);
+        setText(QString::fromStdString(text));
+    }
+};
+
 /// A filter "name|pattern;pattern|..." as the names and patterns of a dialog.
 struct Filters {
     explicit Filters(const std::string& filter) {
@@ -61,14 +71,13 @@ struct Filters {
 } // namespace
 
 void MessagePrompts::Tell(const Message& message) {
-    QMessageBox(BoxIcon(message.MessageIcon), Title, QString::fromStdString(message.Text), QMessageBox::Ok, Owner())
-        .exec();
+    PlainBox(BoxIcon(message.MessageIcon), message.Text, QMessageBox::Ok).exec();
 }
 
 Answer MessagePrompts::Ask(const std::string& question, Buttons buttons) {
     const bool okCancel = buttons == Buttons::OkCancel;
-    QMessageBox box(QMessageBox::Question, Title, QString::fromStdString(question),
-                    okCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Yes | QMessageBox::No, Owner());
+    PlainBox box(QMessageBox::Question, question,
+                 okCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Yes | QMessageBox::No);
     // Enter and Escape must not lose a design.
     const auto harmless = okCancel ? QMessageBox::Cancel : QMessageBox::No;
     box.setDefaultButton(harmless);

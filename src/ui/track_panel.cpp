@@ -81,6 +81,7 @@ QWidget* TrackPanel::Elements() {
     });
     column->addWidget(lstTrack_, 1);
     lblselected_->setObjectName("lblselected");
+    lblselected_->setTextFormat(Qt::PlainText); // a file may hold any text as an element
     lblElType_->setObjectName("lblElType");
     column->addWidget(lblselected_);
     column->addWidget(lblElType_);

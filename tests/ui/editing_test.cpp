@@ -116,6 +116,16 @@ TEST_F(Editing, TheListByItselfSelectsNothing) {
     EXPECT_FALSE(Button("cmdDelete").isEnabled());
 }
 
+TEST_F(Editing, AnUnknownElementThatLooksLikeMarkupIsShownAsItStands) {
+    Open(ProjectOf("<b>loop</b>"));
+
+    ClickLine(0);
+
+    EXPECT_EQ(Text("lblselected"), "0  <b>loop</b>");
+    EXPECT_EQ(Find<QLabel>("lblselected").textFormat(), Qt::PlainText);
+    EXPECT_EQ(Text("lblElType"), "");
+}
+
 TEST_F(Editing, TheListFollowsTheChosenTrack) {
     Open(ProjectOf("C160", "C151L C151R"));
 

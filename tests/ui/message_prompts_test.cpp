@@ -69,6 +69,18 @@ TEST(MessagePrompts, AQuestionIsAnsweredByItsButtonsAndEnterAndEscapeAreTheHarml
     }
 }
 
+TEST(MessagePrompts, AFilesNameThatLooksLikeMarkupIsShownAsItStands) {
+    const std::string text = "File not found: /tmp/<b>club</b>.trk";
+    const auto look = [text](QMessageBox& box) {
+        EXPECT_EQ(box.text().toStdString(), text);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    };
+    WhenShown<QMessageBox>(look);
+    MessagePrompts().Tell({Icon::Exclamation, text});
+    WhenShown<QMessageBox>(look);
+    MessagePrompts().Ask(text, Buttons::YesNo);
+}
+
 class FileDialogs : public ::testing::Test {
 protected:
     /// What the user types into the dialog that saves.
