@@ -82,6 +82,7 @@ frmDrawArea::frmDrawArea(Project& project, Prompts& prompts, QWidget* parent)
     layout->addLayout(Buttons());
     layout->setSizeConstraint(QLayout::SetFixedSize);
     ShowFields();
+    boxes_.front().Control->selectAll(); // as Tab does: what is typed first replaces the value
 }
 
 QLineEdit* frmDrawArea::NewBox(const char* name, std::string DrawAreaFields::*field) {

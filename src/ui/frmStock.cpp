@@ -108,6 +108,7 @@ void frmStock::Load() {
         txtDsp_[box]->setText(QString::fromStdString(boxes[box].Owned));
         txtPrc_[box]->setText(QString::fromStdString(boxes[box].Price));
     }
+    txtDsp_.front()->selectAll(); // as Tab does: what is typed first replaces the count
 }
 
 void frmStock::Save() {

@@ -53,6 +53,17 @@ TEST_F(FrmDrawArea, OpensWithTheProjectsValues) {
     EXPECT_EQ(Label("lblArea"), "Area: 125.9 x 125.9 in");
 }
 
+TEST_F(FrmDrawArea, WhatIsTypedFirstReplacesTheCentre) {
+    project_.View.HMov = {-60, 140, 7};
+    Open();
+    dialog_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
+
+    QTest::keyClicks(dialog_->focusWidget(), "50");
+
+    EXPECT_EQ(Text("txtCentreX"), "50");
+}
+
 TEST_F(FrmDrawArea, AreaLabelFollowsTheWindowAndTheUnits) {
     Type("txtZoomVal", "150");
     EXPECT_EQ(Label("lblArea"), "Area: 150 x 150 cm");

@@ -54,6 +54,17 @@ TEST_F(FrmStock, OpensWithTheCatalogueCountsAndPrices) {
     EXPECT_EQ(Text("txtPrc", IndexOf("C160")), "0");
 }
 
+TEST_F(FrmStock, WhatIsTypedFirstReplacesTheFirstCount) {
+    Entry(project_, FindRow(project_.Pieces, "C160")).OwnedCount = 12;
+    Open();
+    dialog_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
+
+    QTest::keyClicks(dialog_->focusWidget(), "5");
+
+    EXPECT_EQ(Text("txtDsp", IndexOf("C160")), "5");
+}
+
 TEST_F(FrmStock, SaveWritesReadsBackTellsTheWindowAndCloses) {
     int owned = -1;
     dialog_->Saved = [&] { owned = Row("C160").OwnedCount; };
