@@ -46,24 +46,32 @@ private:
     std::vector<std::filesystem::path> written_;
 };
 
-void WritePiecePictures(Project& project, const GuidePictures& pictures, PictureWriter& writer) {
-    const float width = project.View.Width;
-    const bool numbers = project.ShowNumbers;
+/// The view of piece pictures.
+void SetPieceView(Project& project) {
     project.View.Width = PieceWindowWidth;
     project.ShowNumbers = false;
-    for (int row = 0; row < CatalogueCount; ++row) {
-        const std::string_view code = Entry(project, row).Code;
-        writer.Write(PiecePictureName(code), [&] { return pictures.Piece(project, code); });
+}
+
+/// The project itself gets the pieces' view only when one fails: in between, the window may have to draw it.
+void WritePiecePictures(Project& project, const GuidePictures& pictures, PictureWriter& writer) {
+    Project shown = project;
+    SetPieceView(shown);
+    try {
+        for (int row = 0; row < CatalogueCount; ++row) {
+            const std::string_view code = Entry(shown, row).Code;
+            writer.Write(PiecePictureName(code), [&] { return pictures.Piece(shown, code); });
+        }
+    } catch (const PictureProblem&) {
+        SetPieceView(project);
+        throw;
     }
-    project.View.Width = width;
-    project.ShowNumbers = numbers;
 }
 
 } // namespace
 
 std::vector<std::filesystem::path> WriteGuide(Project& project, const GuidePictures& pictures,
                                               const GuideProgress& progress) {
-    const std::filesystem::path page = PageFile(project); // before the view is changed
+    const std::filesystem::path page = PageFile(project);
     PictureWriter writer(project, progress);
     WritePiecePictures(project, pictures, writer);
     writer.Write(TrackPictureName, [&] { return pictures.Circuit(project); });

@@ -73,6 +73,7 @@ TEST_F(Guide, DrawsThePiecesInAViewOf250CmWithoutNumbersAndTheLayoutInItsOwn) {
                {.Piece =
                     [&](const Project& project, std::string_view) {
                         views.push_back(view(project));
+                        EXPECT_EQ(Design.View.Width, 400) << "the window's own view stays";
                         return std::string();
                     },
                 .Circuit =
