@@ -8,6 +8,7 @@
 #include "platform/platform.h"
 #include "report/guide.h"
 
+#include <QCloseEvent>
 #include <QProgressDialog>
 
 namespace pistaro {
@@ -15,6 +16,23 @@ namespace pistaro {
 namespace {
 
 constexpr const char* SavedPictureName = "track.bmp";
+
+/// Stays until the guide is written, whatever the user closes: no other command may run till then.
+class GuideProgressDialog : public QProgressDialog {
+public:
+    explicit GuideProgressDialog(QWidget* window)
+        : QProgressDialog("Drawing the pictures of the guide…", QString(), 0, 0, window) {
+        setObjectName("frmProgress");
+        setWindowTitle("Design Guide");
+        setWindowModality(Qt::WindowModal);
+        setMinimumDuration(0);
+    }
+
+    void reject() override {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
 
 } // namespace
 
@@ -34,11 +52,7 @@ void SavePicture(const Project& project, CircuitView& view) {
 }
 
 void ShowGuide(Workbench& workbench, CircuitView& view) {
-    QProgressDialog progress("Drawing the pictures of the guide…", QString(), 0, 0, view.window());
-    progress.setObjectName("frmProgress");
-    progress.setWindowTitle("Design Guide");
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(0);
+    GuideProgressDialog progress(view.window());
     const auto show = [&](int done, int total) {
         progress.setMaximum(total);
         progress.setValue(done); // handles waiting events, so that the window stays alive

@@ -188,6 +188,29 @@ TEST_F(PictureCommands, ADialogTellsHowFarTheGuideIsAndTheWindowStaysAlive) {
     EXPECT_FALSE(viewer.Arguments().empty());
 }
 
+TEST_F(PictureCommands, TheGuidesDialogCannotBeClosedBeforeTheGuideIsWritten) {
+    const FakeViewer viewer;
+    user_.Answers = {Answer::Yes};
+    bool tried = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        auto* const dialog = window_.findChild<QProgressDialog*>("frmProgress");
+        if (tried || dialog == nullptr || !dialog->isVisible()) return;
+        tried = true;
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_FALSE(dialog->close());
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_LT(dialog->value(), 40);
+    });
+    watch.start(0);
+
+    Choose("mnuReport");
+
+    EXPECT_TRUE(tried);
+    EXPECT_EQ(window_.findChild<QProgressDialog*>("frmProgress"), nullptr);
+}
+
 TEST_F(PictureCommands, AFailedPictureEndsTheGuideWithItsMessage) {
     std::filesystem::create_directory(folder_ / "C152R.gif");
 
