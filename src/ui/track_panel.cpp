@@ -76,7 +76,7 @@ QWidget* TrackPanel::Elements() {
     lstTrack_->setObjectName("lstTrack");
     lstTrack_->setUniformItemSizes(true);
     connect(lstTrack_, &QListWidget::itemSelectionChanged, this, [this] {
-        if (lstTrack_->selectedItems().isEmpty()) return;
+        if (lstTrack_->selectedItems().isEmpty()) return RefreshList(); // Ctrl takes a selection away
         workbench_.Do([&] { SelectElement(workbench_.Design, lstTrack_->currentRow()); });
     });
     column->addWidget(lstTrack_, 1);

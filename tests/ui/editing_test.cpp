@@ -107,6 +107,23 @@ TEST_F(Editing, ALineOfTheListSelectsItsElementByMouseAndByKeys) {
     EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
 }
 
+TEST_F(Editing, TheListShowsTheSelectedElementWhateverIsPressed) {
+    Open(ProjectOf("C160 C159"));
+    ClickLine(1);
+    const QPoint line = List().visualItemRect(List().item(1)).center();
+    const QPoint below(line.x(), List().viewport()->height() - 5);
+
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ControlModifier, line);
+    EXPECT_TRUE(List().item(1)->isSelected());
+    QTest::keyClick(&List(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(List().item(1)->isSelected());
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, below);
+    EXPECT_TRUE(List().item(1)->isSelected());
+
+    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_EQ(List().selectedItems().size(), 1);
+}
+
 TEST_F(Editing, TheListByItselfSelectsNothing) {
     Open(ProjectOf("C160 C159"));
 
