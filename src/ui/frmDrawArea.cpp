@@ -223,6 +223,8 @@ void frmDrawArea::ShowPoint() {
     txtY_->setText(Shown(room.Entry.Y));
     chkLine_->setChecked(room.Entry.Line);
     cmdDelete_->setEnabled(ShowsPoint(room));
+    cmdDelete_->setToolTip(ShowsPoint(room) ? "Take this point out; the later ones move down"
+                                            : "There is no point of this number yet");
     showing_ = false;
     ShowPictures();
 }

@@ -166,6 +166,7 @@ TEST_F(FrmDrawArea, RoomPointsAreAddedSteppedThroughChangedAndDeleted) {
 
 TEST_F(FrmDrawArea, NothingCanBeDeletedAtThePlaceOfTheNewPoint) {
     EXPECT_FALSE(Find<QAbstractButton>("cmdDelete").isEnabled());
+    EXPECT_EQ(Find<QAbstractButton>("cmdDelete").toolTip(), "There is no point of this number yet");
     AddPoint("1", "1");
     EXPECT_FALSE(Find<QAbstractButton>("cmdDelete").isEnabled());
     Scroller().setValue(1);
