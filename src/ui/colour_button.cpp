@@ -3,6 +3,7 @@
 
 #include "imaging/painter_surface.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace pistaro {
@@ -18,6 +19,11 @@ void ColourButton::SetBackColour(Colour colour) {
     changed.setColor(QPalette::Button, ToQColor(colour));
     setPalette(changed);
     setToolTip(ToQColor(colour).name().toUpper());
+}
+
+void ColourButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+    QAbstractButton::keyPressEvent(event);
 }
 
 void ColourButton::paintEvent(QPaintEvent*) {

@@ -17,6 +17,8 @@ public:
     QSize sizeHint() const override { return {56, 26}; }
 
 protected:
+    /// Enter presses it, as it presses push buttons.
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -5,11 +5,11 @@
 #include "stats/frames.h"
 #include "stats/shopping_list.h"
 #include "text/number_text.h"
+#include "ui/named_controls.h"
 #include "ui/workbench.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QPushButton>
 
 namespace pistaro {
 
@@ -23,13 +23,6 @@ QLabel* NewLabel(const char* name, const QString& text, Qt::Alignment alignment 
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(alignment | Qt::AlignVCenter);
     return label;
-}
-
-QPushButton* NewButton(const char* name, const QString& caption) {
-    auto* const button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
 }
 
 /// Gives a control its place in its control array.

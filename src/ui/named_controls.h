@@ -19,11 +19,9 @@ Control* Named(Control* control, const char* name, int index) {
     return Named(control, name);
 }
 
-/// A push button that Enter presses only where it is the default one or has the focus.
+/// A push button. In a dialog Enter presses the one that has the focus, else the default one.
 inline QPushButton* NewButton(const char* name, const QString& caption) {
-    auto* const button = Named(new QPushButton(caption), name);
-    button->setAutoDefault(false);
-    return button;
+    return Named(new QPushButton(caption), name);
 }
 
 /// A box for a number, wide enough for `digits` of them.

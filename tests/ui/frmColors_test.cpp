@@ -86,6 +86,25 @@ TEST_F(FrmColors, CancellingThePaletteLeavesTheButtonsColour) {
     EXPECT_EQ(BackColour("cmdRail"), QColor(3, 0, 0));
 }
 
+TEST_F(FrmColors, ColoursAreChosenByKeysToo) {
+    QTimer::singleShot(0, qApp, [] {
+        QWidget* const palette = QApplication::activeModalWidget();
+        ASSERT_EQ(palette->objectName(), "frmColorSelection");
+        palette->findChildren<QWidget*>("cmdCol")[16]->setFocus();
+        QTest::keyClick(palette->focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(palette->isVisible());
+    });
+    Find<QWidget>("cmdRail").setFocus();
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(BackColour("cmdRail"), Red);
+    EXPECT_TRUE(IsOpen());
+
+    Find<QWidget>("cmdCancel").setFocus();
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(project_.Colours.Rail, 3);
+}
+
 TEST_F(FrmColors, ApplyTakesTheColoursAndCloses) {
     ChooseRed("cmdActive");
     Press("cmdApply");

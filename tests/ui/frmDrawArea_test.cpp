@@ -199,6 +199,19 @@ TEST_F(FrmDrawArea, EnterInACoordinateAddsThePointAndKeepsTheDialogOpen) {
     EXPECT_THAT(project_.Room.Points, ElementsAre(RoomPoint{3, 4, 1}));
 }
 
+TEST_F(FrmDrawArea, EnterPressesTheButtonThatHasTheFocus) {
+    Type("txtStep", "7");
+    Find<QWidget>("cmdHelp").setFocus();
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(prompts_.Told.size(), 1U);
+    EXPECT_TRUE(IsOpen());
+
+    Find<QWidget>("cmdCancel").setFocus();
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(project_.Grid.Step, 10);
+}
+
 TEST_F(FrmDrawArea, PicturesTheRoomAsItStands) {
     const auto coloured = [&] {
         const QImage picture = Find<QWidget>("picRoom").grab().toImage();

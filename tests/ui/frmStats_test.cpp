@@ -153,6 +153,16 @@ TEST_F(FrmStats, DetailShowsItsTrack) {
     EXPECT_EQ(Counts(), "C151:1 C160:2");
 }
 
+TEST_F(FrmStats, EnterPressesTheDetailButtonThatHasTheFocus) {
+    Open();
+
+    Find<QPushButton>("cmdDetail", 1)->setFocus();
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
+
+    EXPECT_EQ(Counts(), "C160:1");
+    EXPECT_TRUE(dialog_->isVisible());
+}
+
 TEST_F(FrmStats, IncludingOwnedTrackTakesEffectAtTheNextDetail) {
     Open();
 

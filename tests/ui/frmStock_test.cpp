@@ -90,6 +90,25 @@ TEST_F(FrmStock, OkAfterTypingChangesNeitherCatalogueNorFile) {
     EXPECT_THAT(prompts_.Told, IsEmpty());
 }
 
+TEST_F(FrmStock, EnterOnOkSavesNothing) {
+    Type("txtDsp", "9", IndexOf("C160"));
+    Find<QWidget>("cmdOK").setFocus();
+
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
+
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(OnDisk(), WholeSettings());
+}
+
+TEST_F(FrmStock, EnterInABoxSaves) {
+    Type("txtDsp", "9", IndexOf("C160"));
+
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
+
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Row("C160").OwnedCount, 9);
+}
+
 TEST_F(FrmStock, TellsOfATextThatIsNoNumberAndStaysOpen) {
     Type("txtPrc", "cheap", IndexOf("N10111"));
     Press("cmdSaveTrackStock");
