@@ -9,6 +9,7 @@
 #include "cli/stats_json.h"
 #include "editor/circuit_commands.h"
 #include "imaging/circuit_picture.h"
+#include "platform/fault.h"
 #include "platform/platform.h"
 #include "stats/shopping_list.h"
 #include "storage/line_reader.h"
@@ -16,6 +17,20 @@
 #include <sstream>
 
 namespace pistaro {
+
+namespace {
+
+/// What `compute` makes of a circuit. A sum that overflows knows no file; the fault then names the circuit's.
+template <typename Compute>
+auto NamingFile(const std::filesystem::path& circuit, Compute compute) {
+    try {
+        return compute();
+    } catch (const Fault& fault) {
+        throw Fault(TextFromPath(circuit), fault.what());
+    }
+}
+
+} // namespace
 
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit) {
     const Project project = StartWithCircuit(context, circuit);
@@ -25,14 +40,16 @@ void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit
 void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
                bool json) {
     const Project project = StartWithCircuit(context, circuit);
-    const Detail detail = ShowDetail(project, options.Track, options.IncludeOwned);
-    context.Output << (json ? Line(StatsJson(project, detail)) + '\n' : StatsTable(project, detail));
+    context.Output << NamingFile(circuit, [&] {
+        const Detail detail = ShowDetail(project, options.Track, options.IncludeOwned);
+        return json ? Line(StatsJson(project, detail)) + '\n' : StatsTable(project, detail);
+    });
 }
 
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
               const OptionalPath& folder) {
     const Project project = StartWithCircuit(context, circuit);
-    const Detail detail = ShowDetail(project, options.Track, options.IncludeOwned);
+    const Detail detail = NamingFile(circuit, [&] { return ShowDetail(project, options.Track, options.IncludeOwned); });
     const std::filesystem::path list = folder.value_or(circuit.parent_path()) / ShoppingListName;
     ReplaceFile(list, ShoppingListBytes(project, detail));
     context.Output << TextFromPath(list) << '\n';

@@ -153,14 +153,19 @@ TEST_F(StatsVerbs, ATrackOtherThan1To3OrAllIsAWrongCommandLine) {
     }
 }
 
-TEST_F(StatsVerbs, ACountThatOverflowsIsRefused) {
-    WriteBytes(folder_ / "settings.ini", Section("[My Loose Track]", "C160=-32768\r\n", 27));
+TEST_F(StatsVerbs, ACountOrASumThatOverflowsIsRefusedWithTheCircuitsName) {
+    const std::string tooFew = Section("[My Loose Track]", "C160=-32768\r\n", 27);
+    const std::string tooDear = Section("[Best Prices]", "C151=3E38\r\n", 27);
+    for (const std::string& settings : {tooFew, tooDear}) {
+        WriteBytes(folder_ / "settings.ini", settings);
+        for (const char* const verb : {"stats", "shop"}) {
+            const Finished run = Run({verb, Circuit()});
 
-    const Finished run = Run({"stats", Circuit()});
-
-    EXPECT_EQ(run.ExitStatus, 1);
-    EXPECT_THAT(run.Errors, StartsWith("pistaro: Overflow: "));
-    EXPECT_THAT(run.Output, IsEmpty());
+            EXPECT_EQ(run.ExitStatus, 1) << verb;
+            EXPECT_THAT(run.Errors, StartsWith("pistaro: " + Circuit() + ": Overflow: ")) << verb;
+            EXPECT_THAT(run.Output, IsEmpty()) << verb;
+        }
+    }
 }
 
 } // namespace
