@@ -105,7 +105,8 @@ void SaveCommand(Project& project, Prompts& prompts) {
         project.DataChanged = false;
         return;
     }
-    if (std::filesystem::exists(*file)) {
+    std::error_code reportedByTheWrite;
+    if (std::filesystem::exists(*file, reportedByTheWrite)) {
         prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo);
     }
     SaveCircuit(project, *file);

@@ -17,7 +17,10 @@ constexpr float PieceWindowWidth = 250; ///< cm
 /// The file of the page. Fault where its folder, which is that of the pictures too, is not there.
 std::filesystem::path PageFile(const Project& project) {
     std::filesystem::path file = PathFromText(InWorkingDirectory(project, GuidePageName));
-    if (!std::filesystem::is_directory(file.parent_path())) throw Fault("Path not found", project.WorkingDirectory);
+    std::error_code unreachable;
+    if (!std::filesystem::is_directory(file.parent_path(), unreachable)) {
+        throw Fault("Path not found", project.WorkingDirectory);
+    }
     return file;
 }
 

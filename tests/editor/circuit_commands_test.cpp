@@ -303,12 +303,14 @@ TEST_F(Save, OntoAFileOverwritesItAfterYesAndAfterNo) {
 TEST_F(Save, ThatFailsLeavesTheProjectAndTheFolderAsTheyWere) {
     Project project = Unsaved("C160");
     const std::string before = Snapshot(project);
-    prompts_.Files = {folder_ / "nofolder" / "x.trk"};
+    for (const std::string& name : {std::string("nofolder/x.trk"), std::string(300, 'x')}) { // the second is too long
+        prompts_.Files = {folder_ / name};
 
-    EXPECT_THROW(Press(project, "save", prompts_), Fault);
+        EXPECT_THROW(Press(project, "save", prompts_), Fault);
 
-    EXPECT_EQ(Snapshot(project), before);
-    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+        EXPECT_EQ(Snapshot(project), before);
+        EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+    }
 }
 
 TEST_F(Save, AndLoadBringBackTheCircuit) {

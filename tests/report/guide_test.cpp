@@ -156,6 +156,8 @@ TEST_F(Guide, AMissingWorkingDirectoryIsAFaultAndNothingIsWrittenOrChanged) {
         EXPECT_EQ(fault.what(), "Path not found: " + Design.WorkingDirectory);
     }
 
+    Design.WorkingDirectory = (Folder / std::string(300, 'x') / "").string(); // no system has such names
+    EXPECT_THROW(GuideCommand(Design, User, NamedPictures(), Unwatched), Fault);
     Design.WorkingDirectory = "";
     EXPECT_THROW(GuideCommand(Design, User, NamedPictures(), Unwatched), Fault);
     EXPECT_TRUE(User.Told.empty());
