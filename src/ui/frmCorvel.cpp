@@ -62,7 +62,8 @@ void frmCorvel::Refresh() {
     palette_->Refresh();
     circuit_->Refresh();
     track_->Refresh();
-    setWindowTitle(QString::fromStdString(Caption(project)));
+    // "[*]" would be taken for the toolkit's mark of modified documents.
+    setWindowTitle(QString::fromStdString(Caption(project)).replace("[*]", "[*][*]"));
     status_->setText(QString::fromStdString(StatusText(project)));
 }
 

@@ -5,6 +5,7 @@
 #include "support/temporary_folder.h"
 
 #include <QMimeData>
+#include <QWindow>
 
 namespace pistaro {
 
@@ -229,6 +230,15 @@ TEST_F(CircuitMenu, ANameOfFewerThanFourCharactersBecomesEmpty) {
 
     EXPECT_EQ(Window->windowTitle(), "Pistaro - ");
     EXPECT_EQ(Codes(), "C160");
+}
+
+TEST_F(CircuitMenu, ANameIsShownInTheTitleAsItStands) {
+    Project project = ProjectOf("C160");
+    project.Name = "club [*] & co";
+
+    Open(project);
+
+    EXPECT_EQ(Window->windowHandle()->title(), "Pistaro - club [*] & co");
 }
 
 TEST_F(CircuitMenu, AProjectSavedWithTheMouseIsTheSameWhenItIsLoadedAgain) {
