@@ -174,6 +174,17 @@ TEST_F(Editing, AClickOnTheDrawingSelectsTheNearestElement) {
     EXPECT_EQ(Text("lblselected"), "1  C160");
 }
 
+TEST_F(Editing, EveryMouseButtonSelectsWhenItGoesDown) {
+    Open(ProjectOf("C160 C160 C160"));
+    const QPoint top(Picture().width() / 2, 5); // nearest to the last element
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        Design.Layout.Tracks[0].CurrentElement = -1;
+        QTest::mousePress(&Picture(), button, {}, top);
+        EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 2);
+        QTest::mouseRelease(&Picture(), button, {}, top);
+    }
+}
+
 TEST_F(Editing, OfTwoElementsAtTheSameDistanceTheFirstIsSelected) {
     Open(ProjectOf("C9999 C160 C9999")); // an unknown piece has the label of the piece before it
 

@@ -1,6 +1,7 @@
 // Message boxes and file dialogs as the user sees them.
 #include "ui/message_prompts.h"
 
+#include "platform/platform.h"
 #include "support/temporary_folder.h"
 
 #include <QApplication>
@@ -113,8 +114,9 @@ TEST_F(FileDialogs, AnExistingFileIsGivenWithoutAQuestionOfTheDialog) {
 }
 
 TEST_F(FileDialogs, ADialogShowsTitleFilterAndDefaultNameAndCancelGivesNoFile) {
-    WhenShown<QFileDialog>([](QFileDialog& dialog) {
+    WhenShown<QFileDialog>([this](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Save Circuit");
+        EXPECT_EQ(PathFromText(dialog.directory().absolutePath().toStdString()), Folder.Path());
         EXPECT_EQ(dialog.nameFilters(), QStringList{"Track files (*.trk)"});
         EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "oval.trk");
         EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
@@ -126,6 +128,24 @@ TEST_F(FileDialogs, ADialogShowsTitleFilterAndDefaultNameAndCancelGivesNoFile) {
                                            .DefaultName = "oval",
                                            .Folder = Folder.Path().string()}),
               std::nullopt);
+}
+
+TEST_F(FileDialogs, ADialogThatOpensTakesExistingFilesOfTheFiltersKinds) {
+    WriteBytes(Folder / "plan.gif", "");
+    WhenShown<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+        EXPECT_EQ(dialog.nameFilters(), (QStringList{"All files (*.bmp *.gif)", "GIF (*.gif)"}));
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "");
+        dialog.findChild<QLineEdit*>()->setText("plan.gif");
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();
+    });
+    EXPECT_EQ(MessagePrompts().ChooseFile({.Saving = false,
+                                           .Title = "Select Background Image",
+                                           .Filter = "All files (*.bmp,*.gif)|*.bmp;*.gif|GIF (*.gif)|*.gif",
+                                           .DefaultName = "",
+                                           .Folder = Folder.Path().string()}),
+              Folder / "plan.gif");
 }
 
 } // namespace pistaro
