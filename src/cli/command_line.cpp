@@ -187,6 +187,7 @@ CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std:
                                  std::ostream& errors) {
     CLI::App app("Pistaro, a layout designer for slot-car racing track.", "pistaro");
     Arguments values;
+    app.allow_windows_style_options(false); // "/" begins a path, there as elsewhere
     app.set_version_flag("--version", std::string("pistaro ") + Version);
     app.add_option("--settings", values.Settings, "The settings file, in place of the usual one");
     const CLI::Option* const designerCircuit =

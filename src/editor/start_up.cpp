@@ -12,7 +12,7 @@ void InstallSettings(const std::filesystem::path& path) {
     std::error_code reportedByTheWrite;
     std::filesystem::create_directories(path.parent_path(), reportedByTheWrite);
     const std::string workingDirectory = InitialWorkingDirectory();
-    ReplaceFile(path, InitialSettingsBytes(workingDirectory));
+    ReplaceFile(path, InitialSettingsBytes(InstalledFolder() / path.filename(), workingDirectory));
     std::error_code noFolderYet; // the user may choose another one with the first save
     std::filesystem::create_directories(PathFromText(workingDirectory), noFolderYet);
     CopySamples(InstalledFolder() / "samples", PathFromText(workingDirectory));

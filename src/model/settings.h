@@ -34,7 +34,4 @@ struct Settings {
     std::vector<Message> Messages; ///< the warnings that reading gave
 };
 
-/// The settings of a first run: dots every 10 cm, nothing owned, distinct colours.
-Settings InitialSettings();
-
 } // namespace pistaro

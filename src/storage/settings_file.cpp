@@ -2,6 +2,7 @@
 #include "storage/settings_file.h"
 
 #include "platform/platform.h"
+#include "storage/initial_settings.h"
 #include "storage/room_block.h"
 #include "storage/settings_sections.h"
 #include "text/windows1252.h"
@@ -123,16 +124,15 @@ Settings ReadSettings(const std::filesystem::path& path) {
 
 std::string InitialWorkingDirectory() { return TextFromPath(DocumentsFolder() / "Pistaro") + FolderSeparator(); }
 
-std::string InitialSettingsBytes(const std::string& workingDirectory) {
-    Settings settings = InitialSettings();
-    settings.WorkingDirectory = workingDirectory;
-    std::string bytes;
-    for (const Section& section : AllSections(settings)) {
-        bytes.append(section.Header).append("\r\n");
-        for (const std::string& line : section.Lines)
-            bytes.append(line).append("\r\n");
-    }
-    return bytes;
+Settings InitialSettings() { return ParseSettings(InitialSettingsText, "corvel.ini"); }
+
+std::string InitialSettingsBytes(const std::filesystem::path& brought, const std::string& workingDirectory) {
+    std::error_code none;
+    const std::string bytes =
+        std::filesystem::exists(brought, none) ? ReadFile(brought, MostFileBytes) : std::string(InitialSettingsText);
+    const std::string name = TextFromPath(brought);
+    ParseSettings(bytes, name); // a damaged file is refused before it is put in place
+    return ReplaceSections(bytes, name, {WorkingDirectoryOf(workingDirectory)});
 }
 
 } // namespace pistaro

@@ -21,7 +21,12 @@ Settings ReadSettings(const std::filesystem::path& path);
 /// The working directory of a first run: "Pistaro" in the user's documents folder.
 std::string InitialWorkingDirectory();
 
-/// The bytes of a first run's settings file, with every section.
-std::string InitialSettingsBytes(const std::string& workingDirectory);
+/// The settings of a first run as the program was built with them: dots every 10 cm, nothing owned, distinct colours,
+/// and no working directory, which only the user's own documents folder gives.
+Settings InitialSettings();
+
+/// The bytes of a first run's settings file, with every section and this working directory: those of `brought`, the
+/// file that the installation brings, or the program's own where it brings none. Faults: those of reading and parsing.
+std::string InitialSettingsBytes(const std::filesystem::path& brought, const std::string& workingDirectory);
 
 } // namespace pistaro

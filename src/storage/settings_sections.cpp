@@ -23,11 +23,6 @@ Section StockSection(std::string_view header, const std::array<double, Catalogue
     return section;
 }
 
-Section EachProductOnce(Section section) {
-    section.Lines.erase(std::unique(section.Lines.begin(), section.Lines.end()), section.Lines.end());
-    return section;
-}
-
 /// Drops the lines that a section's writer replaces.
 void DropOldLines(LineReader& lines, std::string_view header) {
     const auto drop = [&](int count) {
@@ -85,23 +80,6 @@ Section LooseTrackOf(const std::array<double, CatalogueCount>& ownedByRow) {
 
 Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow) {
     return StockSection(BestPricesSection, priceByRow);
-}
-
-std::vector<Section> AllSections(const Settings& settings) {
-    std::array<double, CatalogueCount> owned{};
-    std::array<double, CatalogueCount> prices{};
-    for (std::size_t row = 0; row < owned.size(); ++row) {
-        owned[row] = settings.Stocks[row].Owned;
-        prices[row] = settings.Stocks[row].Price;
-    }
-    return {WorkingDirectoryOf(settings.WorkingDirectory),
-            ViewOf(settings.MidX, settings.MidY, settings.Zoom, settings.MWid),
-            UnitsOf(settings.DisplayUnits),
-            GridOf(settings.Grid),
-            RoomOf(settings.Room),
-            EachProductOnce(LooseTrackOf(owned)),
-            EachProductOnce(BestPricesOf(prices)),
-            ColoursOf(settings.Colours)};
 }
 
 std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections) {

@@ -40,9 +40,6 @@ Section ColoursOf(const ColourScheme& colours);
 Section LooseTrackOf(const std::array<double, CatalogueCount>& ownedByRow);
 Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow);
 
-/// Every section of a settings file in the order in which a first run gets them, each product once.
-std::vector<Section> AllSections(const Settings& settings);
-
 /// The file's bytes with each of these sections' old lines replaced. Of a section as many lines are dropped as it had
 /// when the format was made: the room's old angle line and a 29th product line stay behind the new ones. A section
 /// that the file lacks is not added; all other lines are copied byte for byte and end in CR LF. Fault when the file

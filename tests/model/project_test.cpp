@@ -17,7 +17,7 @@ void ExpectDefaultView(const ViewSettings& view) {
 }
 
 TEST(StartUp, ShowsThreeEmptyTracksNothingSelectedAndAnAreaOf320) {
-    const Project project = StartUp(InitialSettings());
+    const Project project = StartUp({});
 
     for (const Track& track : project.Layout.Tracks) {
         EXPECT_EQ(track.ElementLastIndex(), -1);
@@ -33,7 +33,7 @@ TEST(StartUp, ShowsThreeEmptyTracksNothingSelectedAndAnAreaOf320) {
 }
 
 TEST(StartUp, PutsTheThreeStartsSideBySide) {
-    const Project project = StartUp(InitialSettings());
+    const Project project = StartUp({});
 
     const auto& tracks = project.Layout.Tracks;
     EXPECT_EQ(tracks[0].TrackStartX, 0);
@@ -46,7 +46,7 @@ TEST(StartUp, PutsTheThreeStartsSideBySide) {
 }
 
 TEST(StartUp, TakesViewRoomGridUnitsColoursAndStockFromTheSettings) {
-    Settings settings = InitialSettings();
+    Settings settings;
     settings.WorkingDirectory = "/home/me/";
     settings.MidX = 40;
     settings.MidY = -20;
@@ -82,7 +82,7 @@ TEST(StartUp, TakesViewRoomGridUnitsColoursAndStockFromTheSettings) {
 }
 
 Project UsedProject() {
-    Settings settings = InitialSettings();
+    Settings settings;
     settings.MidX = 40;
     settings.MidY = 10;
     Project project = StartUp(settings);
@@ -169,30 +169,6 @@ TEST(Circuit, TellsTheSelectedCodeOfTheCurrentTrack) {
     circuit.CurrentTrack = AllTracks;
     EXPECT_EQ(SelectedCode(circuit), "");
     EXPECT_EQ(circuit.Current(), nullptr);
-}
-
-TEST(InitialSettings, AreThoseOfAFirstRun) {
-    const Settings settings = InitialSettings();
-
-    EXPECT_EQ(settings.MidX, 0);
-    EXPECT_EQ(settings.MidY, 0);
-    EXPECT_EQ(settings.Zoom, 320);
-    EXPECT_EQ(settings.MWid, 160);
-    EXPECT_STREQ(settings.DisplayUnits.Name(), "cm");
-    EXPECT_EQ(settings.DisplayUnits.Currency, "EUR");
-    EXPECT_EQ(settings.Grid.Type, 2);
-    EXPECT_EQ(settings.Grid.Step, 10);
-    EXPECT_TRUE(settings.Room.Points.empty());
-    EXPECT_EQ(settings.Colours.Background, 0xFFFFFF) << "white";
-    EXPECT_EQ(settings.Colours.Inactive, 0x808080) << "grey";
-    EXPECT_EQ(settings.Colours.Rail, 0) << "black";
-    EXPECT_EQ(settings.Colours.NonOwned, 0x0000FF) << "red, which stands in the lowest byte";
-    EXPECT_EQ(settings.Colours.Owned, 0xFF0000) << "blue";
-    EXPECT_EQ(settings.Colours.Active, 0x008000) << "green";
-    for (const Stock& stock : settings.Stocks) {
-        EXPECT_EQ(stock.Owned, 0);
-        EXPECT_EQ(stock.Price, 0);
-    }
 }
 
 TEST(ColourScheme, HasSixSlotsInTheOrderOfTheSettingsFile) {

@@ -2,6 +2,7 @@
 #include "stats/shopping_list.h"
 
 #include "storage/circuit_file.h"
+#include "storage/settings_file.h"
 #include "support/stock.h"
 #include "support/temporary_folder.h"
 

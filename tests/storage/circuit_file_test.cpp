@@ -3,6 +3,7 @@
 
 #include "platform/fault.h"
 #include "storage/mutation.h"
+#include "storage/settings_file.h"
 #include "support/chain.h"
 #include "support/temporary_folder.h"
 
@@ -344,12 +345,11 @@ TEST(BadCircuitFile, OnDiskIsNamedByItsPath) {
     const TemporaryFolder folder;
     WriteBytes(folder / "empty.trk", "");
     WriteBytes(folder / "large.trk", EmptyFile + std::string(4 << 20, ' '));
-    const std::string path = folder.Path().string();
-
     EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "empty.trk"); }),
-              "Input past end of file: " + path + "/empty.trk, line 1: [Settings] is missing");
-    EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "large.trk"); }), "File too large: " + path + "/large.trk");
-    EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "none.trk"); }), "File not found: " + path + "/none.trk");
+              "Input past end of file: " + (folder / "empty.trk").string() + ", line 1: [Settings] is missing");
+    EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "large.trk"); }),
+              "File too large: " + (folder / "large.trk").string());
+    EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "none.trk"); }), "File not found: " + (folder / "none.trk").string());
 }
 
 float AnySingle(std::mt19937& random) {

@@ -2,8 +2,8 @@
 #include "storage/settings_file.h"
 
 #include "platform/fault.h"
+#include "storage/all_sections.h"
 #include "storage/mutation.h"
-#include "storage/settings_sections.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -291,26 +291,49 @@ const std::string InitialFile =
     "[Colors]\r\nBackground=16777215\r\nInactive=8421504\r\nRail=0\r\nNonOwned=255\r\n"
     "Owned=16711680\r\nActive=32768\r\n";
 
-TEST(InitialSettings, HoldEverySection) { EXPECT_EQ(InitialSettingsBytes("/home/me/Pistaro/"), InitialFile); }
+TEST(InitialSettings, HoldEverySectionAndTheFirstWorkingDirectory) {
+    EXPECT_EQ(InitialSettingsBytes("", "/home/me/Pistaro/"), InitialFile);
+}
 
-TEST(InitialSettings, ReadBackAsTheyWere) {
-    const Settings expected = InitialSettings();
+TEST(InitialSettings, AreThoseOfAFirstRun) {
+    const Settings settings = InitialSettings();
 
-    const Settings settings = Parsed(InitialSettingsBytes("/home/me/Pistaro/"));
-
-    EXPECT_EQ(settings.WorkingDirectory, "/home/me/Pistaro/");
-    EXPECT_EQ(settings.MidX, expected.MidX);
-    EXPECT_EQ(settings.MidY, expected.MidY);
-    EXPECT_EQ(settings.Zoom, expected.Zoom);
-    EXPECT_EQ(settings.MWid, expected.MWid);
-    EXPECT_EQ(settings.DisplayUnits.Inches, expected.DisplayUnits.Inches);
-    EXPECT_EQ(settings.DisplayUnits.Currency, expected.DisplayUnits.Currency);
-    EXPECT_EQ(settings.Grid.Type, expected.Grid.Type);
-    EXPECT_EQ(settings.Grid.Step, expected.Grid.Step);
-    EXPECT_EQ(settings.Room.Points, expected.Room.Points);
-    for (const ColourSlot& slot : ColourSlots)
-        EXPECT_EQ(settings.Colours.*slot.Slot, expected.Colours.*slot.Slot) << slot.Name;
+    EXPECT_EQ(settings.WorkingDirectory, "");
+    EXPECT_EQ(settings.MidX, 0);
+    EXPECT_EQ(settings.MidY, 0);
+    EXPECT_EQ(settings.Zoom, 320);
+    EXPECT_EQ(settings.MWid, 160);
+    EXPECT_STREQ(settings.DisplayUnits.Name(), "cm");
+    EXPECT_EQ(settings.DisplayUnits.Currency, "EUR");
+    EXPECT_EQ(settings.Grid.Type, 2);
+    EXPECT_EQ(settings.Grid.Step, 10);
+    EXPECT_TRUE(settings.Room.Points.empty());
+    EXPECT_EQ(settings.Colours.Background, 0xFFFFFF) << "white";
+    EXPECT_EQ(settings.Colours.Inactive, 0x808080) << "grey";
+    EXPECT_EQ(settings.Colours.Rail, 0) << "black";
+    EXPECT_EQ(settings.Colours.NonOwned, 0x0000FF) << "red, which stands in the lowest byte";
+    EXPECT_EQ(settings.Colours.Owned, 0xFF0000) << "blue";
+    EXPECT_EQ(settings.Colours.Active, 0x008000) << "green";
     EXPECT_TRUE(settings.Messages.empty());
+    for (const Stock& stock : settings.Stocks) {
+        EXPECT_EQ(stock.Owned, 0);
+        EXPECT_EQ(stock.Price, 0);
+    }
+}
+
+TEST(InitialSettings, AreThoseOfTheFileThatTheInstallationBrings) {
+    const TemporaryFolder folder;
+    WriteBytes(folder / "corvel.ini", "[Working Directory]\r\n\r\n[Units]\r\nType=1\r\nCurr=GBP\r\n");
+
+    EXPECT_EQ(InitialSettingsBytes(folder / "corvel.ini", "/home/me/Pistaro/"),
+              "[Working Directory]\r\n/home/me/Pistaro/\r\n[Units]\r\nType=1\r\nCurr=GBP\r\n");
+}
+
+TEST(InitialSettings, OfADamagedFileThatTheInstallationBringsAreRefused) {
+    const TemporaryFolder folder;
+    WriteBytes(folder / "corvel.ini", "[Units]\r\nType=1\r\n");
+
+    EXPECT_THROW(InitialSettingsBytes(folder / "corvel.ini", "/home/me/Pistaro/"), Fault);
 }
 
 TEST(Settings, DamagedAtRandomAreReadOrRefusedAndSoIsTheirRewriting) {

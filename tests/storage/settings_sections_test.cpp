@@ -2,6 +2,7 @@
 #include "storage/settings_sections.h"
 
 #include "platform/fault.h"
+#include "storage/all_sections.h"
 #include "storage/settings_file.h"
 #include "support/temporary_folder.h"
 
@@ -153,7 +154,8 @@ TEST(ReplaceSections, EverySectionReadsBackAsWritten) {
     settings.Colours.Active = 77;
     settings.Stocks[13] = {12, 2.5F};
 
-    const Settings read = ParseSettings(Replaced(InitialSettingsBytes("/old/"), AllSections(settings)), "corvel.ini");
+    const Settings read =
+        ParseSettings(Replaced(InitialSettingsBytes("", "/old/"), AllSections(settings)), "corvel.ini");
 
     EXPECT_EQ(read.WorkingDirectory, "/srv/tracks/");
     EXPECT_EQ(read.MidX, 7.25F);

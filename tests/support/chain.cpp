@@ -1,6 +1,8 @@
 // Tracks from texts and back.
 #include "support/chain.h"
 
+#include "storage/settings_file.h"
+
 #include <sstream>
 
 namespace pistaro {

@@ -2,6 +2,7 @@
 #include "ui/frmColors.h"
 
 #include "dialog_fixture.h"
+#include "storage/settings_file.h"
 
 namespace pistaro {
 namespace {

@@ -1,6 +1,7 @@
 // The main window with a scripted user, and its controls by their names.
 #pragma once
 
+#include "storage/settings_file.h"
 #include "support/chain.h"
 #include "support/scripted_prompts.h"
 #include "ui/frmCorvel.h"
