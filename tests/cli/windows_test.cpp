@@ -34,6 +34,14 @@ TEST(WindowsProgram, TakesNamesWithBlanksUmlautsAndOtherLetters) {
     }
 }
 
+TEST(WindowsProgram, TakesWhatBeginsWithASlashAsAPath) {
+    const ProgramFolder program;
+    const Finished finished = program.Run({"layout", "/missing.trk"});
+
+    EXPECT_EQ(finished.ExitStatus, 1);
+    EXPECT_EQ(finished.Errors, "pistaro: File not found: /missing.trk\n");
+}
+
 TEST(WindowsProgram, NamesAMissingFileInItsOwnLetters) {
     const ProgramFolder program;
     const Finished finished = program.Run({"layout", "Fähre 日本.trk"});
