@@ -36,7 +36,8 @@ QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units)
     auto* const frame = Indexed(new QGroupBox(Shown(texts.Name)), index);
     frame->setObjectName("fraTrack");
     auto* const grid = new QGridLayout(frame);
-    grid->setContentsMargins(8, 8, 8, 8);
+    grid->setContentsMargins(6, 8, 6, 8);
+    grid->setHorizontalSpacing(4);
     grid->setColumnStretch(1, 1);
     // Wide enough for all but rare figures, so that the frames are equally wide.
     grid->setColumnMinimumWidth(1, frame->fontMetrics().horizontalAdvance("888.88"));

@@ -59,6 +59,7 @@ QGroupBox* frmStock::NewFrame(const StockFrame& frame, int firstBox) {
     auto* const group = new QGroupBox(Shown(frame.Caption));
     auto* const grid = new QGridLayout(group);
     grid->setVerticalSpacing(3);
+    grid->setHorizontalSpacing(4);
     grid->setColumnStretch(0, 1);
     grid->addWidget(new QLabel("Owned"), 0, 2, Qt::AlignRight);
     grid->addWidget(new QLabel("Price"), 0, 3, Qt::AlignRight);
