@@ -1,15 +1,11 @@
 # What a Windows program carries in itself: icon, version and manifest. And that it opens no console of its own; verbs print
 # on that of whoever starts them.
-find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 find_program(ICOTOOL icotool REQUIRED)
 
 set(PISTARO_ICON ${PROJECT_BINARY_DIR}/pistaro.ico)
 set(drawings)
 foreach(size 16 24 32 48 64 256)
-    set(drawing ${PROJECT_BINARY_DIR}/pistaro-${size}.png)
-    add_custom_command(OUTPUT ${drawing}
-        COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o ${drawing} ${PROJECT_SOURCE_DIR}/packaging/pistaro.svg
-        DEPENDS ${PROJECT_SOURCE_DIR}/packaging/pistaro.svg)
+    pistaro_icon(${size} drawing)
     list(APPEND drawings ${drawing})
 endforeach()
 add_custom_command(OUTPUT ${PISTARO_ICON}

@@ -1,11 +1,12 @@
 # Debian packages by purpose, and how they are installed. Sourced by run, test, bench, .ci/run and the packaging.
 
-PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohmann-json3-dev fonts-dejavu-core"
+PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohmann-json3-dev librsvg2-bin
+fonts-dejavu-core"
 PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev chromium"
 PACKAGES_BENCH="$PACKAGES_BUILD libbenchmark-dev"
 PACKAGES_CHECK="$PACKAGES_TEST clang-format clang-tidy"
 PACKAGES_WINDOWS="$PACKAGES_BUILD libgtest-dev libgmock-dev qt6-base-dev-tools g++-mingw-w64-x86-64-posix make dpkg-dev
-nsis librsvg2-bin icoutils"
+nsis icoutils"
 PACKAGES_WINE="wine wine64 xvfb x11-utils"
 
 # as_root COMMAND...: runs it with the rights to install.

@@ -8,6 +8,7 @@
 #include "ui/message_prompts.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -40,6 +41,7 @@ int RunDesigner(int argc, char** argv, const DesignerFiles& files) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Pistaro");
     QApplication::setDesktopFileName("pistaro");
+    QApplication::setWindowIcon(QIcon(":/pistaro-256.png")); // on Windows there is none but the program's own
     MessagePrompts prompts;
     DesignerStart start = StartDesigner(files.Settings);
     frmCorvel window(start.Design, prompts);
