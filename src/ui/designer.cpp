@@ -8,7 +8,6 @@
 #include "ui/message_prompts.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -41,7 +40,7 @@ int RunDesigner(int argc, char** argv, const DesignerFiles& files) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Pistaro");
     QApplication::setDesktopFileName("pistaro");
-    QApplication::setWindowIcon(QIcon(":/pistaro-256.png")); // on Windows there is none but the program's own
+    TerminationRequests(); // those that come before there is a window wait for it
     MessagePrompts prompts;
     DesignerStart start = StartDesigner(files.Settings);
     frmCorvel window(start.Design, prompts);
