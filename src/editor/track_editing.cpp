@@ -19,13 +19,9 @@ void MoveTrack(Track& track, int stepsRight, int stepsUp) {
 }
 
 /// The angle turned; each way wraps at its own end only, so that a heading a file put beyond the other end stays there.
-float Turned(float angle, Rotation rotation, double by) {
-    if (rotation == Rotation::Left) {
-        const auto left = static_cast<float>(angle + by);
-        return TwoPi < left ? static_cast<float>(left - 2 * PiValue) : left;
-    }
-    const auto right = static_cast<float>(angle - by);
-    return right < 0 ? static_cast<float>(right + 2 * PiValue) : right;
+float Turned(float angle, double by) {
+    const auto turned = static_cast<float>(angle + by);
+    return (by > 0 ? turned > TwoPi : turned < 0) ? NormaliseAngle(turned) : turned;
 }
 
 void SwapHand(std::string& code) {
@@ -54,10 +50,11 @@ void MoveTracks(Project& project, int stepsRight, int stepsUp) {
 }
 
 void Rotate(Project& project, Rotation rotation) {
+    const int sign = rotation == Rotation::Left ? 1 : -1;
     if (Track* const track = project.Layout.Current()) {
-        track->TrackStartHeading = Turned(track->TrackStartHeading, rotation, TrackTurn);
+        track->TrackStartHeading = Turned(track->TrackStartHeading, sign * TrackTurn);
     } else {
-        project.Room.Angle = Turned(project.Room.Angle, rotation, RoomTurn);
+        project.Room.Angle = Turned(project.Room.Angle, sign * RoomTurn);
     }
     project.DataChanged = true;
 }
