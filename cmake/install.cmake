@@ -11,7 +11,7 @@ else()
     install(FILES packaging/linux/pistaro.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
     install(FILES packaging/pistaro.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 endif()
-install(FILES packaging/corvel.ini DESTINATION ${PISTARO_DATA_FOLDER})
+install(FILES src/storage/corvel.ini DESTINATION ${PISTARO_DATA_FOLDER})
 # The samples' folder is a good first working directory, and the manual is looked for there.
 install(DIRECTORY samples/ DESTINATION ${PISTARO_DATA_FOLDER}/samples FILES_MATCHING PATTERN "*.trk")
 install(DIRECTORY manual/ DESTINATION ${PISTARO_DATA_FOLDER}/samples/manual

@@ -3,14 +3,9 @@
 find_program(ICOTOOL icotool REQUIRED)
 
 set(PISTARO_ICON ${PROJECT_BINARY_DIR}/pistaro.ico)
-set(drawings)
-foreach(size 16 24 32 48 64 256)
-    pistaro_icon(${size} drawing)
-    list(APPEND drawings ${drawing})
-endforeach()
 add_custom_command(OUTPUT ${PISTARO_ICON}
-    COMMAND ${ICOTOOL} --create --output=${PISTARO_ICON} ${drawings}
-    DEPENDS ${drawings})
+    COMMAND ${ICOTOOL} --create --output=${PISTARO_ICON} ${PISTARO_ICON_DRAWINGS}
+    DEPENDS ${PISTARO_ICON_DRAWINGS})
 
 set(PISTARO_MANIFEST ${PROJECT_SOURCE_DIR}/packaging/windows/pistaro.manifest)
 configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/pistaro.rc.in ${PROJECT_BINARY_DIR}/pistaro.rc)

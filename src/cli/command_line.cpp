@@ -160,7 +160,9 @@ private:
 
 /// A name that is neither a verb nor a circuit file is a slip of the pen, not a design.
 bool LooksLikeCircuit(const std::string& name) {
-    return name.empty() || name.ends_with(".trk") || std::filesystem::exists(PathFromText(name));
+    std::error_code toldByTheLoad;
+    return name.empty() || name.ends_with(".trk") || std::filesystem::exists(PathFromText(name), toldByTheLoad) ||
+           toldByTheLoad;
 }
 
 /// The help of the verb that the arguments name, else of the program.

@@ -9,10 +9,10 @@ namespace pistaro {
 
 Start StartVerb(const VerbContext& context) {
     const std::filesystem::path path = context.Settings.value_or(SettingsPath());
-    const bool installed = context.Settings.has_value() || std::filesystem::exists(path);
-    const Settings settings = installed ? ReadSettings(path) : InitialSettings();
+    std::error_code reportedByTheRead;
+    const bool firstRun = !context.Settings && !std::filesystem::exists(path, reportedByTheRead) && !reportedByTheRead;
+    const Settings settings = firstRun ? ParseSettings(InitialSettingsBytes(), SettingsName) : ReadSettings(path);
     Start start{StartUp(settings), path, settings.Messages};
-    if (!installed) start.Design.WorkingDirectory = InitialWorkingDirectory();
     if (context.Settings) start.Design.SettingsPath = path;
     return start;
 }

@@ -11,11 +11,11 @@ namespace {
 void InstallSettings(const std::filesystem::path& path) {
     std::error_code reportedByTheWrite;
     std::filesystem::create_directories(path.parent_path(), reportedByTheWrite);
-    const std::string workingDirectory = InitialWorkingDirectory();
-    ReplaceFile(path, InitialSettingsBytes(InstalledFolder() / path.filename(), workingDirectory));
+    ReplaceFile(path, InitialSettingsBytes());
+    const std::filesystem::path workingDirectory = PathFromText(InitialWorkingDirectory());
     std::error_code noFolderYet; // the user may choose another one with the first save
-    std::filesystem::create_directories(PathFromText(workingDirectory), noFolderYet);
-    CopySamples(InstalledFolder() / "samples", PathFromText(workingDirectory));
+    std::filesystem::create_directories(workingDirectory, noFolderYet);
+    CopySamples(InstalledFolder() / "samples", workingDirectory);
 }
 
 DesignerStart StartWithout(const std::exception& fault) {

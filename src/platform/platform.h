@@ -25,14 +25,16 @@ bool IsFolderSeparator(char c);
 /// The separator that a folder's text ends in.
 char FolderSeparator();
 
+inline constexpr const char* SettingsName = "corvel.ini";
+
 /// Where the settings file stands: the Windows directory (%APPDATA%\Pistaro where an ordinary user cannot write there),
-/// elsewhere $XDG_CONFIG_HOME/pistaro or ~/.config/pistaro; its name is corvel.ini.
+/// elsewhere $XDG_CONFIG_HOME/pistaro or ~/.config/pistaro.
 std::filesystem::path SettingsPath();
 
 /// The user's documents folder.
 std::filesystem::path DocumentsFolder();
 
-/// The folder that holds what is installed with the program: its samples and its manual.
+/// The folder that holds what is installed with the program: its samples, its manual and its initial settings.
 std::filesystem::path InstalledFolder();
 
 /// A file's bytes. Faults: not there, not readable, or larger than `atMost`.

@@ -146,7 +146,7 @@ bool IsFolderSeparator(char c) { return c == '/'; }
 
 char FolderSeparator() { return '/'; }
 
-std::filesystem::path SettingsPath() { return ConfigurationFolder() / "pistaro" / "corvel.ini"; }
+std::filesystem::path SettingsPath() { return ConfigurationFolder() / "pistaro" / SettingsName; }
 
 std::filesystem::path DocumentsFolder() {
     // The desktop keeps the folder's name in the user's language: XDG_DOCUMENTS_DIR="$HOME/Dokumente"

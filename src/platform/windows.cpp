@@ -12,6 +12,7 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -21,8 +22,6 @@
 namespace pistaro {
 
 namespace {
-
-constexpr const wchar_t* SettingsName = L"corvel.ini";
 
 std::wstring WideFromText(std::string_view utf8) { return PathFromText(utf8).wstring(); }
 
@@ -116,9 +115,9 @@ struct Replaced {
 /// Looks at what stands at `path`. Faults where it is something that must not be replaced: a folder, a device, a file
 /// that its user may not write or that another program keeps to itself.
 Replaced LookAt(const std::filesystem::path& path, const std::filesystem::path& named) {
-    if (IsFolder(path)) throw FolderFault(named);
     const DWORD found = ::GetFileAttributesW(path.c_str());
     const DWORD attributes = found == INVALID_FILE_ATTRIBUTES ? 0 : found;
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw FolderFault(named);
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) throw FileFault(ERROR_ACCESS_DENIED, named);
     const bool isLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
     const Handle file(::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));

@@ -124,7 +124,7 @@ Settings ReadSettings(const std::filesystem::path& path) {
 
 std::string InitialWorkingDirectory() { return TextFromPath(DocumentsFolder() / "Pistaro") + FolderSeparator(); }
 
-Settings InitialSettings() { return ParseSettings(InitialSettingsText, "corvel.ini"); }
+Settings InitialSettings() { return ParseSettings(InitialSettingsText, SettingsName); }
 
 std::string InitialSettingsBytes(const std::filesystem::path& brought, const std::string& workingDirectory) {
     std::error_code none;
@@ -133,6 +133,10 @@ std::string InitialSettingsBytes(const std::filesystem::path& brought, const std
     const std::string name = TextFromPath(brought);
     ParseSettings(bytes, name); // a damaged file is refused before it is put in place
     return ReplaceSections(bytes, name, {WorkingDirectoryOf(workingDirectory)});
+}
+
+std::string InitialSettingsBytes() {
+    return InitialSettingsBytes(InstalledFolder() / SettingsName, InitialWorkingDirectory());
 }
 
 } // namespace pistaro

@@ -25,8 +25,11 @@ std::string InitialWorkingDirectory();
 /// and no working directory, which only the user's own documents folder gives.
 Settings InitialSettings();
 
-/// The bytes of a first run's settings file, with every section and this working directory: those of `brought`, the
-/// file that the installation brings, or the program's own where it brings none. Faults: those of reading and parsing.
+/// The bytes of a first run's settings file: those of `brought`, the file that the installation brings, or the built-in
+/// ones where it brings none; with this working directory. Faults: those of reading and parsing.
 std::string InitialSettingsBytes(const std::filesystem::path& brought, const std::string& workingDirectory);
+
+/// The same of the program's own installation and user.
+std::string InitialSettingsBytes();
 
 } // namespace pistaro

@@ -7,6 +7,7 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
@@ -29,6 +30,13 @@ QString CircuitFileIn(const QMimeData& data) {
     return {};
 }
 
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 256})
+        icon.addFile(QString(":/icon-%1.png").arg(size));
+    return icon;
+}
+
 } // namespace
 
 frmCorvel::frmCorvel(Project& project, Prompts& prompts)
@@ -36,6 +44,7 @@ frmCorvel::frmCorvel(Project& project, Prompts& prompts)
       circuit_(new CircuitPanel(workbench_, controls_)), track_(new TrackPanel(workbench_, controls_)),
       menus_(*this, workbench_, controls_, circuit_->View()), status_(new QLabel) {
     setObjectName("frmCorvel");
+    setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
     auto* const columns = new QWidget;
     auto* const row = new QHBoxLayout(columns);

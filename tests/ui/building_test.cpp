@@ -30,6 +30,7 @@ TEST_F(Building, AFreshStartShowsEmptyTracksAndScalextricButtonsOnly) {
     EXPECT_EQ(Button("cmdInsert").text(), "Insert");
     EXPECT_EQ(Design.View.Width, 320);
     EXPECT_EQ(Window->windowTitle(), "Pistaro - new project");
+    EXPECT_EQ(Window->windowIcon().availableSizes().size(), 6) << "16 to 256 pixels";
 }
 
 TEST_F(Building, APieceButtonShowsWhatRemainsWhileItIsHeldAndAddsItsPieceWhenReleased) {
