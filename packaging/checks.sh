@@ -3,19 +3,19 @@
 passed=0
 failed=0
 
-# check NAME COMMAND...: counts whether the command succeeds, and shows what it printed if it does not.
+# check STATEMENT COMMAND...: counts whether the command succeeds, and shows what it printed if it does not.
 check() {
-    local name=$1 output
+    local statement=$1 output
     shift
     if output=$("$@" 2>&1); then
         passed=$((passed + 1))
     else
         failed=$((failed + 1))
-        printf 'failed: %s\n%s\n' "$name" "$output"
+        printf 'failed: %s\n%s\n' "$statement" "$output"
     fi
 }
 
-# holds SECONDS COMMAND...: waits until the command succeeds.
+# holds SECONDS COMMAND...: waits until the command succeeds, and fails when it has not by then.
 holds() {
     local end=$((SECONDS + $1))
     shift
@@ -31,6 +31,21 @@ gone() {
     for path; do
         [ ! -e "$path" ] || { echo "still there: $path"; return 1; }
     done
+}
+
+# open_display FILE: starts a screen without a monitor for what follows. Its process is $display, its number goes by way
+# of the file.
+open_display() {
+    Xvfb -displayfd 5 -screen 0 1280x1024x24 -nolisten tcp 5>"$1" 2>/dev/null &
+    display=$!
+    holds 20 test -s "$1"
+    export DISPLAY=:$(cat "$1")
+    unset WAYLAND_DISPLAY
+}
+
+# shows TITLE: whether a window on that screen has the title.
+shows() {
+    xwininfo -root -tree | grep -F "\"$1\""
 }
 
 # tell_counts: prints them, and succeeds when nothing failed.

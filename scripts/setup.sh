@@ -1,13 +1,16 @@
-# Debian packages by purpose, and how they are installed. Sourced by run, test, bench, .ci/run and the packaging.
+# Debian packages by purpose, how they are installed, and how a preset is built. Sourced by run, test, bench, .ci/run and
+# the packaging.
 
 PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohmann-json3-dev librsvg2-bin
 fonts-dejavu-core"
 PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev chromium"
 PACKAGES_BENCH="$PACKAGES_BUILD libbenchmark-dev"
 PACKAGES_CHECK="$PACKAGES_TEST clang-format clang-tidy"
+PACKAGES_DEB="$PACKAGES_BUILD dpkg-dev file desktop-file-utils shared-mime-info"
 PACKAGES_WINDOWS="$PACKAGES_BUILD libgtest-dev libgmock-dev qt6-base-dev-tools g++-mingw-w64-x86-64-posix make dpkg-dev
 nsis icoutils"
-PACKAGES_WINE="wine wine64 xvfb x11-utils"
+PACKAGES_DISPLAY="xvfb x11-utils"
+PACKAGES_WINE="wine wine64 $PACKAGES_DISPLAY"
 
 # as_root COMMAND...: runs it with the rights to install.
 as_root() {
@@ -36,10 +39,21 @@ need() {
     newest "${missing[@]}"
 }
 
+# windows_cache: where packaging/windows/build-libraries keeps what the Windows program is linked with.
+windows_cache() {
+    realpath -m "${PISTARO_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/pistaro/windows}"
+}
+
+# project_version PRESET: the version of what was built.
+project_version() {
+    sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "build/$1/CMakeCache.txt"
+}
+
 # build PRESET [CMAKE ARGUMENT...]: configures and builds one of CMakePresets.json.
 build() {
     local preset=$1
     shift
+    mkdir -p build
     cmake --preset "$preset" "$@" >"build/$preset-configure.log" 2>&1 || { cat "build/$preset-configure.log"; return 1; }
     cmake --build --preset "$preset" | { grep -v '^ninja: no work to do' || true; }
 }
