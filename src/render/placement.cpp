@@ -42,9 +42,13 @@ public:
     explicit StraightFrame(const BuildCursor& cursor)
         : origin_{cursor.CursorX, cursor.CursorY}, across_(Towards(cursor.CursorHeading)) {}
 
-    WorldPoint At(double along, double across) const {
-        return {static_cast<float>(origin_.X - along * across_.Y + across * across_.X),
-                static_cast<float>(origin_.Y + along * across_.X + across * across_.Y)};
+    /// The point so far from the entry.
+    WorldPoint At(double along, double across) const { return From(origin_, along, across); }
+
+    /// The point so far from another one.
+    WorldPoint From(WorldPoint point, double along, double across) const {
+        return {static_cast<float>(point.X - along * across_.Y + across * across_.X),
+                static_cast<float>(point.Y + along * across_.X + across * across_.Y)};
     }
 
 private:
@@ -204,10 +208,9 @@ PiecePlacement PlaceStraight(const PieceKind& kind, const BuildCursor& cursor, s
     const Ends ends = EndsOf(kind, previousCode);
 
     PiecePlacement placement;
-    const auto from = [&](WorldPoint corner) { return StraightFrame({corner.X, corner.Y, cursor.CursorHeading}); };
     const WorldPoint corner2 = frame.At(kind.Length, 0);
-    const WorldPoint corner3 = from(corner2).At(0, ends.Exit.Width);
-    const WorldPoint corner4 = from(corner3).At(-kind.Length, ends.Entry.Width - ends.Exit.Width);
+    const WorldPoint corner3 = frame.From(corner2, 0, ends.Exit.Width);
+    const WorldPoint corner4 = frame.From(corner3, -kind.Length, ends.Entry.Width - ends.Exit.Width);
     placement.Corners = {frame.At(0, 0), corner2, corner3, corner4};
     placement.Exit = {placement.Corners[1].X, placement.Corners[1].Y, cursor.CursorHeading};
     placement.Label = LabelOf(placement.Corners);

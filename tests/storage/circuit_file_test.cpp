@@ -345,6 +345,7 @@ TEST(BadCircuitFile, OnDiskIsNamedByItsPath) {
     const TemporaryFolder folder;
     WriteBytes(folder / "empty.trk", "");
     WriteBytes(folder / "large.trk", EmptyFile + std::string(4 << 20, ' '));
+
     EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "empty.trk"); }),
               "Input past end of file: " + (folder / "empty.trk").string() + ", line 1: [Settings] is missing");
     EXPECT_EQ(FaultOf([&] { ReadCircuit(folder / "large.trk"); }),
