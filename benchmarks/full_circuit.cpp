@@ -2,6 +2,7 @@
 #include "full_circuit.h"
 
 #include "editor/circuit_commands.h"
+#include "storage/settings_file.h"
 
 namespace pistaro {
 
