@@ -47,7 +47,8 @@ std::vector<std::string> FakeViewer::Arguments() const {
     using namespace std::chrono_literals;
     for (int i = 0; i < 1000 && !WasStarted(); ++i)
         std::this_thread::sleep_for(10ms);
-    const std::string line = BytesOf(folder_ / "started");
+    // Shared with the batch file, which for a moment still holds what it has renamed.
+    const std::string line = ReadFile(folder_ / "started", 10000);
     const std::size_t end = line.find_last_not_of("\r\n ");
     if (end == std::string::npos) return {};
     return {LongForm(line.substr(0, end + 1))};
