@@ -96,6 +96,18 @@ private:
 
 constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+/// Whether `attempt` succeeds, tried again for a third of a second while another program (a virus scanner, a backup)
+/// holds the file for a moment. Where it fails, the last error is its own.
+template <typename Attempt>
+bool SucceedsInTime(Attempt attempt) {
+    for (DWORD pause = 10;; pause *= 2) {
+        if (attempt()) return true;
+        const DWORD error = ::GetLastError();
+        if (pause > 160 || (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED)) return false;
+        ::Sleep(pause);
+    }
+}
+
 /// Where an existing file that is open at `file` really stands: the end of the links that lead to it.
 std::filesystem::path EndOfLinks(HANDLE file, const std::filesystem::path& path) {
     std::wstring buffer(32768, L'\0');
@@ -120,8 +132,11 @@ Replaced LookAt(const std::filesystem::path& path, const std::filesystem::path& 
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw FolderFault(named);
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) throw FileFault(ERROR_ACCESS_DENIED, named);
     const bool isLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    const Handle file(::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
-    if (!file.IsOpen()) {
+    Handle file;
+    if (!SucceedsInTime([&] {
+            file.Open(::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+            return file.IsOpen();
+        })) {
         const DWORD error = ::GetLastError();
         if (error != ERROR_FILE_NOT_FOUND || isLink) throw FileFault(error, named);
         return {path};
@@ -307,8 +322,10 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
     DWORD error = ::GetLastError();
     if (done) {
         if (target.Exists) TakeRights(temporary, target.Path);
-        done = ::MoveFileExW(temporary.c_str(), target.Path.c_str(),
-                             MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        done = SucceedsInTime([&] {
+            return ::MoveFileExW(temporary.c_str(), target.Path.c_str(),
+                                 MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        });
         error = ::GetLastError();
     }
     if (done) return;

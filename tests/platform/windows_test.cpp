@@ -12,6 +12,7 @@
 
 #include <cstdlib>
 #include <functional>
+#include <thread>
 
 #undef ReplaceFile // windows.h would rename ours
 
@@ -190,6 +191,25 @@ TEST(Rights, AFileThatAnotherProgramKeepsToItselfIsNeitherReadNorReplaced) {
     ::CloseHandle(other);
     EXPECT_EQ(BytesOf(file), "old");
     EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+
+TEST(Rights, AFileThatAnotherProgramHoldsForAMomentIsReplaced) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.trk";
+    for (const DWORD sharing : {DWORD{0}, DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE}}) {
+        WriteBytes(file, "old");
+        const HANDLE other = ::CreateFileW(file.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+        ASSERT_NE(other, INVALID_HANDLE_VALUE);
+        std::thread scanner([other] {
+            ::Sleep(50);
+            ::CloseHandle(other);
+        });
+
+        EXPECT_NO_THROW(ReplaceFile(file, "new")) << sharing;
+
+        scanner.join();
+        EXPECT_EQ(BytesOf(file), "new") << sharing;
+    }
 }
 
 TEST(Devices, AreNotReplacedByFiles) {
