@@ -29,6 +29,7 @@ std::string StatusText(const Project& project) {
             pieces += each.ElementCodes.size();
         text = "All tracks" + between + PieceCount(pieces);
     }
+    if (project.InsertMode && project.Layout.Current() != nullptr) text += between + "Insert mode";
     return project.DataChanged ? text + between + "unsaved" : text;
 }
 

@@ -30,6 +30,18 @@ TEST(StatusText, TellsTheGapInDisplayUnits) {
     EXPECT_EQ(StatusText(project), "Track 1 · 1 piece · gap 13.7 in");
 }
 
+TEST(StatusText, TellsInsertModeOfASingleTrack) {
+    Project project = ProjectOf("C160");
+    project.InsertMode = true;
+    EXPECT_EQ(StatusText(project), "Track 1 · 1 piece · gap 35 cm · Insert mode");
+
+    project.DataChanged = true;
+    EXPECT_EQ(StatusText(project), "Track 1 · 1 piece · gap 35 cm · Insert mode · unsaved");
+
+    project.Layout.CurrentTrack = AllTracks;
+    EXPECT_EQ(StatusText(project), "All tracks · 1 piece · unsaved");
+}
+
 TEST(StatusText, CountsAllTracksTogetherWhenAllAreChosen) {
     Project project = ProjectOf("C160 C159", "C160", "C160");
     project.Layout.CurrentTrack = AllTracks;
