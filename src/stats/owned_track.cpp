@@ -14,8 +14,16 @@ namespace pistaro {
 
 namespace {
 
+/// What to write instead of a number with a decimal comma.
+std::string PointHint(std::string text) {
+    const auto comma = text.find(',');
+    if (comma == std::string::npos) return {};
+    text[comma] = '.';
+    return IsNumber(text) ? "; write " + text : "";
+}
+
 double NumberIn(const std::string& text, const std::string& what) {
-    if (!IsNumber(text)) throw TypeMismatch(what + ", \"" + text + "\", is no number");
+    if (!IsNumber(text)) throw TypeMismatch(what + ", \"" + text + "\", is no number" + PointHint(text));
     return ParseNumber(text);
 }
 

@@ -83,7 +83,7 @@ QGroupBox* frmStock::NewFrame(const StockFrame& frame, int firstBox) {
 
 QLayout* frmStock::Buttons() {
     QPushButton* const cmdSaveTrackStock = NewButton("cmdSaveTrackStock", "&Save");
-    QPushButton* const cmdOK = NewButton("cmdOK", "OK");
+    QPushButton* const cmdOK = NewButton("cmdOK", "Cancel");
     cmdSaveTrackStock->setDefault(true);
     EnableSaving(*cmdSaveTrackStock, !project_.SettingsPath.empty());
     if (cmdSaveTrackStock->isEnabled()) cmdSaveTrackStock->setToolTip("Keep these counts and prices, and close");

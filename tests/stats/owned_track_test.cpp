@@ -167,7 +167,9 @@ TEST_F(OwnedTrack, WritesIntoAFileWithLfLineEndsSectionsInAnyOrderAndOtherKeys) 
 
 TEST_F(OwnedTrack, RefusesATextThatIsNoNumberAndNamesItsBox) {
     Type("C151", "4", "2,50");
-    EXPECT_EQ(Refusal(), "Type mismatch: the price of C151, \"2,50\", is no number");
+    EXPECT_EQ(Refusal(), "Type mismatch: the price of C151, \"2,50\", is no number; write 2.50");
+    Type("C151", "4", "2,50,1");
+    EXPECT_EQ(Refusal(), "Type mismatch: the price of C151, \"2,50,1\", is no number");
     Type("C151", "", "1");
     EXPECT_EQ(Refusal(), "Type mismatch: the owned count of C151, \"\", is no number");
 }

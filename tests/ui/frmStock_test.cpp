@@ -81,7 +81,8 @@ TEST_F(FrmStock, SaveWritesReadsBackTellsTheWindowAndCloses) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(FrmStock, OkAfterTypingChangesNeitherCatalogueNorFile) {
+TEST_F(FrmStock, CancelAfterTypingChangesNeitherCatalogueNorFile) {
+    EXPECT_EQ(Find<QAbstractButton>("cmdOK").text(), "Cancel");
     Type("txtDsp", "9", IndexOf("C160"));
     Press("cmdOK");
     EXPECT_FALSE(IsOpen());
@@ -90,7 +91,7 @@ TEST_F(FrmStock, OkAfterTypingChangesNeitherCatalogueNorFile) {
     EXPECT_THAT(prompts_.Told, IsEmpty());
 }
 
-TEST_F(FrmStock, EnterOnOkSavesNothing) {
+TEST_F(FrmStock, EnterOnCancelSavesNothing) {
     Type("txtDsp", "9", IndexOf("C160"));
     Find<QWidget>("cmdOK").setFocus();
 
