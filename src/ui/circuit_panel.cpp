@@ -2,6 +2,7 @@
 #include "ui/circuit_panel.h"
 
 #include "editor/view_commands.h"
+#include "ui/key_scroll_bar.h"
 
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -27,8 +28,8 @@ void SetUp(QScrollBar& bar, const ScrollBar& values, int smallStep, int largeSte
 } // namespace
 
 CircuitPanel::CircuitPanel(Workbench& workbench, CommandControls& controls)
-    : workbench_(workbench), view_(new CircuitView(workbench)), hMov_(new QScrollBar(Qt::Horizontal)),
-      vMov_(new QScrollBar(Qt::Vertical)), tools_(Tools(controls)) {
+    : workbench_(workbench), view_(new CircuitView(workbench)), hMov_(new KeyScrollBar(Qt::Horizontal)),
+      vMov_(new KeyScrollBar(Qt::Vertical)), tools_(Tools(controls)) {
     hMov_->setObjectName("hMov");
     hMov_->setToolTip("Move the view left and right");
     vMov_->setObjectName("vMov");
@@ -36,13 +37,10 @@ CircuitPanel::CircuitPanel(Workbench& workbench, CommandControls& controls)
     for (QWidget* const child :
          {static_cast<QWidget*>(view_), static_cast<QWidget*>(vMov_), static_cast<QWidget*>(hMov_), tools_})
         child->setParent(this);
-    for (QScrollBar* const bar : {hMov_, vMov_})
-        bar->setFocusPolicy(Qt::StrongFocus);
     connect(hMov_, &QScrollBar::valueChanged, this,
             [this](int value) { workbench_.Do([&] { ScrollHorizontally(workbench_.Design, value); }); });
     connect(vMov_, &QScrollBar::valueChanged, this,
             [this](int value) { workbench_.Do([&] { ScrollVertically(workbench_.Design, value); }); });
-    hMov_->setInvertedControls(false); // else its arrow keys go the other way
     setMinimumSize(300, 300);
 }
 

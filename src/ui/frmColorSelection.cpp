@@ -27,7 +27,7 @@ Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(
 } // namespace
 
 frmColorSelection::frmColorSelection(Colour& colourBeingEdited, QWidget* parent)
-    : QDialog(parent), colourBeingEdited_(colourBeingEdited) {
+    : QDialog(parent), colourBeingEdited_(colourBeingEdited), keyField_(NewKeyField(this)) {
     setObjectName("frmColorSelection");
     setWindowTitle("Choose a Colour");
     setModal(true);
@@ -50,6 +50,7 @@ frmColorSelection::frmColorSelection(Colour& colourBeingEdited, QWidget* parent)
 void frmColorSelection::AddColour(int index, Colour colour) {
     auto* const cmdCol = Named(new ColourButton(colour), "cmdCol", index);
     cmdCol->setFixedSize(40, 32);
+    keyField_->addButton(cmdCol);
     connect(cmdCol, &QAbstractButton::clicked, this, [this, colour] {
         colourBeingEdited_ = colour;
         accept();

@@ -3,6 +3,7 @@
 
 #include "model/colour_scheme.h"
 
+#include <QButtonGroup>
 #include <QDialog>
 
 namespace pistaro {
@@ -16,6 +17,7 @@ private:
     void AddColour(int index, Colour colour);
 
     Colour& colourBeingEdited_;
+    QButtonGroup* const keyField_;
 };
 
 } // namespace pistaro

@@ -4,6 +4,7 @@
 #include "editor/circuit_commands.h"
 #include "editor/status_text.h"
 #include "platform/platform.h"
+#include "ui/side_column.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -19,7 +20,6 @@ namespace {
 
 constexpr int Spacing = 8;
 constexpr int TitleBarHeight = 32;
-constexpr int RightColumnWidth = 190;
 
 /// The first circuit file among what is dragged; empty when there is none.
 QString CircuitFileIn(const QMimeData& data) {
@@ -50,10 +50,9 @@ frmCorvel::frmCorvel(Project& project, Prompts& prompts)
     auto* const row = new QHBoxLayout(columns);
     row->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
     row->setSpacing(Spacing);
-    row->addWidget(palette_);
+    row->addWidget(new SideColumn(palette_));
     row->addWidget(circuit_, 1);
-    row->addWidget(track_);
-    track_->setFixedWidth(RightColumnWidth);
+    row->addWidget(new SideColumn(track_));
     setCentralWidget(columns);
     status_->setObjectName("lblStatus");
     statusBar()->addWidget(status_);

@@ -4,6 +4,7 @@
 
 #include "imaging/painter_surface.h"
 #include "render/redraw.h"
+#include "ui/key_scroll_bar.h"
 #include "ui/named_controls.h"
 #include "ui/workbench.h"
 
@@ -141,10 +142,8 @@ QGroupBox* frmDrawArea::RoomFrame() {
 
 QLayout* frmDrawArea::PointFields() {
     lblPNo_ = Named(new QLabel, "lblPNo");
-    hscPnt_ = Named(new QScrollBar(Qt::Horizontal), "hscPnt");
-    hscPnt_->setFocusPolicy(Qt::StrongFocus);
+    hscPnt_ = Named(new KeyScrollBar(Qt::Horizontal), "hscPnt");
     hscPnt_->setPageStep(1);
-    hscPnt_->setInvertedControls(false); // or the left arrow key would step to the right
     txtX_ = NewNumberBox("txtX", NumberDigits);
     txtY_ = NewNumberBox("txtY", NumberDigits);
     chkLine_ = Named(new QCheckBox("Lin&e"), "chkLine");

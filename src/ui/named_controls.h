@@ -1,6 +1,7 @@
 // What the dialogs give their controls besides captions: object names, places in control arrays, Tags.
 #pragma once
 
+#include <QButtonGroup>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -17,6 +18,13 @@ template <typename Control>
 Control* Named(Control* control, const char* name, int index) {
     control->setProperty("Index", index);
     return Named(control, name);
+}
+
+/// Buttons among which the arrow keys lead to the one that lies there, not to the next in the order of Tab.
+inline QButtonGroup* NewKeyField(QWidget* parent) {
+    auto* const field = new QButtonGroup(parent);
+    field->setExclusive(false);
+    return field;
 }
 
 /// A push button. In a dialog Enter presses the one that has the focus, else the default one.

@@ -2,15 +2,19 @@
 #include "ui/piece_palette.h"
 
 #include "editor/building.h"
+#include "ui/named_controls.h"
 #include "ui/piece_icon.h"
 
 #include <QGridLayout>
+
+#include <algorithm>
 
 namespace pistaro {
 
 namespace {
 
-constexpr int ButtonWidth = PieceIconSide + 6;
+constexpr int ButtonMargin = 3;
+constexpr const char* WidestCaption = "10105";
 
 std::string TagOf(const QWidget& button) { return button.property("Tag").toString().toStdString(); }
 
@@ -20,7 +24,8 @@ QString CaptionOf(const QWidget& button) { return QString::fromStdString(PieceCa
 
 PiecePalette::PiecePalette(Workbench& workbench, CommandControls& controls)
     : workbench_(workbench), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new QPushButton),
-      cmdSeeRemaining_(new QPushButton("See re&maining")) {
+      cmdSeeRemaining_(new QPushButton("See re&maining")), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
+                                                                      {TrackSystem::Ninco, NewKeyField(this)}} {
     column_->setContentsMargins(0, 0, 0, 0);
     controls_.Bind(*cmdInsert_, [this]() -> const Command& {
         return *FindCommand(workbench_.Design.InsertMode ? "build" : "insert");
@@ -57,7 +62,7 @@ QWidget* PiecePalette::Frame(const char* name, const QString& title, TrackSystem
     grid->setSpacing(2);
     int place = 0;
     for (const char* const code : codes) {
-        AddPieceButton(*frame, code, place / columns, place % columns);
+        keyFields_.at(system)->addButton(AddPieceButton(*frame, code, place / columns, place % columns));
         ++place;
     }
     grid->setColumnStretch(columns, 1);
@@ -76,19 +81,21 @@ QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
     return pair;
 }
 
-void PiecePalette::AddPieceButton(QGroupBox& frame, const std::string& code, int row, int column) {
+QToolButton* PiecePalette::AddPieceButton(QGroupBox& frame, const std::string& code, int row, int column) {
     auto* const button = new QToolButton(&frame);
     controls_.Bind(*button, "add " + code);
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     button->setIcon(PieceIcon(code));
     button->setIconSize(QSize(PieceIconSide, PieceIconSide));
-    button->setFixedWidth(ButtonWidth);
+    const int captionWidth = button->fontMetrics().horizontalAdvance(WidestCaption);
+    button->setFixedWidth(std::max(PieceIconSide, captionWidth) + 2 * ButtonMargin);
     button->setFocusPolicy(Qt::StrongFocus);
     connect(button, &QToolButton::pressed, this,
             [this, button] { button->setText(QString::number(RemainingPieces(workbench_.Design, TagOf(*button)))); });
     connect(button, &QToolButton::released, this, [button] { button->setText(CaptionOf(*button)); });
     static_cast<QGridLayout*>(frame.layout())->addWidget(button, row, column);
     pieces_.push_back(button);
+    return button;
 }
 
 void PiecePalette::ShowAllRemaining() {

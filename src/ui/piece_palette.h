@@ -3,10 +3,13 @@
 
 #include "ui/command_controls.h"
 
+#include <QButtonGroup>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <map>
 
 namespace pistaro {
 
@@ -21,7 +24,7 @@ private:
     QWidget* Frame(const char* name, const QString& title, TrackSystem system, int columns,
                    std::initializer_list<const char*> codes);
     QWidget* PairOfFrames(QWidget* left, QWidget* right);
-    void AddPieceButton(QGroupBox& frame, const std::string& code, int row, int column);
+    QToolButton* AddPieceButton(QGroupBox& frame, const std::string& code, int row, int column);
     void ShowAllRemaining();
     void RestoreCaptions();
 
@@ -30,6 +33,7 @@ private:
     QVBoxLayout* const column_;
     QPushButton* const cmdInsert_;
     QPushButton* const cmdSeeRemaining_;
+    const std::map<TrackSystem, QButtonGroup*> keyFields_;
     std::vector<QToolButton*> pieces_;
     std::vector<std::pair<QWidget*, TrackSystem>> frames_;
 };

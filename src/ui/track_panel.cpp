@@ -2,6 +2,7 @@
 #include "ui/track_panel.h"
 
 #include "editor/track_editing.h"
+#include "ui/named_controls.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -10,11 +11,27 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
 
-constexpr int ArrowSide = 34;
+constexpr int LeastWidth = 190;
+constexpr int LeastArrowSide = 34;
+constexpr int ArrowMargin = 8;
+
+QString TextOf(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+/// A label's width for the longest name of a piece, so that the column's width does not follow the selection.
+int WidestName(QLabel& label, const Catalogue& pieces) {
+    int widest = 0;
+    for (const CatalogueEntry& piece : pieces) {
+        label.setText(TextOf(piece.LongName));
+        widest = std::max(widest, label.sizeHint().width());
+    }
+    return widest;
+}
 
 QString ListLine(int index, const std::string& code) {
     return QString::number(index) + "  " + QString::fromStdString(code);
@@ -25,6 +42,7 @@ QString ListLine(int index, const std::string& code) {
 TrackPanel::TrackPanel(Workbench& workbench, CommandControls& controls)
     : workbench_(workbench), controls_(controls), lstTrack_(new QListWidget), lblselected_(new QLabel),
       lblElType_(new QLabel), chkNumbers_(new QCheckBox("&Numbers")) {
+    setMinimumWidth(LeastWidth);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(TrackSelector());
@@ -49,12 +67,15 @@ QWidget* TrackPanel::ArrowPad() {
     auto* const box = new QGroupBox("Move and rotate");
     auto* const grid = new QGridLayout(box);
     grid->setSpacing(2);
+    const int side = std::max(LeastArrowSide, fontMetrics().height() + 2 * ArrowMargin);
+    QButtonGroup* const keyField = NewKeyField(box);
     const auto add = [&](const char* id, int row, int column) {
         auto* const button = new QToolButton;
         controls_.Bind(*button, id);
-        button->setFixedSize(ArrowSide, ArrowSide);
+        button->setFixedSize(side, side);
         button->setFocusPolicy(Qt::StrongFocus);
         grid->addWidget(button, row, column);
+        keyField->addButton(button);
     };
     add("move up-left", 0, 0);
     add("move up", 0, 1);
@@ -82,7 +103,9 @@ QWidget* TrackPanel::Elements() {
     column->addWidget(lstTrack_, 1);
     lblselected_->setObjectName("lblselected");
     lblselected_->setTextFormat(Qt::PlainText); // a file may hold any text as an element
+    lblselected_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblElType_->setObjectName("lblElType");
+    lblElType_->setMinimumWidth(WidestName(*lblElType_, workbench_.Design.Pieces));
     column->addWidget(lblselected_);
     column->addWidget(lblElType_);
     auto* const row = new QHBoxLayout;
@@ -132,7 +155,7 @@ void TrackPanel::RefreshSelection() {
     const int row = FindRow(project.Pieces, code);
     lblselected_->setText(code.empty() ? "Nothing selected" : ListLine(project.Layout.Current()->CurrentElement, code));
     const std::string_view name = row < 0 ? std::string_view() : project.Pieces[static_cast<std::size_t>(row)].LongName;
-    lblElType_->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    lblElType_->setText(TextOf(name));
 }
 
 } // namespace pistaro

@@ -106,6 +106,22 @@ TEST_F(FrmColors, ColoursAreChosenByKeysToo) {
     EXPECT_EQ(project_.Colours.Rail, 3);
 }
 
+TEST_F(FrmColors, TheArrowKeysLeadToThePalettesColourThatLiesThere) {
+    PressAndThen("cmdRail", [](QDialog& palette) {
+        QApplication::setActiveWindow(&palette);
+        palette.findChildren<QWidget*>("cmdCol")[16]->setFocus();
+        const auto go = [&](Qt::Key key) {
+            QTest::keyClick(palette.focusWidget(), key);
+            return palette.focusWidget()->property("Index").toInt();
+        };
+        EXPECT_EQ(go(Qt::Key_Down), 24) << "eight colours a row";
+        EXPECT_EQ(go(Qt::Key_Right), 25);
+        EXPECT_EQ(go(Qt::Key_Up), 17);
+        EXPECT_EQ(go(Qt::Key_Left), 16);
+        palette.reject();
+    });
+}
+
 TEST_F(FrmColors, ApplyTakesTheColoursAndCloses) {
     ChooseRed("cmdActive");
     Press("cmdApply");
