@@ -3,6 +3,7 @@
 
 #include "imaging/gif_file.h"
 #include "platform/fault.h"
+#include "platform/platform.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -14,7 +15,10 @@ QImage DecodeImage(const std::string& bytes, const std::string& name) {
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true); // a photograph stands as it was taken
-    QImage image = reader.read();
+    QImage image = [&] {
+        const SilentStandardError silent; // the PNG library prints what it found there as well
+        return reader.read();
+    }();
     if (image.isNull()) throw InvalidPicture(name + ": " + reader.errorString().toStdString());
     return image;
 }

@@ -15,6 +15,18 @@ std::vector<std::string> CommandLineArguments(int argc, char** argv);
 /// Lets a verb print on the console that the program was started from, where the system does not do so by itself.
 void UseConsoleOfParent();
 
+/// While it lives, the standard error takes nothing: what a library prints there of its own is not the program's word.
+class SilentStandardError {
+public:
+    SilentStandardError();
+    ~SilentStandardError();
+    SilentStandardError(const SilentStandardError&) = delete;
+    SilentStandardError& operator=(const SilentStandardError&) = delete;
+
+private:
+    int kept_; ///< the stream's own descriptor, below 0 where there is none
+};
+
 /// Between a path and its text in the program.
 std::filesystem::path PathFromText(std::string_view utf8);
 std::string TextFromPath(const std::filesystem::path& path);

@@ -138,6 +138,17 @@ std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {a
 
 void UseConsoleOfParent() {}
 
+SilentStandardError::SilentStandardError() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
+    const Descriptor nowhere(::open("/dev/null", O_WRONLY | O_CLOEXEC));
+    if (kept_ >= 0 && nowhere.IsOpen()) ::dup2(nowhere.Number(), STDERR_FILENO);
+}
+
+SilentStandardError::~SilentStandardError() {
+    if (kept_ < 0) return;
+    ::dup2(kept_, STDERR_FILENO);
+    ::close(kept_);
+}
+
 std::filesystem::path PathFromText(std::string_view utf8) { return utf8; }
 
 std::string TextFromPath(const std::filesystem::path& path) { return path.string(); }

@@ -269,6 +269,23 @@ void UseConsoleOfParent() {
         if (::_fileno(stream) >= 0) ::_setmode(::_fileno(stream), _O_BINARY);
 }
 
+// A program with a window may have no such stream at all, and then no number for it either. Where it has one, it may
+// hold words back, unlike elsewhere.
+SilentStandardError::SilentStandardError() : kept_(::_fileno(stderr) < 0 ? -1 : ::_dup(::_fileno(stderr))) {
+    const int nowhere = ::_open("NUL", _O_WRONLY);
+    if (nowhere < 0) return;
+    std::fflush(stderr);
+    if (kept_ >= 0) ::_dup2(nowhere, ::_fileno(stderr));
+    ::_close(nowhere);
+}
+
+SilentStandardError::~SilentStandardError() {
+    if (kept_ < 0) return;
+    std::fflush(stderr);
+    ::_dup2(kept_, ::_fileno(stderr));
+    ::_close(kept_);
+}
+
 std::filesystem::path PathFromText(std::string_view utf8) { return std::u8string(utf8.begin(), utf8.end()); }
 
 std::string TextFromPath(const std::filesystem::path& path) {

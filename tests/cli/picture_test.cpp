@@ -83,6 +83,9 @@ TEST_F(Picture, LiesOverItsBackground) {
 
 TEST_F(Picture, WithoutAPictureAsBackgroundIsRefusedAndNothingIsWritten) {
     WriteBytes(program_ / "empty.png", "");
+    Run({"--out", "whole.png"});
+    const std::string whole = BytesOf(program_ / "whole.png");
+    WriteBytes(program_ / "half.png", whole.substr(0, whole.size() / 2));
     const auto refused = [&](const char* background, const std::string& line) {
         const Finished finished = Run({"--out", "a.png", "--background", background});
         EXPECT_EQ(finished.ExitStatus, 1);
@@ -94,6 +97,7 @@ TEST_F(Picture, WithoutAPictureAsBackgroundIsRefusedAndNothingIsWritten) {
 
     refused("x.trk", "pistaro: Invalid picture: x.trk: ");
     refused("empty.png", "pistaro: Invalid picture: empty.png: ");
+    refused("half.png", "pistaro: Invalid picture: half.png: ");
     refused("none.png", "pistaro: File not found: none.png\n");
 }
 
