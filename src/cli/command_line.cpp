@@ -9,6 +9,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <charconv>
 #include <functional>
 
 namespace pistaro {
@@ -40,6 +42,15 @@ std::string WhyNoPictureFile(const std::string& name) {
     } catch (const Fault& fault) {
         return fault.what();
     }
+}
+
+/// An option's check: empty for a whole number of pixels in plain digits; the parser by itself would take "010" for 8.
+std::string WhyNoSize(const std::string& text) {
+    int pixels = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, pixels);
+    const bool plain = error == std::errc() && stop == end && !text.starts_with('0');
+    return plain && pixels >= 1 && pixels <= 10000 ? "" : "\"" + text + "\" is no whole number from 1 to 10000";
 }
 
 using Job = std::function<void(const VerbContext&)>;
@@ -106,7 +117,7 @@ private:
         verb->add_option("--out", given_.Out, "The picture file: .bmp, .png, .gif or .jpg")
             ->required()
             ->check(WhyNoPictureFile);
-        verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(CLI::Range(1, 10000));
+        verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(WhyNoSize);
         verb->add_flag("--numbers", given_.Numbers, "Print the elements' numbers");
         verb->add_option("--background", given_.Background, "A picture that lies behind the drawing");
     }
@@ -165,10 +176,31 @@ bool LooksLikeCircuit(const std::string& name) {
            toldByTheLoad;
 }
 
+/// "--settings=" and its like: the parser would take the next argument for the value, be it the verb.
+std::optional<std::string> OptionWithoutValue(const std::vector<std::string>& arguments) {
+    const auto end = std::ranges::find(arguments, "--");
+    const auto found = std::find_if(arguments.begin(), end, [](const std::string& argument) {
+        return argument.starts_with("--") && argument.ends_with('=');
+    });
+    return found == end ? std::nullopt : std::optional(*found);
+}
+
 /// The help of the verb that the arguments name, else of the program.
 std::string Usage(const CLI::App& app) {
     const auto named = app.get_subcommands();
     return named.empty() ? app.help() : named.front()->help(app.get_name());
+}
+
+/// The program's own options; gives the one that takes the designer's circuit.
+const CLI::Option* AddProgramOptions(CLI::App& app, Arguments& values) {
+    app.allow_windows_style_options(false); // "/" begins a path, there as elsewhere
+    app.set_version_flag("--version", std::string("pistaro ") + Version);
+    app.add_option("--settings", values.Settings, "The settings file, in place of the usual one");
+    app.add_flag("--no-splash", values.NoSplash, "Open the designer without its opening picture");
+    app.fallthrough(); // so that --settings goes before and behind the verb
+    app.require_subcommand(0, 1);
+    app.footer("--settings FILE goes with every verb: that file in place of the usual settings file.");
+    return app.add_option("CIRCUIT", values.DesignerCircuit, "The circuit that the designer opens");
 }
 
 /// Does a verb's job, and gives the exit status.
@@ -189,25 +221,18 @@ CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std:
                                  std::ostream& errors) {
     CLI::App app("Pistaro, a layout designer for slot-car racing track.", "pistaro");
     Arguments values;
-    app.allow_windows_style_options(false); // "/" begins a path, there as elsewhere
-    app.set_version_flag("--version", std::string("pistaro ") + Version);
-    app.add_option("--settings", values.Settings, "The settings file, in place of the usual one");
-    const CLI::Option* const designerCircuit =
-        app.add_option("CIRCUIT", values.DesignerCircuit, "The circuit that the designer opens");
-    app.add_flag("--no-splash", values.NoSplash, "Open the designer without its opening picture");
-    app.fallthrough(); // so that --settings goes before and behind the verb
-    app.require_subcommand(0, 1);
-    app.footer("--settings FILE goes with every verb: that file in place of the usual settings file.");
+    const CLI::Option* const designerCircuit = AddProgramOptions(app, values);
     VerbParser verbs(app, values);
     const auto usage = [&](const std::string& reason) {
         errors << "pistaro: " << reason << '\n' << Usage(app);
         return CommandLineResult{2, std::nullopt};
     };
+    if (const auto option = OptionWithoutValue(arguments)) return usage(*option + " has no value");
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Success& success) { // help or version
-        app.exit(success, output, errors);
-        return {};
+        const Job print = [&](const VerbContext& context) { app.exit(success, context.Output, context.Errors); };
+        return {ExitStatusOf(print, {std::nullopt, input, output, errors}), std::nullopt};
     } catch (const CLI::ParseError& error) {
         return usage(error.what());
     }

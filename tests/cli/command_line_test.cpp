@@ -82,8 +82,19 @@ TEST_F(CommandLine, WrongUsagePrintsTheUsageOnTheErrorStream) {
     ExpectUsage(program_.Run({"picture", "oval.trk"}), "--out is required");
     ExpectUsage(program_.Run({"picture", "oval.trk", "--out", "a.png", "--size", "0"}), "--size");
     ExpectUsage(program_.Run({"picture", "oval.trk", "--out", "a.png", "--size", "large"}), "");
+    for (const char* const size : {"010", "0x10", " 5", "5.0", "-5", "10001", "99999999999", ""})
+        ExpectUsage(program_.Run({"picture", "oval.trk", "--out", "a.png", "--size", size}),
+                    "--size: \"" + std::string(size) + "\" is no whole number from 1 to 10000");
     ExpectUsage(program_.Run({"picture", "oval.trk", "--out", "a.tif"}), "--out: Unknown picture format: a.tif");
     ExpectUsage(program_.Run({"picture", "oval.trk", "--out", "png"}), "--out: Unknown picture format: png");
+}
+
+TEST_F(CommandLine, AnOptionWithoutItsValueDoesNotTakeTheNextArgument) {
+    ExpectUsage(program_.Run({"--settings=", "layout", "oval.trk"}), "--settings= has no value\n");
+    ExpectUsage(program_.Run({"shop", "--out=", "oval.trk"}), "--out= has no value\n");
+
+    WriteBytes(program_ / "--x=", CircuitText("C160"));
+    EXPECT_EQ(program_.Run({"layout", "--", "--x="}).Output, program_.Run({"layout", "oval.trk"}).Output);
 }
 
 TEST_F(CommandLine, ACircuitNamedLikeAVerbIsACircuit) {
@@ -190,11 +201,14 @@ TEST_F(CommandLine, LookingAtACircuitLeavesTheNamedSettingsFileAlone) {
 }
 
 TEST_F(CommandLine, AFullDiskBehindTheOutputIsAnError) {
-    const std::string command = std::string(PROGRAM) + " catalogue >/dev/full 2>" + (program_ / "errors").string();
+    for (const std::string arguments : {" catalogue", " --help", " layout --help", " --version"}) {
+        const std::string command =
+            std::string(PROGRAM) + arguments + " >/dev/full 2>" + (program_ / "errors").string();
 
-    EXPECT_NE(std::system(command.c_str()), 0);
+        EXPECT_NE(std::system(command.c_str()), 0) << arguments;
 
-    EXPECT_EQ(BytesOf(program_ / "errors"), "pistaro: Disk full: the standard output\n");
+        EXPECT_EQ(BytesOf(program_ / "errors"), "pistaro: Disk full: the standard output\n") << arguments;
+    }
 }
 
 } // namespace pistaro
