@@ -55,6 +55,7 @@ void RunById(Script& script, const std::string& id, int times = 1) {
 }
 
 void RunOnFile(Script& script, const Words& words) {
+    if (words[1].empty()) throw Refused("\"" + words[0] + "\" wants the name of a file");
     ScriptPrompts prompts(PathFromText(words[1]));
     Run(*FindCommand(words[0]), script.Design, prompts);
 }

@@ -124,6 +124,15 @@ TEST_F(Script, ARefusedLoadLeavesNothingHalfDone) {
     EXPECT_THAT(finished.Errors, StartsWith("pistaro: -, line 3: Input past end of file: short.trk, line "));
 }
 
+TEST_F(Script, RefusesAnEmptyFileName) {
+    for (const std::string command : {"load", "save"}) {
+        const Finished finished = program_.Run({"script", "-"}, command + " \"\"\n");
+
+        EXPECT_EQ(finished.ExitStatus, 1);
+        EXPECT_EQ(finished.Errors, "pistaro: -, line 1: Refused: \"" + command + "\" wants the name of a file\n");
+    }
+}
+
 TEST_F(Script, ARefusedSaveLeavesNoFile) {
     const Finished finished = program_.Run({"script", "-"}, "save none/x.trk\n");
 
