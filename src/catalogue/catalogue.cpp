@@ -121,7 +121,7 @@ Catalogue InitCatalogue() {
 
 int FindRow(const Catalogue& catalogue, std::string_view code) {
     for (int row = 0; row < CatalogueCount; ++row) {
-        if (catalogue[static_cast<std::size_t>(row)].Code == code) return row;
+        if (Entry(catalogue, row).Code == code) return row;
     }
     return -1;
 }
@@ -130,7 +130,7 @@ int FindHeadRow(const Catalogue& catalogue, std::string_view product) {
     constexpr std::size_t paddedCode = 20;
     for (int row = 0; row < CatalogueCount; ++row) {
         if (!IsHeadRow(catalogue, row)) continue;
-        std::string code(catalogue[static_cast<std::size_t>(row)].Code);
+        std::string code(Entry(catalogue, row).Code);
         code.resize(paddedCode, ' ');
         if (std::string_view(code).substr(0, product.size()) == product) return row;
     }

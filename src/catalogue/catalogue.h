@@ -25,14 +25,22 @@ struct CatalogueEntry {
     float Price = 0;             ///< the user's best price for one, on head rows
 };
 
-inline constexpr int CatalogueShapeCount = 28; ///< rows 0..27 are the basic shapes, the others borrow one of them
-inline constexpr int CatalogueCount = 39;      ///< rows in use; no loop runs past them
+/// Rows 0..27 are the basic shapes, the others borrow one of them. There are as many products: statistics and settings
+/// look at that many of the 29 head rows' lines.
+inline constexpr int CatalogueShapeCount = 28;
+inline constexpr int CatalogueCount = 39; ///< rows in use; no loop runs past them
 
 /// Rows 0..38 are filled, rows 39..50 stay empty.
 using Catalogue = std::array<CatalogueEntry, 51>;
 
 /// The catalogue with every count and price at zero.
 Catalogue InitCatalogue();
+
+/// The entry of a row, which must be one of the catalogue's.
+inline CatalogueEntry& Entry(Catalogue& catalogue, int row) { return catalogue[static_cast<std::size_t>(row)]; }
+inline const CatalogueEntry& Entry(const Catalogue& catalogue, int row) {
+    return catalogue[static_cast<std::size_t>(row)];
+}
 
 /// The first row whose code equals `code`, or -1.
 int FindRow(const Catalogue& catalogue, std::string_view code);
@@ -42,9 +50,7 @@ int FindRow(const Catalogue& catalogue, std::string_view code);
 int FindHeadRow(const Catalogue& catalogue, std::string_view product);
 
 /// Whether `row` is a product's head row: the one that carries its counts and its price.
-inline bool IsHeadRow(const Catalogue& catalogue, int row) {
-    return catalogue[static_cast<std::size_t>(row)].StockIndex == row;
-}
+inline bool IsHeadRow(const Catalogue& catalogue, int row) { return Entry(catalogue, row).StockIndex == row; }
 
 /// 'L' or 'R' where the code names a hand, else 0.
 char Hand(std::string_view code);

@@ -9,7 +9,7 @@ Json StockJson(const Catalogue& catalogue) {
     Json stock = Json::object();
     for (int row = 0; row < CatalogueCount; ++row) {
         if (!IsHeadRow(catalogue, row)) continue;
-        const CatalogueEntry& entry = catalogue[static_cast<std::size_t>(row)];
+        const CatalogueEntry& entry = Entry(catalogue, row);
         stock[std::string(entry.Code)] = {{"owned", entry.OwnedCount}, {"price", Number(entry.Price)}};
     }
     return stock;

@@ -10,7 +10,7 @@ namespace pistaro {
 
 namespace {
 
-int ShapeOf(const Catalogue& catalogue, int row) { return catalogue[static_cast<std::size_t>(row)].ShapeIndex; }
+int ShapeOf(const Catalogue& catalogue, int row) { return Entry(catalogue, row).ShapeIndex; }
 
 } // namespace
 
@@ -45,7 +45,7 @@ int OwnedLessUsedPieces(const Project& project, std::string_view code) {
     int remaining = 0;
     for (int product = 0; product < CatalogueCount; ++product) {
         if (!IsHeadRow(catalogue, product) || ShapeOf(catalogue, product) != ShapeOf(catalogue, row)) continue;
-        const CatalogueEntry& entry = catalogue[static_cast<std::size_t>(product)];
+        const CatalogueEntry& entry = Entry(catalogue, product);
         remaining += entry.OwnedCount - entry.UsedCount;
     }
     return remaining;

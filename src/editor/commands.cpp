@@ -84,8 +84,7 @@ void AddBuildingCommands(std::vector<Command>& commands) {
                             Quietly([code](Project& project) { AddPiece(project, code); })});
     }
     for (const std::string_view variant : Variants) {
-        const int row = FindHeadRow(catalogue, variant);
-        const std::string name(catalogue[static_cast<std::size_t>(row)].LongName);
+        const std::string name(Entry(catalogue, FindHeadRow(catalogue, variant)).LongName);
         commands.push_back({"replace " + std::string(variant), "mnu" + std::string(variant), "",
                             std::string(variant) + "  " + name, "Replace the selected piece by this one", "", false,
                             ReplacesSelected(variant),

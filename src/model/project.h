@@ -42,7 +42,4 @@ void ApplyStock(Catalogue& catalogue, const Settings& settings);
 /// system and Insert mode stay.
 void NewProject(Project& project);
 
-/// The catalogue row `row`, which must be one of its rows.
-inline CatalogueEntry& Entry(Project& project, int row) { return project.Pieces[static_cast<std::size_t>(row)]; }
-
 } // namespace pistaro

@@ -8,7 +8,7 @@ namespace {
 bool TakeFromStock(Catalogue& catalogue, const std::string& code) {
     const int row = FindRow(catalogue, code);
     if (row < 0) return true;
-    CatalogueEntry& product = catalogue[static_cast<std::size_t>(catalogue[static_cast<std::size_t>(row)].StockIndex)];
+    CatalogueEntry& product = Entry(catalogue, Entry(catalogue, row).StockIndex);
     ++product.UsedCount;
     return product.UsedCount <= product.OwnedCount;
 }

@@ -61,7 +61,7 @@ void WritePiecePictures(Project& project, const GuidePictures& pictures, Picture
     SetPieceView(shown);
     try {
         for (int row = 0; row < CatalogueCount; ++row) {
-            const std::string_view code = Entry(shown, row).Code;
+            const std::string_view code = Entry(shown.Pieces, row).Code;
             writer.Write(PiecePictureName(code), [&] { return pictures.Piece(shown, code); });
         }
     } catch (const PictureProblem&) {

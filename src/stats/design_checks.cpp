@@ -100,7 +100,7 @@ constexpr std::array<Substitution, 4> Substitutions{{
 std::int16_t RemainingOwned(const Catalogue& catalogue, const StockTally& circuit, std::string_view code) {
     const TallyRow* const row = FindTallyRow(circuit, code);
     if (row == nullptr) return 0;
-    return Count(catalogue[static_cast<std::size_t>(FindHeadRow(catalogue, code))].OwnedCount - row->TrackCount);
+    return Count(Entry(catalogue, FindHeadRow(catalogue, code)).OwnedCount - row->TrackCount);
 }
 
 std::vector<Message> DesignChecks(const Project& project) {

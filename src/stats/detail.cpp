@@ -13,7 +13,7 @@ namespace {
 
 void LeaveOutOwned(const Catalogue& catalogue, StockTally& tally) {
     for (auto row = tally.begin(); row != tally.begin() + CatalogueShapeCount; ++row) {
-        const int owned = catalogue[static_cast<std::size_t>(FindHeadRow(catalogue, row->StockCode))].OwnedCount;
+        const int owned = Entry(catalogue, FindHeadRow(catalogue, row->StockCode)).OwnedCount;
         row->TrackCount = std::max<std::int16_t>(0, Count(row->TrackCount - owned));
     }
 }
@@ -27,7 +27,7 @@ float TotalPriceOf(const Catalogue& catalogue, const StockTally& tally) {
     float total = 0;
     for (int row = 0; row < CatalogueCount; ++row) {
         if (!IsHeadRow(catalogue, row)) continue;
-        const CatalogueEntry& product = catalogue[static_cast<std::size_t>(row)];
+        const CatalogueEntry& product = Entry(catalogue, row);
         total = Single(total + static_cast<double>(CountOf(tally, ProductCode(product.Code))) * product.Price);
     }
     return total;

@@ -28,7 +28,7 @@ void CountPiece(StockTally& tally, std::string_view code) {
 StockTally ResetStockTally(const Catalogue& catalogue) {
     StockTally tally;
     for (int row = 0; row < CatalogueCount; ++row) {
-        if (IsHeadRow(catalogue, row)) tally.push_back({ProductCode(catalogue[static_cast<std::size_t>(row)].Code)});
+        if (IsHeadRow(catalogue, row)) tally.push_back({ProductCode(Entry(catalogue, row).Code)});
     }
     return tally;
 }
@@ -46,8 +46,8 @@ void MeasureTrack(const Project& project, int track, Measurement& sum) {
     float right = 0;
     for (const std::string& code : project.Layout.Tracks[static_cast<std::size_t>(track)].ElementCodes) {
         if (const int row = FindRow(catalogue, code); row >= 0) {
-            const CatalogueEntry& piece = catalogue[static_cast<std::size_t>(row)];
-            const CatalogueEntry& product = catalogue[static_cast<std::size_t>(piece.StockIndex)];
+            const CatalogueEntry& piece = Entry(catalogue, row);
+            const CatalogueEntry& product = Entry(catalogue, piece.StockIndex);
             sum.TrackPrice = Single(static_cast<double>(sum.TrackPrice) + product.Price);
             if (piece.LaneChange) lanesSwapped = !lanesSwapped;
             left = piece.LaneLength1;

@@ -79,7 +79,7 @@ bool FillStockBoxes(const Project& project, StockBoxes& boxes) {
     for (StockBox& box : boxes) {
         const int row = FindHeadRow(project.Pieces, box.Tag);
         if (row < 0) return false;
-        const CatalogueEntry& entry = project.Pieces[static_cast<std::size_t>(row)];
+        const CatalogueEntry& entry = Entry(project.Pieces, row);
         box.Owned = NumberText(int{entry.OwnedCount});
         box.Price = NumberText(entry.Price);
     }

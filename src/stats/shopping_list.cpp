@@ -36,7 +36,7 @@ std::string ShoppingListBytes(const Project& project, const Detail& detail) {
     addLine("");
     for (int row = 0; row < CatalogueCount; ++row) {
         if (!IsHeadRow(project.Pieces, row)) continue;
-        const CatalogueEntry& product = project.Pieces[static_cast<std::size_t>(row)];
+        const CatalogueEntry& product = Entry(project.Pieces, row);
         const std::string_view code = ProductCode(product.Code);
         if (const int count = CountOf(detail, code); count > 0) addLine(ItemLine(count, code, product));
     }

@@ -17,8 +17,8 @@ Section StockSection(std::string_view header, const std::array<double, Catalogue
     Section section{header, {}};
     for (int row = 0; row < CatalogueCount; ++row) {
         if (!IsHeadRow(catalogue, row)) continue;
-        const auto at = static_cast<std::size_t>(row);
-        section.Lines.push_back(std::string(ProductCode(catalogue[at].Code)) + "=" + NumberText(valueByRow[at]));
+        const std::string product(ProductCode(Entry(catalogue, row).Code));
+        section.Lines.push_back(product + "=" + NumberText(valueByRow[static_cast<std::size_t>(row)]));
     }
     return section;
 }

@@ -154,7 +154,7 @@ void TrackPanel::RefreshSelection() {
     const std::string code = SelectedCode(project.Layout);
     const int row = FindRow(project.Pieces, code);
     lblselected_->setText(code.empty() ? "Nothing selected" : ListLine(project.Layout.Current()->CurrentElement, code));
-    const std::string_view name = row < 0 ? std::string_view() : project.Pieces[static_cast<std::size_t>(row)].LongName;
+    const std::string_view name = row < 0 ? std::string_view() : Entry(project.Pieces, row).LongName;
     lblElType_->setText(TextOf(name));
 }
 

@@ -11,7 +11,7 @@ namespace pistaro {
 namespace {
 
 const CatalogueEntry& EntryOf(const Catalogue& catalogue, std::string_view code) {
-    return catalogue[static_cast<std::size_t>(FindRow(catalogue, code))];
+    return Entry(catalogue, FindRow(catalogue, code));
 }
 
 struct ExpectedLanes {
@@ -105,7 +105,7 @@ TEST(Catalogue, TheRightHandOfASymmetricCurveIsCountedUnderItsLeftHand) {
     for (const char* const code :
          {"C151R", "C152R", "C153R", "C154R", "C156R", "C187R", "N10105R", "N10106R", "N10107R", "N10108R"}) {
         const int row = FindRow(catalogue, code);
-        EXPECT_EQ(catalogue[static_cast<std::size_t>(row)].StockIndex, row - 1) << code;
+        EXPECT_EQ(Entry(catalogue, row).StockIndex, row - 1) << code;
     }
 }
 

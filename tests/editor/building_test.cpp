@@ -153,7 +153,7 @@ TEST(Building, SwitchingTheSystemChangesNoCircuit) {
 
 TEST(Building, HoldingAButtonShowsNoFewerThanZeroWhileAllTogetherShowTheShortage) {
     Project project = ProjectOf("");
-    Entry(project, FindRow(project.Pieces, "C160")).OwnedCount = 1;
+    Entry(project.Pieces, FindRow(project.Pieces, "C160")).OwnedCount = 1;
 
     Add(project, "C160 C160 C160");
 
@@ -163,22 +163,22 @@ TEST(Building, HoldingAButtonShowsNoFewerThanZeroWhileAllTogetherShowTheShortage
 
 TEST(Building, BothHandsOfACurveAreTakenFromOneStock) {
     Project project = ProjectOf("");
-    Entry(project, FindRow(project.Pieces, "C151L")).OwnedCount = 5;
+    Entry(project.Pieces, FindRow(project.Pieces, "C151L")).OwnedCount = 5;
 
     Add(project, "C151L C151R C151R");
 
     EXPECT_EQ(RemainingPieces(project, "C151L"), 2);
     EXPECT_EQ(RemainingPieces(project, "C151R"), 2);
-    EXPECT_EQ(Entry(project, FindRow(project.Pieces, "C151L")).UsedCount, 3);
-    EXPECT_EQ(Entry(project, FindRow(project.Pieces, "C151R")).UsedCount, 0);
+    EXPECT_EQ(Entry(project.Pieces, FindRow(project.Pieces, "C151L")).UsedCount, 3);
+    EXPECT_EQ(Entry(project.Pieces, FindRow(project.Pieces, "C151R")).UsedCount, 0);
 }
 
 TEST(Building, AButtonsRemainderAddsAllProductsOfItsShape) {
     Project project = ProjectOf("C8010L C8010R C151R");
-    Entry(project, FindRow(project.Pieces, "C151L")).OwnedCount = 4;
-    Entry(project, FindRow(project.Pieces, "C8010L")).OwnedCount = 3;
-    Entry(project, FindRow(project.Pieces, "C154L")).OwnedCount = 100; // a shape of its own
-    Press(project, "move up");                                         // recounts
+    Entry(project.Pieces, FindRow(project.Pieces, "C151L")).OwnedCount = 4;
+    Entry(project.Pieces, FindRow(project.Pieces, "C8010L")).OwnedCount = 3;
+    Entry(project.Pieces, FindRow(project.Pieces, "C154L")).OwnedCount = 100; // a shape of its own
+    Press(project, "move up");                                                // recounts
 
     EXPECT_EQ(RemainingPieces(project, "C151R"), 4);
     EXPECT_EQ(OwnedLessUsedPieces(project, "C151L"), 4);

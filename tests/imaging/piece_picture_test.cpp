@@ -49,7 +49,7 @@ protected:
 
 TEST_F(PiecePictures, AreAsHighAndWideAsEachOtherAndBearTheirCodes) {
     for (int row = 0; row < CatalogueCount; ++row) {
-        const std::string_view code = Design.Pieces[static_cast<std::size_t>(row)].Code;
+        const std::string_view code = Entry(Design.Pieces, row).Code;
         const QImage picture = Picture(code);
         EXPECT_EQ(picture.size(), QSize(96, 160)) << code;
         EXPECT_TRUE(HasCaption(picture)) << code;
@@ -58,7 +58,7 @@ TEST_F(PiecePictures, AreAsHighAndWideAsEachOtherAndBearTheirCodes) {
 
 TEST_F(PiecePictures, ShowEveryPieceCentredAndWhole) {
     for (int row = 0; row < CatalogueCount; ++row) {
-        const std::string_view code = Design.Pieces[static_cast<std::size_t>(row)].Code;
+        const std::string_view code = Entry(Design.Pieces, row).Code;
         const QRect drawing = DrawingIn(Picture(code));
         EXPECT_NEAR((drawing.left() + drawing.right() + 1) / 2.0, 48, 1.01) << code;
         EXPECT_NEAR((drawing.top() + drawing.bottom() + 1) / 2.0, 80, 1.01) << code;
@@ -82,7 +82,7 @@ TEST_F(PiecePictures, AreOfOneScaleOfThreePixelsACentimetre) {
 TEST_F(PiecePictures, TellAllPiecesApartEvenWithoutTheirCodes) {
     std::map<std::string, std::string_view> seen;
     for (int row = 0; row < CatalogueCount; ++row) {
-        const std::string_view code = Design.Pieces[static_cast<std::size_t>(row)].Code;
+        const std::string_view code = Entry(Design.Pieces, row).Code;
         const QImage drawing = Picture(code).copy(0, 0, 96, CaptionTop).convertToFormat(QImage::Format_RGB32);
         const std::string pixels(reinterpret_cast<const char*>(drawing.constBits()),
                                  static_cast<std::size_t>(drawing.sizeInBytes()));

@@ -57,7 +57,7 @@ TEST(StatisticsFrames, InInchesALengthOf254CmShows100) {
 
 TEST(StatisticsFrames, InCentimetresALengthOf99Point9Shows99) {
     Project project = ProjectOf("C160");
-    Entry(project, FindRow(project.Pieces, "C160")).LaneLength1 = 99.9F;
+    Entry(project.Pieces, FindRow(project.Pieces, "C160")).LaneLength1 = 99.9F;
 
     EXPECT_EQ(StatisticsFrames(project)[0].Left, "99");
 }

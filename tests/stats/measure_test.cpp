@@ -91,7 +91,7 @@ TEST(MeasureTrack, BehindAChangeOverLeftAndRightAreCrossed) {
 
 TEST(MeasureTrack, AChangeOversOwnLengthsAreAlreadyCrossed) {
     Project project = ProjectOf("C8006");
-    Entry(project, FindRow(project.Pieces, "C8006")).LaneLength1 = 30;
+    Entry(project.Pieces, FindRow(project.Pieces, "C8006")).LaneLength1 = 30;
 
     const Measurement sum = Measure(project, 0);
 

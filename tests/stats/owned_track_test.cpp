@@ -28,7 +28,7 @@ protected:
     StockBox& Box(const std::string& product) { return *std::ranges::find(boxes_, product, &StockBox::Tag); }
 
     const CatalogueEntry& Row(const std::string& code) const {
-        return project_.Pieces[static_cast<std::size_t>(FindRow(project_.Pieces, code))];
+        return Entry(project_.Pieces, FindRow(project_.Pieces, code));
     }
 
     /// The text with which saving these boxes is refused, file and catalogue being as before.
@@ -55,7 +55,7 @@ TEST_F(OwnedTrack, HasABoxForEachOfTheTwentyEightProducts) {
         tags.insert(box.Tag);
     std::set<std::string> products;
     for (int row = 0; row < CatalogueCount; ++row) {
-        if (IsHeadRow(project_.Pieces, row)) products.emplace(ProductCode(Entry(project_, row).Code));
+        if (IsHeadRow(project_.Pieces, row)) products.emplace(ProductCode(Entry(project_.Pieces, row).Code));
     }
     EXPECT_EQ(tags.size(), 28U);
     EXPECT_EQ(tags, products);
@@ -70,7 +70,7 @@ TEST_F(OwnedTrack, StandsInFourFramesWithTwentyEightProducts) {
 }
 
 TEST_F(OwnedTrack, OpensWithCountsAsDigitsAndPricesInTheShortestForm) {
-    CatalogueEntry& leftHand = Entry(project_, FindRow(project_.Pieces, "C8010L"));
+    CatalogueEntry& leftHand = Entry(project_.Pieces, FindRow(project_.Pieces, "C8010L"));
     leftHand.OwnedCount = 12;
     leftHand.Price = 0.5F;
 
@@ -142,7 +142,7 @@ TEST_F(OwnedTrack, KeepsTheTwentyNinthLineOfASectionBehindTheTwentyNineNewOnes) 
 
 TEST_F(OwnedTrack, LeavesValuesOfAMissingSectionAsTheyWere) {
     Start(ProductLines("[My Loose Track]"));
-    Entry(project_, FindRow(project_.Pieces, "C160")).Price = 6;
+    Entry(project_.Pieces, FindRow(project_.Pieces, "C160")).Price = 6;
     FillStockBoxes(project_, boxes_);
     Type("C160", "5", "8");
 

@@ -65,7 +65,7 @@ TEST(ShoppingList, ANameFills22ColumnsAndIsCutThere) {
     EXPECT_THAT(ListOf(ProjectOf("C154R")), HasSubstr("(standard curve 22.5\xB0) at "));
 
     Project longNamed = ProjectOf("C160");
-    Entry(longNamed, FindRow(longNamed.Pieces, "C160")).LongName = "a straight of 21 char";
+    Entry(longNamed.Pieces, FindRow(longNamed.Pieces, "C160")).LongName = "a straight of 21 char";
     EXPECT_THAT(ListOf(longNamed), HasSubstr("(a straight of 21 char at "));
 }
 

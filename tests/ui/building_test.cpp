@@ -8,7 +8,7 @@ using Building = WindowTest;
 namespace {
 
 Project Owning(Project project, const std::string& code, std::int16_t owned) {
-    Entry(project, FindRow(project.Pieces, code)).OwnedCount = owned;
+    Entry(project.Pieces, FindRow(project.Pieces, code)).OwnedCount = owned;
     return project;
 }
 

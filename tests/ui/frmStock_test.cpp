@@ -23,9 +23,7 @@ protected:
         throw std::logic_error(product);
     }
 
-    const CatalogueEntry& Row(const char* code) const {
-        return project_.Pieces[static_cast<std::size_t>(FindRow(project_.Pieces, code))];
-    }
+    const CatalogueEntry& Row(const char* code) const { return Entry(project_.Pieces, FindRow(project_.Pieces, code)); }
 };
 
 TEST_F(FrmStock, ShowsTwentyEightPairsOfBoxesInFourFrames) {
@@ -46,8 +44,8 @@ TEST_F(FrmStock, ShowsTwentyEightPairsOfBoxesInFourFrames) {
 TEST_F(FrmStock, IsModeless) { EXPECT_FALSE(dialog_->isModal()); }
 
 TEST_F(FrmStock, OpensWithTheCatalogueCountsAndPrices) {
-    Entry(project_, FindRow(project_.Pieces, "C151L")).OwnedCount = 12;
-    Entry(project_, FindRow(project_.Pieces, "C151L")).Price = 4.5F;
+    Entry(project_.Pieces, FindRow(project_.Pieces, "C151L")).OwnedCount = 12;
+    Entry(project_.Pieces, FindRow(project_.Pieces, "C151L")).Price = 4.5F;
     Open();
     EXPECT_EQ(Text("txtDsp", IndexOf("C151")), "12");
     EXPECT_EQ(Text("txtPrc", IndexOf("C151")), "4.5");
@@ -55,7 +53,7 @@ TEST_F(FrmStock, OpensWithTheCatalogueCountsAndPrices) {
 }
 
 TEST_F(FrmStock, WhatIsTypedFirstReplacesTheFirstCount) {
-    Entry(project_, FindRow(project_.Pieces, "C160")).OwnedCount = 12;
+    Entry(project_.Pieces, FindRow(project_.Pieces, "C160")).OwnedCount = 12;
     Open();
     dialog_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
