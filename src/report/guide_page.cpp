@@ -39,8 +39,9 @@ std::string GuidePage(const Project& project) {
                        "</center>\r\n"
                        "<p><h2>TRACK DESCRIPTION</h2>\r\n"
                        "<br>\r\n";
-    for (int track = 0; track < TrackCount; ++track)
-        AddTrack(page, track + 1, project.Layout.Tracks[static_cast<std::size_t>(track)]);
+    int number = 0;
+    for (const Track& track : project.Layout.Tracks)
+        AddTrack(page, ++number, track);
     page += "</font><br><hr></body></html>\r\n";
     return Windows1252FromUtf8(page);
 }

@@ -79,9 +79,9 @@ CircuitFile ParseCircuit(std::string_view bytes, const std::string& name) {
     lines.Next("[Room]");
     file.Room = ReadRoomBlock(lines);
     lines.Next("[Track 0]");
-    for (int track = 0; track < TrackCount; ++track) {
-        file.Tracks[static_cast<std::size_t>(track)] = ReadTrack(lines, track + 1);
-    }
+    int number = 0;
+    for (Track& track : file.Tracks)
+        track = ReadTrack(lines, ++number);
     return file;
 }
 
@@ -95,9 +95,9 @@ std::string CircuitBytes(const Project& project) {
     lines << "[Room]";
     for (const std::string& line : RoomBlockLines(project.Room))
         lines << line;
-    for (int track = 0; track < TrackCount; ++track) {
-        WriteTrack(lines, project.Layout.Tracks[static_cast<std::size_t>(track)], track);
-    }
+    int index = 0;
+    for (const Track& track : project.Layout.Tracks)
+        WriteTrack(lines, track, index++);
     return lines.Take();
 }
 
