@@ -23,25 +23,14 @@ Section StockSection(std::string_view header, const std::array<double, Catalogue
     return section;
 }
 
-/// Drops the lines that a section's writer replaces.
-void DropOldLines(LineReader& lines, std::string_view header) {
-    const auto drop = [&](int count) {
-        for (int i = 0; i < count; ++i)
-            lines.Next("a line of " + std::string(header));
-    };
-    if (header == RoomSection) {
-        drop(RoomPointCountIn(lines, lines.Next("the number of room points")));
-    } else if (header == WorkingDirectorySection) {
-        drop(1);
-    } else if (header == ViewSection) {
-        drop(4);
-    } else if (header == ColoursSection) {
-        drop(6);
-    } else if (header == LooseTrackSection || header == BestPricesSection) {
-        drop(CatalogueShapeCount);
-    } else { // units and grid
-        drop(2);
+/// How many old lines the section takes the place of: as many as it has itself, but for the lists of products, which
+/// get one line more than they are read with, and for the room, whose points are counted in its first line.
+std::size_t OldLineCount(LineReader& lines, const Section& section) {
+    if (section.Header == RoomSection) {
+        return static_cast<std::size_t>(RoomPointCountIn(lines, lines.Next("the number of room points")));
     }
+    const bool isProductList = section.Header == LooseTrackSection || section.Header == BestPricesSection;
+    return isProductList ? CatalogueShapeCount : section.Lines.size();
 }
 
 } // namespace
@@ -91,7 +80,8 @@ std::string ReplaceSections(std::string_view bytes, const std::string& name, con
         write(line);
         const auto own = std::ranges::find(sections, line, &Section::Header);
         if (own == sections.end()) continue;
-        DropOldLines(lines, own->Header);
+        for (std::size_t old = OldLineCount(lines, *own); old > 0; --old)
+            lines.Next("a line of " + std::string(own->Header));
         std::ranges::for_each(own->Lines, write);
     }
     return replaced;
