@@ -1,4 +1,4 @@
-// The verbs that read and show.
+// Each verb's job: settings and circuit are read, the core does the work, the result is printed.
 #include "cli/verbs.h"
 
 #include "cli/catalogue_json.h"
@@ -9,8 +9,10 @@
 #include "cli/stats_json.h"
 #include "editor/circuit_commands.h"
 #include "imaging/circuit_picture.h"
+#include "imaging/piece_picture.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
+#include "report/guide.h"
 #include "stats/shopping_list.h"
 #include "storage/line_reader.h"
 
@@ -53,6 +55,19 @@ void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, 
     const std::filesystem::path list = folder.value_or(circuit.parent_path()) / ShoppingListName;
     ReplaceFile(list, ShoppingListBytes(project, detail));
     context.Output << TextFromPath(list) << '\n';
+}
+
+void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& folder) {
+    constexpr const char* format = "gif";
+    Project project = StartWithCircuit(context, circuit);
+    const std::filesystem::path into = folder.value_or(circuit.parent_path());
+    project.WorkingDirectory = TextFromPath((into.empty() ? "." : into) / "");
+    const OffscreenGraphics graphics;
+    const GuidePictures pictures{
+        .Piece = [](const Project& design, std::string_view code) { return PiecePicture(design, code, format); },
+        .Circuit = [](Project& design) { return CircuitPicture(design, PictureOptions().Pixels, {}, format); }};
+    for (const std::filesystem::path& file : WriteGuide(project, pictures, [](int, int) {}))
+        context.Output << TextFromPath(into / file.filename()) << '\n';
 }
 
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options) {
