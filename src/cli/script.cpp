@@ -34,12 +34,6 @@ private:
     std::optional<std::filesystem::path> file_;
 };
 
-struct Script {
-    Project& Design;
-    std::ostream& Output;
-    ScriptDialogs Dialogs;
-};
-
 void Run(const Command& command, Project& project, Prompts& prompts) {
     const std::string whyNot = command.WhyNot(project);
     if (!whyNot.empty()) throw Refused("\"" + command.Id + "\" is not offered now: " + whyNot);
@@ -87,18 +81,12 @@ void PrintState(Script& script, const Words&) { script.Output << Line(StateJson(
 
 void PrintLayout(Script& script, const Words&) { script.Output << Line(LayoutJson(script.Design.Layout)) << std::endl; }
 
-/// A command of one of the dialogs.
-template <void (*Command)(ScriptDialogs&, const Words&)>
-void RunDialog(Script& script, const Words& words) {
-    RequireSettingsFile(script.Dialogs);
-    Command(script.Dialogs, words);
-}
-
 /// A row whose words behind the first are its values.
 struct ValueCommand {
     std::string_view Name;
     std::size_t LeastWords, MostWords;
     void (*Run)(Script&, const Words&);
+    bool IsOfDialog = false; ///< refused unless a settings file was named that the dialogs may write
 };
 
 constexpr std::size_t AnyNumber = 100000;
@@ -112,11 +100,11 @@ constexpr std::array ValueCommands{
     ValueCommand{"scroll", 3, 3, Scroll},
     ValueCommand{"state", 1, 1, PrintState},
     ValueCommand{"layout", 1, 1, PrintLayout},
-    ValueCommand{"colours", 2, AnyNumber, RunDialog<RunColours>},
-    ValueCommand{"stock", 2, AnyNumber, RunDialog<RunStock>},
-    ValueCommand{"area", 2, AnyNumber, RunDialog<RunArea>},
-    ValueCommand{"room", 3, 6, RunDialog<RunRoom>},
-    ValueCommand{"settings", 1, 1, RunDialog<PrintSettings>},
+    ValueCommand{"colours", 2, AnyNumber, RunColours, true},
+    ValueCommand{"stock", 2, AnyNumber, RunStock, true},
+    ValueCommand{"area", 2, AnyNumber, RunArea, true},
+    ValueCommand{"room", 3, 6, RunRoom, true},
+    ValueCommand{"settings", 1, 1, PrintSettings, true},
 };
 
 /// A line that is a command's id, with the number of times behind it where the command can be repeated.
@@ -141,6 +129,8 @@ void RunLine(Script& script, const std::string& line) {
         if (command.Name != words[0]) continue;
         if (words.size() < command.LeastWords) throw Refused("\"" + words[0] + "\" wants more words behind it");
         if (words.size() > command.MostWords) throw Refused("there are too many words behind \"" + words[0] + "\"");
+        if (command.IsOfDialog && script.Design.SettingsPath.empty())
+            throw Refused("the dialogs want a settings file named by --settings");
         command.Run(script, words);
         return;
     }
@@ -152,7 +142,7 @@ void RunLine(Script& script, const std::string& line) {
 
 void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output,
                const std::vector<Message>& warnings) {
-    Script running{project, output, {project, output, warnings, std::nullopt}};
+    Script running{project, output, warnings, std::nullopt};
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     int number = 0;
     for (std::string line; NextScriptLine(script, line);) {

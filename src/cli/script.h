@@ -15,6 +15,6 @@ namespace pistaro {
 /// `name` and the line's number; what earlier lines did and printed stays. `warnings` are those that reading the
 /// settings gave.
 void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output,
-               const std::vector<Message>& warnings = {});
+               const std::vector<Message>& warnings);
 
 } // namespace pistaro

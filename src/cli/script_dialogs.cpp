@@ -105,45 +105,41 @@ void RequireWords(const Words& words, std::size_t number) {
 
 } // namespace
 
-void RequireSettingsFile(const ScriptDialogs& dialogs) {
-    if (dialogs.Design.SettingsPath.empty()) throw Refused("the dialogs want a settings file named by --settings");
-}
-
-void RunColours(ScriptDialogs& dialogs, const Words& words) {
+void RunColours(Script& script, const Words& words) {
     const bool save = PressesSave(words);
-    ColourScheme colours = dialogs.Design.Colours;
+    ColourScheme colours = script.Design.Colours;
     ForEachField(words, [&](const NameAndValue& field) { SetColour(colours, field); });
-    PrintedPrompts prompts(dialogs.Output);
+    PrintedPrompts prompts(script.Output);
     if (save) {
-        SaveColours(dialogs.Design, colours, prompts);
+        SaveColours(script.Design, colours, prompts);
     } else {
-        ApplyColours(dialogs.Design, colours);
+        ApplyColours(script.Design, colours);
     }
 }
 
-void RunStock(ScriptDialogs& dialogs, const Words& words) {
+void RunStock(Script& script, const Words& words) {
     if (words.back() != "save") throw Refused("\"stock\" ends with \"save\"");
     StockBoxes boxes = EmptyStockBoxes();
-    FillStockBoxes(dialogs.Design, boxes);
+    FillStockBoxes(script.Design, boxes);
     ForEachField(words, [&](const NameAndValue& field) { SetStock(boxes, field); });
-    PrintedPrompts prompts(dialogs.Output);
-    SaveOwnedTrack(dialogs.Design, boxes, prompts);
+    PrintedPrompts prompts(script.Output);
+    SaveOwnedTrack(script.Design, boxes, prompts);
 }
 
-void RunArea(ScriptDialogs& dialogs, const Words& words) {
+void RunArea(Script& script, const Words& words) {
     const bool save = PressesSave(words);
-    DrawAreaFields fields = OpenDrawArea(dialogs.Design);
+    DrawAreaFields fields = OpenDrawArea(script.Design);
     ForEachField(words, [&](const NameAndValue& field) { SetAreaField(fields, field); });
-    if (dialogs.Room) fields.Room = *dialogs.Room;
-    PrintedPrompts prompts(dialogs.Output);
+    if (script.Room) fields.Room = *script.Room;
+    PrintedPrompts prompts(script.Output);
     const auto press = save ? SaveDrawArea : ApplyDrawArea;
     // The dialog that a message keeps open keeps its room points, too.
-    if (press(dialogs.Design, fields, prompts)) dialogs.Room.reset();
+    if (press(script.Design, fields, prompts)) script.Room.reset();
 }
 
-void RunRoom(ScriptDialogs& dialogs, const Words& words) {
-    RoomPoints room = dialogs.Room.value_or(OpenRoomPoints(dialogs.Design.Room.Points));
-    PrintedPrompts prompts(dialogs.Output);
+void RunRoom(Script& script, const Words& words) {
+    RoomPoints room = script.Room.value_or(OpenRoomPoints(script.Design.Room.Points));
+    PrintedPrompts prompts(script.Output);
     const std::string& button = words[1];
     if (button == "add") {
         RequireWords(words, 5);
@@ -162,12 +158,12 @@ void RunRoom(ScriptDialogs& dialogs, const Words& words) {
     } else {
         throw Refused("\"room\" knows add, set and delete, not \"" + button + "\"");
     }
-    dialogs.Room = std::move(room);
+    script.Room = std::move(room);
 }
 
-void PrintSettings(ScriptDialogs& dialogs, const Words&) {
-    dialogs.Output << Line(SettingsJson(dialogs.Design, TextFromPath(dialogs.Design.SettingsPath), dialogs.Warnings))
-                   << std::endl;
+void PrintSettings(Script& script, const Words&) {
+    script.Output << Line(SettingsJson(script.Design, TextFromPath(script.Design.SettingsPath), script.Warnings))
+                  << std::endl;
 }
 
 } // namespace pistaro
