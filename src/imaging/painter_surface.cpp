@@ -63,6 +63,8 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, double side) {
 
 QColor ToQColor(Colour colour) { return {Red(colour), Green(colour), Blue(colour)}; }
 
+Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
+
 PainterSurface::PainterSurface(QPainter& painter, double side, const QImage& backdrop)
     : painter_(painter), side_(side), backdrop_(backdrop) {
     painter_.setRenderHint(QPainter::Antialiasing);

@@ -38,7 +38,8 @@ private:
     QPointF textPosition_;
 };
 
-/// The same colour for Qt, opaque.
+/// The same colour for Qt, opaque, and back.
 QColor ToQColor(Colour colour);
+Colour FromQColor(const QColor& colour);
 
 } // namespace pistaro

@@ -1,6 +1,7 @@
 // Eight hues in five shades, and a row of greys.
 #include "ui/frmColorSelection.h"
 
+#include "imaging/painter_surface.h"
 #include "ui/colour_button.h"
 #include "ui/named_controls.h"
 
@@ -21,8 +22,6 @@ struct Shade {
 constexpr std::array<int, Columns> Hues{0, 30, 60, 120, 180, 240, 270, 300};
 constexpr std::array<Shade, 5> Shades{{{64, 255}, {128, 255}, {255, 255}, {255, 128}, {255, 80}}};
 constexpr std::array<int, Columns> Greys{0, 0x40, 0x60, 0x80, 0xA0, 0xC0, 0xE0, 0xFF};
-
-Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
 
 } // namespace
 

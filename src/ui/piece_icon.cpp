@@ -32,8 +32,6 @@ double LargestSide() {
     return largest;
 }
 
-Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
-
 class PieceIconEngine : public QIconEngine {
 public:
     explicit PieceIconEngine(std::string code) : code_(std::move(code)) {}
