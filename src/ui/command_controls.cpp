@@ -1,10 +1,11 @@
 // Rows of the command table as controls.
 #include "ui/command_controls.h"
 
+#include "ui/named_controls.h"
+
 #include <QAction>
 #include <QKeySequence>
 #include <QShortcut>
-#include <QVariant>
 
 #include <stdexcept>
 
@@ -12,9 +13,7 @@ namespace pistaro {
 
 namespace {
 
-QString Text(const std::string& text) { return QString::fromStdString(text); }
-
-QKeySequence KeyOf(const Command& command) { return QKeySequence(Text(command.Key), QKeySequence::PortableText); }
+QKeySequence KeyOf(const std::string& key) { return QKeySequence(Shown(key), QKeySequence::PortableText); }
 
 const Command& RowOf(std::string_view id) {
     const Command* const command = FindCommand(id);
@@ -25,16 +24,15 @@ const Command& RowOf(std::string_view id) {
 } // namespace
 
 QString TipWithKey(const std::string& tip, const std::string& key) {
-    if (key.empty()) return Text(tip);
-    const QKeySequence sequence(Text(key), QKeySequence::PortableText);
-    return Text(tip) + " (" + sequence.toString(QKeySequence::NativeText) + ")";
+    if (key.empty()) return Shown(tip);
+    return Shown(tip) + " (" + KeyOf(key).toString(QKeySequence::NativeText) + ")";
 }
 
 QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead) {
     const Command& command = RowOf(id);
-    QAction* const action = menu.addAction(Text(command.Caption));
-    action->setObjectName(Text(command.Control));
-    action->setShortcut(KeyOf(command));
+    QAction* const action = menu.addAction(Shown(command.Caption));
+    action->setObjectName(Shown(command.Control));
+    action->setShortcut(KeyOf(command.Key));
     const auto run = [this, &command] { workbench_.Run(command); };
     QObject::connect(action, &QAction::triggered, action, instead ? instead : std::function<void()>(run));
     bindings_.push_back({[&command]() -> const Command& { return command; }, action, nullptr});
@@ -48,14 +46,14 @@ void CommandControls::Bind(QAbstractButton& button, std::string_view id) {
 
 void CommandControls::Bind(QAbstractButton& button, const std::function<const Command&()>& row) {
     const Command& command = row();
-    button.setObjectName(Text(command.Control));
-    if (!command.Tag.empty()) button.setProperty("Tag", Text(command.Tag));
-    button.setText(Text(command.Caption));
+    button.setObjectName(Shown(command.Control));
+    if (!command.Tag.empty()) button.setProperty("Tag", Shown(command.Tag));
+    button.setText(Shown(command.Caption));
     const auto run = [this, row] { workbench_.Run(row()); };
     QObject::connect(&button, &QAbstractButton::clicked, &button, run);
     // A shortcut of its own, because that of a button waits for a key that is held down to come up again.
     if (!command.Key.empty()) {
-        auto* const key = new QShortcut(KeyOf(command), &button);
+        auto* const key = new QShortcut(KeyOf(command.Key), &button);
         QObject::connect(key, &QShortcut::activated, &button, run);
     }
     bindings_.push_back({row, nullptr, &button});
@@ -65,7 +63,7 @@ template <typename Control>
 void CommandControls::Show(Control& control, const Command& command, const std::string& key) const {
     const std::string whyNot = command.WhyNot(workbench_.Design);
     control.setEnabled(whyNot.empty());
-    control.setToolTip(whyNot.empty() ? TipWithKey(command.Tip, key) : Text(whyNot));
+    control.setToolTip(whyNot.empty() ? TipWithKey(command.Tip, key) : Shown(whyNot));
 }
 
 void CommandControls::Refresh() {

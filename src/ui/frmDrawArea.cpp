@@ -19,8 +19,6 @@ namespace {
 
 constexpr int NumberDigits = 10;
 
-QString Shown(const std::string& text) { return QString::fromStdString(text); }
-
 /// The room as it stands, drawn as in the circuit's picture, with a ring around the point that is shown.
 class RoomPicture : public QWidget {
 public:

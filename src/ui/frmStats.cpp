@@ -15,26 +15,15 @@ namespace pistaro {
 
 namespace {
 
-QString Shown(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-
-QLabel* NewLabel(const char* name, const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
+QLabel* NewLabel(const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
     auto* const label = new QLabel(text);
-    label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(alignment | Qt::AlignVCenter);
     return label;
 }
 
-/// Gives a control its place in its control array.
-template <typename Control>
-Control* Indexed(Control* control, int index) {
-    control->setProperty("Index", index);
-    return control;
-}
-
 QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units) {
-    auto* const frame = Indexed(new QGroupBox(Shown(texts.Name)), index);
-    frame->setObjectName("fraTrack");
+    auto* const frame = Named(new QGroupBox(Shown(texts.Name)), "fraTrack", index);
     auto* const grid = new QGridLayout(frame);
     grid->setContentsMargins(6, 8, 6, 8);
     grid->setHorizontalSpacing(4);
@@ -44,13 +33,13 @@ QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units)
     const auto add = [&](const char* caption, const char* name, const std::string& value, QLabel* unit) {
         const int row = grid->rowCount();
         grid->addWidget(new QLabel(caption), row, 0);
-        grid->addWidget(Indexed(NewLabel(name, Shown(value), Qt::AlignRight), index), row, 1);
+        grid->addWidget(Named(NewLabel(Shown(value), Qt::AlignRight), name, index), row, 1);
         if (unit != nullptr) grid->addWidget(unit, row, 2);
     };
-    const auto lengthUnit = [&](int place) { return Indexed(NewLabel("lblUnit", units.Name()), place); };
+    const auto lengthUnit = [&](int place) { return Named(NewLabel(units.Name()), "lblUnit", place); };
     add(LeftLengthCaption, "lblLL", texts.Left, lengthUnit(2 * index));
     add(RightLengthCaption, "lblRL", texts.Right, lengthUnit(2 * index + 1));
-    add(PriceCaption, "lblPrice", texts.Price, Indexed(NewLabel("lblCurrency", Shown(units.Currency)), index));
+    add(PriceCaption, "lblPrice", texts.Price, Named(NewLabel(Shown(units.Currency)), "lblCurrency", index));
     add(ElementsCaption, "lblElNum", texts.Elements, nullptr);
     return frame;
 }
@@ -85,7 +74,7 @@ QWidget* frmStats::Frames() {
     int index = 0;
     for (const StatisticsFrame& texts : StatisticsFrames(project_)) {
         QGroupBox* const frame = NewFrame(index, texts, project_.DisplayUnits);
-        QPushButton* const cmdDetail = Indexed(NewButton("cmdDetail", "Detail"), index);
+        QPushButton* const cmdDetail = Named(new QPushButton("Detail"), "cmdDetail", index);
         connect(cmdDetail, &QPushButton::clicked, this,
                 [this, index] { Contained(prompts_, [&] { ShowDetailOf(index); }); });
         auto* const grid = static_cast<QGridLayout*>(frame->layout());
@@ -97,8 +86,7 @@ QWidget* frmStats::Frames() {
 }
 
 QWidget* frmStats::DetailArea() {
-    fraDetail_ = new QGroupBox;
-    fraDetail_->setObjectName("fraDetail");
+    fraDetail_ = Named(new QGroupBox, "fraDetail");
     auto* const area = new QVBoxLayout(fraDetail_);
     area->addLayout(Products());
     area->addSpacing(8);
@@ -121,8 +109,8 @@ QLayout* frmStats::Products() {
     }
     for (std::size_t k = 0; k < CountLabels.size(); ++k) {
         const CountLabel& label = CountLabels[k];
-        lblDescript_[k] = Indexed(NewLabel("lblDescript", Shown(label.Description)), label.Index);
-        lblEnum_[k] = Indexed(NewLabel("lblEnum", "0", Qt::AlignRight), label.Index);
+        lblDescript_[k] = Named(NewLabel(Shown(label.Description)), "lblDescript", label.Index);
+        lblEnum_[k] = Named(NewLabel("0", Qt::AlignRight), "lblEnum", label.Index);
         lblEnum_[k]->setProperty("Tag", Shown(label.Tag));
         QGridLayout* const grid = grids[ColumnOf(label)];
         const int row = grid->rowCount();
@@ -133,16 +121,15 @@ QLayout* frmStats::Products() {
 }
 
 QLayout* frmStats::Price() {
-    chkInclude_ = new QCheckBox("Include already owned track");
-    chkInclude_->setObjectName("chkInclude");
+    chkInclude_ = Named(new QCheckBox("Include already owned track"), "chkInclude");
     chkInclude_->setToolTip("Takes effect at the next press of a Detail button");
-    lblTotPrice_ = NewLabel("lblTotPrice", "0", Qt::AlignRight);
+    lblTotPrice_ = Named(NewLabel("0", Qt::AlignRight), "lblTotPrice");
     auto* const row = new QHBoxLayout;
     row->addWidget(chkInclude_);
     row->addStretch();
     row->addWidget(new QLabel("Price:"));
     row->addWidget(lblTotPrice_);
-    row->addWidget(Indexed(NewLabel("lblCurrency", Shown(project_.DisplayUnits.Currency)), AllTracks + 1));
+    row->addWidget(Named(NewLabel(Shown(project_.DisplayUnits.Currency)), "lblCurrency", AllTracks + 1));
     return row;
 }
 

@@ -14,10 +14,6 @@ namespace pistaro {
 
 namespace {
 
-QString Shown(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-
-std::string TagOf(const QLineEdit& box) { return box.property("Tag").toString().toStdString(); }
-
 QLineEdit* NewBox(const char* name, int index, int digits) {
     QLineEdit* const box = Named(NewNumberBox(name, digits), name, index);
     box->setProperty("Tag", Shown(StockProducts[static_cast<std::size_t>(index)].Code));
@@ -106,8 +102,8 @@ void frmStock::Load() {
         std::exit(EXIT_FAILURE);
     }
     for (std::size_t box = 0; box < boxes.size(); ++box) {
-        txtDsp_[box]->setText(QString::fromStdString(boxes[box].Owned));
-        txtPrc_[box]->setText(QString::fromStdString(boxes[box].Price));
+        txtDsp_[box]->setText(Shown(boxes[box].Owned));
+        txtPrc_[box]->setText(Shown(boxes[box].Price));
     }
     txtDsp_.front()->selectAll(); // as Tab does: what is typed first replaces the count
 }

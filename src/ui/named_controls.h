@@ -1,11 +1,22 @@
-// What the dialogs give their controls besides captions: object names, places in control arrays, Tags.
+// What is given to controls of all kinds: the core's texts, object names, places in control arrays, Tags.
 #pragma once
 
 #include <QButtonGroup>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <string>
+#include <string_view>
+
 namespace pistaro {
+
+/// The core's UTF-8 as the toolkit shows it.
+inline QString Shown(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The piece or product that the control stands for.
+inline std::string TagOf(const QObject& control) { return control.property("Tag").toString().toStdString(); }
 
 template <typename Control>
 Control* Named(Control* control, const char* name) {

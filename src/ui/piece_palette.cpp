@@ -16,9 +16,7 @@ namespace {
 constexpr int ButtonMargin = 3;
 constexpr const char* WidestCaption = "10105";
 
-std::string TagOf(const QWidget& button) { return button.property("Tag").toString().toStdString(); }
-
-QString CaptionOf(const QWidget& button) { return QString::fromStdString(PieceCaption(TagOf(button))); }
+QString CaptionOf(const QWidget& button) { return Shown(PieceCaption(TagOf(button))); }
 
 } // namespace
 

@@ -21,21 +21,17 @@ constexpr int LeastWidth = 190;
 constexpr int LeastArrowSide = 34;
 constexpr int ArrowMargin = 8;
 
-QString TextOf(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-
 /// A label's width for the longest name of a piece, so that the column's width does not follow the selection.
 int WidestName(QLabel& label, const Catalogue& pieces) {
     int widest = 0;
     for (const CatalogueEntry& piece : pieces) {
-        label.setText(TextOf(piece.LongName));
+        label.setText(Shown(piece.LongName));
         widest = std::max(widest, label.sizeHint().width());
     }
     return widest;
 }
 
-QString ListLine(int index, const std::string& code) {
-    return QString::number(index) + "  " + QString::fromStdString(code);
-}
+QString ListLine(int index, const std::string& code) { return QString::number(index) + "  " + Shown(code); }
 
 } // namespace
 
@@ -155,7 +151,7 @@ void TrackPanel::RefreshSelection() {
     const int row = FindRow(project.Pieces, code);
     lblselected_->setText(code.empty() ? "Nothing selected" : ListLine(project.Layout.Current()->CurrentElement, code));
     const std::string_view name = row < 0 ? std::string_view() : Entry(project.Pieces, row).LongName;
-    lblElType_->setText(TextOf(name));
+    lblElType_->setText(Shown(name));
 }
 
 } // namespace pistaro
