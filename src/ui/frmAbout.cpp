@@ -5,12 +5,12 @@
 #include "imaging/painter_surface.h"
 #include "model/circuit.h"
 #include "render/redraw.h"
+#include "ui/named_controls.h"
 #include "version.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QTimer>
 
 namespace pistaro {
@@ -52,8 +52,7 @@ QImage Drawing(double pixelRatio) {
 }
 
 QLabel* Words(const char* name, const QString& text, const char* style) {
-    auto* const label = new QLabel(text);
-    label->setObjectName(name);
+    auto* const label = Named(new QLabel(text), name);
     label->setStyleSheet(style);
     label->setWordWrap(true);
     return label;
@@ -78,12 +77,11 @@ frmAbout::frmAbout(QWidget* owner, bool aboutFromMenu) : QDialog(owner), aboutFr
     words->addWidget(Words("lblNotice",
                            "Scalextric and Ninco are trade marks of their owners, who have no part in this program.",
                            "font-size: 11px; color: #6a737d;"));
-    cmdOK_ = new QPushButton("OK");
-    cmdOK_->setObjectName("cmdOK");
-    cmdOK_->setVisible(aboutFromMenu);
-    connect(cmdOK_, &QPushButton::clicked, this, &QDialog::accept);
+    QPushButton* const cmdOK = NewButton("cmdOK", "OK");
+    if (!aboutFromMenu) cmdOK->hide();
+    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     words->addSpacing(12);
-    words->addWidget(cmdOK_, 0, Qt::AlignRight);
+    words->addWidget(cmdOK, 0, Qt::AlignRight);
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -98,15 +96,14 @@ frmAbout::frmAbout(QWidget* owner) : frmAbout(owner, true) {}
 frmAbout::frmAbout(const std::function<void()>& showMainWindow) : frmAbout(nullptr, false) {
     setWindowTitle("Pistaro");
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
-    timTimer_ = new QTimer(this);
-    timTimer_->setObjectName("timTimer");
-    timTimer_->setInterval(SplashMilliseconds);
-    timTimer_->setSingleShot(true);
-    connect(timTimer_, &QTimer::timeout, this, [this, showMainWindow] {
+    auto* const timTimer = Named(new QTimer(this), "timTimer");
+    timTimer->setInterval(SplashMilliseconds);
+    timTimer->setSingleShot(true);
+    connect(timTimer, &QTimer::timeout, this, [this, showMainWindow] {
         showMainWindow();
         accept();
     });
-    timTimer_->start();
+    timTimer->start();
 }
 
 void frmAbout::reject() {

@@ -3,9 +3,6 @@
 
 #include <QDialog>
 
-#include <QPushButton>
-#include <QTimer>
-
 #include <functional>
 
 namespace pistaro {
@@ -28,8 +25,6 @@ private:
     frmAbout(QWidget* owner, bool aboutFromMenu);
 
     const bool aboutFromMenu_;
-    QPushButton* cmdOK_ = nullptr;
-    QTimer* timTimer_ = nullptr;
 };
 
 } // namespace pistaro
