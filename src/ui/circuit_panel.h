@@ -29,7 +29,7 @@ private:
     CircuitView* const view_;
     QScrollBar* const hMov_;
     QScrollBar* const vMov_;
-    QWidget* tools_ = nullptr;
+    QWidget* const tools_;
 };
 
 } // namespace pistaro

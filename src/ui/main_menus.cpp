@@ -18,7 +18,6 @@ MainMenus::MainMenus(QMainWindow& window, Workbench& workbench, CommandControls&
         QMenu* const added = window_.menuBar()->addMenu(title);
         added->setToolTipsVisible(true);
         (this->*fill)(*added);
-        added->menuAction()->setVisible(!added->isEmpty());
     };
     menu("&Circuit", &MainMenus::FillCircuit);
     menu("&Track", &MainMenus::FillTrack);
@@ -98,13 +97,12 @@ void MainMenus::ShowStock() {
     stock_->activateWindow();
 }
 
-QAction* MainMenus::Add(QMenu& menu, const EntryText& text, const std::function<void()>& work) {
+void MainMenus::Add(QMenu& menu, const EntryText& text, const std::function<void()>& work) {
     QAction* const action = menu.addAction(text.Caption);
     action->setObjectName(text.Name);
     action->setToolTip(text.Tip);
     action->setShortcut(QKeySequence(text.Key));
     QObject::connect(action, &QAction::triggered, action, [this, work] { workbench_.Do(work); });
-    return action;
 }
 
 void MainMenus::Refresh() {

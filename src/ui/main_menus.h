@@ -42,12 +42,12 @@ private:
     void ShowStock();
 
     /// An entry whose work is contained, and the circuit redrawn after it.
-    QAction* Add(QMenu& menu, const EntryText& text, const std::function<void()>& work);
+    void Add(QMenu& menu, const EntryText& text, const std::function<void()>& work);
 
     /// An entry that shows a modal dialog.
     template <typename Dialog>
-    QAction* AddDialog(QMenu& menu, const EntryText& text) {
-        return Add(menu, text, [this] { Dialog(workbench_.Design, workbench_.Words, &window_).exec(); });
+    void AddDialog(QMenu& menu, const EntryText& text) {
+        Add(menu, text, [this] { Dialog(workbench_.Design, workbench_.Words, &window_).exec(); });
     }
 
     QMainWindow& window_;
