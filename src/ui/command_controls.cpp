@@ -28,6 +28,13 @@ QString TipWithKey(const std::string& tip, const std::string& key) {
     return Shown(tip) + " (" + KeyOf(key).toString(QKeySequence::NativeText) + ")";
 }
 
+template <typename Control>
+void CommandControls::Show(Control& control, const Command& command, const std::string& key) const {
+    const std::string whyNot = command.WhyNot(workbench_.Design);
+    control.setEnabled(whyNot.empty());
+    control.setToolTip(whyNot.empty() ? TipWithKey(command.Tip, key) : Shown(whyNot));
+}
+
 QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead) {
     const Command& command = RowOf(id);
     QAction* const action = menu.addAction(Shown(command.Caption));
@@ -35,7 +42,7 @@ QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::
     action->setShortcut(KeyOf(command.Key));
     const auto run = [this, &command] { workbench_.Run(command); };
     QObject::connect(action, &QAction::triggered, action, instead ? instead : std::function<void()>(run));
-    bindings_.push_back({[&command]() -> const Command& { return command; }, action, nullptr});
+    refreshes_.emplace_back([this, action, &command] { Show(*action, command, ""); }); // the menu shows the key
     return action;
 }
 
@@ -56,22 +63,12 @@ void CommandControls::Bind(QAbstractButton& button, const std::function<const Co
         auto* const key = new QShortcut(KeyOf(command.Key), &button);
         QObject::connect(key, &QShortcut::activated, &button, run);
     }
-    bindings_.push_back({row, nullptr, &button});
-}
-
-template <typename Control>
-void CommandControls::Show(Control& control, const Command& command, const std::string& key) const {
-    const std::string whyNot = command.WhyNot(workbench_.Design);
-    control.setEnabled(whyNot.empty());
-    control.setToolTip(whyNot.empty() ? TipWithKey(command.Tip, key) : Shown(whyNot));
+    refreshes_.emplace_back([this, &button, row] { Show(button, row(), row().Key); });
 }
 
 void CommandControls::Refresh() {
-    for (const Binding& binding : bindings_) {
-        const Command& command = binding.Row();
-        if (binding.Entry != nullptr) Show(*binding.Entry, command, ""); // the menu shows the key
-        if (binding.Button != nullptr) Show(*binding.Button, command, command.Key);
-    }
+    for (const auto& refresh : refreshes_)
+        refresh();
 }
 
 } // namespace pistaro

@@ -30,17 +30,11 @@ public:
     void Refresh();
 
 private:
-    struct Binding {
-        std::function<const Command&()> Row;
-        QAction* Entry;          ///< the menu entry, or null
-        QAbstractButton* Button; ///< the button, or null
-    };
-
     template <typename Control>
     void Show(Control& control, const Command& command, const std::string& key) const;
 
     Workbench& workbench_;
-    std::vector<Binding> bindings_;
+    std::vector<std::function<void()>> refreshes_; ///< one a control
 };
 
 /// A tip with the key behind it.
