@@ -25,9 +25,7 @@ PiecePalette::PiecePalette(Workbench& workbench, CommandControls& controls)
       cmdSeeRemaining_(new QPushButton("See re&maining")), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
                                                                       {TrackSystem::Ninco, NewKeyField(this)}} {
     column_->setContentsMargins(0, 0, 0, 0);
-    controls_.Bind(*cmdInsert_, [this]() -> const Command& {
-        return *FindCommand(workbench_.Design.InsertMode ? "build" : "insert");
-    });
+    controls_.Bind(*cmdInsert_, [this]() -> const Command& { return ModeSwitch(); });
     column_->addWidget(cmdInsert_);
 
     constexpr auto scalextric = TrackSystem::Scalextric;
@@ -107,10 +105,14 @@ void PiecePalette::RestoreCaptions() {
         button->setText(CaptionOf(*button));
 }
 
+const Command& PiecePalette::ModeSwitch() const {
+    return *FindCommand(workbench_.Design.InsertMode ? "build" : "insert");
+}
+
 void PiecePalette::Refresh() {
     for (const auto& [frame, system] : frames_)
         frame->setVisible(system == workbench_.Design.System);
-    cmdInsert_->setText(workbench_.Design.InsertMode ? "Build" : "Insert");
+    cmdInsert_->setText(Shown(ModeSwitch().Caption));
 }
 
 } // namespace pistaro

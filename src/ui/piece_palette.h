@@ -25,6 +25,10 @@ private:
                    std::initializer_list<const char*> codes);
     QWidget* PairOfFrames(QWidget* left, QWidget* right);
     QToolButton* AddPieceButton(QGroupBox& frame, const std::string& code, int row, int column);
+
+    /// What cmdInsert does now.
+    const Command& ModeSwitch() const;
+
     void ShowAllRemaining();
     void RestoreCaptions();
 
