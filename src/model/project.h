@@ -1,4 +1,4 @@
-// All the data there is, as one plain value: a copy of it is an undo step or a preview.
+// All the data there is, as one plain value: a copy of it can be drawn in another way while the design stays.
 #pragma once
 
 #include "catalogue/catalogue.h"

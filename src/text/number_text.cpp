@@ -65,13 +65,13 @@ std::string ShortestText(double value, int significantDigits) {
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Reads `text`, from which the blanks are gone, as far as it makes a number, in the form that a stream reads.
 struct NumberScan {
-    std::string Number;
+    std::string Number; ///< in the form that a stream reads
     bool AnyDigit = false;
     bool ToTheEnd = false;
 };
 
+/// Reads `text`, from which the blanks are gone, as far as it makes a number.
 NumberScan Scan(const std::string& text) {
     NumberScan scan;
     std::size_t at = 0;
