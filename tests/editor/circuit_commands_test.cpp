@@ -1,7 +1,7 @@
 // Load, Save, New and Quit: questions, dialogs, kept habits, and the working directory in the settings file.
 #include "editor/circuit_commands.h"
-#include "platform/fault.h"
 #include "support/chain.h"
+#include "support/fault_of.h"
 #include "support/press.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
@@ -206,12 +206,8 @@ TEST_F(Load, OfAFileThatCannotBeReadLeavesTheProjectAsItWas) {
         prompts_.Answers = {Answer::Ok};
         prompts_.Files = {folder_ / name};
 
-        try {
-            Press(project, "load", prompts_);
-            ADD_FAILURE() << name << " was loaded";
-        } catch (const Fault& fault) {
-            EXPECT_NE(std::string(fault.what()).find(name), std::string::npos) << fault.what();
-        }
+        const std::string fault = FaultOf([&] { Press(project, "load", prompts_); });
+        EXPECT_NE(fault.find(name), std::string::npos) << fault;
 
         EXPECT_EQ(Snapshot(project), before) << name;
     }

@@ -1,31 +1,16 @@
 // Reading files whole, and putting them on disk in one step.
-#include "platform/fault.h"
 #include "platform/platform.h"
 #include "platform/viewer_command.h"
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <string>
 
 namespace pistaro {
 namespace {
-
-std::string FaultOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Fault& fault) {
-        return fault.what();
-    }
-    return "no fault";
-}
-
-std::size_t FilesIn(const TemporaryFolder& folder) {
-    const std::filesystem::directory_iterator files(folder.Path());
-    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
-}
 
 TEST(ReadFile, GivesTheBytesAsTheyAre) {
     const TemporaryFolder folder;
@@ -68,7 +53,7 @@ TEST(ReplaceFile, MakesAFileAndLeavesNothingElse) {
     ReplaceFile(folder / "a.trk", std::string_view("a\r\n\0", 4));
 
     EXPECT_EQ(BytesOf(folder / "a.trk"), std::string("a\r\n\0", 4));
-    EXPECT_EQ(FilesIn(folder), 1U);
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
 }
 
 TEST(ReplaceFile, ReplacesALongFileByAShortOne) {
@@ -80,7 +65,7 @@ TEST(ReplaceFile, ReplacesALongFileByAShortOne) {
 
     ReplaceFile(folder / "a.trk", "");
     EXPECT_EQ(BytesOf(folder / "a.trk"), "");
-    EXPECT_EQ(FilesIn(folder), 1U);
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
 }
 
 TEST(ReplaceFile, TakesANameAsLongAsTheSystemDoes) {
@@ -100,7 +85,7 @@ TEST(ReplaceFile, RefusesAFolderAndAMissingOne) {
               "Path/File access error: " + TextFromPath(folder / "sub") + ": is a folder");
     EXPECT_EQ(FaultOf([&] { ReplaceFile(folder / "no" / "a.trk", "new"); }),
               "Path not found: " + TextFromPath(folder / "no" / "a.trk"));
-    EXPECT_EQ(FilesIn(folder), 1U);
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
 }
 
 TEST(ReplaceFile, LeavesAFileThatStandsWhereAFolderShould) {

@@ -1,7 +1,7 @@
 // What only Linux and its kin have: rights, links, pipes, size limits, signals. Refusals are tried as a user without
 // privileges, because to root the system refuses little.
-#include "platform/fault.h"
 #include "platform/platform.h"
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -23,17 +23,6 @@ namespace pistaro {
 namespace {
 
 constexpr uid_t Nobody = 65534;
-
-std::string FaultOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Fault& fault) {
-        return fault.what();
-    } catch (const std::exception& other) {
-        return std::string("not a fault: ") + other.what();
-    }
-    return "no fault";
-}
 
 /// The fault that `action` ends with in a child process, after `prepare` there.
 std::string FaultInChild(const std::function<void()>& prepare, const std::function<void()>& action) {
@@ -65,11 +54,6 @@ std::string FaultAsOrdinaryUser(const std::function<void()>& action) { return Fa
 mode_t RightsOf(const std::filesystem::path& file) {
     struct stat status {};
     return ::stat(file.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
-}
-
-std::size_t FilesIn(const std::filesystem::path& folder) {
-    const std::filesystem::directory_iterator files(folder);
-    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
 }
 
 /// A folder with these rights for as long as it lives; then it can be removed.

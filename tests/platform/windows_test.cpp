@@ -1,9 +1,9 @@
 // What only Windows has: its folders, its registry, attributes, files that another program keeps to itself, devices.
-#include "platform/fault.h"
 #include "platform/platform.h"
 #include "platform/viewer_command.h"
 #include "support/classes_key_windows.h"
 #include "support/fake_viewer.h"
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -11,27 +11,12 @@
 #include <windows.h>
 
 #include <cstdlib>
-#include <functional>
 #include <thread>
 
 #undef ReplaceFile // windows.h would rename ours
 
 namespace pistaro {
 namespace {
-
-std::string FaultOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Fault& fault) {
-        return fault.what();
-    }
-    return "no fault";
-}
-
-std::size_t FilesIn(const std::filesystem::path& folder) {
-    const std::filesystem::directory_iterator files(folder);
-    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
-}
 
 /// A full path as the system takes it at any length.
 std::wstring Long(const std::filesystem::path& path) { return L"\\\\?\\" + path.wstring(); }

@@ -1,10 +1,10 @@
 // The guide's files, and what becomes of them when a picture fails.
 #include "report/guide.h"
 
-#include "platform/fault.h"
 #include "report/viewer.h"
 #include "support/chain.h"
 #include "support/fake_viewer.h"
+#include "support/fault_of.h"
 #include "support/scripted_prompts.h"
 
 #include <gmock/gmock.h>
@@ -149,12 +149,8 @@ TEST_F(Guide, AnUnwritablePictureFileIsAProblemOfItsPictureAndNamesIt) {
 TEST_F(Guide, AMissingWorkingDirectoryIsAFaultAndNothingIsWrittenOrChanged) {
     Design.WorkingDirectory = (Folder / "gone" / "").string();
     Design.ShowNumbers = true;
-    try {
-        GuideCommand(Design, User, NamedPictures(), Unwatched);
-        FAIL() << "a guide in a folder that is not there";
-    } catch (const Fault& fault) {
-        EXPECT_EQ(fault.what(), "Path not found: " + Design.WorkingDirectory);
-    }
+    EXPECT_EQ(FaultOf([&] { GuideCommand(Design, User, NamedPictures(), Unwatched); }),
+              "Path not found: " + Design.WorkingDirectory);
 
     Design.WorkingDirectory = (Folder / std::string(300, 'x') / "").string(); // no system has such names
     EXPECT_THROW(GuideCommand(Design, User, NamedPictures(), Unwatched), Fault);

@@ -2,6 +2,7 @@
 #include "stats/owned_track.h"
 
 #include "platform/fault.h"
+#include "support/fault_of.h"
 #include "support/settings_on_disk.h"
 
 #include <gmock/gmock.h>
@@ -33,12 +34,7 @@ protected:
 
     /// The text with which saving these boxes is refused, file and catalogue being as before.
     std::string Refusal() {
-        std::string text;
-        try {
-            SaveOwnedTrack(project_, boxes_, prompts_);
-        } catch (const Fault& fault) {
-            text = fault.what();
-        }
+        const std::string text = FaultOf([&] { SaveOwnedTrack(project_, boxes_, prompts_); });
         EXPECT_EQ(OnDisk(), WholeSettings());
         EXPECT_EQ(Row("C151L").OwnedCount, 0);
         EXPECT_EQ(Row("C151L").Price, 0);

@@ -5,12 +5,12 @@
 #include "storage/mutation.h"
 #include "storage/settings_file.h"
 #include "support/chain.h"
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <random>
 #include <string>
 
@@ -60,15 +60,6 @@ Project ProjectFrom(const std::string& bytes) {
     project.Room = file.Room;
     project.Layout.Tracks = file.Tracks;
     return project;
-}
-
-std::string FaultOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Fault& fault) {
-        return fault.what();
-    }
-    return "no fault";
 }
 
 std::string FaultIn(const std::string& bytes) {

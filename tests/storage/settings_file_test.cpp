@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "storage/all_sections.h"
 #include "storage/mutation.h"
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -28,12 +29,7 @@ std::string Lines(int count, const std::string& line) {
 Settings Parsed(const std::string& bytes) { return ParseSettings(bytes, "corvel.ini"); }
 
 std::string FaultIn(const std::string& bytes) {
-    try {
-        Parsed(bytes);
-    } catch (const Fault& fault) {
-        return fault.what();
-    }
-    return "no fault";
+    return FaultOf([&] { Parsed(bytes); });
 }
 
 const Stock& StockOf(const Settings& settings, int row) { return settings.Stocks[static_cast<std::size_t>(row)]; }
@@ -266,12 +262,9 @@ TEST(BadSettings, ThatAreBinaryAreToldSo) {
 
 TEST(BadSettings, OnDiskAreNamedByTheirPath) {
     const TemporaryFolder folder;
-    try {
-        ReadSettings(folder / "corvel.ini");
-        FAIL() << "no fault";
-    } catch (const Fault& fault) {
-        EXPECT_EQ(fault.what(), "File not found: " + (folder / "corvel.ini").string());
-    }
+
+    EXPECT_EQ(FaultOf([&] { ReadSettings(folder / "corvel.ini"); }),
+              "File not found: " + (folder / "corvel.ini").string());
 }
 
 const std::string InitialFile =

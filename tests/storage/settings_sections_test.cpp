@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "storage/all_sections.h"
 #include "storage/settings_file.h"
+#include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -19,12 +20,7 @@ std::string Replaced(const std::string& bytes, const std::vector<Section>& secti
 }
 
 std::string FaultIn(const std::string& bytes, const std::vector<Section>& sections) {
-    try {
-        Replaced(bytes, sections);
-    } catch (const Fault& fault) {
-        return fault.what();
-    }
-    return "no fault";
+    return FaultOf([&] { Replaced(bytes, sections); });
 }
 
 std::string Lines(int count, const std::string& line) {

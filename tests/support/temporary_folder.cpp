@@ -30,4 +30,9 @@ void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {
     std::ofstream(file, std::ios::binary) << bytes;
 }
 
+std::size_t FilesIn(const std::filesystem::path& folder) {
+    const std::filesystem::directory_iterator files(folder);
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+}
+
 } // namespace pistaro

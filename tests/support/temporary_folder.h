@@ -1,6 +1,7 @@
 // A folder of its own for each test that writes files.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -25,5 +26,8 @@ private:
 /// A file's bytes as they are, by the standard library alone.
 std::string BytesOf(const std::filesystem::path& file);
 void WriteBytes(const std::filesystem::path& file, std::string_view bytes);
+
+/// How many files and folders stand in a folder.
+std::size_t FilesIn(const std::filesystem::path& folder);
 
 } // namespace pistaro
