@@ -1,6 +1,7 @@
-// Load, Save, New and Quit: questions, dialogs, kept habits, and the working directory in the settings file.
+// Load, Save, New and Quit: questions, dialogs and kept habits.
 #include "editor/circuit_commands.h"
 #include "support/chain.h"
+#include "support/circuit_text.h"
 #include "support/fault_of.h"
 #include "support/press.h"
 #include "support/scripted_prompts.h"
@@ -12,13 +13,7 @@ namespace pistaro {
 
 namespace {
 
-const std::string FileUpToTrack1 = "[Settings]\r\n0\r\n0\r\n0\r\n0\r\n320\r\n160\r\n"
-                                   "[Room]\r\n 0 \r\n0\r\n"
-                                   "[Track 0]\r\n0\r\n0\r\n0\r\n";
-const std::string FileFromTrack2 = "[Track 1]\r\n15.5\r\n0\r\n0\r\n"
-                                   "[Track 2]\r\n-15.5\r\n0\r\n0\r\n";
-const std::string EmptyCircuitFile = FileUpToTrack1 + FileFromTrack2;
-const std::string OneStraight = FileUpToTrack1 + "C160\r\n" + FileFromTrack2;
+const std::string OneStraight = CircuitText("C160");
 
 Project Unsaved(const std::string& codes) {
     Project project = ProjectOf(codes);
@@ -42,7 +37,6 @@ using New = CircuitCommands;
 using Load = CircuitCommands;
 using Save = CircuitCommands;
 using Quit = CircuitCommands;
-using WorkingDirectory = CircuitCommands;
 
 } // namespace
 
@@ -250,7 +244,7 @@ TEST_F(Save, WritesThreeEmptyTracksAs22Lines) {
 
     Press(project, "save", prompts_);
 
-    EXPECT_EQ(BytesOf(folder_ / "empty.trk"), EmptyCircuitFile);
+    EXPECT_EQ(BytesOf(folder_ / "empty.trk"), CircuitText(""));
     EXPECT_TRUE(prompts_.Asked.empty());
     EXPECT_TRUE(prompts_.Told.empty());
 }
@@ -355,60 +349,6 @@ TEST_F(Quit, AsksNothingAboutEmptyTracksOrSavedWork) {
     Press(saved, "quit", prompts_);
 
     EXPECT_TRUE(prompts_.Asked.empty());
-}
-
-TEST_F(WorkingDirectory, OfTheSettingsFileIsRewrittenByALoadAndBySave) {
-    const std::string rest = "[Grid]\r\nType=2\r\nStep=10\r\n";
-    WriteBytes(folder_ / "oval.trk", OneStraight);
-    WriteBytes(folder_ / "corvel.ini", "first\r\n[Working Directory]\r\n/old/\r\n" + rest);
-    Project project = ProjectOf("");
-    project.SettingsPath = folder_ / "corvel.ini";
-
-    LoadCircuit(project, folder_ / "oval.trk");
-    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), "first\r\n[Working Directory]\r\n" + FolderText() + "\r\n" + rest);
-    std::filesystem::create_directory(folder_ / "other");
-    SaveCircuit(project, folder_ / "other" / "oval.trk");
-
-    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"),
-              "first\r\n[Working Directory]\r\n" + (folder_ / "other" / "").string() + "\r\n" + rest);
-}
-
-TEST_F(WorkingDirectory, IsNotAddedToASettingsFileWithoutItsSection) {
-    const std::string settings = "[Grid]\r\nType=2\r\nStep=10\r\n[working directory]\r\n/old/\r\n";
-    WriteBytes(folder_ / "corvel.ini", settings);
-    Project project = ProjectOf("");
-    project.SettingsPath = folder_ / "corvel.ini";
-
-    SaveCircuit(project, folder_ / "oval.trk");
-
-    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), settings);
-    EXPECT_EQ(project.WorkingDirectory, FolderText());
-}
-
-TEST_F(WorkingDirectory, ThatCannotBeRememberedIsToldWhenTheCircuitIsAlreadySaved) {
-    Project project = Unsaved("C160");
-    project.SettingsPath = folder_ / "missing.ini";
-
-    EXPECT_THROW(SaveCircuit(project, folder_ / "oval.trk"), Fault);
-
-    EXPECT_EQ(BytesOf(folder_ / "oval.trk"), OneStraight);
-    EXPECT_FALSE(project.DataChanged);
-}
-
-TEST(PathParts, ArePartedBehindTheLastSeparator) {
-    EXPECT_EQ(PartedPath("/tracks/old/oval.trk")->Folder, "/tracks/old/");
-    EXPECT_EQ(PartedPath("/tracks/old/oval.trk")->Title, "oval.trk");
-    EXPECT_EQ(PartedPath("/tracks/")->Title, "");
-    EXPECT_FALSE(PartedPath("oval.trk").has_value());
-}
-
-TEST(ProjectName, IsTheFilesTitleLessFourCharactersWhateverTheyAre) {
-    EXPECT_EQ(NameFromTitle("oval.trk"), "oval");
-    EXPECT_EQ(NameFromTitle("oval.circuit"), "oval.cir");
-    EXPECT_EQ(NameFromTitle("trk"), "");
-    EXPECT_EQ(NameFromTitle(".trk"), "");
-    EXPECT_EQ(NameFromTitle("N\xC3\xBCrburg.\xC3\xA4\xC3\xB6\xC3\xBC"),
-              "N\xC3\xBCrburg"); // four characters, seven bytes
 }
 
 } // namespace pistaro
