@@ -5,8 +5,8 @@
 #include "cli/settings_json.h"
 #include "editor/colour_settings.h"
 #include "editor/draw_area.h"
+#include "editor/owned_track.h"
 #include "platform/platform.h"
-#include "stats/owned_track.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // The loose-track dialog: how many pieces of each product the user owns, and the best price for one.
 #pragma once
 
+#include "editor/owned_track.h"
 #include "model/prompts.h"
-#include "stats/owned_track.h"
 
 #include <QDialog>
 #include <QLineEdit>

@@ -1,5 +1,5 @@
 // Boxes to numbers, numbers to the settings file, and back from it.
-#include "stats/owned_track.h"
+#include "editor/owned_track.h"
 
 #include "platform/fault.h"
 #include "platform/platform.h"

@@ -1,5 +1,5 @@
 // The loose-track dialog's boxes, and their way to the settings file and back.
-#include "stats/owned_track.h"
+#include "editor/owned_track.h"
 
 #include "platform/fault.h"
 #include "support/fault_of.h"
