@@ -7,6 +7,7 @@
 #include "ui/side_column.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QMimeData>
@@ -32,8 +33,8 @@ QString CircuitFileIn(const QMimeData& data) {
 
 QIcon ProgramIcon() {
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 256})
-        icon.addFile(QString(":/icon-%1.png").arg(size));
+    for (const QString& drawing : QDir(":/").entryList({"icon-*.png"}))
+        icon.addFile(":/" + drawing);
     return icon;
 }
 
