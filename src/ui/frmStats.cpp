@@ -121,7 +121,7 @@ QLayout* frmStats::Products() {
 }
 
 QLayout* frmStats::Price() {
-    chkInclude_ = Named(new QCheckBox("Include already owned track"), "chkInclude");
+    chkInclude_ = Named(new QCheckBox("&Include already owned track"), "chkInclude");
     chkInclude_->setToolTip("Takes effect at the next press of a Detail button");
     lblTotPrice_ = Named(NewLabel("0", Qt::AlignRight), "lblTotPrice");
     auto* const row = new QHBoxLayout;
@@ -134,7 +134,7 @@ QLayout* frmStats::Price() {
 }
 
 QLayout* frmStats::Buttons() {
-    QPushButton* const cmdShop = NewButton("cmdShop", "Shopping List");
+    QPushButton* const cmdShop = NewButton("cmdShop", "&Shopping List");
     cmdShop->setToolTip("Writes the pieces shown above into shoppingList.txt");
     QPushButton* const cmdClose = NewButton("cmdClose", "Close");
     cmdClose->setDefault(true);

@@ -80,10 +80,21 @@ TEST_F(FrmStats, IsAModalDialogOfItsName) {
     EXPECT_TRUE(dialog_->isModal());
     EXPECT_EQ(dialog_->objectName(), "frmStats");
     EXPECT_EQ(dialog_->windowTitle(), "Track Statistics");
-    EXPECT_EQ(dialog_->findChild<QCheckBox*>("chkInclude")->text(), "Include already owned track");
+    EXPECT_EQ(dialog_->findChild<QCheckBox*>("chkInclude")->text(), "&Include already owned track");
     EXPECT_FALSE(dialog_->findChild<QCheckBox*>("chkInclude")->isChecked());
-    EXPECT_EQ(dialog_->findChild<QPushButton*>("cmdShop")->text(), "Shopping List");
+    EXPECT_EQ(dialog_->findChild<QPushButton*>("cmdShop")->text(), "&Shopping List");
     EXPECT_EQ(dialog_->findChild<QPushButton*>("cmdClose")->text(), "Close");
+}
+
+TEST_F(FrmStats, AltAndTheUnderlinedLetterPressAControl) {
+    Open();
+    dialog_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
+
+    QTest::keyClick(dialog_.get(), Qt::Key_I, Qt::AltModifier);
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dialog_->findChild<QCheckBox*>("chkInclude")->isChecked(); }))
+        << "the button goes down and up before it acts";
 }
 
 TEST_F(FrmStats, ShowsAFrameForEachTrackAndTheCircuit) {
