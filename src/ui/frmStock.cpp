@@ -61,8 +61,8 @@ QGroupBox* frmStock::NewFrame(const StockFrame& frame, int firstBox) {
     grid->addWidget(new QLabel("Price"), 0, 3, Qt::AlignRight);
     for (int index = firstBox; index < firstBox + frame.Products; ++index) {
         const auto at = static_cast<std::size_t>(index);
-        txtDsp_[at] = NewBox("txtDsp", index, 5);
-        txtPrc_[at] = NewBox("txtPrc", index, 7);
+        txtDsp_[at] = NewBox("txtDsp", index, 4);
+        txtPrc_[at] = NewBox("txtPrc", index, 6);
         const QString name = Shown(StockProducts[at].Name);
         auto* const code = new QLabel(Shown(StockProducts[at].Code));
         code->setForegroundRole(QPalette::PlaceholderText);
