@@ -19,6 +19,8 @@ public:
     /// A picture behind the circuit, at its natural size from the top left; none when it is null.
     void SetBackground(const QImage& background);
 
+    bool HasBackground() const { return !background_.isNull(); }
+
     const QImage& Picture() const { return picture_; }
 
     /// The drawing as it is shown, one pixel for each device-independent one.

@@ -51,8 +51,8 @@ void MainMenus::FillPieces(QMenu& menu) {
 void MainMenus::FillView(QMenu& menu) {
     Add(menu, {"mnuBackgroundSelect", "Select &Background…", "Lay a picture behind the circuit, such as a floor plan"},
         [this] { SelectBackground(workbench_, view_); });
-    Add(menu, {"mnuBackgroundClear", "&Clear Background", "Take the picture behind the circuit away"},
-        [this] { view_.SetBackground({}); });
+    mnuBackgroundClear_ =
+        Add(menu, {"mnuBackgroundClear", "&Clear Background", ""}, [this] { view_.SetBackground({}); });
 }
 
 void MainMenus::FillSettings(QMenu& menu) {
@@ -97,17 +97,21 @@ void MainMenus::ShowStock() {
     stock_->activateWindow();
 }
 
-void MainMenus::Add(QMenu& menu, const EntryText& text, const std::function<void()>& work) {
+QAction* MainMenus::Add(QMenu& menu, const EntryText& text, const std::function<void()>& work) {
     QAction* const action = menu.addAction(text.Caption);
     action->setObjectName(text.Name);
     action->setToolTip(text.Tip);
     action->setShortcut(QKeySequence(text.Key));
     QObject::connect(action, &QAction::triggered, action, [this, work] { workbench_.Do(work); });
+    return action;
 }
 
 void MainMenus::Refresh() {
     const bool scalextric = workbench_.Design.System == TrackSystem::Scalextric;
     mnuScalextricNinco_->setText(scalextric ? "Use Ninco Track" : "Use Scalextric Track");
+    mnuBackgroundClear_->setEnabled(view_.HasBackground());
+    mnuBackgroundClear_->setToolTip(view_.HasBackground() ? "Take the picture behind the circuit away"
+                                                          : "There is no picture behind the circuit.");
 }
 
 } // namespace pistaro

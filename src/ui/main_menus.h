@@ -23,7 +23,7 @@ class MainMenus {
 public:
     MainMenus(QMainWindow& window, Workbench& workbench, CommandControls& controls, CircuitView& view);
 
-    /// What no row tells: the caption of the track system switch.
+    /// What no row tells: the caption of the track system switch, and whether there is a background to clear.
     void Refresh();
 
 private:
@@ -42,7 +42,7 @@ private:
     void ShowStock();
 
     /// An entry whose work is contained, and the circuit redrawn after it.
-    void Add(QMenu& menu, const EntryText& text, const std::function<void()>& work);
+    QAction* Add(QMenu& menu, const EntryText& text, const std::function<void()>& work);
 
     /// An entry that shows a modal dialog.
     template <typename Dialog>
@@ -55,6 +55,7 @@ private:
     CommandControls& controls_;
     CircuitView& view_;
     QAction* mnuScalextricNinco_ = nullptr;
+    QAction* mnuBackgroundClear_ = nullptr;
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
 };

@@ -110,18 +110,23 @@ TEST_F(PictureCommands, AFileThatIsNoPictureIsToldAndTheEarlierBackgroundStays) 
 
 TEST_F(PictureCommands, ClearingTheBackgroundTakesItAway) {
     user_.Files = {PictureFile("plan.bmp", {40, 30}, Qt::cyan)};
+    const QAction& clear = *window_.findChild<QAction*>("mnuBackgroundClear");
+    EXPECT_FALSE(clear.isEnabled());
+    EXPECT_EQ(clear.toolTip(), "There is no picture behind the circuit.");
     Choose("mnuBackgroundSelect");
+    EXPECT_TRUE(clear.isEnabled());
 
     Choose("mnuBackgroundClear");
 
     EXPECT_EQ(Shown().pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_FALSE(clear.isEnabled());
 }
 
 TEST_F(PictureCommands, SavingThePictureTwiceOverwritesTheSameFileWithoutAWord) {
     Choose("mnuWMF");
     const std::string first = BytesOf(folder_ / "track.bmp");
     project_.Colours.Background = Rgb(255, 255, 0);
-    Choose("mnuBackgroundClear"); // redraws
+    window_.findChild<QAbstractButton*>("cmdRefresh")->click();
     Choose("mnuWMF");
 
     EXPECT_THAT(first, StartsWith("BM"));
