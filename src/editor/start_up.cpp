@@ -19,7 +19,8 @@ void InstallSettings(const std::filesystem::path& path) {
 }
 
 DesignerStart StartWithout(const std::exception& fault) {
-    DesignerStart start{StartUp(InitialSettings()), {{Icon::Exclamation, fault.what()}}};
+    const std::string text = std::string(fault.what()) + "\nPistaro goes on with its initial settings and saves none.";
+    DesignerStart start{StartUp(InitialSettings()), {{Icon::Exclamation, text}}};
     start.Design.WorkingDirectory = InitialWorkingDirectory();
     return start;
 }
