@@ -51,9 +51,11 @@ QImage Drawing(double pixelRatio) {
     return image;
 }
 
-QLabel* Words(const char* name, const QString& text, const char* style) {
+QLabel* Words(const char* name, const QString& text, const char* style,
+              QPalette::ColorRole colour = QPalette::WindowText) {
     auto* const label = Named(new QLabel(text), name);
     label->setStyleSheet(style);
+    label->setForegroundRole(colour);
     label->setWordWrap(true);
     return label;
 }
@@ -72,11 +74,11 @@ frmAbout::frmAbout(QWidget* owner, bool aboutFromMenu) : QDialog(owner), aboutFr
     words->addWidget(Words("lblTitle", "PISTARO", "font-size: 30px; font-weight: bold; letter-spacing: 3px;"));
     words->addWidget(Words("lblWhat", "A layout designer\nfor slot-car racing track", "font-size: 14px;"));
     words->addSpacing(10);
-    words->addWidget(Words("lblVersion", VersionText(), "font-size: 13px; color: #6a737d;"));
+    words->addWidget(Words("lblVersion", VersionText(), "font-size: 13px;", QPalette::PlaceholderText));
     words->addStretch();
     words->addWidget(Words("lblNotice",
                            "Scalextric and Ninco are trade marks of their owners, who have no part in this program.",
-                           "font-size: 11px; color: #6a737d;"));
+                           "font-size: 11px;", QPalette::PlaceholderText));
     QPushButton* const cmdOK = NewButton("cmdOK", "OK");
     if (!aboutFromMenu) cmdOK->hide();
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
