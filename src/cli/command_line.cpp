@@ -180,7 +180,7 @@ bool LooksLikeCircuit(const std::string& name) {
 std::optional<std::string> OptionWithoutValue(const std::vector<std::string>& arguments) {
     const auto end = std::ranges::find(arguments, "--");
     const auto found = std::find_if(arguments.begin(), end, [](const std::string& argument) {
-        return argument.starts_with("--") && argument.ends_with('=');
+        return argument.starts_with("--") && argument.find('=') == argument.size() - 1;
     });
     return found == end ? std::nullopt : std::optional(*found);
 }

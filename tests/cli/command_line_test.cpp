@@ -97,6 +97,14 @@ TEST_F(CommandLine, AnOptionWithoutItsValueDoesNotTakeTheNextArgument) {
     EXPECT_EQ(program_.Run({"layout", "--", "--x="}).Output, program_.Run({"layout", "oval.trk"}).Output);
 }
 
+TEST_F(CommandLine, AnOptionsValueMayEndInAnEqualsSign) {
+    std::filesystem::create_directory(program_ / "club=");
+
+    EXPECT_EQ(program_.Run({"shop", "oval.trk", "--out=club="}).ExitStatus, 0);
+
+    EXPECT_TRUE(std::filesystem::exists(program_ / "club=" / "shoppingList.txt"));
+}
+
 TEST_F(CommandLine, ACircuitNamedLikeAVerbIsACircuit) {
     WriteBytes(program_ / "settings", CircuitText("C160"));
 
