@@ -51,9 +51,10 @@ Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std
     PROCESS_INFORMATION process{};
     const BOOL started =
         ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, work_.c_str(), &start, &process);
+    const DWORD error = ::GetLastError();
     for (const HANDLE stream : {start.hStdInput, start.hStdOutput, start.hStdError})
         ::CloseHandle(stream);
-    if (started == 0) throw std::runtime_error("no child process");
+    if (started == 0) throw std::runtime_error("not started: error " + std::to_string(error));
     ::WaitForSingleObject(process.hProcess, INFINITE);
     DWORD status = 0;
     ::GetExitCodeProcess(process.hProcess, &status);
