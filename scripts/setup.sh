@@ -10,7 +10,9 @@ PACKAGES_DEB="$PACKAGES_BUILD dpkg-dev file desktop-file-utils shared-mime-info"
 PACKAGES_WINDOWS="$PACKAGES_BUILD libgtest-dev libgmock-dev qt6-base-dev-tools g++-mingw-w64-x86-64-posix make dpkg-dev
 nsis icoutils"
 PACKAGES_DISPLAY="xvfb x11-utils"
-PACKAGES_WINE="wine wine64 $PACKAGES_DISPLAY"
+# Without its preloader Wine fails to start two processes in ten thousand, where the system puts other things into the
+# addresses that it needs.
+PACKAGES_WINE="wine wine64 wine64-preloader $PACKAGES_DISPLAY"
 
 # as_root COMMAND...: runs it with the rights to install.
 as_root() {
