@@ -1,6 +1,6 @@
 // Placing, reading and writing: what every command and every file costs besides drawing.
 #include "full_circuit.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "render/placement.h"
 #include "storage/circuit_file.h"
 

@@ -1,6 +1,7 @@
 // Photographs the program's windows for the manual: manual_photograph SAMPLE FOLDER. Works without a display.
 #include "editor/circuit_commands.h"
-#include "platform/platform.h"
+#include "platform/files.h"
+#include "platform/processes.h"
 #include "storage/settings_file.h"
 #include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"

@@ -1,6 +1,7 @@
 // The program: a verb's job, else the designer's window.
 #include "cli/command_line.h"
-#include "platform/platform.h"
+#include "platform/places.h"
+#include "platform/processes.h"
 #include "ui/designer.h"
 
 #include <iostream>

@@ -4,7 +4,7 @@
 #include "cli/verbs.h"
 #include "imaging/circuit_picture.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>

@@ -10,7 +10,7 @@
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 
 #include <array>
 #include <optional>

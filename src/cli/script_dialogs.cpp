@@ -6,7 +6,7 @@
 #include "editor/colour_settings.h"
 #include "editor/draw_area.h"
 #include "editor/owned_track.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 #include "cli/start.h"
 
 #include "editor/circuit_commands.h"
-#include "platform/platform.h"
+#include "platform/places.h"
 #include "storage/settings_file.h"
 
 namespace pistaro {

@@ -11,7 +11,7 @@
 #include "imaging/circuit_picture.h"
 #include "imaging/piece_picture.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "report/guide.h"
 #include "stats/shopping_list.h"
 #include "storage/line_reader.h"

@@ -1,7 +1,7 @@
 // The circuit menu's commands.
 #include "editor/circuit_commands.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "storage/circuit_file.h"
 #include "storage/settings_sections.h"
 

@@ -2,7 +2,7 @@
 #include "editor/owned_track.h"
 
 #include "platform/fault.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "storage/settings_file.h"
 #include "storage/settings_sections.h"
 #include "text/number_text.h"

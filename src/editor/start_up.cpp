@@ -1,7 +1,8 @@
 // The start-up sequence.
 #include "editor/start_up.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
+#include "platform/places.h"
 #include "storage/settings_file.h"
 
 namespace pistaro {

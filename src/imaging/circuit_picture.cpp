@@ -4,7 +4,7 @@
 #include "imaging/image_file.h"
 #include "imaging/painter_surface.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "render/redraw.h"
 
 #include <QGuiApplication>

@@ -3,7 +3,7 @@
 
 #include "imaging/gif_file.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
+#include "platform/processes.h"
 
 #include <QBuffer>
 #include <QImageReader>

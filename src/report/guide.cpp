@@ -3,7 +3,7 @@
 
 #include "model/working_directory.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "report/guide_page.h"
 #include "report/viewer.h"
 

@@ -1,7 +1,8 @@
 // The viewer's command line.
 #include "report/viewer.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
+#include "platform/processes.h"
 
 namespace pistaro {
 

@@ -2,7 +2,7 @@
 #include "stats/shopping_list.h"
 
 #include "model/working_directory.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
 

@@ -1,7 +1,7 @@
 // The circuit file, line by line in the order of its lines.
 #include "storage/circuit_file.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "storage/line_reader.h"
 #include "storage/room_block.h"
 #include "text/number_text.h"

@@ -1,7 +1,8 @@
 // The reader, section by section. Keys are skipped by their length and never looked at.
 #include "storage/settings_file.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
+#include "platform/places.h"
 #include "storage/initial_settings.h"
 #include "storage/room_block.h"
 #include "storage/settings_sections.h"

@@ -1,7 +1,7 @@
 // Sections written, and replaced line by line.
 #include "storage/settings_sections.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "storage/room_block.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"

@@ -2,7 +2,7 @@
 #include "ui/designer.h"
 
 #include "editor/start_up.h"
-#include "platform/platform.h"
+#include "platform/processes.h"
 #include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"
 #include "ui/message_prompts.h"

@@ -3,7 +3,7 @@
 
 #include "editor/circuit_commands.h"
 #include "editor/status_text.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "ui/side_column.h"
 
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 // QMessageBox and QFileDialog.
 #include "ui/message_prompts.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
 
 #include <QApplication>
 #include <QFileDialog>

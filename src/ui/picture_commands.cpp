@@ -5,7 +5,7 @@
 #include "imaging/image_file.h"
 #include "imaging/piece_picture.h"
 #include "model/working_directory.h"
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "report/guide.h"
 
 #include <QCloseEvent>

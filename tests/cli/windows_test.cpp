@@ -1,5 +1,5 @@
 // The program on Windows: its streams, and names beyond plain letters on its command line.
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "support/run_program.h"
 
 #include <gmock/gmock.h>

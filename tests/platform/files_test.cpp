@@ -1,5 +1,5 @@
 // Reading files whole, and putting them on disk in one step.
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "platform/viewer_command.h"
 #include "support/fault_of.h"
 #include "support/temporary_folder.h"

@@ -1,6 +1,8 @@
 // What only Linux and its kin have: rights, links, pipes, size limits, signals. Refusals are tried as a user without
 // privileges, because to root the system refuses little.
-#include "platform/platform.h"
+#include "platform/files.h"
+#include "platform/places.h"
+#include "platform/processes.h"
 #include "support/fault_of.h"
 #include "support/temporary_folder.h"
 

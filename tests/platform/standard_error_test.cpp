@@ -1,5 +1,5 @@
 // Keeping libraries' words out of the standard error.
-#include "platform/platform.h"
+#include "platform/processes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,7 @@
 // What only Windows has: its folders, its registry, attributes, files that another program keeps to itself, devices.
-#include "platform/platform.h"
+#include "platform/files.h"
+#include "platform/places.h"
+#include "platform/processes.h"
 #include "platform/viewer_command.h"
 #include "support/classes_key_windows.h"
 #include "support/fake_viewer.h"

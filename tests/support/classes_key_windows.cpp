@@ -1,7 +1,7 @@
 // Setting and restoring a key's default value.
 #include "support/classes_key_windows.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
 
 #include <windows.h>
 

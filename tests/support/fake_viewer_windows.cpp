@@ -1,7 +1,7 @@
 // A batch file, registered for web pages, that writes its argument into a file beside it.
 #include "support/fake_viewer.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "support/classes_key_windows.h"
 
 #include <windows.h>

@@ -1,7 +1,8 @@
 // Starting the program with its streams in files.
 #include "support/run_program.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
+#include "platform/places.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 // Message boxes and file dialogs as the user sees them.
 #include "ui/message_prompts.h"
 
-#include "platform/platform.h"
+#include "platform/files.h"
 #include "support/temporary_folder.h"
 
 #include <QApplication>

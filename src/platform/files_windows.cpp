@@ -1,31 +1,19 @@
-// The operating system's half for Windows. Wide functions throughout: paths may hold any character.
+// Files on Windows. Wide functions throughout: paths may hold any character.
+#include "platform/files.h"
+
 #include "platform/fault.h"
-#include "platform/platform.h"
-#include "platform/viewer_command.h"
 
 #include <windows.h>
 
 #include <aclapi.h>
-#include <fcntl.h>
-#include <io.h>
-#include <knownfolders.h>
-#include <shellapi.h>
-#include <shlobj.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
-#include <cstdlib>
 
 #undef ReplaceFile // windows.h would rename ours
 
 namespace pistaro {
 
 namespace {
-
-std::wstring WideFromText(std::string_view utf8) { return PathFromText(utf8).wstring(); }
-
-std::string TextFromWide(const std::wstring& wide) { return TextFromPath(std::filesystem::path(wide)); }
 
 Fault FileFault(DWORD error, const std::filesystem::path& path) {
     const std::string name = TextFromPath(path);
@@ -187,104 +175,7 @@ bool WriteAll(HANDLE file, std::string_view bytes) {
     return true;
 }
 
-std::filesystem::path WindowsFolder() {
-    std::array<wchar_t, MAX_PATH + 1> buffer{};
-    const UINT length = ::GetWindowsDirectoryW(buffer.data(), static_cast<UINT>(buffer.size()));
-    return std::wstring(buffer.data(), length);
-}
-
-std::filesystem::path KnownFolder(REFKNOWNFOLDERID id) {
-    PWSTR found = nullptr;
-    std::filesystem::path folder;
-    if (SUCCEEDED(::SHGetKnownFolderPath(id, KF_FLAG_CREATE, nullptr, &found))) folder = found;
-    ::CoTaskMemFree(found);
-    return folder;
-}
-
-bool CanMakeFilesIn(const std::filesystem::path& folder) {
-    const std::filesystem::path probe = folder / ("corvel-" + std::to_string(::GetCurrentProcessId()) + ".tmp");
-    const Handle file(
-        ::CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
-    return file.IsOpen();
-}
-
-/// The default value of a key under HKEY_CLASSES_ROOT; empty when the key is missing.
-std::wstring ClassesValue(const std::wstring& key) {
-    DWORD bytes = 0;
-    if (::RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, nullptr, &bytes) !=
-        ERROR_SUCCESS) {
-        return {};
-    }
-    std::wstring value(bytes / sizeof(wchar_t), L'\0');
-    if (::RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &bytes) !=
-        ERROR_SUCCESS) {
-        return {};
-    }
-    return value.c_str(); // up to its terminating NUL
-}
-
-std::wstring Quoted(const std::wstring& word) {
-    return word.find(L' ') == std::wstring::npos ? word : L'"' + word + L'"';
-}
-
-/// A program on a command line. A registered command may hold words of its own behind it: those stay apart.
-std::wstring Program(const std::wstring& command) {
-    return ::GetFileAttributesW(command.c_str()) != INVALID_FILE_ATTRIBUTES ? Quoted(command) : command;
-}
-
-UINT codePageOfConsole = 0;
-
-void RestoreConsole() { ::SetConsoleOutputCP(codePageOfConsole); }
-
-bool IsMissing(DWORD stream) {
-    const HANDLE handle = ::GetStdHandle(stream);
-    return handle == nullptr || handle == INVALID_HANDLE_VALUE;
-}
-
 } // namespace
-
-std::vector<std::string> CommandLineArguments(int, char**) {
-    int count = 0;
-    LPWSTR* const words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
-    std::vector<std::string> arguments;
-    for (int i = 1; i < count; ++i)
-        arguments.push_back(TextFromWide(words[i]));
-    ::LocalFree(words);
-    return arguments;
-}
-
-void UseConsoleOfParent() {
-    // Pipes and files are inherited; only a console has to be asked for.
-    const bool noOutput = IsMissing(STD_OUTPUT_HANDLE);
-    const bool noErrors = IsMissing(STD_ERROR_HANDLE);
-    if ((noOutput || noErrors) && ::AttachConsole(ATTACH_PARENT_PROCESS) != 0) {
-        codePageOfConsole = ::GetConsoleOutputCP();
-        ::SetConsoleOutputCP(CP_UTF8);
-        std::atexit(RestoreConsole);
-        if (noOutput) (void)std::freopen("CONOUT$", "w", stdout);
-        if (noErrors) (void)std::freopen("CONOUT$", "w", stderr);
-    }
-    // Lines end as on every other system.
-    for (std::FILE* const stream : {stdin, stdout, stderr})
-        if (::_fileno(stream) >= 0) ::_setmode(::_fileno(stream), _O_BINARY);
-}
-
-// A program with a window may have no such stream at all, and then no number for it either. Where it has one, it may
-// hold words back, unlike elsewhere.
-SilentStandardError::SilentStandardError() : kept_(::_fileno(stderr) < 0 ? -1 : ::_dup(::_fileno(stderr))) {
-    const int nowhere = ::_open("NUL", _O_WRONLY);
-    if (nowhere < 0) return;
-    std::fflush(stderr);
-    if (kept_ >= 0) ::_dup2(nowhere, ::_fileno(stderr));
-    ::_close(nowhere);
-}
-
-SilentStandardError::~SilentStandardError() {
-    if (kept_ < 0) return;
-    std::fflush(stderr);
-    ::_dup2(kept_, ::_fileno(stderr));
-    ::_close(kept_);
-}
 
 std::filesystem::path PathFromText(std::string_view utf8) { return std::u8string(utf8.begin(), utf8.end()); }
 
@@ -296,21 +187,6 @@ std::string TextFromPath(const std::filesystem::path& path) {
 bool IsFolderSeparator(char c) { return c == '\\' || c == '/'; }
 
 char FolderSeparator() { return '\\'; }
-
-std::filesystem::path SettingsPath() {
-    const std::filesystem::path shared = WindowsFolder() / SettingsName;
-    if (::GetFileAttributesW(shared.c_str()) != INVALID_FILE_ATTRIBUTES || CanMakeFilesIn(shared.parent_path()))
-        return shared;
-    return KnownFolder(FOLDERID_RoamingAppData) / "Pistaro" / SettingsName;
-}
-
-std::filesystem::path DocumentsFolder() { return KnownFolder(FOLDERID_Documents); }
-
-std::filesystem::path InstalledFolder() {
-    std::array<wchar_t, 32768> buffer{};
-    const DWORD length = ::GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
-    return std::filesystem::path(std::wstring(buffer.data(), length)).parent_path();
-}
 
 std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
     const std::filesystem::path opened = AtAnyLength(path);
@@ -350,39 +226,5 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
     ::DeleteFileW(temporary.c_str());
     throw FileFault(error, path);
 }
-
-std::string FindHtmlViewer() {
-    const std::wstring type = ClassesValue(L".htm");
-    return ProgramOfCommand(TextFromWide(ClassesValue(type + L"\\shell\\open\\command")));
-}
-
-std::string WithoutSwitches(const std::string& command) { return CutAtDash(command); }
-
-std::string ShortPath(const std::string& path) {
-    std::array<wchar_t, 32768> buffer{};
-    const DWORD length =
-        ::GetShortPathNameW(WideFromText(path).c_str(), buffer.data(), static_cast<DWORD>(buffer.size()));
-    return length > 0 && length < buffer.size() ? TextFromWide(std::wstring(buffer.data(), length)) : path;
-}
-
-void StartProgram(const std::string& program, const std::string& argument) {
-    if (program.empty())
-        throw Fault("Program not started", "none is registered for " + argument); // not the argument itself
-    std::wstring commandLine = Program(WideFromText(program)) + L" " + Quoted(WideFromText(argument));
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                         &process) == 0) {
-        throw Fault("Program not started", program + ": error " + std::to_string(::GetLastError()));
-    }
-    ::CloseHandle(process.hThread);
-    ::CloseHandle(process.hProcess);
-}
-
-// Windows asks through the window, as a log-off does.
-int TerminationRequests() { return -1; }
-
-void TakeTerminationRequest() {}
 
 } // namespace pistaro

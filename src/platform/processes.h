@@ -1,10 +1,7 @@
-// Everything that is asked of the operating system, with a POSIX and a Windows half behind it. Texts are UTF-8.
+// This program as the system sees it, its arguments, console and signals, and other programs. Texts are UTF-8.
 #pragma once
 
-#include <cstddef>
-#include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace pistaro {
@@ -26,35 +23,6 @@ public:
 private:
     int kept_; ///< the stream's own descriptor, below 0 where there is none
 };
-
-/// Between a path and its text in the program.
-std::filesystem::path PathFromText(std::string_view utf8);
-std::string TextFromPath(const std::filesystem::path& path);
-
-/// Whether `c` parts folders in a path: "/", on Windows "\" too.
-bool IsFolderSeparator(char c);
-
-/// The separator that a folder's text ends in.
-char FolderSeparator();
-
-inline constexpr const char* SettingsName = "corvel.ini";
-
-/// Where the settings file stands: the Windows directory (%APPDATA%\Pistaro where an ordinary user cannot write there),
-/// elsewhere $XDG_CONFIG_HOME/pistaro or ~/.config/pistaro.
-std::filesystem::path SettingsPath();
-
-/// The user's documents folder.
-std::filesystem::path DocumentsFolder();
-
-/// The folder that holds what is installed with the program: its samples, its manual and its initial settings.
-std::filesystem::path InstalledFolder();
-
-/// A file's bytes. Faults: not there, not readable, or larger than `atMost`.
-std::string ReadFile(const std::filesystem::path& path, std::size_t atMost);
-
-/// Puts `bytes` on disk as the file `path`, in one step: they go to a temporary file beside it, which is flushed and
-/// renamed over it, so that a crash or a full disk leaves the old file or the new one, whole. Faults leave the old one.
-void ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
 
 /// The program registered for web pages: on Windows the registry's command for ".htm" files reduced to the program's
 /// path, elsewhere "xdg-open".

@@ -1,5 +1,5 @@
-// The operating system's half for Linux and its kin.
-#include "platform/platform.h"
+// Files on Linux and its kin.
+#include "platform/files.h"
 
 #include "platform/fault.h"
 
@@ -9,10 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
-#include <spawn.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace pistaro {
@@ -111,43 +108,7 @@ void CheckReplaceable(const std::filesystem::path& target) {
     if (::access(target.c_str(), W_OK) != 0) throw FileFault(errno, target);
 }
 
-std::string Environment(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
-std::filesystem::path Home() { return Environment("HOME"); }
-
-std::filesystem::path ConfigurationFolder() {
-    const std::string configured = Environment("XDG_CONFIG_HOME");
-    return configured.empty() ? Home() / ".config" : std::filesystem::path(configured);
-}
-
-/// What a signal's handler may do is write into a pipe.
-std::array<int, 2> terminationPipe{-1, -1};
-
-void RequestTermination(int) {
-    const int error = errno;
-    [[maybe_unused]] const ssize_t written = ::write(terminationPipe[1], "", 1);
-    errno = error;
-}
-
 } // namespace
-
-std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
-
-void UseConsoleOfParent() {}
-
-SilentStandardError::SilentStandardError() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
-    const Descriptor nowhere(::open("/dev/null", O_WRONLY | O_CLOEXEC));
-    if (kept_ >= 0 && nowhere.IsOpen()) ::dup2(nowhere.Number(), STDERR_FILENO);
-}
-
-SilentStandardError::~SilentStandardError() {
-    if (kept_ < 0) return;
-    ::dup2(kept_, STDERR_FILENO);
-    ::close(kept_);
-}
 
 std::filesystem::path PathFromText(std::string_view utf8) { return utf8; }
 
@@ -156,28 +117,6 @@ std::string TextFromPath(const std::filesystem::path& path) { return path.string
 bool IsFolderSeparator(char c) { return c == '/'; }
 
 char FolderSeparator() { return '/'; }
-
-std::filesystem::path SettingsPath() { return ConfigurationFolder() / "pistaro" / SettingsName; }
-
-std::filesystem::path DocumentsFolder() {
-    // The desktop keeps the folder's name in the user's language: XDG_DOCUMENTS_DIR="$HOME/Dokumente"
-    std::ifstream folders(ConfigurationFolder() / "user-dirs.dirs");
-    const std::string key = "XDG_DOCUMENTS_DIR=\"";
-    const std::string home = "$HOME";
-    for (std::string line; std::getline(folders, line);) {
-        if (!line.starts_with(key) || !line.ends_with('"')) continue;
-        std::string folder = line.substr(key.size(), line.size() - key.size() - 1);
-        if (folder.starts_with(home)) folder.replace(0, home.size(), Home().string());
-        return folder;
-    }
-    return Home() / "Documents";
-}
-
-std::filesystem::path InstalledFolder() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return program.parent_path().parent_path() / "share" / "pistaro";
-}
 
 std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -217,45 +156,6 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
     }
     const Descriptor entry(::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (entry.IsOpen()) ::fsync(entry.Number()); // the rename itself, too
-}
-
-std::string FindHtmlViewer() { return "xdg-open"; }
-
-std::string WithoutSwitches(const std::string& command) { return command; }
-
-std::string ShortPath(const std::string& path) { return path; }
-
-void StartProgram(const std::string& program, const std::string& argument) {
-    // Spawned by a child that ends at once, so that nobody has to wait for the viewer.
-    const pid_t child = ::fork();
-    if (child < 0) throw Fault("Program not started", program + ": " + std::strerror(errno));
-    if (child == 0) {
-        ::setsid();
-        pid_t viewer = 0;
-        std::array<char*, 3> arguments{const_cast<char*>(program.c_str()), const_cast<char*>(argument.c_str()),
-                                       nullptr};
-        ::_exit(::posix_spawnp(&viewer, program.c_str(), nullptr, nullptr, arguments.data(), environ));
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    const int error = WIFEXITED(status) ? WEXITSTATUS(status) : EIO;
-    if (error != 0) throw Fault("Program not started", program + ": " + std::strerror(error));
-}
-
-int TerminationRequests() {
-    if (terminationPipe[0] < 0 && ::pipe2(terminationPipe.data(), O_CLOEXEC | O_NONBLOCK) == 0) {
-        struct sigaction action {};
-        action.sa_handler = RequestTermination;
-        action.sa_flags = SA_RESTART;
-        for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-            ::sigaction(signal, &action, nullptr);
-    }
-    return terminationPipe[0];
-}
-
-void TakeTerminationRequest() {
-    char request = 0;
-    [[maybe_unused]] const ssize_t taken = ::read(terminationPipe[0], &request, 1);
 }
 
 } // namespace pistaro

@@ -1,0 +1,20 @@
+// Where the system keeps what belongs to the program and to its user.
+#pragma once
+
+#include <filesystem>
+
+namespace pistaro {
+
+inline constexpr const char* SettingsName = "corvel.ini";
+
+/// Where the settings file stands: the Windows directory (%APPDATA%\Pistaro where an ordinary user cannot write there),
+/// elsewhere $XDG_CONFIG_HOME/pistaro or ~/.config/pistaro.
+std::filesystem::path SettingsPath();
+
+/// The user's documents folder.
+std::filesystem::path DocumentsFolder();
+
+/// The folder that holds what is installed with the program: its samples, its manual and its initial settings.
+std::filesystem::path InstalledFolder();
+
+} // namespace pistaro

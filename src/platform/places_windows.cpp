@@ -1,0 +1,54 @@
+// Places on Windows. Wide functions throughout: paths may hold any character.
+#include "platform/places.h"
+
+#include <windows.h>
+
+#include <knownfolders.h>
+#include <shlobj.h>
+
+#include <array>
+#include <string>
+
+namespace pistaro {
+
+namespace {
+
+std::filesystem::path WindowsFolder() {
+    std::array<wchar_t, MAX_PATH + 1> buffer{};
+    const UINT length = ::GetWindowsDirectoryW(buffer.data(), static_cast<UINT>(buffer.size()));
+    return std::wstring(buffer.data(), length);
+}
+
+std::filesystem::path KnownFolder(REFKNOWNFOLDERID id) {
+    PWSTR found = nullptr;
+    std::filesystem::path folder;
+    if (SUCCEEDED(::SHGetKnownFolderPath(id, KF_FLAG_CREATE, nullptr, &found))) folder = found;
+    ::CoTaskMemFree(found);
+    return folder;
+}
+
+bool CanMakeFilesIn(const std::filesystem::path& folder) {
+    const std::filesystem::path probe = folder / ("corvel-" + std::to_string(::GetCurrentProcessId()) + ".tmp");
+    const HANDLE file =
+        ::CreateFileW(probe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    return file != INVALID_HANDLE_VALUE && ::CloseHandle(file) != 0;
+}
+
+} // namespace
+
+std::filesystem::path SettingsPath() {
+    const std::filesystem::path shared = WindowsFolder() / SettingsName;
+    if (::GetFileAttributesW(shared.c_str()) != INVALID_FILE_ATTRIBUTES || CanMakeFilesIn(shared.parent_path()))
+        return shared;
+    return KnownFolder(FOLDERID_RoamingAppData) / "Pistaro" / SettingsName;
+}
+
+std::filesystem::path DocumentsFolder() { return KnownFolder(FOLDERID_Documents); }
+
+std::filesystem::path InstalledFolder() {
+    std::array<wchar_t, 32768> buffer{};
+    const DWORD length = ::GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
+    return std::filesystem::path(std::wstring(buffer.data(), length)).parent_path();
+}
+
+} // namespace pistaro

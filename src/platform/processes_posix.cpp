@@ -1,0 +1,86 @@
+// Programs on Linux and its kin.
+#include "platform/processes.h"
+
+#include "platform/fault.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace pistaro {
+
+namespace {
+
+/// What a signal's handler may do is write into a pipe.
+std::array<int, 2> terminationPipe{-1, -1};
+
+void RequestTermination(int) {
+    const int error = errno;
+    [[maybe_unused]] const ssize_t written = ::write(terminationPipe[1], "", 1);
+    errno = error;
+}
+
+} // namespace
+
+std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+void UseConsoleOfParent() {}
+
+SilentStandardError::SilentStandardError() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
+    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (nowhere < 0) return;
+    if (kept_ >= 0) ::dup2(nowhere, STDERR_FILENO);
+    ::close(nowhere);
+}
+
+SilentStandardError::~SilentStandardError() {
+    if (kept_ < 0) return;
+    ::dup2(kept_, STDERR_FILENO);
+    ::close(kept_);
+}
+
+std::string FindHtmlViewer() { return "xdg-open"; }
+
+std::string WithoutSwitches(const std::string& command) { return command; }
+
+std::string ShortPath(const std::string& path) { return path; }
+
+void StartProgram(const std::string& program, const std::string& argument) {
+    // Spawned by a child that ends at once, so that nobody has to wait for the viewer.
+    const pid_t child = ::fork();
+    if (child < 0) throw Fault("Program not started", program + ": " + std::strerror(errno));
+    if (child == 0) {
+        ::setsid();
+        pid_t viewer = 0;
+        std::array<char*, 3> arguments{const_cast<char*>(program.c_str()), const_cast<char*>(argument.c_str()),
+                                       nullptr};
+        ::_exit(::posix_spawnp(&viewer, program.c_str(), nullptr, nullptr, arguments.data(), environ));
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    const int error = WIFEXITED(status) ? WEXITSTATUS(status) : EIO;
+    if (error != 0) throw Fault("Program not started", program + ": " + std::strerror(error));
+}
+
+int TerminationRequests() {
+    if (terminationPipe[0] < 0 && ::pipe2(terminationPipe.data(), O_CLOEXEC | O_NONBLOCK) == 0) {
+        struct sigaction action {};
+        action.sa_handler = RequestTermination;
+        action.sa_flags = SA_RESTART;
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+            ::sigaction(signal, &action, nullptr);
+    }
+    return terminationPipe[0];
+}
+
+void TakeTerminationRequest() {
+    char request = 0;
+    [[maybe_unused]] const ssize_t taken = ::read(terminationPipe[0], &request, 1);
+}
+
+} // namespace pistaro
