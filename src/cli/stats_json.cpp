@@ -4,6 +4,7 @@
 #include "stats/design_checks.h"
 #include "stats/frames.h"
 #include "text/number_text.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <functional>
@@ -32,9 +33,7 @@ Json DetailJson(const Detail& detail) {
 
 /// The blanks that fill `text` up to a column's width; characters count, not bytes.
 std::string Filler(const std::string& text, std::size_t width) {
-    const auto characters = static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-    return std::string(width - std::min(width, characters), ' ');
+    return std::string(width - std::min(width, CharacterCount(text)), ' ');
 }
 
 std::string Row(const std::string& caption, const std::vector<std::string>& values) {

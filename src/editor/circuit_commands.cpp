@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "storage/circuit_file.h"
 #include "storage/settings_sections.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 
@@ -46,15 +47,7 @@ std::optional<FolderAndTitle> PartedPath(const std::string& path) {
     return FolderAndTitle{{path.begin(), separator.base()}, {separator.base(), path.end()}};
 }
 
-std::string NameFromTitle(const std::string& title) {
-    std::size_t end = title.size();
-    for (int character = 0; character < 4 && end > 0; ++character) {
-        do {
-            --end;
-        } while (end > 0 && (static_cast<unsigned char>(title[end]) & 0xC0) == 0x80); // a character's further bytes
-    }
-    return title.substr(0, end);
-}
+std::string NameFromTitle(const std::string& title) { return std::string(WithoutLastCharacters(title, 4)); }
 
 void LoadCircuit(Project& project, const std::filesystem::path& file) {
     CircuitFile read = ReadCircuit(file);
