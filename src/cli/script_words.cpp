@@ -65,11 +65,9 @@ float SingleIn(const std::string& word) {
 
 int IntegerIn(const std::string& word, int least, int most) {
     const double value = NumberIn(word);
-    if (value != std::floor(value) || value < least || value > most) {
-        throw Refused("\"" + word + "\" is no whole number from " + std::to_string(least) + " to " +
-                      std::to_string(most));
-    }
-    return static_cast<int>(value);
+    const auto whole = RoundedWithin(value, least, most);
+    if (whole && *whole == value) return *whole;
+    throw Refused("\"" + word + "\" is no whole number from " + std::to_string(least) + " to " + std::to_string(most));
 }
 
 } // namespace pistaro

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace pistaro {
 
@@ -49,11 +48,8 @@ float Width(const std::string& text) {
 }
 
 std::int16_t GridStep(const std::string& text) {
-    const double step = ParseNumber(text);
-    if (step > std::numeric_limits<std::int16_t>::max()) {
-        throw Overflow("the grid step, " + text + ", is larger than 32767");
-    }
-    return static_cast<std::int16_t>(step);
+    if (const auto step = RoundedWithin<std::int16_t>(ParseNumber(text))) return *step;
+    throw Overflow("the grid step, " + text + ", is larger than 32767");
 }
 
 /// The text of one line of the settings file.

@@ -8,7 +8,6 @@
 #include "text/number_text.h"
 
 #include <cmath>
-#include <limits>
 
 namespace pistaro {
 
@@ -30,11 +29,8 @@ double NumberIn(const std::string& text, const std::string& what) {
 double OwnedIn(const StockBox& box) {
     const std::string what = "the owned count of " + box.Tag;
     const double owned = NumberIn(box.Owned, what);
-    const double rounded = RoundHalfEven(owned);
-    if (!(rounded >= std::numeric_limits<std::int16_t>::min() && rounded <= std::numeric_limits<std::int16_t>::max())) {
-        throw Overflow(what + ", " + box.Owned + ", is not between -32768 and 32767");
-    }
-    return owned;
+    if (RoundedWithin<std::int16_t>(owned)) return owned;
+    throw Overflow(what + ", " + box.Owned + ", is not between -32768 and 32767");
 }
 
 double PriceIn(const StockBox& box) {

@@ -5,7 +5,6 @@
 #include "text/number_text.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace pistaro {
 
@@ -14,11 +13,8 @@ namespace {
 std::int16_t Coordinate(const std::string& text, const char* name) {
     const std::string what = "the room point's " + std::string(name);
     if (!IsNumber(text)) throw TypeMismatch(what + ", \"" + text + "\", is no number");
-    const double value = RoundHalfEven(ParseNumber(text));
-    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
-        throw Overflow(what + ", " + text + ", is not between -32768 and 32767 cm");
-    }
-    return static_cast<std::int16_t>(value);
+    if (const auto value = RoundedWithin<std::int16_t>(ParseNumber(text))) return *value;
+    throw Overflow(what + ", " + text + ", is not between -32768 and 32767 cm");
 }
 
 bool IsBlank(const std::string& text) { return Trimmed(text).empty(); }

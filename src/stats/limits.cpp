@@ -5,15 +5,12 @@
 #include "text/number_text.h"
 
 #include <cmath>
-#include <limits>
 
 namespace pistaro {
 
 std::int16_t Count(int value) {
-    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
-        throw Overflow("a count of pieces cannot be " + NumberText(value));
-    }
-    return static_cast<std::int16_t>(value);
+    if (const auto count = RoundedWithin<std::int16_t>(value)) return *count;
+    throw Overflow("a count of pieces cannot be " + NumberText(value));
 }
 
 float Single(double value) {

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace pistaro {
 
@@ -59,11 +58,10 @@ float LineReader::BarPlaceIn(std::string_view text) const {
 
 template <typename Integer>
 Integer LineReader::WholeNumberIn(std::string_view text) const {
-    const double value = RoundHalfEven(DoubleIn(text));
-    if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max()) {
-        throw Overflow(Here(NumberText(value) + " is outside " + std::to_string(8 * sizeof(Integer)) + " bits"));
-    }
-    return static_cast<Integer>(value);
+    const double value = DoubleIn(text);
+    if (const auto whole = RoundedWithin<Integer>(value)) return *whole;
+    throw Overflow(
+        Here(NumberText(RoundHalfEven(value)) + " is outside " + std::to_string(8 * sizeof(Integer)) + " bits"));
 }
 
 std::int16_t LineReader::IntegerIn(std::string_view text) const { return WholeNumberIn<std::int16_t>(text); }

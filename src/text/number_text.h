@@ -1,6 +1,8 @@
 // Numbers as users and files see them: written in the shortest decimal form, read leniently.
 #pragma once
 
+#include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,5 +44,14 @@ std::string_view Trimmed(std::string_view text);
 
 /// The nearest whole number, halves to the even neighbour.
 double RoundHalfEven(double value);
+
+/// `value` rounded so; nothing where it is no number or that lies outside the range.
+template <typename Integer>
+std::optional<Integer> RoundedWithin(double value, Integer least = std::numeric_limits<Integer>::min(),
+                                     Integer most = std::numeric_limits<Integer>::max()) {
+    const double rounded = RoundHalfEven(value);
+    if (!(rounded >= least && rounded <= most)) return std::nullopt;
+    return static_cast<Integer>(rounded);
+}
 
 } // namespace pistaro

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <locale>
 #include <random>
@@ -186,6 +187,18 @@ TEST(RoundHalfEven, TakesHalvesToTheEvenNeighbour) {
     EXPECT_EQ(RoundHalfEven(-2.5), -2);
     EXPECT_EQ(RoundHalfEven(2.51), 3);
     EXPECT_EQ(RoundHalfEven(-2.49), -2);
+}
+
+TEST(RoundedWithin, GivesWholeNumbersFromTheLeastToTheMostAndNothingElse) {
+    EXPECT_EQ(RoundedWithin<std::int16_t>(32767.5), std::nullopt);
+    EXPECT_EQ(RoundedWithin<std::int16_t>(32767.4), std::int16_t{32767});
+    EXPECT_EQ(RoundedWithin<std::int16_t>(-32768.5), std::int16_t{-32768});
+    EXPECT_EQ(RoundedWithin<std::int16_t>(-32769), std::nullopt);
+    EXPECT_EQ(RoundedWithin(0.5, 1, 20), std::nullopt);
+    EXPECT_EQ(RoundedWithin(20.5, 1, 20), 20);
+    EXPECT_EQ(RoundedWithin(20.6, 1, 20), std::nullopt);
+    EXPECT_EQ(RoundedWithin<int>(std::numeric_limits<double>::infinity()), std::nullopt);
+    EXPECT_EQ(RoundedWithin<int>(std::numeric_limits<double>::quiet_NaN()), std::nullopt);
 }
 
 TEST(Fields, MoveShortTextsToTheirSide) {
