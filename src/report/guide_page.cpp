@@ -1,6 +1,7 @@
 // Line by line. Guides made by earlier versions look like this, to the missing body tag.
 #include "report/guide_page.h"
 
+#include "text/crlf_lines.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
 
@@ -10,12 +11,12 @@ namespace {
 
 std::string PictureTag(const std::string& file) { return "<img SRC=\"" + file + "\" >"; }
 
-void AddTrack(std::string& page, int number, const Track& track) {
+void AddTrack(CrLfLines& page, int number, const Track& track) {
     if (track.ElementCodes.empty()) return;
-    page += "<h3>Track" + SignedNumberText(number) + "</h3>\r\n";
+    page << "<h3>Track" + SignedNumberText(number) + "</h3>";
     for (const std::string& code : track.ElementCodes)
-        page += PictureTag(PiecePictureName(code)) + "&nbsp;->&nbsp;\r\n";
-    page += "<br>\r\n";
+        page << PictureTag(PiecePictureName(code)) + "&nbsp;->&nbsp;";
+    page << "<br>";
 }
 
 } // namespace
@@ -23,27 +24,24 @@ void AddTrack(std::string& page, int number, const Track& track) {
 std::string PiecePictureName(std::string_view code) { return std::string(code) + ".gif"; }
 
 std::string GuidePage(const Project& project) {
-    std::string page = "<html>\r\n"
-                       "<head>\r\n"
-                       "<title>Track Design Guide</title>\r\n"
-                       "</head>\r\n"
-                       "<hr>\r\n"
-                       "<center><h1>" +
-                       project.Name +
-                       "</h1></center>\r\n"
-                       "<center><b><i><font size=+1>created with Scalextric Pistaro</font></i></b></center>\r\n"
-                       "<br><hr>\r\n"
-                       "<h2>PICTURE</h2>\r\n"
-                       "<center><p>" +
-                       PictureTag(TrackPictureName) +
-                       "</center>\r\n"
-                       "<p><h2>TRACK DESCRIPTION</h2>\r\n"
-                       "<br>\r\n";
+    CrLfLines page;
+    page << "<html>"
+         << "<head>"
+         << "<title>Track Design Guide</title>"
+         << "</head>"
+         << "<hr>"
+         << "<center><h1>" + project.Name + "</h1></center>"
+         << "<center><b><i><font size=+1>created with Scalextric Pistaro</font></i></b></center>"
+         << "<br><hr>"
+         << "<h2>PICTURE</h2>"
+         << "<center><p>" + PictureTag(TrackPictureName) + "</center>"
+         << "<p><h2>TRACK DESCRIPTION</h2>"
+         << "<br>";
     int number = 0;
     for (const Track& track : project.Layout.Tracks)
         AddTrack(page, ++number, track);
-    page += "</font><br><hr></body></html>\r\n";
-    return Windows1252FromUtf8(page);
+    page << "</font><br><hr></body></html>";
+    return Windows1252FromUtf8(page.Take());
 }
 
 } // namespace pistaro

@@ -3,6 +3,7 @@
 
 #include "model/working_directory.h"
 #include "platform/files.h"
+#include "text/crlf_lines.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
 
@@ -29,21 +30,20 @@ std::string ItemLine(int count, std::string_view code, const CatalogueEntry& pro
 } // namespace
 
 std::string ShoppingListBytes(const Project& project, const Detail& detail) {
-    std::string bytes;
-    const auto addLine = [&](const std::string& line) { bytes += line + "\r\n"; };
-    addLine("SHOPPING LIST");
-    addLine("-------------");
-    addLine("");
+    CrLfLines lines;
+    lines << "SHOPPING LIST"
+          << "-------------"
+          << "";
     for (int row = 0; row < CatalogueCount; ++row) {
         if (!IsHeadRow(project.Pieces, row)) continue;
         const CatalogueEntry& product = Entry(project.Pieces, row);
         const std::string_view code = ProductCode(product.Code);
-        if (const int count = CountOf(detail, code); count > 0) addLine(ItemLine(count, code, product));
+        if (const int count = CountOf(detail, code); count > 0) lines << ItemLine(count, code, product);
     }
-    addLine(std::string(TotalColumn, ' ') + "-----");
-    addLine(LeftAligned("Total", TotalColumn) + NumberText(detail.TotalPrice) +
-            Windows1252FromUtf8(project.DisplayUnits.Currency));
-    return bytes;
+    lines << std::string(TotalColumn, ' ') + "-----"
+          << LeftAligned("Total", TotalColumn) + NumberText(detail.TotalPrice) +
+                 Windows1252FromUtf8(project.DisplayUnits.Currency);
+    return lines.Take();
 }
 
 Message WriteShoppingList(const Project& project, const Detail& detail) {

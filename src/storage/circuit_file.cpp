@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "storage/line_reader.h"
 #include "storage/room_block.h"
+#include "text/crlf_lines.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
 
@@ -45,25 +46,13 @@ Track ReadTrack(LineReader& lines, int number) {
     return track;
 }
 
-class Lines {
-public:
-    Lines& operator<<(std::string_view line) {
-        bytes_.append(line).append("\r\n");
-        return *this;
-    }
-    std::string Take() { return std::move(bytes_); }
-
-private:
-    std::string bytes_;
-};
-
-void WriteView(Lines& lines, const ViewSettings& view) {
+void WriteView(CrLfLines& lines, const ViewSettings& view) {
     const double reach = (static_cast<double>(view.VMov.Maximum) - view.VMov.Minimum) / 2;
     lines << "[Settings]" << NumberText(view.HMov.Minimum + reach) << NumberText(view.VMov.Minimum + reach)
           << NumberText(view.HMov.Value) << NumberText(view.VMov.Value) << NumberText(view.Width) << NumberText(reach);
 }
 
-void WriteTrack(Lines& lines, const Track& track, int index) {
+void WriteTrack(CrLfLines& lines, const Track& track, int index) {
     lines << "[Track " + std::to_string(index) + "]" << NumberText(track.TrackStartX) << NumberText(track.TrackStartY)
           << NumberText(track.TrackStartHeading);
     for (const std::string& code : track.ElementCodes)
@@ -90,7 +79,7 @@ CircuitFile ReadCircuit(const std::filesystem::path& path) {
 }
 
 std::string CircuitBytes(const Project& project) {
-    Lines lines;
+    CrLfLines lines;
     WriteView(lines, project.View);
     lines << "[Room]";
     for (const std::string& line : RoomBlockLines(project.Room))

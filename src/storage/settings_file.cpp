@@ -33,22 +33,22 @@ void ReadWorkingDirectory(LineReader& lines, Settings& settings) {
 }
 
 void ReadView(LineReader& lines, Settings& settings) {
-    settings.MidX = lines.BarPlaceIn(NextValue(lines, "MidX="));
-    settings.MidY = lines.BarPlaceIn(NextValue(lines, "MidY="));
-    const std::string_view zoom = NextValue(lines, "Zoom=");
+    settings.MidX = lines.BarPlaceIn(NextValue(lines, MidXKey));
+    settings.MidY = lines.BarPlaceIn(NextValue(lines, MidYKey));
+    const std::string_view zoom = NextValue(lines, ZoomKey);
     lines.SingleIn(zoom); // the view's width is a single
     settings.Zoom = lines.DoubleIn(zoom);
-    settings.MWid = lines.BarPlaceIn(NextValue(lines, "MWid="));
+    settings.MWid = lines.BarPlaceIn(NextValue(lines, MWidKey));
 }
 
 void ReadUnits(LineReader& lines, Settings& settings) {
-    settings.DisplayUnits.Inches = lines.IntegerIn(NextValue(lines, "Type=")) != 0;
-    settings.DisplayUnits.Currency = Utf8FromWindows1252(NextValue(lines, "Curr="));
+    settings.DisplayUnits.Inches = lines.IntegerIn(NextValue(lines, TypeKey)) != 0;
+    settings.DisplayUnits.Currency = Utf8FromWindows1252(NextValue(lines, CurrencyKey));
 }
 
 void ReadGrid(LineReader& lines, Settings& settings) {
-    settings.Grid.Type = lines.IntegerIn(NextValue(lines, "Type="));
-    settings.Grid.Step = lines.IntegerIn(NextValue(lines, "Step="));
+    settings.Grid.Type = lines.IntegerIn(NextValue(lines, TypeKey));
+    settings.Grid.Step = lines.IntegerIn(NextValue(lines, StepKey));
 }
 
 void ReadRoom(LineReader& lines, Settings& settings) { settings.Room = ReadRoomBlock(lines); }

@@ -3,6 +3,7 @@
 
 #include "platform/files.h"
 #include "storage/room_block.h"
+#include "text/crlf_lines.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
 
@@ -41,17 +42,19 @@ Section WorkingDirectoryOf(const std::string& folder) {
 
 Section ViewOf(double midX, double midY, double zoom, double mWid) {
     return {ViewSection,
-            {"MidX=" + NumberText(midX), "MidY=" + NumberText(midY), "Zoom=" + NumberText(zoom),
-             "MWid=" + NumberText(mWid)}};
+            {std::string(MidXKey) + NumberText(midX), std::string(MidYKey) + NumberText(midY),
+             std::string(ZoomKey) + NumberText(zoom), std::string(MWidKey) + NumberText(mWid)}};
 }
 
 Section UnitsOf(const Units& units) {
     return {UnitsSection,
-            {std::string("Type=") + (units.Inches ? "1" : "0"), "Curr=" + Windows1252FromUtf8(units.Currency)}};
+            {std::string(TypeKey) + (units.Inches ? "1" : "0"),
+             std::string(CurrencyKey) + Windows1252FromUtf8(units.Currency)}};
 }
 
 Section GridOf(const GridSettings& grid) {
-    return {GridSection, {"Type=" + NumberText(int{grid.Type}), "Step=" + NumberText(int{grid.Step})}};
+    return {GridSection,
+            {std::string(TypeKey) + NumberText(int{grid.Type}), std::string(StepKey) + NumberText(int{grid.Step})}};
 }
 
 Section RoomOf(const RoomPolygon& room) { return {RoomSection, RoomBlockLines(room)}; }
@@ -73,18 +76,18 @@ Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow) {
 
 std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections) {
     LineReader lines(bytes, name);
-    std::string replaced;
-    const auto write = [&](std::string_view line) { replaced.append(line).append("\r\n"); };
+    CrLfLines replaced;
     while (!lines.AtEnd()) {
         const std::string_view line = lines.Next("a section");
-        write(line);
+        replaced << line;
         const auto own = std::ranges::find(sections, line, &Section::Header);
         if (own == sections.end()) continue;
         for (std::size_t old = OldLineCount(lines, *own); old > 0; --old)
             lines.Next("a line of " + std::string(own->Header));
-        std::ranges::for_each(own->Lines, write);
+        for (const std::string& added : own->Lines)
+            replaced << added;
     }
-    return replaced;
+    return replaced.Take();
 }
 
 std::string RewrittenSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {

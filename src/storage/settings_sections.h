@@ -19,6 +19,15 @@ inline constexpr std::string_view LooseTrackSection = "[My Loose Track]";
 inline constexpr std::string_view BestPricesSection = "[Best Prices]";
 inline constexpr std::string_view ColoursSection = "[Colors]";
 
+/// What stands before the value in a section's lines.
+inline constexpr std::string_view MidXKey = "MidX=";
+inline constexpr std::string_view MidYKey = "MidY=";
+inline constexpr std::string_view ZoomKey = "Zoom=";
+inline constexpr std::string_view MWidKey = "MWid=";
+inline constexpr std::string_view TypeKey = "Type=";
+inline constexpr std::string_view CurrencyKey = "Curr=";
+inline constexpr std::string_view StepKey = "Step=";
+
 /// What the dialogs say when their sections are on disk.
 inline constexpr const char* SettingsSaved = "Settings saved.";
 
