@@ -4,11 +4,25 @@
 #include "text/number_text.h"
 #include "text/windows1252.h"
 
+#include <array>
+
 namespace pistaro {
 
 namespace {
 
-std::string PictureTag(const std::string& file) { return "<img SRC=\"" + file + "\" >"; }
+/// A circuit may come from anywhere: what is written in it must not become part of the page.
+std::string Escaped(std::string_view text) {
+    constexpr std::string_view marks = "&<>\"";
+    constexpr std::array<std::string_view, marks.size()> entities{"&amp;", "&lt;", "&gt;", "&quot;"};
+    std::string escaped;
+    for (const char c : text) {
+        const std::size_t mark = marks.find(c);
+        escaped += mark == std::string_view::npos ? std::string_view(&c, 1) : entities[mark];
+    }
+    return escaped;
+}
+
+std::string PictureTag(std::string_view file) { return "<img SRC=\"" + Escaped(file) + "\" >"; }
 
 void AddTrack(std::string& page, int number, const Track& track) {
     if (track.ElementCodes.empty()) return;
@@ -29,7 +43,7 @@ std::string GuidePage(const Project& project) {
                        "</head>\r\n"
                        "<hr>\r\n"
                        "<center><h1>" +
-                       project.Name +
+                       Escaped(project.Name) +
                        "</h1></center>\r\n"
                        "<center><b><i><font size=+1>created with Scalextric Pistaro</font></i></b></center>\r\n"
                        "<br><hr>\r\n"
