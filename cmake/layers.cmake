@@ -1,5 +1,5 @@
-# pistaro_layer(name USES other...): the library of src/<name>, of all its .cpp files, linking only what it may use: layers
-# that stand before it, and imported libraries (Qt6::Gui).
+# pistaro_layer(name USES other...): the library of src/<name>, of all its .cpp files, linking only what it may use:
+# layers that stand before it, and imported libraries (Qt6::Gui).
 function(pistaro_layer name)
     cmake_parse_arguments(LAYER "" "" "USES" ${ARGN})
     if(LAYER_UNPARSED_ARGUMENTS)
