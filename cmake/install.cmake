@@ -13,7 +13,8 @@ else()
 endif()
 install(FILES src/storage/corvel.ini DESTINATION ${PISTARO_DATA_FOLDER})
 # The samples' folder is a good first working directory, and the manual is looked for there.
-install(DIRECTORY samples/ DESTINATION ${PISTARO_DATA_FOLDER}/samples FILES_MATCHING PATTERN "*.trk")
+install(DIRECTORY samples/ DESTINATION ${PISTARO_DATA_FOLDER}/samples
+    FILES_MATCHING PATTERN "*.trk" PATTERN "scripts" EXCLUDE)
 install(DIRECTORY manual/ DESTINATION ${PISTARO_DATA_FOLDER}/samples/manual
     FILES_MATCHING PATTERN "*.html" PATTERN "*.png" PATTERN "*.gif")
 

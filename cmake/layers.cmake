@@ -1,6 +1,10 @@
-# pistaro_layer(name USES other...): the library of src/<name>, of all its .cpp files, linking only what it may use.
+# pistaro_layer(name USES other...): the library of src/<name>, of all its .cpp files, linking only what it may use:
+# layers that stand before it, and imported libraries (Qt6::Gui).
 function(pistaro_layer name)
     cmake_parse_arguments(LAYER "" "" "USES" ${ARGN})
+    if(LAYER_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "pistaro_layer(${name}): ${LAYER_UNPARSED_ARGUMENTS} stands before USES")
+    endif()
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
     # The operating system's halves stand side by side; one of them is built.
     if(WIN32)
@@ -13,8 +17,10 @@ function(pistaro_layer name)
     foreach(use IN LISTS LAYER_USES)
         if(TARGET pistaro_${use})
             target_link_libraries(pistaro_${name} PUBLIC pistaro_${use})
-        else()
+        elseif(use MATCHES "::")
             target_link_libraries(pistaro_${name} PRIVATE ${use})
+        else()
+            message(FATAL_ERROR "pistaro_layer(${name}): no layer ${use} stands before it")
         endif()
     endforeach()
 endfunction()

@@ -1,10 +1,13 @@
-// The sample circuits, found by listing: they load and close.
+// The sample circuits, found by listing: they load, close, and are not warned of.
 #include "editor/circuit_commands.h"
 #include "render/placement.h"
 #include "render/track_gap.h"
+#include "stats/design_checks.h"
 #include "storage/circuit_file.h"
+#include "storage/settings_file.h"
 #include "support/temporary_folder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -35,14 +38,32 @@ TEST(Samples, AreSavedAgainByteForByte) {
     }
 }
 
-TEST(Samples, CloseWithinTwoCentimetresAndWithoutAKink) {
+TEST(Samples, CloseWithinAMillimetreAndWithoutAKink) {
     for (const auto& file : Samples()) {
         const Project project = Loaded(file);
         EXPECT_FALSE(project.Layout.Tracks[0].ElementCodes.empty()) << file;
         for (const Track& track : project.Layout.Tracks) {
-            EXPECT_LT(GapOf(track).Distance, 2) << file;
+            EXPECT_LT(GapOf(track).Distance, 0.1) << file;
             EXPECT_NEAR(GapOf(track).Angle, 0, 1e-5) << file;
         }
+    }
+}
+
+std::vector<std::string> WarningsOf(const std::filesystem::path& file, const Settings& settings) {
+    Project project = StartUp(settings);
+    project.Layout.Tracks = ReadCircuit(file).Tracks;
+    std::vector<std::string> texts;
+    for (const Message& message : DesignChecks(project))
+        texts.push_back(message.Text);
+    return texts;
+}
+
+TEST(Samples, AreNotWarnedOfByTheDesignChecks) {
+    for (const auto& file : Samples()) {
+        const auto ownSettings = file.parent_path() / "scripts" / file.stem().concat(".ini");
+
+        EXPECT_THAT(WarningsOf(file, InitialSettings()), testing::IsEmpty()) << file;
+        EXPECT_THAT(WarningsOf(file, ReadSettings(ownSettings)), testing::IsEmpty()) << file;
     }
 }
 

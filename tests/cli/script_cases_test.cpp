@@ -1,5 +1,7 @@
-// One script for each folder of cases/: script.txt is run beside the folder's other files, and must print expected.txt;
-// with an expected_error.txt it must be refused in those words.
+// One script for each folder of cases/: script.txt is run beside the folder's other files, and must print expected.txt,
+// which is kept in the reading form of support/pretty_json.h; with an expected_error.txt it must be refused in those
+// words.
+#include "support/pretty_json.h"
 #include "support/run_program.h"
 
 #include <gtest/gtest.h>
@@ -28,19 +30,30 @@ std::string TestName(const testing::TestParamInfo<std::string>& info) {
     return name;
 }
 
+/// Compares with a file of the case. What differs is left in the build folder under the expected file's name.
+void ExpectFile(const std::string& actual, const std::string& caseName, const std::string& file,
+                const std::string& expected) {
+    if (actual == expected) return;
+    const auto folder = std::filesystem::path(PROGRAM).parent_path() / "tests" / "cli" / "cases" / caseName;
+    std::filesystem::create_directories(folder);
+    WriteBytes(folder / file, actual);
+    EXPECT_EQ(actual, expected) << "what came instead: " << folder / file;
+}
+
 } // namespace
 
 TEST_P(ScriptCase, PrintsWhatIsExpected) {
     const auto folder = CasesFolder() / GetParam();
     const ProgramFolder program;
     std::filesystem::copy(folder, program.Path());
-    const std::string expectedError = BytesOf(folder / "expected_error.txt");
+    const bool refused = std::filesystem::exists(folder / "expected_error.txt");
 
     const Finished finished = program.Run({"script", "script.txt"});
 
-    EXPECT_EQ(finished.Output, BytesOf(folder / "expected.txt"));
-    EXPECT_EQ(finished.Errors, expectedError);
-    EXPECT_EQ(finished.ExitStatus, expectedError.empty() ? 0 : 1);
+    ExpectFile(PrettyJson(finished.Output), GetParam(), "expected.txt", BytesOf(folder / "expected.txt"));
+    ExpectFile(finished.Errors, GetParam(), "expected_error.txt",
+               refused ? BytesOf(folder / "expected_error.txt") : "");
+    EXPECT_EQ(finished.ExitStatus, refused ? 1 : 0);
     EXPECT_TRUE(std::filesystem::is_empty(program.Home()));
 }
 

@@ -63,5 +63,22 @@ TEST(GuidePage, AccentedNamesAreWrittenInTheEightBitCodePage) {
     EXPECT_NE(GuidePage(Named(ProjectOf(""), "N\u00fcrburg")).find("<h1>N\xFCrburg</h1>"), std::string::npos);
 }
 
+TEST(GuidePage, ANameIsTextAndNoPartOfThePage) {
+    const std::string page = GuidePage(Named(ProjectOf(""), "<script>alert(\"a\" & 'b')</script>"));
+
+    EXPECT_NE(page.find("<h1>&lt;script&gt;alert(&quot;a&quot; &amp; 'b')&lt;/script&gt;</h1>"), std::string::npos);
+    EXPECT_EQ(page.find("<script>"), std::string::npos);
+}
+
+TEST(GuidePage, AnUnknownCodeCannotLeaveItsPicturesName) {
+    const std::string page = GuidePage(ProjectOf("x\"><script>&"));
+
+    EXPECT_NE(page.find("<img SRC=\"x&quot;&gt;&lt;script&gt;&amp;.gif\" >&nbsp;->&nbsp;\r\n"), std::string::npos);
+}
+
+TEST(GuidePage, AnUnknownCodesPictureIsCalledAfterIt) {
+    EXPECT_NE(GuidePage(ProjectOf("X1_y")).find("<img SRC=\"X1_y.gif\" >"), std::string::npos);
+}
+
 } // namespace
 } // namespace pistaro
