@@ -120,6 +120,7 @@ TEST_F(OwnedTrack, WritesALargePriceAsTheShortestTextOfADouble) {
 TEST_F(OwnedTrack, KeepsThePricesBehindAnIncompleteSectionOfOwnedTrack) {
     const std::string grid = "[Grid]\r\nType=1\r\nStep=2\r\n";
     Start("[My Loose Track]\r\nC151=1\r\nC152=2\r\n\r\n" + ProductLines("[Best Prices]") + grid);
+    FillStockBoxes(project_, boxes_);
     Type("C160", "5", "8");
 
     SaveOwnedTrack(project_, boxes_, prompts_);
