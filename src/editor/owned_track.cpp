@@ -86,7 +86,6 @@ void SaveOwnedTrack(Project& project, const StockBoxes& boxes, Prompts& prompts)
     const std::string bytes =
         RewrittenSettings(project.SettingsPath, {LooseTrackOf(ByRow(project.Pieces, boxes, OwnedIn)),
                                                  BestPricesOf(ByRow(project.Pieces, boxes, PriceIn))});
-    // Read before it is written: a file that could not be read again must not take the old one's place.
     const Settings read = ParseSettings(bytes, TextFromPath(project.SettingsPath), StockOf(project.Pieces));
     ReplaceFile(project.SettingsPath, bytes);
     ApplyStock(project.Pieces, read);

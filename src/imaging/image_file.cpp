@@ -10,13 +10,42 @@
 
 namespace pistaro {
 
+namespace {
+
+constexpr qint64 MostMegabytes = 512; ///< of a decoded picture
+constexpr qint64 Megabyte = 1 << 20;
+
+/// The memory that the picture takes when it is decoded; 0 where that shows only then.
+qint64 DecodedBytes(const QImageReader& reader) {
+    const QSize size = reader.size();
+    if (!size.isValid()) return 0;
+    const QImage::Format format = reader.imageFormat();
+    const int bits = format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
+    const qint64 wordsOfLine = (qint64{size.width()} * bits + 31) / 32;
+    return 4 * wordsOfLine * size.height();
+}
+
+/// Faults before memory is taken that the program would not give.
+void CheckMemory(const QImageReader& reader, const std::string& name) {
+    const qint64 bytes = DecodedBytes(reader);
+    if (bytes <= MostMegabytes * Megabyte) return;
+    throw InvalidPicture(name + ": its " + std::to_string(reader.size().width()) + " x " +
+                         std::to_string(reader.size().height()) + " pixels would need " +
+                         std::to_string((bytes + Megabyte - 1) / Megabyte) + " MB, at most " +
+                         std::to_string(MostMegabytes) + " MB are taken");
+}
+
+} // namespace
+
 QImage DecodeImage(const std::string& bytes, const std::string& name) {
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
+    QImageReader::setAllocationLimit(MostMegabytes);
     reader.setAutoTransform(true); // a photograph stands as it was taken
     QImage image = [&] {
         const SilentStandardError silent; // the PNG library prints what it found there as well
+        CheckMemory(reader, name);
         return reader.read();
     }();
     if (image.isNull()) throw InvalidPicture(name + ": " + reader.errorString().toStdString());

@@ -7,7 +7,8 @@
 
 namespace pistaro {
 
-/// A picture's bytes as an image. Fault when they are no picture; `name` is the file's.
+/// A picture's bytes as an image. Fault when they are no picture, or one that takes more than 512 MB of
+/// memory; `name` is the file's.
 QImage DecodeImage(const std::string& bytes, const std::string& name);
 
 /// An image in a format that PictureFormatOf gives. Fault when it cannot be written so.

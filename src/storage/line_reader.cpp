@@ -26,12 +26,13 @@ LineReader::LineReader(std::string_view bytes, std::string name) : rest_(bytes),
     throw BadFileFormat(Here("this is not a text file"));
 }
 
+std::string_view LineReader::Peek() const { return rest_.substr(0, rest_.find_first_of("\r\n")); }
+
 std::string_view LineReader::Next(const std::string& wanted) {
     ++line_;
     if (AtEnd()) throw InputPastEndOfFile(Here(wanted + " is missing"));
-    const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
-    const std::string_view line = rest_.substr(0, end);
-    rest_.remove_prefix(end);
+    const std::string_view line = Peek();
+    rest_.remove_prefix(line.size());
     if (!rest_.empty()) rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : 1);
     return line;
 }

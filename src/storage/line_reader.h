@@ -20,6 +20,9 @@ public:
 
     bool AtEnd() const { return rest_.empty(); }
 
+    /// The next line without its end, left where it is; empty at the end of the file.
+    std::string_view Peek() const;
+
     /// The next line without its end. At the end of the file a fault that says what was to come.
     std::string_view Next(const std::string& wanted);
 

@@ -3,12 +3,15 @@
 
 #include "platform/files.h"
 #include "platform/places.h"
+#include "storage/folder_line.h"
 #include "storage/initial_settings.h"
 #include "storage/room_block.h"
 #include "storage/settings_sections.h"
 #include "text/windows1252.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace pistaro {
 
@@ -29,7 +32,7 @@ std::string_view NextValue(LineReader& lines, std::string_view key) {
 void WarnOfMissingValues(Settings& settings) { settings.Messages.push_back({Icon::Exclamation, IncompleteFile}); }
 
 void ReadWorkingDirectory(LineReader& lines, Settings& settings) {
-    settings.WorkingDirectory = Utf8FromWindows1252(lines.Next("the working directory"));
+    settings.WorkingDirectory = FolderInLine(lines.Next("the working directory"));
 }
 
 void ReadView(LineReader& lines, Settings& settings) {
@@ -110,11 +113,12 @@ constexpr std::array SectionReaders{
 
 Settings ParseSettings(std::string_view bytes, const std::string& name, Settings settings) {
     LineReader lines(bytes, name);
+    std::vector<SectionReader> unread(SectionReaders.begin(), SectionReaders.end());
     while (!lines.AtEnd()) {
-        const std::string_view line = lines.Next("a section");
-        for (const SectionReader& section : SectionReaders) {
-            if (line == section.Header) section.Read(lines, settings);
-        }
+        const auto section = std::ranges::find(unread, lines.Next("a section"), &SectionReader::Header);
+        if (section == unread.end()) continue;
+        section->Read(lines, settings);
+        unread.erase(section);
     }
     return settings;
 }
@@ -133,7 +137,9 @@ std::string InitialSettingsBytes(const std::filesystem::path& brought, const std
         std::filesystem::exists(brought, none) ? ReadFile(brought, MostFileBytes) : std::string(InitialSettingsText);
     const std::string name = TextFromPath(brought);
     ParseSettings(bytes, name); // a damaged file is refused before it is put in place
-    return ReplaceSections(bytes, name, {WorkingDirectoryOf(workingDirectory)});
+    std::string replaced = ReplaceSections(bytes, name, {WorkingDirectoryOf(workingDirectory)});
+    ParseSettings(replaced, name); // nor is one that the new line damages
+    return replaced;
 }
 
 std::string InitialSettingsBytes() {

@@ -10,9 +10,9 @@
 namespace pistaro {
 
 /// Parses a whole file into settings that keep what the file does not say: zero at the start of the program, the
-/// values so far when it is read again. A warning tells where an owned-track, price or colour section ends in an empty
-/// line. Faults name `name` and the line: a file that ends inside a section, a value line shorter than its key, a
-/// number out of range.
+/// values so far when it is read again. Of a section that stands twice the first counts. A warning tells where an
+/// owned-track, price or colour section ends in an empty line. Faults name `name` and the line: a file that ends inside
+/// a section, a value line shorter than its key, a number out of range.
 Settings ParseSettings(std::string_view bytes, const std::string& name, Settings settings = {});
 
 /// Reads and parses a file; the same faults and those of reading.

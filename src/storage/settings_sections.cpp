@@ -2,7 +2,9 @@
 #include "storage/settings_sections.h"
 
 #include "platform/files.h"
+#include "storage/folder_line.h"
 #include "storage/room_block.h"
+#include "storage/settings_file.h"
 #include "text/crlf_lines.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
@@ -24,21 +26,95 @@ Section StockSection(std::string_view header, const std::array<double, Catalogue
     return section;
 }
 
-/// How many old lines the section takes the place of: as many as it has itself, but for the lists of products, which
-/// get one line more than they are read with, and for the room, whose points are counted in its first line.
-std::size_t OldLineCount(LineReader& lines, const Section& section) {
-    if (section.Header == RoomSection) {
-        return static_cast<std::size_t>(RoomPointCountIn(lines, lines.Next("the number of room points")));
-    }
-    const bool isProductList = section.Header == LooseTrackSection || section.Header == BestPricesSection;
-    return isProductList ? CatalogueShapeCount : section.Lines.size();
+/// How many lines stand behind a header, but for the room's, which are counted in the first of them.
+struct SectionShape {
+    std::string_view Header;
+    std::size_t Lines;
+    bool EmptyLineEnds; ///< for the reader, who warns of what is missing
+};
+
+constexpr std::array SectionShapes{
+    SectionShape{WorkingDirectorySection, 1, false},
+    SectionShape{ViewSection, 4, false},
+    SectionShape{UnitsSection, 2, false},
+    SectionShape{GridSection, 2, false},
+    SectionShape{RoomSection, 0, false},
+    SectionShape{LooseTrackSection, CatalogueShapeCount, true},
+    SectionShape{BestPricesSection, CatalogueShapeCount, true},
+    SectionShape{ColoursSection, std::size(ColourSlots), true},
+};
+
+const SectionShape* ShapeOf(std::string_view line) {
+    const auto* const found = std::ranges::find(SectionShapes, line, &SectionShape::Header);
+    return found == SectionShapes.end() ? nullptr : found;
 }
+
+/// Goes through a file and sees its sections where the reader sees them: a line that is taken for another section's
+/// value is no header.
+class Rewriting {
+public:
+    Rewriting(std::string_view bytes, const std::string& name) : lines_(bytes, name) {}
+
+    std::string With(const std::vector<Section>& sections) {
+        std::vector<const SectionShape*> seen;
+        while (!lines_.AtEnd()) {
+            const SectionShape* const shape = ShapeOf(lines_.Peek());
+            Copy(1);
+            if (shape == nullptr || std::ranges::find(seen, shape) != seen.end()) continue;
+            seen.push_back(shape);
+            const auto own = std::ranges::find(sections, shape->Header, &Section::Header);
+            if (own == sections.end()) {
+                CopyLinesOf(*shape);
+                continue;
+            }
+            DropLinesOf(*shape);
+            for (const std::string& line : own->Lines)
+                written_ << line;
+        }
+        return written_.Take();
+    }
+
+private:
+    void Copy(std::size_t count) {
+        for (; count > 0 && !lines_.AtEnd(); --count)
+            written_ << lines_.Next("a line");
+    }
+
+    /// Copies what the reader takes for the section; it is his to tell what is wrong there.
+    void CopyLinesOf(const SectionShape& shape) {
+        if (shape.Header == RoomSection) {
+            const std::string_view count = lines_.Peek();
+            Copy(1);
+            Copy(static_cast<std::size_t>(RoomPointCountIn(lines_, count)) + 1); // and the angle
+            return;
+        }
+        for (std::size_t left = shape.Lines; left > 0; --left) {
+            const bool isLast = shape.EmptyLineEnds && lines_.Peek().empty();
+            Copy(1);
+            if (isLast) return;
+        }
+    }
+
+    /// Drops as many old lines as the section had when the format was made, without the room's angle, but no header.
+    void DropLinesOf(const SectionShape& shape) {
+        std::size_t left = shape.Lines;
+        if (shape.Header == RoomSection && ShapeOf(lines_.Peek()) == nullptr) {
+            left = static_cast<std::size_t>(RoomPointCountIn(lines_, lines_.Next("the number of room points")));
+        }
+        bool hasEnded = false;
+        for (; left > 0 && ShapeOf(lines_.Peek()) == nullptr && !(hasEnded && lines_.AtEnd()); --left) {
+            const std::string_view line = lines_.Next("a line of " + std::string(shape.Header));
+            hasEnded |= shape.EmptyLineEnds && line.empty();
+        }
+    }
+
+    LineReader lines_;
+    CrLfLines written_;
+};
 
 } // namespace
 
-Section WorkingDirectoryOf(const std::string& folder) {
-    return {WorkingDirectorySection, {Windows1252FromUtf8(folder)}};
-}
+Section WorkingDirectoryOf(const std::string& folder) { return {WorkingDirectorySection, {FolderLine(folder)}}; }
 
 Section ViewOf(double midX, double midY, double zoom, double mWid) {
     return {ViewSection,
@@ -75,24 +151,15 @@ Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow) {
 }
 
 std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections) {
-    LineReader lines(bytes, name);
-    CrLfLines replaced;
-    while (!lines.AtEnd()) {
-        const std::string_view line = lines.Next("a section");
-        replaced << line;
-        const auto own = std::ranges::find(sections, line, &Section::Header);
-        if (own == sections.end()) continue;
-        for (std::size_t old = OldLineCount(lines, *own); old > 0; --old)
-            lines.Next("a line of " + std::string(own->Header));
-        for (const std::string& added : own->Lines)
-            replaced << added;
-    }
-    return replaced.Take();
+    return Rewriting(bytes, name).With(sections);
 }
 
 std::string RewrittenSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {
     if (path.empty()) throw Fault("Path not found", "there is no settings file to write");
-    return ReplaceSections(ReadFile(path, MostFileBytes), TextFromPath(path), sections);
+    const std::string name = TextFromPath(path);
+    std::string bytes = ReplaceSections(ReadFile(path, MostFileBytes), name, sections);
+    ParseSettings(bytes, name); // what could not be read again must not take the old file's place
+    return bytes;
 }
 
 void RewriteSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {

@@ -50,12 +50,14 @@ Section LooseTrackOf(const std::array<double, CatalogueCount>& ownedByRow);
 Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow);
 
 /// The file's bytes with each of these sections' old lines replaced. Of a section as many lines are dropped as it had
-/// when the format was made: the room's old angle line and a 29th product line stay behind the new ones. A section
-/// that the file lacks is not added; all other lines are copied byte for byte and end in CR LF. Fault, naming `name`,
-/// when the file ends inside a section that is replaced.
+/// when the format was made: the room's old angle line and a 29th product line stay behind the new ones; but dropping
+/// ends before the next header. A section is replaced where the reader reads it: at its first place only. One that the
+/// file lacks is not added; all other lines are copied byte for byte and end in CR LF. Fault, naming `name`, when the
+/// file ends inside a section that is replaced.
 std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections);
 
-/// The same bytes for the file on disk. Faults: those of reading, and an empty path, which stands for no file.
+/// The same bytes for the file on disk. Faults: those of reading, also of reading those bytes again, and an empty path,
+/// which stands for no file.
 std::string RewrittenSettings(const std::filesystem::path& path, const std::vector<Section>& sections);
 
 /// Puts them on disk in one step; faults leave the file as it was.

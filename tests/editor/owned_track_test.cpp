@@ -108,6 +108,27 @@ TEST_F(OwnedTrack, TakesCountsAndPricesAsTheyAreReadBack) {
     EXPECT_EQ(Row("N10111").OwnedCount, 0); // its line is the 29th
 }
 
+TEST_F(OwnedTrack, WritesALargePriceAsTheShortestTextOfADouble) {
+    Type("C151", "1", "12345678.5");
+    Type("C160", "1", "1e15");
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[Best Prices]", {"C151=12345678.5", "C160=1E+15"})));
+}
+
+TEST_F(OwnedTrack, KeepsThePricesBehindAnIncompleteSectionOfOwnedTrack) {
+    const std::string grid = "[Grid]\r\nType=1\r\nStep=2\r\n";
+    Start("[My Loose Track]\r\nC151=1\r\nC152=2\r\n\r\n" + ProductLines("[Best Prices]") + grid);
+    FillStockBoxes(project_, boxes_);
+    Type("C160", "5", "8");
+
+    SaveOwnedTrack(project_, boxes_, prompts_);
+
+    EXPECT_EQ(OnDisk(), SavedProductLines("[My Loose Track]", {"C151=1", "C152=2", "C160=5"}) +
+                            SavedProductLines("[Best Prices]", {"C160=8"}) + grid);
+}
+
 TEST_F(OwnedTrack, TakesNothingElseFromTheFileThatItReadsAgain) {
     project_.View.MidX = 77;
     project_.Colours.Rail = 99;

@@ -100,6 +100,32 @@ TEST(ImageFile, RefusesBytesThatAreNoPictureAndNamesTheFile) {
     }
 }
 
+/// A white JPEG in colour: its three components take 4 bytes a pixel when it is decoded.
+std::string WhiteJpeg(int width, int height) {
+    QImage image(width, height, QImage::Format_Indexed8);
+    image.setColorTable({qRgb(255, 255, 255), qRgb(255, 0, 0)});
+    image.fill(0);
+    return EncodeImage(image, "jpg");
+}
+
+TEST(ImageFile, APhotographOf9000By9000PixelsIsTaken) {
+    const QImage image = DecodeImage(WhiteJpeg(9000, 9000), "plan.jpg");
+
+    EXPECT_EQ(image.size(), QSize(9000, 9000));
+    EXPECT_EQ(image.depth(), 32) << "309 MB";
+    EXPECT_EQ(image.pixel(8999, 8999), qRgb(255, 255, 255));
+}
+
+TEST(ImageFile, APictureThatNeedsMoreMemoryThanIsTakenIsRefusedBeforeItIsDecoded) {
+    std::string bytes = WhiteJpeg(16, 16);
+    const std::size_t frame = bytes.find("\xFF\xC0"); // marker, length, bits; then height and width of two bytes each
+    ASSERT_NE(frame, std::string::npos);
+    bytes.replace(frame + 5, 4, std::string("\x30\x00\x40\x00", 4));
+
+    EXPECT_EQ(FaultOf([&] { DecodeImage(bytes, "plan.jpg"); }),
+              "Invalid picture: plan.jpg: its 16384 x 12288 pixels would need 768 MB, at most 512 MB are taken");
+}
+
 TEST(ImageFile, TheFormatIsWhatTheEndingSays) {
     EXPECT_EQ(PictureFormatOf("a.bmp"), "bmp");
     EXPECT_EQ(PictureFormatOf("b.PNG"), "png");

@@ -199,6 +199,13 @@ TEST(Settings, SectionsStandInAnyOrderAmongAnyOtherLines) {
     EXPECT_EQ(settings.MWid, 4) << "the last line without an end";
 }
 
+TEST(Settings, OfASectionThatStandsTwiceAreThoseOfItsFirstPlace) {
+    const Settings settings = Parsed("[Grid]\r\nType=1\r\nStep=5\r\n[Grid]\r\nType=2\r\nStep=x\r\n[Grid]\r\n");
+
+    EXPECT_EQ(settings.Grid.Type, 1);
+    EXPECT_EQ(settings.Grid.Step, 5);
+}
+
 TEST(Settings, HeadersAreComparedWholeAndByCase) {
     const Settings settings = Parsed("[grid]\r\nType=1\r\nStep=5\r\n[Grid] \r\nType=1\r\nStep=5\r\n [Grid]\r\n");
 
@@ -258,6 +265,12 @@ TEST(BadSettings, WithANumberOutOfItsRangeAreRefused) {
 
 TEST(BadSettings, ThatAreBinaryAreToldSo) {
     EXPECT_EQ(FaultIn(std::string("[Grid]\r\n\0", 9)), "Bad file format: corvel.ini, line 2: this is not a text file");
+    for (const char control : std::string("\x01\x08\x0B\x0E\x1A\x1B\x1F")) {
+        EXPECT_EQ(FaultIn(std::string("x\r\n") + control),
+                  "Bad file format: corvel.ini, line 2: this is not a text file")
+            << int{control};
+    }
+    EXPECT_EQ(FaultIn("\t\f\r\n \x7F"), "no fault");
 }
 
 TEST(BadSettings, OnDiskAreNamedByTheirPath) {

@@ -2,6 +2,7 @@
 #include "storage/settings_sections.h"
 
 #include "platform/fault.h"
+#include "platform/files.h"
 #include "storage/all_sections.h"
 #include "storage/settings_file.h"
 #include "support/fault_of.h"
@@ -112,9 +113,37 @@ TEST(ReplaceSections, DoesNotAddASectionThatTheFileLacks) {
     EXPECT_EQ(Replaced("", {ColoursOf({}), GridOf({})}), "");
 }
 
-TEST(ReplaceSections, ReplacesASectionWhereverItStandsAndEachTimeItDoes) {
+TEST(ReplaceSections, ReplacesASectionThatStandsTwiceAtItsFirstPlaceOnly) {
     EXPECT_EQ(Replaced("[Grid]\r\n1\r\n2\r\n[Grid]\r\n3\r\n4\r\n", {GridOf({2, 10})}),
-              "[Grid]\r\nType=2\r\nStep=10\r\n[Grid]\r\nType=2\r\nStep=10\r\n");
+              "[Grid]\r\nType=2\r\nStep=10\r\n[Grid]\r\n3\r\n4\r\n");
+}
+
+TEST(ReplaceSections, LeavesAHeaderAloneThatIsReadAsAnotherSectionsValue) {
+    const std::string bytes = "[Settings]\r\n[Grid]\r\nMidY=0\r\nZoom=9\r\nMWid=8\r\n";
+
+    EXPECT_EQ(Replaced(bytes, {GridOf({2, 10})}), bytes);
+    EXPECT_EQ(Replaced(bytes + "[Grid]\r\nType=1\r\nStep=1\r\n", {GridOf({2, 10})}),
+              bytes + "[Grid]\r\nType=2\r\nStep=10\r\n");
+}
+
+TEST(ReplaceSections, DropsNoSectionBehindAnIncompleteOne) {
+    const std::string prices = "[Best Prices]\r\n" + Lines(28, "C151=2.5");
+
+    const std::string replaced =
+        Replaced("[My Loose Track]\r\n" + Lines(9, "C160=1") + "\r\n" + prices, {LooseTrackOf({})});
+
+    EXPECT_EQ(CountOf(replaced, "C160=1\r\n"), 0);
+    EXPECT_TRUE(replaced.ends_with("C8010=0\r\nC8010=0\r\nN10111=0\r\n" + prices));
+    EXPECT_EQ(Replaced("[Grid]\r\n[Units]\r\n1\r\nDM\r\n", {GridOf({2, 10}), UnitsOf({false, "EUR"})}),
+              "[Grid]\r\nType=2\r\nStep=10\r\n[Units]\r\nType=0\r\nCurr=EUR\r\n");
+    EXPECT_EQ(Replaced("[Room]\r\n[Grid]\r\n1\r\n2\r\n", {RoomOf({})}), "[Room]\r\n 0 \r\n0\r\n[Grid]\r\n1\r\n2\r\n");
+    EXPECT_EQ(Replaced("[Room]\r\n 2 \r\n 5 \r\n[Grid]\r\n1\r\n2\r\n", {RoomOf({})}),
+              "[Room]\r\n 0 \r\n0\r\n[Grid]\r\n1\r\n2\r\n");
+}
+
+TEST(ReplaceSections, CompletesASectionThatAnEmptyLineEndsAtTheEndOfTheFile) {
+    EXPECT_EQ(Replaced("[Colors]\r\nBackground=9\r\n\r\n", {ColoursOf({1, 2, 3, 4, 5, 6})}),
+              "[Colors]\r\nBackground=1\r\nInactive=2\r\nRail=3\r\nNonOwned=4\r\nOwned=5\r\nActive=6\r\n");
 }
 
 TEST(ReplaceSections, CopiesAllOtherLinesByteForByte) {
@@ -174,11 +203,54 @@ TEST(RewriteSettings, ReplacesTheFileOnDiskOrLeavesItAsItWas) {
     RewriteSettings(file, {GridOf({2, 10})});
     EXPECT_EQ(BytesOf(file), "[Grid]\r\nType=2\r\nStep=10\r\n");
 
-    WriteBytes(file, "[Units]\r\n[Grid]\r\nType=0\r\n");
+    WriteBytes(file, "[Units]\r\n0\r\nCurr=EUR\r\n[Grid]\r\nType=0\r\n");
     EXPECT_THROW(RewriteSettings(file, {GridOf({1, 1})}), Fault);
-    EXPECT_EQ(BytesOf(file), "[Units]\r\n[Grid]\r\nType=0\r\n");
+    EXPECT_EQ(BytesOf(file), "[Units]\r\n0\r\nCurr=EUR\r\n[Grid]\r\nType=0\r\n");
     EXPECT_THROW(RewriteSettings(folder / "none.ini", {GridOf({1, 1})}), Fault);
     EXPECT_FALSE(std::filesystem::exists(folder / "none.ini")) << "the file is never created";
+}
+
+TEST(RewriteSettings, RefusesToLeaveAFileThatCouldNotBeReadAgain) {
+    const TemporaryFolder folder;
+    const auto file = folder / "corvel.ini";
+    const std::string headerAsAngle = "[Room]\r\n0\r\n[Colors]\r\n"; // a header of nothing behind the new angle
+    WriteBytes(file, headerAsAngle);
+    ASSERT_NO_THROW(ReadSettings(file));
+
+    EXPECT_EQ(FaultOf([&] { RewriteSettings(file, {RoomOf({})}); }),
+              "Input past end of file: " + TextFromPath(file) + ", line 5: Background= is missing");
+
+    EXPECT_EQ(BytesOf(file), headerAsAngle);
+}
+
+std::string LineOf(const std::string& folder) { return WorkingDirectoryOf(folder).Lines.at(0); }
+
+TEST(WorkingDirectory, ThatTheCodePageLacksIsWrittenByteByByte) {
+    EXPECT_EQ(LineOf("/home/me/Müller €/"), "/home/me/M\xFCller \x80/");
+    EXPECT_EQ(LineOf("/日本/"), "/%E6%97%A5%E6%9C%AC/");
+    EXPECT_EQ(LineOf("/a\nb\tc\x7F/"), "/a%0Ab%09c%7F/");
+    EXPECT_EQ(LineOf("/broken \xC3/"), "/broken %C3/");
+    EXPECT_EQ(LineOf("/what?/"), "/what?/");
+}
+
+TEST(WorkingDirectory, KeepsAPercentSignUnlessTwoHexadecimalDigitsFollowIt) {
+    EXPECT_EQ(LineOf("/100%/50%z/"), "/100%/50%z/");
+    EXPECT_EQ(LineOf("/a%20b/%fG/"), "/a%2520b/%fG/");
+    EXPECT_EQ(LineOf("/%日/"), "/%%E6%97%A5/");
+}
+
+TEST(WorkingDirectory, IsReadBackAsItWasWhateverItHolds) {
+    for (const std::string folder :
+         {"/home/me/Müller €/", "/日本 🏁/", "/a\nb\tc\x7F/", "/broken \xC3 \xE2\x82/", "/100%/", "/a%20b/%25/%%41%/",
+          "/\xC2\x81\xC2\x80/", "/%-1%+1% 1%0x/", "C:\\Bahn\\", "%", ""}) {
+        const std::string bytes = Replaced("[Working Directory]\r\nold\r\n", {WorkingDirectoryOf(folder)});
+
+        EXPECT_EQ(ParseSettings(bytes, "corvel.ini").WorkingDirectory, folder);
+    }
+}
+
+TEST(WorkingDirectory, MayBeWrittenInLowerCaseDigitsByOthers) {
+    EXPECT_EQ(ParseSettings("[Working Directory]\r\n/%e6%97%a5/\r\n", "corvel.ini").WorkingDirectory, "/日/");
 }
 
 } // namespace
