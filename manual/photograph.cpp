@@ -1,5 +1,9 @@
-// Photographs the program's windows for the manual: manual_photograph SAMPLE FOLDER. Works without a display.
+// Photographs the program's windows for the manual, and the first circuit as it grows: manual_photograph SAMPLE FOLDER.
+// Works without a display.
+#include "editor/building.h"
 #include "editor/circuit_commands.h"
+#include "editor/track_editing.h"
+#include "imaging/circuit_picture.h"
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "storage/settings_file.h"
@@ -8,6 +12,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -75,11 +80,52 @@ constexpr std::array<std::pair<const char*, const char*>, 4> Dialogs{{
     {"mnuStats", "statistics"},
 }};
 
-void Photograph(const std::filesystem::path& sample, const QString& folder) {
+/// The circuit of the first chapter after each of its steps: what was laid last is selected, as in the window.
+void PictureFirstCircuit(const QString& folder) {
+    Project project = StartUp(InitialSettings());
+    MoveTracks(project, 2, -3); // into the middle
+    int step = 0;
+    const auto lay = [&](const char* code, int times) {
+        for (int i = 0; i < times; ++i)
+            AddPiece(project, code);
+    };
+    const auto picture = [&] {
+        const std::string file = folder.toStdString() + "/first-" + std::to_string(++step) + ".png";
+        ReplaceFile(PathFromText(file), CircuitPicture(project, 260, std::nullopt, "png"));
+        std::cout << file << '\n';
+    };
+    lay("C160", 3);
+    picture();
+    lay("C151L", 4);
+    picture();
+    lay("C160", 3);
+    lay("C151L", 4);
+    picture();
+}
+
+/// The room that the manual enters point by point: 320 x 260 cm, with a pillar.
+RoomPolygon RoomOfTheManual() {
+    return {.Points = {{-160, -130, 1},
+                       {160, -130, 1},
+                       {160, 130, 1},
+                       {-160, 130, 1},
+                       {-160, -130, 1},
+                       {60, 40, 0},
+                       {100, 40, 1},
+                       {100, 80, 1},
+                       {60, 80, 1},
+                       {60, 40, 1}},
+            .Angle = 0};
+}
+
+void PhotographWindows(const std::filesystem::path& sample, const QString& folder) {
     const Photographer photographer(folder);
     SilentUser user;
     Project project = StartUp(InitialSettings());
     LoadCircuit(project, sample);
+    const QTemporaryDir settings; // a user has a settings file, so that the dialogs can save
+    project.SettingsPath = PathFromText(settings.filePath("corvel.ini").toStdString());
+    ReplaceFile(project.SettingsPath, InitialSettingsBytes());
     project.WorkingDirectory = "/home/you/Documents/Pistaro/"; // nobody's own folder
     project.Layout.Tracks[0].CurrentElement = 29;
     frmCorvel window(project, user);
@@ -89,6 +135,7 @@ void Photograph(const std::filesystem::path& sample, const QString& folder) {
     QWidget& palette = *window.findChild<QWidget*>("cmdSeeRemaining")->parentWidget();
     QApplication::processEvents();
     photographer.Take(palette, palette.childrenRect().adjusted(-4, -4, 4, 4), "pieces");
+    project.Room = RoomOfTheManual();
     for (const auto& [entry, name] : Dialogs) {
         if (window.findChild<QAction*>(entry) != nullptr) photographer.TakeDialog(window, entry, name);
     }
@@ -106,7 +153,9 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     const std::vector<std::string> arguments = pistaro::CommandLineArguments(argc, argv);
     try {
-        pistaro::Photograph(pistaro::PathFromText(arguments.at(0)), QString::fromStdString(arguments.at(1)));
+        const QString folder = QString::fromStdString(arguments.at(1));
+        pistaro::PictureFirstCircuit(folder);
+        pistaro::PhotographWindows(pistaro::PathFromText(arguments.at(0)), folder);
     } catch (const std::exception& problem) {
         std::cerr << "manual_photograph: " << problem.what() << '\n';
         return 1;
