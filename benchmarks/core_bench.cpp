@@ -1,7 +1,7 @@
 // Placing, reading and writing: what every command and every file costs besides drawing.
 #include "full_circuit.h"
+#include "layout/placement.h"
 #include "platform/files.h"
-#include "render/placement.h"
 #include "storage/circuit_file.h"
 
 #include <benchmark/benchmark.h>
@@ -13,9 +13,10 @@ void PlaceTwoThousand(benchmark::State& state) {
     const Project project = FullCircuit();
     Track row;
     while (row.ElementCodes.size() < 2000)
-        row.ElementCodes.push_back(project.Layout.Tracks[0].ElementCodes[row.ElementCodes.size() % MaxElements]);
+        row.ElementCodes.push_back(
+            project.Design.Circuit.Tracks[0].ElementCodes[row.ElementCodes.size() % MaxElements]);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(WalkTrack(row, [](int, const PiecePlacement* placement, const BuildCursor&) {
+        benchmark::DoNotOptimize(WalkTrack(Pieces(), row, [](int, const PiecePlacement* placement, const BuildCursor&) {
             benchmark::DoNotOptimize(placement->Label);
         }));
     }
@@ -23,7 +24,7 @@ void PlaceTwoThousand(benchmark::State& state) {
 
 void Read(benchmark::State& state) {
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "pistaro-bench.trk";
-    ReplaceFile(file, CircuitBytes(FullCircuit()));
+    ReplaceFile(file, CircuitBytes(FullCircuit().Design));
     for (auto _ : state)
         benchmark::DoNotOptimize(ReadCircuit(file));
     std::filesystem::remove(file);
@@ -32,7 +33,7 @@ void Read(benchmark::State& state) {
 void Format(benchmark::State& state) {
     const Project project = FullCircuit();
     for (auto _ : state)
-        benchmark::DoNotOptimize(CircuitBytes(project));
+        benchmark::DoNotOptimize(CircuitBytes(project.Design));
 }
 
 /// The disk's own time is in it: the bytes are flushed before the file is put in place.
@@ -40,7 +41,7 @@ void Write(benchmark::State& state) {
     const Project project = FullCircuit();
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "pistaro-bench.trk";
     for (auto _ : state)
-        ReplaceFile(file, CircuitBytes(project));
+        ReplaceFile(file, CircuitBytes(project.Design));
     std::filesystem::remove(file);
 }
 

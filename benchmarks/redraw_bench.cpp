@@ -52,12 +52,14 @@ public:
 
     void Clear(Colour background) override { Background = ToQColor(background); }
     void SetScale(const ViewRectangle& world) override { world_ = world; }
+    double PixelsPerCm() const override { return Scale(); }
+    void SetPen(PenWidth) override {}
     void SetFontSize(double points) override { Font.setPixelSize(static_cast<int>(std::lround(points * 96 / 72))); }
 
-    void Draw(const LineStroke& line, Colour colour) override {
+    void Draw(const LineSegment& line, Colour colour) override {
         Add(BareLine{QLineF(Mapped(line.From), Mapped(line.To))}, colour);
     }
-    void Draw(const ArcStroke& arc, Colour colour) override {
+    void Draw(const ArcSegment& arc, Colour colour) override {
         double span = double{arc.End} - arc.Start;
         if (span < 0) span += 2 * std::numbers::pi;
         const auto sixteenths = [](double angle) {
@@ -66,7 +68,7 @@ public:
         Add(BareArc{SquareAround(Mapped(arc.Centre), arc.Radius * Scale()), sixteenths(arc.Start), sixteenths(span)},
             colour);
     }
-    void Draw(const EllipseStroke& ellipse, Colour colour) override {
+    void Draw(const Ellipse& ellipse, Colour colour) override {
         const double radius = ellipse.Radius * Scale();
         Add(BareEllipse{Mapped(ellipse.Centre), radius, radius * ellipse.Aspect}, colour);
     }
@@ -113,9 +115,9 @@ struct Caller {
 } // namespace
 
 void BareCalls(benchmark::State& state) {
-    Project project = FullCircuit();
+    const Project project = FullCircuit();
     BareRecorder recorder;
-    RedrawCircuit(project, recorder);
+    RedrawCircuit(Pieces(), project, recorder);
     QImage image(Side, Side, QImage::Format_RGB32);
     for (auto _ : state) {
         QPainter painter(&image);
@@ -133,12 +135,12 @@ void BareCalls(benchmark::State& state) {
 namespace {
 
 void Redraw(benchmark::State& state) {
-    Project project = FullCircuit();
+    const Project project = FullCircuit();
     QImage image(Side, Side, QImage::Format_RGB32);
     for (auto _ : state) {
         QPainter painter(&image);
-        PainterSurface surface(painter, Side);
-        RedrawCircuit(project, surface);
+        PainterSurface surface(painter, TargetSize::Square(Side));
+        RedrawCircuit(Pieces(), project, surface);
     }
 }
 

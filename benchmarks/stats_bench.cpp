@@ -14,23 +14,26 @@ namespace {
 void MeasureCircuit(benchmark::State& state) {
     const Project project = FullCircuit();
     for (auto _ : state)
-        benchmark::DoNotOptimize(Measure(project, AllTracks));
+        benchmark::DoNotOptimize(Measure(Pieces(), project.Stock, project.Design.Circuit, AllTracks));
 }
 
 /// All that the dialog shows when it opens.
 void ShowStatistics(benchmark::State& state) {
     const Project project = FullCircuit();
     for (auto _ : state) {
-        benchmark::DoNotOptimize(StatisticsFrames(project));
-        benchmark::DoNotOptimize(ShowDetail(project, AllTracks, false));
-        benchmark::DoNotOptimize(DesignChecks(project));
+        benchmark::DoNotOptimize(
+            StatisticsFrames(Pieces(), project.Stock, project.Design.Circuit, project.Preferences.DisplayUnits));
+        benchmark::DoNotOptimize(ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, false));
+        benchmark::DoNotOptimize(DesignChecks(Pieces(), project.Stock, project.Design.Circuit));
     }
 }
 
 void FormatList(benchmark::State& state) {
     const Project project = FullCircuit();
     for (auto _ : state)
-        benchmark::DoNotOptimize(ShoppingListBytes(project, ShowDetail(project, AllTracks, false)));
+        benchmark::DoNotOptimize(
+            ShoppingListBytes(Pieces(), project.Stock, project.Preferences.DisplayUnits,
+                              ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, false)));
 }
 
 BENCHMARK(MeasureCircuit)->Name("measure 3 x 501 pieces")->Unit(benchmark::kMillisecond);

@@ -41,9 +41,9 @@ struct FullWindow {
         if (View->size() != QSize(Side, Side)) throw std::logic_error("the drawing area has another size");
     }
 
-    Project Design = FullCircuit();
     NoPrompts Words;
-    frmCorvel Window{Design, Words};
+    pistaro::Session Session{Pieces(), Words, FullCircuit(), {}};
+    frmCorvel Window{Session};
     CircuitView* View;
 };
 
@@ -57,11 +57,11 @@ void PressToPainted(benchmark::State& state) {
 }
 
 void CommandAlone(benchmark::State& state) {
-    Project project = FullCircuit();
     NoPrompts words;
-    const Command* const rotate = FindCommand("rotate left");
+    Session session(Pieces(), words, FullCircuit(), {});
+    const Command& rotate = *session.Commands.Find("rotate left");
     for (auto _ : state)
-        rotate->Run(project, words);
+        session.Run(rotate);
 }
 
 void RedrawAlone(benchmark::State& state) {

@@ -1,7 +1,7 @@
 // Photographs the program's windows for the manual, and the first circuit as it grows: manual_photograph SAMPLE FOLDER.
 // Works without a display.
 #include "editor/building.h"
-#include "editor/circuit_commands.h"
+#include "editor/circuit_files.h"
 #include "editor/track_editing.h"
 #include "imaging/circuit_picture.h"
 #include "platform/files.h"
@@ -81,17 +81,17 @@ constexpr std::array<std::pair<const char*, const char*>, 4> Dialogs{{
 }};
 
 /// The circuit of the first chapter after each of its steps: what was laid last is selected, as in the window.
-void PictureFirstCircuit(const QString& folder) {
-    Project project = StartUp(InitialSettings());
-    MoveTracks(project, 2, -3); // into the middle
+void PictureFirstCircuit(const Catalogue& catalogue, const QString& folder) {
+    Project project = StartUp(InitialSettings(catalogue));
+    MoveTracks(project.Design, project.EditState, 2, -3); // into the middle
     int step = 0;
     const auto lay = [&](const char* code, int times) {
         for (int i = 0; i < times; ++i)
-            AddPiece(project, code);
+            AddPiece(catalogue, project.Design, project.EditState, code);
     };
     const auto picture = [&] {
         const std::string file = folder.toStdString() + "/first-" + std::to_string(++step) + ".png";
-        ReplaceFile(PathFromText(file), CircuitPicture(project, 260, std::nullopt, "png"));
+        ReplaceFile(PathFromText(file), CircuitPicture(catalogue, project, 260, std::nullopt, PictureFormat::Png));
         std::cout << file << '\n';
     };
     lay("C160", 3);
@@ -118,24 +118,25 @@ RoomPolygon RoomOfTheManual() {
             .Angle = 0};
 }
 
-void PhotographWindows(const std::filesystem::path& sample, const QString& folder) {
+void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& sample, const QString& folder) {
     const Photographer photographer(folder);
     SilentUser user;
-    Project project = StartUp(InitialSettings());
-    LoadCircuit(project, sample);
     const QTemporaryDir settings; // a user has a settings file, so that the dialogs can save
-    project.SettingsPath = PathFromText(settings.filePath("corvel.ini").toStdString());
-    ReplaceFile(project.SettingsPath, InitialSettingsBytes());
-    project.WorkingDirectory = "/home/you/Documents/Pistaro/"; // nobody's own folder
-    project.Layout.Tracks[0].CurrentElement = 29;
-    frmCorvel window(project, user);
+    const std::filesystem::path settingsPath = PathFromText(settings.filePath("corvel.ini").toStdString());
+    ReplaceFile(settingsPath, InitialSettingsBytes(catalogue));
+    Session session(catalogue, user, StartUp(InitialSettings(catalogue)), settingsPath);
+    Project& project = session.Project;
+    LoadCircuit(project, sample);
+    project.Preferences.WorkingDirectory = "/home/you/Documents/Pistaro/"; // nobody's own folder
+    project.EditState.CurrentElement[0] = 29;
+    frmCorvel window(session);
     window.resize(1100, 760);
     window.show();
     photographer.Take(window, "window");
     QWidget& palette = *window.findChild<QWidget*>("cmdSeeRemaining")->parentWidget();
     QApplication::processEvents();
     photographer.Take(palette, palette.childrenRect().adjusted(-4, -4, 4, 4), "pieces");
-    project.Room = RoomOfTheManual();
+    project.Design.Room = RoomOfTheManual();
     for (const auto& [entry, name] : Dialogs) {
         if (window.findChild<QAction*>(entry) != nullptr) photographer.TakeDialog(window, entry, name);
     }
@@ -154,8 +155,9 @@ int main(int argc, char** argv) {
     const std::vector<std::string> arguments = pistaro::CommandLineArguments(argc, argv);
     try {
         const QString folder = QString::fromStdString(arguments.at(1));
-        pistaro::PictureFirstCircuit(folder);
-        pistaro::PhotographWindows(pistaro::PathFromText(arguments.at(0)), folder);
+        const pistaro::Catalogue catalogue = pistaro::InitCatalogue();
+        pistaro::PictureFirstCircuit(catalogue, folder);
+        pistaro::PhotographWindows(catalogue, pistaro::PathFromText(arguments.at(0)), folder);
     } catch (const std::exception& problem) {
         std::cerr << "manual_photograph: " << problem.what() << '\n';
         return 1;

@@ -1,4 +1,5 @@
 // The program: a verb's job, else the designer's window.
+#include "catalogue/catalogue.h"
 #include "cli/command_line.h"
 #include "platform/places.h"
 #include "platform/processes.h"
@@ -9,8 +10,10 @@
 int main(int argc, char** argv) {
     using namespace pistaro;
     UseConsoleOfParent();
-    const auto result = RunCommandLine(CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);
+    const Catalogue catalogue = InitCatalogue();
+    const auto result = RunCommandLine(catalogue, CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);
     if (!result.Designer) return result.ExitStatus;
     const DesignerOptions& options = *result.Designer;
-    return RunDesigner(argc, argv, {options.Settings.value_or(SettingsPath()), options.Circuit, options.NoSplash});
+    return RunDesigner(argc, argv, catalogue,
+                       {options.SettingsFile.value_or(SettingsPath()), options.Circuit, options.NoSplash});
 }

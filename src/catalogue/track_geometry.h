@@ -3,7 +3,7 @@
 
 namespace pistaro {
 
-/// The circle constant of all angle work. Its eighth decimal is 3 where pi has 6: saved designs were laid out with
+/// The circle constant of all angle work. Its seventh decimal is 3 where pi has 6: saved designs were laid out with
 /// this value, and only with it do their pieces meet again where their owners saw them meet.
 inline constexpr double PiValue = 3.14159235358979;
 

@@ -1,17 +1,13 @@
-// The catalogue's document and table.
 #include "cli/catalogue_json.h"
-
-#include "catalogue/catalogue.h"
 
 #include <iomanip>
 #include <sstream>
 
 namespace pistaro {
 
-Json CatalogueJson() {
-    const Catalogue catalogue = InitCatalogue();
+Json CatalogueJson(const Catalogue& catalogue) {
     Json rows = Json::array();
-    for (std::size_t row = 0; row < CatalogueCount; ++row) {
+    for (int row = 0; row < catalogue.Count(); ++row) {
         const CatalogueEntry& entry = catalogue[row];
         rows.push_back({{"row", row},
                         {"code", entry.Code},
@@ -27,11 +23,10 @@ Json CatalogueJson() {
     return {{"rows", std::move(rows)}};
 }
 
-std::string CatalogueTable() {
-    const Catalogue catalogue = InitCatalogue();
+std::string CatalogueTable(const Catalogue& catalogue) {
     std::ostringstream table;
     table << "code      system      lane 1   lane 2   name\n" << std::fixed << std::setprecision(3);
-    for (std::size_t row = 0; row < CatalogueCount; ++row) {
+    for (int row = 0; row < catalogue.Count(); ++row) {
         const CatalogueEntry& entry = catalogue[row];
         table << std::left << std::setw(10) << entry.Code << std::setw(11)
               << (entry.System == TrackSystem::Ninco ? "Ninco" : "Scalextric") << std::right << std::setw(7)

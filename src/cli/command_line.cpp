@@ -3,6 +3,7 @@
 
 #include "cli/verbs.h"
 #include "imaging/circuit_picture.h"
+#include "model/job.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "version.h"
@@ -19,7 +20,7 @@ namespace {
 
 /// What the arguments say, filled in by the parser.
 struct Arguments {
-    std::optional<std::string> Settings, Background, OutFolder;
+    std::optional<std::string> SettingsFile, Background, OutFolder;
     std::string DesignerCircuit, Circuit, Script, Out;
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
@@ -53,7 +54,7 @@ std::string WhyNoSize(const std::string& text) {
     return plain && pixels >= 1 && pixels <= 10000 ? "" : "\"" + text + "\" is no whole number from 1 to 10000";
 }
 
-using Job = std::function<void(const VerbContext&)>;
+using VerbJob = std::function<void(const VerbContext&)>;
 
 /// The verbs as the parser knows them, each with the job that it stands for.
 class VerbParser {
@@ -72,7 +73,7 @@ public:
     VerbParser& operator=(const VerbParser&) = delete;
 
     /// The job of the verb that the arguments name; empty when they name none.
-    const Job& Named() const { return named_; }
+    const VerbJob& Named() const { return named_; }
 
 private:
     void AddLayout() {
@@ -114,7 +115,7 @@ private:
                             {PathFromText(given_.Out), given_.Pixels, given_.Numbers, PathIn(given_.Background)});
             });
         TakeCircuit(verb);
-        verb->add_option("--out", given_.Out, "The picture file: .bmp, .png, .gif or .jpg")
+        verb->add_option("--out", given_.Out, "The picture file: " + PictureEndings())
             ->required()
             ->check(WhyNoPictureFile);
         verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(WhyNoSize);
@@ -140,7 +141,7 @@ private:
                      [this](const VerbContext& context) { SettingsVerb(context, given_.Json); }));
     }
 
-    CLI::App* Add(const char* name, const char* description, const Job& job) {
+    CLI::App* Add(const char* name, const char* description, const VerbJob& job) {
         CLI::App* const verb = app_.add_subcommand(name, description);
         verb->final_callback([this, job] { named_ = job; });
         return verb;
@@ -166,7 +167,7 @@ private:
 
     CLI::App& app_;
     Arguments& given_;
-    Job named_;
+    VerbJob named_;
 };
 
 /// A name that is neither a verb nor a circuit file is a slip of the pen, not a design.
@@ -195,20 +196,23 @@ std::string Usage(const CLI::App& app) {
 const CLI::Option* AddProgramOptions(CLI::App& app, Arguments& values) {
     app.allow_windows_style_options(false); // "/" begins a path, there as elsewhere
     app.set_version_flag("--version", std::string("pistaro ") + Version);
-    app.add_option("--settings", values.Settings, "The settings file, in place of the usual one");
+    app.add_option("--settings", values.SettingsFile, "The settings file, in place of the usual one");
     app.add_flag("--no-splash", values.NoSplash, "Open the designer without its opening picture");
-    app.fallthrough(); // so that --settings goes before and behind the verb
+    app.fallthrough(); // so that --settings goes before and after the verb
     app.require_subcommand(0, 1);
     app.footer("--settings FILE goes with every verb: that file in place of the usual settings file.");
     return app.add_option("CIRCUIT", values.DesignerCircuit, "The circuit that the designer opens");
 }
 
 /// Does a verb's job, and gives the exit status.
-int ExitStatusOf(const Job& job, const VerbContext& context) {
+int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
     try {
         job(context);
         if (!context.Output.flush()) throw Fault("Disk full", "the standard output");
         return 0;
+    } catch (const Stopped&) {
+        constexpr int interrupted = 130; // 128 and the number of the signal, as shells tell it
+        return interrupted;
     } catch (const std::exception& fault) {
         context.Errors << "pistaro: " << fault.what() << '\n';
         return 1;
@@ -217,8 +221,8 @@ int ExitStatusOf(const Job& job, const VerbContext& context) {
 
 } // namespace
 
-CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
-                                 std::ostream& errors) {
+CommandLineResult RunCommandLine(const Catalogue& catalogue, const std::vector<std::string>& arguments,
+                                 std::istream& input, std::ostream& output, std::ostream& errors) {
     CLI::App app("Pistaro, a layout designer for slot-car racing track.", "pistaro");
     Arguments values;
     const CLI::Option* const designerCircuit = AddProgramOptions(app, values);
@@ -231,19 +235,19 @@ CommandLineResult RunCommandLine(const std::vector<std::string>& arguments, std:
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Success& success) { // help or version
-        const Job print = [&](const VerbContext& context) { app.exit(success, context.Output, context.Errors); };
-        return {ExitStatusOf(print, {std::nullopt, input, output, errors}), std::nullopt};
+        const VerbJob print = [&](const VerbContext& context) { app.exit(success, context.Output, context.Errors); };
+        return {ExitStatusOf(print, {catalogue, std::nullopt, input, output, errors}), std::nullopt};
     } catch (const CLI::ParseError& error) {
         return usage(error.what());
     }
     const std::string& circuit = values.DesignerCircuit;
     if (!verbs.Named()) {
         if (!LooksLikeCircuit(circuit)) return usage("there is no verb \"" + circuit + "\"");
-        return {0, DesignerOptions{PathIn(circuit), PathIn(values.Settings), values.NoSplash}};
+        return {0, DesignerOptions{PathIn(circuit), PathIn(values.SettingsFile), values.NoSplash}};
     }
     // What the verb does not take falls through to the designer's own argument.
     if (designerCircuit->count() > 0) return usage("\"" + circuit + "\" was not expected");
-    return {ExitStatusOf(verbs.Named(), {PathIn(values.Settings), input, output, errors}), std::nullopt};
+    return {ExitStatusOf(verbs.Named(), {catalogue, PathIn(values.SettingsFile), input, output, errors}), std::nullopt};
 }
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// Numbers and common pieces of the JSON documents.
 #include "cli/json.h"
 
 #include <array>

@@ -1,8 +1,7 @@
-// The layout document.
 #include "cli/layout_json.h"
 
-#include "render/placement.h"
-#include "render/track_gap.h"
+#include "layout/placement.h"
+#include "layout/track_gap.h"
 
 namespace pistaro {
 
@@ -19,18 +18,20 @@ Json ElementJson(int index, const std::string& code, const BuildCursor& entry, c
         return element;
     }
     element["corners"] = Json::array();
-    for (const WorldPoint corner : placement->Corners)
+    for (const WorldPoint corner : placement->Corners.InOrder())
         element["corners"].push_back(PointJson(corner));
     element["label"] = PointJson(placement->Label);
     element["exit"] = CursorJson(placement->Exit);
     return element;
 }
 
-Json TrackJson(const Track& track, int number) {
+Json TrackJson(const Catalogue& catalogue, const Track& track, int number) {
     Json elements = Json::array();
-    const BuildCursor end = WalkTrack(track, [&](int index, const PiecePlacement* placement, const BuildCursor& entry) {
-        elements.push_back(ElementJson(index, track.ElementCodes[static_cast<std::size_t>(index)], entry, placement));
-    });
+    const BuildCursor end =
+        WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor& entry) {
+            elements.push_back(
+                ElementJson(index, track.ElementCodes[static_cast<std::size_t>(index)], entry, placement));
+        });
     Json gap = nullptr;
     if (!track.ElementCodes.empty()) {
         const TrackGap open = GapBetween(track.Start(), end);
@@ -45,11 +46,11 @@ Json TrackJson(const Track& track, int number) {
 
 } // namespace
 
-Json LayoutJson(const Circuit& circuit) {
+Json LayoutJson(const Catalogue& catalogue, const Circuit& circuit) {
     Json tracks = Json::array();
     int number = 0;
     for (const Track& track : circuit.Tracks)
-        tracks.push_back(TrackJson(track, ++number));
+        tracks.push_back(TrackJson(catalogue, track, ++number));
     return {{"tracks", std::move(tracks)}};
 }
 

@@ -1,6 +1,7 @@
 // Where every piece of the three tracks lies, as JSON.
 #pragma once
 
+#include "catalogue/catalogue.h"
 #include "cli/json.h"
 #include "model/circuit.h"
 
@@ -8,6 +9,6 @@ namespace pistaro {
 
 /// {"tracks":[...]}: each track's start, elements, end and gap, in cm and radians. An unknown code has neither corners
 /// nor label and leaves the cursor where it was; an empty track has no gap.
-Json LayoutJson(const Circuit& circuit);
+Json LayoutJson(const Catalogue& catalogue, const Circuit& circuit);
 
 } // namespace pistaro

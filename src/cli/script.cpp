@@ -1,11 +1,10 @@
-// The script's commands: those of the command table by their ids, and those that take values.
+// The commands are those of the command table by their ids, and those that take values.
 #include "cli/script.h"
 
 #include "cli/layout_json.h"
 #include "cli/script_dialogs.h"
 #include "cli/script_words.h"
 #include "cli/state_json.h"
-#include "editor/commands.h"
 #include "editor/mouse_selection.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
@@ -19,39 +18,22 @@ namespace pistaro {
 
 namespace {
 
-/// A script is asked nothing: it agrees, and has named its file already.
-class ScriptPrompts : public Prompts {
-public:
-    explicit ScriptPrompts(std::optional<std::filesystem::path> file = std::nullopt) : file_(std::move(file)) {}
-
-    void Tell(const Message&) override {}
-    Answer Ask(const std::string&, Buttons buttons) override {
-        return buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
-    }
-    std::optional<std::filesystem::path> ChooseFile(const FileChoice&) override { return file_; }
-
-private:
-    std::optional<std::filesystem::path> file_;
-};
-
-void Run(const Command& command, Project& project, Prompts& prompts) {
-    const std::string whyNot = command.WhyNot(project);
-    if (!whyNot.empty()) throw Refused("\"" + command.Id + "\" is not offered now: " + whyNot);
-    command.Run(project, prompts);
+const Command& RowOf(const Script& script, const std::string& id) {
+    const Command* const command = script.Session.Commands.Find(id);
+    if (command == nullptr || command->From == Door::WindowOnly) throw Refused("there is no command \"" + id + "\"");
+    return *command;
 }
 
 void RunById(Script& script, const std::string& id, int times = 1) {
-    const Command* const command = FindCommand(id);
-    if (command == nullptr) throw Refused("there is no command \"" + id + "\"");
-    ScriptPrompts prompts;
+    const Command& command = RowOf(script, id);
     for (int i = 0; i < times; ++i)
-        Run(*command, script.Design, prompts);
+        script.Session.Run(command);
 }
 
 void RunOnFile(Script& script, const Words& words) {
     if (words[1].empty()) throw Refused("\"" + words[0] + "\" wants the name of a file");
-    ScriptPrompts prompts(PathFromText(words[1]));
-    Run(*FindCommand(words[0]), script.Design, prompts);
+    script.Prompts.File = PathFromText(words[1]);
+    RunById(script, words[0]);
 }
 
 void Add(Script& script, const Words& words) {
@@ -60,28 +42,35 @@ void Add(Script& script, const Words& words) {
 }
 
 void Select(Script& script, const Words& words) {
-    const Track* const track = script.Design.Layout.Current();
+    Project& project = script.Session.Project;
+    const Track* const track = EditedTrack(project.Design.Circuit, project.EditState);
     if (track == nullptr || track->ElementCodes.empty()) throw Refused("the element list is empty");
-    SelectElement(script.Design, IntegerIn(words[1], 0, track->ElementLastIndex()));
+    SelectElement(project.Design.Circuit, project.EditState, IntegerIn(words[1], 0, track->ElementLastIndex()));
 }
 
 void Click(Script& script, const Words& words) {
-    SelectNearestElement(script.Design, {SingleIn(words[1]), SingleIn(words[2])});
+    Project& project = script.Session.Project;
+    SelectNearestElement(script.Session.Catalogue, project.Design.Circuit, project.EditState,
+                         {SingleIn(words[1]), SingleIn(words[2])});
 }
 
 void Scroll(Script& script, const Words& words) {
-    const ViewSettings& view = script.Design.View;
+    ViewSettings& view = script.Session.Project.Design.View;
     const int x = IntegerIn(words[1], view.HMov.Minimum, view.HMov.Maximum);
     const int y = IntegerIn(words[2], view.VMov.Minimum, view.VMov.Maximum);
-    ScrollHorizontally(script.Design, x);
-    ScrollVertically(script.Design, y);
+    ScrollHorizontally(view, x);
+    ScrollVertically(view, y);
 }
 
-void PrintState(Script& script, const Words&) { script.Output << Line(StateJson(script.Design)) << std::endl; }
+void PrintState(Script& script, const Words&) {
+    script.Output << Line(StateJson(script.Session.Catalogue, script.Session.Project)) << std::endl;
+}
 
-void PrintLayout(Script& script, const Words&) { script.Output << Line(LayoutJson(script.Design.Layout)) << std::endl; }
+void PrintLayout(Script& script, const Words&) {
+    script.Output << Line(LayoutJson(script.Session.Catalogue, script.Session.Project.Design.Circuit)) << std::endl;
+}
 
-/// A row whose words behind the first are its values.
+/// A row whose words after the first are its values.
 struct ValueCommand {
     std::string_view Name;
     std::size_t LeastWords, MostWords;
@@ -107,12 +96,12 @@ constexpr std::array ValueCommands{
     ValueCommand{"settings", 1, 1, PrintSettings, true},
 };
 
-/// A line that is a command's id, with the number of times behind it where the command can be repeated.
+/// A line that is a command's id, with the number of times after it where the command can be repeated.
 void RunTableCommand(Script& script, Words words) {
     int times = 1;
     if (words[0].find(' ') != std::string::npos) throw Refused("there is no command \"" + words[0] + "\"");
     if (words.size() == 3) {
-        const Command* const command = FindCommand(words[0] + " " + words[1]);
+        const Command* const command = script.Session.Commands.Find(words[0] + " " + words[1]);
         if (command == nullptr || !command->Repeatable)
             throw Refused("\"" + words[0] + "\" takes no more than one word");
         times = IntegerIn(words[2], 1, 1000);
@@ -129,20 +118,18 @@ void RunLine(Script& script, const std::string& line) {
         if (command.Name != words[0]) continue;
         if (words.size() < command.LeastWords) throw Refused("\"" + words[0] + "\" wants more words behind it");
         if (words.size() > command.MostWords) throw Refused("there are too many words behind \"" + words[0] + "\"");
-        if (command.IsOfDialog && script.Design.SettingsPath.empty())
+        if (command.IsOfDialog && script.Session.SettingsPath.empty())
             throw Refused("the dialogs want a settings file named by --settings");
-        command.Run(script, words);
-        return;
+        return script.Session.Work([&] { command.Run(script, words); });
     }
-    if (words[0] == "quit") throw Refused("there is no command \"quit\"");
     RunTableCommand(script, words);
 }
 
 } // namespace
 
-void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output,
-               const std::vector<Message>& warnings) {
-    Script running{project, output, warnings, std::nullopt};
+void RunScript(Session& session, ScriptPrompts& prompts, std::istream& script, const std::string& name,
+               std::ostream& output, const std::vector<Message>& warnings) {
+    Script running{session, prompts, output, warnings, std::nullopt};
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     int number = 0;
     for (std::string line; NextScriptLine(script, line);) {

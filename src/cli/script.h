@@ -1,8 +1,8 @@
 // Editing commands from a text, one a line, run through the same functions as the window's controls.
 #pragma once
 
-#include "model/project.h"
-#include "model/prompts.h"
+#include "cli/script_prompts.h"
+#include "commands/session.h"
 
 #include <istream>
 #include <ostream>
@@ -11,10 +11,10 @@
 
 namespace pistaro {
 
-/// Runs every line of `script` on the project and prints what they ask for. A refused line is a fault that names
-/// `name` and the line's number; what earlier lines did and printed stays. `warnings` are those that reading the
-/// settings gave.
-void RunScript(Project& project, std::istream& script, const std::string& name, std::ostream& output,
-               const std::vector<Message>& warnings);
+/// Runs every line of `script` in the session, whose prompts are `prompts`, and prints what they ask for. A refused
+/// line is a fault that names `name` and the line's number; what earlier lines did and printed stays. `warnings` are
+/// those that reading the settings gave.
+void RunScript(Session& session, ScriptPrompts& prompts, std::istream& script, const std::string& name,
+               std::ostream& output, const std::vector<Message>& warnings);
 
 } // namespace pistaro

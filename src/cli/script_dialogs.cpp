@@ -1,4 +1,3 @@
-// Words to fields, and the button's function.
 #include "cli/script_dialogs.h"
 
 #include "cli/json.h"
@@ -16,14 +15,12 @@ namespace pistaro {
 
 namespace {
 
-/// Prints what a dialog tells; the dialogs ask nothing.
-class PrintedPrompts : public Prompts {
+/// Prints what a dialog tells; asked, it agrees as every script does.
+class PrintedPrompts : public ScriptPrompts {
 public:
     explicit PrintedPrompts(std::ostream& output) : output_(output) {}
 
     void Tell(const Message& message) override { output_ << Line(MessageJson(message)) << std::endl; }
-    Answer Ask(const std::string&, Buttons) override { return Answer::Cancel; }
-    std::optional<std::filesystem::path> ChooseFile(const FileChoice&) override { return std::nullopt; }
 
 private:
     std::ostream& output_;
@@ -107,38 +104,42 @@ void RequireWords(const Words& words, std::size_t number) {
 
 void RunColours(Script& script, const Words& words) {
     const bool save = PressesSave(words);
-    ColourScheme colours = script.Design.Colours;
+    Session& session = script.Session;
+    ColourScheme colours = session.Project.Preferences.Colours;
     ForEachField(words, [&](const NameAndValue& field) { SetColour(colours, field); });
     PrintedPrompts prompts(script.Output);
     if (save) {
-        SaveColours(script.Design, colours, prompts);
+        SaveColours(session.Catalogue, session.SettingsPath, colours, prompts);
     } else {
-        ApplyColours(script.Design, colours);
+        session.Project.Preferences.Colours = colours;
     }
 }
 
 void RunStock(Script& script, const Words& words) {
     if (words.back() != "save") throw Refused("\"stock\" ends with \"save\"");
-    StockBoxes boxes = EmptyStockBoxes();
-    FillStockBoxes(script.Design, boxes);
+    Session& session = script.Session;
+    StockBoxes boxes = EmptyStockBoxes(session.Catalogue);
+    FillStockBoxes(session.Catalogue, session.Project.Stock, boxes);
     ForEachField(words, [&](const NameAndValue& field) { SetStock(boxes, field); });
     PrintedPrompts prompts(script.Output);
-    SaveOwnedTrack(script.Design, boxes, prompts);
+    SaveOwnedTrack(session.Catalogue, session.SettingsPath, session.Project.Stock, boxes, prompts);
 }
 
 void RunArea(Script& script, const Words& words) {
     const bool save = PressesSave(words);
-    DrawAreaFields fields = OpenDrawArea(script.Design);
+    Session& session = script.Session;
+    Project& project = session.Project;
+    DrawAreaFields fields = OpenDrawArea(project.Design, project.Preferences);
     ForEachField(words, [&](const NameAndValue& field) { SetAreaField(fields, field); });
     if (script.Room) fields.Room = *script.Room;
     PrintedPrompts prompts(script.Output);
-    const auto press = save ? SaveDrawArea : ApplyDrawArea;
-    // The dialog that a message keeps open keeps its room points, too.
-    if (press(script.Design, fields, prompts)) script.Room.reset();
+    const bool done = save ? SaveDrawArea(session.Catalogue, project, session.SettingsPath, fields, prompts)
+                           : ApplyDrawArea(project, fields, prompts);
+    if (done) script.Room.reset(); // the dialog that a message keeps open keeps its room points, too
 }
 
 void RunRoom(Script& script, const Words& words) {
-    RoomPoints room = script.Room.value_or(OpenRoomPoints(script.Design.Room.Points));
+    RoomPoints room = script.Room.value_or(OpenRoomPoints(script.Session.Project.Design.Room.Points));
     PrintedPrompts prompts(script.Output);
     const std::string& button = words[1];
     if (button == "add") {
@@ -162,7 +163,9 @@ void RunRoom(Script& script, const Words& words) {
 }
 
 void PrintSettings(Script& script, const Words&) {
-    script.Output << Line(SettingsJson(script.Design, TextFromPath(script.Design.SettingsPath), script.Warnings))
+    const Session& session = script.Session;
+    script.Output << Line(SettingsJson(session.Catalogue, session.Project, TextFromPath(session.SettingsPath),
+                                       script.Warnings))
                   << std::endl;
 }
 

@@ -1,10 +1,10 @@
 // The dialogs' work in a script: each command fills a dialog's fields and presses one of its buttons.
 #pragma once
 
+#include "cli/script_prompts.h"
 #include "cli/script_words.h"
+#include "commands/session.h"
 #include "editor/room_points.h"
-#include "model/project.h"
-#include "model/prompts.h"
 
 #include <optional>
 #include <ostream>
@@ -14,7 +14,8 @@ namespace pistaro {
 
 /// What a script's commands work on. The dialogs' messages are printed, one JSON line each.
 struct Script {
-    Project& Design;
+    pistaro::Session& Session;
+    ScriptPrompts& Prompts;
     std::ostream& Output;
     const std::vector<Message>& Warnings; ///< that reading the settings gave
     std::optional<RoomPoints> Room;       ///< the draw-area dialog's copy once a point of it was changed

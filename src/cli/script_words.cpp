@@ -1,4 +1,3 @@
-// Lines by any of their ends, one pass over each for its words, and what the words stand for.
 #include "cli/script_words.h"
 
 #include "text/number_text.h"

@@ -1,18 +1,16 @@
-// The settings document.
 #include "cli/settings_json.h"
 
 namespace pistaro {
 
 namespace {
 
-Json StockJson(const Catalogue& catalogue) {
-    Json stock = Json::object();
-    for (int row = 0; row < CatalogueCount; ++row) {
-        if (!IsHeadRow(catalogue, row)) continue;
-        const CatalogueEntry& entry = Entry(catalogue, row);
-        stock[std::string(entry.Code)] = {{"owned", entry.OwnedCount}, {"price", Number(entry.Price)}};
+Json StockJson(const Catalogue& catalogue, const Stock& stock) {
+    Json json = Json::object();
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (!catalogue.IsHeadRow(row)) continue;
+        json[catalogue[row].Code] = {{"owned", stock[row].OwnedCount}, {"price", Number(stock[row].Price)}};
     }
-    return stock;
+    return json;
 }
 
 Json RoomJson(const RoomPolygon& room) {
@@ -44,21 +42,23 @@ void AppendRows(std::string& table, const std::string& prefix, const Json& value
 
 } // namespace
 
-Json SettingsJson(const Project& project, const std::string& path, const std::vector<Message>& messages) {
-    const ViewSettings& view = project.View;
+Json SettingsJson(const Catalogue& catalogue, const Project& project, const std::string& path,
+                  const std::vector<Message>& messages) {
+    const ViewSettings& view = project.Design.View;
+    const Preferences& preferences = project.Preferences;
     return {{"path", path},
-            {"workingDirectory", project.WorkingDirectory},
+            {"workingDirectory", preferences.WorkingDirectory},
             {"view",
              {{"midX", Number(view.MidX)},
               {"midY", Number(view.MidY)},
               {"zoom", Number(view.Width)},
               {"mWid", Number(view.MWid)}}},
-            {"units", project.DisplayUnits.Name()},
-            {"currency", project.DisplayUnits.Currency},
-            {"grid", {{"type", project.Grid.Type}, {"step", project.Grid.Step}}},
-            {"room", RoomJson(project.Room)},
-            {"stock", StockJson(project.Pieces)},
-            {"colours", ColoursJson(project.Colours)},
+            {"units", preferences.DisplayUnits.Name()},
+            {"currency", preferences.DisplayUnits.Currency},
+            {"grid", {{"type", preferences.Grid.Type}, {"step", preferences.Grid.Step}}},
+            {"room", RoomJson(project.Design.Room)},
+            {"stock", StockJson(catalogue, project.Stock)},
+            {"colours", ColoursJson(preferences.Colours)},
             {"messages", MessagesJson(messages)}};
 }
 

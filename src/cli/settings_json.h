@@ -10,7 +10,8 @@
 namespace pistaro {
 
 /// The values as they stand in the program, with the warnings that reading the file gave.
-Json SettingsJson(const Project& project, const std::string& path, const std::vector<Message>& messages);
+Json SettingsJson(const Catalogue& catalogue, const Project& project, const std::string& path,
+                  const std::vector<Message>& messages);
 
 /// One line a value of that document, its name with its groups' names before it: "view.midX".
 std::string SettingsTable(const Json& settings);

@@ -5,15 +5,15 @@
 
 namespace pistaro {
 
-struct Start {
-    Project Design;
+struct VerbStart {
+    pistaro::Project Project;
     std::filesystem::path SettingsPath; ///< the file that was read, or would be
     std::vector<Message> Messages;      ///< the warnings that reading it gave
 };
 
 /// A project as the program starts with it. Without --settings the usual file is read where it stands, and is never
 /// written. Faults: a file that --settings names and is not there, or one that cannot be read.
-Start StartVerb(const VerbContext& context);
+VerbStart StartVerb(const VerbContext& context);
 
 /// The same with the warnings printed and the circuit loaded.
 Project StartWithCircuit(const VerbContext& context, const std::filesystem::path& circuit);

@@ -1,34 +1,35 @@
-// The state document.
 #include "cli/state_json.h"
 
 #include "editor/building.h"
-#include "render/stock_colours.h"
 
 namespace pistaro {
 
 namespace {
 
-Json TracksJson(const Circuit& circuit) {
+Json TracksJson(const Circuit& circuit, const EditState& edit) {
     Json tracks = Json::array();
-    for (const Track& track : circuit.Tracks) {
-        tracks.push_back(
-            {{"start", CursorJson(track.Start())}, {"current", track.CurrentElement}, {"codes", track.ElementCodes}});
+    for (std::size_t track = 0; track < circuit.Tracks.size(); ++track) {
+        tracks.push_back({{"start", CursorJson(circuit.Tracks[track].Start())},
+                          {"current", edit.CurrentElement[track]},
+                          {"codes", circuit.Tracks[track].ElementCodes}});
     }
     return tracks;
 }
 
-Json UsedJson(const Catalogue& catalogue) {
+Json UsedJson(const Catalogue& catalogue, const Circuit& circuit) {
+    const UsedCounts counts = CountUsed(catalogue, circuit);
     Json used = Json::object();
-    for (const CatalogueEntry& entry : catalogue) {
-        if (entry.UsedCount > 0) used[std::string(entry.Code)] = entry.UsedCount;
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (const int count = counts[static_cast<std::size_t>(row)]; count > 0) used[catalogue[row].Code] = count;
     }
     return used;
 }
 
-Json VariantsJson(const Project& project) {
+Json VariantsJson(const Catalogue& catalogue, const Circuit& circuit, const EditState& edit) {
     Json variants = Json::array();
-    for (const std::string_view variant : Variants) {
-        if (IsVariantOfSelected(project, variant)) variants.push_back(variant);
+    for (const int row : catalogue.VariantRows()) {
+        const std::string_view variant = ProductCode(catalogue[row].Code);
+        if (IsVariantOfSelected(catalogue, circuit, edit, variant)) variants.push_back(variant);
     }
     return variants;
 }
@@ -46,20 +47,20 @@ Json ColoursJson(const StockColours& covered) {
 
 } // namespace
 
-Json StateJson(Project& project) {
-    const StockColours covered = AssignStockColours(project);
-    const Circuit& circuit = project.Layout;
-    const ViewRectangle view = ShownRectangle(project.View);
-    return {{"track", circuit.ShowsAllTracks() ? Json("all") : Json(circuit.CurrentTrack + 1)},
-            {"insert", project.InsertMode},
-            {"system", project.System == TrackSystem::Ninco ? "Ninco" : "Scalextric"},
-            {"changed", project.DataChanged},
-            {"tracks", TracksJson(circuit)},
-            {"roomAngle", Number(project.Room.Angle)},
+Json StateJson(const Catalogue& catalogue, const Project& project) {
+    const Circuit& circuit = project.Design.Circuit;
+    const EditState& edit = project.EditState;
+    const ViewRectangle view = ShownRectangle(project.Design.View);
+    return {{"track", edit.ShowsAllTracks() ? Json("all") : Json(edit.CurrentTrack + 1)},
+            {"insert", edit.InsertMode},
+            {"system", edit.System == TrackSystem::Ninco ? "Ninco" : "Scalextric"},
+            {"changed", edit.DataChanged},
+            {"tracks", TracksJson(circuit, edit)},
+            {"roomAngle", Number(project.Design.Room.Angle)},
             {"view", {Number(view.ViewLeft), Number(view.ViewTop), Number(view.ViewRight), Number(view.ViewBottom)}},
-            {"used", UsedJson(project.Pieces)},
-            {"variants", VariantsJson(project)},
-            {"colours", ColoursJson(covered)}};
+            {"used", UsedJson(catalogue, circuit)},
+            {"variants", VariantsJson(catalogue, circuit, edit)},
+            {"colours", ColoursJson(AssignStockColours(catalogue, project.Stock, circuit))}};
 }
 
 } // namespace pistaro

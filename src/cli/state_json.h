@@ -6,7 +6,6 @@
 
 namespace pistaro {
 
-/// Recounts the used pieces on the way.
-Json StateJson(Project& project);
+Json StateJson(const Catalogue& catalogue, const Project& project);
 
 } // namespace pistaro

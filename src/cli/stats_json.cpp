@@ -1,4 +1,3 @@
-// The statistics document and its table.
 #include "cli/stats_json.h"
 
 #include "stats/design_checks.h"
@@ -23,8 +22,8 @@ Json FrameJson(const StatisticsFrame& frame) {
 
 Json DetailJson(const Detail& detail) {
     Json counts = Json::object();
-    for (std::size_t k = 0; k < CountLabels.size(); ++k)
-        counts[std::string(CountLabels[k].Tag)] = detail.Counts[k];
+    for (const CountLabel& label : detail.Labels)
+        counts[label.Tag] = label.Count;
     return {{"track", detail.Track == AllTracks ? Json("all") : Json(detail.Track + 1)},
             {"includeOwned", detail.IncludeOwned},
             {"counts", std::move(counts)},
@@ -43,45 +42,56 @@ std::string Row(const std::string& caption, const std::vector<std::string>& valu
     return row + '\n';
 }
 
-std::string FramesTable(const Project& project) {
-    const auto frames = StatisticsFrames(project);
+std::array<StatisticsFrame, TrackCount + 1> FramesOf(const Catalogue& catalogue, const Project& project) {
+    return StatisticsFrames(catalogue, project.Stock, project.Design.Circuit, project.Preferences.DisplayUnits);
+}
+
+std::vector<Message> ChecksOf(const Catalogue& catalogue, const Project& project) {
+    return DesignChecks(catalogue, project.Stock, project.Design.Circuit);
+}
+
+std::string FramesTable(const Catalogue& catalogue, const Project& project) {
+    const auto frames = FramesOf(catalogue, project);
     const auto row = [&](const std::string& caption, std::string StatisticsFrame::*text) {
         std::vector<std::string> values(frames.size());
         std::transform(frames.begin(), frames.end(), values.begin(), std::mem_fn(text));
         return Row(caption, values);
     };
-    const std::string unit = std::string(", ") + project.DisplayUnits.Name();
+    const Units& units = project.Preferences.DisplayUnits;
+    const std::string unit = std::string(", ") + units.Name();
     return row("", &StatisticsFrame::Name) + row(LeftLengthCaption + unit, &StatisticsFrame::Left) +
            row(RightLengthCaption + unit, &StatisticsFrame::Right) +
-           row(PriceCaption + (", " + project.DisplayUnits.Currency), &StatisticsFrame::Price) +
+           row(PriceCaption + (", " + units.Currency), &StatisticsFrame::Price) +
            row(ElementsCaption, &StatisticsFrame::Elements);
 }
 
-std::string DetailTable(const Project& project, const Detail& detail) {
+std::string DetailTable(const Detail& detail, const std::string& currency) {
     std::string table = DetailCaption(detail) + '\n';
-    for (std::size_t k = 0; k < CountLabels.size(); ++k)
-        table += Row(std::string(CountLabels[k].Description), {NumberText(int{detail.Counts[k]})});
-    return table + Row("Price, " + project.DisplayUnits.Currency, {NumberText(detail.TotalPrice)});
+    for (const CountLabel& label : detail.Labels)
+        table += Row(label.Description, {NumberText(int{label.Count})});
+    return table + Row("Price, " + currency, {NumberText(detail.TotalPrice)});
 }
 
 } // namespace
 
-Json StatsJson(const Project& project, const Detail& detail) {
+Json StatsJson(const Catalogue& catalogue, const Project& project, const Detail& detail) {
     Json frames = Json::array();
-    for (const StatisticsFrame& frame : StatisticsFrames(project))
+    for (const StatisticsFrame& frame : FramesOf(catalogue, project))
         frames.push_back(FrameJson(frame));
-    return {{"units", project.DisplayUnits.Name()},
-            {"currency", project.DisplayUnits.Currency},
+    const Units& units = project.Preferences.DisplayUnits;
+    return {{"units", units.Name()},
+            {"currency", units.Currency},
             {"frames", std::move(frames)},
-            {"messages", MessagesJson(DesignChecks(project))},
+            {"messages", MessagesJson(ChecksOf(catalogue, project))},
             {"detail", DetailJson(detail)}};
 }
 
-std::string StatsTable(const Project& project, const Detail& detail) {
+std::string StatsTable(const Catalogue& catalogue, const Project& project, const Detail& detail) {
     std::string messages;
-    for (const Message& message : DesignChecks(project))
+    for (const Message& message : ChecksOf(catalogue, project))
         messages += message.Text + '\n';
-    return FramesTable(project) + '\n' + DetailTable(project, detail) + (messages.empty() ? "" : '\n' + messages);
+    return FramesTable(catalogue, project) + '\n' + DetailTable(detail, project.Preferences.DisplayUnits.Currency) +
+           (messages.empty() ? "" : '\n' + messages);
 }
 
 } // namespace pistaro

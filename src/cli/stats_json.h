@@ -10,9 +10,9 @@
 namespace pistaro {
 
 /// The frames' texts, the design checks and this detail.
-Json StatsJson(const Project& project, const Detail& detail);
+Json StatsJson(const Catalogue& catalogue, const Project& project, const Detail& detail);
 
 /// The same in columns, the messages last.
-std::string StatsTable(const Project& project, const Detail& detail);
+std::string StatsTable(const Catalogue& catalogue, const Project& project, const Detail& detail);
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// Each verb's job: settings and circuit are read, the core does the work, the result is printed.
 #include "cli/verbs.h"
 
 #include "cli/catalogue_json.h"
@@ -7,11 +6,12 @@
 #include "cli/settings_json.h"
 #include "cli/start.h"
 #include "cli/stats_json.h"
-#include "editor/circuit_commands.h"
+#include "commands/circuit_commands.h"
+#include "commands/picture_commands.h"
 #include "imaging/circuit_picture.h"
-#include "imaging/piece_picture.h"
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "platform/processes.h"
 #include "report/guide.h"
 #include "stats/shopping_list.h"
 #include "storage/line_reader.h"
@@ -32,72 +32,110 @@ auto NamingFile(const std::filesystem::path& circuit, Compute compute) {
     }
 }
 
+/// The line in which a terminal shows how far a job is; it ends however the job does.
+class ProgressLine {
+public:
+    ProgressLine(std::ostream& errors, const char* what) : errors_(errors), what_(what) {}
+    ~ProgressLine() {
+        if (shown_) errors_ << '\n' << std::flush;
+    }
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+
+    void Show(int done, int total) {
+        shown_ = true;
+        errors_ << '\r' << what_ << ": " << done << " of " << total << std::flush;
+    }
+
+private:
+    std::ostream& errors_;
+    const char* what_;
+    bool shown_ = false;
+};
+
+/// What a job gives that is waited for: shown on a terminal, and stopped by Ctrl+C.
+template <typename Work>
+auto InForeground(std::ostream& errors, const char* what, Work work) {
+    const Interruptions interruptions;
+    JobWatch watch{.Progress = {}, .Stop = interruptions.Stop()};
+    ProgressLine line(errors, what);
+    if (StandardErrorIsTerminal()) watch.Progress = [&](int done, int total) { line.Show(done, total); };
+    return work(watch);
+}
+
 } // namespace
 
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit) {
     const Project project = StartWithCircuit(context, circuit);
-    context.Output << Line(LayoutJson(project.Layout)) << '\n';
+    context.Output << Line(LayoutJson(context.Pieces, project.Design.Circuit)) << '\n';
 }
 
 void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
                bool json) {
     const Project project = StartWithCircuit(context, circuit);
     context.Output << NamingFile(circuit, [&] {
-        const Detail detail = ShowDetail(project, options.Track, options.IncludeOwned);
-        return json ? Line(StatsJson(project, detail)) + '\n' : StatsTable(project, detail);
+        const Detail detail =
+            ShowDetail(context.Pieces, project.Stock, project.Design.Circuit, options.Track, options.IncludeOwned);
+        return json ? Line(StatsJson(context.Pieces, project, detail)) + '\n'
+                    : StatsTable(context.Pieces, project, detail);
     });
 }
 
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
               const OptionalPath& folder) {
     const Project project = StartWithCircuit(context, circuit);
-    const Detail detail = NamingFile(circuit, [&] { return ShowDetail(project, options.Track, options.IncludeOwned); });
+    const Detail detail = NamingFile(circuit, [&] {
+        return ShowDetail(context.Pieces, project.Stock, project.Design.Circuit, options.Track, options.IncludeOwned);
+    });
     const std::filesystem::path list = folder.value_or(circuit.parent_path()) / ShoppingListName;
-    ReplaceFile(list, ShoppingListBytes(project, detail));
+    ReplaceFile(list, ShoppingListBytes(context.Pieces, project.Stock, project.Preferences.DisplayUnits, detail));
     context.Output << TextFromPath(list) << '\n';
 }
 
 void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& folder) {
-    constexpr const char* format = "gif";
     Project project = StartWithCircuit(context, circuit);
     const std::filesystem::path into = folder.value_or(circuit.parent_path());
-    project.WorkingDirectory = TextFromPath((into.empty() ? "." : into) / "");
+    project.Preferences.WorkingDirectory = TextFromPath((into.empty() ? "." : into) / "");
+    GuidePageFile(project.Preferences);
     const OffscreenGraphics graphics;
-    const GuidePictures pictures{
-        .Piece = [](const Project& design, std::string_view code) { return PiecePicture(design, code, format); },
-        .Circuit = [](Project& design) { return CircuitPicture(design, PictureOptions().Pixels, {}, format); }};
-    for (const std::filesystem::path& file : WriteGuide(project, pictures, [](int, int) {}))
+    const GuidePictures pictures = GuidePicturesOf(context.Pieces, DefaultPicturePixels, std::nullopt);
+    const std::vector<GuideFile> files = InForeground(context.Errors, "guide", [&](const JobWatch& watch) {
+        return DrawGuide(context.Pieces, project, pictures, watch);
+    });
+    for (const std::filesystem::path& file : WriteGuide(project.Preferences, files))
         context.Output << TextFromPath(into / file.filename()) << '\n';
 }
 
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options) {
     Project project = StartWithCircuit(context, circuit);
-    project.ShowNumbers = options.Numbers;
-    std::optional<PictureBackground> background;
-    if (const auto& file = options.Background) background = {ReadFile(*file, MostPictureBytes), TextFromPath(*file)};
+    project.EditState.ShowNumbers = options.Numbers;
+    std::optional<Picture> background;
+    if (options.Background) background = Picture::Read(*options.Background);
     const OffscreenGraphics graphics;
-    const std::string format = PictureFormatOf(options.Out);
-    ReplaceFile(options.Out, CircuitPicture(project, options.Pixels, background, format));
+    const PictureFormat format = PictureFormatOf(options.Out);
+    ReplaceFile(options.Out, CircuitPicture(context.Pieces, project, options.Pixels, background, format));
     context.Output << TextFromPath(options.Out) << '\n';
 }
 
 void ScriptVerb(const VerbContext& context, const std::string& script, const OptionalPath& circuit) {
-    Start start = StartVerb(context);
+    VerbStart start = StartVerb(context);
     PrintMessages(start.Messages, context.Errors);
     const bool typed = script == "-";
     std::istringstream lines(typed ? std::string() : ReadFile(PathFromText(script), MostFileBytes));
-    if (circuit) LoadCircuit(start.Design, *circuit);
-    RunScript(start.Design, typed ? context.Input : lines, script, context.Output, start.Messages);
+    ScriptPrompts prompts;
+    Session session(context.Pieces, prompts, std::move(start.Project), context.SettingsFile.value_or(""));
+    if (circuit) LoadFileCommand(session, *circuit);
+    RunScript(session, prompts, typed ? context.Input : lines, script, context.Output, start.Messages);
 }
 
 void CatalogueVerb(const VerbContext& context, bool json) {
     PrintMessages(StartVerb(context).Messages, context.Errors);
-    context.Output << (json ? Line(CatalogueJson()) + '\n' : CatalogueTable());
+    context.Output << (json ? Line(CatalogueJson(context.Pieces)) + '\n' : CatalogueTable(context.Pieces));
 }
 
 void SettingsVerb(const VerbContext& context, bool json) {
-    const Start start = StartVerb(context);
-    const Json settings = SettingsJson(start.Design, TextFromPath(start.SettingsPath), start.Messages);
+    const VerbStart start = StartVerb(context);
+    const Json settings = SettingsJson(context.Pieces, start.Project, TextFromPath(start.SettingsPath), start.Messages);
     context.Output << (json ? Line(settings) + '\n' : SettingsTable(settings));
 }
 

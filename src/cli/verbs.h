@@ -1,6 +1,7 @@
 // The verbs' jobs. Each prints its result; what it refuses is a fault.
 #pragma once
 
+#include "imaging/circuit_picture.h"
 #include "model/project.h"
 
 #include <filesystem>
@@ -15,7 +16,8 @@ using OptionalPath = std::optional<std::filesystem::path>;
 
 /// A verb's surroundings.
 struct VerbContext {
-    OptionalPath Settings; ///< named by --settings: in place of the usual file, and may be written
+    const Catalogue& Pieces;
+    OptionalPath SettingsFile; ///< named by --settings: in place of the usual file, and may be written
     std::istream& Input;
     std::ostream& Output;
     std::ostream& Errors;
@@ -23,7 +25,7 @@ struct VerbContext {
 
 struct PictureOptions {
     std::filesystem::path Out;
-    int Pixels = 700;
+    int Pixels = DefaultPicturePixels;
     bool Numbers = false;
     OptionalPath Background;
 };

@@ -1,58 +1,51 @@
-// Commands that lay or replace single pieces.
 #include "editor/building.h"
 
-#include "catalogue/special_pieces.h"
 #include "platform/fault.h"
 
 #include <algorithm>
 
 namespace pistaro {
 
-namespace {
-
-int ShapeOf(const Catalogue& catalogue, int row) { return Entry(catalogue, row).ShapeIndex; }
-
-} // namespace
-
-void AddElement(Project& project, const std::string& code) {
-    Track* const track = project.Layout.Current();
+void AddElement(Design& design, EditState& edit, const std::string& code) {
+    Track* const track = EditedTrack(design.Circuit, edit);
     if (track == nullptr) return;
     if (track->ElementCodes.size() >= MaxElements) {
         throw SubscriptOutOfRange("a track holds at most " + std::to_string(MaxElements) + " elements");
     }
-    if (project.InsertMode && track->CurrentElement >= 0) {
-        track->ElementCodes.insert(track->ElementCodes.begin() + track->CurrentElement, code);
-        ++track->CurrentElement;
+    const int selected = edit.SelectedElement();
+    if (edit.InsertMode && selected >= 0) {
+        track->ElementCodes.insert(track->ElementCodes.begin() + selected, code);
+        edit.Select(selected + 1);
     } else {
         track->ElementCodes.push_back(code);
-        track->CurrentElement = track->ElementLastIndex();
+        edit.Select(track->ElementLastIndex());
     }
-    project.DataChanged = true;
+    edit.DataChanged = true;
 }
 
-void AddPiece(Project& project, const std::string& code) {
-    AddElement(project, code);
-    const Track* const track = project.Layout.Current();
-    if (track == nullptr || !IsConversionPiece(code) || track->ElementLastIndex() < 1) return;
+void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code) {
+    AddElement(design, edit, code);
+    const Track* const track = EditedTrack(design.Circuit, edit);
+    const CatalogueEntry* const piece = catalogue.Find(code);
+    if (track == nullptr || piece == nullptr || !piece->JoinsSystems() || track->ElementLastIndex() < 1) return;
     const std::string& beforeLast = track->ElementCodes[track->ElementCodes.size() - 2];
-    if (IsOfSystem(beforeLast, TrackSystem::Ninco)) SwitchTrackSystem(project);
+    if (IsOfSystem(beforeLast, TrackSystem::Ninco)) SwitchTrackSystem(edit);
 }
 
-int OwnedLessUsedPieces(const Project& project, std::string_view code) {
-    const Catalogue& catalogue = project.Pieces;
-    const int row = FindRow(catalogue, code);
-    if (row < 0) return 0;
+int OwnedLessUsedPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code) {
+    const CatalogueEntry* const piece = catalogue.Find(code);
+    if (piece == nullptr) return 0;
+    const UsedCounts used = CountUsed(catalogue, circuit);
     int remaining = 0;
-    for (int product = 0; product < CatalogueCount; ++product) {
-        if (!IsHeadRow(catalogue, product) || ShapeOf(catalogue, product) != ShapeOf(catalogue, row)) continue;
-        const CatalogueEntry& entry = Entry(catalogue, product);
-        remaining += entry.OwnedCount - entry.UsedCount;
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (!catalogue.IsHeadRow(row) || catalogue[row].ShapeIndex != piece->ShapeIndex) continue;
+        remaining += stock[row].OwnedCount - used[static_cast<std::size_t>(row)];
     }
     return remaining;
 }
 
-int RemainingPieces(const Project& project, std::string_view code) {
-    return std::max(0, OwnedLessUsedPieces(project, code));
+int RemainingPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code) {
+    return std::max(0, OwnedLessUsedPieces(catalogue, circuit, stock, code));
 }
 
 std::string PieceCaption(std::string_view code) {
@@ -61,24 +54,24 @@ std::string PieceCaption(std::string_view code) {
     return std::string(caption);
 }
 
-void SwitchTrackSystem(Project& project) {
-    project.System = project.System == TrackSystem::Scalextric ? TrackSystem::Ninco : TrackSystem::Scalextric;
+void SwitchTrackSystem(EditState& edit) {
+    edit.System = edit.System == TrackSystem::Scalextric ? TrackSystem::Ninco : TrackSystem::Scalextric;
 }
 
-bool IsVariantOfSelected(const Project& project, std::string_view variant) {
-    const Catalogue& catalogue = project.Pieces;
-    const int selected = FindRow(catalogue, SelectedCode(project.Layout));
-    return selected >= 0 && ShapeOf(catalogue, selected) == ShapeOf(catalogue, FindHeadRow(catalogue, variant));
+bool IsVariantOfSelected(const Catalogue& catalogue, const Circuit& circuit, const EditState& edit,
+                         std::string_view variant) {
+    const CatalogueEntry* const selected = catalogue.Find(SelectedCode(circuit, edit));
+    return selected != nullptr && selected->ShapeIndex == catalogue[catalogue.FindHeadRow(variant)].ShapeIndex;
 }
 
-void ReplaceSelected(Project& project, std::string_view variant) {
-    Track* const track = project.Layout.Current();
-    if (track == nullptr || track->CurrentElement < 0) return;
-    std::string& code = track->ElementCodes[static_cast<std::size_t>(track->CurrentElement)];
-    const bool hasHands = FindRow(project.Pieces, variant) < 0;
+void ReplaceSelected(const Catalogue& catalogue, Design& design, EditState& edit, std::string_view variant) {
+    const int selected = edit.SelectedElement();
+    if (selected < 0) return;
+    std::string& code = EditedTrack(design.Circuit, edit)->ElementCodes[static_cast<std::size_t>(selected)];
+    const bool hasHands = catalogue.FindRow(variant) < 0;
     const char* const hand = !hasHands ? "" : code.ends_with('R') ? "R" : "L";
     code = std::string(variant) + hand;
-    project.DataChanged = true;
+    edit.DataChanged = true;
 }
 
 } // namespace pistaro

@@ -1,16 +1,17 @@
-// The colour dialog's work.
+// The colour dialog's Save.
 #pragma once
 
-#include "model/project.h"
+#include "catalogue/catalogue.h"
+#include "model/colour_scheme.h"
 #include "model/prompts.h"
+
+#include <filesystem>
 
 namespace pistaro {
 
-/// Draws with these colours from now on; the settings file keeps its own.
-void ApplyColours(Project& project, const ColourScheme& colours);
-
 /// Writes these colours as the user's defaults into the settings file; the drawing keeps its own. A file without a
 /// colour section stays as it is. Faults of writing leave the file as it was.
-void SaveColours(const Project& project, const ColourScheme& colours, Prompts& prompts);
+void SaveColours(const Catalogue& catalogue, const std::filesystem::path& settingsPath, const ColourScheme& colours,
+                 Prompts& prompts);
 
 } // namespace pistaro

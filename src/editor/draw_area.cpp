@@ -1,4 +1,3 @@
-// From typed fields to the circuit's view, room, grid and units, and on to the settings file.
 #include "editor/draw_area.h"
 
 #include "catalogue/track_geometry.h"
@@ -66,12 +65,7 @@ DrawArea DrawAreaOf(const DrawAreaFields& fields) {
     const double centreY = ParseNumber(fields.CentreY);
     const double reach = ParseNumber(fields.MaxWidth);
     DrawArea area;
-    area.View = {.MidX = static_cast<float>(centreX),
-                 .MidY = static_cast<float>(centreY),
-                 .Width = Width(fields.ZoomVal),
-                 .MWid = static_cast<float>(reach),
-                 .HMov = BarAround(centreX, reach, centreX),
-                 .VMov = BarAround(centreY, reach, centreY)};
+    area.View = ViewAround(centreX, centreY, Width(fields.ZoomVal), reach);
     area.Room = RoomIn(fields);
     if (!std::isfinite(area.Room.Angle)) throw Overflow("the room angle is too large");
     area.Grid = {static_cast<std::int16_t>(fields.Grid), GridStep(fields.Step)};
@@ -80,15 +74,21 @@ DrawArea DrawAreaOf(const DrawAreaFields& fields) {
 }
 
 void Put(Project& project, DrawArea&& area) {
-    project.View = area.View;
-    project.Room = std::move(area.Room);
-    project.Grid = area.Grid;
-    project.DisplayUnits = std::move(area.DisplayUnits);
-    project.DataChanged = true;
+    project.Design.View = area.View;
+    project.Design.Room = std::move(area.Room);
+    project.Preferences.Grid = area.Grid;
+    project.Preferences.DisplayUnits = std::move(area.DisplayUnits);
+    project.EditState.DataChanged = true;
 }
 
 /// What valid fields come to; nothing, and the user is told, when they are not valid.
 std::optional<DrawArea> Checked(DrawAreaFields& fields, Prompts& prompts) {
+    if (HasTypedPoint(fields.Room)) {
+        const std::string number = NumberText(fields.Room.Number);
+        const std::string question = "The coordinates of room point " + number +
+                                     " were typed but not added. Press OK to go on without them, or Cancel to go back.";
+        if (prompts.Ask(question, Buttons::OkCancel) == Answer::Cancel) return std::nullopt;
+    }
     if (const auto wrong = ValidateDrawArea(fields)) {
         prompts.Tell(*wrong);
         return std::nullopt;
@@ -100,22 +100,22 @@ std::optional<DrawArea> Checked(DrawAreaFields& fields, Prompts& prompts) {
 
 } // namespace
 
-DrawAreaFields OpenDrawArea(const Project& project) {
+DrawAreaFields OpenDrawArea(const Design& design, const Preferences& preferences) {
     const auto middle = [](const ScrollBar& bar) {
         return NumberText((static_cast<double>(bar.Minimum) + bar.Maximum) / 2);
     };
-    const ScrollBar& bar = project.View.HMov;
-    const double degrees = project.Room.Angle * 180 / PiValue;
-    return {.CentreX = middle(project.View.HMov),
-            .CentreY = middle(project.View.VMov),
-            .ZoomVal = NumberText(project.View.Width),
+    const ScrollBar& bar = design.View.HMov;
+    const double degrees = design.Room.Angle * 180 / PiValue;
+    return {.CentreX = middle(design.View.HMov),
+            .CentreY = middle(design.View.VMov),
+            .ZoomVal = NumberText(design.View.Width),
             .MaxWidth = NumberText((static_cast<double>(bar.Maximum) - bar.Minimum) / 2),
             .RoomAngle = NumberText(static_cast<float>(RoundHalfEven(degrees * 1000) / 1000)),
-            .Step = NumberText(int{project.Grid.Step}),
-            .Currency = project.DisplayUnits.Currency,
-            .Grid = project.Grid.Type,
-            .Inches = project.DisplayUnits.Inches,
-            .Room = OpenRoomPoints(project.Room.Points)};
+            .Step = NumberText(int{preferences.Grid.Step}),
+            .Currency = preferences.DisplayUnits.Currency,
+            .Grid = preferences.Grid.Type,
+            .Inches = preferences.DisplayUnits.Inches,
+            .Room = OpenRoomPoints(design.Room.Points)};
 }
 
 std::string DrawAreaLabel(const DrawAreaFields& fields) {
@@ -153,12 +153,15 @@ bool ApplyDrawArea(Project& project, DrawAreaFields& fields, Prompts& prompts) {
     return true;
 }
 
-bool SaveDrawArea(Project& project, DrawAreaFields& fields, Prompts& prompts) {
+bool SaveDrawArea(const Catalogue& catalogue, Project& project, const std::filesystem::path& settingsPath,
+                  DrawAreaFields& fields, Prompts& prompts) {
     auto area = Checked(fields, prompts);
     if (!area) return false;
-    RewriteSettings(project.SettingsPath, {ViewOf(ParseNumber(fields.CentreX), ParseNumber(fields.CentreY),
-                                                  ParseNumber(fields.ZoomVal), ParseNumber(fields.MaxWidth)),
-                                           GridOf(area->Grid), UnitsOf(area->DisplayUnits), RoomOf(area->Room)});
+    RewriteSettings(catalogue, settingsPath,
+                    {ViewOf(ParseNumber(fields.CentreX), ParseNumber(fields.CentreY), ParseNumber(fields.ZoomVal),
+                            ParseNumber(fields.MaxWidth)),
+                     GridOf(area->Grid), UnitsOf(area->DisplayUnits), RoomOf(area->Room)});
+    project.Preferences.MWid = area->View.MWid;
     Put(project, std::move(*area));
     prompts.Tell({Icon::Information, SettingsSaved});
     return true;

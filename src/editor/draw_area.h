@@ -5,6 +5,7 @@
 #include "model/project.h"
 #include "model/prompts.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -23,9 +24,9 @@ struct DrawAreaFields {
     RoomPoints Room;
 };
 
-/// The fields as the dialog opens with them: the project's values, the angle to a thousandth of a degree, so that the
+/// The fields as the dialog opens with them: the values in use, the angle to a thousandth of a degree, so that the
 /// seven digits which files keep do not turn 90 degrees into 89.
-DrawAreaFields OpenDrawArea(const Project& project);
+DrawAreaFields OpenDrawArea(const Design& design, const Preferences& preferences);
 
 /// "Area: W x W cm" in the chosen units, for the window width as it is typed.
 std::string DrawAreaLabel(const DrawAreaFields& fields);
@@ -38,12 +39,14 @@ RoomPolygon RoomIn(const DrawAreaFields& fields);
 std::optional<Message> ValidateDrawArea(DrawAreaFields& fields);
 
 /// Puts valid fields into the circuit: view, scroll bars, room, grid, units, currency. False when the validation told
-/// something and the dialog stays open. Faults at values that no settings file could hold; nothing changes then.
+/// something, or the user would rather add a point that was only typed: the dialog stays open then. Faults at values
+/// that no settings file could hold; nothing changes then.
 bool ApplyDrawArea(Project& project, DrawAreaFields& fields, Prompts& prompts);
 
 /// The same after writing the values as the user's defaults into the settings file. Faults of writing leave file and
 /// project as they were.
-bool SaveDrawArea(Project& project, DrawAreaFields& fields, Prompts& prompts);
+bool SaveDrawArea(const Catalogue& catalogue, Project& project, const std::filesystem::path& settingsPath,
+                  DrawAreaFields& fields, Prompts& prompts);
 
 /// Tells what the dialog's fields and buttons are for.
 void ExplainDrawArea(Prompts& prompts);

@@ -1,8 +1,7 @@
-// The nearest label wins.
 #include "editor/mouse_selection.h"
 
-#include "catalogue/special_pieces.h"
 #include "editor/building.h"
+#include "layout/placement.h"
 #include "platform/fault.h"
 
 #include <algorithm>
@@ -15,10 +14,10 @@ namespace pistaro {
 namespace {
 
 /// Distances from the click to each element's label. An unknown code leaves the label of the piece before it.
-int NearestElement(const Track& track, WorldPoint click) {
+int NearestElement(const Catalogue& catalogue, const Track& track, WorldPoint click) {
     std::array<float, MostClickableElements> distances{};
     float distance = std::numeric_limits<float>::max();
-    WalkTrack(track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
+    WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
         if (placement != nullptr) {
             distance = static_cast<float>(
                 std::hypot(double{click.X} - placement->Label.X, double{click.Y} - placement->Label.Y));
@@ -30,12 +29,13 @@ int NearestElement(const Track& track, WorldPoint click) {
 }
 
 /// The system of the pieces that follow on an element. A conversion piece leads to the system it was not entered from.
-TrackSystem SystemBehind(const Track& track, int element, TrackSystem offered) {
+TrackSystem SystemAfter(const Catalogue& catalogue, const Track& track, int element, TrackSystem offered) {
     const auto codeAt = [&](int index) -> std::string_view {
         return index < 0 ? std::string_view() : track.ElementCodes[static_cast<std::size_t>(index)];
     };
     const std::string_view code = codeAt(element);
-    if (IsConversionPiece(code)) {
+    const CatalogueEntry* const piece = catalogue.Find(code);
+    if (piece != nullptr && piece->JoinsSystems()) {
         return IsOfSystem(codeAt(element - 1), TrackSystem::Ninco) ? TrackSystem::Scalextric : TrackSystem::Ninco;
     }
     if (IsOfSystem(code, TrackSystem::Scalextric)) return TrackSystem::Scalextric;
@@ -45,16 +45,17 @@ TrackSystem SystemBehind(const Track& track, int element, TrackSystem offered) {
 
 } // namespace
 
-void SelectNearestElement(Project& project, WorldPoint click) {
-    Track* const track = project.Layout.Current();
+void SelectNearestElement(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, WorldPoint click) {
+    const Track* const track = EditedTrack(circuit, edit);
     if (track == nullptr || track->ElementCodes.empty()) return;
     if (track->ElementCodes.size() > MostClickableElements) {
         throw SubscriptOutOfRange("a track of more than " + std::to_string(MostClickableElements) +
                                   " elements cannot be clicked; choose the element in the list");
     }
-    track->CurrentElement = NearestElement(*track, click);
-    if (track->CurrentElement < 1) return;
-    if (SystemBehind(*track, track->CurrentElement - 1, project.System) != project.System) SwitchTrackSystem(project);
+    const int nearest = NearestElement(catalogue, *track, click);
+    edit.Select(nearest);
+    if (nearest >= 1 && SystemAfter(catalogue, *track, nearest - 1, edit.System) != edit.System)
+        SwitchTrackSystem(edit);
 }
 
 } // namespace pistaro

@@ -1,8 +1,9 @@
 // Selecting an element by a click on the drawing.
 #pragma once
 
-#include "model/project.h"
-#include "render/placement.h"
+#include "catalogue/catalogue.h"
+#include "layout/shapes.h"
+#include "model/edit_state.h"
 
 namespace pistaro {
 
@@ -11,6 +12,6 @@ inline constexpr int MostClickableElements = 201; ///< the distance table's size
 /// Selects the element of the current track whose label lies nearest to the point (cm), the lower index where two are
 /// as near, and offers the system of the element before it. Does nothing with all tracks chosen or on an empty track.
 /// Fault on a track of more than MostClickableElements.
-void SelectNearestElement(Project& project, WorldPoint click);
+void SelectNearestElement(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, WorldPoint click);
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// Boxes to numbers, numbers to the settings file, and back from it.
 #include "editor/owned_track.h"
 
 #include "platform/fault.h"
@@ -7,7 +6,9 @@
 #include "storage/settings_sections.h"
 #include "text/number_text.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pistaro {
 
@@ -42,53 +43,75 @@ double PriceIn(const StockBox& box) {
 
 /// The boxes' numbers on the rows of the settings file's lines.
 template <typename NumberOf>
-std::array<double, CatalogueCount> ByRow(const Catalogue& catalogue, const StockBoxes& boxes, NumberOf numberOf) {
-    std::array<double, CatalogueCount> byRow{};
+std::vector<double> ByRow(const Catalogue& catalogue, const StockBoxes& boxes, NumberOf numberOf) {
+    std::vector<double> byRow(static_cast<std::size_t>(catalogue.Count()));
     for (const StockBox& box : boxes) {
         const double number = numberOf(box);
         for (std::size_t row = 0; row < byRow.size(); ++row) {
-            if (ProductCode(catalogue[row].Code) == box.Tag) byRow[row] = number;
+            if (ProductCode(catalogue[static_cast<int>(row)].Code) == box.Tag) byRow[row] = number;
         }
     }
     return byRow;
 }
 
-/// The stock as it stands, which the lines that a file lacks leave alone.
-Settings StockOf(const Catalogue& catalogue) {
-    Settings settings;
-    for (std::size_t row = 0; row < settings.Stocks.size(); ++row) {
-        settings.Stocks[row] = {catalogue[row].OwnedCount, catalogue[row].Price};
-    }
-    return settings;
+StockFrame FrameOf(const CatalogueEntry& product) {
+    if (product.System == TrackSystem::Ninco) return StockFrame::Ninco;
+    if (!product.IsBasic()) return StockFrame::ScalextricSpecialists;
+    return product.IsStraight() ? StockFrame::ScalextricStraights : StockFrame::ScalextricCurves;
 }
 
 } // namespace
 
-StockBoxes EmptyStockBoxes() {
+StockBoxes EmptyStockBoxes(const Catalogue& catalogue) {
+    std::vector<int> rows = catalogue.ProductRows();
+    std::ranges::stable_sort(rows, {},
+                             [&](int row) { return std::pair(FrameOf(catalogue[row]), catalogue[row].Place); });
     StockBoxes boxes;
-    for (std::size_t box = 0; box < boxes.size(); ++box)
-        boxes[box].Tag = StockProducts[box].Code;
+    for (const int row : rows) {
+        const CatalogueEntry& product = catalogue[row];
+        boxes.push_back({.Tag = std::string(ProductCode(product.Code)),
+                         .Name = product.BoxName,
+                         .Frame = FrameOf(product),
+                         .Owned = {},
+                         .Price = {}});
+    }
     return boxes;
 }
 
-bool FillStockBoxes(const Project& project, StockBoxes& boxes) {
+const char* CaptionOf(StockFrame frame) {
+    switch (frame) {
+    case StockFrame::ScalextricStraights:
+        return "Scalextric Straights";
+    case StockFrame::ScalextricCurves:
+        return "Scalextric Curves";
+    case StockFrame::ScalextricSpecialists:
+        return "Scalextric Specialist Track";
+    case StockFrame::Ninco:
+        break;
+    }
+    return "Ninco Track";
+}
+
+bool FillStockBoxes(const Catalogue& catalogue, const Stock& stock, StockBoxes& boxes) {
     for (StockBox& box : boxes) {
-        const int row = FindHeadRow(project.Pieces, box.Tag);
+        const int row = catalogue.FindHeadRow(box.Tag);
         if (row < 0) return false;
-        const CatalogueEntry& entry = Entry(project.Pieces, row);
-        box.Owned = NumberText(int{entry.OwnedCount});
-        box.Price = NumberText(entry.Price);
+        box.Owned = NumberText(int{stock[row].OwnedCount});
+        box.Price = NumberText(stock[row].Price);
     }
     return true;
 }
 
-void SaveOwnedTrack(Project& project, const StockBoxes& boxes, Prompts& prompts) {
-    const std::string bytes =
-        RewrittenSettings(project.SettingsPath, {LooseTrackOf(ByRow(project.Pieces, boxes, OwnedIn)),
-                                                 BestPricesOf(ByRow(project.Pieces, boxes, PriceIn))});
-    const Settings read = ParseSettings(bytes, TextFromPath(project.SettingsPath), StockOf(project.Pieces));
-    ReplaceFile(project.SettingsPath, bytes);
-    ApplyStock(project.Pieces, read);
+void SaveOwnedTrack(const Catalogue& catalogue, const std::filesystem::path& settingsPath, Stock& stock,
+                    const StockBoxes& boxes, Prompts& prompts) {
+    const std::string bytes = RewrittenSettings(catalogue, settingsPath,
+                                                {LooseTrackOf(catalogue, ByRow(catalogue, boxes, OwnedIn)),
+                                                 BestPricesOf(catalogue, ByRow(catalogue, boxes, PriceIn))});
+    Settings asTheyStand; // what lines the file lacks leave alone
+    asTheyStand.Stock = stock;
+    const Settings read = ParseSettings(catalogue, bytes, TextFromPath(settingsPath), asTheyStand);
+    ReplaceFile(settingsPath, bytes);
+    stock = read.Stock;
     prompts.Tell({Icon::Information, SettingsSaved});
     for (const Message& warning : read.Messages)
         prompts.Tell(warning);

@@ -1,4 +1,3 @@
-// Points come and go by their number, as the scroller counts them.
 #include "editor/room_points.h"
 
 #include "platform/fault.h"
@@ -21,6 +20,13 @@ bool IsBlank(const std::string& text) { return Trimmed(text).empty(); }
 
 std::size_t Index(const RoomPoints& room) { return static_cast<std::size_t>(room.Number - 1); }
 
+/// What the entry fields show of the point that they stand for; nothing after the last one.
+RoomEntry StoredEntry(const RoomPoints& room) {
+    if (!ShowsPoint(room)) return {};
+    const RoomPoint& point = room.Points[Index(room)];
+    return {NumberText(int{point.X}), NumberText(int{point.Y}), point.Line == 1};
+}
+
 } // namespace
 
 RoomPoints OpenRoomPoints(const std::vector<RoomPoint>& points) {
@@ -35,10 +41,12 @@ bool ShowsPoint(const RoomPoints& room) { return Index(room) < room.Points.size(
 
 void ScrollToPoint(RoomPoints& room, int number) {
     room.Number = number;
-    room.Entry = {};
-    if (!ShowsPoint(room)) return;
-    const RoomPoint& point = room.Points[Index(room)];
-    room.Entry = {NumberText(int{point.X}), NumberText(int{point.Y}), point.Line == 1};
+    room.Entry = StoredEntry(room);
+}
+
+bool HasTypedPoint(const RoomPoints& room) {
+    const RoomEntry stored = StoredEntry(room);
+    return ShowsPoint(room) ? room.Entry != stored : room.Entry.X != stored.X || room.Entry.Y != stored.Y;
 }
 
 void AddPoint(RoomPoints& room, Prompts& prompts) {
@@ -54,8 +62,7 @@ void AddPoint(RoomPoints& room, Prompts& prompts) {
                           static_cast<std::int16_t>(room.Entry.Line)};
     if (!ShowsPoint(room)) room.Points.emplace_back();
     room.Points[Index(room)] = point;
-    room.Number = std::min(room.Number + 1, LastPlace(room));
-    room.Entry = {};
+    ScrollToPoint(room, std::min(room.Number + 1, LastPlace(room)));
 }
 
 void DeletePoint(RoomPoints& room) {

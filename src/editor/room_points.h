@@ -13,6 +13,8 @@ namespace pistaro {
 struct RoomEntry {
     std::string X, Y;
     bool Line = true; ///< a new point is a corner rather than a pillar
+
+    bool operator==(const RoomEntry&) const = default;
 };
 
 struct RoomPoints {
@@ -24,16 +26,19 @@ struct RoomPoints {
 /// The dialog's copy of a room, with its first point in the entry fields.
 RoomPoints OpenRoomPoints(const std::vector<RoomPoint>& points);
 
-/// The scroller's last place: the one behind the last point, where a new one is entered, as far as a room has room.
+/// The scroller's last place: the one after the last point, where a new one is entered, as far as a room has room.
 int LastPlace(const RoomPoints& room);
 
 /// Whether the entry fields stand for a point that the room has already.
 bool ShowsPoint(const RoomPoints& room);
 
-/// Scrolls to a place from 1 to LastPlace and shows its point; behind the last point the entry fields are empty.
+/// Scrolls to a place from 1 to LastPlace and shows its point; after the last point the entry fields are empty.
 void ScrollToPoint(RoomPoints& room, int number);
 
-/// Puts the entry fields in as the point they stand for, scrolls on to the next place and clears them. Tells of a full
+/// Whether the entry fields hold coordinates that no point has: typed, and not added.
+bool HasTypedPoint(const RoomPoints& room);
+
+/// Puts the entry fields in as the point they stand for and scrolls on to the next place. Tells of a full
 /// room and of missing coordinates, and changes nothing then. Faults at coordinates that are no number or outside 16
 /// bits.
 void AddPoint(RoomPoints& room, Prompts& prompts);

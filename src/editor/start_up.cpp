@@ -1,4 +1,3 @@
-// The start-up sequence.
 #include "editor/start_up.h"
 
 #include "platform/files.h"
@@ -9,20 +8,20 @@ namespace pistaro {
 
 namespace {
 
-void InstallSettings(const std::filesystem::path& path) {
+void InstallSettings(const Catalogue& catalogue, const std::filesystem::path& path) {
     std::error_code reportedByTheWrite;
     std::filesystem::create_directories(path.parent_path(), reportedByTheWrite);
-    ReplaceFile(path, InitialSettingsBytes());
+    ReplaceFile(path, InitialSettingsBytes(catalogue));
     const std::filesystem::path workingDirectory = PathFromText(InitialWorkingDirectory());
     std::error_code noFolderYet; // the user may choose another one with the first save
     std::filesystem::create_directories(workingDirectory, noFolderYet);
     CopySamples(InstalledFolder() / "samples", workingDirectory);
 }
 
-DesignerStart StartWithout(const std::exception& fault) {
+DesignerStart StartWithout(const Catalogue& catalogue, const std::exception& fault) {
     const std::string text = std::string(fault.what()) + "\nPistaro goes on with its initial settings and saves none.";
-    DesignerStart start{StartUp(InitialSettings()), {{Icon::Exclamation, text}}};
-    start.Design.WorkingDirectory = InitialWorkingDirectory();
+    DesignerStart start{StartUp(InitialSettings(catalogue)), {}, {{Icon::Exclamation, text}}};
+    start.Project.Preferences.WorkingDirectory = InitialWorkingDirectory();
     return start;
 }
 
@@ -41,16 +40,14 @@ void CopySamples(const std::filesystem::path& from, const std::filesystem::path&
     }
 }
 
-DesignerStart StartDesigner(const std::filesystem::path& settingsPath) {
+DesignerStart StartDesigner(const Catalogue& catalogue, const std::filesystem::path& settingsPath) {
     try {
         std::error_code unreadable;
-        if (!std::filesystem::exists(settingsPath, unreadable) && !unreadable) InstallSettings(settingsPath);
-        const Settings settings = ReadSettings(settingsPath);
-        DesignerStart start{StartUp(settings), settings.Messages};
-        start.Design.SettingsPath = settingsPath;
-        return start;
+        if (!std::filesystem::exists(settingsPath, unreadable) && !unreadable) InstallSettings(catalogue, settingsPath);
+        const Settings settings = ReadSettings(catalogue, settingsPath);
+        return {StartUp(settings), settingsPath, settings.Messages};
     } catch (const std::exception& fault) {
-        return StartWithout(fault);
+        return StartWithout(catalogue, fault);
     }
 }
 

@@ -3,13 +3,15 @@
 
 #include "model/project.h"
 
+#include <filesystem>
 #include <vector>
 
 namespace pistaro {
 
 struct DesignerStart {
-    Project Design;
-    std::vector<Message> Messages; ///< to be told before the user begins
+    pistaro::Project Project;
+    std::filesystem::path SettingsPath; ///< empty: there is no settings file to write
+    std::vector<Message> Messages;      ///< to be told before the user begins
 };
 
 /// Copies the sample circuits, and the manual beside them, into a first run's working directory, where the load dialog
@@ -19,6 +21,6 @@ void CopySamples(const std::filesystem::path& from, const std::filesystem::path&
 /// Reads the settings file; where none stands an initial one is put there first, with its folder, the working directory
 /// and the samples in it. A file that cannot be read or made is told: the program then goes on with the initial
 /// settings and leaves the file alone.
-DesignerStart StartDesigner(const std::filesystem::path& settingsPath);
+DesignerStart StartDesigner(const Catalogue& catalogue, const std::filesystem::path& settingsPath);
 
 } // namespace pistaro

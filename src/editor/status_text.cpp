@@ -1,36 +1,67 @@
-// What says nothing is left out.
 #include "editor/status_text.h"
 
-#include "render/track_gap.h"
+#include "catalogue/track_geometry.h"
+#include "layout/track_gap.h"
+
+#include <cmath>
+#include <iomanip>
+#include <locale>
+#include <sstream>
 
 namespace pistaro {
 
 namespace {
 
+constexpr const char* Between = " · ";
+
 std::string PieceCount(std::size_t pieces) {
     return pieces == 0 ? "empty" : pieces == 1 ? "1 piece" : std::to_string(pieces) + " pieces";
 }
 
+std::string WithDecimals(double value, int decimals) {
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << std::fixed << std::setprecision(decimals) << value;
+    return text.str();
+}
+
+/// A gap of which neither the distance nor the angle can be seen.
+bool IsClosed(const TrackGap& gap, double degrees) {
+    constexpr double mostCm = 0.05;
+    constexpr double mostDegrees = 0.1;
+    return gap.Distance <= mostCm && degrees <= mostDegrees;
+}
+
+std::string GapText(const TrackGap& gap, const Units& units) {
+    const double degrees = std::fabs(gap.Angle) * 180 / PiValue;
+    if (IsClosed(gap, degrees)) return "closed";
+    const std::string angle = WithDecimals(degrees, 1);
+    const std::string distance = WithDecimals(gap.Distance / double{units.UnitFactor()}, units.Inches ? 2 : 1);
+    return "gap " + distance + " " + units.Name() + (angle == "0.0" ? "" : ", " + angle + "°");
+}
+
+std::string TrackText(const Catalogue& catalogue, const Project& project, const Track& track) {
+    const std::string text =
+        "Track " + std::to_string(project.EditState.CurrentTrack + 1) + Between + PieceCount(track.ElementCodes.size());
+    if (track.ElementCodes.empty()) return text;
+    return text + Between + GapText(GapOf(catalogue, track), project.Preferences.DisplayUnits);
+}
+
+std::string AllTracksText(const Circuit& circuit) {
+    std::size_t pieces = 0;
+    for (const Track& track : circuit.Tracks)
+        pieces += track.ElementCodes.size();
+    return std::string("All tracks") + Between + PieceCount(pieces);
+}
+
 } // namespace
 
-std::string StatusText(const Project& project) {
-    const std::string between = " · ";
-    std::string text;
-    if (const Track* const track = project.Layout.Current()) {
-        text = "Track " + std::to_string(project.Layout.CurrentTrack + 1) + between;
-        text += PieceCount(track->ElementCodes.size());
-        if (!track->ElementCodes.empty()) {
-            const std::string gap = LengthLabel(GapOf(*track).Distance, project.DisplayUnits);
-            text += between + "gap " + (gap.starts_with('.') ? "0" : "") + gap + " " + project.DisplayUnits.Name();
-        }
-    } else {
-        std::size_t pieces = 0;
-        for (const Track& each : project.Layout.Tracks)
-            pieces += each.ElementCodes.size();
-        text = "All tracks" + between + PieceCount(pieces);
-    }
-    if (project.InsertMode && project.Layout.Current() != nullptr) text += between + "Insert mode";
-    return project.DataChanged ? text + between + "unsaved" : text;
+std::string StatusText(const Catalogue& catalogue, const Project& project) {
+    const EditState& edit = project.EditState;
+    const Track* const track = EditedTrack(project.Design.Circuit, edit);
+    std::string text = track != nullptr ? TrackText(catalogue, project, *track) : AllTracksText(project.Design.Circuit);
+    if (edit.InsertMode && track != nullptr) text += std::string(Between) + "Insert mode";
+    return edit.DataChanged ? text + Between + "unsaved" : text;
 }
 
 } // namespace pistaro

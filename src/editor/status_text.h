@@ -7,8 +7,10 @@
 
 namespace pistaro {
 
-/// "Track 1 · 24 pieces · gap 0.4 cm · unsaved": the chosen track, its pieces, how far it is from closing in display
-/// units, and whether the circuit has changes not yet saved. With all tracks chosen the pieces of all.
-std::string StatusText(const Project& project);
+/// "Track 1 · 24 pieces · gap 17.5 cm, 11.3° · unsaved": the chosen track, its pieces, how far it is from closing in
+/// display units, rounded to the millimetre or the hundredth of an inch, and, where its ends do not point the same way,
+/// by how many degrees; "closed" when both are within 0.5 mm and 0.1°; whether the circuit has changes not yet saved.
+/// With all tracks chosen the pieces of all.
+std::string StatusText(const Catalogue& catalogue, const Project& project);
 
 } // namespace pistaro

@@ -1,8 +1,7 @@
-// Commands that change tracks as a whole.
 #include "editor/track_editing.h"
 
+#include "layout/angles.h"
 #include "platform/fault.h"
-#include "render/angles.h"
 
 #include <algorithm>
 
@@ -31,61 +30,62 @@ void SwapHand(std::string& code) {
 
 } // namespace
 
-void DeleteElement(Project& project) {
-    Track* const track = project.Layout.Current();
-    if (track == nullptr || track->CurrentElement < 0) return;
-    track->ElementCodes.erase(track->ElementCodes.begin() + track->CurrentElement);
-    track->CurrentElement = std::min(track->CurrentElement, track->ElementLastIndex());
-    project.DataChanged = true;
+void DeleteElement(Design& design, EditState& edit) {
+    const int selected = edit.SelectedElement();
+    if (selected < 0) return;
+    Track& track = *EditedTrack(design.Circuit, edit);
+    track.ElementCodes.erase(track.ElementCodes.begin() + selected);
+    edit.Select(std::min(selected, track.ElementLastIndex()));
+    edit.DataChanged = true;
 }
 
-void MoveTracks(Project& project, int stepsRight, int stepsUp) {
-    if (Track* const track = project.Layout.Current()) {
+void MoveTracks(Design& design, EditState& edit, int stepsRight, int stepsUp) {
+    if (Track* const track = EditedTrack(design.Circuit, edit)) {
         MoveTrack(*track, stepsRight, stepsUp);
     } else {
-        for (Track& each : project.Layout.Tracks)
+        for (Track& each : design.Circuit.Tracks)
             MoveTrack(each, stepsRight, stepsUp);
     }
-    project.DataChanged = true;
+    edit.DataChanged = true;
 }
 
-void Rotate(Project& project, Rotation rotation) {
+void Rotate(Design& design, EditState& edit, Rotation rotation) {
     const int sign = rotation == Rotation::Left ? 1 : -1;
-    if (Track* const track = project.Layout.Current()) {
+    if (Track* const track = EditedTrack(design.Circuit, edit)) {
         track->TrackStartHeading = Turned(track->TrackStartHeading, sign * TrackTurn);
     } else {
-        project.Room.Angle = Turned(project.Room.Angle, sign * RoomTurn);
+        design.Room.Angle = Turned(design.Room.Angle, sign * RoomTurn);
     }
-    project.DataChanged = true;
+    edit.DataChanged = true;
 }
 
-void MirrorTrack(Project& project) {
-    Track* const track = project.Layout.Current();
+void MirrorTrack(Design& design, EditState& edit) {
+    Track* const track = EditedTrack(design.Circuit, edit);
     if (track == nullptr) return;
     std::ranges::for_each(track->ElementCodes, SwapHand);
-    project.DataChanged = true;
+    edit.DataChanged = true;
 }
 
-void InvertTrack(Project& project) {
-    Track* const track = project.Layout.Current();
+void InvertTrack(Design& design, EditState& edit) {
+    Track* const track = EditedTrack(design.Circuit, edit);
     if (track == nullptr) return;
     std::ranges::reverse(track->ElementCodes);
-    MirrorTrack(project);
+    MirrorTrack(design, edit);
 }
 
-void ChooseTrack(Project& project, int track) {
-    project.Layout.CurrentTrack = track;
-    project.InsertMode = false;
+void ChooseTrack(EditState& edit, int track) {
+    edit.CurrentTrack = track;
+    edit.InsertMode = false;
 }
 
-void ChooseAllTracks(Project& project) { project.Layout.CurrentTrack = AllTracks; }
+void ChooseAllTracks(EditState& edit) { edit.CurrentTrack = AllTracks; }
 
-void SelectElement(Project& project, int index) {
-    Track* const track = project.Layout.Current();
+void SelectElement(const Circuit& circuit, EditState& edit, int index) {
+    const Track* const track = EditedTrack(circuit, edit);
     if (track == nullptr || index < 0 || index > track->ElementLastIndex()) {
         throw SubscriptOutOfRange("there is no element " + std::to_string(index) + " in the list");
     }
-    track->CurrentElement = index;
+    edit.Select(index);
 }
 
 } // namespace pistaro

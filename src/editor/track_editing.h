@@ -1,36 +1,37 @@
 // Commands on a whole track or the room: delete, move, rotate, mirror, invert, choose, select.
 #pragma once
 
-#include "model/project.h"
+#include "model/design.h"
+#include "model/edit_state.h"
 
 namespace pistaro {
 
 /// Removes the current track's selected element; the selection stays on the same place, or on the new last element.
 /// Does nothing where nothing is selected.
-void DeleteElement(Project& project);
+void DeleteElement(Design& design, EditState& edit);
 
 /// Moves the start of the current track, or of all tracks when all are chosen, by steps of one track width.
-void MoveTracks(Project& project, int stepsRight, int stepsUp);
+void MoveTracks(Design& design, EditState& edit, int stepsRight, int stepsUp);
 
 enum class Rotation { Left, Right };
 
 /// Turns the current track about its start by a sixteenth of the circle constant; with all tracks chosen, the room by a
 /// thirty-second.
-void Rotate(Project& project, Rotation rotation);
+void Rotate(Design& design, EditState& edit, Rotation rotation);
 
 /// Swaps left and right hands along the current track.
-void MirrorTrack(Project& project);
+void MirrorTrack(Design& design, EditState& edit);
 
 /// Lays the current track in the opposite order with swapped hands, from the same start.
-void InvertTrack(Project& project);
+void InvertTrack(Design& design, EditState& edit);
 
 /// Makes track 0..2 the one being edited, in Build mode.
-void ChooseTrack(Project& project, int track);
+void ChooseTrack(EditState& edit, int track);
 
 /// Chooses all tracks: they move together, and rotation turns the room.
-void ChooseAllTracks(Project& project);
+void ChooseAllTracks(EditState& edit);
 
 /// Selects an element of the current track. Fault when there is none of that index.
-void SelectElement(Project& project, int index);
+void SelectElement(const Circuit& circuit, EditState& edit, int index);
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// Commands that change what is shown.
 #include "editor/view_commands.h"
 
 #include "text/number_text.h"
@@ -19,26 +18,26 @@ int ScrollStep(double width) {
 
 } // namespace
 
-bool CanZoomIn(const Project& project) { return project.View.Width > SmallestZoomableWidth; }
+bool CanZoomIn(const ViewSettings& view) { return view.Width > SmallestZoomableWidth; }
 
-void ZoomIn(Project& project) { project.View.Width -= 2 * ZoomStep; }
+void ZoomIn(ViewSettings& view) { view.Width -= 2 * ZoomStep; }
 
-void ZoomOut(Project& project) { project.View.Width += 2 * ZoomStep; }
+void ZoomOut(ViewSettings& view) { view.Width += 2 * ZoomStep; }
 
-void ScrollHorizontally(Project& project, int value) {
-    if (value == project.View.HMov.Value) return;
-    project.View.HMov.Value = value;
-    project.View.MidX = static_cast<float>(value);
+void ScrollHorizontally(ViewSettings& view, int value) {
+    if (value == view.HMov.Value) return;
+    view.HMov.Value = value;
+    view.MidX = static_cast<float>(value);
 }
 
-void ScrollVertically(Project& project, int value) {
-    if (value == project.View.VMov.Value) return;
-    project.View.VMov.Value = value;
-    project.View.MidY = static_cast<float>(-value);
+void ScrollVertically(ViewSettings& view, int value) {
+    if (value == view.VMov.Value) return;
+    view.VMov.Value = value;
+    view.MidY = static_cast<float>(-value);
 }
 
-int SmallScrollStep(const Project& project) { return ScrollStep(project.View.Width / 20.0); }
+int SmallScrollStep(const ViewSettings& view) { return ScrollStep(view.Width / 20.0); }
 
-int LargeScrollStep(const Project& project) { return ScrollStep(project.View.Width); }
+int LargeScrollStep(const ViewSettings& view) { return ScrollStep(view.Width); }
 
 } // namespace pistaro

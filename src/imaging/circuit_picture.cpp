@@ -1,15 +1,12 @@
-// The circuit redrawn into a picture.
 #include "imaging/circuit_picture.h"
 
 #include "imaging/image_file.h"
 #include "imaging/painter_surface.h"
 #include "platform/fault.h"
-#include "platform/files.h"
 #include "render/redraw.h"
 
 #include <QGuiApplication>
 
-#include <algorithm>
 #include <array>
 
 namespace pistaro {
@@ -34,27 +31,15 @@ struct OffscreenGraphics::Application {
 OffscreenGraphics::OffscreenGraphics() : application_(std::make_unique<Application>()) {}
 OffscreenGraphics::~OffscreenGraphics() = default;
 
-std::string PictureFormatOf(const std::filesystem::path& file) {
-    std::string ending = TextFromPath(file.extension());
-    std::ranges::transform(ending, ending.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    for (const char* const format : {"bmp", "png", "gif", "jpg"}) {
-        if (ending == std::string(".") + format) return format;
-    }
-    if (ending == ".jpeg") return "jpg";
-    throw Fault("Unknown picture format", TextFromPath(file) + ": the file's ending is none of .bmp, .png, .gif, .jpg");
-}
-
-std::string CircuitPicture(Project& project, int pixels, const std::optional<PictureBackground>& background,
-                           const std::string& format) {
-    const QImage backdrop = background ? DecodeImage(background->Bytes, background->Name) : QImage();
+std::string CircuitPicture(const Catalogue& catalogue, const Project& project, int pixels,
+                           const std::optional<Picture>& background, PictureFormat format) {
     QImage image(pixels, pixels, QImage::Format_RGB32);
     if (image.isNull())
         throw Fault("Out of memory", std::to_string(pixels) + " x " + std::to_string(pixels) + " pixels");
     {
         QPainter painter(&image);
-        PainterSurface surface(painter, pixels, backdrop);
-        RedrawCircuit(project, surface);
+        PainterSurface surface(painter, TargetSize::Square(pixels), background ? background->Image() : QImage());
+        RedrawCircuit(catalogue, project, surface);
     }
     return EncodeImage(image, format);
 }

@@ -1,9 +1,10 @@
 // Pictures of circuits for callers that know nothing of windows or Qt.
 #pragma once
 
+#include "imaging/picture.h"
+#include "imaging/picture_format.h"
 #include "model/project.h"
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,20 +25,11 @@ private:
     std::unique_ptr<Application> application_;
 };
 
-/// The picture format that a file's ending names: "bmp", "png", "gif" or "jpg". Fault for any other ending.
-std::string PictureFormatOf(const std::filesystem::path& file);
-
-inline constexpr std::size_t MostPictureBytes = 256 << 20; ///< no floor plan comes near it
-
-/// A picture file that lies behind the drawing.
-struct PictureBackground {
-    std::string Bytes;
-    std::string Name; ///< for faults
-};
+inline constexpr int DefaultPicturePixels = 700;
 
 /// The drawing as the designer shows it, `pixels` wide and high, over the background (if any), as a picture file in
-/// that format. Faults: no picture in the background, or no memory for the picture.
-std::string CircuitPicture(Project& project, int pixels, const std::optional<PictureBackground>& background,
-                           const std::string& format);
+/// that format. Fault: no memory for the picture.
+std::string CircuitPicture(const Catalogue& catalogue, const Project& project, int pixels,
+                           const std::optional<Picture>& background, PictureFormat format);
 
 } // namespace pistaro

@@ -52,14 +52,14 @@ QImage DecodeImage(const std::string& bytes, const std::string& name) {
     return image;
 }
 
-std::string EncodeImage(const QImage& image, const std::string& format) {
-    if (format == "gif") return EncodeGif(image);
+std::string EncodeImage(const QImage& image, PictureFormat format) {
+    if (format == PictureFormat::Gif) return EncodeGif(image);
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
     constexpr int lineArtQuality = 95; // of JPEG; less would blur thin lines
-    if (!image.save(&buffer, format.c_str(), format == "jpg" ? lineArtQuality : -1))
-        throw Fault("Picture not written", format);
+    if (!image.save(&buffer, NameOf(format), format == PictureFormat::Jpeg ? lineArtQuality : -1))
+        throw Fault("Picture not written", NameOf(format));
     return data.toStdString();
 }
 

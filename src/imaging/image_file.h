@@ -1,6 +1,8 @@
 // Pictures as files: BMP, PNG and JPEG by Qt, GIF by giflib.
 #pragma once
 
+#include "imaging/picture_format.h"
+
 #include <QImage>
 
 #include <string>
@@ -11,7 +13,7 @@ namespace pistaro {
 /// memory; `name` is the file's.
 QImage DecodeImage(const std::string& bytes, const std::string& name);
 
-/// An image in a format that PictureFormatOf gives. Fault when it cannot be written so.
-std::string EncodeImage(const QImage& image, const std::string& format);
+/// An image in that format. Fault when it cannot be written so.
+std::string EncodeImage(const QImage& image, PictureFormat format);
 
 } // namespace pistaro

@@ -13,7 +13,9 @@ namespace pistaro {
 
 namespace {
 
-constexpr double PixelsPerPoint = 96.0 / 72.0;
+constexpr double PointsPerInch = 72;
+constexpr double MillimetresPerInch = 25.4;
+constexpr double ScreenDotsPerInch = 96;
 constexpr double SmallestRing = 2; ///< pixels; a smaller circle, such as the grid's, is drawn as a dot
 constexpr double Margin = 4;       ///< pixels that a stroke may reach beyond its geometry
 
@@ -35,9 +37,9 @@ QPainterPath ArcPath(QPointF centre, double radius, double start, double span) {
     return path;
 }
 
-/// The part of a line inside a square from -Margin to side + Margin, after Liang and Barsky: far coordinates of a
-/// strange file must not reach the rasteriser.
-std::optional<QLineF> Clipped(QPointF from, QPointF to, double side) {
+/// The part of a line inside a target with a Margin around it, after Liang and Barsky: far coordinates of a strange
+/// file must not reach the rasteriser.
+std::optional<QLineF> Clipped(QPointF from, QPointF to, const TargetSize& target) {
     const double dx = to.x() - from.x();
     const double dy = to.y() - from.y();
     double enter = 0;
@@ -53,8 +55,8 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, double side) {
         }
         return enter <= leave;
     };
-    const bool visible = clip(-dx, from.x() + Margin) && clip(dx, side + Margin - from.x()) &&
-                         clip(-dy, from.y() + Margin) && clip(dy, side + Margin - from.y());
+    const bool visible = clip(-dx, from.x() + Margin) && clip(dx, target.Width + Margin - from.x()) &&
+                         clip(-dy, from.y() + Margin) && clip(dy, target.Height + Margin - from.y());
     if (!visible) return std::nullopt;
     return QLineF(from.x() + enter * dx, from.y() + enter * dy, from.x() + leave * dx, from.y() + leave * dy);
 }
@@ -65,45 +67,51 @@ QColor ToQColor(Colour colour) { return {Red(colour), Green(colour), Blue(colour
 
 Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
 
-PainterSurface::PainterSurface(QPainter& painter, double side, const QImage& backdrop)
-    : painter_(painter), side_(side), backdrop_(backdrop) {
+PainterSurface::PainterSurface(QPainter& painter, const TargetSize& target, const QImage& backdrop)
+    : painter_(painter), target_(target), backdrop_(backdrop) {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setBrush(Qt::NoBrush);
 }
 
 void PainterSurface::Clear(Colour background) {
-    painter_.fillRect(QRectF(0, 0, side_, side_), ToQColor(background));
+    painter_.fillRect(QRectF(0, 0, target_.Width, target_.Height), ToQColor(background));
     if (!backdrop_.isNull()) painter_.drawImage(QPointF(0, 0), backdrop_);
 }
 
 void PainterSurface::SetScale(const ViewRectangle& world) {
     world_ = world;
-    pixelsPerCm_ = side_ / (double{world.ViewRight} - world.ViewLeft);
+    dotsPerCm_ = target_.Width / (double{world.ViewRight} - world.ViewLeft);
 }
 
-void PainterSurface::Draw(const LineStroke& line, Colour colour) {
-    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), side_);
+double PainterSurface::PixelsPerCm() const { return dotsPerCm_ * ScreenDotsPerInch / target_.DotsPerInch; }
+
+void PainterSurface::SetPen(PenWidth width) {
+    const bool pixels = width.In == PenWidth::Unit::Pixels;
+    lineWidth_ = pixels ? width.Value : width.Value * target_.DotsPerInch / MillimetresPerInch;
+}
+
+void PainterSurface::Draw(const LineSegment& line, Colour colour) {
+    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), target_);
     if (!visible) return;
     UsePen(colour);
     painter_.drawLine(*visible);
 }
 
-void PainterSurface::Draw(const ArcStroke& arc, Colour colour) {
+void PainterSurface::Draw(const ArcSegment& arc, Colour colour) {
     const QPointF centre = Mapped(arc.Centre);
-    const double radius = arc.Radius * pixelsPerCm_;
+    const double radius = arc.Radius * dotsPerCm_;
     if (!IsVisible(centre, radius)) return;
     UsePen(colour);
-    const double span = arc.End >= arc.Start ? double{arc.End} - arc.Start : arc.End - arc.Start + 2 * std::numbers::pi;
-    painter_.drawPath(ArcPath(centre, radius, arc.Start, span));
+    painter_.drawPath(ArcPath(centre, radius, arc.Start, SpanOf(arc)));
 }
 
-void PainterSurface::Draw(const EllipseStroke& ellipse, Colour colour) {
+void PainterSurface::Draw(const Ellipse& ellipse, Colour colour) {
     const QPointF centre = Mapped(ellipse.Centre);
-    const double radius = ellipse.Radius * pixelsPerCm_;
+    const double radius = ellipse.Radius * dotsPerCm_;
     if (!IsVisible(centre, radius)) return;
     if (radius < SmallestRing && ellipse.Aspect == 1) {
-        UsePen(colour, 2 * radius);
+        UsePen(colour, 2 * radius, 2 * radius == 1 ? Qt::SquareCap : Qt::RoundCap); // of one pixel: all of it
         painter_.drawPoint(centre);
         return;
     }
@@ -128,26 +136,27 @@ void PainterSurface::DrawText(const std::string& text, Colour colour) {
 
 void PainterSurface::SetFontSize(double points) {
     QFont font = painter_.font();
-    font.setPixelSize(static_cast<int>(std::lround(points * PixelsPerPoint)));
+    font.setPixelSize(static_cast<int>(std::lround(points * target_.DotsPerInch / PointsPerInch)));
     painter_.setFont(font);
 }
 
 QPointF PainterSurface::Mapped(WorldPoint point) const {
-    return {(double{point.X} - world_.ViewLeft) * pixelsPerCm_, (double{world_.ViewTop} - point.Y) * pixelsPerCm_};
+    return {(double{point.X} - world_.ViewLeft) * dotsPerCm_, (double{world_.ViewTop} - point.Y) * dotsPerCm_};
 }
 
 bool PainterSurface::IsVisible(QPointF centre, double radius) const {
     const double reach = std::fabs(radius) + Margin;
     // Written so that a scale of an empty view, which makes everything not a number, shows nothing.
-    return centre.x() + reach >= 0 && centre.x() - reach <= side_ && centre.y() + reach >= 0 &&
-           centre.y() - reach <= side_;
+    return centre.x() + reach >= 0 && centre.x() - reach <= target_.Width && centre.y() + reach >= 0 &&
+           centre.y() - reach <= target_.Height;
 }
 
-void PainterSurface::UsePen(Colour colour, double width) {
-    if (colour == penColour_ && width == penWidth_) return;
-    painter_.setPen(QPen(ToQColor(colour), width, Qt::SolidLine, width == 1 ? Qt::SquareCap : Qt::RoundCap));
+void PainterSurface::UsePen(Colour colour, double width, Qt::PenCapStyle cap) {
+    if (colour == penColour_ && width == penWidth_ && cap == penCap_) return;
+    painter_.setPen(QPen(ToQColor(colour), width, Qt::SolidLine, cap));
     penColour_ = colour;
     penWidth_ = width;
+    penCap_ = cap;
 }
 
 } // namespace pistaro

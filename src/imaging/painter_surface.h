@@ -8,17 +8,29 @@
 
 namespace pistaro {
 
+/// What a painter draws on: device-independent pixels of a screen, or the dots of paper.
+struct TargetSize {
+    double Width, Height; ///< dots
+    double DotsPerInch = 96;
+
+    static TargetSize Square(double side) { return {side, side}; }
+
+    bool operator==(const TargetSize&) const = default;
+};
+
 class PainterSurface : public Surface {
 public:
-    /// Draws with `painter` on a square of `side` device-independent pixels; `backdrop` lies behind everything at its
-    /// natural size from the top left.
-    PainterSurface(QPainter& painter, double side, const QImage& backdrop = {});
+    /// Draws with `painter` on a target of this size; `backdrop` lies behind everything at its natural size from the
+    /// top left.
+    PainterSurface(QPainter& painter, const TargetSize& target, const QImage& backdrop = {});
 
     void Clear(Colour background) override;
     void SetScale(const ViewRectangle& world) override;
-    void Draw(const LineStroke& line, Colour colour) override;
-    void Draw(const ArcStroke& arc, Colour colour) override;
-    void Draw(const EllipseStroke& ellipse, Colour colour) override;
+    double PixelsPerCm() const override;
+    void SetPen(PenWidth width) override;
+    void Draw(const LineSegment& line, Colour colour) override;
+    void Draw(const ArcSegment& arc, Colour colour) override;
+    void Draw(const Ellipse& ellipse, Colour colour) override;
     void DrawPoint(WorldPoint point, Colour colour) override;
     void DrawText(const std::string& text, Colour colour) override;
     void SetFontSize(double points) override;
@@ -26,15 +38,18 @@ public:
 private:
     QPointF Mapped(WorldPoint point) const;
     bool IsVisible(QPointF centre, double radius) const;
-    void UsePen(Colour colour, double width = 1);
+    void UsePen(Colour colour) { UsePen(colour, lineWidth_, Qt::SquareCap); }
+    void UsePen(Colour colour, double width, Qt::PenCapStyle cap);
 
     QPainter& painter_;
-    double side_;
+    TargetSize target_;
     QImage backdrop_;
     ViewRectangle world_{0, 1, 1, 0};
-    double pixelsPerCm_ = 1;
+    double dotsPerCm_ = 1;
+    double lineWidth_ = 1; ///< dots
     Colour penColour_ = -1;
     double penWidth_ = 0;
+    Qt::PenCapStyle penCap_ = Qt::SquareCap;
     QPointF textPosition_;
 };
 

@@ -18,36 +18,31 @@ struct BuildCursor {
     float CursorX = 0;
     float CursorY = 0;
     float CursorHeading = 0;
+
+    bool operator==(const BuildCursor&) const = default;
 };
 
 struct Track {
     std::vector<std::string> ElementCodes;
-    int CurrentElement = -1; ///< the selected element, -1 when there is none
-    float TrackStartX = 0;   ///< cm
+    float TrackStartX = 0; ///< cm
     float TrackStartY = 0;
     float TrackStartHeading = 0; ///< radians
 
     /// -1 when the track is empty.
     int ElementLastIndex() const { return static_cast<int>(ElementCodes.size()) - 1; }
     BuildCursor Start() const { return {TrackStartX, TrackStartY, TrackStartHeading}; }
+
+    bool operator==(const Track&) const = default;
 };
 
 struct Circuit {
     std::array<Track, TrackCount> Tracks;
-    int CurrentTrack = 0; ///< 0..2, or AllTracks
 
-    bool ShowsAllTracks() const { return CurrentTrack == AllTracks; }
-
-    /// The track being edited; null when all are chosen.
-    Track* Current() { return ShowsAllTracks() ? nullptr : &Tracks[static_cast<std::size_t>(CurrentTrack)]; }
-    const Track* Current() const { return const_cast<Circuit*>(this)->Current(); }
+    bool operator==(const Circuit&) const = default;
 };
 
 /// A circuit of three empty tracks with their start points: track 1 at 0, tracks 2 and 3 one spacing to the right and
 /// to the left of it.
 Circuit EmptyCircuit();
-
-/// The code of the current track's selected element; empty when there is none.
-std::string SelectedCode(const Circuit& circuit);
 
 } // namespace pistaro

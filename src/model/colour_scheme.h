@@ -20,11 +20,15 @@ struct ColourScheme {
     Colour NonOwned = 0; ///< elements beyond what the user owns
     Colour Owned = 0;
     Colour Active = 0; ///< the selected element
+
+    bool operator==(const ColourScheme&) const = default;
 };
 
 inline constexpr Colour GridColour = Rgb(0x40, 0x40, 0x40);
 inline constexpr Colour RoomColour = Rgb(128, 0, 0);
-inline constexpr Colour TextColour = Rgb(0, 0, 0);
+
+/// Black or white, whichever contrasts more with a background: the colour of all texts in drawings.
+Colour TextColourOn(Colour background);
 
 /// A slot's name as the command line spells it, beside its place in the scheme.
 struct ColourSlot {

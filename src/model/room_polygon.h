@@ -19,6 +19,8 @@ struct RoomPoint {
 struct RoomPolygon {
     std::vector<RoomPoint> Points; ///< at most MaxRoomPoints, shown to the user as 1, 2, ...
     float Angle = 0;               ///< of the room against the circuit, radians
+
+    bool operator==(const RoomPolygon&) const = default;
 };
 
 } // namespace pistaro

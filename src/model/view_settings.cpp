@@ -1,16 +1,21 @@
-// The view's rectangle, its scroll bars and its label.
 #include "model/view_settings.h"
 
 #include "platform/fault.h"
 #include "text/number_text.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace pistaro {
 
 namespace {
 
-int BarNumber(double value) { return static_cast<int>(RoundHalfEven(value)); }
+/// Within the numbers that have a negative of their own: the vertical bar's value is turned round.
+int BarNumber(double value) {
+    constexpr double most = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(RoundHalfEven(value), -most, most));
+}
 
 } // namespace
 
@@ -27,6 +32,15 @@ ScrollBar BarAround(double centre, double reach, double value) {
         if (!IsBarPlace(place)) throw Overflow("a scroll bar cannot stand at " + NumberText(place));
     }
     return {BarNumber(centre - reach), BarNumber(centre + reach), BarNumber(value)};
+}
+
+ViewSettings ViewAround(double centreX, double centreY, float width, double reach) {
+    return {.MidX = static_cast<float>(centreX),
+            .MidY = static_cast<float>(centreY),
+            .Width = width,
+            .MWid = static_cast<float>(reach),
+            .HMov = BarAround(centreX, reach, centreX),
+            .VMov = BarAround(centreY, reach, centreY)};
 }
 
 std::string LengthLabel(double length, const Units& units) {

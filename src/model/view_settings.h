@@ -11,12 +11,9 @@ struct ScrollBar {
     int Minimum = -160;
     int Maximum = 160;
     int Value = 0;
-};
 
-/// The bar's middle: where the centre of the view belongs by the user's own choice.
-inline int Middle(const ScrollBar& bar) {
-    return static_cast<int>((static_cast<long long>(bar.Minimum) + bar.Maximum) / 2);
-}
+    bool operator==(const ScrollBar&) const = default;
+};
 
 struct ViewSettings {
     float MidX = 0; ///< the centre of what is shown, cm
@@ -25,6 +22,8 @@ struct ViewSettings {
     float MWid = 160;  ///< the largest displacement of the centre by the scroll bars, cm
     ScrollBar HMov;
     ScrollBar VMov;
+
+    bool operator==(const ViewSettings&) const = default;
 };
 
 /// The world rectangle shown, cm, y upwards.
@@ -42,11 +41,17 @@ bool IsBarPlace(double place);
 /// Sets a bar to centre - reach .. centre + reach, rounded, and to the given value. Fault beyond FarthestBarPlace.
 ScrollBar BarAround(double centre, double reach, double value);
 
+/// A view of that width whose centre the bars move by at most `reach` (cm), with the bars in their middle. The same
+/// fault.
+ViewSettings ViewAround(double centreX, double centreY, float width, double reach);
+
 enum class GridType : std::int16_t { None = 0, Lines = 1, Dots = 2 };
 
 struct GridSettings {
     std::int16_t Type = 0; ///< a GridType; other numbers draw nothing
     std::int16_t Step = 0; ///< display units
+
+    bool operator==(const GridSettings&) const = default;
 };
 
 /// Centimetres or inches, and what money is called.
@@ -57,6 +62,8 @@ struct Units {
     /// cm per display unit. The inch is the single with the bits 0x40228F4A, not the one nearest 2.54.
     float UnitFactor() const { return Inches ? 2.5399957F : 1.0F; }
     const char* Name() const { return Inches ? "in" : "cm"; }
+
+    bool operator==(const Units&) const = default;
 };
 
 /// A length in cm as the drawing's labels show it: display units, cut to one decimal.

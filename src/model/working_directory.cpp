@@ -5,9 +5,9 @@
 
 namespace pistaro {
 
-std::string InWorkingDirectory(const Project& project, const std::string& name) {
-    if (project.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");
-    return project.WorkingDirectory + name;
+std::string InWorkingDirectory(const Preferences& preferences, const std::string& name) {
+    if (preferences.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");
+    return preferences.WorkingDirectory + name;
 }
 
 } // namespace pistaro

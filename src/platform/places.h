@@ -17,4 +17,8 @@ std::filesystem::path DocumentsFolder();
 /// The folder that holds what is installed with the program: its samples, its manual and its initial settings.
 std::filesystem::path InstalledFolder();
 
+/// The folder of the checkout, for a program that runs where it was built: in a folder of the checkout's build folder.
+/// Empty for any other.
+std::filesystem::path CheckoutFolder();
+
 } // namespace pistaro

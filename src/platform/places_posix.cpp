@@ -21,6 +21,11 @@ std::filesystem::path ConfigurationFolder() {
     return configured.empty() ? Home() / ".config" : std::filesystem::path(configured);
 }
 
+std::filesystem::path ProgramFolder() {
+    std::error_code unknown;
+    return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
+}
+
 } // namespace
 
 std::filesystem::path SettingsPath() { return ConfigurationFolder() / "pistaro" / SettingsName; }
@@ -39,10 +44,12 @@ std::filesystem::path DocumentsFolder() {
     return Home() / "Documents";
 }
 
-std::filesystem::path InstalledFolder() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return program.parent_path().parent_path() / "share" / "pistaro";
+std::filesystem::path InstalledFolder() { return ProgramFolder().parent_path() / "share" / "pistaro"; }
+
+std::filesystem::path CheckoutFolder() {
+    const std::filesystem::path folder = ProgramFolder().parent_path().parent_path();
+    std::error_code unknown;
+    return std::filesystem::exists(folder / "CMakePresets.json", unknown) ? folder : std::filesystem::path();
 }
 
 } // namespace pistaro

@@ -51,4 +51,10 @@ std::filesystem::path InstalledFolder() {
     return std::filesystem::path(std::wstring(buffer.data(), length)).parent_path();
 }
 
+std::filesystem::path CheckoutFolder() {
+    const std::filesystem::path folder = InstalledFolder().parent_path().parent_path();
+    std::error_code unknown;
+    return std::filesystem::exists(folder / "CMakePresets.json", unknown) ? folder : std::filesystem::path();
+}
+
 } // namespace pistaro

@@ -1,6 +1,8 @@
 // This program as the system sees it, its arguments, console and signals, and other programs. Texts are UTF-8.
 #pragma once
 
+#include <memory>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -28,7 +30,7 @@ private:
 /// path, elsewhere "xdg-open".
 std::string FindHtmlViewer();
 
-/// A viewer's command without the switches behind it: on Windows everything from its first "-" on, be it in the name of
+/// A viewer's command without the switches after it: on Windows everything from its first "-" on, be it in the name of
 /// a folder; elsewhere the command, whose own name may hold one.
 std::string WithoutSwitches(const std::string& command);
 
@@ -41,6 +43,25 @@ int TerminationRequests();
 
 /// Takes one request off that descriptor.
 void TakeTerminationRequest();
+
+/// While it lives, Ctrl+C and the system's request to end ask for a stop, and do not end the program.
+class Interruptions {
+public:
+    Interruptions();
+    ~Interruptions();
+    Interruptions(const Interruptions&) = delete;
+    Interruptions& operator=(const Interruptions&) = delete;
+
+    /// Becomes a request to stop when the first of them comes.
+    std::stop_token Stop() const;
+
+private:
+    class Half;
+    std::unique_ptr<Half> half_;
+};
+
+/// Whether somebody reads the standard error as it is printed.
+bool StandardErrorIsTerminal();
 
 /// Starts another program with one argument, in a window of its own, without waiting. Fault if it cannot be started.
 void StartProgram(const std::string& program, const std::string& argument);

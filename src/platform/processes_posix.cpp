@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace pistaro {
@@ -25,7 +26,71 @@ void RequestTermination(int) {
     errno = error;
 }
 
+/// The writing end of the pipe of the Interruptions that live.
+std::array<int, 2> interruptionPipe{-1, -1};
+constexpr char Interrupted = 'i';
+constexpr char Over = 'o';
+
+void RequestStop(int) {
+    const int error = errno;
+    [[maybe_unused]] const ssize_t written = ::write(interruptionPipe[1], &Interrupted, 1);
+    errno = error;
+}
+
 } // namespace
+
+/// A stop cannot be requested from a signal's handler: a thread waits for what that writes.
+class Interruptions::Half {
+public:
+    Half() {
+        if (::pipe2(interruptionPipe.data(), O_CLOEXEC) != 0) return;
+        waiting_ = std::thread([this] {
+            for (char message = Interrupted; message != Over;) {
+                const ssize_t count = ::read(interruptionPipe[0], &message, 1);
+                if (count < 0 && errno == EINTR) continue;
+                if (count != 1) return;
+                if (message == Interrupted) Source.request_stop();
+            }
+        });
+        struct sigaction action {};
+        action.sa_handler = RequestStop;
+        action.sa_flags = SA_RESTART;
+        for (std::size_t i = 0; i < Signals.size(); ++i) {
+            ::sigaction(Signals[i], &action, &before_[i]);
+            if (before_[i].sa_handler == SIG_IGN)
+                ::sigaction(Signals[i], &before_[i], nullptr); // as who started us wants
+        }
+    }
+
+    ~Half() {
+        if (!waiting_.joinable()) return;
+        for (std::size_t i = 0; i < Signals.size(); ++i)
+            ::sigaction(Signals[i], &before_[i], nullptr);
+        [[maybe_unused]] const ssize_t written = ::write(interruptionPipe[1], &Over, 1);
+        waiting_.join();
+        for (int& end : interruptionPipe) {
+            ::close(end);
+            end = -1;
+        }
+    }
+
+    Half(const Half&) = delete;
+    Half& operator=(const Half&) = delete;
+
+    std::stop_source Source;
+
+private:
+    static constexpr std::array Signals{SIGINT, SIGTERM};
+
+    std::array<struct sigaction, Signals.size()> before_{};
+    std::thread waiting_;
+};
+
+Interruptions::Interruptions() : half_(std::make_unique<Half>()) {}
+Interruptions::~Interruptions() = default;
+std::stop_token Interruptions::Stop() const { return half_->Source.get_token(); }
+
+bool StandardErrorIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
 

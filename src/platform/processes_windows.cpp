@@ -12,6 +12,7 @@
 #include <shellapi.h>
 
 #include <array>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
@@ -42,7 +43,7 @@ std::wstring Quoted(const std::wstring& word) {
     return word.find(L' ') == std::wstring::npos ? word : L'"' + word + L'"';
 }
 
-/// A program on a command line. A registered command may hold words of its own behind it: those stay apart.
+/// A program on a command line. A registered command may hold words of its own after it: those stay apart.
 std::wstring Program(const std::wstring& command) {
     return ::GetFileAttributesW(command.c_str()) != INVALID_FILE_ATTRIBUTES ? Quoted(command) : command;
 }
@@ -56,7 +57,40 @@ bool IsMissing(DWORD stream) {
     return handle == nullptr || handle == INVALID_HANDLE_VALUE;
 }
 
+/// That of the Interruptions that live: a console's handler gets nothing but the event.
+std::atomic<std::stop_source*> interrupted = nullptr;
+
+BOOL WINAPI RequestStop(DWORD) {
+    std::stop_source* const source = interrupted;
+    if (source != nullptr) source->request_stop();
+    return source != nullptr;
+}
+
 } // namespace
+
+class Interruptions::Half {
+public:
+    Half() {
+        interrupted = &Source;
+        ::SetConsoleCtrlHandler(RequestStop, TRUE);
+    }
+
+    ~Half() {
+        ::SetConsoleCtrlHandler(RequestStop, FALSE);
+        interrupted = nullptr;
+    }
+
+    Half(const Half&) = delete;
+    Half& operator=(const Half&) = delete;
+
+    std::stop_source Source;
+};
+
+Interruptions::Interruptions() : half_(std::make_unique<Half>()) {}
+Interruptions::~Interruptions() = default;
+std::stop_token Interruptions::Stop() const { return half_->Source.get_token(); }
+
+bool StandardErrorIsTerminal() { return ::_isatty(::_fileno(stderr)) != 0; }
 
 std::vector<std::string> CommandLineArguments(int, char**) {
     int count = 0;

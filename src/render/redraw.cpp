@@ -1,7 +1,5 @@
-// Grid, label, tracks, room.
 #include "render/redraw.h"
 
-#include "render/stock_colours.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -11,13 +9,13 @@ namespace pistaro {
 
 namespace {
 
-/// A finer grid than this would be an even tint, and an endless one would never be drawn.
-constexpr double MostGridLines = 500;
+/// A finer grid than this would be an even tint.
+constexpr double LeastGridStep = 6; ///< pixels
 
 constexpr double WideView = 400; ///< cm; beyond it texts are small
 constexpr double SmallFont = 6;  ///< points
 
-/// Multiples of the step, from one step before a range to one step behind it.
+/// Multiples of the step, from one step before a range to one step after it.
 struct GridLines {
     GridLines(double from, double to, double spacing)
         : Step(spacing), First(std::floor((from - spacing) / spacing)), Last(std::floor((to + spacing) / spacing)) {}
@@ -32,68 +30,101 @@ struct GridLines {
 
 void DrawGridLines(const GridLines& columns, const GridLines& rows, Surface& surface) {
     for (int i = 0; i < columns.Count(); ++i) {
-        surface.Draw(LineStroke{{columns.At(i), rows.End()}, {columns.At(i), rows.Begin()}}, GridColour);
+        surface.Draw(LineSegment{{columns.At(i), rows.End()}, {columns.At(i), rows.Begin()}}, GridColour);
     }
     for (int i = rows.Count() - 1; i >= 0; --i) {
-        surface.Draw(LineStroke{{columns.Begin(), rows.At(i)}, {columns.End(), rows.At(i)}}, GridColour);
+        surface.Draw(LineSegment{{columns.Begin(), rows.At(i)}, {columns.End(), rows.At(i)}}, GridColour);
     }
 }
 
 void DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Surface& surface) {
     for (int i = 0; i < columns.Count(); ++i) {
         for (int j = rows.Count() - 1; j >= 0; --j) {
-            surface.Draw(EllipseStroke{{columns.At(i), rows.At(j)}, radius, 1}, GridColour);
+            surface.Draw(Ellipse{{columns.At(i), rows.At(j)}, radius, 1}, GridColour);
         }
     }
 }
 
-void DrawAreaLabel(const Project& project, Surface& surface) {
-    const ViewRectangle shown = ShownRectangle(project.View);
-    const double width = double{shown.ViewRight} - shown.ViewLeft;
-    surface.DrawPoint(
-        {static_cast<float>(shown.ViewLeft + width * 2 / 100), static_cast<float>(shown.ViewBottom + width * 5 / 100)},
-        TextColour);
-    surface.DrawText(AreaLabel(width, project.DisplayUnits), TextColour);
+/// The step that is drawn: 1, 2, 5, 10 … times the one that is set.
+double ThinnedStep(double step, double pixelsPerCm) {
+    for (double tens = 1;; tens *= 10) {
+        for (const double times : {1.0, 2.0, 5.0}) {
+            // Written so that the loop ends where the scale is not a number, too.
+            if (!(step * tens * times * pixelsPerCm < LeastGridStep)) return step * tens * times;
+        }
+    }
 }
 
-void DrawTrack(const Project& project, int trackIndex, const std::vector<bool>& covered, Surface& surface) {
-    const ColourScheme& colours = project.Colours;
-    const Track& track = project.Layout.Tracks[static_cast<std::size_t>(trackIndex)];
+void DrawTrack(const Catalogue& catalogue, const Project& project, int trackIndex, const std::vector<bool>& covered,
+               TrackParts parts, Surface& surface) {
+    const ColourScheme& colours = project.Preferences.Colours;
+    const EditState& edit = project.EditState;
+    const auto at = static_cast<std::size_t>(trackIndex);
+    const Colour textColour = TextColourOn(colours.Background);
     const auto outlineOf = [&](int element) {
-        if (trackIndex != project.Layout.CurrentTrack) return colours.Inactive;
-        if (element == track.CurrentElement) return colours.Active;
+        if (trackIndex != edit.CurrentTrack) return colours.Inactive;
+        if (element == edit.CurrentElement[at]) return colours.Active;
         return covered[static_cast<std::size_t>(element)] ? colours.Owned : colours.NonOwned;
     };
-    WalkTrack(track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
-        if (placement == nullptr) return;
-        DrawPiece(*placement, outlineOf(element), colours.Rail, surface);
-        if (!project.ShowNumbers) return;
-        surface.DrawPoint(placement->Label, TextColour);
-        surface.DrawText(NumberText(element), TextColour);
-    });
+    WalkTrack(catalogue, project.Design.Circuit.Tracks[at],
+              [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+                  if (placement == nullptr) return;
+                  if (parts.Pieces) DrawPiece(*placement, outlineOf(element), colours.Rail, surface);
+                  if (!parts.Numbers) return;
+                  surface.DrawPoint(placement->Label, textColour);
+                  surface.DrawText(NumberText(element), textColour);
+              });
 }
 
 } // namespace
 
 void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Surface& surface) {
-    for (const Stroke& stroke : placement.Drawing) {
-        const Colour colour = stroke.StrokeInk == Ink::Rail ? rail : outline;
-        std::visit([&](const auto& shape) { surface.Draw(shape, colour); }, stroke.Shape);
+    const auto draw = [&](const auto& shapes, Colour colour) {
+        std::visit([&](const auto& shape) { surface.Draw(shape, colour); }, shapes);
+    };
+    for (const Lane& lane : placement.Lanes) {
+        for (const Segment& segment : lane.Path)
+            draw(segment, rail);
+    }
+    for (const Segment& segment : placement.Outline)
+        draw(segment, outline);
+    for (const Mark& mark : placement.Marks)
+        draw(mark.Shape, mark.MarkInk == Ink::Rail ? rail : outline);
+}
+
+void DrawGrid(const Preferences& preferences, const ViewRectangle& shown, Surface& surface) {
+    const double width = double{shown.ViewRight} - shown.ViewLeft;
+    const double set = double{preferences.DisplayUnits.UnitFactor()} * preferences.Grid.Step;
+    if (!(set > 0 && width > 0)) return;
+    const double step = ThinnedStep(set, surface.PixelsPerCm());
+    const GridLines columns(shown.ViewLeft, shown.ViewRight, step);
+    const GridLines rows(shown.ViewBottom, shown.ViewTop, step);
+    if (preferences.Grid.Type == static_cast<int>(GridType::Lines)) {
+        DrawGridLines(columns, rows, surface);
+    } else if (preferences.Grid.Type == static_cast<int>(GridType::Dots)) {
+        DrawGridDots(columns, rows, width / 500, surface);
     }
 }
 
-void DrawGrid(const Project& project, Surface& surface) {
-    const ViewRectangle shown = ShownRectangle(project.View);
+void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, Surface& surface) {
     const double width = double{shown.ViewRight} - shown.ViewLeft;
-    const double step = double{project.DisplayUnits.UnitFactor()} * project.Grid.Step;
-    if (!(step > 0 && width > 0 && width / step <= MostGridLines)) return;
-    const GridLines columns(shown.ViewLeft, shown.ViewRight, step);
-    const GridLines rows(shown.ViewBottom, shown.ViewTop, step);
-    if (project.Grid.Type == static_cast<int>(GridType::Lines)) {
-        DrawGridLines(columns, rows, surface);
-    } else if (project.Grid.Type == static_cast<int>(GridType::Dots)) {
-        DrawGridDots(columns, rows, width / 500, surface);
+    const Colour colour = TextColourOn(preferences.Colours.Background);
+    surface.DrawPoint(
+        {static_cast<float>(shown.ViewLeft + width * 2 / 100), static_cast<float>(shown.ViewBottom + width * 5 / 100)},
+        colour);
+    surface.DrawText(AreaLabel(width, preferences.DisplayUnits), colour);
+}
+
+void DrawTracks(const Catalogue& catalogue, const Project& project, TrackParts parts, Surface& surface) {
+    const StockColours covered = AssignStockColours(catalogue, project.Stock, project.Design.Circuit);
+    const auto draw = [&](int track) {
+        DrawTrack(catalogue, project, track, covered[static_cast<std::size_t>(track)], parts, surface);
+    };
+    const int current = project.EditState.CurrentTrack;
+    for (int track = 0; track < TrackCount; ++track) {
+        if (track != current) draw(track);
     }
+    if (current != AllTracks) draw(current);
 }
 
 WorldPoint RoomCorner(const RoomPolygon& room, const RoomPoint& point) {
@@ -127,26 +158,32 @@ void DrawRoom(const RoomPolygon& room, Surface& surface) {
     WorldPoint previous = RoomCorner(room, room.Points.front());
     for (const RoomPoint& point : room.Points) {
         const WorldPoint here = RoomCorner(room, point);
-        if (point.Line == 1) surface.Draw(LineStroke{previous, here}, RoomColour);
+        if (point.Line == 1) surface.Draw(LineSegment{previous, here}, RoomColour);
         previous = here;
     }
 }
 
-void RedrawCircuit(Project& project, Surface& surface) {
-    surface.Clear(project.Colours.Background);
-    surface.SetScale(ShownRectangle(project.View));
-    surface.SetFontSize(project.View.Width > WideView ? SmallFont : NormalFont);
-    DrawGrid(project, surface);
-    DrawAreaLabel(project, surface);
+void ShowView(const ViewSettings& view, Surface& surface) {
+    surface.SetScale(ShownRectangle(view));
+    surface.SetFontSize(view.Width > WideView ? SmallFont : NormalFont);
+}
 
-    const StockColours covered = AssignStockColours(project);
-    const auto draw = [&](int track) { DrawTrack(project, track, covered[static_cast<std::size_t>(track)], surface); };
-    const int current = project.Layout.CurrentTrack;
-    for (int track = 0; track < TrackCount; ++track) {
-        if (track != current) draw(track);
-    }
-    if (!project.Layout.ShowsAllTracks()) draw(current);
-    DrawRoom(project.Room, surface);
+void DrawGround(const Preferences& preferences, const ViewSettings& view, Surface& surface) {
+    const ViewRectangle shown = ShownRectangle(view);
+    surface.Clear(preferences.Colours.Background);
+    ShowView(view, surface);
+    DrawGrid(preferences, shown, surface);
+    DrawAreaLabel(preferences, shown, surface);
+}
+
+void DrawCircuit(const Catalogue& catalogue, const Project& project, Surface& surface) {
+    DrawTracks(catalogue, project, {.Pieces = true, .Numbers = project.EditState.ShowNumbers}, surface);
+    DrawRoom(project.Design.Room, surface);
+}
+
+void RedrawCircuit(const Catalogue& catalogue, const Project& project, Surface& surface) {
+    DrawGround(project.Preferences, project.Design.View, surface);
+    DrawCircuit(catalogue, project, surface);
 }
 
 } // namespace pistaro

@@ -1,6 +1,9 @@
-// The only repaint: the whole picture from the data, in the order in which things lie on top of each other.
+// The only repaint: the whole picture from the data, in the order in which things lie on top of each other. Each part
+// can be drawn alone.
 #pragma once
 
+#include "catalogue/catalogue.h"
+#include "layout/placement.h"
 #include "model/project.h"
 #include "render/surface.h"
 
@@ -8,14 +11,36 @@ namespace pistaro {
 
 inline constexpr double NormalFont = 8.25; ///< points, of the texts in drawings
 
-/// Clears the surface and draws grid, area label, tracks and room; recounts the used pieces on the way.
-void RedrawCircuit(Project& project, Surface& surface);
+/// Clears the surface and draws the view: the ground, and the circuit on it.
+void RedrawCircuit(const Catalogue& catalogue, const Project& project, Surface& surface);
 
-/// Draws one piece's strokes in these colours.
+/// Lays the view over the surface and sets its texts' size.
+void ShowView(const ViewSettings& view, Surface& surface);
+
+/// Clears the surface, shows the view and draws what lies under the tracks: grid and area label.
+void DrawGround(const Preferences& preferences, const ViewSettings& view, Surface& surface);
+
+/// Draws tracks (with their numbers, if they are shown) and room onto a surface that shows the view.
+void DrawCircuit(const Catalogue& catalogue, const Project& project, Surface& surface);
+
+/// What of the tracks is drawn.
+struct TrackParts {
+    bool Pieces = true;
+    bool Numbers = true; ///< each element's index, at its label
+};
+
+/// Draws the tracks element by element, the one being edited above the others.
+void DrawTracks(const Catalogue& catalogue, const Project& project, TrackParts parts, Surface& surface);
+
+/// Draws one piece's lanes, outline and marks in these colours.
 void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Surface& surface);
 
-/// Draws the grid over the view and one step beyond it on each side.
-void DrawGrid(const Project& project, Surface& surface);
+/// Draws the grid over the rectangle and one step beyond it on each side. Where its step would take less than six
+/// pixels, every 2nd, 5th, 10th … line or dot only.
+void DrawGrid(const Preferences& preferences, const ViewRectangle& shown, Surface& surface);
+
+/// Prints the rectangle's size at its lower left.
+void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, Surface& surface);
 
 /// Where a point of the room lies, turned by the room's angle, cm.
 WorldPoint RoomCorner(const RoomPolygon& room, const RoomPoint& point);

@@ -1,100 +1,84 @@
-// Pictures first: a page without them would be worth nothing.
 #include "report/guide.h"
 
 #include "model/working_directory.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "report/guide_page.h"
-#include "report/viewer.h"
 
 namespace pistaro {
 
 namespace {
 
-constexpr int PictureCount = CatalogueCount + 1;
 constexpr float PieceWindowWidth = 250; ///< cm
 
-/// The file of the page. Fault where its folder, which is that of the pictures too, is not there.
-std::filesystem::path PageFile(const Project& project) {
-    std::filesystem::path file = PathFromText(InWorkingDirectory(project, GuidePageName));
+/// Draws pictures one after the other.
+class GuideDrawing {
+public:
+    GuideDrawing(int pictures, const JobWatch& watch) : pictures_(pictures), watch_(watch) {}
+
+    template <typename Draw>
+    void Add(const std::string& name, bool showsPiece, Draw draw) {
+        watch_.Step(static_cast<int>(files_.size()), pictures_);
+        try {
+            files_.push_back({name, draw(), showsPiece});
+        } catch (const std::exception& reason) {
+            throw PictureProblem(name, reason.what(), showsPiece);
+        }
+    }
+
+    std::vector<GuideFile> With(const std::string& page) && {
+        watch_.Step(pictures_, pictures_);
+        files_.push_back({GuidePageName, page, false});
+        return std::move(files_);
+    }
+
+private:
+    int pictures_;
+    const JobWatch& watch_;
+    std::vector<GuideFile> files_;
+};
+
+} // namespace
+
+void SetPieceView(Project& project) {
+    project.Design.View.Width = PieceWindowWidth;
+    project.EditState.ShowNumbers = false;
+}
+
+std::vector<GuideFile> DrawGuide(const Catalogue& catalogue, const Project& project, const GuidePictures& pictures,
+                                 const JobWatch& watch) {
+    GuideDrawing drawing(catalogue.Count() + 1, watch);
+    Project pieces = project;
+    SetPieceView(pieces);
+    for (const CatalogueEntry& piece : catalogue)
+        drawing.Add(PiecePictureName(piece.Code), true, [&] { return pictures.Piece(pieces, piece.Code); });
+    drawing.Add(TrackPictureName, false, [&] { return pictures.Circuit(project); });
+    return std::move(drawing).With(GuidePage(project.Design.Circuit, ProjectName(project.EditState)));
+}
+
+std::filesystem::path GuidePageFile(const Preferences& preferences) {
+    std::filesystem::path file = PathFromText(InWorkingDirectory(preferences, GuidePageName));
     std::error_code unreachable;
     if (!std::filesystem::is_directory(file.parent_path(), unreachable)) {
-        throw Fault("Path not found", project.WorkingDirectory);
+        throw Fault("Path not found", preferences.WorkingDirectory);
     }
     return file;
 }
 
-/// Writes the pictures of a guide one after the other.
-class PictureWriter {
-public:
-    PictureWriter(const Project& project, const GuideProgress& progress) : project_(project), progress_(progress) {}
-
-    template <typename Make>
-    void Write(const std::string& name, Make make) {
-        progress_(static_cast<int>(written_.size()), PictureCount);
-        const std::filesystem::path file = PathFromText(InWorkingDirectory(project_, name));
+std::vector<std::filesystem::path> WriteGuide(const Preferences& preferences, const std::vector<GuideFile>& files) {
+    const std::filesystem::path page = GuidePageFile(preferences);
+    std::vector<std::filesystem::path> written;
+    for (const GuideFile& file : files) {
+        const std::filesystem::path path = PathFromText(InWorkingDirectory(preferences, file.Name));
         try {
-            ReplaceFile(file, make());
+            ReplaceFile(path, file.Bytes);
         } catch (const std::exception& reason) {
-            throw PictureProblem(name, reason.what());
+            if (path == page) throw;
+            throw PictureProblem(file.Name, reason.what(), file.ShowsPiece);
         }
-        written_.push_back(file);
+        written.push_back(path);
     }
-
-    std::vector<std::filesystem::path> Written() && { return std::move(written_); }
-
-private:
-    const Project& project_;
-    const GuideProgress& progress_;
-    std::vector<std::filesystem::path> written_;
-};
-
-/// The view of piece pictures.
-void SetPieceView(Project& project) {
-    project.View.Width = PieceWindowWidth;
-    project.ShowNumbers = false;
-}
-
-/// The project itself gets the pieces' view only when one fails: in between, the window may have to draw it.
-void WritePiecePictures(Project& project, const GuidePictures& pictures, PictureWriter& writer) {
-    Project shown = project;
-    SetPieceView(shown);
-    try {
-        for (int row = 0; row < CatalogueCount; ++row) {
-            const std::string_view code = Entry(shown.Pieces, row).Code;
-            writer.Write(PiecePictureName(code), [&] { return pictures.Piece(shown, code); });
-        }
-    } catch (const PictureProblem&) {
-        SetPieceView(project);
-        throw;
-    }
-}
-
-} // namespace
-
-std::vector<std::filesystem::path> WriteGuide(Project& project, const GuidePictures& pictures,
-                                              const GuideProgress& progress) {
-    const std::filesystem::path page = PageFile(project);
-    PictureWriter writer(project, progress);
-    WritePiecePictures(project, pictures, writer);
-    writer.Write(TrackPictureName, [&] { return pictures.Circuit(project); });
-    progress(PictureCount, PictureCount);
-    ReplaceFile(page, GuidePage(project));
-    std::vector<std::filesystem::path> written = std::move(writer).Written();
-    written.push_back(page);
     return written;
-}
-
-void GuideCommand(Project& project, Prompts& prompts, const GuidePictures& pictures, const GuideProgress& progress) {
-    try {
-        WriteGuide(project, pictures, progress);
-    } catch (const PictureProblem&) {
-        prompts.Tell({Icon::Exclamation, PictureProblem::Told});
-        return;
-    }
-    const std::string page = project.WorkingDirectory + GuidePageName;
-    prompts.Ask("Guide written to " + page + "!\nView now?", Buttons::YesNo);
-    OpenInViewer(page);
 }
 
 } // namespace pistaro

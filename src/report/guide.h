@@ -1,8 +1,9 @@
 // The design guide as files: every piece's picture, the layout's picture, and the page that shows them.
 #pragma once
 
+#include "catalogue/catalogue.h"
+#include "model/job.h"
 #include "model/project.h"
-#include "model/prompts.h"
 
 #include <filesystem>
 #include <functional>
@@ -16,11 +17,8 @@ namespace pistaro {
 /// Who draws the guide's pictures. Both give the bytes of a GIF file, or a fault.
 struct GuidePictures {
     std::function<std::string(const Project&, std::string_view code)> Piece;
-    std::function<std::string(Project&)> Circuit;
+    std::function<std::string(const Project&)> Circuit;
 };
-
-/// Told before each picture: how many of them are done.
-using GuideProgress = std::function<void(int done, int total)>;
 
 /// A picture that could not be made or written; the page is then not written.
 class PictureProblem : public std::runtime_error {
@@ -28,19 +26,31 @@ public:
     /// All that users are told.
     static constexpr const char* Told = "Problem with BMP2GIF.OCX!";
 
-    PictureProblem(const std::string& file, const std::string& reason)
-        : std::runtime_error(std::string(Told) + " " + file + " not written: " + reason) {}
+    PictureProblem(const std::string& file, const std::string& reason, bool ofPiece)
+        : std::runtime_error(std::string(Told) + " " + file + " not written: " + reason), OfPiece(ofPiece) {}
+
+    const bool OfPiece; ///< rather than of the layout
 };
 
-/// Writes the 39 piece pictures, then the layout's picture, then the page into the project's working directory, and
-/// gives their paths in that order. A failed piece picture leaves the project with the view of piece pictures: 250 cm
-/// wide, without numbers. Faults: PictureProblem; no such folder; a page that cannot be written, which leaves the old
-/// one.
-std::vector<std::filesystem::path> WriteGuide(Project& project, const GuidePictures& pictures,
-                                              const GuideProgress& progress);
+struct GuideFile {
+    std::string Name;
+    std::string Bytes;
+    bool ShowsPiece = false;
+};
 
-/// The same for the window: tells where the guide is, asks whether to view it, and opens it after either answer, as it
-/// always has.
-void GuideCommand(Project& project, Prompts& prompts, const GuidePictures& pictures, const GuideProgress& progress);
+/// Draws a picture of every piece of the catalogue, then the layout's, then makes the page: in memory, so that a guide
+/// that cannot be drawn leaves the old one as it was. Throws PictureProblem, or Stopped.
+std::vector<GuideFile> DrawGuide(const Catalogue& catalogue, const Project& project, const GuidePictures& pictures,
+                                 const JobWatch& watch);
+
+/// The file of the page. Fault where its folder, which is that of the pictures too, is not there.
+std::filesystem::path GuidePageFile(const Preferences& preferences);
+
+/// Puts the files into the working directory, the page last, and gives their paths. Throws PictureProblem; faults: no
+/// such folder; a page that cannot be written, which leaves the old one.
+std::vector<std::filesystem::path> WriteGuide(const Preferences& preferences, const std::vector<GuideFile>& files);
+
+/// Gives the project the view of piece pictures, 250 cm wide and without numbers, in which a failed one leaves it.
+void SetPieceView(Project& project);
 
 } // namespace pistaro

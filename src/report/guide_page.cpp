@@ -37,14 +37,14 @@ void AddTrack(CrLfLines& page, int number, const Track& track) {
 
 std::string PiecePictureName(std::string_view code) { return std::string(code) + ".gif"; }
 
-std::string GuidePage(const Project& project) {
+std::string GuidePage(const Circuit& circuit, const std::string& name) {
     CrLfLines page;
     page << "<html>"
          << "<head>"
          << "<title>Track Design Guide</title>"
          << "</head>"
          << "<hr>"
-         << "<center><h1>" + Escaped(project.Name) + "</h1></center>"
+         << "<center><h1>" + Escaped(name) + "</h1></center>"
          << "<center><b><i><font size=+1>created with Scalextric Pistaro</font></i></b></center>"
          << "<br><hr>"
          << "<h2>PICTURE</h2>"
@@ -52,7 +52,7 @@ std::string GuidePage(const Project& project) {
          << "<p><h2>TRACK DESCRIPTION</h2>"
          << "<br>";
     int number = 0;
-    for (const Track& track : project.Layout.Tracks)
+    for (const Track& track : circuit.Tracks)
         AddTrack(page, ++number, track);
     page << "</font><br><hr></body></html>";
     return Windows1252FromUtf8(page.Take());

@@ -1,9 +1,11 @@
 // Pages shown in the program that the system has for web pages.
 #pragma once
 
-#include "model/project.h"
+#include "model/preferences.h"
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
 namespace pistaro {
 
@@ -11,7 +13,11 @@ namespace pistaro {
 /// cannot be started.
 void OpenInViewer(const std::string& page);
 
-/// The manual is looked for beside the user's circuits: "manual/help.html" in the working directory.
-void OpenManual(const Project& project);
+/// The manual that OpenManual shows: beside the user's circuits, "manual/help.html" in the working directory, or where
+/// the first of `elsewhere` stands. Fault when none is there.
+std::string FindManual(const Preferences& preferences, const std::vector<std::filesystem::path>& elsewhere);
+
+/// The manual beside the user's circuits, else the installed one, else that of the checkout the program was built in.
+void OpenManual(const Preferences& preferences);
 
 } // namespace pistaro

@@ -1,7 +1,6 @@
 // What the statistics warn of before they are shown. Advice only: nothing is changed.
 #pragma once
 
-#include "model/project.h"
 #include "model/prompts.h"
 #include "stats/measure.h"
 
@@ -13,10 +12,11 @@ namespace pistaro {
 
 /// Owned pieces of a product less those counted in the tally of the circuit, below 0 when some are still to be bought.
 /// 0 for a product that the tally does not count ("N10111"). Fault when the difference overflows.
-std::int16_t RemainingOwned(const Catalogue& catalogue, const StockTally& circuit, std::string_view code);
+std::int16_t RemainingOwned(const Catalogue& catalogue, const Stock& stock, const StockTally& circuit,
+                            std::string_view code);
 
 /// For each track an odd number of change-overs, each piece that does not belong between two chicanes, and joins of
 /// both systems without a converter; then special pieces that are owned, not used, and could stand for plain ones.
-std::vector<Message> DesignChecks(const Project& project);
+std::vector<Message> DesignChecks(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit);
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// A measurement's tally less the owned pieces.
 #include "stats/detail.h"
 
 #include "stats/frames.h"
@@ -11,10 +10,11 @@ namespace pistaro {
 
 namespace {
 
-void LeaveOutOwned(const Catalogue& catalogue, StockTally& tally) {
-    for (auto row = tally.begin(); row != tally.begin() + CatalogueShapeCount; ++row) {
-        const int owned = Entry(catalogue, FindHeadRow(catalogue, row->StockCode)).OwnedCount;
-        row->TrackCount = std::max<std::int16_t>(0, Count(row->TrackCount - owned));
+void LeaveOutOwned(const Catalogue& catalogue, const Stock& stock, StockTally& tally) {
+    for (TallyRow& row : tally) {
+        if (!row.IsCounted) continue;
+        const int owned = stock[catalogue.FindHeadRow(row.StockCode)].OwnedCount;
+        row.TrackCount = std::max<std::int16_t>(0, Count(row.TrackCount - owned));
     }
 }
 
@@ -23,25 +23,37 @@ std::int16_t CountOf(const StockTally& tally, std::string_view stockCode) {
     return row != nullptr ? row->TrackCount : std::int16_t{0};
 }
 
-float TotalPriceOf(const Catalogue& catalogue, const StockTally& tally) {
+float TotalPriceOf(const Catalogue& catalogue, const Stock& stock, const StockTally& tally) {
     float total = 0;
-    for (int row = 0; row < CatalogueCount; ++row) {
-        if (!IsHeadRow(catalogue, row)) continue;
-        const CatalogueEntry& product = Entry(catalogue, row);
-        total = Single(total + static_cast<double>(CountOf(tally, ProductCode(product.Code))) * product.Price);
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (!catalogue.IsHeadRow(row)) continue;
+        const std::int16_t count = CountOf(tally, ProductCode(catalogue[row].Code));
+        total = Single(total + static_cast<double>(count) * stock[row].Price);
     }
     return total;
 }
 
+/// One label a product, where the tally has a row for each head row.
+std::vector<CountLabel> LabelsOf(const Catalogue& catalogue, const StockTally& tally) {
+    std::vector<CountLabel> labels;
+    int index = 0;
+    for (const TallyRow& row : tally) {
+        const CatalogueEntry& product = catalogue[catalogue.FindHeadRow(row.StockCode)];
+        const std::string tag(row.StockCode);
+        if (labels.empty() || labels.back().Tag != tag)
+            labels.push_back({index, tag, tag + " - " + product.CountName, &product, CountOf(tally, tag)});
+        ++index;
+    }
+    return labels;
+}
+
 } // namespace
 
-Detail ShowDetail(const Project& project, int track, bool includeOwned) {
-    StockTally tally = Measure(project, track).Tally;
-    if (!includeOwned) LeaveOutOwned(project.Pieces, tally);
-    Detail detail{track, includeOwned, {}, TotalPriceOf(project.Pieces, tally)};
-    std::transform(CountLabels.begin(), CountLabels.end(), detail.Counts.begin(),
-                   [&](const CountLabel& label) { return CountOf(tally, label.Tag); });
-    return detail;
+Detail ShowDetail(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit, int track,
+                  bool includeOwned) {
+    StockTally tally = Measure(catalogue, stock, circuit, track).Tally;
+    if (!includeOwned) LeaveOutOwned(catalogue, stock, tally);
+    return {track, includeOwned, LabelsOf(catalogue, tally), TotalPriceOf(catalogue, stock, tally)};
 }
 
 std::string DetailCaption(const Detail& detail) {

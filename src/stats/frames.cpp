@@ -1,4 +1,3 @@
-// Four measurements as texts.
 #include "stats/frames.h"
 
 #include "stats/limits.h"
@@ -15,26 +14,29 @@ std::string WholeUnits(float length, const Units& units) {
     return NumberText(std::floor(static_cast<double>(length) / units.UnitFactor()));
 }
 
-StatisticsFrame FrameOf(const Project& project, int track, int elements) {
-    const Measurement sum = Measure(project, track);
-    return {FrameName(track), WholeUnits(sum.LeftLength, project.DisplayUnits),
-            WholeUnits(sum.RightLength, project.DisplayUnits), NumberText(sum.TrackPrice), NumberText(Count(elements))};
+StatisticsFrame FrameOf(int track, const Measurement& sum, int elements, const Units& units) {
+    return {FrameName(track), WholeUnits(sum.LeftLength, units), WholeUnits(sum.RightLength, units),
+            NumberText(sum.TrackPrice), NumberText(Count(elements))};
 }
 
 } // namespace
 
 std::string FrameName(int track) { return track == AllTracks ? "Complete Circuit" : "Track " + NumberText(track + 1); }
 
-std::array<StatisticsFrame, TrackCount + 1> StatisticsFrames(const Project& project) {
+std::array<StatisticsFrame, TrackCount + 1> StatisticsFrames(const Catalogue& catalogue, const Stock& stock,
+                                                             const Circuit& circuit, const Units& units) {
     std::array<StatisticsFrame, TrackCount + 1> frames;
+    const auto measured = [&](int track, int elements) {
+        return FrameOf(track, Measure(catalogue, stock, circuit, track), elements, units);
+    };
     int elementTotal = 0;
     for (int track = 0; track < TrackCount; ++track) {
         const auto at = static_cast<std::size_t>(track);
-        const int elements = project.Layout.Tracks[at].ElementLastIndex() + 1;
-        frames[at] = FrameOf(project, track, elements);
+        const int elements = circuit.Tracks[at].ElementLastIndex() + 1;
+        frames[at] = measured(track, elements);
         elementTotal += elements;
     }
-    frames[AllTracks] = FrameOf(project, AllTracks, elementTotal);
+    frames[AllTracks] = measured(AllTracks, elementTotal);
     return frames;
 }
 

@@ -1,7 +1,8 @@
 // The statistics' four frames as the texts that they show.
 #pragma once
 
-#include "model/project.h"
+#include "model/stock.h"
+#include "model/view_settings.h"
 
 #include <array>
 #include <string>
@@ -22,6 +23,7 @@ struct StatisticsFrame {
 };
 
 /// Tracks 1 to 3, each measured alone, and the complete circuit. Fault when a sum overflows.
-std::array<StatisticsFrame, TrackCount + 1> StatisticsFrames(const Project& project);
+std::array<StatisticsFrame, TrackCount + 1> StatisticsFrames(const Catalogue& catalogue, const Stock& stock,
+                                                             const Circuit& circuit, const Units& units);
 
 } // namespace pistaro

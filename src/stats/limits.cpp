@@ -1,4 +1,3 @@
-// Overflow is told, never carried on with.
 #include "stats/limits.h"
 
 #include "platform/fault.h"

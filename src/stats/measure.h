@@ -1,7 +1,8 @@
 // Lane lengths, prices and piece counts of tracks.
 #pragma once
 
-#include "model/project.h"
+#include "catalogue/catalogue.h"
+#include "model/stock.h"
 
 #include <cstdint>
 #include <string_view>
@@ -12,6 +13,7 @@ namespace pistaro {
 /// One physical product and how many of its pieces were counted.
 struct TallyRow {
     std::string_view StockCode; ///< the product code
+    bool IsCounted = true;      ///< false for the Ninco change-over alone
     std::int16_t TrackCount = 0;
 };
 
@@ -21,8 +23,8 @@ using StockTally = std::vector<TallyRow>;
 /// A tally with every count at 0.
 StockTally ResetStockTally(const Catalogue& catalogue);
 
-/// The first row of that product code among the first 28, or null. So the second "C8010" is never found, nor "N10111":
-/// no statistics have ever counted the Ninco change-over.
+/// The first row of that product code, or null. So the second "C8010" is never found; nor is "N10111", which is not
+/// counted.
 const TallyRow* FindTallyRow(const StockTally& tally, std::string_view stockCode);
 
 /// What one track or several add up to.
@@ -33,11 +35,11 @@ struct Measurement {
     StockTally Tally;
 };
 
-/// Adds track 0..2 piece by piece. Behind an odd number of lane changers left and right are crossed, from the changer's
+/// Adds a track piece by piece. After an odd number of lane changers left and right are crossed, from the changer's
 /// own lengths on; an unknown code repeats the lengths of the element before it. Fault when a sum overflows.
-void MeasureTrack(const Project& project, int track, Measurement& sum);
+void MeasureTrack(const Catalogue& catalogue, const Stock& stock, const Track& track, Measurement& sum);
 
 /// Track 0..2 alone, or with AllTracks the sum that runs through all three.
-Measurement Measure(const Project& project, int track);
+Measurement Measure(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit, int track);
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// The list's columns.
 #include "stats/shopping_list.h"
 
 #include "model/working_directory.h"
@@ -16,39 +15,40 @@ namespace {
 constexpr std::size_t TotalColumn = 39;
 
 std::int16_t CountOf(const Detail& detail, std::string_view code) {
-    const auto* const label =
-        std::find_if(CountLabels.begin(), CountLabels.end(), [&](const CountLabel& each) { return each.Tag == code; });
-    return detail.Counts[static_cast<std::size_t>(label - CountLabels.begin())];
+    const auto label = std::ranges::find(detail.Labels, code, &CountLabel::Tag);
+    return label == detail.Labels.end() ? std::int16_t{0} : label->Count;
 }
 
-std::string ItemLine(int count, std::string_view code, const CatalogueEntry& product) {
-    const std::string name = Windows1252FromUtf8("(" + std::string(product.LongName) + ")");
+std::string ItemLine(int count, std::string_view code, const std::string& longName, float price) {
+    const std::string name = Windows1252FromUtf8("(" + longName + ")");
     return RightAligned(NumberText(count), 5) + " x " + LeftAligned(code, 6) + LeftAligned(name, 22) + " at " +
-           NumberText(product.Price);
+           NumberText(price);
 }
 
 } // namespace
 
-std::string ShoppingListBytes(const Project& project, const Detail& detail) {
+std::string ShoppingListBytes(const Catalogue& catalogue, const Stock& stock, const Units& units,
+                              const Detail& detail) {
     CrLfLines lines;
     lines << "SHOPPING LIST"
           << "-------------"
           << "";
-    for (int row = 0; row < CatalogueCount; ++row) {
-        if (!IsHeadRow(project.Pieces, row)) continue;
-        const CatalogueEntry& product = Entry(project.Pieces, row);
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (!catalogue.IsHeadRow(row)) continue;
+        const CatalogueEntry& product = catalogue[row];
         const std::string_view code = ProductCode(product.Code);
-        if (const int count = CountOf(detail, code); count > 0) lines << ItemLine(count, code, product);
+        if (const int count = CountOf(detail, code); count > 0)
+            lines << ItemLine(count, code, product.LongName, stock[row].Price);
     }
     lines << std::string(TotalColumn, ' ') + "-----"
-          << LeftAligned("Total", TotalColumn) + NumberText(detail.TotalPrice) +
-                 Windows1252FromUtf8(project.DisplayUnits.Currency);
+          << LeftAligned("Total", TotalColumn) + NumberText(detail.TotalPrice) + Windows1252FromUtf8(units.Currency);
     return lines.Take();
 }
 
-Message WriteShoppingList(const Project& project, const Detail& detail) {
-    const std::string file = InWorkingDirectory(project, ShoppingListName);
-    ReplaceFile(PathFromText(file), ShoppingListBytes(project, detail));
+Message WriteShoppingList(const Catalogue& catalogue, const Stock& stock, const Preferences& preferences,
+                          const Detail& detail) {
+    const std::string file = InWorkingDirectory(preferences, ShoppingListName);
+    ReplaceFile(PathFromText(file), ShoppingListBytes(catalogue, stock, preferences.DisplayUnits, detail));
     return {Icon::Information, "The shopping list has been written to " + file};
 }
 

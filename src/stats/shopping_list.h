@@ -1,6 +1,7 @@
 // The shopping list: what the detail area shows, as a text file to take to the shop.
 #pragma once
 
+#include "model/preferences.h"
 #include "model/prompts.h"
 #include "stats/detail.h"
 
@@ -12,10 +13,11 @@ inline constexpr const char* ShoppingListName = "shoppingList.txt";
 
 /// The file's bytes: one line a head row of which pieces are needed, with its own price, so "C8010" twice; then the
 /// total.
-std::string ShoppingListBytes(const Project& project, const Detail& detail);
+std::string ShoppingListBytes(const Catalogue& catalogue, const Stock& stock, const Units& units, const Detail& detail);
 
 /// Writes the list into the working directory and gives the message that tells so. Faults of writing leave the old
 /// list.
-Message WriteShoppingList(const Project& project, const Detail& detail);
+Message WriteShoppingList(const Catalogue& catalogue, const Stock& stock, const Preferences& preferences,
+                          const Detail& detail);
 
 } // namespace pistaro

@@ -61,31 +61,31 @@ void WriteTrack(CrLfLines& lines, const Track& track, int index) {
 
 } // namespace
 
-CircuitFile ParseCircuit(std::string_view bytes, const std::string& name) {
+Design ParseCircuit(std::string_view bytes, const std::string& name) {
     LineReader lines(bytes, name);
-    CircuitFile file;
-    file.View = ReadView(lines);
+    Design design;
+    design.View = ReadView(lines);
     lines.Next("[Room]");
-    file.Room = ReadRoomBlock(lines);
+    design.Room = ReadRoomBlock(lines);
     lines.Next("[Track 0]");
     int number = 0;
-    for (Track& track : file.Tracks)
+    for (Track& track : design.Circuit.Tracks)
         track = ReadTrack(lines, ++number);
-    return file;
+    return design;
 }
 
-CircuitFile ReadCircuit(const std::filesystem::path& path) {
+Design ReadCircuit(const std::filesystem::path& path) {
     return ParseCircuit(ReadFile(path, MostFileBytes), TextFromPath(path));
 }
 
-std::string CircuitBytes(const Project& project) {
+std::string CircuitBytes(const Design& design) {
     CrLfLines lines;
-    WriteView(lines, project.View);
+    WriteView(lines, design.View);
     lines << "[Room]";
-    for (const std::string& line : RoomBlockLines(project.Room))
+    for (const std::string& line : RoomBlockLines(design.Room))
         lines << line;
     int index = 0;
-    for (const Track& track : project.Layout.Tracks)
+    for (const Track& track : design.Circuit.Tracks)
         WriteTrack(lines, track, index++);
     return lines.Take();
 }

@@ -1,7 +1,7 @@
 // Circuit files (*.trk): view, room and three tracks, one value a line, recognised by its place alone.
 #pragma once
 
-#include "model/project.h"
+#include "model/design.h"
 
 #include <filesystem>
 #include <string>
@@ -9,21 +9,14 @@
 
 namespace pistaro {
 
-/// What a circuit file holds.
-struct CircuitFile {
-    ViewSettings View;
-    RoomPolygon Room;
-    std::array<Track, TrackCount> Tracks;
-};
-
 /// Parses a whole file. Faults name `name` and the line: a file that ends early, a number out of range, too many room
 /// points, a 502nd element, or bytes that are no text.
-CircuitFile ParseCircuit(std::string_view bytes, const std::string& name);
+Design ParseCircuit(std::string_view bytes, const std::string& name);
 
 /// Reads and parses a file; the same faults and those of reading.
-CircuitFile ReadCircuit(const std::filesystem::path& path);
+Design ReadCircuit(const std::filesystem::path& path);
 
-/// The bytes of the file that holds the project's view, room and tracks.
-std::string CircuitBytes(const Project& project);
+/// The bytes of the file that holds a design.
+std::string CircuitBytes(const Design& design);
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// Character by character out, "%" by "%" back.
 #include "storage/folder_line.h"
 
 #include "text/utf8.h"
@@ -10,7 +9,7 @@ namespace pistaro {
 
 namespace {
 
-/// The byte that two hexadecimal digits behind the "%" at the front of `text` stand for; below 0 where there are none.
+/// The byte that two hexadecimal digits after the "%" at the front of `text` stand for; below 0 where there are none.
 int EscapedByte(std::string_view text) {
     constexpr std::size_t length = 3;
     int byte = -1;

@@ -1,4 +1,3 @@
-// Lines and the numbers in them.
 #include "storage/line_reader.h"
 
 #include "model/view_settings.h"

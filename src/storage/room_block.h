@@ -9,13 +9,13 @@
 
 namespace pistaro {
 
-/// Reads the block's lines behind its header. Faults: more points than a room holds, or fewer lines than it says.
+/// Reads the block's lines after its header. Faults: more points than a room holds, or fewer lines than it says.
 RoomPolygon ReadRoomBlock(LineReader& lines);
 
 /// The number of points that a count line says. Faults below 0 and above MaxRoomPoints.
 int RoomPointCountIn(const LineReader& lines, std::string_view countLine);
 
-/// The block's lines behind its header.
+/// The block's lines after its header.
 std::vector<std::string> RoomBlockLines(const RoomPolygon& room);
 
 } // namespace pistaro

@@ -31,47 +31,46 @@ std::string_view NextValue(LineReader& lines, std::string_view key) {
 
 void WarnOfMissingValues(Settings& settings) { settings.Messages.push_back({Icon::Exclamation, IncompleteFile}); }
 
-void ReadWorkingDirectory(LineReader& lines, Settings& settings) {
-    settings.WorkingDirectory = FolderInLine(lines.Next("the working directory"));
+void ReadWorkingDirectory(LineReader& lines, const Catalogue&, Settings& settings) {
+    settings.Preferences.WorkingDirectory = FolderInLine(lines.Next("the working directory"));
 }
 
-void ReadView(LineReader& lines, Settings& settings) {
+void ReadView(LineReader& lines, const Catalogue&, Settings& settings) {
     settings.MidX = lines.BarPlaceIn(NextValue(lines, MidXKey));
     settings.MidY = lines.BarPlaceIn(NextValue(lines, MidYKey));
     const std::string_view zoom = NextValue(lines, ZoomKey);
     lines.SingleIn(zoom); // the view's width is a single
     settings.Zoom = lines.DoubleIn(zoom);
-    settings.MWid = lines.BarPlaceIn(NextValue(lines, MWidKey));
+    settings.Preferences.MWid = lines.BarPlaceIn(NextValue(lines, MWidKey));
 }
 
-void ReadUnits(LineReader& lines, Settings& settings) {
-    settings.DisplayUnits.Inches = lines.IntegerIn(NextValue(lines, TypeKey)) != 0;
-    settings.DisplayUnits.Currency = Utf8FromWindows1252(NextValue(lines, CurrencyKey));
+void ReadUnits(LineReader& lines, const Catalogue&, Settings& settings) {
+    settings.Preferences.DisplayUnits.Inches = lines.IntegerIn(NextValue(lines, TypeKey)) != 0;
+    settings.Preferences.DisplayUnits.Currency = Utf8FromWindows1252(NextValue(lines, CurrencyKey));
 }
 
-void ReadGrid(LineReader& lines, Settings& settings) {
-    settings.Grid.Type = lines.IntegerIn(NextValue(lines, TypeKey));
-    settings.Grid.Step = lines.IntegerIn(NextValue(lines, StepKey));
+void ReadGrid(LineReader& lines, const Catalogue&, Settings& settings) {
+    settings.Preferences.Grid.Type = lines.IntegerIn(NextValue(lines, TypeKey));
+    settings.Preferences.Grid.Step = lines.IntegerIn(NextValue(lines, StepKey));
 }
 
-void ReadRoom(LineReader& lines, Settings& settings) { settings.Room = ReadRoomBlock(lines); }
+void ReadRoom(LineReader& lines, const Catalogue&, Settings& settings) { settings.Room = ReadRoomBlock(lines); }
 
-void ReadColours(LineReader& lines, Settings& settings) {
+void ReadColours(LineReader& lines, const Catalogue&, Settings& settings) {
     for (const ColourSlot& slot : ColourSlots) {
         const std::string_view line = lines.Next(slot.Key);
         if (line.empty()) {
             WarnOfMissingValues(settings);
             return;
         }
-        settings.Colours.*slot.Slot = lines.LongIn(ValueIn(line, slot.Key, lines));
+        settings.Preferences.Colours.*slot.Slot = lines.LongIn(ValueIn(line, slot.Key, lines));
     }
 }
 
 /// One line a product, "C151=4"; `store` takes the value's text for the product's stock.
 template <typename Store>
-void ReadStockLines(LineReader& lines, Settings& settings, Store store) {
-    const Catalogue catalogue = InitCatalogue();
-    for (int i = 0; i < CatalogueShapeCount; ++i) {
+void ReadStockLines(LineReader& lines, const Catalogue& catalogue, Settings& settings, Store store) {
+    for (std::size_t i = 0; i < ProductLines; ++i) {
         const std::string_view line = lines.Next("a product");
         if (line.empty()) {
             WarnOfMissingValues(settings);
@@ -79,23 +78,24 @@ void ReadStockLines(LineReader& lines, Settings& settings, Store store) {
         }
         const std::size_t equals = line.find('=');
         if (equals == std::string_view::npos) throw InvalidProcedureCall(lines.Here("there is no \"=\""));
-        const int row = FindHeadRow(catalogue, line.substr(0, equals));
-        if (row >= 0) store(settings.Stocks[static_cast<std::size_t>(row)], line.substr(equals + 1));
+        const int row = catalogue.FindHeadRow(line.substr(0, equals));
+        if (row >= 0) store(settings.Stock.Of(row), line.substr(equals + 1));
     }
 }
 
-void ReadLooseTrack(LineReader& lines, Settings& settings) {
-    ReadStockLines(lines, settings,
-                   [&](Stock& stock, std::string_view value) { stock.Owned = lines.IntegerIn(value); });
+void ReadLooseTrack(LineReader& lines, const Catalogue& catalogue, Settings& settings) {
+    ReadStockLines(lines, catalogue, settings,
+                   [&](ProductStock& stock, std::string_view value) { stock.OwnedCount = lines.IntegerIn(value); });
 }
 
-void ReadBestPrices(LineReader& lines, Settings& settings) {
-    ReadStockLines(lines, settings, [&](Stock& stock, std::string_view value) { stock.Price = lines.SingleIn(value); });
+void ReadBestPrices(LineReader& lines, const Catalogue& catalogue, Settings& settings) {
+    ReadStockLines(lines, catalogue, settings,
+                   [&](ProductStock& stock, std::string_view value) { stock.Price = lines.SingleIn(value); });
 }
 
 struct SectionReader {
     std::string_view Header;
-    void (*Read)(LineReader&, Settings&);
+    void (*Read)(LineReader&, const Catalogue&, Settings&);
 };
 
 constexpr std::array SectionReaders{
@@ -111,39 +111,43 @@ constexpr std::array SectionReaders{
 
 } // namespace
 
-Settings ParseSettings(std::string_view bytes, const std::string& name, Settings settings) {
+Settings ParseSettings(const Catalogue& catalogue, std::string_view bytes, const std::string& name, Settings settings) {
+    settings.Stock.Products.resize(static_cast<std::size_t>(catalogue.Count()));
     LineReader lines(bytes, name);
     std::vector<SectionReader> unread(SectionReaders.begin(), SectionReaders.end());
     while (!lines.AtEnd()) {
         const auto section = std::ranges::find(unread, lines.Next("a section"), &SectionReader::Header);
         if (section == unread.end()) continue;
-        section->Read(lines, settings);
+        section->Read(lines, catalogue, settings);
         unread.erase(section);
     }
     return settings;
 }
 
-Settings ReadSettings(const std::filesystem::path& path) {
-    return ParseSettings(ReadFile(path, MostFileBytes), TextFromPath(path));
+Settings ReadSettings(const Catalogue& catalogue, const std::filesystem::path& path) {
+    return ParseSettings(catalogue, ReadFile(path, MostFileBytes), TextFromPath(path));
 }
 
 std::string InitialWorkingDirectory() { return TextFromPath(DocumentsFolder() / "Pistaro") + FolderSeparator(); }
 
-Settings InitialSettings() { return ParseSettings(InitialSettingsText, SettingsName); }
+Settings InitialSettings(const Catalogue& catalogue) {
+    return ParseSettings(catalogue, InitialSettingsText, SettingsName);
+}
 
-std::string InitialSettingsBytes(const std::filesystem::path& brought, const std::string& workingDirectory) {
+std::string InitialSettingsBytes(const Catalogue& catalogue, const std::filesystem::path& brought,
+                                 const std::string& workingDirectory) {
     std::error_code none;
     const std::string bytes =
         std::filesystem::exists(brought, none) ? ReadFile(brought, MostFileBytes) : std::string(InitialSettingsText);
     const std::string name = TextFromPath(brought);
-    ParseSettings(bytes, name); // a damaged file is refused before it is put in place
+    ParseSettings(catalogue, bytes, name); // a damaged file is refused before it is put in place
     std::string replaced = ReplaceSections(bytes, name, {WorkingDirectoryOf(workingDirectory)});
-    ParseSettings(replaced, name); // nor is one that the new line damages
+    ParseSettings(catalogue, replaced, name); // nor is one that the new line damages
     return replaced;
 }
 
-std::string InitialSettingsBytes() {
-    return InitialSettingsBytes(InstalledFolder() / SettingsName, InitialWorkingDirectory());
+std::string InitialSettingsBytes(const Catalogue& catalogue) {
+    return InitialSettingsBytes(catalogue, InstalledFolder() / SettingsName, InitialWorkingDirectory());
 }
 
 } // namespace pistaro

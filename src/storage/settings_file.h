@@ -1,4 +1,4 @@
-// The settings file corvel.ini: sections of positional lines behind their headers, read as a whole.
+// The settings file corvel.ini: sections of positional lines after their headers, read as a whole.
 #pragma once
 
 #include "model/settings.h"
@@ -13,23 +13,25 @@ namespace pistaro {
 /// values so far when it is read again. Of a section that stands twice the first counts. A warning tells where an
 /// owned-track, price or colour section ends in an empty line. Faults name `name` and the line: a file that ends inside
 /// a section, a value line shorter than its key, a number out of range.
-Settings ParseSettings(std::string_view bytes, const std::string& name, Settings settings = {});
+Settings ParseSettings(const Catalogue& catalogue, std::string_view bytes, const std::string& name,
+                       Settings settings = {});
 
 /// Reads and parses a file; the same faults and those of reading.
-Settings ReadSettings(const std::filesystem::path& path);
+Settings ReadSettings(const Catalogue& catalogue, const std::filesystem::path& path);
 
 /// The working directory of a first run: "Pistaro" in the user's documents folder.
 std::string InitialWorkingDirectory();
 
 /// The settings of a first run as the program was built with them: dots every 10 cm, nothing owned, distinct colours,
 /// and no working directory, which only the user's own documents folder gives.
-Settings InitialSettings();
+Settings InitialSettings(const Catalogue& catalogue);
 
 /// The bytes of a first run's settings file: those of `brought`, the file that the installation brings, or the built-in
 /// ones where it brings none; with this working directory. Faults: those of reading and parsing.
-std::string InitialSettingsBytes(const std::filesystem::path& brought, const std::string& workingDirectory);
+std::string InitialSettingsBytes(const Catalogue& catalogue, const std::filesystem::path& brought,
+                                 const std::string& workingDirectory);
 
 /// The same of the program's own installation and user.
-std::string InitialSettingsBytes();
+std::string InitialSettingsBytes(const Catalogue& catalogue);
 
 } // namespace pistaro

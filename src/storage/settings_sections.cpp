@@ -1,4 +1,3 @@
-// Sections written, and replaced line by line.
 #include "storage/settings_sections.h"
 
 #include "platform/files.h"
@@ -15,18 +14,17 @@ namespace pistaro {
 
 namespace {
 
-Section StockSection(std::string_view header, const std::array<double, CatalogueCount>& valueByRow) {
-    const Catalogue catalogue = InitCatalogue();
+Section StockSection(std::string_view header, const Catalogue& catalogue, const std::vector<double>& valueByRow) {
     Section section{header, {}};
-    for (int row = 0; row < CatalogueCount; ++row) {
-        if (!IsHeadRow(catalogue, row)) continue;
-        const std::string product(ProductCode(Entry(catalogue, row).Code));
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (!catalogue.IsHeadRow(row)) continue;
+        const std::string product(ProductCode(catalogue[row].Code));
         section.Lines.push_back(product + "=" + NumberText(valueByRow[static_cast<std::size_t>(row)]));
     }
     return section;
 }
 
-/// How many lines stand behind a header, but for the room's, which are counted in the first of them.
+/// How many lines stand after a header, but for the room's, which are counted in the first of them.
 struct SectionShape {
     std::string_view Header;
     std::size_t Lines;
@@ -39,8 +37,8 @@ constexpr std::array SectionShapes{
     SectionShape{UnitsSection, 2, false},
     SectionShape{GridSection, 2, false},
     SectionShape{RoomSection, 0, false},
-    SectionShape{LooseTrackSection, CatalogueShapeCount, true},
-    SectionShape{BestPricesSection, CatalogueShapeCount, true},
+    SectionShape{LooseTrackSection, ProductLines, true},
+    SectionShape{BestPricesSection, ProductLines, true},
     SectionShape{ColoursSection, std::size(ColourSlots), true},
 };
 
@@ -142,28 +140,30 @@ Section ColoursOf(const ColourScheme& colours) {
     return section;
 }
 
-Section LooseTrackOf(const std::array<double, CatalogueCount>& ownedByRow) {
-    return StockSection(LooseTrackSection, ownedByRow);
+Section LooseTrackOf(const Catalogue& catalogue, const std::vector<double>& ownedByRow) {
+    return StockSection(LooseTrackSection, catalogue, ownedByRow);
 }
 
-Section BestPricesOf(const std::array<double, CatalogueCount>& priceByRow) {
-    return StockSection(BestPricesSection, priceByRow);
+Section BestPricesOf(const Catalogue& catalogue, const std::vector<double>& priceByRow) {
+    return StockSection(BestPricesSection, catalogue, priceByRow);
 }
 
 std::string ReplaceSections(std::string_view bytes, const std::string& name, const std::vector<Section>& sections) {
     return Rewriting(bytes, name).With(sections);
 }
 
-std::string RewrittenSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {
+std::string RewrittenSettings(const Catalogue& catalogue, const std::filesystem::path& path,
+                              const std::vector<Section>& sections) {
     if (path.empty()) throw Fault("Path not found", "there is no settings file to write");
     const std::string name = TextFromPath(path);
     std::string bytes = ReplaceSections(ReadFile(path, MostFileBytes), name, sections);
-    ParseSettings(bytes, name); // what could not be read again must not take the old file's place
+    ParseSettings(catalogue, bytes, name); // what could not be read again must not take the old file's place
     return bytes;
 }
 
-void RewriteSettings(const std::filesystem::path& path, const std::vector<Section>& sections) {
-    ReplaceFile(path, RewrittenSettings(path, sections));
+void RewriteSettings(const Catalogue& catalogue, const std::filesystem::path& path,
+                     const std::vector<Section>& sections) {
+    ReplaceFile(path, RewrittenSettings(catalogue, path, sections));
 }
 
 } // namespace pistaro

@@ -22,6 +22,12 @@ char ByteFor(char32_t c) {
     return static_cast<char>(static_cast<unsigned char>(0x80 + (found - From80To9F.begin())));
 }
 
+/// The characters at the front that are the same in both: mostly all.
+std::string_view AsciiAtFront(std::string_view text) {
+    const auto isOther = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+    return {text.begin(), std::ranges::find_if(text, isOther)};
+}
+
 } // namespace
 
 std::string Utf8FromWindows1252(std::string_view bytes) {
@@ -37,8 +43,12 @@ std::string Utf8FromWindows1252(std::string_view bytes) {
 std::string Windows1252FromUtf8(std::string_view utf8) {
     std::string bytes;
     bytes.reserve(utf8.size());
-    while (!utf8.empty())
-        bytes += ByteFor(TakeCharacter(utf8));
+    while (!utf8.empty()) {
+        const std::string_view ascii = AsciiAtFront(utf8);
+        bytes += ascii;
+        utf8.remove_prefix(ascii.size());
+        if (!utf8.empty()) bytes += ByteFor(TakeCharacter(utf8));
+    }
     return bytes;
 }
 

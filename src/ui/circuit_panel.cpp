@@ -1,11 +1,9 @@
-// The drawing area is kept as large a square as there is room for.
 #include "ui/circuit_panel.h"
 
 #include "editor/view_commands.h"
 #include "ui/key_scroll_bar.h"
 
 #include <QHBoxLayout>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolButton>
 
@@ -27,8 +25,8 @@ void SetUp(QScrollBar& bar, const ScrollBar& values, int smallStep, int largeSte
 
 } // namespace
 
-CircuitPanel::CircuitPanel(Workbench& workbench, CommandControls& controls)
-    : workbench_(workbench), view_(new CircuitView(workbench)), hMov_(new KeyScrollBar(Qt::Horizontal)),
+CircuitPanel::CircuitPanel(Session& session, CommandControls& controls)
+    : session_(session), view_(new CircuitView(session)), hMov_(new KeyScrollBar(Qt::Horizontal)),
       vMov_(new KeyScrollBar(Qt::Vertical)), tools_(Tools(controls)) {
     hMov_->setObjectName("hMov");
     hMov_->setToolTip("Move the view left and right");
@@ -38,9 +36,9 @@ CircuitPanel::CircuitPanel(Workbench& workbench, CommandControls& controls)
          {static_cast<QWidget*>(view_), static_cast<QWidget*>(vMov_), static_cast<QWidget*>(hMov_), tools_})
         child->setParent(this);
     connect(hMov_, &QScrollBar::valueChanged, this,
-            [this](int value) { workbench_.Do([&] { ScrollHorizontally(workbench_.Design, value); }); });
+            [this](int value) { session_.Do([&] { ScrollHorizontally(session_.Project.Design.View, value); }); });
     connect(vMov_, &QScrollBar::valueChanged, this,
-            [this](int value) { workbench_.Do([&] { ScrollVertically(workbench_.Design, value); }); });
+            [this](int value) { session_.Do([&] { ScrollVertically(session_.Project.Design.View, value); }); });
     setMinimumSize(300, 300);
 }
 
@@ -49,33 +47,25 @@ QWidget* CircuitPanel::Tools(CommandControls& controls) {
     auto* const row = new QHBoxLayout(tools);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Gap);
-    for (const char* const id : {"zoom out", "zoom in"}) {
+    for (const std::string_view id : {"zoom out", "zoom in", "refresh"}) {
         auto* const button = new QToolButton;
         controls.Bind(*button, id);
         button->setFocusPolicy(Qt::StrongFocus);
-        button->setAutoRepeat(true);
+        button->setAutoRepeat(id != "refresh");
         row->addWidget(button);
     }
-    auto* const refresh = new QToolButton;
-    refresh->setObjectName("cmdRefresh");
-    refresh->setText("Refresh");
-    refresh->setToolTip(TipWithKey("Draw the circuit again", "F5"));
-    refresh->setFocusPolicy(Qt::StrongFocus);
-    const auto redraw = [this] { workbench_.Do([] {}); };
-    connect(refresh, &QToolButton::clicked, this, redraw);
-    connect(new QShortcut(QKeySequence("F5"), refresh), &QShortcut::activated, this, redraw);
-    row->addWidget(refresh);
     return tools;
 }
 
 void CircuitPanel::Refresh() {
-    const Project& project = workbench_.Design;
-    const int smallStep = SmallScrollStep(project);
-    const int largeStep = LargeScrollStep(project);
-    SetUp(*hMov_, project.View.HMov, smallStep, largeStep);
-    SetUp(*vMov_, project.View.VMov, smallStep, largeStep);
+    const ViewSettings& view = session_.Project.Design.View;
+    const int smallStep = SmallScrollStep(view);
+    const int largeStep = LargeScrollStep(view);
+    SetUp(*hMov_, view.HMov, smallStep, largeStep);
+    SetUp(*vMov_, view.VMov, smallStep, largeStep);
 }
 
+/// The drawing area is kept as large a square as there is room for.
 void CircuitPanel::resizeEvent(QResizeEvent*) {
     const int barWidth = vMov_->sizeHint().width();
     const QSize tools = tools_->sizeHint();

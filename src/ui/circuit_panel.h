@@ -10,7 +10,7 @@ namespace pistaro {
 
 class CircuitPanel : public QWidget {
 public:
-    CircuitPanel(Workbench& workbench, CommandControls& controls);
+    CircuitPanel(Session& session, CommandControls& controls);
 
     CircuitView& View() { return *view_; }
 
@@ -25,7 +25,7 @@ protected:
 private:
     QWidget* Tools(CommandControls& controls);
 
-    Workbench& workbench_;
+    Session& session_;
     CircuitView* const view_;
     QScrollBar* const hMov_;
     QScrollBar* const vMov_;

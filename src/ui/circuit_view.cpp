@@ -2,8 +2,6 @@
 #include "ui/circuit_view.h"
 
 #include "editor/mouse_selection.h"
-#include "imaging/painter_surface.h"
-#include "render/redraw.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -11,59 +9,49 @@
 
 namespace pistaro {
 
-CircuitView::CircuitView(Workbench& workbench) : workbench_(workbench) {
+CircuitView::CircuitView(Session& session) : session_(session) {
     setObjectName("picCircuit");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(200, 200);
 }
 
-QSize CircuitView::PictureSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
-
-void CircuitView::Redraw() {
-    if (picture_.size() != PictureSize()) {
-        picture_ = QImage(PictureSize(), QImage::Format_RGB32);
-        picture_.setDevicePixelRatio(devicePixelRatioF());
-    }
-    DrawOn(picture_);
+void CircuitView::Invalidate() {
+    stale_ = true;
     update();
 }
 
-QImage CircuitView::PlainPicture() {
-    QImage picture(size(), QImage::Format_RGB32);
-    DrawOn(picture);
-    return picture;
+void CircuitView::Redraw() {
+    drawing_.Redraw(session_.Catalogue, session_.Project, session_.Background ? session_.Background->Image() : QImage(),
+                    size(), devicePixelRatioF());
+    stale_ = false;
 }
 
-void CircuitView::DrawOn(QImage& picture) {
-    QPainter painter(&picture);
-    PainterSurface surface(painter, width(), background_);
-    RedrawCircuit(workbench_.Design, surface);
+const QImage& CircuitView::Picture() {
+    if (stale_ || drawing_.Picture().size() != PixelsOf(size(), devicePixelRatioF())) Redraw();
+    return drawing_.Picture();
 }
 
-void CircuitView::SetBackground(const QImage& background) {
-    background_ = background;
-    Redraw();
-}
+void CircuitView::paintEvent(QPaintEvent*) { QPainter(this).drawImage(QPointF(0, 0), Picture()); }
 
-void CircuitView::paintEvent(QPaintEvent*) {
-    if (picture_.size() != PictureSize()) Redraw(); // the window was resized or went to another screen
-    QPainter(this).drawImage(QPointF(0, 0), picture_);
-}
+void CircuitView::resizeEvent(QResizeEvent*) { session_.PicturePixels = width(); }
 
 void CircuitView::mousePressEvent(QMouseEvent* event) {
-    workbench_.Do([&] { SelectNearestElement(workbench_.Design, WorldAt(event->position())); });
+    session_.Do([&] {
+        SelectNearestElement(session_.Catalogue, session_.Project.Design.Circuit, session_.Project.EditState,
+                             WorldAt(event->position()));
+    });
 }
 
 void CircuitView::wheelEvent(QWheelEvent* event) {
     wheelTurn_ += event->angleDelta().y();
     for (; wheelTurn_ >= QWheelEvent::DefaultDeltasPerStep; wheelTurn_ -= QWheelEvent::DefaultDeltasPerStep)
-        workbench_.Run(*FindCommand("zoom in"));
+        session_.TryRun(*session_.Commands.Find("zoom in"));
     for (; wheelTurn_ <= -QWheelEvent::DefaultDeltasPerStep; wheelTurn_ += QWheelEvent::DefaultDeltasPerStep)
-        workbench_.Run(*FindCommand("zoom out"));
+        session_.TryRun(*session_.Commands.Find("zoom out"));
 }
 
 WorldPoint CircuitView::WorldAt(QPointF position) const {
-    const ViewRectangle shown = ShownRectangle(workbench_.Design.View);
+    const ViewRectangle shown = ShownRectangle(session_.Project.Design.View);
     const double cmPerPixel = (double{shown.ViewRight} - shown.ViewLeft) / width();
     return {static_cast<float>(shown.ViewLeft + position.x() * cmPerPixel),
             static_cast<float>(shown.ViewTop - position.y() * cmPerPixel)};

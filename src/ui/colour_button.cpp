@@ -1,4 +1,3 @@
-// A framed patch of colour.
 #include "ui/colour_button.h"
 
 #include "imaging/painter_surface.h"

@@ -1,4 +1,3 @@
-// Rows of the command table as controls.
 #include "ui/command_controls.h"
 
 #include "ui/named_controls.h"
@@ -15,24 +14,26 @@ namespace {
 
 QKeySequence KeyOf(const std::string& key) { return QKeySequence(Shown(key), QKeySequence::PortableText); }
 
-const Command& RowOf(std::string_view id) {
-    const Command* const command = FindCommand(id);
-    if (command == nullptr) throw std::logic_error("no command is called " + std::string(id));
-    return *command;
-}
-
-} // namespace
-
 QString TipWithKey(const std::string& tip, const std::string& key) {
     if (key.empty()) return Shown(tip);
     return Shown(tip) + " (" + KeyOf(key).toString(QKeySequence::NativeText) + ")";
 }
 
+} // namespace
+
+const Command& CommandControls::RowOf(std::string_view id) const {
+    const Command* const command = session_.Commands.Find(id);
+    if (command == nullptr) throw std::logic_error("no command is called " + std::string(id));
+    return *command;
+}
+
 template <typename Control>
 void CommandControls::Show(Control& control, const Command& command, const std::string& key) const {
-    const std::string whyNot = command.WhyNot(workbench_.Design);
+    const std::string whyNot = command.WhyNot(session_);
     control.setEnabled(whyNot.empty());
     control.setToolTip(whyNot.empty() ? TipWithKey(command.Tip, key) : Shown(whyNot));
+    if (command.IsOn) control.setChecked(command.IsOn(session_));
+    if (command.Shows) control.setText(Shown(command.Shows(session_)));
 }
 
 QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead) {
@@ -40,7 +41,8 @@ QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::
     QAction* const action = menu.addAction(Shown(command.Caption));
     action->setObjectName(Shown(command.Control));
     action->setShortcut(KeyOf(command.Key));
-    const auto run = [this, &command] { workbench_.Run(command); };
+    action->setCheckable(command.IsOn != nullptr);
+    const auto run = [this, &command] { session_.TryRun(command); };
     QObject::connect(action, &QAction::triggered, action, instead ? instead : std::function<void()>(run));
     refreshes_.emplace_back([this, action, &command] { Show(*action, command, ""); }); // the menu shows the key
     return action;
@@ -55,8 +57,10 @@ void CommandControls::Bind(QAbstractButton& button, const std::function<const Co
     const Command& command = row();
     button.setObjectName(Shown(command.Control));
     if (!command.Tag.empty()) button.setProperty("Tag", Shown(command.Tag));
+    if (command.Index >= 0) button.setProperty("Index", command.Index);
     button.setText(Shown(command.Caption));
-    const auto run = [this, row] { workbench_.Run(row()); };
+    button.setCheckable(command.IsOn != nullptr);
+    const auto run = [this, row] { session_.TryRun(row()); };
     QObject::connect(&button, &QAbstractButton::clicked, &button, run);
     // A shortcut of its own, because that of a button waits for a key that is held down to come up again.
     if (!command.Key.empty()) {

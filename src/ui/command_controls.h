@@ -1,12 +1,13 @@
-// Gives buttons and menu entries the captions, tips and keys of their rows of the command table, and keeps them enabled
-// or disabled as the rows say.
+// Gives buttons and menu entries the captions, tips and keys of their rows of the command table, and keeps them as the
+// rows say: enabled or disabled, on or off.
 #pragma once
 
-#include "ui/workbench.h"
+#include "commands/session.h"
 
 #include <QAbstractButton>
 #include <QMenu>
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -14,13 +15,13 @@ namespace pistaro {
 
 class CommandControls {
 public:
-    explicit CommandControls(Workbench& workbench) : workbench_(workbench) {}
+    explicit CommandControls(Session& session) : session_(session) {}
 
     /// A menu entry that runs a row, or does `instead` what runs it.
     QAction* AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead = {});
 
     /// Makes a button run a row when it is clicked or the row's key is pressed. Names it after the row's control, with
-    /// its Tag.
+    /// its Tag and its Index.
     void Bind(QAbstractButton& button, std::string_view id);
 
     /// The same for a button that stands for two rows in turn: `row` tells which one now.
@@ -30,14 +31,13 @@ public:
     void Refresh();
 
 private:
+    const Command& RowOf(std::string_view id) const;
+
     template <typename Control>
     void Show(Control& control, const Command& command, const std::string& key) const;
 
-    Workbench& workbench_;
+    Session& session_;
     std::vector<std::function<void()>> refreshes_; ///< one a control
 };
-
-/// A tip with the key behind it.
-QString TipWithKey(const std::string& tip, const std::string& key);
 
 } // namespace pistaro

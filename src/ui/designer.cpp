@@ -1,4 +1,3 @@
-// Settings, window, circuit; and the ways in which the system ends the program.
 #include "ui/designer.h"
 
 #include "editor/start_up.h"
@@ -36,22 +35,14 @@ void CloseOnTermination(frmCorvel& window) {
 
 } // namespace
 
-int RunDesigner(int argc, char** argv, const DesignerFiles& files) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("Pistaro");
-    QApplication::setDesktopFileName("pistaro");
-    TerminationRequests(); // those that come before there is a window wait for it
-    MessagePrompts prompts;
-    DesignerStart start = StartDesigner(files.Settings);
-    frmCorvel window(start.Design, prompts);
-    CloseOnLogOff(application, window);
-    CloseOnTermination(window);
-    const auto begin = [&] {
-        for (const Message& message : start.Messages)
-            prompts.Tell(message);
-        if (files.Circuit) window.Open(*files.Circuit);
+void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Message>& messages,
+                    const DesignerFiles& files) {
+    const auto begin = [&window, &session, messages, circuit = files.Circuit] {
+        for (const Message& message : messages)
+            session.Prompts.Tell(message);
+        if (circuit) window.Open(*circuit);
     };
-    const auto showWindow = [&] {
+    const auto showWindow = [&window, begin] {
         window.show();
         QTimer::singleShot(0, &window, begin); // when the opening window is gone
     };
@@ -60,6 +51,20 @@ int RunDesigner(int argc, char** argv, const DesignerFiles& files) {
     } else {
         (new frmAbout(showWindow))->show();
     }
+}
+
+int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const DesignerFiles& files) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Pistaro");
+    QApplication::setDesktopFileName("pistaro");
+    TerminationRequests(); // those that come before there is a window wait for it
+    MessagePrompts prompts;
+    const DesignerStart start = StartDesigner(catalogue, files.SettingsFile);
+    Session session(catalogue, prompts, start.Project, start.SettingsPath);
+    frmCorvel window(session);
+    CloseOnLogOff(application, window);
+    CloseOnTermination(window);
+    BeginDesigning(window, session, start.Messages, files);
     return QApplication::exec();
 }
 

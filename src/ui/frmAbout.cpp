@@ -1,9 +1,8 @@
-// A drawing of a circuit on the left, the words on the right.
 #include "ui/frmAbout.h"
 
 #include "catalogue/track_geometry.h"
 #include "imaging/painter_surface.h"
-#include "model/circuit.h"
+#include "layout/placement.h"
 #include "render/redraw.h"
 #include "ui/named_controls.h"
 #include "version.h"
@@ -42,10 +41,10 @@ QImage Drawing(double pixelRatio) {
     QImage image((QSizeF(DrawingSide, DrawingSide) * pixelRatio).toSize(), QImage::Format_RGB32);
     image.setDevicePixelRatio(pixelRatio);
     QPainter painter(&image);
-    PainterSurface surface(painter, DrawingSide);
+    PainterSurface surface(painter, TargetSize::Square(DrawingSide));
     surface.Clear(DrawingBackground);
     surface.SetScale(ShownSquare);
-    WalkTrack(ShownTrack(), [&](int, const PiecePlacement* placement, const BuildCursor&) {
+    WalkTrack(InitCatalogue(), ShownTrack(), [&](int, const PiecePlacement* placement, const BuildCursor&) {
         DrawPiece(*placement, DrawingOutline, DrawingRail, surface);
     });
     return image;

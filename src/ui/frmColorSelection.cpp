@@ -1,4 +1,3 @@
-// Eight hues in five shades, and a row of greys.
 #include "ui/frmColorSelection.h"
 
 #include "imaging/painter_surface.h"

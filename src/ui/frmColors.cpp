@@ -1,11 +1,9 @@
-// Buttons on the left, preview on the right.
 #include "ui/frmColors.h"
 
 #include "editor/colour_settings.h"
 #include "imaging/painter_surface.h"
 #include "ui/frmColorSelection.h"
 #include "ui/named_controls.h"
-#include "ui/workbench.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -74,8 +72,7 @@ private:
 
 } // namespace
 
-frmColors::frmColors(Project& project, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), project_(project), prompts_(prompts) {
+frmColors::frmColors(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
     setObjectName("frmColors");
     setWindowTitle("Colours");
     setModal(true);
@@ -94,7 +91,8 @@ frmColors::frmColors(Project& project, Prompts& prompts, QWidget* parent)
 QLayout* frmColors::Slots() {
     auto* const grid = new QGridLayout;
     for (std::size_t slot = 0; slot < buttons_.size(); ++slot) {
-        auto* const button = Named(new ColourButton(project_.Colours.*ColourSlots[slot].Slot), SlotTexts[slot].Button);
+        const Colour colour = session_.Project.Preferences.Colours.*ColourSlots[slot].Slot;
+        auto* const button = Named(new ColourButton(colour), SlotTexts[slot].Button);
         auto* const label = new QLabel(SlotTexts[slot].Caption);
         label->setBuddy(button);
         connect(button, &QAbstractButton::clicked, this, [this, button] { Choose(*button); });
@@ -111,13 +109,14 @@ QLayout* frmColors::Buttons() {
     QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
     cmdApply->setDefault(true);
     cmdApply->setToolTip("Draw with these colours until the program ends");
-    EnableSaving(*cmdSave, !project_.SettingsPath.empty());
+    EnableSaving(*cmdSave, !session_.SettingsPath.empty());
     connect(cmdApply, &QPushButton::clicked, this, [this] {
-        ApplyColours(project_, Chosen());
+        session_.Do([&] { session_.Project.Preferences.Colours = Chosen(); });
         accept();
     });
-    connect(cmdSave, &QPushButton::clicked, this,
-            [this] { Contained(prompts_, [&] { SaveColours(project_, Chosen(), prompts_); }); });
+    connect(cmdSave, &QPushButton::clicked, this, [this] {
+        session_.Do([&] { SaveColours(session_.Catalogue, session_.SettingsPath, Chosen(), session_.Prompts); });
+    });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* const row = new QHBoxLayout;
     row->addStretch();

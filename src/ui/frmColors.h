@@ -1,8 +1,7 @@
 // The colour dialog: six buttons, each in its colour, and a preview of what they look like together.
 #pragma once
 
-#include "model/project.h"
-#include "model/prompts.h"
+#include "commands/session.h"
 #include "ui/colour_button.h"
 
 #include <QDialog>
@@ -14,7 +13,7 @@ namespace pistaro {
 /// Modal. Apply changes the project's colours and closes; Save writes the settings file and does neither.
 class frmColors : public QDialog {
 public:
-    frmColors(Project& project, Prompts& prompts, QWidget* parent = nullptr);
+    explicit frmColors(Session& session, QWidget* parent = nullptr);
 
 private:
     QLayout* Slots();
@@ -22,8 +21,7 @@ private:
     void Choose(ColourButton& button);
     ColourScheme Chosen() const;
 
-    Project& project_;
-    Prompts& prompts_;
+    Session& session_;
     std::array<ColourButton*, std::size(ColourSlots)> buttons_{}; ///< in the order of ColourSlots
     QWidget* picExample_ = nullptr;
 };

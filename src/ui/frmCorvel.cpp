@@ -1,9 +1,9 @@
-// What happens after each command, and how the window is left.
 #include "ui/frmCorvel.h"
 
-#include "editor/circuit_commands.h"
+#include "commands/circuit_commands.h"
 #include "editor/status_text.h"
 #include "platform/files.h"
+#include "ui/main_menus.h"
 #include "ui/side_column.h"
 
 #include <QCloseEvent>
@@ -40,10 +40,10 @@ QIcon ProgramIcon() {
 
 } // namespace
 
-frmCorvel::frmCorvel(Project& project, Prompts& prompts)
-    : workbench_(project, prompts), controls_(workbench_), palette_(new PiecePalette(workbench_, controls_)),
-      circuit_(new CircuitPanel(workbench_, controls_)), track_(new TrackPanel(workbench_, controls_)),
-      menus_(*this, workbench_, controls_, circuit_->View()), status_(new QLabel) {
+frmCorvel::frmCorvel(Session& session)
+    : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
+      circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
+      dialogs_(session, *this), jobBar_(new JobBar(session, controls_)), status_(new QLabel) {
     setObjectName("frmCorvel");
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
@@ -57,33 +57,40 @@ frmCorvel::frmCorvel(Project& project, Prompts& prompts)
     setCentralWidget(columns);
     status_->setObjectName("lblStatus");
     statusBar()->addWidget(status_);
+    statusBar()->addPermanentWidget(jobBar_);
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
-    workbench_.Changed = [this] { Refresh(); };
+    AddMainMenus(*this, controls_, session_, [this] { close(); });
+    session_.Windows = &dialogs_;
+    session_.Observe([this](const Changes&) { Refresh(); });
     Refresh();
     resize(QSize(1200, 820).boundedTo(screen()->availableSize() - QSize(0, TitleBarHeight)));
 }
 
+frmCorvel::~frmCorvel() {
+    session_.CancelJob(); // its end would be looked for here
+    session_.Windows = nullptr;
+}
+
 void frmCorvel::Refresh() {
-    const Project& project = workbench_.Design;
-    circuit_->View().Redraw();
+    circuit_->View().Invalidate();
     controls_.Refresh();
-    menus_.Refresh();
     palette_->Refresh();
     circuit_->Refresh();
     track_->Refresh();
+    jobBar_->Refresh();
     // "[*]" would be taken for the toolkit's mark of modified documents.
-    setWindowTitle(QString::fromStdString(Caption(project)).replace("[*]", "[*][*]"));
-    status_->setText(QString::fromStdString(StatusText(project)));
+    setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
+    status_->setText(QString::fromStdString(StatusText(session_.Catalogue, session_.Project)));
 }
 
 void frmCorvel::Open(const std::filesystem::path& file) {
-    workbench_.Do([&] { LoadFileCommand(workbench_.Design, workbench_.Words, file); });
+    session_.Do([&] { LoadFileCommand(session_, file); });
 }
 
 void frmCorvel::closeEvent(QCloseEvent* event) {
     if (closing_) return event->ignore(); // the question is being asked already
     closing_ = true;
-    event->setAccepted(workbench_.Run(*FindCommand("quit")));
+    event->setAccepted(session_.TryRun(*session_.Commands.Find("quit")));
     closing_ = false;
 }
 

@@ -1,9 +1,10 @@
-// The main window: three columns, menus and a status bar around one project.
+// The main window: three columns, menus and a status bar around one session.
 #pragma once
 
 #include "ui/circuit_panel.h"
 #include "ui/command_controls.h"
-#include "ui/main_menus.h"
+#include "ui/dialogs.h"
+#include "ui/job_bar.h"
 #include "ui/piece_palette.h"
 #include "ui/track_panel.h"
 
@@ -13,7 +14,8 @@ namespace pistaro {
 
 class frmCorvel : public QMainWindow {
 public:
-    frmCorvel(Project& project, Prompts& prompts);
+    explicit frmCorvel(Session& session);
+    ~frmCorvel() override;
 
     /// Replaces the circuit by a file's, as Load does when its dialog has been answered.
     void Open(const std::filesystem::path& file);
@@ -24,15 +26,16 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// Brings the drawing and every control up to date.
+    /// Has the drawing redrawn, and brings every control up to date.
     void Refresh();
 
-    Workbench workbench_;
+    Session& session_;
     CommandControls controls_;
     PiecePalette* const palette_;
     CircuitPanel* const circuit_;
     TrackPanel* const track_;
-    MainMenus menus_;
+    Dialogs dialogs_;
+    JobBar* const jobBar_;
     QLabel* const status_;
     bool closing_ = false;
 };

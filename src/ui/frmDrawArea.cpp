@@ -6,7 +6,6 @@
 #include "render/redraw.h"
 #include "ui/key_scroll_bar.h"
 #include "ui/named_controls.h"
-#include "ui/workbench.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -22,7 +21,7 @@ constexpr int NumberDigits = 10;
 /// The room as it stands, drawn as in the circuit's picture, with a ring around the point that is shown.
 class RoomPicture : public QWidget {
 public:
-    RoomPicture(const Project& project, const DrawAreaFields& fields) : project_(project), fields_(fields) {
+    RoomPicture(const ColourScheme& colours, const DrawAreaFields& fields) : colours_(colours), fields_(fields) {
         setFixedSize(300, 300);
     }
 
@@ -30,22 +29,22 @@ protected:
     void paintEvent(QPaintEvent*) override {
         const RoomPolygon room = RoomIn(fields_);
         QPainter painter(this);
-        PainterSurface surface(painter, width());
-        surface.Clear(project_.Colours.Background);
+        PainterSurface surface(painter, TargetSize::Square(width()));
+        surface.Clear(colours_.Background);
         const ViewRectangle shown = RoomRectangle(room);
         surface.SetScale(shown);
         DrawRoom(room, surface);
         if (ShowsPoint(fields_.Room)) {
             const RoomPoint& point = room.Points[static_cast<std::size_t>(fields_.Room.Number - 1)];
             const double ring = (double{shown.ViewRight} - shown.ViewLeft) / 50;
-            surface.Draw(EllipseStroke{RoomCorner(room, point), ring, 1}, project_.Colours.Active);
+            surface.Draw(Ellipse{RoomCorner(room, point), ring, 1}, colours_.Active);
         }
         painter.setPen(palette().color(QPalette::Dark));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 
 private:
-    const Project& project_;
+    const ColourScheme& colours_;
     const DrawAreaFields& fields_;
 };
 
@@ -63,8 +62,8 @@ QButtonGroup* NewOptions(QLayout& row, const char* name, std::initializer_list<c
 
 } // namespace
 
-frmDrawArea::frmDrawArea(Project& project, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), project_(project), prompts_(prompts), fields_(OpenDrawArea(project)) {
+frmDrawArea::frmDrawArea(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session), fields_(OpenDrawArea(session.Project.Design, session.Project.Preferences)) {
     setObjectName("frmDrawArea");
     setWindowTitle("Draw Area Settings");
     setModal(true);
@@ -131,7 +130,7 @@ QGroupBox* frmDrawArea::UnitsFrame() {
 QGroupBox* frmDrawArea::RoomFrame() {
     auto* const frame = new QGroupBox("Room Definition");
     auto* const row = new QHBoxLayout(frame);
-    picRoom_ = Named(new RoomPicture(project_, fields_), "picRoom");
+    picRoom_ = Named(new RoomPicture(session_.Project.Preferences.Colours, fields_), "picRoom");
     row->addLayout(PointFields());
     row->addSpacing(8);
     row->addWidget(picRoom_, 0, Qt::AlignTop);
@@ -180,10 +179,15 @@ QLayout* frmDrawArea::Buttons() {
     QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
     cmdApply->setDefault(true);
     cmdApply->setToolTip("Take these values for the circuit, which is saved with them");
-    EnableSaving(*cmdSave, !project_.SettingsPath.empty());
-    connect(cmdHelp, &QPushButton::clicked, this, [this] { ExplainDrawArea(prompts_); });
-    connect(cmdApply, &QPushButton::clicked, this, [this] { Put(ApplyDrawArea); });
-    connect(cmdSave, &QPushButton::clicked, this, [this] { Put(SaveDrawArea); });
+    EnableSaving(*cmdSave, !session_.SettingsPath.empty());
+    connect(cmdHelp, &QPushButton::clicked, this, [this] { ExplainDrawArea(session_.Prompts); });
+    connect(cmdApply, &QPushButton::clicked, this,
+            [this] { Put([&] { return ApplyDrawArea(session_.Project, fields_, session_.Prompts); }); });
+    connect(cmdSave, &QPushButton::clicked, this, [this] {
+        Put([&] {
+            return SaveDrawArea(session_.Catalogue, session_.Project, session_.SettingsPath, fields_, session_.Prompts);
+        });
+    });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* const row = new QHBoxLayout;
     row->addWidget(cmdHelp);
@@ -243,7 +247,7 @@ void frmDrawArea::ReadFields() {
 
 void frmDrawArea::AddRoomPoint() {
     const std::size_t before = fields_.Room.Points.size();
-    if (!Contained(prompts_, [&] { AddPoint(fields_.Room, prompts_); })) return;
+    if (!session_.Do([&] { AddPoint(fields_.Room, session_.Prompts); })) return;
     ShowPoint();
     if (fields_.Room.Points.size() > before) txtX_->setFocus();
 }
@@ -253,9 +257,9 @@ void frmDrawArea::DeleteRoomPoint() {
     ShowPoint();
 }
 
-void frmDrawArea::Put(bool (*put)(Project&, DrawAreaFields&, Prompts&)) {
+void frmDrawArea::Put(const std::function<bool()>& put) {
     bool done = false;
-    Contained(prompts_, [&] { done = put(project_, fields_, prompts_); });
+    session_.Do([&] { done = put(); });
     ShowFields();
     if (done) accept();
 }

@@ -1,6 +1,7 @@
 // The draw-area dialog: view, grid, units, currency and the room's outline.
 #pragma once
 
+#include "commands/session.h"
 #include "editor/draw_area.h"
 
 #include <QButtonGroup>
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 
+#include <functional>
 #include <vector>
 
 class QGroupBox;
@@ -19,7 +21,7 @@ namespace pistaro {
 /// Modal. Apply and Save close it when the fields are valid.
 class frmDrawArea : public QDialog {
 public:
-    frmDrawArea(Project& project, Prompts& prompts, QWidget* parent = nullptr);
+    explicit frmDrawArea(Session& session, QWidget* parent = nullptr);
 
 protected:
     /// Enter in a coordinate of the room adds the point, rather than close the dialog.
@@ -46,10 +48,9 @@ private:
     void ReadFields();
     void AddRoomPoint();
     void DeleteRoomPoint();
-    void Put(bool (*put)(Project&, DrawAreaFields&, Prompts&));
+    void Put(const std::function<bool()>& put);
 
-    Project& project_;
-    Prompts& prompts_;
+    Session& session_;
     DrawAreaFields fields_;
     bool showing_ = false; ///< the controls are being filled: their changes are none of the user's
     std::vector<Box> boxes_;

@@ -6,7 +6,6 @@
 #include "stats/shopping_list.h"
 #include "text/number_text.h"
 #include "ui/named_controls.h"
-#include "ui/workbench.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -47,12 +46,19 @@ QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units)
 constexpr std::array<const char*, 3> ColumnHeadings{"Scalextric", "Ninco", "Special pieces"};
 
 /// A product's column in the detail area.
-std::size_t ColumnOf(const CountLabel& label) { return label.Index < 10 ? 0 : label.Index < 18 ? 1 : 2; }
+std::size_t ColumnOf(const CatalogueEntry& product) {
+    if (!product.IsBasic()) return 2;
+    return product.System == TrackSystem::Scalextric ? 0 : 1;
+}
+
+Detail DetailOf(const Session& session, int track, bool includeOwned) {
+    return ShowDetail(session.Catalogue, session.Project.Stock, session.Project.Design.Circuit, track, includeOwned);
+}
 
 } // namespace
 
-frmStats::frmStats(const Project& project, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), project_(project), prompts_(prompts) {
+frmStats::frmStats(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session), detail_(DetailOf(session, AllTracks, false)) {
     setObjectName("frmStats");
     setWindowTitle("Track Statistics");
     setModal(true);
@@ -63,8 +69,9 @@ frmStats::frmStats(const Project& project, Prompts& prompts, QWidget* parent)
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
     ShowDetailOf(AllTracks);
-    for (const Message& message : DesignChecks(project_))
-        prompts_.Tell(message);
+    for (const Message& message :
+         DesignChecks(session_.Catalogue, session_.Project.Stock, session_.Project.Design.Circuit))
+        session_.Prompts.Tell(message);
 }
 
 QWidget* frmStats::Frames() {
@@ -72,11 +79,12 @@ QWidget* frmStats::Frames() {
     auto* const row = new QHBoxLayout(frames);
     row->setContentsMargins(0, 0, 0, 0);
     int index = 0;
-    for (const StatisticsFrame& texts : StatisticsFrames(project_)) {
-        QGroupBox* const frame = NewFrame(index, texts, project_.DisplayUnits);
+    const Units& units = session_.Project.Preferences.DisplayUnits;
+    for (const StatisticsFrame& texts :
+         StatisticsFrames(session_.Catalogue, session_.Project.Stock, session_.Project.Design.Circuit, units)) {
+        QGroupBox* const frame = NewFrame(index, texts, units);
         QPushButton* const cmdDetail = Named(new QPushButton("Detail"), "cmdDetail", index);
-        connect(cmdDetail, &QPushButton::clicked, this,
-                [this, index] { Contained(prompts_, [&] { ShowDetailOf(index); }); });
+        connect(cmdDetail, &QPushButton::clicked, this, [this, index] { session_.Do([&] { ShowDetailOf(index); }); });
         auto* const grid = static_cast<QGridLayout*>(frame->layout());
         grid->addWidget(cmdDetail, grid->rowCount(), 0, 1, 3, Qt::AlignRight);
         row->addWidget(frame, 1);
@@ -107,15 +115,14 @@ QLayout* frmStats::Products() {
         columns->addLayout(grids[column], 1);
         columns->setAlignment(grids[column], Qt::AlignTop);
     }
-    for (std::size_t k = 0; k < CountLabels.size(); ++k) {
-        const CountLabel& label = CountLabels[k];
-        lblDescript_[k] = Named(NewLabel(Shown(label.Description)), "lblDescript", label.Index);
-        lblEnum_[k] = Named(NewLabel("0", Qt::AlignRight), "lblEnum", label.Index);
-        lblEnum_[k]->setProperty("Tag", Shown(label.Tag));
-        QGridLayout* const grid = grids[ColumnOf(label)];
+    for (const CountLabel& label : detail_.Labels) {
+        lblDescript_.push_back(Named(NewLabel(Shown(label.Description)), "lblDescript", label.Index));
+        lblEnum_.push_back(Named(NewLabel("0", Qt::AlignRight), "lblEnum", label.Index));
+        lblEnum_.back()->setProperty("Tag", Shown(label.Tag));
+        QGridLayout* const grid = grids[ColumnOf(*label.Product)];
         const int row = grid->rowCount();
-        grid->addWidget(lblDescript_[k], row, 0);
-        grid->addWidget(lblEnum_[k], row, 1);
+        grid->addWidget(lblDescript_.back(), row, 0);
+        grid->addWidget(lblEnum_.back(), row, 1);
     }
     return columns;
 }
@@ -129,7 +136,8 @@ QLayout* frmStats::Price() {
     row->addStretch();
     row->addWidget(new QLabel("Price:"));
     row->addWidget(lblTotPrice_);
-    row->addWidget(Named(NewLabel(Shown(project_.DisplayUnits.Currency)), "lblCurrency", AllTracks + 1));
+    row->addWidget(
+        Named(NewLabel(Shown(session_.Project.Preferences.DisplayUnits.Currency)), "lblCurrency", AllTracks + 1));
     return row;
 }
 
@@ -138,8 +146,12 @@ QLayout* frmStats::Buttons() {
     cmdShop->setToolTip("Writes the pieces shown above into shoppingList.txt");
     QPushButton* const cmdClose = NewButton("cmdClose", "Close");
     cmdClose->setDefault(true);
-    connect(cmdShop, &QPushButton::clicked, this,
-            [this] { Contained(prompts_, [&] { prompts_.Tell(WriteShoppingList(project_, detail_)); }); });
+    connect(cmdShop, &QPushButton::clicked, this, [this] {
+        session_.Do([&] {
+            session_.Prompts.Tell(
+                WriteShoppingList(session_.Catalogue, session_.Project.Stock, session_.Project.Preferences, detail_));
+        });
+    });
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     auto* const row = new QHBoxLayout;
     row->addStretch();
@@ -149,12 +161,13 @@ QLayout* frmStats::Buttons() {
 }
 
 void frmStats::ShowDetailOf(int track) {
-    detail_ = ShowDetail(project_, track, chkInclude_->isChecked());
+    detail_ = DetailOf(session_, track, chkInclude_->isChecked());
     fraDetail_->setTitle(Shown(DetailCaption(detail_)));
     for (std::size_t k = 0; k < lblEnum_.size(); ++k) {
-        lblEnum_[k]->setText(Shown(NumberText(int{detail_.Counts[k]})));
+        const int count = detail_.Labels[k].Count;
+        lblEnum_[k]->setText(Shown(NumberText(count)));
         // What is not needed steps back.
-        const auto role = detail_.Counts[k] > 0 ? QPalette::WindowText : QPalette::PlaceholderText;
+        const auto role = count > 0 ? QPalette::WindowText : QPalette::PlaceholderText;
         lblEnum_[k]->setForegroundRole(role);
         lblDescript_[k]->setForegroundRole(role);
     }

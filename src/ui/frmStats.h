@@ -1,15 +1,14 @@
 // The statistics: lengths, prices and counts of each track and of the circuit, and what is to buy.
 #pragma once
 
-#include "model/project.h"
-#include "model/prompts.h"
+#include "commands/session.h"
 #include "stats/detail.h"
 
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 
-#include <array>
+#include <vector>
 
 class QGroupBox;
 
@@ -18,7 +17,7 @@ namespace pistaro {
 /// Modal. Measures once, when it is made: the design checks are told before it is shown. Fault when a sum overflows.
 class frmStats : public QDialog {
 public:
-    frmStats(const Project& project, Prompts& prompts, QWidget* parent = nullptr);
+    explicit frmStats(Session& session, QWidget* parent = nullptr);
 
 private:
     QWidget* Frames();
@@ -28,12 +27,10 @@ private:
     QLayout* Buttons();
     void ShowDetailOf(int track);
 
-    const Project& project_;
-    Prompts& prompts_;
+    Session& session_;
     Detail detail_; ///< as shown: ticking the box changes nothing before the next press of a Detail button
     QGroupBox* fraDetail_ = nullptr;
-    std::array<QLabel*, CountLabels.size()> lblDescript_{};
-    std::array<QLabel*, CountLabels.size()> lblEnum_{};
+    std::vector<QLabel*> lblDescript_, lblEnum_; ///< in the order of the detail's labels
     QLabel* lblTotPrice_ = nullptr;
     QCheckBox* chkInclude_ = nullptr;
 };

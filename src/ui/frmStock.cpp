@@ -1,29 +1,28 @@
-// Four frames in three columns, a row a product.
 #include "ui/frmStock.h"
 
 #include "ui/named_controls.h"
-#include "ui/workbench.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 
 #include <cstdlib>
+#include <initializer_list>
 
 namespace pistaro {
 
 namespace {
 
-QLineEdit* NewBox(const char* name, int index, int digits) {
+QLineEdit* NewBox(const char* name, int index, const std::string& tag, int digits) {
     QLineEdit* const box = Named(NewNumberBox(name, digits), name, index);
-    box->setProperty("Tag", Shown(StockProducts[static_cast<std::size_t>(index)].Code));
+    box->setProperty("Tag", Shown(tag));
     return box;
 }
 
 } // namespace
 
-frmStock::frmStock(Project& project, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), project_(project), prompts_(prompts) {
+frmStock::frmStock(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session), empty_(EmptyStockBoxes(session.Catalogue)) {
     setObjectName("frmStock");
     setWindowTitle("Loose Track");
     auto* const explanation =
@@ -31,18 +30,16 @@ frmStock::frmStock(Project& project, Prompts& prompts, QWidget* parent)
               "lblExplain");
 
     auto* const columns = new QHBoxLayout;
-    int box = 0;
-    QVBoxLayout* column = nullptr;
-    for (std::size_t frame = 0; frame < StockFrames.size(); ++frame) {
-        const bool sharesColumn = frame == 1; // the short frames of straights and curves stand above each other
-        if (!sharesColumn) {
-            column = new QVBoxLayout;
-            columns->addLayout(column);
-        }
-        column->addWidget(NewFrame(StockFrames[frame], box));
-        if (frame > 0) column->addStretch();
-        box += StockFrames[frame].Products;
-    }
+    const auto addColumn = [&](std::initializer_list<StockFrame> frames) {
+        auto* const column = new QVBoxLayout;
+        for (const StockFrame frame : frames)
+            column->addWidget(NewFrame(frame));
+        column->addStretch();
+        columns->addLayout(column);
+    };
+    addColumn({StockFrame::ScalextricStraights, StockFrame::ScalextricCurves});
+    addColumn({StockFrame::ScalextricSpecialists});
+    addColumn({StockFrame::Ninco});
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(explanation);
     layout->addLayout(columns);
@@ -51,28 +48,29 @@ frmStock::frmStock(Project& project, Prompts& prompts, QWidget* parent)
     Load();
 }
 
-QGroupBox* frmStock::NewFrame(const StockFrame& frame, int firstBox) {
-    auto* const group = new QGroupBox(Shown(frame.Caption));
+QGroupBox* frmStock::NewFrame(StockFrame frame) {
+    auto* const group = new QGroupBox(CaptionOf(frame));
     auto* const grid = new QGridLayout(group);
     grid->setVerticalSpacing(3);
     grid->setHorizontalSpacing(4);
     grid->setColumnStretch(0, 1);
     grid->addWidget(new QLabel("Owned"), 0, 2, Qt::AlignRight);
     grid->addWidget(new QLabel("Price"), 0, 3, Qt::AlignRight);
-    for (int index = firstBox; index < firstBox + frame.Products; ++index) {
-        const auto at = static_cast<std::size_t>(index);
-        txtDsp_[at] = NewBox("txtDsp", index, 4);
-        txtPrc_[at] = NewBox("txtPrc", index, 6);
-        const QString name = Shown(StockProducts[at].Name);
-        auto* const code = new QLabel(Shown(StockProducts[at].Code));
+    for (const StockBox& box : empty_) {
+        if (box.Frame != frame) continue;
+        const int index = static_cast<int>(txtDsp_.size()); // frames are filled in the order of the boxes
+        const QString name = Shown(box.Name);
+        txtDsp_.push_back(NewBox("txtDsp", index, box.Tag, 4));
+        txtPrc_.push_back(NewBox("txtPrc", index, box.Tag, 6));
+        txtDsp_.back()->setAccessibleName(name + ", owned");
+        txtPrc_.back()->setAccessibleName(name + ", price");
+        auto* const code = new QLabel(Shown(box.Tag));
         code->setForegroundRole(QPalette::PlaceholderText);
-        txtDsp_[at]->setAccessibleName(name + ", owned");
-        txtPrc_[at]->setAccessibleName(name + ", price");
         const int row = grid->rowCount();
         grid->addWidget(new QLabel(name), row, 0);
         grid->addWidget(code, row, 1);
-        grid->addWidget(txtDsp_[at], row, 2);
-        grid->addWidget(txtPrc_[at], row, 3);
+        grid->addWidget(txtDsp_.back(), row, 2);
+        grid->addWidget(txtPrc_.back(), row, 3);
     }
     return group;
 }
@@ -81,7 +79,7 @@ QLayout* frmStock::Buttons() {
     QPushButton* const cmdSaveTrackStock = NewButton("cmdSaveTrackStock", "&Save");
     QPushButton* const cmdOK = NewButton("cmdOK", "Cancel");
     cmdSaveTrackStock->setDefault(true);
-    EnableSaving(*cmdSaveTrackStock, !project_.SettingsPath.empty());
+    EnableSaving(*cmdSaveTrackStock, !session_.SettingsPath.empty());
     if (cmdSaveTrackStock->isEnabled()) cmdSaveTrackStock->setToolTip("Keep these counts and prices, and close");
     cmdOK->setToolTip("Close without saving");
     connect(cmdSaveTrackStock, &QPushButton::clicked, this, [this] { Save(); });
@@ -94,11 +92,11 @@ QLayout* frmStock::Buttons() {
 }
 
 void frmStock::Load() {
-    StockBoxes boxes;
+    StockBoxes boxes = empty_;
     for (std::size_t box = 0; box < boxes.size(); ++box)
         boxes[box].Tag = TagOf(*txtDsp_[box]);
-    if (!FillStockBoxes(project_, boxes)) {
-        prompts_.Tell({Icon::Critical, StockTagFault});
+    if (!FillStockBoxes(session_.Catalogue, session_.Project.Stock, boxes)) {
+        session_.Prompts.Tell({Icon::Critical, StockTagFault});
         std::exit(EXIT_FAILURE);
     }
     for (std::size_t box = 0; box < boxes.size(); ++box) {
@@ -109,13 +107,16 @@ void frmStock::Load() {
 }
 
 void frmStock::Save() {
-    StockBoxes boxes;
+    StockBoxes boxes = empty_;
     for (std::size_t box = 0; box < boxes.size(); ++box) {
-        boxes[box] = {TagOf(*txtDsp_[box]), txtDsp_[box]->text().toStdString(), txtPrc_[box]->text().toStdString()};
+        boxes[box].Tag = TagOf(*txtDsp_[box]);
+        boxes[box].Owned = txtDsp_[box]->text().toStdString();
+        boxes[box].Price = txtPrc_[box]->text().toStdString();
     }
-    if (!Contained(prompts_, [&] { SaveOwnedTrack(project_, boxes, prompts_); })) return;
-    if (Saved) Saved();
-    accept();
+    const bool saved = session_.Do([&] {
+        SaveOwnedTrack(session_.Catalogue, session_.SettingsPath, session_.Project.Stock, boxes, session_.Prompts);
+    });
+    if (saved) accept();
 }
 
 } // namespace pistaro

@@ -1,13 +1,13 @@
 // The loose-track dialog: how many pieces of each product the user owns, and the best price for one.
 #pragma once
 
+#include "commands/session.h"
 #include "editor/owned_track.h"
-#include "model/prompts.h"
 
 #include <QDialog>
 #include <QLineEdit>
 
-#include <functional>
+#include <vector>
 
 class QGroupBox;
 
@@ -16,22 +16,19 @@ namespace pistaro {
 /// Modeless. OK closes it and loses what was typed.
 class frmStock : public QDialog {
 public:
-    frmStock(Project& project, Prompts& prompts, QWidget* parent = nullptr);
-
-    std::function<void()> Saved; ///< called when counts and prices have changed, before the dialog closes
+    explicit frmStock(Session& session, QWidget* parent = nullptr);
 
     /// Fills the boxes by their Tags. A Tag that stands for no product is told and ends the program.
     void Load();
 
 private:
-    QGroupBox* NewFrame(const StockFrame& frame, int firstBox);
+    QGroupBox* NewFrame(StockFrame frame);
     QLayout* Buttons();
     void Save();
 
-    Project& project_;
-    Prompts& prompts_;
-    std::array<QLineEdit*, CatalogueShapeCount> txtDsp_{};
-    std::array<QLineEdit*, CatalogueShapeCount> txtPrc_{};
+    Session& session_;
+    const StockBoxes empty_; ///< what boxes there are
+    std::vector<QLineEdit*> txtDsp_, txtPrc_;
 };
 
 } // namespace pistaro

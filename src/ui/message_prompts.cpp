@@ -1,4 +1,3 @@
-// QMessageBox and QFileDialog.
 #include "ui/message_prompts.h"
 
 #include "platform/files.h"

@@ -1,9 +1,7 @@
-// Pieces painted on demand.
 #include "ui/piece_icon.h"
 
-#include "catalogue/catalogue.h"
 #include "imaging/painter_surface.h"
-#include "render/piece_extent.h"
+#include "layout/piece_extent.h"
 #include "render/redraw.h"
 
 #include <QApplication>
@@ -20,33 +18,31 @@ double SideOf(const PieceExtent& extent) {
     return std::max(double{extent.Right} - extent.Left, double{extent.Top} - extent.Bottom);
 }
 
-double LargestSide() {
-    static const double largest = [] {
-        const Catalogue catalogue = InitCatalogue();
-        double side = 0;
-        for (std::size_t row = 0; row < CatalogueShapeCount; ++row) {
-            side = std::max(side, SideOf(ExtentOf(*PlacePiece(catalogue[row].Code, {}, ""))));
-        }
-        return side;
-    }();
-    return largest;
+PieceExtent ExtentOf(const PieceKind& kind) { return ExtentOf(PlacePiece(kind, {}, {})); }
+
+double LargestSide(const Catalogue& catalogue) {
+    double side = 0;
+    for (const CatalogueEntry& piece : catalogue) {
+        if (piece.IsBasic()) side = std::max(side, SideOf(ExtentOf(piece.Kind)));
+    }
+    return side;
 }
 
 class PieceIconEngine : public QIconEngine {
 public:
-    explicit PieceIconEngine(std::string code) : code_(std::move(code)) {}
+    PieceIconEngine(const PieceKind& kind, double largestSide) : kind_(kind), largestSide_(largestSide) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        const PiecePlacement placement = *PlacePiece(code_, {}, "");
+        const PiecePlacement placement = PlacePiece(kind_, {}, {});
         const WorldPoint middle = ExtentOf(placement).Middle();
         const double scale = static_cast<double>(std::min(rect.width(), rect.height())) / PieceIconSide;
-        const double half = LargestSide() / 2 * PieceIconSide / (PieceIconSide - 2); // a pixel to spare on each side
+        const double half = largestSide_ / 2 * PieceIconSide / (PieceIconSide - 2); // a pixel to spare on each side
         const QPalette palette = QApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
         painter->save();
         painter->translate(rect.topLeft());
         painter->scale(scale, scale);
-        PainterSurface surface(*painter, PieceIconSide);
+        PainterSurface surface(*painter, TargetSize::Square(PieceIconSide));
         surface.SetScale({static_cast<float>(middle.X - half), static_cast<float>(middle.Y + half),
                           static_cast<float>(middle.X + half), static_cast<float>(middle.Y - half)});
         DrawPiece(placement, FromQColor(palette.color(group, QPalette::ButtonText)),
@@ -65,11 +61,14 @@ public:
     QIconEngine* clone() const override { return new PieceIconEngine(*this); }
 
 private:
-    std::string code_;
+    PieceKind kind_;
+    double largestSide_; ///< of a basic piece, cm
 };
 
 } // namespace
 
-QIcon PieceIcon(const std::string& code) { return QIcon(new PieceIconEngine(code)); }
+QIcon PieceIcon(const CatalogueEntry& piece, const Catalogue& catalogue) {
+    return QIcon(new PieceIconEngine(piece.Kind, LargestSide(catalogue)));
+}
 
 } // namespace pistaro

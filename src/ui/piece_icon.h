@@ -1,9 +1,9 @@
 // Small pictures of pieces for their buttons, drawn by the routines that draw the circuit.
 #pragma once
 
-#include <QIcon>
+#include "catalogue/catalogue.h"
 
-#include <string>
+#include <QIcon>
 
 namespace pistaro {
 
@@ -11,6 +11,6 @@ inline constexpr int PieceIconSide = 46; ///< device-independent pixels
 
 /// The piece in the middle of a square, all pieces to the scale at which the largest basic piece fills it. Drawn anew
 /// for every size, screen and colour scheme that asks for it.
-QIcon PieceIcon(const std::string& code);
+QIcon PieceIcon(const CatalogueEntry& piece, const Catalogue& catalogue);
 
 } // namespace pistaro

@@ -1,4 +1,3 @@
-// Frames of piece buttons.
 #include "ui/piece_palette.h"
 
 #include "editor/building.h"
@@ -8,6 +7,7 @@
 #include <QGridLayout>
 
 #include <algorithm>
+#include <array>
 
 namespace pistaro {
 
@@ -16,54 +16,90 @@ namespace {
 constexpr int ButtonMargin = 3;
 constexpr const char* WidestCaption = "10105";
 
+bool IsCurve(const CatalogueEntry& piece, PieceShape hand) { return piece.Kind.Shape == hand && !piece.Banked; }
+
+bool IsStraight(const CatalogueEntry& piece) { return piece.IsStraight(); }
+bool IsLeftCurve(const CatalogueEntry& piece) { return IsCurve(piece, PieceShape::LeftCurve); }
+bool IsRightCurve(const CatalogueEntry& piece) { return IsCurve(piece, PieceShape::RightCurve); }
+bool IsBanked(const CatalogueEntry& piece) { return piece.Banked; }
+
 QString CaptionOf(const QWidget& button) { return Shown(PieceCaption(TagOf(button))); }
 
 } // namespace
 
-PiecePalette::PiecePalette(Workbench& workbench, CommandControls& controls)
-    : workbench_(workbench), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new QPushButton),
-      cmdSeeRemaining_(new QPushButton("See re&maining")), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
-                                                                      {TrackSystem::Ninco, NewKeyField(this)}} {
+/// A frame of piece buttons and the basic pieces that stand in it.
+struct PieceFrame {
+    const char* Name;
+    const char* Title;
+    TrackSystem System;
+    int Columns;
+    bool (*Holds)(const CatalogueEntry&);
+};
+
+namespace {
+
+constexpr auto Scx = TrackSystem::Scalextric;
+constexpr auto Nin = TrackSystem::Ninco;
+constexpr PieceFrame Straights{"fraStraights", "Str&aights", Scx, 4, IsStraight};
+constexpr PieceFrame LeftCurves{"fraLeftCurves", "&Left", Scx, 2, IsLeftCurve};
+constexpr PieceFrame RightCurves{"fraRightCurves", "R&ight", Scx, 2, IsRightCurve};
+constexpr PieceFrame BankedCurves{"fraBankedCurves", "&Banked", Scx, 4, IsBanked};
+constexpr PieceFrame NincoStraights{"fraNincoStraights", "Str&aights", Nin, 4, IsStraight};
+constexpr PieceFrame NincoLeftCurves{"fraNincoLeftCurves", "&Left", Nin, 2, IsLeftCurve};
+constexpr PieceFrame NincoRightCurves{"fraNincoRightCurves", "R&ight", Nin, 2, IsRightCurve};
+
+/// From the top down; where there are two, side by side.
+constexpr std::array<std::array<const PieceFrame*, 2>, 5> FrameRows{{{&Straights, nullptr},
+                                                                     {&LeftCurves, &RightCurves},
+                                                                     {&BankedCurves, nullptr},
+                                                                     {&NincoStraights, nullptr},
+                                                                     {&NincoLeftCurves, &NincoRightCurves}}};
+
+std::vector<const CatalogueEntry*> PiecesIn(const PieceFrame& frame, const Catalogue& catalogue) {
+    std::vector<const CatalogueEntry*> pieces;
+    for (const CatalogueEntry& piece : catalogue) {
+        if (piece.IsBasic() && piece.System == frame.System && frame.Holds(piece)) pieces.push_back(&piece);
+    }
+    std::ranges::stable_sort(pieces, {}, &CatalogueEntry::Place);
+    return pieces;
+}
+
+} // namespace
+
+PiecePalette::PiecePalette(Session& session, CommandControls& controls)
+    : session_(session), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new QPushButton),
+      cmdSeeRemaining_(new QPushButton), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
+                                                    {TrackSystem::Ninco, NewKeyField(this)}} {
     column_->setContentsMargins(0, 0, 0, 0);
     controls_.Bind(*cmdInsert_, [this]() -> const Command& { return ModeSwitch(); });
     column_->addWidget(cmdInsert_);
-
-    constexpr auto scalextric = TrackSystem::Scalextric;
-    constexpr auto ninco = TrackSystem::Ninco;
-    column_->addWidget(Frame("fraStraights", "Str&aights", scalextric, 4, {"C160", "C159", "C158", "C157"}));
-    column_->addWidget(
-        PairOfFrames(Frame("fraLeftCurves", "&Left", scalextric, 2, {"C151L", "C154L", "C152L", "C156L", "C153L"}),
-                     Frame("fraRightCurves", "R&ight", scalextric, 2, {"C151R", "C154R", "C152R", "C156R", "C153R"})));
-    column_->addWidget(Frame("fraBankedCurves", "&Banked", scalextric, 4, {"C187L", "C187R"}));
-    column_->addWidget(Frame("fraNincoStraights", "Str&aights", ninco, 4, {"N10102", "N10103", "N10104", "N10110"}));
-    column_->addWidget(
-        PairOfFrames(Frame("fraNincoLeftCurves", "&Left", ninco, 2, {"N10105L", "N10106L", "N10107L", "N10108L"}),
-                     Frame("fraNincoRightCurves", "R&ight", ninco, 2, {"N10105R", "N10106R", "N10107R", "N10108R"})));
-
-    cmdSeeRemaining_->setObjectName("cmdSeeRemaining");
-    cmdSeeRemaining_->setToolTip("Hold to see how many pieces of each shape you have left");
+    for (const auto& [left, right] : FrameRows) {
+        QWidget* const frame = Frame(*left);
+        column_->addWidget(right == nullptr ? frame : PairOfFrames(frame, Frame(*right)));
+    }
+    controls_.Bind(*cmdSeeRemaining_, "see remaining");
     connect(cmdSeeRemaining_, &QPushButton::pressed, this, &PiecePalette::ShowAllRemaining);
     connect(cmdSeeRemaining_, &QPushButton::released, this, &PiecePalette::RestoreCaptions);
     column_->addWidget(cmdSeeRemaining_);
     column_->addStretch();
 }
 
-QWidget* PiecePalette::Frame(const char* name, const QString& title, TrackSystem system, int columns,
-                             std::initializer_list<const char*> codes) {
-    auto* const frame = new QGroupBox(title);
-    frame->setObjectName(name);
-    frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    auto* const grid = new QGridLayout(frame);
+QWidget* PiecePalette::Frame(const PieceFrame& frame) {
+    auto* const group = new QGroupBox(frame.Title);
+    group->setObjectName(frame.Name);
+    group->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    auto* const grid = new QGridLayout(group);
     grid->setContentsMargins(4, 4, 4, 4);
     grid->setSpacing(2);
     int place = 0;
-    for (const char* const code : codes) {
-        keyFields_.at(system)->addButton(AddPieceButton(*frame, code, place / columns, place % columns));
+    for (const CatalogueEntry* const piece : PiecesIn(frame, session_.Catalogue)) {
+        keyFields_.at(frame.System)
+            ->addButton(AddPieceButton(*group, *piece, place / frame.Columns, place % frame.Columns));
         ++place;
     }
-    grid->setColumnStretch(columns, 1);
-    frames_.emplace_back(frame, system);
-    return frame;
+    grid->setColumnStretch(frame.Columns, 1);
+    frames_.emplace_back(group, frame.System);
+    return group;
 }
 
 QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
@@ -77,27 +113,30 @@ QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
     return pair;
 }
 
-QToolButton* PiecePalette::AddPieceButton(QGroupBox& frame, const std::string& code, int row, int column) {
+QToolButton* PiecePalette::AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column) {
     auto* const button = new QToolButton(&frame);
-    controls_.Bind(*button, "add " + code);
+    controls_.Bind(*button, "add " + piece.Code);
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    button->setIcon(PieceIcon(code));
+    button->setIcon(PieceIcon(piece, session_.Catalogue));
     button->setIconSize(QSize(PieceIconSide, PieceIconSide));
     const int captionWidth = button->fontMetrics().horizontalAdvance(WidestCaption);
     button->setFixedWidth(std::max(PieceIconSide, captionWidth) + 2 * ButtonMargin);
     button->setFocusPolicy(Qt::StrongFocus);
-    connect(button, &QToolButton::pressed, this,
-            [this, button] { button->setText(QString::number(RemainingPieces(workbench_.Design, TagOf(*button)))); });
+    connect(button, &QToolButton::pressed, this, [this, button] { ShowNumber(*button, RemainingPieces); });
     connect(button, &QToolButton::released, this, [button] { button->setText(CaptionOf(*button)); });
     static_cast<QGridLayout*>(frame.layout())->addWidget(button, row, column);
     pieces_.push_back(button);
     return button;
 }
 
+void PiecePalette::ShowNumber(QToolButton& button, Count count) {
+    const Project& project = session_.Project;
+    button.setText(QString::number(count(session_.Catalogue, project.Design.Circuit, project.Stock, TagOf(button))));
+}
+
 void PiecePalette::ShowAllRemaining() {
-    for (QToolButton* const button : pieces_) {
-        button->setText(QString::number(OwnedLessUsedPieces(workbench_.Design, TagOf(*button))));
-    }
+    for (QToolButton* const button : pieces_)
+        ShowNumber(*button, OwnedLessUsedPieces);
 }
 
 void PiecePalette::RestoreCaptions() {
@@ -106,12 +145,12 @@ void PiecePalette::RestoreCaptions() {
 }
 
 const Command& PiecePalette::ModeSwitch() const {
-    return *FindCommand(workbench_.Design.InsertMode ? "build" : "insert");
+    return *session_.Commands.Find(session_.Project.EditState.InsertMode ? "build" : "insert");
 }
 
 void PiecePalette::Refresh() {
     for (const auto& [frame, system] : frames_)
-        frame->setVisible(system == workbench_.Design.System);
+        frame->setVisible(system == session_.Project.EditState.System);
     cmdInsert_->setText(Shown(ModeSwitch().Caption));
 }
 

@@ -13,33 +13,36 @@
 
 namespace pistaro {
 
+struct PieceFrame;
+
 class PiecePalette : public QWidget {
 public:
-    PiecePalette(Workbench& workbench, CommandControls& controls);
+    PiecePalette(Session& session, CommandControls& controls);
 
     /// Shows the frames of the track system that is offered and the mode that cmdInsert switches to.
     void Refresh();
 
 private:
-    QWidget* Frame(const char* name, const QString& title, TrackSystem system, int columns,
-                   std::initializer_list<const char*> codes);
+    QWidget* Frame(const PieceFrame& frame);
     QWidget* PairOfFrames(QWidget* left, QWidget* right);
-    QToolButton* AddPieceButton(QGroupBox& frame, const std::string& code, int row, int column);
+    QToolButton* AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column);
 
     /// What cmdInsert does now.
     const Command& ModeSwitch() const;
 
+    using Count = int (*)(const Catalogue&, const Circuit&, const Stock&, std::string_view);
+    void ShowNumber(QToolButton& button, Count count);
     void ShowAllRemaining();
     void RestoreCaptions();
 
-    Workbench& workbench_;
+    Session& session_;
     CommandControls& controls_;
     QVBoxLayout* const column_;
     QPushButton* const cmdInsert_;
     QPushButton* const cmdSeeRemaining_;
     const std::map<TrackSystem, QButtonGroup*> keyFields_;
     std::vector<QToolButton*> pieces_;
-    std::vector<std::pair<QWidget*, TrackSystem>> frames_;
+    std::vector<std::pair<QWidget*, TrackSystem>> frames_; ///< and the pairs of them
 };
 
 } // namespace pistaro

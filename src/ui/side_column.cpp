@@ -1,4 +1,3 @@
-// The width follows content and height.
 #include "ui/side_column.h"
 
 #include <QEvent>

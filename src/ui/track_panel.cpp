@@ -1,12 +1,13 @@
-// The track's controls and its list.
 #include "ui/track_panel.h"
 
 #include "editor/track_editing.h"
 #include "ui/named_controls.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -35,9 +36,9 @@ QString ListLine(int index, const std::string& code) { return QString::number(in
 
 } // namespace
 
-TrackPanel::TrackPanel(Workbench& workbench, CommandControls& controls)
-    : workbench_(workbench), controls_(controls), lstTrack_(new QListWidget), lblselected_(new QLabel),
-      lblElType_(new QLabel), chkNumbers_(new QCheckBox("&Numbers")) {
+TrackPanel::TrackPanel(Session& session, CommandControls& controls)
+    : session_(session), controls_(controls), lstTrack_(new QListWidget), lblselected_(new QLabel),
+      lblElType_(new QLabel) {
     setMinimumWidth(LeastWidth);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -49,12 +50,10 @@ TrackPanel::TrackPanel(Workbench& workbench, CommandControls& controls)
 QWidget* TrackPanel::TrackSelector() {
     auto* const box = new QGroupBox("Track");
     auto* const row = new QHBoxLayout(box);
-    std::size_t place = 0;
     for (const char* const id : {"track 1", "track 2", "track 3", "track all"}) {
         auto* const button = new QRadioButton;
         controls_.Bind(*button, id);
         row->addWidget(button);
-        selectors_[place++] = button;
     }
     return box;
 }
@@ -94,14 +93,16 @@ QWidget* TrackPanel::Elements() {
     lstTrack_->setUniformItemSizes(true);
     connect(lstTrack_, &QListWidget::itemSelectionChanged, this, [this] {
         if (lstTrack_->selectedItems().isEmpty()) return RefreshList(); // Ctrl takes a selection away
-        workbench_.Do([&] { SelectElement(workbench_.Design, lstTrack_->currentRow()); });
+        session_.Do([&] {
+            SelectElement(session_.Project.Design.Circuit, session_.Project.EditState, lstTrack_->currentRow());
+        });
     });
     column->addWidget(lstTrack_, 1);
     lblselected_->setObjectName("lblselected");
     lblselected_->setTextFormat(Qt::PlainText); // a file may hold any text as an element
     lblselected_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblElType_->setObjectName("lblElType");
-    lblElType_->setMinimumWidth(WidestName(*lblElType_, workbench_.Design.Pieces));
+    lblElType_->setMinimumWidth(WidestName(*lblElType_, session_.Catalogue));
     column->addWidget(lblselected_);
     column->addWidget(lblElType_);
     auto* const row = new QHBoxLayout;
@@ -109,26 +110,21 @@ QWidget* TrackPanel::Elements() {
     controls_.Bind(*cmdDelete, "delete");
     row->addWidget(cmdDelete);
     row->addStretch();
-    chkNumbers_->setObjectName("chkNumbers");
-    chkNumbers_->setToolTip("Show each element's number in the drawing");
-    connect(chkNumbers_, &QCheckBox::toggled, this,
-            [this](bool shown) { workbench_.Do([&] { workbench_.Design.ShowNumbers = shown; }); });
-    row->addWidget(chkNumbers_);
+    auto* const chkNumbers = new QCheckBox;
+    controls_.Bind(*chkNumbers, "numbers");
+    row->addWidget(chkNumbers);
     column->addLayout(row);
     return box;
 }
 
 void TrackPanel::Refresh() {
-    selectors_[static_cast<std::size_t>(workbench_.Design.Layout.CurrentTrack)]->setChecked(true);
-    const QSignalBlocker quiet(chkNumbers_);
-    chkNumbers_->setChecked(workbench_.Design.ShowNumbers);
     RefreshList();
     RefreshSelection();
 }
 
 void TrackPanel::RefreshList() {
     const QSignalBlocker quiet(lstTrack_);
-    const Track* const track = workbench_.Design.Layout.Current();
+    const Track* const track = EditedTrack(session_.Project.Design.Circuit, session_.Project.EditState);
     const int count = track == nullptr ? 0 : track->ElementLastIndex() + 1;
     while (lstTrack_->count() > count)
         delete lstTrack_->takeItem(lstTrack_->count() - 1);
@@ -140,18 +136,17 @@ void TrackPanel::RefreshList() {
             lstTrack_->item(index)->setText(line);
         }
     }
-    const int selected = track == nullptr ? -1 : track->CurrentElement;
+    const int selected = session_.Project.EditState.SelectedElement();
     lstTrack_->setCurrentRow(selected);
     if (selected < 0) lstTrack_->clearSelection();
 }
 
 void TrackPanel::RefreshSelection() {
-    const Project& project = workbench_.Design;
-    const std::string code = SelectedCode(project.Layout);
-    const int row = FindRow(project.Pieces, code);
-    lblselected_->setText(code.empty() ? "Nothing selected" : ListLine(project.Layout.Current()->CurrentElement, code));
-    const std::string_view name = row < 0 ? std::string_view() : Entry(project.Pieces, row).LongName;
-    lblElType_->setText(Shown(name));
+    const EditState& edit = session_.Project.EditState;
+    const std::string code = SelectedCode(session_.Project.Design.Circuit, edit);
+    lblselected_->setText(code.empty() ? "Nothing selected" : ListLine(edit.SelectedElement(), code));
+    const CatalogueEntry* const piece = session_.Catalogue.Find(code);
+    lblElType_->setText(piece == nullptr ? QString() : Shown(piece->LongName));
 }
 
 } // namespace pistaro

@@ -3,20 +3,16 @@
 
 #include "ui/command_controls.h"
 
-#include <QCheckBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QRadioButton>
-
-#include <array>
 
 namespace pistaro {
 
 class TrackPanel : public QWidget {
 public:
-    TrackPanel(Workbench& workbench, CommandControls& controls);
+    TrackPanel(Session& session, CommandControls& controls);
 
-    /// Shows the chosen track, its elements and the selected one.
+    /// Shows the elements of the chosen track and the selected one.
     void Refresh();
 
 private:
@@ -26,13 +22,11 @@ private:
     void RefreshList();
     void RefreshSelection();
 
-    Workbench& workbench_;
+    Session& session_;
     CommandControls& controls_;
-    std::array<QRadioButton*, TrackCount + 1> selectors_{}; ///< optTrack 1..3, then optAll
     QListWidget* const lstTrack_;
     QLabel* const lblselected_;
     QLabel* const lblElType_;
-    QCheckBox* const chkNumbers_;
 };
 
 } // namespace pistaro

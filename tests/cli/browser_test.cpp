@@ -1,5 +1,7 @@
-// The guide and the manual in a real browser, without a window: every picture must have loaded.
+// The guide and the manual in a real browser, without a window: every picture must have loaded, every link lead
+// somewhere.
 #include "support/run_program.h"
+#include "support/settings_bytes.h"
 
 #include <gmock/gmock.h>
 
@@ -11,12 +13,16 @@ using testing::HasSubstr;
 
 namespace {
 
-/// Counts a page's pictures when everything is loaded, and tells the names of those that are missing.
+/// Counts a page's pictures when everything is loaded, and tells the names of those that are missing, and the links
+/// that lead to no place of the page.
 constexpr const char* Probe = R"(<script>
 addEventListener("load", () => {
     const pictures = [...document.images];
     const missing = pictures.filter(each => !(each.complete && each.naturalWidth > 0)).map(each => each.getAttribute("src"));
-    document.documentElement.setAttribute("data-probe", "pictures=" + pictures.length + " missing=[" + missing + "]");
+    const links = [...document.links].map(each => each.getAttribute("href"));
+    const broken = links.filter(each => !each.startsWith("#") || document.getElementById(each.slice(1)) === null);
+    document.documentElement.setAttribute("data-probe",
+        "pictures=" + pictures.length + " missing=[" + missing + "] broken=[" + broken + "]");
 });
 </script>
 )";
@@ -43,6 +49,13 @@ protected:
         EXPECT_EQ(program_.Run({"guide", sample, "--out", "."}).ExitStatus, 0);
     }
 
+    /// The manual in a folder where it may be changed.
+    std::filesystem::path ManualCopy() const {
+        auto copy = program_ / "manual";
+        std::filesystem::copy(std::filesystem::path(SOURCE_FOLDER) / "manual", copy);
+        return copy;
+    }
+
     ProgramFolder program_;
 };
 
@@ -50,7 +63,7 @@ protected:
 
 TEST_F(Browser, LoadsEveryPictureOfTheGuide) {
     // The layout and fifteen pieces.
-    EXPECT_THAT(LoadedPage(program_ / "guide.html"), HasSubstr("data-probe=\"pictures=16 missing=[]\""));
+    EXPECT_THAT(LoadedPage(program_ / "guide.html"), HasSubstr("data-probe=\"pictures=16 missing=[] broken=[]\""));
 }
 
 TEST_F(Browser, WouldTellAMissingPictureOfTheGuide) {
@@ -58,14 +71,17 @@ TEST_F(Browser, WouldTellAMissingPictureOfTheGuide) {
     EXPECT_THAT(LoadedPage(program_ / "guide.html"), HasSubstr("missing=[track.gif]"));
 }
 
-TEST_F(Browser, LoadsEveryPictureOfTheManual) {
-    const auto manual = program_ / "manual";
-    std::filesystem::copy(std::filesystem::path(SOURCE_FOLDER) / "manual", manual);
+TEST_F(Browser, LoadsEveryPictureOfTheManualAndFindsThePlacesOfItsLinks) {
+    EXPECT_THAT(LoadedPage(ManualCopy() / "help.html"), HasSubstr("data-probe=\"pictures=46 missing=[] broken=[]\""));
+}
 
-    const std::string page = LoadedPage(manual / "help.html");
+TEST_F(Browser, WouldTellAMissingPictureAndABrokenLinkOfTheManual) {
+    const auto manual = ManualCopy();
+    std::filesystem::remove(manual / "about.png");
+    const auto page = manual / "help.html";
+    WriteBytes(page, Replaced(BytesOf(page), "id=\"menus\"", ""));
 
-    EXPECT_THAT(page, HasSubstr("data-probe=\"pictures="));
-    EXPECT_THAT(page, HasSubstr(" missing=[]\""));
+    EXPECT_THAT(LoadedPage(page), HasSubstr("data-probe=\"pictures=46 missing=[about.png] broken=[#menus]\""));
 }
 
 } // namespace pistaro

@@ -28,7 +28,7 @@ protected:
     }
 
     void Save(const std::string& track1, const std::string& track2, const std::string& track3) const {
-        WriteBytes(Circuit(), CircuitBytes(ProjectOf(track1, track2, track3)));
+        WriteBytes(Circuit(), CircuitBytes(ProjectOf(track1, track2, track3).Design));
     }
 
     /// The user owns one C160, and pays 2.5 for a C151 and .75 for a C160.

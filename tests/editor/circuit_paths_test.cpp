@@ -1,5 +1,5 @@
-// What the path of a circuit file gives: the project's name, and the working directory in the settings file.
-#include "editor/circuit_commands.h"
+// What the path of a circuit file gives: the project's name and the working directory.
+#include "editor/circuit_files.h"
 #include "platform/fault.h"
 #include "support/chain.h"
 #include "support/circuit_text.h"
@@ -11,52 +11,60 @@ namespace pistaro {
 
 namespace {
 
-class WorkingDirectory : public testing::Test {
+class CircuitPaths : public testing::Test {
 protected:
+    CircuitPaths() { project_.Preferences.WorkingDirectory = "/old/"; }
+
     std::string FolderText() const { return (folder_.Path() / "").string(); }
 
     TemporaryFolder folder_;
+    Project project_ = ProjectOf("C160 C160");
 };
 
 } // namespace
 
-TEST_F(WorkingDirectory, OfTheSettingsFileIsRewrittenByALoadAndBySave) {
-    const std::string rest = "[Grid]\r\nType=2\r\nStep=10\r\n";
+TEST_F(CircuitPaths, GiveTheWorkingDirectoryAndTheNameOnLoadAndOnSave) {
     WriteBytes(folder_ / "oval.trk", CircuitText("C160"));
-    WriteBytes(folder_ / "corvel.ini", "first\r\n[Working Directory]\r\n/old/\r\n" + rest);
-    Project project = ProjectOf("");
-    project.SettingsPath = folder_ / "corvel.ini";
+    LoadCircuit(project_, folder_ / "oval.trk");
+    EXPECT_EQ(project_.Preferences.WorkingDirectory, FolderText());
+    EXPECT_EQ(ProjectName(project_.EditState), "oval");
+    EXPECT_EQ(project_.EditState.File, folder_ / "oval.trk");
 
-    LoadCircuit(project, folder_ / "oval.trk");
-    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), "first\r\n[Working Directory]\r\n" + FolderText() + "\r\n" + rest);
     std::filesystem::create_directory(folder_ / "other");
-    SaveCircuit(project, folder_ / "other" / "oval.trk");
+    SaveCircuit(project_, folder_ / "other" / "gap.trk");
 
-    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"),
-              "first\r\n[Working Directory]\r\n" + (folder_ / "other" / "").string() + "\r\n" + rest);
+    EXPECT_EQ(project_.Preferences.WorkingDirectory, (folder_ / "other" / "").string());
+    EXPECT_EQ(ProjectName(project_.EditState), "gap");
 }
 
-TEST_F(WorkingDirectory, IsNotAddedToASettingsFileWithoutItsSection) {
-    const std::string settings = "[Grid]\r\nType=2\r\nStep=10\r\n[working directory]\r\n/old/\r\n";
-    WriteBytes(folder_ / "corvel.ini", settings);
-    Project project = ProjectOf("");
-    project.SettingsPath = folder_ / "corvel.ini";
+TEST_F(CircuitPaths, AreTakenWithoutTheirDetours) {
+    WriteBytes(folder_ / "oval.trk", CircuitText("C160"));
+    std::filesystem::create_directory(folder_ / "other");
 
-    SaveCircuit(project, folder_ / "oval.trk");
+    LoadCircuit(project_, folder_ / "." / "other" / ".." / "oval.trk");
 
-    EXPECT_EQ(BytesOf(folder_ / "corvel.ini"), settings);
-    EXPECT_EQ(project.WorkingDirectory, FolderText());
+    EXPECT_EQ(project_.Preferences.WorkingDirectory, FolderText());
+    EXPECT_EQ(project_.EditState.File, folder_ / "oval.trk");
 }
 
-TEST_F(WorkingDirectory, ThatCannotBeRememberedIsToldWhenTheCircuitIsAlreadySaved) {
-    Project project = ProjectOf("C160");
-    project.DataChanged = true;
-    project.SettingsPath = folder_ / "missing.ini";
+TEST_F(CircuitPaths, OfFilesThatCannotBeReadOrWrittenChangeNothing) {
+    const Project before = project_;
 
-    EXPECT_THROW(SaveCircuit(project, folder_ / "oval.trk"), Fault);
+    EXPECT_THROW(LoadCircuit(project_, folder_ / "missing.trk"), Fault);
+    EXPECT_THROW(SaveCircuit(project_, folder_ / "nofolder" / "x.trk"), Fault);
 
-    EXPECT_EQ(BytesOf(folder_ / "oval.trk"), CircuitText("C160"));
-    EXPECT_FALSE(project.DataChanged);
+    EXPECT_EQ(project_, before);
+}
+
+TEST(UnsavedTracks, AreThoseOfSoManyElementsWhileThereAreChanges) {
+    Project project = ProjectOf("C160", "", "C160 C160");
+    EXPECT_FALSE(HasUnsavedTrack(project, 1));
+
+    project.EditState.DataChanged = true;
+
+    EXPECT_TRUE(HasUnsavedTrack(project, 1));
+    EXPECT_TRUE(HasUnsavedTrack(project, 2));
+    EXPECT_FALSE(HasUnsavedTrack(project, 3));
 }
 
 TEST(PathParts, ArePartedBehindTheLastSeparator) {

@@ -1,4 +1,4 @@
-// Applying and saving colours.
+// Saving colours.
 #include "editor/colour_settings.h"
 
 #include "platform/fault.h"
@@ -12,29 +12,21 @@ constexpr ColourScheme Chosen{
 
 class ColourSettings : public SettingsOnDisk {};
 
-TEST_F(ColourSettings, AppliedChangeTheDrawingButNotTheFile) {
-    ApplyColours(project_, Chosen);
-    EXPECT_EQ(project_.Colours.Rail, 0);
-    EXPECT_EQ(project_.Colours.Active, -2147483643);
-    EXPECT_EQ(OnDisk(), WholeSettings());
-    EXPECT_FALSE(project_.DataChanged);
-}
-
 TEST_F(ColourSettings, SavedWithoutApplyingChangeTheFileButNotTheDrawing) {
-    SaveColours(project_, Chosen, prompts_);
+    SaveColours(Pieces(), file_, Chosen, prompts_);
 
     EXPECT_EQ(OnDisk(),
               Replaced(WholeSettings(), "Background=1\r\nInactive=2\r\nRail=3\r\nNonOwned=4\r\nOwned=5\r\nActive=6\r\n",
                        "Background=16777215\r\nInactive=8421504\r\nRail=0\r\nNonOwned=255\r\nOwned=16711680\r\n"
                        "Active=-2147483643\r\n"));
     EXPECT_EQ(prompts_.Told, saved_);
-    EXPECT_EQ(project_.Colours.Rail, 3);
+    EXPECT_EQ(project_.Preferences.Colours.Rail, 3);
 }
 
 TEST_F(ColourSettings, SavedIntoAFileWithoutTheirSectionWriteNothingButSaySo) {
     Start("[Grid]\r\nType=1\r\nStep=5\r\n");
 
-    SaveColours(project_, Chosen, prompts_);
+    SaveColours(Pieces(), file_, Chosen, prompts_);
 
     EXPECT_EQ(OnDisk(), "[Grid]\r\nType=1\r\nStep=5\r\n");
     EXPECT_EQ(prompts_.Told, saved_);
@@ -44,7 +36,7 @@ TEST_F(ColourSettings, SavedReplaceSixLinesWhateverTheirKeysAndCopyTheRestByteFo
     Start(
         "; \xC4\x80\n[Colors]\na=1234567890\nInactive=2\nrail=3\nNONOWNED=4\nowned=5\nActive=6\n\n[My own]\ntext=\xE9");
 
-    SaveColours(project_, Chosen, prompts_);
+    SaveColours(Pieces(), file_, Chosen, prompts_);
 
     EXPECT_EQ(OnDisk(),
               "; \xC4\x80\r\n[Colors]\r\nBackground=16777215\r\nInactive=8421504\r\nRail=0\r\nNonOwned=255\r\n"
@@ -54,7 +46,7 @@ TEST_F(ColourSettings, SavedReplaceSixLinesWhateverTheirKeysAndCopyTheRestByteFo
 TEST_F(ColourSettings, SavedIntoAFileThatEndsInsideTheirSectionLeaveItAlone) {
     const std::string broken = "[Colors]\r\nBackground=1\r\n";
     WriteBytes(file_, broken);
-    EXPECT_THROW(SaveColours(project_, Chosen, prompts_), Fault);
+    EXPECT_THROW(SaveColours(Pieces(), file_, Chosen, prompts_), Fault);
     EXPECT_EQ(OnDisk(), broken);
 }
 

@@ -16,7 +16,7 @@ using testing::IsEmpty;
 class DrawArea : public SettingsOnDisk {
 protected:
     bool Apply(DrawAreaFields fields) { return ApplyDrawArea(project_, fields, prompts_); }
-    bool Save(DrawAreaFields fields) { return SaveDrawArea(project_, fields, prompts_); }
+    bool Save(DrawAreaFields fields) { return SaveDrawArea(Pieces(), project_, file_, fields, prompts_); }
 
     /// The text that Apply refuses the fields with.
     std::string Illegal(const DrawAreaFields& fields) {
@@ -24,22 +24,22 @@ protected:
         EXPECT_FALSE(Apply(fields));
         EXPECT_EQ(prompts_.Told.size(), 1U);
         EXPECT_EQ(prompts_.Told.front().MessageIcon, Icon::Exclamation);
-        EXPECT_FALSE(project_.DataChanged);
+        EXPECT_FALSE(project_.EditState.DataChanged);
         return prompts_.Told.front().Text;
     }
 
-    DrawAreaFields fields_ = OpenDrawArea(project_);
+    DrawAreaFields fields_ = OpenDrawArea(project_.Design, project_.Preferences);
 };
 
 TEST_F(DrawArea, OpensWithTheProjectsValues) {
-    project_.View.HMov = {-60, 140, 7};
-    project_.View.VMov = {-130, 70, 9};
-    project_.View.Width = 150;
-    project_.Room = {{{10, 20, 1}}, 0.7853982F};
-    project_.Grid = {1, 25};
-    project_.DisplayUnits = {true, "US $"};
+    project_.Design.View.HMov = {-60, 140, 7};
+    project_.Design.View.VMov = {-130, 70, 9};
+    project_.Design.View.Width = 150;
+    project_.Design.Room = {{{10, 20, 1}}, 0.7853982F};
+    project_.Preferences.Grid = {1, 25};
+    project_.Preferences.DisplayUnits = {true, "US $"};
 
-    const DrawAreaFields fields = OpenDrawArea(project_);
+    const DrawAreaFields fields = OpenDrawArea(project_.Design, project_.Preferences);
 
     EXPECT_EQ(fields.CentreX, "40");
     EXPECT_EQ(fields.CentreY, "-30");
@@ -75,7 +75,7 @@ TEST_F(DrawArea, AcceptsACentreAtTheMaximumWidthAndRefusesOneMore) {
     fields_.MaxWidth = "55";
     fields_.CentreX = "55";
     EXPECT_TRUE(Apply(fields_));
-    project_.DataChanged = false;
+    project_.EditState.DataChanged = false;
 
     fields_.CentreX = "56";
     EXPECT_EQ(Illegal(fields_), "Illegal Centre X Setting!");
@@ -113,11 +113,11 @@ TEST_F(DrawArea, AppliesEveryFieldToTheCircuit) {
     fields_.Grid = 1;
     fields_.Inches = true;
     fields_.Currency = "GBP";
-    fields_.Room.Points = {{0, 0, 0}, {5, 5, 1}};
+    fields_.Room = OpenRoomPoints({{0, 0, 0}, {5, 5, 1}});
 
     EXPECT_TRUE(Apply(fields_));
 
-    const ViewSettings& view = project_.View;
+    const ViewSettings& view = project_.Design.View;
     EXPECT_EQ(view.MidX, 40);
     EXPECT_EQ(view.MidY, -30);
     EXPECT_EQ(view.Width, 150);
@@ -128,13 +128,13 @@ TEST_F(DrawArea, AppliesEveryFieldToTheCircuit) {
     EXPECT_EQ(view.VMov.Minimum, -130);
     EXPECT_EQ(view.VMov.Maximum, 70);
     EXPECT_EQ(view.VMov.Value, -30);
-    EXPECT_EQ(project_.Grid.Type, 1);
-    EXPECT_EQ(project_.Grid.Step, 4);
-    EXPECT_TRUE(project_.DisplayUnits.Inches);
-    EXPECT_EQ(project_.DisplayUnits.UnitFactor(), 2.5399957F);
-    EXPECT_EQ(project_.DisplayUnits.Currency, "GBP");
-    EXPECT_THAT(project_.Room.Points, ElementsAre(RoomPoint{0, 0, 0}, RoomPoint{5, 5, 1}));
-    EXPECT_TRUE(project_.DataChanged);
+    EXPECT_EQ(project_.Preferences.Grid.Type, 1);
+    EXPECT_EQ(project_.Preferences.Grid.Step, 4);
+    EXPECT_TRUE(project_.Preferences.DisplayUnits.Inches);
+    EXPECT_EQ(project_.Preferences.DisplayUnits.UnitFactor(), 2.5399957F);
+    EXPECT_EQ(project_.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{0, 0, 0}, RoomPoint{5, 5, 1}));
+    EXPECT_TRUE(project_.EditState.DataChanged);
     EXPECT_THAT(prompts_.Told, IsEmpty());
     EXPECT_EQ(OnDisk(), WholeSettings());
 }
@@ -143,7 +143,7 @@ TEST_F(DrawArea, SnapsARoomAngleOfFiftyDegreesToFortyFive) {
     fields_.RoomAngle = "50";
     EXPECT_TRUE(ApplyDrawArea(project_, fields_, prompts_));
     EXPECT_EQ(fields_.RoomAngle, "45");
-    EXPECT_EQ(project_.Room.Angle, 0.78539809F);
+    EXPECT_EQ(project_.Design.Room.Angle, 0.78539809F);
 }
 
 TEST_F(DrawArea, CutsTheRoomAngleToWholeDegreesBeforeItSnapsIt) {
@@ -157,8 +157,8 @@ TEST_F(DrawArea, CutsTheRoomAngleToWholeDegreesBeforeItSnapsIt) {
 }
 
 TEST_F(DrawArea, ShowsARightAngleThatCameFromAFileAsNinetyDegrees) {
-    project_.Room.Angle = 1.570796F; // the seven digits that the files keep of it
-    EXPECT_EQ(OpenDrawArea(project_).RoomAngle, "90");
+    project_.Design.Room.Angle = 1.570796F; // the seven digits that the files keep of it
+    EXPECT_EQ(OpenDrawArea(project_.Design, project_.Preferences).RoomAngle, "90");
 }
 
 TEST_F(DrawArea, LabelFollowsTheWindowAndTheUnits) {
@@ -179,7 +179,7 @@ TEST_F(DrawArea, SaveWritesItsFourSectionsAndAppliesThem) {
     fields_.Grid = 1;
     fields_.Inches = true;
     fields_.Currency = "\xE2\x82\xAC";
-    fields_.Room.Points = {{0, 0, 0}, {300, -5, 1}};
+    fields_.Room = OpenRoomPoints({{0, 0, 0}, {300, -5, 1}});
 
     EXPECT_TRUE(Save(fields_));
 
@@ -194,12 +194,12 @@ TEST_F(DrawArea, SaveWritesItsFourSectionsAndAppliesThem) {
                         ".7853981\r\n0\r\n");
     EXPECT_EQ(OnDisk(), expected);
     EXPECT_EQ(prompts_.Told, saved_);
-    EXPECT_EQ(project_.View.MidX, -40);
-    EXPECT_TRUE(project_.DataChanged);
+    EXPECT_EQ(project_.Design.View.MidX, -40);
+    EXPECT_TRUE(project_.EditState.DataChanged);
 }
 
 TEST_F(DrawArea, TwoSavesLeaveTwoStrayAngleLinesBehindTheRoom) {
-    fields_.Room.Points = {{1, 2, 1}};
+    fields_.Room = OpenRoomPoints({{1, 2, 1}});
     fields_.RoomAngle = "45";
     Save(fields_);
     fields_.RoomAngle = "90";
@@ -207,14 +207,14 @@ TEST_F(DrawArea, TwoSavesLeaveTwoStrayAngleLinesBehindTheRoom) {
 
     EXPECT_THAT(OnDisk(), HasSubstr("[Room]\r\n 1 \r\n         1         2    1\r\n1.570796\r\n.7853981\r\n0\r\n"
                                     "[My Loose Track]\r\n"));
-    const Settings read = ReadSettings(file_);
+    const Settings read = ReadSettings(Pieces(), file_);
     EXPECT_THAT(read.Room.Points, ElementsAre(RoomPoint{1, 2, 1}));
     EXPECT_EQ(read.Room.Angle, 1.570796F);
 }
 
 TEST_F(DrawArea, SaveAddsNoSectionThatTheFileLacks) {
     Start("[Grid]\nkind=0\nwide=3\n[Other]\nnote=\xE9\xFF");
-    fields_ = OpenDrawArea(project_);
+    fields_ = OpenDrawArea(project_.Design, project_.Preferences);
 
     EXPECT_TRUE(Save(fields_));
 
@@ -236,8 +236,8 @@ TEST_F(DrawArea, RefusesWhatNoSettingsFileCouldHoldAndChangesNothing) {
         fields.*field = text;
         EXPECT_THROW(Save(fields), Fault) << text;
         EXPECT_EQ(OnDisk(), WholeSettings());
-        EXPECT_EQ(project_.View.MWid, 160);
-        EXPECT_FALSE(project_.DataChanged);
+        EXPECT_EQ(project_.Design.View.MWid, 160);
+        EXPECT_FALSE(project_.EditState.DataChanged);
         EXPECT_THAT(prompts_.Told, IsEmpty());
     };
     refuses(&DrawAreaFields::Step, "32768");
@@ -250,18 +250,74 @@ TEST_F(DrawArea, RefusesWhatNoSettingsFileCouldHoldAndChangesNothing) {
     refuses(&DrawAreaFields::Currency, "EUR\r\n[Grid]");
 }
 
+TEST_F(DrawArea, AsksAboutCoordinatesThatWereTypedButNotAdded) {
+    fields_.Room = OpenRoomPoints({{1, 2, 0}});
+    ScrollToPoint(fields_.Room, 2);
+    fields_.Room.Entry.X = "300";
+    const Project before = project_;
+    prompts_.Answers = {Answer::Cancel, Answer::Cancel};
+
+    EXPECT_FALSE(Apply(fields_));
+    EXPECT_FALSE(Save(fields_));
+
+    ASSERT_EQ(prompts_.Asked.size(), 2U);
+    EXPECT_EQ(prompts_.Asked[0].Text,
+              "The coordinates of room point 2 were typed but not added. Press OK to go on without "
+              "them, or Cancel to go back.");
+    EXPECT_EQ(prompts_.Asked[0].Choices, Buttons::OkCancel);
+    EXPECT_EQ(prompts_.Asked[1].Text, prompts_.Asked[0].Text);
+    EXPECT_EQ(project_, before);
+    EXPECT_EQ(OnDisk(), WholeSettings());
+    EXPECT_THAT(prompts_.Told, IsEmpty());
+    EXPECT_EQ(fields_.Room.Entry.X, "300");
+}
+
+TEST_F(DrawArea, GoesOnWithoutTheTypedCoordinatesAfterOk) {
+    fields_.Room = OpenRoomPoints({{1, 2, 0}, {3, 4, 1}});
+    fields_.Room.Entry = {"9", "9", true};
+    prompts_.Answers = {Answer::Ok, Answer::Ok};
+
+    EXPECT_TRUE(Apply(fields_));
+    EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{1, 2, 0}, RoomPoint{3, 4, 1}));
+    EXPECT_TRUE(Save(fields_));
+
+    EXPECT_EQ(prompts_.Asked.size(), 2U);
+    EXPECT_THAT(OnDisk(), HasSubstr("[Room]\r\n 2 \r\n         1         2    0\r\n         3         4    1\r\n"));
+    EXPECT_EQ(prompts_.Told, saved_);
+}
+
+TEST_F(DrawArea, AsksNothingWhenWhatWasTypedIsAdded) {
+    fields_.Room.Entry = {"300", "0", true};
+    AddPoint(fields_.Room, prompts_);
+
+    EXPECT_TRUE(Apply(fields_));
+
+    EXPECT_THAT(prompts_.Asked, IsEmpty());
+    EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{300, 0, 1}));
+}
+
+TEST_F(DrawArea, SaveGivesLaterNewDesignsTheMaxWidthAndApplyDoesNot) {
+    fields_.MaxWidth = "55";
+    EXPECT_TRUE(Apply(fields_));
+    EXPECT_EQ(project_.Preferences.MWid, 160);
+
+    EXPECT_TRUE(Save(fields_));
+
+    EXPECT_EQ(project_.Preferences.MWid, 55);
+}
+
 TEST_F(DrawArea, SaveWithoutASettingsFileChangesNothing) {
-    project_.SettingsPath.clear();
+    file_.clear();
     fields_.CentreX = "5";
     EXPECT_THROW(Save(fields_), Fault);
-    EXPECT_EQ(project_.View.MidX, 0);
-    EXPECT_FALSE(project_.DataChanged);
+    EXPECT_EQ(project_.Design.View.MidX, 0);
+    EXPECT_FALSE(project_.EditState.DataChanged);
 }
 
 TEST_F(DrawArea, KeepsAGridTypeThatNoButtonStandsFor) {
-    project_.Grid.Type = 7;
-    EXPECT_TRUE(Apply(OpenDrawArea(project_)));
-    EXPECT_EQ(project_.Grid.Type, 7);
+    project_.Preferences.Grid.Type = 7;
+    EXPECT_TRUE(Apply(OpenDrawArea(project_.Design, project_.Preferences)));
+    EXPECT_EQ(project_.Preferences.Grid.Type, 7);
 }
 
 TEST_F(DrawArea, ExplainsItselfFromTheContentsToTheButtons) {

@@ -12,18 +12,22 @@ namespace pistaro {
 
 namespace {
 
-int SelectedAfterClick(Project& project, WorldPoint click) {
-    SelectNearestElement(project, click);
-    return project.Layout.Tracks[static_cast<std::size_t>(project.Layout.CurrentTrack)].CurrentElement;
+void Click(Project& project, WorldPoint point) {
+    SelectNearestElement(Pieces(), project.Design.Circuit, project.EditState, point);
+}
+
+int SelectedAfterClick(Project& project, WorldPoint point) {
+    Click(project, point);
+    return project.EditState.SelectedElement();
 }
 
 /// The system offered after a click on the last label of a straight track, `labelY` cm up.
 TrackSystem SystemAfterClick(const char* codes, TrackSystem offered, float labelY) {
     Project project = ProjectOf(codes);
-    project.System = offered;
-    SelectNearestElement(project, {2.75F, labelY});
-    EXPECT_EQ(project.Layout.Tracks[0].CurrentElement, project.Layout.Tracks[0].ElementLastIndex());
-    return project.System;
+    project.EditState.System = offered;
+    Click(project, {2.75F, labelY});
+    EXPECT_EQ(project.EditState.CurrentElement[0], project.Design.Circuit.Tracks[0].ElementLastIndex());
+    return project.EditState.System;
 }
 
 constexpr auto Scalextric = TrackSystem::Scalextric;
@@ -51,10 +55,10 @@ TEST(MouseSelection, SelectsOnTheChosenTrackOnly) {
     Project project = ProjectOf("C160", "C160 C160");
     Press(project, "track 2");
 
-    SelectNearestElement(project, {2.75F, 56});
+    Click(project, {2.75F, 56});
 
-    EXPECT_EQ(project.Layout.Tracks[0].CurrentElement, -1);
-    EXPECT_EQ(project.Layout.Tracks[1].CurrentElement, 1);
+    EXPECT_EQ(project.EditState.CurrentElement[0], -1);
+    EXPECT_EQ(project.EditState.CurrentElement[1], 1);
 }
 
 TEST(MouseSelection, WithAllTracksChosenChangesNothing) {
@@ -62,7 +66,7 @@ TEST(MouseSelection, WithAllTracksChosenChangesNothing) {
     Press(project, "track all");
     const std::string before = Snapshot(project);
 
-    SelectNearestElement(project, {0, 0});
+    Click(project, {0, 0});
 
     EXPECT_EQ(Snapshot(project), before);
 }
@@ -71,7 +75,7 @@ TEST(MouseSelection, OnAnEmptyTrackChangesNothing) {
     Project project = ProjectOf("", "C160");
     const std::string before = Snapshot(project);
 
-    SelectNearestElement(project, {0, 0});
+    Click(project, {0, 0});
 
     EXPECT_EQ(Snapshot(project), before);
 }
@@ -81,15 +85,15 @@ TEST(MouseSelection, OnAOneElementTrackSelectsItAndKeepsTheSystem) {
 
     EXPECT_EQ(SelectedAfterClick(project, {500, -500}), 0);
 
-    EXPECT_EQ(project.System, Scalextric);
+    EXPECT_EQ(project.EditState.System, Scalextric);
 }
 
 TEST(MouseSelection, ChangesNoData) {
     Project project = ProjectOf("C160 C160");
 
-    SelectNearestElement(project, {0, 0});
+    Click(project, {0, 0});
 
-    EXPECT_FALSE(project.DataChanged);
+    EXPECT_FALSE(project.EditState.DataChanged);
 }
 
 TEST(MouseSelection, OffersTheSystemOfTheElementBefore) {
@@ -123,7 +127,7 @@ TEST(MouseSelection, ATrackOf201ElementsCanBeClickedAndALongerOneIsAnErrorThatCh
     Add(project, "C160");
     const std::string before = Snapshot(project);
 
-    EXPECT_THROW(SelectNearestElement(project, {0, 0}), Fault);
+    EXPECT_THROW(Click(project, {0, 0}), Fault);
     EXPECT_EQ(Snapshot(project), before);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "support/fault_of.h"
 #include "support/settings_on_disk.h"
+#include "support/stock.h"
 
 #include <gmock/gmock.h>
 
@@ -13,12 +14,13 @@
 namespace pistaro {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
 class OwnedTrack : public SettingsOnDisk {
 protected:
-    OwnedTrack() { EXPECT_TRUE(FillStockBoxes(project_, boxes_)); }
+    OwnedTrack() { EXPECT_TRUE(FillStockBoxes(Pieces(), project_.Stock, boxes_)); }
 
     void Type(const std::string& product, const std::string& owned, const std::string& price) {
         StockBox& box = Box(product);
@@ -28,13 +30,11 @@ protected:
 
     StockBox& Box(const std::string& product) { return *std::ranges::find(boxes_, product, &StockBox::Tag); }
 
-    const CatalogueEntry& Row(const std::string& code) const {
-        return Entry(project_.Pieces, FindRow(project_.Pieces, code));
-    }
+    ProductStock Row(const std::string& code) const { return project_.Stock[Pieces().FindRow(code)]; }
 
     /// The text with which saving these boxes is refused, file and catalogue being as before.
     std::string Refusal() {
-        const std::string text = FaultOf([&] { SaveOwnedTrack(project_, boxes_, prompts_); });
+        const std::string text = FaultOf([&] { SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_); });
         EXPECT_EQ(OnDisk(), WholeSettings());
         EXPECT_EQ(Row("C151L").OwnedCount, 0);
         EXPECT_EQ(Row("C151L").Price, 0);
@@ -42,7 +42,7 @@ protected:
         return text;
     }
 
-    StockBoxes boxes_ = EmptyStockBoxes();
+    StockBoxes boxes_ = EmptyStockBoxes(Pieces());
 };
 
 TEST_F(OwnedTrack, HasABoxForEachOfTheTwentyEightProducts) {
@@ -50,27 +50,38 @@ TEST_F(OwnedTrack, HasABoxForEachOfTheTwentyEightProducts) {
     for (const StockBox& box : boxes_)
         tags.insert(box.Tag);
     std::set<std::string> products;
-    for (int row = 0; row < CatalogueCount; ++row) {
-        if (IsHeadRow(project_.Pieces, row)) products.emplace(ProductCode(Entry(project_.Pieces, row).Code));
+    for (int row = 0; row < Pieces().Count(); ++row) {
+        if (Pieces().IsHeadRow(row)) products.emplace(ProductCode(Pieces()[row].Code));
     }
     EXPECT_EQ(tags.size(), 28U);
     EXPECT_EQ(tags, products);
 }
 
 TEST_F(OwnedTrack, StandsInFourFramesWithTwentyEightProducts) {
-    int products = 0;
-    for (const StockFrame& frame : StockFrames)
-        products += frame.Products;
-    EXPECT_EQ(StockFrames.size(), 4U);
-    EXPECT_EQ(products, 28);
+    std::vector<std::string> frames;
+    std::string caption;
+    for (const StockBox& box : boxes_) {
+        if (caption != CaptionOf(box.Frame)) frames.push_back((caption = CaptionOf(box.Frame)) + ":");
+        frames.back() += " " + box.Tag;
+    }
+
+    EXPECT_THAT(frames, ElementsAre("Scalextric Straights: C160 C159 C158 C157",
+                                    "Scalextric Curves: C151 C154 C152 C156 C153 C187",
+                                    "Scalextric Specialist Track: C164 C248 C277 C367 C8005 C8006 C8007 C8009 C8010",
+                                    "Ninco Track: N10102 N10103 N10104 N10105 N10106 N10107 N10108 N10110 N10111"));
+}
+
+TEST_F(OwnedTrack, CallsProductsByNamesOfItsOwn) {
+    EXPECT_EQ(Box("C151").Name, "standard curve 45");
+    EXPECT_EQ(Box("C8010").Name, "curved chicane ext.");
+    EXPECT_EQ(Box("N10106").Name, "inner curve");
+    EXPECT_EQ(Box("N10110").Name, "converter to Ninco");
 }
 
 TEST_F(OwnedTrack, OpensWithCountsAsDigitsAndPricesInTheShortestForm) {
-    CatalogueEntry& leftHand = Entry(project_.Pieces, FindRow(project_.Pieces, "C8010L"));
-    leftHand.OwnedCount = 12;
-    leftHand.Price = 0.5F;
+    SetStock(project_, "C8010L", 12, 0.5F);
 
-    EXPECT_TRUE(FillStockBoxes(project_, boxes_));
+    EXPECT_TRUE(FillStockBoxes(Pieces(), project_.Stock, boxes_));
 
     EXPECT_EQ(Box("C8010").Owned, "12");
     EXPECT_EQ(Box("C8010").Price, ".5");
@@ -80,13 +91,13 @@ TEST_F(OwnedTrack, OpensWithCountsAsDigitsAndPricesInTheShortestForm) {
 
 TEST_F(OwnedTrack, KnowsNoBoxOfAnUnknownProduct) {
     boxes_[3].Tag = "C999";
-    EXPECT_FALSE(FillStockBoxes(project_, boxes_));
+    EXPECT_FALSE(FillStockBoxes(Pieces(), project_.Stock, boxes_));
 }
 
 TEST_F(OwnedTrack, SavesSevenTypedAsZeroSevenAndTwoAndAHalfTypedWithATrailingZero) {
     Type("C151", "07", "2.50");
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
     EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[My Loose Track]", {"C151=7"})));
     EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[Best Prices]", {"C151=2.5"})));
@@ -98,7 +109,7 @@ TEST_F(OwnedTrack, TakesCountsAndPricesAsTheyAreReadBack) {
     Type("C8010", "3", "4");
     Type("N10111", "9", "9");
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
     EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[My Loose Track]", {"C151=2.5", "C8010=3", "N10111=9"})));
     EXPECT_EQ(Row("C151L").OwnedCount, 2);
@@ -112,7 +123,7 @@ TEST_F(OwnedTrack, WritesALargePriceAsTheShortestTextOfADouble) {
     Type("C151", "1", "12345678.5");
     Type("C160", "1", "1e15");
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
     EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[Best Prices]", {"C151=12345678.5", "C160=1E+15"})));
 }
@@ -120,38 +131,38 @@ TEST_F(OwnedTrack, WritesALargePriceAsTheShortestTextOfADouble) {
 TEST_F(OwnedTrack, KeepsThePricesBehindAnIncompleteSectionOfOwnedTrack) {
     const std::string grid = "[Grid]\r\nType=1\r\nStep=2\r\n";
     Start("[My Loose Track]\r\nC151=1\r\nC152=2\r\n\r\n" + ProductLines("[Best Prices]") + grid);
-    FillStockBoxes(project_, boxes_);
+    FillStockBoxes(Pieces(), project_.Stock, boxes_);
     Type("C160", "5", "8");
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
     EXPECT_EQ(OnDisk(), SavedProductLines("[My Loose Track]", {"C151=1", "C152=2", "C160=5"}) +
                             SavedProductLines("[Best Prices]", {"C160=8"}) + grid);
 }
 
 TEST_F(OwnedTrack, TakesNothingElseFromTheFileThatItReadsAgain) {
-    project_.View.MidX = 77;
-    project_.Colours.Rail = 99;
-    project_.DisplayUnits.Currency = "GBP";
-    project_.Grid.Step = 3;
-    project_.Room.Points = {{1, 1, 1}};
-    project_.WorkingDirectory = "/elsewhere/";
+    project_.Design.View.MidX = 77;
+    project_.Preferences.Colours.Rail = 99;
+    project_.Preferences.DisplayUnits.Currency = "GBP";
+    project_.Preferences.Grid.Step = 3;
+    project_.Design.Room.Points = {{1, 1, 1}};
+    project_.Preferences.WorkingDirectory = "/elsewhere/";
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
-    EXPECT_EQ(project_.View.MidX, 77);
-    EXPECT_EQ(project_.Colours.Rail, 99);
-    EXPECT_EQ(project_.DisplayUnits.Currency, "GBP");
-    EXPECT_EQ(project_.Grid.Step, 3);
-    EXPECT_EQ(project_.Room.Points.size(), 1U);
-    EXPECT_EQ(project_.WorkingDirectory, "/elsewhere/");
+    EXPECT_EQ(project_.Design.View.MidX, 77);
+    EXPECT_EQ(project_.Preferences.Colours.Rail, 99);
+    EXPECT_EQ(project_.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_EQ(project_.Preferences.Grid.Step, 3);
+    EXPECT_EQ(project_.Design.Room.Points.size(), 1U);
+    EXPECT_EQ(project_.Preferences.WorkingDirectory, "/elsewhere/");
 }
 
 TEST_F(OwnedTrack, KeepsTheTwentyNinthLineOfASectionBehindTheTwentyNineNewOnes) {
     Start(SavedProductLines("[My Loose Track]", {"N10111=4"}) + "[Grid]\r\nType=1\r\nStep=2\r\n");
     Type("C160", "5", "0");
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
     EXPECT_EQ(OnDisk(),
               SavedProductLines("[My Loose Track]", {"C160=5"}) + "N10111=4\r\n[Grid]\r\nType=1\r\nStep=2\r\n");
@@ -159,11 +170,11 @@ TEST_F(OwnedTrack, KeepsTheTwentyNinthLineOfASectionBehindTheTwentyNineNewOnes) 
 
 TEST_F(OwnedTrack, LeavesValuesOfAMissingSectionAsTheyWere) {
     Start(ProductLines("[My Loose Track]"));
-    Entry(project_.Pieces, FindRow(project_.Pieces, "C160")).Price = 6;
-    FillStockBoxes(project_, boxes_);
+    SetStock(project_, "C160", 0, 6);
+    FillStockBoxes(Pieces(), project_.Stock, boxes_);
     Type("C160", "5", "8");
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
     EXPECT_EQ(OnDisk(), SavedProductLines("[My Loose Track]", {"C160=5"}));
     EXPECT_EQ(Row("C160").OwnedCount, 5);
@@ -176,7 +187,7 @@ TEST_F(OwnedTrack, WritesIntoAFileWithLfLineEndsSectionsInAnyOrderAndOtherKeys) 
         lines += "x=1\n";
     WriteBytes(file_, "[Best Prices]\n" + lines + "[Own]\n\xA4\n[My Loose Track]\n" + lines + "last");
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
     EXPECT_EQ(OnDisk(), SavedProductLines("[Best Prices]", {}) + "[Own]\r\n\xA4\r\n" +
                             SavedProductLines("[My Loose Track]", {}) + "last\r\n");
@@ -203,7 +214,7 @@ TEST_F(OwnedTrack, RefusesNumbersThatCouldNotBeReadAgain) {
 TEST_F(OwnedTrack, WritesNothingIntoAFileThatCouldNotBeReadAgain) {
     const std::string broken = Replaced(WholeSettings(), "Step=10", "Step=99999");
     WriteBytes(file_, broken);
-    EXPECT_THROW(SaveOwnedTrack(project_, boxes_, prompts_), Fault);
+    EXPECT_THROW(SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_), Fault);
     EXPECT_EQ(OnDisk(), broken);
 }
 
@@ -213,10 +224,10 @@ TEST_F(OwnedTrack, ReadsBackEveryCountAndPriceThatItSaves) {
         boxes_[box].Price = std::to_string(box) + ".25";
     }
 
-    SaveOwnedTrack(project_, boxes_, prompts_);
+    SaveOwnedTrack(Pieces(), file_, project_.Stock, boxes_, prompts_);
 
-    StockBoxes again = EmptyStockBoxes();
-    FillStockBoxes(project_, again);
+    StockBoxes again = EmptyStockBoxes(Pieces());
+    FillStockBoxes(Pieces(), project_.Stock, again);
     EXPECT_EQ(again[0].Price, ".25");
     for (std::size_t box = 0; box + 1 < boxes_.size(); ++box) { // all but N10111, the last
         EXPECT_EQ(again[box].Owned, std::to_string(box + 1));

@@ -73,8 +73,51 @@ TEST_F(TheRoomPoints, TakeAChangedPointInItsPlaceAndScrollOn) {
 
     EXPECT_THAT(room_.Points, ElementsAre(A, RoomPoint{310, 5, 1}, C));
     EXPECT_EQ(room_.Number, 3);
-    EXPECT_EQ(room_.Entry.X, "");
-    EXPECT_EQ(room_.Entry.Y, "");
+    EXPECT_EQ(room_.Entry.X, "300");
+    EXPECT_EQ(room_.Entry.Y, "200");
+    EXPECT_TRUE(room_.Entry.Line);
+}
+
+TEST_F(TheRoomPoints, AreLeftAsTheyAreByAddingWhatTheyShow) {
+    for (int number = 1; number <= 3; ++number)
+        AddPoint(room_, prompts_);
+
+    EXPECT_THAT(room_.Points, ElementsAre(A, B, C));
+    EXPECT_EQ(room_.Number, 4);
+}
+
+TEST_F(TheRoomPoints, HoldNothingTypedWhileTheFieldsShowAPoint) {
+    EXPECT_FALSE(HasTypedPoint(room_));
+    for (int number = 1; number <= 4; ++number) {
+        ScrollToPoint(room_, number);
+        EXPECT_FALSE(HasTypedPoint(room_)) << number;
+    }
+    EXPECT_FALSE(HasTypedPoint(OpenRoomPoints({})));
+}
+
+TEST_F(TheRoomPoints, HoldATypedPointUntilItIsAddedOrScrolledAwayFrom) {
+    room_.Entry.Y = "7";
+    EXPECT_TRUE(HasTypedPoint(room_));
+    ScrollToPoint(room_, 4);
+    EXPECT_FALSE(HasTypedPoint(room_));
+
+    room_.Entry.X = "5";
+    EXPECT_TRUE(HasTypedPoint(room_));
+    room_.Entry.Y = "6";
+    EXPECT_TRUE(HasTypedPoint(room_));
+    AddPoint(room_, prompts_);
+
+    EXPECT_FALSE(HasTypedPoint(room_));
+}
+
+TEST_F(TheRoomPoints, TakeAChangedLineOfAPointForTypedButNotThatOfAPlaceWithoutPoint) {
+    room_.Entry.Line = true;
+    EXPECT_TRUE(HasTypedPoint(room_));
+
+    ScrollToPoint(room_, 4);
+    room_.Entry.Line = false;
+
+    EXPECT_FALSE(HasTypedPoint(room_));
 }
 
 TEST_F(TheRoomPoints, RoundCoordinatesToWholeCentimetresHalvesToEven) {

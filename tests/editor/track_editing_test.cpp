@@ -12,51 +12,53 @@ namespace {
 
 constexpr float TwiceTheConstant = 6.28318470717958F; // 2 x 3.14159235358979
 
-Track& FirstTrack(Project& project) { return project.Layout.Tracks[0]; }
+Track& FirstTrack(Project& project) { return project.Design.Circuit.Tracks[0]; }
+
+void Select(Project& project, int element) { SelectElement(project.Design.Circuit, project.EditState, element); }
 
 } // namespace
 
 TEST(Delete, TakesTheSelectedElementOutAndStaysOnThePlace) {
     Project project = ProjectOf("C151L C160 C152R");
-    SelectElement(project, 1);
+    Select(project, 1);
 
     Press(project, "delete");
 
     EXPECT_EQ(CodesOf(FirstTrack(project)), "C151L C152R");
-    EXPECT_EQ(FirstTrack(project).CurrentElement, 1);
-    EXPECT_TRUE(project.DataChanged);
+    EXPECT_EQ(project.EditState.CurrentElement[0], 1);
+    EXPECT_TRUE(project.EditState.DataChanged);
 }
 
 TEST(Delete, OfTheLastElementSelectsTheOneBeforeIt) {
     Project project = ProjectOf("C151L C160");
-    SelectElement(project, 1);
+    Select(project, 1);
 
     Press(project, "delete");
 
-    EXPECT_EQ(FirstTrack(project).CurrentElement, 0);
+    EXPECT_EQ(project.EditState.CurrentElement[0], 0);
 }
 
 TEST(Delete, OfTheOnlyElementLeavesNothingSelected) {
     Project project = ProjectOf("C160");
-    SelectElement(project, 0);
+    Select(project, 0);
 
     Press(project, "delete");
 
     EXPECT_EQ(FirstTrack(project).ElementLastIndex(), -1);
-    EXPECT_EQ(FirstTrack(project).CurrentElement, -1);
+    EXPECT_EQ(project.EditState.CurrentElement[0], -1);
 }
 
 TEST(Delete, DoesNothingOnAnEmptyTrackOrWithNothingSelected) {
     Project empty = ProjectOf("");
-    DeleteElement(empty);
+    DeleteElement(empty.Design, empty.EditState);
     Project unselected = ProjectOf("C160");
-    DeleteElement(unselected);
+    DeleteElement(unselected.Design, unselected.EditState);
 
     EXPECT_EQ(FirstTrack(empty).ElementLastIndex(), -1);
-    EXPECT_EQ(FirstTrack(empty).CurrentElement, -1);
-    EXPECT_FALSE(empty.DataChanged);
+    EXPECT_EQ(empty.EditState.CurrentElement[0], -1);
+    EXPECT_FALSE(empty.EditState.DataChanged);
     EXPECT_EQ(CodesOf(FirstTrack(unselected)), "C160");
-    EXPECT_FALSE(unselected.DataChanged);
+    EXPECT_FALSE(unselected.EditState.DataChanged);
 }
 
 struct MoveCase {
@@ -72,12 +74,12 @@ TEST_P(Move, ShiftsTheStartOfTheCurrentTrackByOneTrackWidth) {
 
     Press(project, GetParam().Id);
 
-    EXPECT_EQ(project.Layout.Tracks[1].TrackStartX, 15.5F + GetParam().X);
-    EXPECT_EQ(project.Layout.Tracks[1].TrackStartY, GetParam().Y);
-    EXPECT_EQ(project.Layout.Tracks[0].TrackStartX, 0);
-    EXPECT_EQ(project.Layout.Tracks[0].TrackStartY, 0);
-    EXPECT_EQ(project.Layout.Tracks[2].TrackStartX, -15.5F);
-    EXPECT_TRUE(project.DataChanged);
+    EXPECT_EQ(project.Design.Circuit.Tracks[1].TrackStartX, 15.5F + GetParam().X);
+    EXPECT_EQ(project.Design.Circuit.Tracks[1].TrackStartY, GetParam().Y);
+    EXPECT_EQ(project.Design.Circuit.Tracks[0].TrackStartX, 0);
+    EXPECT_EQ(project.Design.Circuit.Tracks[0].TrackStartY, 0);
+    EXPECT_EQ(project.Design.Circuit.Tracks[2].TrackStartX, -15.5F);
+    EXPECT_TRUE(project.EditState.DataChanged);
 }
 
 INSTANTIATE_TEST_SUITE_P(InEachDirection, Move,
@@ -94,9 +96,9 @@ TEST(Moves, WithAllTracksChosenEightToTheRightAdd124CmToEachStart) {
 
     Press(project, "move right", 8);
 
-    EXPECT_EQ(project.Layout.Tracks[0].TrackStartX, 124);
-    EXPECT_EQ(project.Layout.Tracks[1].TrackStartX, 139.5F);
-    EXPECT_EQ(project.Layout.Tracks[2].TrackStartX, 108.5F);
+    EXPECT_EQ(project.Design.Circuit.Tracks[0].TrackStartX, 124);
+    EXPECT_EQ(project.Design.Circuit.Tracks[1].TrackStartX, 139.5F);
+    EXPECT_EQ(project.Design.Circuit.Tracks[2].TrackStartX, 108.5F);
 }
 
 TEST(Moves, OfAnEmptyTrackMoveItsStart) {
@@ -106,7 +108,7 @@ TEST(Moves, OfAnEmptyTrackMoveItsStart) {
 
     EXPECT_EQ(FirstTrack(project).TrackStartX, -15.5F);
     EXPECT_EQ(FirstTrack(project).TrackStartY, -15.5F);
-    EXPECT_TRUE(project.DataChanged);
+    EXPECT_TRUE(project.EditState.DataChanged);
 }
 
 TEST(Rotations, LeftAddASixteenthOfTheConstantToTheTracksHeading) {
@@ -115,8 +117,8 @@ TEST(Rotations, LeftAddASixteenthOfTheConstantToTheTracksHeading) {
     Press(project, "rotate left");
 
     EXPECT_EQ(FirstTrack(project).TrackStartHeading, 0.196349522F); // 3.14159235358979 / 16
-    EXPECT_EQ(project.Layout.Tracks[1].TrackStartHeading, 0);
-    EXPECT_TRUE(project.DataChanged);
+    EXPECT_EQ(project.Design.Circuit.Tracks[1].TrackStartHeading, 0);
+    EXPECT_TRUE(project.EditState.DataChanged);
 }
 
 TEST(Rotations, RightFromZeroGiveTwiceTheConstantLessASixteenth) {
@@ -148,25 +150,25 @@ TEST(Rotations, LeftLeaveAHeadingThatAFilePutBelowZeroBelowZero) {
 TEST(Rotations, RightLeaveAHeadingThatAFilePutAboveAFullTurnAbove) {
     Project project = ProjectOf("C160");
     FirstTrack(project).TrackStartHeading = 7;
-    project.Room.Angle = 7;
+    project.Design.Room.Angle = 7;
 
     Press(project, "rotate right");
     Press(project, "track all");
     Press(project, "rotate right");
 
     EXPECT_FLOAT_EQ(FirstTrack(project).TrackStartHeading, 6.80365048F); // 7 - 0.19634952
-    EXPECT_FLOAT_EQ(project.Room.Angle, 6.90182524F);                    // 7 - 0.09817476
+    EXPECT_FLOAT_EQ(project.Design.Room.Angle, 6.90182524F);             // 7 - 0.09817476
 }
 
 TEST(Rotations, OfATrackLeaveItsStartPointAndTheRoom) {
     Project project = ProjectOf("C160");
-    project.Room.Angle = 1;
+    project.Design.Room.Angle = 1;
 
     Press(project, "rotate left", 5);
 
     EXPECT_EQ(FirstTrack(project).TrackStartX, 0);
     EXPECT_EQ(FirstTrack(project).TrackStartY, 0);
-    EXPECT_EQ(project.Room.Angle, 1);
+    EXPECT_EQ(project.Design.Room.Angle, 1);
 }
 
 TEST(Rotations, WithAllTracksChosenTurnTheRoomByAThirtySecond) {
@@ -174,12 +176,12 @@ TEST(Rotations, WithAllTracksChosenTurnTheRoomByAThirtySecond) {
     Press(project, "track all");
 
     Press(project, "rotate left");
-    EXPECT_EQ(project.Room.Angle, 0.098174761F); // 3.14159235358979 / 32
+    EXPECT_EQ(project.Design.Room.Angle, 0.098174761F); // 3.14159235358979 / 32
     Press(project, "rotate right", 2);
 
-    EXPECT_FLOAT_EQ(project.Room.Angle, 6.18500995F); // 6.28318470717958 - 0.09817476104968
+    EXPECT_FLOAT_EQ(project.Design.Room.Angle, 6.18500995F); // 6.28318470717958 - 0.09817476104968
     EXPECT_EQ(FirstTrack(project).TrackStartHeading, 0);
-    EXPECT_TRUE(project.DataChanged);
+    EXPECT_TRUE(project.EditState.DataChanged);
 }
 
 TEST(Rotations, AThousandInARowStayWithinOneTurn) {
@@ -201,7 +203,7 @@ TEST(Mirror, SwapsAFinalLAndRAndLeavesTheStartAlone) {
     EXPECT_EQ(CodesOf(FirstTrack(project)), "C151R C160 C152L C8010R N10110");
     EXPECT_EQ(FirstTrack(project).TrackStartX, 0);
     EXPECT_EQ(FirstTrack(project).TrackStartHeading, 1);
-    EXPECT_TRUE(project.DataChanged);
+    EXPECT_TRUE(project.EditState.DataChanged);
 }
 
 TEST(Mirror, TwiceRestoresEveryCode) {
@@ -211,7 +213,7 @@ TEST(Mirror, TwiceRestoresEveryCode) {
     Press(project, "mirror", 2);
 
     EXPECT_EQ(CodesOf(FirstTrack(project)), codes);
-    EXPECT_EQ(CodesOf(project.Layout.Tracks[1]), "C151L");
+    EXPECT_EQ(CodesOf(project.Design.Circuit.Tracks[1]), "C151L");
 }
 
 TEST(Invert, ReversesTheOrderAndSwapsTheHands) {
@@ -222,18 +224,18 @@ TEST(Invert, ReversesTheOrderAndSwapsTheHands) {
 
     EXPECT_EQ(CodesOf(FirstTrack(project)), "C152L C160 C151R");
     EXPECT_EQ(FirstTrack(project).TrackStartHeading, 1);
-    EXPECT_TRUE(project.DataChanged);
+    EXPECT_TRUE(project.EditState.DataChanged);
 }
 
 TEST(AllTracks, LeaveDeleteMirrorAndInvertWithoutEffect) {
     Project project = ProjectOf("C151L", "C151R", "C160");
-    SelectElement(project, 0);
+    Select(project, 0);
     Press(project, "track all");
     const std::string before = Snapshot(project);
 
-    DeleteElement(project);
-    MirrorTrack(project);
-    InvertTrack(project);
+    DeleteElement(project.Design, project.EditState);
+    MirrorTrack(project.Design, project.EditState);
+    InvertTrack(project.Design, project.EditState);
 
     EXPECT_EQ(Snapshot(project), before);
 }
@@ -241,45 +243,45 @@ TEST(AllTracks, LeaveDeleteMirrorAndInvertWithoutEffect) {
 TEST(ChoosingATrack, LeavesInsertMode) {
     Project project = ProjectOf("C160");
     Press(project, "insert");
-    EXPECT_TRUE(project.InsertMode);
+    EXPECT_TRUE(project.EditState.InsertMode);
 
     Press(project, "track 2");
 
-    EXPECT_FALSE(project.InsertMode);
-    EXPECT_EQ(project.Layout.CurrentTrack, 1);
-    EXPECT_FALSE(project.DataChanged);
+    EXPECT_FALSE(project.EditState.InsertMode);
+    EXPECT_EQ(project.EditState.CurrentTrack, 1);
+    EXPECT_FALSE(project.EditState.DataChanged);
 }
 
 TEST(ChoosingATrack, KeepsEachTracksSelection) {
     Project project = ProjectOf("C160 C159", "C151L");
-    SelectElement(project, 1);
+    Select(project, 1);
 
     Press(project, "track 2");
-    EXPECT_EQ(SelectedCode(project.Layout), "");
+    EXPECT_EQ(SelectedCode(project.Design.Circuit, project.EditState), "");
     Press(project, "track all");
-    EXPECT_EQ(SelectedCode(project.Layout), "");
+    EXPECT_EQ(SelectedCode(project.Design.Circuit, project.EditState), "");
     Press(project, "track 1");
 
-    EXPECT_EQ(SelectedCode(project.Layout), "C159");
+    EXPECT_EQ(SelectedCode(project.Design.Circuit, project.EditState), "C159");
 }
 
 TEST(SelectingInTheList, SetsTheCursorAndChangesNoData) {
     Project project = ProjectOf("C160 C159 C158");
 
-    SelectElement(project, 2);
+    Select(project, 2);
 
-    EXPECT_EQ(FirstTrack(project).CurrentElement, 2);
-    EXPECT_FALSE(project.DataChanged);
+    EXPECT_EQ(project.EditState.CurrentElement[0], 2);
+    EXPECT_FALSE(project.EditState.DataChanged);
 }
 
 TEST(SelectingInTheList, RefusesALineThatIsNotThere) {
     Project project = ProjectOf("C160 C159");
-    SelectElement(project, 1);
+    Select(project, 1);
 
-    EXPECT_THROW(SelectElement(project, 2), Fault);
-    EXPECT_THROW(SelectElement(project, -1), Fault);
+    EXPECT_THROW(Select(project, 2), Fault);
+    EXPECT_THROW(Select(project, -1), Fault);
 
-    EXPECT_EQ(FirstTrack(project).CurrentElement, 1);
+    EXPECT_EQ(project.EditState.CurrentElement[0], 1);
 }
 
 } // namespace pistaro

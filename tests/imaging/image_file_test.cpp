@@ -81,20 +81,20 @@ int FarthestPixel(const QImage& a, const QImage& b) {
 
 TEST(ImageFile, BmpPngAndGifBringBackEveryPixel) {
     const QImage image = ImageOf(256, 61, 43);
-    for (const char* const format : {"bmp", "png", "gif"})
-        EXPECT_EQ(Decoded(EncodeImage(image, format)), image) << format;
+    for (const PictureFormat format : {PictureFormat::Bmp, PictureFormat::Png, PictureFormat::Gif})
+        EXPECT_EQ(Decoded(EncodeImage(image, format)), image) << NameOf(format);
 }
 
 TEST(ImageFile, JpegBringsBackNearlyTheSamePicture) {
     QImage image(64, 64, QImage::Format_RGB32);
     image.fill(QColor(200, 40, 90));
 
-    EXPECT_LE(FarthestPixel(Decoded(EncodeImage(image, "jpg")), image), 3);
+    EXPECT_LE(FarthestPixel(Decoded(EncodeImage(image, PictureFormat::Jpeg)), image), 3);
 }
 
 TEST(ImageFile, RefusesBytesThatAreNoPictureAndNamesTheFile) {
     for (const std::string& bytes : {std::string(), std::string("no picture"), std::string("GIF89a"),
-                                     EncodeImage(ImageOf(2, 9, 9), "png").substr(0, 40)}) {
+                                     EncodeImage(ImageOf(2, 9, 9), PictureFormat::Png).substr(0, 40)}) {
         const std::string fault = FaultOf([&] { DecodeImage(bytes, "plan.png"); });
         EXPECT_TRUE(fault.starts_with("Invalid picture: plan.png: ")) << fault;
     }
@@ -105,7 +105,7 @@ std::string WhiteJpeg(int width, int height) {
     QImage image(width, height, QImage::Format_Indexed8);
     image.setColorTable({qRgb(255, 255, 255), qRgb(255, 0, 0)});
     image.fill(0);
-    return EncodeImage(image, "jpg");
+    return EncodeImage(image, PictureFormat::Jpeg);
 }
 
 TEST(ImageFile, APhotographOf9000By9000PixelsIsTaken) {
@@ -127,11 +127,11 @@ TEST(ImageFile, APictureThatNeedsMoreMemoryThanIsTakenIsRefusedBeforeItIsDecoded
 }
 
 TEST(ImageFile, TheFormatIsWhatTheEndingSays) {
-    EXPECT_EQ(PictureFormatOf("a.bmp"), "bmp");
-    EXPECT_EQ(PictureFormatOf("b.PNG"), "png");
-    EXPECT_EQ(PictureFormatOf("folder.png/c.Gif"), "gif");
-    EXPECT_EQ(PictureFormatOf("d.jpg"), "jpg");
-    EXPECT_EQ(PictureFormatOf("e.jpeg"), "jpg");
+    EXPECT_EQ(PictureFormatOf("a.bmp"), PictureFormat::Bmp);
+    EXPECT_EQ(PictureFormatOf("b.PNG"), PictureFormat::Png);
+    EXPECT_EQ(PictureFormatOf("folder.png/c.Gif"), PictureFormat::Gif);
+    EXPECT_EQ(PictureFormatOf("d.jpg"), PictureFormat::Jpeg);
+    EXPECT_EQ(PictureFormatOf("e.jpeg"), PictureFormat::Jpeg);
     for (const char* const name : {"a", "a.tif", "png", ".png", "a.png.txt", "folder.png/a", ""})
         EXPECT_THROW(PictureFormatOf(name), Fault) << name;
 }

@@ -29,7 +29,7 @@ public:
     template <typename Function>
     void Draw(const ViewRectangle& world, Function function, const QImage& backdrop = {}) {
         QPainter painter(&Image);
-        PainterSurface surface(painter, side_, backdrop);
+        PainterSurface surface(painter, TargetSize::Square(side_), backdrop);
         surface.Clear(White);
         surface.SetScale(world);
         function(surface);
@@ -74,7 +74,7 @@ constexpr ViewRectangle Metre{0, 100, 100, 0};
 TEST(PainterSurface, LaysTheWorldOverThePictureWithYUpwards) {
     Canvas canvas(200); // two pixels a centimetre
 
-    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(EllipseStroke{{25, 75}, 5, 1}, Black); });
+    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(Ellipse{{25, 75}, 5, 1}, Black); });
 
     EXPECT_NEAR(InkCentre(canvas).x(), 50, 0.05);
     EXPECT_NEAR(InkCentre(canvas).y(), 50, 0.05);
@@ -85,7 +85,7 @@ TEST(PainterSurface, LaysTheWorldOverThePictureWithYUpwards) {
 TEST(PainterSurface, ALineRunsFromPointToPoint) {
     Canvas canvas(100);
 
-    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(LineStroke{{20.5F, 30.5F}, {20.5F, 70.5F}}, Black); });
+    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(LineSegment{{20.5F, 30.5F}, {20.5F, 70.5F}}, Black); });
 
     for (int y = 31; y < 69; ++y)
         ASSERT_EQ(canvas.Ink(20, y), 255) << y;
@@ -99,7 +99,7 @@ TEST(PainterSurface, AnArcRunsAnticlockwiseFromItsStart) {
     Canvas canvas(100);
     constexpr float half = std::numbers::pi_v<float> / 2;
 
-    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(ArcStroke{{50, 50}, 30, 0, half}, Black); });
+    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(ArcSegment{{50, 50}, 30, 0, half}, Black); });
 
     EXPECT_GT(canvas.Ink(71, 28) + canvas.Ink(70, 28) + canvas.Ink(71, 29), 200); // 45 degrees, right and up
     EXPECT_GT(InkCentre(canvas).x(), 60);
@@ -110,7 +110,7 @@ TEST(PainterSurface, AnArcWhoseStartIsTheGreaterRunsThroughZero) {
     Canvas canvas(100);
     constexpr float quarter = std::numbers::pi_v<float> / 4;
 
-    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(ArcStroke{{50, 50}, 30, 7 * quarter, quarter}, Black); });
+    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(ArcSegment{{50, 50}, 30, 7 * quarter, quarter}, Black); });
 
     EXPECT_GT(canvas.Ink(79, 49) + canvas.Ink(80, 49), 200);
     EXPECT_GT(InkCentre(canvas).x(), 70);
@@ -120,7 +120,7 @@ TEST(PainterSurface, AnArcWhoseStartIsTheGreaterRunsThroughZero) {
 TEST(PainterSurface, ASqueezedEllipseIsWideAndLow) {
     Canvas canvas(100);
 
-    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(EllipseStroke{{50.5F, 49.5F}, 20, 0.3}, Black); });
+    canvas.Draw(Metre, [](Surface& surface) { surface.Draw(Ellipse{{50.5F, 49.5F}, 20, 0.3}, Black); });
 
     EXPECT_GT(canvas.Ink(30, 50) + canvas.Ink(31, 50), 150); // half the width: 20
     EXPECT_GT(canvas.Ink(50, 44), 150);                      // half the height: 6
@@ -130,13 +130,13 @@ TEST(PainterSurface, ASqueezedEllipseIsWideAndLow) {
 TEST(PainterSurface, OnAHighDensityPictureEverythingLiesAtTheSameLogicalPlace) {
     using Stroking = void (*)(Surface&);
     const Stroking strokings[]{[](Surface& surface) {
-                                   surface.Draw(LineStroke{{10, 10}, {80, 60}}, Black);
+                                   surface.Draw(LineSegment{{10, 10}, {80, 60}}, Black);
                                },
                                [](Surface& surface) {
-                                   surface.Draw(ArcStroke{{50, 50}, 30, 0.5F, 2.5F}, Black);
+                                   surface.Draw(ArcSegment{{50, 50}, 30, 0.5F, 2.5F}, Black);
                                },
                                [](Surface& surface) {
-                                   surface.Draw(EllipseStroke{{70, 20}, 5, 0.3}, Black);
+                                   surface.Draw(Ellipse{{70, 20}, 5, 0.3}, Black);
                                },
                                [](Surface& surface) {
                                    surface.DrawPoint({20, 80}, Black);
@@ -200,8 +200,8 @@ TEST(PainterSurface, LinesFromFarAwayAreCutAtTheEdgeAndKeepTheirPlace) {
     Canvas canvas(100);
 
     canvas.Draw(Metre, [](Surface& surface) {
-        surface.Draw(LineStroke{{-1e9F, 50.5F}, {1e9F, 50.5F}}, Black);
-        surface.Draw(LineStroke{{20.5F, -1e9F}, {20.5F, 1e9F}}, Black);
+        surface.Draw(LineSegment{{-1e9F, 50.5F}, {1e9F, 50.5F}}, Black);
+        surface.Draw(LineSegment{{20.5F, -1e9F}, {20.5F, 1e9F}}, Black);
     });
 
     for (int i = 0; i < 100; ++i) {
@@ -216,10 +216,10 @@ TEST(PainterSurface, WhatLiesOutsideIsNotDrawn) {
     Canvas canvas(100);
 
     canvas.Draw(Metre, [](Surface& surface) {
-        surface.Draw(LineStroke{{-50, 120}, {150, 120}}, Black);
-        surface.Draw(LineStroke{{-50, 40}, {40, -60}}, Black);
-        surface.Draw(ArcStroke{{-200, 50}, 100, 0, 6}, Black);
-        surface.Draw(EllipseStroke{{1e30F, 1e30F}, 3, 1}, Black);
+        surface.Draw(LineSegment{{-50, 120}, {150, 120}}, Black);
+        surface.Draw(LineSegment{{-50, 40}, {40, -60}}, Black);
+        surface.Draw(ArcSegment{{-200, 50}, 100, 0, 6}, Black);
+        surface.Draw(Ellipse{{1e30F, 1e30F}, 3, 1}, Black);
         surface.DrawPoint({50, 300}, Black);
         surface.DrawText("lost", Black);
     });
@@ -234,10 +234,10 @@ TEST(PainterSurface, AnEmptyOrInfiniteViewShowsNothing) {
         Canvas canvas(100);
 
         canvas.Draw(world, [](Surface& surface) {
-            surface.Draw(LineStroke{{0, 0}, {10, 10}}, Black);
-            surface.Draw(LineStroke{{5, 5}, {5, 10}}, Black);
-            surface.Draw(ArcStroke{{0, 0}, 10, 0, 1}, Black);
-            surface.Draw(EllipseStroke{{5, 5}, 10, 1}, Black);
+            surface.Draw(LineSegment{{0, 0}, {10, 10}}, Black);
+            surface.Draw(LineSegment{{5, 5}, {5, 10}}, Black);
+            surface.Draw(ArcSegment{{0, 0}, 10, 0, 1}, Black);
+            surface.Draw(Ellipse{{5, 5}, 10, 1}, Black);
         });
 
         EXPECT_EQ(canvas.AllInk(), 0);
@@ -257,7 +257,7 @@ TEST(PainterSurface, ArcsMeetTheirNeighboursAtHighZoom) {
             Canvas canvas(700);
 
             canvas.Draw({x - 2.5F, y + 2.5F, x + 2.5F, y - 2.5F}, [&](Surface& surface) {
-                surface.Draw(ArcStroke{{0, 0}, radius, static_cast<float>(start), static_cast<float>(start + span)},
+                surface.Draw(ArcSegment{{0, 0}, radius, static_cast<float>(start), static_cast<float>(start + span)},
                              Black);
             });
 

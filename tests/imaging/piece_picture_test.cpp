@@ -2,7 +2,9 @@
 #include "imaging/piece_picture.h"
 
 #include "imaging/circuit_picture.h"
-#include "support/chain.h"
+#include "imaging/image_file.h"
+#include "storage/settings_file.h"
+#include "support/pieces.h"
 
 #include <QImage>
 
@@ -37,19 +39,20 @@ bool HasCaption(const QImage& image) {
 
 class PiecePictures : public ::testing::Test {
 protected:
-    PiecePictures() : Design(ProjectOf("")) { Design.View.Width = 250; }
+    PiecePictures() { View.Width = 250; }
 
     QImage Picture(std::string_view code) const {
-        return QImage::fromData(QByteArray::fromStdString(PiecePicture(Design, code, "gif")), "gif");
+        return DecodeImage(PiecePicture(Pieces(), code, View, Colours, PictureFormat::Gif), "test");
     }
 
     OffscreenGraphics Graphics;
-    Project Design;
+    ViewSettings View;
+    ColourScheme Colours = InitialSettings(Pieces()).Preferences.Colours;
 };
 
 TEST_F(PiecePictures, AreAsHighAndWideAsEachOtherAndBearTheirCodes) {
-    for (int row = 0; row < CatalogueCount; ++row) {
-        const std::string_view code = Entry(Design.Pieces, row).Code;
+    for (const CatalogueEntry& piece : Pieces()) {
+        const std::string& code = piece.Code;
         const QImage picture = Picture(code);
         EXPECT_EQ(picture.size(), QSize(96, 160)) << code;
         EXPECT_TRUE(HasCaption(picture)) << code;
@@ -57,8 +60,8 @@ TEST_F(PiecePictures, AreAsHighAndWideAsEachOtherAndBearTheirCodes) {
 }
 
 TEST_F(PiecePictures, ShowEveryPieceCentredAndWhole) {
-    for (int row = 0; row < CatalogueCount; ++row) {
-        const std::string_view code = Entry(Design.Pieces, row).Code;
+    for (const CatalogueEntry& piece : Pieces()) {
+        const std::string& code = piece.Code;
         const QRect drawing = DrawingIn(Picture(code));
         EXPECT_NEAR((drawing.left() + drawing.right() + 1) / 2.0, 48, 1.01) << code;
         EXPECT_NEAR((drawing.top() + drawing.bottom() + 1) / 2.0, 80, 1.01) << code;
@@ -81,8 +84,8 @@ TEST_F(PiecePictures, AreOfOneScaleOfThreePixelsACentimetre) {
 
 TEST_F(PiecePictures, TellAllPiecesApartEvenWithoutTheirCodes) {
     std::map<std::string, std::string_view> seen;
-    for (int row = 0; row < CatalogueCount; ++row) {
-        const std::string_view code = Entry(Design.Pieces, row).Code;
+    for (const CatalogueEntry& piece : Pieces()) {
+        const std::string& code = piece.Code;
         const QImage drawing = Picture(code).copy(0, 0, 96, CaptionTop).convertToFormat(QImage::Format_RGB32);
         const std::string pixels(reinterpret_cast<const char*>(drawing.constBits()),
                                  static_cast<std::size_t>(drawing.sizeInBytes()));
@@ -97,7 +100,7 @@ TEST_F(PiecePictures, KeepTheChosenBackgroundToTheShade) {
 }
 
 TEST_F(PiecePictures, WriteTheCodeInWhiteOnADarkBackground) {
-    Design.Colours.Background = Rgb(0, 0, 64);
+    Colours.Background = Rgb(0, 0, 64);
     const QImage picture = Picture("C160");
     EXPECT_EQ(picture.pixelColor(0, 0), QColor(0, 0, 64));
     int brightest = 0;
@@ -110,8 +113,8 @@ TEST_F(PiecePictures, WriteTheCodeInWhiteOnADarkBackground) {
 
 TEST_F(PiecePictures, DoNotDependOnWhereTheViewIs) {
     const QImage here = Picture("C187R");
-    Design.View.MidX = 1000;
-    Design.View.MidY = -500;
+    View.MidX = 1000;
+    View.MidY = -500;
     EXPECT_EQ(DrawingIn(Picture("C187R")), DrawingIn(here));
 }
 

@@ -41,13 +41,13 @@ TEST(Layers, EachHasItsFolder) {
         EXPECT_TRUE(fs::is_directory(Source / layer.Name)) << layer.Name;
 }
 
-TEST(Layers, EverySourceFileOpensByTellingWhatItIsFor) {
+TEST(Layers, EveryHeaderOpensByTellingWhatItIsForAndASourceFileWhereThereIsMoreToTell) {
     for (const SourceFile& file : SourceFiles()) {
         std::istringstream text(file.Text);
         std::size_t comments = 0;
         for (std::string line; std::getline(text, line) && line.starts_with("// ");)
             ++comments;
-        EXPECT_GE(comments, 1U) << file.Name;
+        EXPECT_GE(comments, file.Name.ends_with(".h") ? 1U : 0U) << file.Name;
         EXPECT_LE(comments, 3U) << file.Name;
     }
 }

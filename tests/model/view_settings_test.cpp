@@ -62,12 +62,6 @@ TEST(ScrollBar, RoundsItsEndsAndItsValueHalvesToEven) {
     EXPECT_EQ(bar.Value, 2);
 }
 
-TEST(ScrollBar, ItsMiddleIsAWholeNumber) {
-    EXPECT_EQ(Middle({-160, 160, 99}), 0);
-    EXPECT_EQ(Middle({10, 21, 0}), 15);
-    EXPECT_EQ(Middle({2147483646, 2147483647, 0}), 2147483646);
-}
-
 TEST(ScrollBar, CannotStandBeyondItsNumbers) {
     EXPECT_EQ(BarAround(1 << 30, 1 << 30, 0).Minimum, 0);
     EXPECT_THROW(BarAround(1.2e9, 0, 0), Fault);

@@ -324,6 +324,14 @@ TEST_F(Places, TheDocumentsFolderIsTheDesktopsOwn) {
     EXPECT_EQ(DocumentsFolder(), "/srv/docs");
 }
 
+TEST_F(Places, AreFoundFromTheProgramsOwnFolder) {
+    // The tests stand a folder below the program.
+    const std::filesystem::path built = std::filesystem::path(PROGRAM).parent_path();
+
+    EXPECT_EQ(InstalledFolder(), built / "share" / "pistaro");
+    EXPECT_EQ(CheckoutFolder(), built.parent_path());
+}
+
 TEST(Programs, AreStartedWithTheirArgument) {
     const TemporaryFolder folder;
     const auto file = folder / "made by touch";

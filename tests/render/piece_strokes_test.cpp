@@ -1,5 +1,6 @@
 // What is drawn of each kind of piece, stroke by stroke, at the origin with heading 0: across is right, on is up.
 #include "render/redraw.h"
+#include "support/pieces.h"
 #include "support/recording_surface.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@ namespace {
 std::string StrokesOf(const std::string& code, const std::string& previous = "") {
     const ColourScheme colours = DistinctColours();
     RecordingSurface surface(colours);
-    DrawPiece(*PlacePiece(code, {}, previous), colours.Owned, colours.Rail, surface);
+    DrawPiece(*PlacePiece(Pieces(), code, {}, previous), colours.Owned, colours.Rail, surface);
     return surface.Text();
 }
 

@@ -23,61 +23,54 @@ const std::string BeforeTracks =
     "<br>\r\n";
 const std::string LastLine = "</font><br><hr></body></html>\r\n";
 
-Project Named(Project project, const std::string& name) {
-    project.Name = name;
-    return project;
+std::string PageOf(const std::string& track1, const std::string& track2 = "", const std::string& track3 = "") {
+    return GuidePage(ProjectOf(track1, track2, track3).Design.Circuit, "club night");
 }
 
-TEST(GuidePage, OfThreeEmptyTracksHoldsNothingUnderTheDescription) {
-    EXPECT_EQ(GuidePage(Named(ProjectOf(""), "club night")), BeforeTracks + LastLine);
-}
+std::string PageNamed(const std::string& name) { return GuidePage(EmptyCircuit(), name); }
+
+TEST(GuidePage, OfThreeEmptyTracksHoldsNothingUnderTheDescription) { EXPECT_EQ(PageOf(""), BeforeTracks + LastLine); }
 
 TEST(GuidePage, ATrackOfThreePiecesIsAHeadingThreePicturesEachWithAnArrowAndABreak) {
-    EXPECT_EQ(GuidePage(Named(ProjectOf("C160 C151L N10105R"), "club night")),
-              BeforeTracks +
-                  "<h3>Track 1</h3>\r\n"
-                  "<img SRC=\"C160.gif\" >&nbsp;->&nbsp;\r\n"
-                  "<img SRC=\"C151L.gif\" >&nbsp;->&nbsp;\r\n"
-                  "<img SRC=\"N10105R.gif\" >&nbsp;->&nbsp;\r\n"
-                  "<br>\r\n" +
-                  LastLine);
+    EXPECT_EQ(PageOf("C160 C151L N10105R"), BeforeTracks +
+                                                "<h3>Track 1</h3>\r\n"
+                                                "<img SRC=\"C160.gif\" >&nbsp;->&nbsp;\r\n"
+                                                "<img SRC=\"C151L.gif\" >&nbsp;->&nbsp;\r\n"
+                                                "<img SRC=\"N10105R.gif\" >&nbsp;->&nbsp;\r\n"
+                                                "<br>\r\n" +
+                                                LastLine);
 }
 
 TEST(GuidePage, AnEmptyTrackLeavesNoTraceAndTheOthersKeepTheirNumbers) {
-    EXPECT_EQ(GuidePage(Named(ProjectOf("C160", "", "C159"), "club night")),
-              BeforeTracks +
-                  "<h3>Track 1</h3>\r\n"
-                  "<img SRC=\"C160.gif\" >&nbsp;->&nbsp;\r\n"
-                  "<br>\r\n"
-                  "<h3>Track 3</h3>\r\n"
-                  "<img SRC=\"C159.gif\" >&nbsp;->&nbsp;\r\n"
-                  "<br>\r\n" +
-                  LastLine);
-}
-
-TEST(GuidePage, AFreshProjectIsCalledNewProject) {
-    EXPECT_NE(GuidePage(ProjectOf("")).find("<h1>new project</h1>"), std::string::npos);
+    EXPECT_EQ(PageOf("C160", "", "C159"), BeforeTracks +
+                                              "<h3>Track 1</h3>\r\n"
+                                              "<img SRC=\"C160.gif\" >&nbsp;->&nbsp;\r\n"
+                                              "<br>\r\n"
+                                              "<h3>Track 3</h3>\r\n"
+                                              "<img SRC=\"C159.gif\" >&nbsp;->&nbsp;\r\n"
+                                              "<br>\r\n" +
+                                              LastLine);
 }
 
 TEST(GuidePage, AccentedNamesAreWrittenInTheEightBitCodePage) {
-    EXPECT_NE(GuidePage(Named(ProjectOf(""), "N\u00fcrburg")).find("<h1>N\xFCrburg</h1>"), std::string::npos);
+    EXPECT_NE(PageNamed("N\u00fcrburg").find("<h1>N\xFCrburg</h1>"), std::string::npos);
 }
 
 TEST(GuidePage, ANameIsTextAndNoPartOfThePage) {
-    const std::string page = GuidePage(Named(ProjectOf(""), "<script>alert(\"a\" & 'b')</script>"));
+    const std::string page = PageNamed("<script>alert(\"a\" & 'b')</script>");
 
     EXPECT_NE(page.find("<h1>&lt;script&gt;alert(&quot;a&quot; &amp; 'b')&lt;/script&gt;</h1>"), std::string::npos);
     EXPECT_EQ(page.find("<script>"), std::string::npos);
 }
 
 TEST(GuidePage, AnUnknownCodeCannotLeaveItsPicturesName) {
-    const std::string page = GuidePage(ProjectOf("x\"><script>&"));
+    const std::string page = PageOf("x\"><script>&");
 
     EXPECT_NE(page.find("<img SRC=\"x&quot;&gt;&lt;script&gt;&amp;.gif\" >&nbsp;->&nbsp;\r\n"), std::string::npos);
 }
 
 TEST(GuidePage, AnUnknownCodesPictureIsCalledAfterIt) {
-    EXPECT_NE(GuidePage(ProjectOf("X1_y")).find("<img SRC=\"X1_y.gif\" >"), std::string::npos);
+    EXPECT_NE(PageOf("X1_y").find("<img SRC=\"X1_y.gif\" >"), std::string::npos);
 }
 
 } // namespace

@@ -34,9 +34,13 @@ const Message HalfStraights{Icon::Information, "You have not used all your half 
 const Message StandardStraights{Icon::Information, "You have not used all your standard straight sized special track"};
 const Message StandardCurves{Icon::Information, "You have not used all your standard curve sized special track"};
 
+std::vector<Message> ChecksOf(const Project& project) {
+    return DesignChecks(Pieces(), project.Stock, project.Design.Circuit);
+}
+
 std::vector<Message> ChecksOf(const std::string& track1, const std::string& track2 = "",
                               const std::string& track3 = "") {
-    return DesignChecks(ProjectOf(track1, track2, track3));
+    return ChecksOf(ProjectOf(track1, track2, track3));
 }
 
 TEST(DesignChecks, AnEmptyCircuitIsSound) { EXPECT_THAT(ChecksOf(""), IsEmpty()); }
@@ -114,15 +118,15 @@ TEST(NincoCheck, AnElementOfNeitherSystemIsNoNincoTrack) {
     EXPECT_THAT(ChecksOf("N10102 unknown N10102"), ElementsAre(Ninco("1")));
 
     Project emptyCode = ProjectOf("");
-    emptyCode.Layout.Tracks[0].ElementCodes = {"N10102", ""};
-    EXPECT_THAT(DesignChecks(emptyCode), ElementsAre(Ninco("1")));
+    emptyCode.Design.Circuit.Tracks[0].ElementCodes = {"N10102", ""};
+    EXPECT_THAT(ChecksOf(emptyCode), ElementsAre(Ninco("1")));
 }
 
 TEST(DesignChecks, ComeTrackByTrackAndTheSpecialPiecesLast) {
     Project project = ProjectOf("C8006 C8007 C160 C8007 N10102", "C8006");
     SetStock(project, "C164", 1);
 
-    EXPECT_THAT(DesignChecks(project),
+    EXPECT_THAT(ChecksOf(project),
                 ElementsAre(ChangeOvers("1"), Chicane("1"), Ninco("1"), ChangeOvers("2"), StandardStraights));
 }
 
@@ -131,7 +135,7 @@ TEST(SpecialPieces, HalfStraightsToBuyAndOwnedOnesOfTheirSizeGiveTheMessage) {
         Project project = ProjectOf("C159 C159");
         SetStock(project, "C159", 1);
         SetStock(project, special, 1);
-        EXPECT_THAT(DesignChecks(project), ElementsAre(HalfStraights)) << special;
+        EXPECT_THAT(ChecksOf(project), ElementsAre(HalfStraights)) << special;
     }
 }
 
@@ -139,7 +143,7 @@ TEST(SpecialPieces, StandardStraightsToBuyAndOwnedOnesOfTheirSizeGiveTheMessage)
     for (const char* const special : {"C164", "C248", "C8005", "C8006", "C8007", "C8009"}) {
         Project project = ProjectOf("C160");
         SetStock(project, special, 1);
-        EXPECT_THAT(DesignChecks(project), ElementsAre(StandardStraights)) << special;
+        EXPECT_THAT(ChecksOf(project), ElementsAre(StandardStraights)) << special;
     }
 }
 
@@ -148,14 +152,14 @@ TEST(SpecialPieces, StandardCurvesToBuyAndOwnedOnesOfTheirSizeGiveTheMessage) {
     SetStock(project, "C151L", 1);
     SetStock(project, "C8010L", 1);
 
-    EXPECT_THAT(DesignChecks(project), ElementsAre(StandardCurves));
+    EXPECT_THAT(ChecksOf(project), ElementsAre(StandardCurves));
 }
 
 TEST(SpecialPieces, NincoChangeOversNeverGiveAMessage) {
     Project project = ProjectOf("N10102");
     SetStock(project, "N10111", 5);
 
-    EXPECT_THAT(DesignChecks(project), IsEmpty());
+    EXPECT_THAT(ChecksOf(project), IsEmpty());
 }
 
 TEST(SpecialPieces, GiveNoMessageWhenEnoughPlainPiecesAreOwned) {
@@ -163,7 +167,7 @@ TEST(SpecialPieces, GiveNoMessageWhenEnoughPlainPiecesAreOwned) {
     for (const char* const code : {"C159", "C160", "C151L", "C277", "C164", "C8010L"})
         SetStock(project, code, 1);
 
-    EXPECT_THAT(DesignChecks(project), IsEmpty());
+    EXPECT_THAT(ChecksOf(project), IsEmpty());
 }
 
 TEST(SpecialPieces, GiveNoMessageWhenAllOfThemAreUsed) {
@@ -171,7 +175,7 @@ TEST(SpecialPieces, GiveNoMessageWhenAllOfThemAreUsed) {
     for (const char* const code : {"C277", "C164", "C8010L"})
         SetStock(project, code, 1);
 
-    EXPECT_THAT(DesignChecks(project), IsEmpty());
+    EXPECT_THAT(ChecksOf(project), IsEmpty());
 }
 
 TEST(SpecialPieces, AreCountedOverAllTracks) {
@@ -179,39 +183,39 @@ TEST(SpecialPieces, AreCountedOverAllTracks) {
     SetStock(project, "C159", 1);
     SetStock(project, "C277", 2);
 
-    EXPECT_THAT(DesignChecks(project), ElementsAre(HalfStraights));
+    EXPECT_THAT(ChecksOf(project), ElementsAre(HalfStraights));
 }
 
 TEST(RemainingOwned, IsOwnedLessUsed) {
     Project project = ProjectOf("C160 C160 C160", "C8010R");
     SetStock(project, "C160", 2);
     SetStock(project, "C8010L", 4);
-    const StockTally circuit = Measure(project, AllTracks).Tally;
+    const StockTally circuit = Measure(Pieces(), project.Stock, project.Design.Circuit, AllTracks).Tally;
 
-    EXPECT_EQ(RemainingOwned(project.Pieces, circuit, "C160"), -1);
-    EXPECT_EQ(RemainingOwned(project.Pieces, circuit, "C8010"), 3) << "by the left hand's row";
+    EXPECT_EQ(RemainingOwned(Pieces(), project.Stock, circuit, "C160"), -1);
+    EXPECT_EQ(RemainingOwned(Pieces(), project.Stock, circuit, "C8010"), 3) << "by the left hand's row";
 }
 
 TEST(RemainingOwned, IsZeroForWhatTheTallyDoesNotCount) {
     Project project = ProjectOf("");
     SetStock(project, "N10111", 5);
-    const StockTally circuit = ResetStockTally(project.Pieces);
+    const StockTally circuit = ResetStockTally(Pieces());
 
-    EXPECT_EQ(RemainingOwned(project.Pieces, circuit, "N10111"), 0);
-    EXPECT_EQ(RemainingOwned(project.Pieces, circuit, "unknown"), 0);
+    EXPECT_EQ(RemainingOwned(Pieces(), project.Stock, circuit, "N10111"), 0);
+    EXPECT_EQ(RemainingOwned(Pieces(), project.Stock, circuit, "unknown"), 0);
 }
 
 TEST(RemainingOwned, ReachesTheLimitsOf16BitsAndNotBeyond) {
     Project project = ProjectOf("");
-    StockTally circuit = ResetStockTally(project.Pieces);
+    StockTally circuit = ResetStockTally(Pieces());
     SetStock(project, "C151L", 32767);
-    EXPECT_EQ(RemainingOwned(project.Pieces, circuit, "C151"), 32767);
+    EXPECT_EQ(RemainingOwned(Pieces(), project.Stock, circuit, "C151"), 32767);
     SetStock(project, "C151L", -32768);
-    EXPECT_EQ(RemainingOwned(project.Pieces, circuit, "C151"), -32768);
+    EXPECT_EQ(RemainingOwned(Pieces(), project.Stock, circuit, "C151"), -32768);
 
     circuit[0].TrackCount = 1;
 
-    EXPECT_THAT([&] { RemainingOwned(project.Pieces, circuit, "C151"); },
+    EXPECT_THAT([&] { RemainingOwned(Pieces(), project.Stock, circuit, "C151"); },
                 Throws<Fault>(Property(&Fault::what, HasSubstr("Overflow: "))));
 }
 

@@ -19,17 +19,23 @@ constexpr bool IncludingOwned = true;
 /// The labels that do not show 0: "C151:2 C160:1".
 std::string CountsOf(const Detail& detail) {
     std::string text;
-    for (std::size_t k = 0; k < CountLabels.size(); ++k) {
-        if (detail.Counts[k] == 0) continue;
-        text += (text.empty() ? "" : " ") + std::string(CountLabels[k].Tag) + ":" + std::to_string(detail.Counts[k]);
+    for (const CountLabel& label : detail.Labels) {
+        if (label.Count == 0) continue;
+        text += (text.empty() ? "" : " ") + label.Tag + ":" + std::to_string(label.Count);
     }
     return text;
 }
 
+Detail DetailOf(const Project& project, int track, bool includeOwned) {
+    return ShowDetail(Pieces(), project.Stock, project.Design.Circuit, track, includeOwned);
+}
+
+std::vector<CountLabel> LabelsOfAnEmptyCircuit() { return DetailOf(ProjectOf(""), AllTracks, LeavingOutOwned).Labels; }
+
 TEST(CountLabels, StandForOneProductEachInTallyOrder) {
     std::string tags;
-    for (const CountLabel& label : CountLabels)
-        tags += std::string(label.Tag) + " ";
+    for (const CountLabel& label : LabelsOfAnEmptyCircuit())
+        tags += label.Tag + " ";
 
     EXPECT_EQ(tags, "C151 C152 C153 C154 C156 C157 C158 C159 C160 C187 "
                     "N10102 N10103 N10104 N10105 N10106 N10107 N10108 N10110 "
@@ -37,24 +43,27 @@ TEST(CountLabels, StandForOneProductEachInTallyOrder) {
 }
 
 TEST(CountLabels, HaveADescriptionThatBeginsWithTheProductCode) {
-    for (const CountLabel& label : CountLabels)
-        EXPECT_TRUE(label.Description.starts_with(std::string(label.Tag) + " - ")) << label.Description;
-    EXPECT_EQ(CountLabels[0].Description, "C151 - standard curve 45");
-    EXPECT_EQ(CountLabels[14].Description, "N10106 - inner curver");
-    EXPECT_EQ(CountLabels[17].Description, "N10110 - converter");
-    EXPECT_EQ(CountLabels[26].Description, "C8010 - curved chicane ext");
-    EXPECT_EQ(CountLabels[27].Description, "N10111 - change-over");
+    const std::vector<CountLabel> labels = LabelsOfAnEmptyCircuit();
+
+    ASSERT_EQ(labels.size(), 28U);
+    for (const CountLabel& label : labels)
+        EXPECT_TRUE(label.Description.starts_with(label.Tag + " - ")) << label.Description;
+    EXPECT_EQ(labels[0].Description, "C151 - standard curve 45");
+    EXPECT_EQ(labels[14].Description, "N10106 - inner curver");
+    EXPECT_EQ(labels[17].Description, "N10110 - converter");
+    EXPECT_EQ(labels[26].Description, "C8010 - curved chicane ext");
+    EXPECT_EQ(labels[27].Description, "N10111 - change-over");
 }
 
-TEST(CountLabels, TheNincoChangeOversIsThe29th) { EXPECT_EQ(CountLabels.back().Index, 28); }
+TEST(CountLabels, TheNincoChangeOversIsThe29th) { EXPECT_EQ(LabelsOfAnEmptyCircuit().back().Index, 28); }
 
 TEST(ShowDetail, CountsOneTrackOrAllOfThem) {
     const Project project = ProjectOf("C160 C151L", "C160", "N10102");
 
-    EXPECT_EQ(CountsOf(ShowDetail(project, 0, IncludingOwned)), "C151:1 C160:1");
-    EXPECT_EQ(CountsOf(ShowDetail(project, 1, IncludingOwned)), "C160:1");
-    EXPECT_EQ(CountsOf(ShowDetail(project, 2, IncludingOwned)), "N10102:1");
-    EXPECT_EQ(CountsOf(ShowDetail(project, AllTracks, IncludingOwned)), "C151:1 C160:2 N10102:1");
+    EXPECT_EQ(CountsOf(DetailOf(project, 0, IncludingOwned)), "C151:1 C160:1");
+    EXPECT_EQ(CountsOf(DetailOf(project, 1, IncludingOwned)), "C160:1");
+    EXPECT_EQ(CountsOf(DetailOf(project, 2, IncludingOwned)), "N10102:1");
+    EXPECT_EQ(CountsOf(DetailOf(project, AllTracks, IncludingOwned)), "C151:1 C160:2 N10102:1");
 }
 
 TEST(ShowDetail, LeavesOutWhatIsOwnedAndNeverGoesBelowZero) {
@@ -63,23 +72,23 @@ TEST(ShowDetail, LeavesOutWhatIsOwnedAndNeverGoesBelowZero) {
     SetStock(project, "C160", 5);
     SetStock(project, "C8010L", 1);
 
-    EXPECT_EQ(CountsOf(ShowDetail(project, 0, LeavingOutOwned)), "C151:2");
-    EXPECT_EQ(CountsOf(ShowDetail(project, 0, IncludingOwned)), "C151:3 C160:1 C8010:1");
+    EXPECT_EQ(CountsOf(DetailOf(project, 0, LeavingOutOwned)), "C151:2");
+    EXPECT_EQ(CountsOf(DetailOf(project, 0, IncludingOwned)), "C151:3 C160:1 C8010:1");
 }
 
 TEST(ShowDetail, OwnedPiecesCoverEachTrackAloneInFull) {
     Project project = ProjectOf("C160", "C160");
     SetStock(project, "C160", 1);
 
-    EXPECT_EQ(CountsOf(ShowDetail(project, 1, LeavingOutOwned)), "");
-    EXPECT_EQ(CountsOf(ShowDetail(project, AllTracks, LeavingOutOwned)), "C160:1");
+    EXPECT_EQ(CountsOf(DetailOf(project, 1, LeavingOutOwned)), "");
+    EXPECT_EQ(CountsOf(DetailOf(project, AllTracks, LeavingOutOwned)), "C160:1");
 }
 
 TEST(ShowDetail, TheNincoChangeOverStaysAtZero) {
     Project project = ProjectOf("N10111 N10111");
     SetStock(project, "N10111", 0, 9);
 
-    const Detail detail = ShowDetail(project, 0, IncludingOwned);
+    const Detail detail = DetailOf(project, 0, IncludingOwned);
 
     EXPECT_EQ(CountsOf(detail), "");
     EXPECT_EQ(detail.TotalPrice, 0);
@@ -90,8 +99,8 @@ TEST(ShowDetail, TheTotalPricesThePiecesShown) {
     SetStock(project, "C151L", 0, 2.5F);
     SetStock(project, "C160", 1, 1.25F);
 
-    EXPECT_EQ(ShowDetail(project, 0, LeavingOutOwned).TotalPrice, 6.25F);
-    EXPECT_EQ(ShowDetail(project, 0, IncludingOwned).TotalPrice, 7.5F);
+    EXPECT_EQ(DetailOf(project, 0, LeavingOutOwned).TotalPrice, 6.25F);
+    EXPECT_EQ(DetailOf(project, 0, IncludingOwned).TotalPrice, 7.5F);
 }
 
 TEST(ShowDetail, TheTotalPricesTheCurvedChicaneAtEachHandsPrice) {
@@ -99,25 +108,25 @@ TEST(ShowDetail, TheTotalPricesTheCurvedChicaneAtEachHandsPrice) {
     SetStock(project, "C8010L", 0, 10);
     SetStock(project, "C8010R", 0, 1);
 
-    EXPECT_EQ(ShowDetail(project, 0, IncludingOwned).TotalPrice, 22);
+    EXPECT_EQ(DetailOf(project, 0, IncludingOwned).TotalPrice, 22);
 }
 
 TEST(ShowDetail, CountsReachTheLimitsOf16BitsAndNotBeyond) {
     Project project = ProjectOf("");
     SetStock(project, "C160", -32767);
-    EXPECT_EQ(CountsOf(ShowDetail(project, 0, LeavingOutOwned)), "C160:32767");
+    EXPECT_EQ(CountsOf(DetailOf(project, 0, LeavingOutOwned)), "C160:32767");
 
     SetStock(project, "C160", -32768);
-    EXPECT_THAT([&] { ShowDetail(project, 0, LeavingOutOwned); },
+    EXPECT_THAT([&] { DetailOf(project, 0, LeavingOutOwned); },
                 Throws<Fault>(Property(&Fault::what, HasSubstr("Overflow: "))));
-    EXPECT_EQ(CountsOf(ShowDetail(project, 0, IncludingOwned)), "");
+    EXPECT_EQ(CountsOf(DetailOf(project, 0, IncludingOwned)), "");
 }
 
 TEST(ShowDetail, ATotalBeyondTheSinglesIsAnOverflow) {
     Project project = ProjectOf("C160 C160");
     SetStock(project, "C160", 0, 3e38F);
 
-    EXPECT_THAT([&] { ShowDetail(project, 0, IncludingOwned); },
+    EXPECT_THAT([&] { DetailOf(project, 0, IncludingOwned); },
                 Throws<Fault>(Property(&Fault::what, HasSubstr("Overflow: "))));
 }
 

@@ -6,8 +6,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace pistaro {
 namespace {
+
+auto FramesOf(const Project& project, const Catalogue& catalogue = Pieces()) {
+    return StatisticsFrames(catalogue, project.Stock, project.Design.Circuit, project.Preferences.DisplayUnits);
+}
 
 /// "left right price elements"
 std::string TextOf(const StatisticsFrame& frame) {
@@ -15,7 +21,7 @@ std::string TextOf(const StatisticsFrame& frame) {
 }
 
 TEST(StatisticsFrames, AreNamedAfterTheTracks) {
-    const auto frames = StatisticsFrames(ProjectOf(""));
+    const auto frames = FramesOf(ProjectOf(""));
 
     EXPECT_EQ(frames[0].Name, "Track 1");
     EXPECT_EQ(frames[1].Name, "Track 2");
@@ -24,7 +30,7 @@ TEST(StatisticsFrames, AreNamedAfterTheTracks) {
 }
 
 TEST(StatisticsFrames, AnEmptyTrackShowsZeroInAllFourLabels) {
-    for (const StatisticsFrame& frame : StatisticsFrames(ProjectOf("")))
+    for (const StatisticsFrame& frame : FramesOf(ProjectOf("")))
         EXPECT_EQ(TextOf(frame), "0 0 0 0") << frame.Name;
 }
 
@@ -33,7 +39,7 @@ TEST(StatisticsFrames, ShowEachTrackAloneAndTheCircuitsSum) {
     SetStock(project, "C160", 3, 1.5F);
     SetStock(project, "N10102", 0, 4);
 
-    const auto frames = StatisticsFrames(project);
+    const auto frames = FramesOf(project);
 
     EXPECT_EQ(TextOf(frames[0]), "55 61 1.5 2"); // 35 + 20.106, 35 + 26.311
     EXPECT_EQ(TextOf(frames[1]), "0 0 0 0");
@@ -42,7 +48,7 @@ TEST(StatisticsFrames, ShowEachTrackAloneAndTheCircuitsSum) {
 }
 
 TEST(StatisticsFrames, TheCircuitsLengthIsCutOnceNotTrackByTrack) {
-    const auto frames = StatisticsFrames(ProjectOf("C159", "C159")); // 17.5 each
+    const auto frames = FramesOf(ProjectOf("C159", "C159")); // 17.5 each
 
     EXPECT_EQ(frames[0].Left, "17");
     EXPECT_EQ(frames[3].Left, "35");
@@ -50,16 +56,16 @@ TEST(StatisticsFrames, TheCircuitsLengthIsCutOnceNotTrackByTrack) {
 
 TEST(StatisticsFrames, InInchesALengthOf254CmShows100) {
     Project project = ProjectOf("C8006 C8006 N10102 N10102 N10102 N10102 N10103"); // 74 + 160 + 20
-    project.DisplayUnits.Inches = true;
+    project.Preferences.DisplayUnits.Inches = true;
 
-    EXPECT_EQ(StatisticsFrames(project)[0].Left, "100");
+    EXPECT_EQ(FramesOf(project)[0].Left, "100");
 }
 
 TEST(StatisticsFrames, InCentimetresALengthOf99Point9Shows99) {
-    Project project = ProjectOf("C160");
-    Entry(project.Pieces, FindRow(project.Pieces, "C160")).LaneLength1 = 99.9F;
+    std::vector<CatalogueEntry> rows = PieceTable();
+    std::ranges::find(rows, "C160", &CatalogueEntry::Code)->LaneLength1 = 99.9F;
 
-    EXPECT_EQ(StatisticsFrames(project)[0].Left, "99");
+    EXPECT_EQ(FramesOf(ProjectOf("C160"), Catalogue(rows))[0].Left, "99");
 }
 
 TEST(StatisticsFrames, APriceIsInTheShortestForm) {
@@ -68,23 +74,21 @@ TEST(StatisticsFrames, APriceIsInTheShortestForm) {
     SetStock(project, "C159", 0, .5F);
     SetStock(project, "C158", 0, 20000000);
 
-    const auto frames = StatisticsFrames(project);
+    const auto frames = FramesOf(project);
 
     EXPECT_EQ(frames[0].Price, "12.5");
     EXPECT_EQ(frames[1].Price, ".5");
     EXPECT_EQ(frames[2].Price, "2E+07");
 }
 
-TEST(StatisticsFrames, CountUnknownElementsToo) {
-    EXPECT_EQ(StatisticsFrames(ProjectOf("C160 unknown"))[0].Elements, "2");
-}
+TEST(StatisticsFrames, CountUnknownElementsToo) { EXPECT_EQ(FramesOf(ProjectOf("C160 unknown"))[0].Elements, "2"); }
 
 TEST(StatisticsFrames, ShowTheThreeFullestTracksThereCanBe) {
     Project project = ProjectOf("");
-    for (Track& track : project.Layout.Tracks)
+    for (Track& track : project.Design.Circuit.Tracks)
         track.ElementCodes.assign(501, "C160");
 
-    const auto frames = StatisticsFrames(project);
+    const auto frames = FramesOf(project);
 
     EXPECT_EQ(TextOf(frames[0]), "17535 17535 0 501");
     EXPECT_EQ(TextOf(frames[3]), "52605 52605 0 1503");

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <string>
 
 namespace pistaro {
@@ -15,7 +16,11 @@ namespace {
 using testing::HasSubstr;
 using testing::Throws;
 
-Measurement MeasureChain(const std::string& codes) { return Measure(ProjectOf(codes), 0); }
+Measurement MeasureOf(const Project& project, int track) {
+    return Measure(Pieces(), project.Stock, project.Design.Circuit, track);
+}
+
+Measurement MeasureChain(const std::string& codes) { return MeasureOf(ProjectOf(codes), 0); }
 
 /// The products that were counted: "C151:2 C160:1".
 std::string CountsOf(const StockTally& tally) {
@@ -29,7 +34,7 @@ std::string CountsOf(const StockTally& tally) {
 
 TEST(StockTally, HasOneRowForEachHeadRowInCatalogueOrder) {
     std::string codes;
-    for (const TallyRow& row : ResetStockTally(InitCatalogue()))
+    for (const TallyRow& row : ResetStockTally(Pieces()))
         codes += std::string(row.StockCode) + " ";
 
     EXPECT_EQ(codes, "C151 C152 C153 C154 C156 C157 C158 C159 C160 C187 "
@@ -37,7 +42,7 @@ TEST(StockTally, HasOneRowForEachHeadRowInCatalogueOrder) {
                      "C164 C248 C8005 C8006 C8007 C8009 C277 C367 C8010 C8010 N10111 ");
 }
 
-TEST(StockTally, StartsAtZero) { EXPECT_EQ(CountsOf(ResetStockTally(InitCatalogue())), ""); }
+TEST(StockTally, StartsAtZero) { EXPECT_EQ(CountsOf(ResetStockTally(Pieces())), ""); }
 
 TEST(StockTally, BothHandsOfACurveCountAsOneProduct) {
     EXPECT_EQ(CountsOf(MeasureChain("C151L C151R C8010R C8010L N10105R").Tally), "C151:2 N10105:1 C8010:2");
@@ -60,11 +65,11 @@ TEST(StockTally, AnUnknownCodeCountsForTheProductThatItBeginsWith) {
 
 TEST(StockTally, ACountEndsAt32767) {
     Project project = ProjectOf("");
-    project.Layout.Tracks[0].ElementCodes.assign(32767, "C160");
-    EXPECT_EQ(CountsOf(Measure(project, 0).Tally), "C160:32767");
+    project.Design.Circuit.Tracks[0].ElementCodes.assign(32767, "C160");
+    EXPECT_EQ(CountsOf(MeasureOf(project, 0).Tally), "C160:32767");
 
-    project.Layout.Tracks[1].ElementCodes = {"C160"};
-    EXPECT_THAT([&] { Measure(project, AllTracks); }, Throws<Fault>(Property(&Fault::what, HasSubstr("Overflow: "))));
+    project.Design.Circuit.Tracks[1].ElementCodes = {"C160"};
+    EXPECT_THAT([&] { MeasureOf(project, AllTracks); }, Throws<Fault>(Property(&Fault::what, HasSubstr("Overflow: "))));
 }
 
 TEST(MeasureTrack, AnEmptyTrackIsZeroLongAndCostsNothing) {
@@ -90,10 +95,10 @@ TEST(MeasureTrack, BehindAChangeOverLeftAndRightAreCrossed) {
 }
 
 TEST(MeasureTrack, AChangeOversOwnLengthsAreAlreadyCrossed) {
-    Project project = ProjectOf("C8006");
-    Entry(project.Pieces, FindRow(project.Pieces, "C8006")).LaneLength1 = 30;
+    std::vector<CatalogueEntry> rows = PieceTable();
+    std::ranges::find(rows, "C8006", &CatalogueEntry::Code)->LaneLength1 = 30;
 
-    const Measurement sum = Measure(project, 0);
+    const Measurement sum = Measure(Catalogue(rows), {}, ProjectOf("C8006").Design.Circuit, 0);
 
     EXPECT_EQ(sum.LeftLength, 37);
     EXPECT_EQ(sum.RightLength, 30);
@@ -109,7 +114,7 @@ TEST(MeasureTrack, ASecondChangeOverUncrossesTheLanes) {
 TEST(MeasureTrack, EveryTrackStartsUncrossed) {
     const Project project = ProjectOf("C8006", "C151L");
 
-    EXPECT_NEAR(Measure(project, AllTracks).LeftLength, 57.106, 0.001); // 37 + 20.106
+    EXPECT_NEAR(MeasureOf(project, AllTracks).LeftLength, 57.106, 0.001); // 37 + 20.106
 }
 
 TEST(MeasureTrack, AnUnknownCodeRepeatsTheLengthsOfTheElementBefore) {
@@ -119,14 +124,14 @@ TEST(MeasureTrack, AnUnknownCodeRepeatsTheLengthsOfTheElementBefore) {
 }
 
 TEST(MeasureTrack, AnUnknownCodeInTheNextTrackRepeatsNothing) {
-    EXPECT_EQ(Measure(ProjectOf("C160", "unknown"), AllTracks).LeftLength, 35);
+    EXPECT_EQ(MeasureOf(ProjectOf("C160", "unknown"), AllTracks).LeftLength, 35);
 }
 
 TEST(MeasureTrack, AnEmptyCodeIsAnUnknownOne) {
     Project project = ProjectOf("");
-    project.Layout.Tracks[0].ElementCodes = {"C160", "", "C159"};
+    project.Design.Circuit.Tracks[0].ElementCodes = {"C160", "", "C159"};
 
-    const Measurement sum = Measure(project, 0);
+    const Measurement sum = MeasureOf(project, 0);
 
     EXPECT_EQ(sum.LeftLength, 87.5); // 35 + 35 + 17.5
     EXPECT_EQ(CountsOf(sum.Tally), "C159:1 C160:1");
@@ -138,7 +143,7 @@ TEST(MeasureTrack, PricesEachPieceByItsProductsHeadRow) {
     SetStock(project, "C151R", 0, 100);
     SetStock(project, "C160", 0, .25F);
 
-    EXPECT_EQ(Measure(project, 0).TrackPrice, 5.25F);
+    EXPECT_EQ(MeasureOf(project, 0).TrackPrice, 5.25F);
 }
 
 TEST(MeasureTrack, PricesEachHandOfTheCurvedChicaneByItsOwnRow) {
@@ -146,7 +151,7 @@ TEST(MeasureTrack, PricesEachHandOfTheCurvedChicaneByItsOwnRow) {
     SetStock(project, "C8010L", 0, 7);
     SetStock(project, "C8010R", 0, 1);
 
-    EXPECT_EQ(Measure(project, 0).TrackPrice, 9);
+    EXPECT_EQ(MeasureOf(project, 0).TrackPrice, 9);
 }
 
 TEST(MeasureTrack, TheCircuitsSumRunsThroughTheTracksInSinglePrecision) {
@@ -154,15 +159,15 @@ TEST(MeasureTrack, TheCircuitsSumRunsThroughTheTracksInSinglePrecision) {
     SetStock(project, "C160", 0, 16777216);
     SetStock(project, "C159", 0, 1);
 
-    EXPECT_EQ(Measure(project, 1).TrackPrice, 2);
-    EXPECT_EQ(Measure(project, AllTracks).TrackPrice, 16777216) << "each 1 is lost in rounding";
+    EXPECT_EQ(MeasureOf(project, 1).TrackPrice, 2);
+    EXPECT_EQ(MeasureOf(project, AllTracks).TrackPrice, 16777216) << "each 1 is lost in rounding";
 }
 
 TEST(MeasureTrack, APriceBeyondTheSinglesIsAnOverflow) {
     Project project = ProjectOf("C160 C160");
     SetStock(project, "C160", 0, 3e38F);
 
-    EXPECT_THAT([&] { Measure(project, 0); }, Throws<Fault>(Property(&Fault::what, HasSubstr("Overflow: "))));
+    EXPECT_THAT([&] { MeasureOf(project, 0); }, Throws<Fault>(Property(&Fault::what, HasSubstr("Overflow: "))));
 }
 
 } // namespace

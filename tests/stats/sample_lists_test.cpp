@@ -3,6 +3,7 @@
 
 #include "storage/circuit_file.h"
 #include "storage/settings_file.h"
+#include "support/pieces.h"
 #include "support/stock.h"
 #include "support/temporary_folder.h"
 
@@ -27,8 +28,8 @@ std::set<std::string> NamesIn(const std::filesystem::path& folder, const std::st
 
 /// A shop that has a price for some products.
 Project PricedSample(const std::string& name) {
-    Project project = StartUp(InitialSettings());
-    project.Layout.Tracks = ReadCircuit(Samples / (name + ".trk")).Tracks;
+    Project project = StartUp(InitialSettings(Pieces()));
+    project.Design.Circuit = ReadCircuit(Samples / (name + ".trk")).Circuit;
     SetStock(project, "C151L", 0, 2.5F);
     SetStock(project, "C153L", 0, 3.25F);
     SetStock(project, "C160", 0, 2);
@@ -45,7 +46,8 @@ TEST(SampleLists, AreTheListsOfTheSamplesPieces) {
     for (const std::string& name : NamesIn(Samples, ".trk")) {
         const Project project = PricedSample(name);
 
-        const std::string list = ShoppingListBytes(project, ShowDetail(project, AllTracks, true));
+        const Detail all = ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, true);
+        const std::string list = ShoppingListBytes(Pieces(), project.Stock, project.Preferences.DisplayUnits, all);
 
         EXPECT_EQ(list, BytesOf(Lists / (name + ".txt"))) << name;
     }

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace pistaro {
 namespace {
 
@@ -23,7 +25,20 @@ const std::string Head = "SHOPPING LIST\r\n"
 const std::string Rule = "                                       -----\r\n";
 const std::string Total = "Total                                  ";
 
-std::string ListOf(const Project& project) { return ShoppingListBytes(project, ShowDetail(project, AllTracks, true)); }
+/// All pieces of the circuit, owned ones too.
+Detail AllPieces(const Project& project) {
+    return ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, true);
+}
+
+std::string ListOf(const Project& project, const Detail& detail, const Catalogue& catalogue = Pieces()) {
+    return ShoppingListBytes(catalogue, project.Stock, project.Preferences.DisplayUnits, detail);
+}
+
+std::string ListOf(const Project& project) { return ListOf(project, AllPieces(project)); }
+
+Message WriteList(const Project& project, const Detail& detail) {
+    return WriteShoppingList(Pieces(), project.Stock, project.Preferences, detail);
+}
 
 TEST(ShoppingList, WithNothingToBuyHasHeadRuleAndTotal) {
     EXPECT_EQ(ListOf(ProjectOf("")), Head + Rule + Total + "0EUR\r\n");
@@ -49,7 +64,7 @@ TEST(ShoppingList, ACountOf12IsThreeBlanksAnd12) {
 
 TEST(ShoppingList, TheLargestCountFillsItsColumns) {
     Project project = ProjectOf("");
-    project.Layout.Tracks[0].ElementCodes.assign(32767, "C160");
+    project.Design.Circuit.Tracks[0].ElementCodes.assign(32767, "C160");
 
     EXPECT_THAT(ListOf(project), HasSubstr("\r\n32767 x C160  "));
 }
@@ -64,9 +79,12 @@ TEST(ShoppingList, ANameFills22ColumnsAndIsCutThere) {
     EXPECT_THAT(ListOf(ProjectOf("N10110")), HasSubstr("(Corvel/Ninco convert) at "));
     EXPECT_THAT(ListOf(ProjectOf("C154R")), HasSubstr("(standard curve 22.5\xB0) at "));
 
-    Project longNamed = ProjectOf("C160");
-    Entry(longNamed.Pieces, FindRow(longNamed.Pieces, "C160")).LongName = "a straight of 21 char";
-    EXPECT_THAT(ListOf(longNamed), HasSubstr("(a straight of 21 char at "));
+    std::vector<CatalogueEntry> rows = PieceTable();
+    std::ranges::find(rows, "C160", &CatalogueEntry::Code)->LongName = "a straight of 21 char";
+    const Catalogue longNamed(rows);
+    const Project project = ProjectOf("C160");
+    const Detail detail = ShowDetail(longNamed, project.Stock, project.Design.Circuit, AllTracks, true);
+    EXPECT_THAT(ListOf(project, detail, longNamed), HasSubstr("(a straight of 21 char at "));
 }
 
 TEST(ShoppingList, APriceOfZeroEndsTheLineInAtAndTheDigit) {
@@ -91,7 +109,7 @@ TEST(ShoppingList, ListsWhatTheDetailShowsAndNothingElse) {
     Project project = ProjectOf("C160 C160", "C159");
     SetStock(project, "C160", 1);
 
-    const std::string list = ShoppingListBytes(project, ShowDetail(project, 0, false));
+    const std::string list = ListOf(project, ShowDetail(Pieces(), project.Stock, project.Design.Circuit, 0, false));
 
     EXPECT_THAT(list, HasSubstr("    1 x C160  "));
     EXPECT_THAT(list, Not(HasSubstr("C159")));
@@ -100,20 +118,20 @@ TEST(ShoppingList, ListsWhatTheDetailShowsAndNothingElse) {
 TEST(ShoppingList, TheCurrencyIsWrittenInTheFilesCodePage) {
     Project project = ProjectOf("");
 
-    project.DisplayUnits.Currency = "\u20AC";
+    project.Preferences.DisplayUnits.Currency = "\u20AC";
     EXPECT_THAT(ListOf(project), EndsWith("0\x80\r\n"));
-    project.DisplayUnits.Currency = "\u20BD";
+    project.Preferences.DisplayUnits.Currency = "\u20BD";
     EXPECT_THAT(ListOf(project), EndsWith("0?\r\n")) << "the code page lacks the rouble";
-    project.DisplayUnits.Currency = "";
+    project.Preferences.DisplayUnits.Currency = "";
     EXPECT_THAT(ListOf(project), EndsWith(" 0\r\n"));
 }
 
 TEST(WriteShoppingList, WritesIntoTheWorkingDirectoryAndTellsSo) {
     const TemporaryFolder folder;
     Project project = ProjectOf("C160");
-    project.WorkingDirectory = folder.Path().string() + "/";
+    project.Preferences.WorkingDirectory = folder.Path().string() + "/";
 
-    const Message message = WriteShoppingList(project, ShowDetail(project, AllTracks, true));
+    const Message message = WriteList(project, AllPieces(project));
 
     EXPECT_EQ(BytesOf(folder / "shoppingList.txt"),
               Head + "    1 x C160  (standard straight)    at 0\r\n" + Rule + Total + "0EUR\r\n");
@@ -124,10 +142,10 @@ TEST(WriteShoppingList, WritesIntoTheWorkingDirectoryAndTellsSo) {
 TEST(WriteShoppingList, ReplacesAnOldList) {
     const TemporaryFolder folder;
     Project project = ProjectOf("");
-    project.WorkingDirectory = folder.Path().string() + "/";
+    project.Preferences.WorkingDirectory = folder.Path().string() + "/";
     WriteBytes(folder / "shoppingList.txt", std::string(5000, 'x'));
 
-    WriteShoppingList(project, ShowDetail(project, AllTracks, true));
+    WriteList(project, AllPieces(project));
 
     EXPECT_EQ(BytesOf(folder / "shoppingList.txt"), Head + Rule + Total + "0EUR\r\n");
 }
@@ -135,26 +153,26 @@ TEST(WriteShoppingList, ReplacesAnOldList) {
 TEST(WriteShoppingList, AWorkingDirectoryThatDoesNotExistIsAFaultAndNothingIsWritten) {
     const TemporaryFolder folder;
     Project project = ProjectOf("C160");
-    project.WorkingDirectory = (folder / "missing").string() + "/";
+    project.Preferences.WorkingDirectory = (folder / "missing").string() + "/";
 
-    EXPECT_THAT([&] { WriteShoppingList(project, Detail{}); },
+    EXPECT_THAT([&] { WriteList(project, Detail{}); },
                 Throws<Fault>(Property(&Fault::what, StartsWith("Path not found: "))));
 
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
 TEST(WriteShoppingList, WithoutAWorkingDirectoryIsAFault) {
-    EXPECT_THAT([&] { WriteShoppingList(ProjectOf("C160"), Detail{}); },
+    EXPECT_THAT([&] { WriteList(ProjectOf("C160"), Detail{}); },
                 Throws<Fault>(Property(&Fault::what, StartsWith("Path not found: "))));
 }
 
 TEST(WriteShoppingList, AFolderInTheListsPlaceIsAFault) {
     const TemporaryFolder folder;
     Project project = ProjectOf("C160");
-    project.WorkingDirectory = folder.Path().string() + "/";
+    project.Preferences.WorkingDirectory = folder.Path().string() + "/";
     std::filesystem::create_directory(folder / "shoppingList.txt");
 
-    EXPECT_THROW(WriteShoppingList(project, Detail{}), Fault);
+    EXPECT_THROW(WriteList(project, Detail{}), Fault);
 }
 
 } // namespace

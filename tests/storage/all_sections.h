@@ -2,24 +2,25 @@
 #pragma once
 
 #include "storage/settings_sections.h"
+#include "support/pieces.h"
 
 namespace pistaro {
 
 inline std::vector<Section> AllSections(const Settings& settings) {
-    std::array<double, CatalogueCount> owned{};
-    std::array<double, CatalogueCount> prices{};
-    for (std::size_t row = 0; row < owned.size(); ++row) {
-        owned[row] = settings.Stocks[row].Owned;
-        prices[row] = settings.Stocks[row].Price;
+    std::vector<double> owned;
+    std::vector<double> prices;
+    for (int row = 0; row < Pieces().Count(); ++row) {
+        owned.push_back(settings.Stock[row].OwnedCount);
+        prices.push_back(settings.Stock[row].Price);
     }
-    return {WorkingDirectoryOf(settings.WorkingDirectory),
-            ViewOf(settings.MidX, settings.MidY, settings.Zoom, settings.MWid),
-            UnitsOf(settings.DisplayUnits),
-            GridOf(settings.Grid),
+    return {WorkingDirectoryOf(settings.Preferences.WorkingDirectory),
+            ViewOf(settings.MidX, settings.MidY, settings.Zoom, settings.Preferences.MWid),
+            UnitsOf(settings.Preferences.DisplayUnits),
+            GridOf(settings.Preferences.Grid),
             RoomOf(settings.Room),
-            LooseTrackOf(owned),
-            BestPricesOf(prices),
-            ColoursOf(settings.Colours)};
+            LooseTrackOf(Pieces(), owned),
+            BestPricesOf(Pieces(), prices),
+            ColoursOf(settings.Preferences.Colours)};
 }
 
 } // namespace pistaro

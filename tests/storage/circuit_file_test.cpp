@@ -17,46 +17,45 @@ namespace pistaro {
 namespace {
 
 Project FullProject() {
-    Project project = StartUp(InitialSettings());
-    project.View.MidX = 33.25F;
-    project.View.MidY = -7;
-    project.View.Width = 120.5F;
-    project.View.HMov = {-120, 200, 33};
-    project.View.VMov = {-170, 150, -7};
-    project.Room.Points = {{120, -35, 1}, {32767, -32768, -1}, {0, 0, 0}};
-    project.Room.Angle = 0.78539806F;
-    auto& tracks = project.Layout.Tracks;
-    tracks[0] = {{"C151L", "C160", "", "my é\xC2\x81 piece "}, 2, -3.5F, 0.25F, 6.283185F};
+    Project project = StartUp(InitialSettings(Pieces()));
+    project.Design.View.MidX = 33.25F;
+    project.Design.View.MidY = -7;
+    project.Design.View.Width = 120.5F;
+    project.Design.View.HMov = {-120, 200, 33};
+    project.Design.View.VMov = {-170, 150, -7};
+    project.Design.Room.Points = {{120, -35, 1}, {32767, -32768, -1}, {0, 0, 0}};
+    project.Design.Room.Angle = 0.78539806F;
+    auto& tracks = project.Design.Circuit.Tracks;
+    tracks[0] = {{"C151L", "C160", "", "my é\xC2\x81 piece "}, -3.5F, 0.25F, 6.283185F};
     tracks[1].ElementCodes = {"N10105R"};
     tracks[1].TrackStartY = 1e7F;
     tracks[2].TrackStartHeading = 1.1920929e-7F;
     return project;
 }
 
+Design DesignFrom(const std::string& bytes) { return ParseCircuit(bytes, "x.trk"); }
+
 Project ProjectFrom(const std::string& bytes) {
-    CircuitFile file = ParseCircuit(bytes, "x.trk");
     Project project;
-    project.View = file.View;
-    project.Room = file.Room;
-    project.Layout.Tracks = file.Tracks;
+    project.Design = DesignFrom(bytes);
     return project;
 }
 
 TEST(CircuitBytes, OfThreeEmptyTracksAndNoRoomAreExactly22Lines) {
-    const std::string bytes = CircuitBytes(StartUp(InitialSettings()));
+    const std::string bytes = CircuitBytes(StartUp(InitialSettings(Pieces())).Design);
 
     EXPECT_EQ(bytes, EmptyFile);
     EXPECT_EQ(LinesOf(bytes).size(), 22U);
 }
 
-TEST(CircuitBytes, OfAFullCircuitAreThoseOfTheFormat) { EXPECT_EQ(CircuitBytes(FullProject()), FullFile); }
+TEST(CircuitBytes, OfAFullCircuitAreThoseOfTheFormat) { EXPECT_EQ(CircuitBytes(FullProject().Design), FullFile); }
 
 TEST(CircuitBytes, HoldTheMiddleOfEachBarAndHalfTheVerticalRange) {
     Project project;
-    project.View.HMov = {-5, 16, 0};
-    project.View.VMov = {-10, 11, 0};
+    project.Design.View.HMov = {-5, 16, 0};
+    project.Design.View.VMov = {-10, 11, 0};
 
-    const auto lines = LinesOf(CircuitBytes(project));
+    const auto lines = LinesOf(CircuitBytes(project.Design));
 
     EXPECT_EQ(lines[1], "5.5");
     EXPECT_EQ(lines[2], ".5");
@@ -65,26 +64,27 @@ TEST(CircuitBytes, HoldTheMiddleOfEachBarAndHalfTheVerticalRange) {
 
 TEST(CircuitBytes, OfARoomPointsExtremesFillTheirColumns) {
     EXPECT_EQ(LinesOf(FullFile)[10].size(), 25U);
-    EXPECT_EQ(LinesOf(CircuitBytes(FullProject()))[10], "     32767    -32768   -1");
+    EXPECT_EQ(LinesOf(CircuitBytes(FullProject().Design))[10], "     32767    -32768   -1");
 }
 
 TEST(CircuitBytes, KeepOnlyTheRightmostCharactersOfALongFlag) {
     Project project;
-    project.Room.Points = {{1, 2, -32768}};
+    project.Design.Room.Points = {{1, 2, -32768}};
 
-    EXPECT_EQ(LinesOf(CircuitBytes(project))[9], "         1         232768");
+    EXPECT_EQ(LinesOf(CircuitBytes(project.Design))[9], "         1         232768");
 }
 
 TEST(CircuitBytes, WriteWhatTheCodePageLacksAsAQuestionMark) {
     Project project;
-    project.Layout.Tracks[2].ElementCodes = {"Łódź"};
+    project.Design.Circuit.Tracks[2].ElementCodes = {"Łódź"};
 
-    EXPECT_TRUE(CircuitBytes(project).ends_with("\r\n?\xF3"
-                                                "d?\r\n"));
+    EXPECT_TRUE(CircuitBytes(project.Design)
+                    .ends_with("\r\n?\xF3"
+                               "d?\r\n"));
 }
 
 TEST(ParseCircuit, ReadsWhatWasWritten) {
-    const CircuitFile file = ParseCircuit(FullFile, "x.trk");
+    const Design file = ParseCircuit(FullFile, "x.trk");
 
     EXPECT_EQ(file.View.MidX, 33);
     EXPECT_EQ(file.View.MidY, -7);
@@ -98,21 +98,20 @@ TEST(ParseCircuit, ReadsWhatWasWritten) {
     EXPECT_EQ(file.View.VMov.Value, -7);
     EXPECT_EQ(file.Room.Points, (std::vector<RoomPoint>{{120, -35, 1}, {32767, -32768, -1}, {0, 0, 0}}));
     EXPECT_FLOAT_EQ(file.Room.Angle, 0.7853981F);
-    EXPECT_EQ(file.Tracks[0].TrackStartX, -3.5F);
-    EXPECT_EQ(file.Tracks[0].TrackStartY, 0.25F);
-    EXPECT_EQ(file.Tracks[0].TrackStartHeading, 6.283185F);
-    EXPECT_EQ(file.Tracks[0].ElementCodes, (std::vector<std::string>{"C151L", "C160", "", "my é\xC2\x81 piece "}));
-    EXPECT_EQ(file.Tracks[1].TrackStartY, 1e7F);
-    EXPECT_EQ(file.Tracks[1].ElementCodes, std::vector<std::string>{"N10105R"});
-    EXPECT_EQ(file.Tracks[2].ElementLastIndex(), -1);
-    for (const Track& track : file.Tracks)
-        EXPECT_EQ(track.CurrentElement, -1);
+    EXPECT_EQ(file.Circuit.Tracks[0].TrackStartX, -3.5F);
+    EXPECT_EQ(file.Circuit.Tracks[0].TrackStartY, 0.25F);
+    EXPECT_EQ(file.Circuit.Tracks[0].TrackStartHeading, 6.283185F);
+    EXPECT_EQ(file.Circuit.Tracks[0].ElementCodes,
+              (std::vector<std::string>{"C151L", "C160", "", "my é\xC2\x81 piece "}));
+    EXPECT_EQ(file.Circuit.Tracks[1].TrackStartY, 1e7F);
+    EXPECT_EQ(file.Circuit.Tracks[1].ElementCodes, std::vector<std::string>{"N10105R"});
+    EXPECT_EQ(file.Circuit.Tracks[2].ElementLastIndex(), -1);
 }
 
 TEST(ParseCircuit, KeepsTheCurrentCentreUnroundedAndRoundsTheBars) {
-    const CircuitFile file = ParseCircuit("s\r\n.5\r\n0\r\n12.5\r\n-3.75\r\n100\r\n10\r\nr\r\n0\r\n0\r\nt\r\n"
-                                          "0\r\n0\r\n0\r\n[Track\r\n0\r\n0\r\n0\r\n[Track\r\n0\r\n0\r\n0\r\n",
-                                          "x.trk");
+    const Design file = ParseCircuit("s\r\n.5\r\n0\r\n12.5\r\n-3.75\r\n100\r\n10\r\nr\r\n0\r\n0\r\nt\r\n"
+                                     "0\r\n0\r\n0\r\n[Track\r\n0\r\n0\r\n0\r\n[Track\r\n0\r\n0\r\n0\r\n",
+                                     "x.trk");
 
     EXPECT_EQ(file.View.MidX, 12.5F);
     EXPECT_EQ(file.View.MidY, -3.75F);
@@ -132,17 +131,17 @@ TEST(ParseCircuit, LooksAtNoSectionLine) {
     for (const char* const header : {"[Settings]", "[Room]", "[Track 0]"})
         bytes.replace(bytes.find(header), std::string(header).size(), "whatever");
 
-    EXPECT_EQ(CircuitBytes(ProjectFrom(bytes)), FullFile);
+    EXPECT_EQ(CircuitBytes(DesignFrom(bytes)), FullFile);
 }
 
 TEST(ParseCircuit, TakesLinesThatEndInLfOrCr) {
-    EXPECT_EQ(CircuitBytes(ProjectFrom(Joined(LinesOf(FullFile), "\n"))), FullFile);
-    EXPECT_EQ(CircuitBytes(ProjectFrom(Joined(LinesOf(FullFile), "\r"))), FullFile);
+    EXPECT_EQ(CircuitBytes(DesignFrom(Joined(LinesOf(FullFile), "\n"))), FullFile);
+    EXPECT_EQ(CircuitBytes(DesignFrom(Joined(LinesOf(FullFile), "\r"))), FullFile);
 }
 
 TEST(ParseCircuit, TakesALastLineWithoutAnEnd) {
-    EXPECT_EQ(CircuitBytes(ProjectFrom(FullFile.substr(0, FullFile.size() - 2))), FullFile);
-    EXPECT_EQ(CircuitBytes(ProjectFrom(FullFile + "C160")), FullFile + "C160\r\n");
+    EXPECT_EQ(CircuitBytes(DesignFrom(FullFile.substr(0, FullFile.size() - 2))), FullFile);
+    EXPECT_EQ(CircuitBytes(DesignFrom(FullFile + "C160")), FullFile + "C160\r\n");
 }
 
 TEST(ParseCircuit, AnyLineThatBeginsWithTheTrackHeaderEndsATrack) {
@@ -150,19 +149,20 @@ TEST(ParseCircuit, AnyLineThatBeginsWithTheTrackHeaderEndsATrack) {
     bytes.replace(bytes.find("[Track 1]"), 9, "[Tracks of my own");
     bytes.replace(bytes.find("[Track 2]"), 9, "[Track 0]");
 
-    EXPECT_EQ(CircuitBytes(ProjectFrom(bytes)), FullFile);
+    EXPECT_EQ(CircuitBytes(DesignFrom(bytes)), FullFile);
 }
 
 TEST(ParseCircuit, AnyOtherLineIsAnElement) {
-    const CircuitFile file = ParseCircuit(EmptyFile + "\r\n[track 1]\r\n [Track 1]\r\n[Settings]\r\n\r\n", "x.trk");
+    const Design file = ParseCircuit(EmptyFile + "\r\n[track 1]\r\n [Track 1]\r\n[Settings]\r\n\r\n", "x.trk");
 
-    EXPECT_EQ(file.Tracks[2].ElementCodes, (std::vector<std::string>{"", "[track 1]", " [Track 1]", "[Settings]", ""}));
+    EXPECT_EQ(file.Circuit.Tracks[2].ElementCodes,
+              (std::vector<std::string>{"", "[track 1]", " [Track 1]", "[Settings]", ""}));
 }
 
 TEST(ParseCircuit, StopsAtAFourthTrack) {
-    const CircuitFile file = ParseCircuit(EmptyFile + "C160\r\n[Track 3]\r\n1\r\n2\r\n3\r\nC151L\r\n", "x.trk");
+    const Design file = ParseCircuit(EmptyFile + "C160\r\n[Track 3]\r\n1\r\n2\r\n3\r\nC151L\r\n", "x.trk");
 
-    EXPECT_EQ(CodesOf(file.Tracks[2]), "C160");
+    EXPECT_EQ(CodesOf(file.Circuit.Tracks[2]), "C160");
 }
 
 TEST(ParseCircuit, ARoomLineTooShortForAFieldYieldsZeroForIt) {
@@ -184,12 +184,12 @@ TEST(ParseCircuit, TheRoomPointCountIsRounded) {
 
 TEST(ParseCircuit, TakesTwentyRoomPointsAndFiveHundredAndOneElements) {
     Project project;
-    project.Room.Points.assign(20, {1, 2, 1});
-    for (Track& track : project.Layout.Tracks)
+    project.Design.Room.Points.assign(20, {1, 2, 1});
+    for (Track& track : project.Design.Circuit.Tracks)
         track.ElementCodes.assign(501, "C160");
-    const std::string bytes = CircuitBytes(project);
+    const std::string bytes = CircuitBytes(project.Design);
 
-    EXPECT_EQ(CircuitBytes(ProjectFrom(bytes)), bytes);
+    EXPECT_EQ(CircuitBytes(DesignFrom(bytes)), bytes);
 }
 
 float AnySingle(std::mt19937& random) {
@@ -205,22 +205,22 @@ ScrollBar AnyBar(std::mt19937& random) {
 std::int16_t AnyInteger(std::mt19937& random) { return static_cast<std::int16_t>(random()); }
 
 Project AnyProject(std::mt19937& random) {
-    static const Catalogue catalogue = InitCatalogue();
     Project project;
-    project.View.Width = AnySingle(random);
-    project.View.HMov = AnyBar(random);
-    project.View.VMov = AnyBar(random);
+    project.Design.View.Width = AnySingle(random);
+    project.Design.View.HMov = AnyBar(random);
+    project.Design.View.VMov = AnyBar(random);
     for (std::size_t points = random() % 21; points > 0; --points) {
-        project.Room.Points.push_back(
+        project.Design.Room.Points.push_back(
             {AnyInteger(random), AnyInteger(random), static_cast<std::int16_t>(random() % 3 - 1)});
     }
-    project.Room.Angle = AnySingle(random);
-    for (Track& track : project.Layout.Tracks) {
+    project.Design.Room.Angle = AnySingle(random);
+    for (Track& track : project.Design.Circuit.Tracks) {
         track.TrackStartX = AnySingle(random);
         track.TrackStartY = AnySingle(random);
         track.TrackStartHeading = AnySingle(random);
         for (std::size_t elements = random() % 502; elements > 0; --elements) {
-            track.ElementCodes.emplace_back(random() % 20 == 0 ? "any text €" : catalogue[random() % 39].Code);
+            track.ElementCodes.push_back(random() % 20 == 0 ? "any text €"
+                                                            : Pieces()[static_cast<int>(random() % 39)].Code);
         }
     }
     return project;
@@ -231,14 +231,15 @@ TEST(CircuitFile, SavedReadAndSavedAgainIsTheSame) {
     std::mt19937 random(seed);
     for (int i = 0; i < 300; ++i) {
         const Project project = AnyProject(random);
-        const std::string saved = CircuitBytes(project);
+        const std::string saved = CircuitBytes(project.Design);
 
         const Project read = ProjectFrom(saved);
 
-        ASSERT_EQ(CircuitBytes(read), saved) << "seed " << seed << ", circuit " << i;
-        ASSERT_EQ(read.Room.Points, project.Room.Points) << "seed " << seed;
+        ASSERT_EQ(CircuitBytes(read.Design), saved) << "seed " << seed << ", circuit " << i;
+        ASSERT_EQ(read.Design.Room.Points, project.Design.Room.Points) << "seed " << seed;
         for (std::size_t track = 0; track < TrackCount; ++track)
-            ASSERT_EQ(read.Layout.Tracks[track].ElementCodes, project.Layout.Tracks[track].ElementCodes);
+            ASSERT_EQ(read.Design.Circuit.Tracks[track].ElementCodes,
+                      project.Design.Circuit.Tracks[track].ElementCodes);
     }
 }
 
@@ -259,8 +260,8 @@ TEST(CircuitFile, DamagedAtRandomIsReadOrRefusedAndWhatIsReadCanBeSaved) {
             continue;
         }
         ++readable;
-        ASSERT_LE(read.Room.Points.size(), 20U);
-        ASSERT_NO_THROW(ProjectFrom(CircuitBytes(read)));
+        ASSERT_LE(read.Design.Room.Points.size(), 20U);
+        ASSERT_NO_THROW(DesignFrom(CircuitBytes(read.Design)));
     }
     EXPECT_GT(readable, 500);
     EXPECT_GT(refused, 500);

@@ -5,6 +5,7 @@
 #include "storage/all_sections.h"
 #include "storage/mutation.h"
 #include "support/fault_of.h"
+#include "support/pieces.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -26,13 +27,13 @@ std::string Lines(int count, const std::string& line) {
     return lines;
 }
 
-Settings Parsed(const std::string& bytes) { return ParseSettings(bytes, "corvel.ini"); }
+Settings Parsed(const std::string& bytes) { return ParseSettings(Pieces(), bytes, "corvel.ini"); }
 
 std::string FaultIn(const std::string& bytes) {
     return FaultOf([&] { Parsed(bytes); });
 }
 
-const Stock& StockOf(const Settings& settings, int row) { return settings.Stocks[static_cast<std::size_t>(row)]; }
+ProductStock StockOf(const Settings& settings, int row) { return settings.Stock[row]; }
 
 TEST(Settings, OfTheViewAreReadByPlace) {
     const Settings settings = Parsed("[Settings]\r\nMidX=12.5\r\nMidY=-3\r\nZoom=200.25\r\nMWid=80\r\n");
@@ -40,39 +41,39 @@ TEST(Settings, OfTheViewAreReadByPlace) {
     EXPECT_EQ(settings.MidX, 12.5F);
     EXPECT_EQ(settings.MidY, -3);
     EXPECT_EQ(settings.Zoom, 200.25);
-    EXPECT_EQ(settings.MWid, 80);
+    EXPECT_EQ(settings.Preferences.MWid, 80);
 }
 
 TEST(Settings, OfTheWorkingDirectoryAreTheWholeLine) {
     EXPECT_EQ(Parsed("[Working Directory]\r\nC:\\M\xFC"
                      "ll \r\n")
-                  .WorkingDirectory,
+                  .Preferences.WorkingDirectory,
               "C:\\Müll ");
-    EXPECT_EQ(Parsed("[Working Directory]\r\n\r\n").WorkingDirectory, "");
+    EXPECT_EQ(Parsed("[Working Directory]\r\n\r\n").Preferences.WorkingDirectory, "");
 }
 
 TEST(Settings, OfTheUnitsNeedNotHaveTheirKey) {
-    EXPECT_TRUE(Parsed("[Units]\r\nCurr=1\r\nCurr=EUR\r\n").DisplayUnits.Inches);
-    EXPECT_TRUE(Parsed("[Units]\r\nType=1\r\nCurr=EUR\r\n").DisplayUnits.Inches);
-    EXPECT_FALSE(Parsed("[Units]\r\nType=0\r\nCurr=EUR\r\n").DisplayUnits.Inches);
+    EXPECT_TRUE(Parsed("[Units]\r\nCurr=1\r\nCurr=EUR\r\n").Preferences.DisplayUnits.Inches);
+    EXPECT_TRUE(Parsed("[Units]\r\nType=1\r\nCurr=EUR\r\n").Preferences.DisplayUnits.Inches);
+    EXPECT_FALSE(Parsed("[Units]\r\nType=0\r\nCurr=EUR\r\n").Preferences.DisplayUnits.Inches);
 }
 
 TEST(Settings, AnyUnitIndexButZeroIsInches) {
-    EXPECT_TRUE(Parsed("[Units]\r\nType=2\r\nCurr=\r\n").DisplayUnits.Inches);
-    EXPECT_TRUE(Parsed("[Units]\r\nType=-1\r\nCurr=\r\n").DisplayUnits.Inches);
-    EXPECT_FALSE(Parsed("[Units]\r\nType=.5\r\nCurr=\r\n").DisplayUnits.Inches) << "rounds to even";
+    EXPECT_TRUE(Parsed("[Units]\r\nType=2\r\nCurr=\r\n").Preferences.DisplayUnits.Inches);
+    EXPECT_TRUE(Parsed("[Units]\r\nType=-1\r\nCurr=\r\n").Preferences.DisplayUnits.Inches);
+    EXPECT_FALSE(Parsed("[Units]\r\nType=.5\r\nCurr=\r\n").Preferences.DisplayUnits.Inches) << "rounds to even";
 }
 
 TEST(Settings, TheCurrencyIsTheRestOfItsLine) {
-    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\x80 or \xA3\r\n").DisplayUnits.Currency, "€ or £");
-    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\r\n").DisplayUnits.Currency, "");
+    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\x80 or \xA3\r\n").Preferences.DisplayUnits.Currency, "€ or £");
+    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\r\n").Preferences.DisplayUnits.Currency, "");
 }
 
 TEST(Settings, OfTheGridAreWholeNumbers) {
     const Settings settings = Parsed("[Grid]\r\nxxxxx2\r\nxxxxx 2.5 \r\n");
 
-    EXPECT_EQ(settings.Grid.Type, 2);
-    EXPECT_EQ(settings.Grid.Step, 2);
+    EXPECT_EQ(settings.Preferences.Grid.Type, 2);
+    EXPECT_EQ(settings.Preferences.Grid.Step, 2);
 }
 
 TEST(Settings, OfTheRoomAreThoseOfACircuitFile) {
@@ -90,38 +91,38 @@ TEST(Settings, OfTheColoursAreReadInTheirOrderWhateverTheKeys) {
     const Settings settings = Parsed("[Colors]\r\nxxxxxxxxxxx1\r\nNonOwned=2\r\nRail=3\r\nInactive=4\r\n"
                                      "Owned=5\r\nActive=6\r\n");
 
-    EXPECT_EQ(settings.Colours.Background, 1);
-    EXPECT_EQ(settings.Colours.Inactive, 2);
-    EXPECT_EQ(settings.Colours.Rail, 3);
-    EXPECT_EQ(settings.Colours.NonOwned, 4);
-    EXPECT_EQ(settings.Colours.Owned, 5);
-    EXPECT_EQ(settings.Colours.Active, 6);
+    EXPECT_EQ(settings.Preferences.Colours.Background, 1);
+    EXPECT_EQ(settings.Preferences.Colours.Inactive, 2);
+    EXPECT_EQ(settings.Preferences.Colours.Rail, 3);
+    EXPECT_EQ(settings.Preferences.Colours.NonOwned, 4);
+    EXPECT_EQ(settings.Preferences.Colours.Owned, 5);
+    EXPECT_EQ(settings.Preferences.Colours.Active, 6);
 }
 
 TEST(Settings, OfAColourWithoutAValueAreBlack) {
     const Settings settings =
         Parsed("[Colors]\r\nBackground=1\r\nInactive=2\r\nRail=\r\nNonOwned=4\r\nOwned=5\r\nActive=6\r\n");
 
-    EXPECT_EQ(settings.Colours.Rail, 0);
-    EXPECT_EQ(settings.Colours.NonOwned, 4);
+    EXPECT_EQ(settings.Preferences.Colours.Rail, 0);
+    EXPECT_EQ(settings.Preferences.Colours.NonOwned, 4);
 }
 
 TEST(Settings, ColoursThatEndInAnEmptyLineAreBlackAndWarnedOfOnce) {
     const Settings settings = Parsed("[Colors]\r\nBackground=1\r\n\r\n[Grid]\r\nType=1\r\nStep=5\r\n");
 
-    EXPECT_EQ(settings.Colours.Background, 1);
-    EXPECT_EQ(settings.Colours.Inactive, 0);
+    EXPECT_EQ(settings.Preferences.Colours.Background, 1);
+    EXPECT_EQ(settings.Preferences.Colours.Inactive, 0);
     EXPECT_EQ(settings.Messages, (std::vector<Message>{{Icon::Exclamation, Incomplete}}));
-    EXPECT_EQ(settings.Grid.Step, 5) << "reading goes on with the next line";
+    EXPECT_EQ(settings.Preferences.Grid.Step, 5) << "reading goes on with the next line";
 }
 
 TEST(LooseTrack, SetsTheOwnedCountOfTheProductsHeadRow) {
     const Settings settings = Parsed("[My Loose Track]\r\nC151=7\r\nC160=2.5\r\n" + Lines(26, "C164=1"));
 
-    EXPECT_EQ(StockOf(settings, 0).Owned, 7);
-    EXPECT_EQ(StockOf(settings, 1).Owned, 0) << "C151R is no head row";
-    EXPECT_EQ(StockOf(settings, 13).Owned, 2) << "halves to even";
-    EXPECT_EQ(StockOf(settings, 28).Owned, 1);
+    EXPECT_EQ(StockOf(settings, 0).OwnedCount, 7);
+    EXPECT_EQ(StockOf(settings, 1).OwnedCount, 0) << "C151R is no head row";
+    EXPECT_EQ(StockOf(settings, 13).OwnedCount, 2) << "halves to even";
+    EXPECT_EQ(StockOf(settings, 28).OwnedCount, 1);
 }
 
 TEST(LooseTrack, AKeyMatchesTheFirstProductThatBeginsWithIt) {
@@ -129,20 +130,20 @@ TEST(LooseTrack, AKeyMatchesTheFirstProductThatBeginsWithIt) {
         Parsed("[My Loose Track]\r\nC8010=4\r\nC15=5\r\nC160      =6\r\nc164=7\r\nC151LX=8\r\nnothing=9\r\n" +
                Lines(22, "nothing=0"));
 
-    EXPECT_EQ(StockOf(settings, 36).Owned, 4) << "C8010L, not C8010R";
-    EXPECT_EQ(StockOf(settings, 37).Owned, 0);
-    EXPECT_EQ(StockOf(settings, 0).Owned, 5);
-    EXPECT_EQ(StockOf(settings, 13).Owned, 6) << "codes are padded with blanks";
-    EXPECT_EQ(StockOf(settings, 28).Owned, 0);
+    EXPECT_EQ(StockOf(settings, 36).OwnedCount, 4) << "C8010L, not C8010R";
+    EXPECT_EQ(StockOf(settings, 37).OwnedCount, 0);
+    EXPECT_EQ(StockOf(settings, 0).OwnedCount, 5);
+    EXPECT_EQ(StockOf(settings, 13).OwnedCount, 6) << "codes are padded with blanks";
+    EXPECT_EQ(StockOf(settings, 28).OwnedCount, 0);
 }
 
 TEST(LooseTrack, AnEmptyKeyIsTheFirstProduct) {
-    EXPECT_EQ(StockOf(Parsed("[My Loose Track]\r\n=3\r\n" + Lines(27, "x=0")), 0).Owned, 3);
+    EXPECT_EQ(StockOf(Parsed("[My Loose Track]\r\n=3\r\n" + Lines(27, "x=0")), 0).OwnedCount, 3);
 }
 
 TEST(LooseTrack, AKeyLongerThanAPaddedCodeIsNone) {
-    EXPECT_EQ(StockOf(Parsed("[My Loose Track]\r\n" + Lines(28, "C160                 =3")), 13).Owned, 0);
-    EXPECT_EQ(StockOf(Parsed("[My Loose Track]\r\n" + Lines(28, "C160                =3")), 13).Owned, 3);
+    EXPECT_EQ(StockOf(Parsed("[My Loose Track]\r\n" + Lines(28, "C160                 =3")), 13).OwnedCount, 0);
+    EXPECT_EQ(StockOf(Parsed("[My Loose Track]\r\n" + Lines(28, "C160                =3")), 13).OwnedCount, 3);
 }
 
 TEST(LooseTrack, SkipsThe29thLineThatItsWriterMakes) {
@@ -150,17 +151,17 @@ TEST(LooseTrack, SkipsThe29thLineThatItsWriterMakes) {
                                      "N10111=5\r\n[Grid]\r\n"
                                      "Type=1\r\nStep=9\r\n");
 
-    EXPECT_EQ(StockOf(settings, 38).Owned, 0);
-    EXPECT_EQ(settings.Grid.Step, 9);
+    EXPECT_EQ(StockOf(settings, 38).OwnedCount, 0);
+    EXPECT_EQ(settings.Preferences.Grid.Step, 9);
     EXPECT_TRUE(settings.Messages.empty());
 }
 
 TEST(LooseTrack, EndsAtAnEmptyLineWithOneWarning) {
     const Settings settings = Parsed("[My Loose Track]\r\nC160=4\r\n\r\nC151=3\r\n\r\n[Grid]\r\nType=1\r\nStep=9\r\n");
 
-    EXPECT_EQ(StockOf(settings, 13).Owned, 4);
-    EXPECT_EQ(StockOf(settings, 0).Owned, 0);
-    EXPECT_EQ(settings.Grid.Step, 9);
+    EXPECT_EQ(StockOf(settings, 13).OwnedCount, 4);
+    EXPECT_EQ(StockOf(settings, 0).OwnedCount, 0);
+    EXPECT_EQ(settings.Preferences.Grid.Step, 9);
     EXPECT_EQ(settings.Messages, (std::vector<Message>{{Icon::Exclamation, Incomplete}}));
 }
 
@@ -177,14 +178,14 @@ TEST(Settings, OfAnEmptyFileAreZeroWithTheDefaultView) {
 
     EXPECT_EQ(settings.MidX, 0);
     EXPECT_EQ(settings.Zoom, 320);
-    EXPECT_EQ(settings.MWid, 160);
-    EXPECT_FALSE(settings.DisplayUnits.Inches);
-    EXPECT_EQ(settings.DisplayUnits.Currency, "");
-    EXPECT_EQ(settings.Grid.Type, 0);
-    EXPECT_EQ(settings.Grid.Step, 0);
+    EXPECT_EQ(settings.Preferences.MWid, 160);
+    EXPECT_FALSE(settings.Preferences.DisplayUnits.Inches);
+    EXPECT_EQ(settings.Preferences.DisplayUnits.Currency, "");
+    EXPECT_EQ(settings.Preferences.Grid.Type, 0);
+    EXPECT_EQ(settings.Preferences.Grid.Step, 0);
     EXPECT_TRUE(settings.Room.Points.empty());
-    EXPECT_EQ(settings.Colours.Background, 0);
-    EXPECT_EQ(settings.WorkingDirectory, "");
+    EXPECT_EQ(settings.Preferences.Colours.Background, 0);
+    EXPECT_EQ(settings.Preferences.WorkingDirectory, "");
     EXPECT_TRUE(settings.Messages.empty());
 }
 
@@ -193,28 +194,28 @@ TEST(Settings, SectionsStandInAnyOrderAmongAnyOtherLines) {
                                      "[Units]\r\nType=1\r\nCurr=GBP\r\n[Settings]\r\nMidX=1\r\nMidY=2\r\nZoom=3\r\n"
                                      "MWid=4");
 
-    EXPECT_EQ(settings.Grid.Step, 5);
-    EXPECT_EQ(settings.DisplayUnits.Currency, "GBP");
+    EXPECT_EQ(settings.Preferences.Grid.Step, 5);
+    EXPECT_EQ(settings.Preferences.DisplayUnits.Currency, "GBP");
     EXPECT_EQ(settings.MidX, 1);
-    EXPECT_EQ(settings.MWid, 4) << "the last line without an end";
+    EXPECT_EQ(settings.Preferences.MWid, 4) << "the last line without an end";
 }
 
 TEST(Settings, OfASectionThatStandsTwiceAreThoseOfItsFirstPlace) {
     const Settings settings = Parsed("[Grid]\r\nType=1\r\nStep=5\r\n[Grid]\r\nType=2\r\nStep=x\r\n[Grid]\r\n");
 
-    EXPECT_EQ(settings.Grid.Type, 1);
-    EXPECT_EQ(settings.Grid.Step, 5);
+    EXPECT_EQ(settings.Preferences.Grid.Type, 1);
+    EXPECT_EQ(settings.Preferences.Grid.Step, 5);
 }
 
 TEST(Settings, HeadersAreComparedWholeAndByCase) {
     const Settings settings = Parsed("[grid]\r\nType=1\r\nStep=5\r\n[Grid] \r\nType=1\r\nStep=5\r\n [Grid]\r\n");
 
-    EXPECT_EQ(settings.Grid.Step, 0);
+    EXPECT_EQ(settings.Preferences.Grid.Step, 0);
 }
 
 TEST(Settings, LinesMayEndInLfOrCr) {
-    EXPECT_EQ(Parsed("[Grid]\nType=1\nStep=5\n").Grid.Step, 5);
-    EXPECT_EQ(Parsed("[Grid]\rType=1\rStep=5").Grid.Step, 5);
+    EXPECT_EQ(Parsed("[Grid]\nType=1\nStep=5\n").Preferences.Grid.Step, 5);
+    EXPECT_EQ(Parsed("[Grid]\rType=1\rStep=5").Preferences.Grid.Step, 5);
 }
 
 TEST(BadSettings, ThatEndInsideASectionNameTheMissingLine) {
@@ -276,7 +277,7 @@ TEST(BadSettings, ThatAreBinaryAreToldSo) {
 TEST(BadSettings, OnDiskAreNamedByTheirPath) {
     const TemporaryFolder folder;
 
-    EXPECT_EQ(FaultOf([&] { ReadSettings(folder / "corvel.ini"); }),
+    EXPECT_EQ(FaultOf([&] { ReadSettings(Pieces(), folder / "corvel.ini"); }),
               "File not found: " + (folder / "corvel.ini").string());
 }
 
@@ -298,31 +299,31 @@ const std::string InitialFile =
     "Owned=16711680\r\nActive=32768\r\n";
 
 TEST(InitialSettings, HoldEverySectionAndTheFirstWorkingDirectory) {
-    EXPECT_EQ(InitialSettingsBytes("", "/home/me/Pistaro/"), InitialFile);
+    EXPECT_EQ(InitialSettingsBytes(Pieces(), "", "/home/me/Pistaro/"), InitialFile);
 }
 
 TEST(InitialSettings, AreThoseOfAFirstRun) {
-    const Settings settings = InitialSettings();
+    const Settings settings = InitialSettings(Pieces());
 
-    EXPECT_EQ(settings.WorkingDirectory, "");
+    EXPECT_EQ(settings.Preferences.WorkingDirectory, "");
     EXPECT_EQ(settings.MidX, 0);
     EXPECT_EQ(settings.MidY, 0);
     EXPECT_EQ(settings.Zoom, 320);
-    EXPECT_EQ(settings.MWid, 160);
-    EXPECT_STREQ(settings.DisplayUnits.Name(), "cm");
-    EXPECT_EQ(settings.DisplayUnits.Currency, "EUR");
-    EXPECT_EQ(settings.Grid.Type, 2);
-    EXPECT_EQ(settings.Grid.Step, 10);
+    EXPECT_EQ(settings.Preferences.MWid, 160);
+    EXPECT_STREQ(settings.Preferences.DisplayUnits.Name(), "cm");
+    EXPECT_EQ(settings.Preferences.DisplayUnits.Currency, "EUR");
+    EXPECT_EQ(settings.Preferences.Grid.Type, 2);
+    EXPECT_EQ(settings.Preferences.Grid.Step, 10);
     EXPECT_TRUE(settings.Room.Points.empty());
-    EXPECT_EQ(settings.Colours.Background, 0xFFFFFF) << "white";
-    EXPECT_EQ(settings.Colours.Inactive, 0x808080) << "grey";
-    EXPECT_EQ(settings.Colours.Rail, 0) << "black";
-    EXPECT_EQ(settings.Colours.NonOwned, 0x0000FF) << "red, which stands in the lowest byte";
-    EXPECT_EQ(settings.Colours.Owned, 0xFF0000) << "blue";
-    EXPECT_EQ(settings.Colours.Active, 0x008000) << "green";
+    EXPECT_EQ(settings.Preferences.Colours.Background, 0xFFFFFF) << "white";
+    EXPECT_EQ(settings.Preferences.Colours.Inactive, 0x808080) << "grey";
+    EXPECT_EQ(settings.Preferences.Colours.Rail, 0) << "black";
+    EXPECT_EQ(settings.Preferences.Colours.NonOwned, 0x0000FF) << "red, which stands in the lowest byte";
+    EXPECT_EQ(settings.Preferences.Colours.Owned, 0xFF0000) << "blue";
+    EXPECT_EQ(settings.Preferences.Colours.Active, 0x008000) << "green";
     EXPECT_TRUE(settings.Messages.empty());
-    for (const Stock& stock : settings.Stocks) {
-        EXPECT_EQ(stock.Owned, 0);
+    for (const ProductStock& stock : settings.Stock.Products) {
+        EXPECT_EQ(stock.OwnedCount, 0);
         EXPECT_EQ(stock.Price, 0);
     }
 }
@@ -331,7 +332,7 @@ TEST(InitialSettings, AreThoseOfTheFileThatTheInstallationBrings) {
     const TemporaryFolder folder;
     WriteBytes(folder / "corvel.ini", "[Working Directory]\r\n\r\n[Units]\r\nType=1\r\nCurr=GBP\r\n");
 
-    EXPECT_EQ(InitialSettingsBytes(folder / "corvel.ini", "/home/me/Pistaro/"),
+    EXPECT_EQ(InitialSettingsBytes(Pieces(), folder / "corvel.ini", "/home/me/Pistaro/"),
               "[Working Directory]\r\n/home/me/Pistaro/\r\n[Units]\r\nType=1\r\nCurr=GBP\r\n");
 }
 
@@ -339,13 +340,13 @@ TEST(InitialSettings, OfADamagedFileThatTheInstallationBringsAreRefused) {
     const TemporaryFolder folder;
     WriteBytes(folder / "corvel.ini", "[Units]\r\nType=1\r\n");
 
-    EXPECT_THROW(InitialSettingsBytes(folder / "corvel.ini", "/home/me/Pistaro/"), Fault);
+    EXPECT_THROW(InitialSettingsBytes(Pieces(), folder / "corvel.ini", "/home/me/Pistaro/"), Fault);
 }
 
 TEST(Settings, DamagedAtRandomAreReadOrRefusedAndSoIsTheirRewriting) {
     const auto seed = std::random_device{}();
     std::mt19937 random(seed);
-    Settings others = InitialSettings();
+    Settings others = InitialSettings(Pieces());
     others.Room.Points = {{1, 2, 1}};
     int readable = 0;
     int refused = 0;

@@ -2,6 +2,7 @@
 #include "platform/fault.h"
 #include "storage/all_sections.h"
 #include "storage/settings_file.h"
+#include "support/pieces.h"
 
 #include <gtest/gtest.h>
 
@@ -82,14 +83,14 @@ private:
 /// What a file says, section by section, as its writer would put it.
 std::vector<std::vector<std::string>> ValuesOf(const std::string& bytes) {
     std::vector<std::vector<std::string>> values;
-    for (const Section& section : AllSections(ParseSettings(bytes, "corvel.ini")))
+    for (const Section& section : AllSections(ParseSettings(Pieces(), bytes, "corvel.ini")))
         values.push_back(section.Lines);
     return values;
 }
 
 bool IsReadable(const std::string& bytes) {
     try {
-        ParseSettings(bytes, "corvel.ini");
+        ParseSettings(Pieces(), bytes, "corvel.ini");
         return true;
     } catch (const Fault&) {
         return false;
@@ -98,15 +99,15 @@ bool IsReadable(const std::string& bytes) {
 
 Settings OtherSettings() {
     Settings settings;
-    settings.WorkingDirectory = "/日本/";
+    settings.Preferences.WorkingDirectory = "/日本/";
     settings.MidX = 3;
     settings.Zoom = 77;
-    settings.MWid = 80;
-    settings.DisplayUnits = {true, "DM"};
-    settings.Grid = {2, 9};
+    settings.Preferences.MWid = 80;
+    settings.Preferences.DisplayUnits = {true, "DM"};
+    settings.Preferences.Grid = {2, 9};
     settings.Room = {{{-100, 0, 0}, {100, 0, 1}, {0, 9, 1}}, 0.5F};
-    settings.Colours = {11, 12, 13, 14, 15, 16};
-    settings.Stocks.fill({6, 1.5F});
+    settings.Preferences.Colours = {11, 12, 13, 14, 15, 16};
+    settings.Stock.Products.assign(static_cast<std::size_t>(Pieces().Count()), {6, 1.5F});
     return settings;
 }
 

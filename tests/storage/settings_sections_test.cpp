@@ -6,6 +6,7 @@
 #include "storage/all_sections.h"
 #include "storage/settings_file.h"
 #include "support/fault_of.h"
+#include "support/pieces.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -78,18 +79,18 @@ TEST(ReplaceSections, AddsOneStrayAngleLineToTheRoomWithEachSave) {
 
     EXPECT_EQ(once, "[Room]\r\n" + CornerLines + ".25\r\n");
     EXPECT_EQ(twice, "[Room]\r\n" + CornerLines + ".5\r\n.25\r\n");
-    EXPECT_EQ(ParseSettings(twice, "corvel.ini").Room.Points, Corner.Points) << "which the reader ignores";
+    EXPECT_EQ(ParseSettings(Pieces(), twice, "corvel.ini").Room.Points, Corner.Points) << "which the reader ignores";
 }
 
 TEST(ReplaceSections, Drops28ProductLinesAndWrites29) {
-    std::array<double, CatalogueCount> owned{};
+    std::vector<double> owned(39);
     owned[0] = 4;
     owned[36] = 2;
     owned[37] = 3;
     owned[38] = 1;
 
     const std::string replaced =
-        Replaced("[My Loose Track]\r\n" + Lines(28, "old=1") + "behind\r\n", {LooseTrackOf(owned)});
+        Replaced("[My Loose Track]\r\n" + Lines(28, "old=1") + "behind\r\n", {LooseTrackOf(Pieces(), owned)});
 
     EXPECT_EQ(CountOf(replaced, "\r\n"), 1 + 29 + 1);
     EXPECT_TRUE(replaced.starts_with("[My Loose Track]\r\nC151=4\r\nC152=0\r\n"));
@@ -97,11 +98,11 @@ TEST(ReplaceSections, Drops28ProductLinesAndWrites29) {
 }
 
 TEST(ReplaceSections, LeavesAProductLineOverWhenItWroteTheSectionBefore) {
-    std::array<double, CatalogueCount> prices{};
+    std::vector<double> prices(39);
     prices[38] = 0.75;
-    const std::string once = Replaced("[Best Prices]\r\n" + Lines(28, "old=1"), {BestPricesOf(prices)});
+    const std::string once = Replaced("[Best Prices]\r\n" + Lines(28, "old=1"), {BestPricesOf(Pieces(), prices)});
 
-    const std::string twice = Replaced(once, {BestPricesOf(prices)});
+    const std::string twice = Replaced(once, {BestPricesOf(Pieces(), prices)});
 
     EXPECT_EQ(CountOf(once, "\r\n"), 30);
     EXPECT_EQ(CountOf(twice, "\r\n"), 31);
@@ -129,8 +130,8 @@ TEST(ReplaceSections, LeavesAHeaderAloneThatIsReadAsAnotherSectionsValue) {
 TEST(ReplaceSections, DropsNoSectionBehindAnIncompleteOne) {
     const std::string prices = "[Best Prices]\r\n" + Lines(28, "C151=2.5");
 
-    const std::string replaced =
-        Replaced("[My Loose Track]\r\n" + Lines(9, "C160=1") + "\r\n" + prices, {LooseTrackOf({})});
+    const std::string replaced = Replaced("[My Loose Track]\r\n" + Lines(9, "C160=1") + "\r\n" + prices,
+                                          {LooseTrackOf(Pieces(), std::vector<double>(39))});
 
     EXPECT_EQ(CountOf(replaced, "C160=1\r\n"), 0);
     EXPECT_TRUE(replaced.ends_with("C8010=0\r\nC8010=0\r\nN10111=0\r\n" + prices));
@@ -169,30 +170,30 @@ TEST(ReplaceSections, RefusesAFileThatEndsInsideASectionOfTheWriter) {
 }
 
 TEST(ReplaceSections, EverySectionReadsBackAsWritten) {
-    Settings settings = InitialSettings();
-    settings.WorkingDirectory = "/srv/tracks/";
+    Settings settings = InitialSettings(Pieces());
+    settings.Preferences.WorkingDirectory = "/srv/tracks/";
     settings.MidX = 7.25F;
     settings.Zoom = 123.5;
-    settings.DisplayUnits = {true, "£"};
-    settings.Grid = {1, 5};
+    settings.Preferences.DisplayUnits = {true, "£"};
+    settings.Preferences.Grid = {1, 5};
     settings.Room = Corner;
-    settings.Colours.Active = 77;
-    settings.Stocks[13] = {12, 2.5F};
+    settings.Preferences.Colours.Active = 77;
+    settings.Stock.Of(13) = {12, 2.5F};
 
-    const Settings read =
-        ParseSettings(Replaced(InitialSettingsBytes("", "/old/"), AllSections(settings)), "corvel.ini");
+    const Settings read = ParseSettings(
+        Pieces(), Replaced(InitialSettingsBytes(Pieces(), "", "/old/"), AllSections(settings)), "corvel.ini");
 
-    EXPECT_EQ(read.WorkingDirectory, "/srv/tracks/");
+    EXPECT_EQ(read.Preferences.WorkingDirectory, "/srv/tracks/");
     EXPECT_EQ(read.MidX, 7.25F);
     EXPECT_EQ(read.Zoom, 123.5);
-    EXPECT_TRUE(read.DisplayUnits.Inches);
-    EXPECT_EQ(read.DisplayUnits.Currency, "£");
-    EXPECT_EQ(read.Grid.Step, 5);
+    EXPECT_TRUE(read.Preferences.DisplayUnits.Inches);
+    EXPECT_EQ(read.Preferences.DisplayUnits.Currency, "£");
+    EXPECT_EQ(read.Preferences.Grid.Step, 5);
     EXPECT_EQ(read.Room.Points, Corner.Points);
     EXPECT_EQ(read.Room.Angle, 0.5F);
-    EXPECT_EQ(read.Colours.Active, 77);
-    EXPECT_EQ(read.Stocks[13].Owned, 12);
-    EXPECT_EQ(read.Stocks[13].Price, 2.5F);
+    EXPECT_EQ(read.Preferences.Colours.Active, 77);
+    EXPECT_EQ(read.Stock[13].OwnedCount, 12);
+    EXPECT_EQ(read.Stock[13].Price, 2.5F);
 }
 
 TEST(RewriteSettings, ReplacesTheFileOnDiskOrLeavesItAsItWas) {
@@ -200,13 +201,13 @@ TEST(RewriteSettings, ReplacesTheFileOnDiskOrLeavesItAsItWas) {
     const auto file = folder / "corvel.ini";
     WriteBytes(file, "[Grid]\r\nType=0\r\nStep=0\r\n");
 
-    RewriteSettings(file, {GridOf({2, 10})});
+    RewriteSettings(Pieces(), file, {GridOf({2, 10})});
     EXPECT_EQ(BytesOf(file), "[Grid]\r\nType=2\r\nStep=10\r\n");
 
     WriteBytes(file, "[Units]\r\n0\r\nCurr=EUR\r\n[Grid]\r\nType=0\r\n");
-    EXPECT_THROW(RewriteSettings(file, {GridOf({1, 1})}), Fault);
+    EXPECT_THROW(RewriteSettings(Pieces(), file, {GridOf({1, 1})}), Fault);
     EXPECT_EQ(BytesOf(file), "[Units]\r\n0\r\nCurr=EUR\r\n[Grid]\r\nType=0\r\n");
-    EXPECT_THROW(RewriteSettings(folder / "none.ini", {GridOf({1, 1})}), Fault);
+    EXPECT_THROW(RewriteSettings(Pieces(), folder / "none.ini", {GridOf({1, 1})}), Fault);
     EXPECT_FALSE(std::filesystem::exists(folder / "none.ini")) << "the file is never created";
 }
 
@@ -215,9 +216,9 @@ TEST(RewriteSettings, RefusesToLeaveAFileThatCouldNotBeReadAgain) {
     const auto file = folder / "corvel.ini";
     const std::string headerAsAngle = "[Room]\r\n0\r\n[Colors]\r\n"; // a header of nothing behind the new angle
     WriteBytes(file, headerAsAngle);
-    ASSERT_NO_THROW(ReadSettings(file));
+    ASSERT_NO_THROW(ReadSettings(Pieces(), file));
 
-    EXPECT_EQ(FaultOf([&] { RewriteSettings(file, {RoomOf({})}); }),
+    EXPECT_EQ(FaultOf([&] { RewriteSettings(Pieces(), file, {RoomOf({})}); }),
               "Input past end of file: " + TextFromPath(file) + ", line 5: Background= is missing");
 
     EXPECT_EQ(BytesOf(file), headerAsAngle);
@@ -245,12 +246,14 @@ TEST(WorkingDirectory, IsReadBackAsItWasWhateverItHolds) {
           "/\xC2\x81\xC2\x80/", "/%-1%+1% 1%0x/", "C:\\Bahn\\", "%", ""}) {
         const std::string bytes = Replaced("[Working Directory]\r\nold\r\n", {WorkingDirectoryOf(folder)});
 
-        EXPECT_EQ(ParseSettings(bytes, "corvel.ini").WorkingDirectory, folder);
+        EXPECT_EQ(ParseSettings(Pieces(), bytes, "corvel.ini").Preferences.WorkingDirectory, folder);
     }
 }
 
 TEST(WorkingDirectory, MayBeWrittenInLowerCaseDigitsByOthers) {
-    EXPECT_EQ(ParseSettings("[Working Directory]\r\n/%e6%97%a5/\r\n", "corvel.ini").WorkingDirectory, "/日/");
+    EXPECT_EQ(
+        ParseSettings(Pieces(), "[Working Directory]\r\n/%e6%97%a5/\r\n", "corvel.ini").Preferences.WorkingDirectory,
+        "/日/");
 }
 
 } // namespace

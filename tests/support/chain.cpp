@@ -22,10 +22,10 @@ Track Chain(const std::string& codes) {
 }
 
 Project ProjectOf(const std::string& track1, const std::string& track2, const std::string& track3) {
-    Project project = StartUp(InitialSettings());
-    project.Layout.Tracks[0].ElementCodes = Codes(track1);
-    project.Layout.Tracks[1].ElementCodes = Codes(track2);
-    project.Layout.Tracks[2].ElementCodes = Codes(track3);
+    Project project = StartUp(InitialSettings(Pieces()));
+    project.Design.Circuit.Tracks[0].ElementCodes = Codes(track1);
+    project.Design.Circuit.Tracks[1].ElementCodes = Codes(track2);
+    project.Design.Circuit.Tracks[2].ElementCodes = Codes(track3);
     return project;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/project.h"
+#include "support/pieces.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,6 @@
-// Rows of the command table, run by their ids.
 #include "support/press.h"
 
-#include "editor/commands.h"
-#include "render/stock_colours.h"
+#include "commands/session.h"
 #include "storage/circuit_file.h"
 #include "support/chain.h"
 #include "support/scripted_prompts.h"
@@ -13,8 +11,8 @@ namespace pistaro {
 
 namespace {
 
-const Command& Row(const std::string& id) {
-    const Command* const command = FindCommand(id);
+const Command& Row(const Session& session, const std::string& id) {
+    const Command* const command = session.Commands.Find(id);
     if (command == nullptr) throw std::logic_error("there is no command " + id);
     return *command;
 }
@@ -27,14 +25,20 @@ void Press(Project& project, const std::string& id, int times) {
         Press(project, id, nobody);
 }
 
-void Press(Project& project, const std::string& id, Prompts& prompts) {
-    const std::string whyNot = WhyNot(project, id);
+void Press(Project& project, const std::string& id, Prompts& prompts, const std::filesystem::path& settingsPath) {
+    Session session(Pieces(), prompts, project, settingsPath);
+    const std::string whyNot = Row(session, id).WhyNot(session);
     if (!whyNot.empty()) throw std::logic_error(id + " is not offered: " + whyNot);
-    Row(id).Run(project, prompts);
-    AssignStockColours(project);
+    // What the command leaves stays, be it a fault's.
+    session.Observe([&](const Changes&) { project = session.Project; });
+    session.Run(Row(session, id));
 }
 
-std::string WhyNot(const Project& project, const std::string& id) { return Row(id).WhyNot(project); }
+std::string WhyNot(const Project& project, const std::string& id) {
+    ScriptedPrompts nobody;
+    const Session session(Pieces(), nobody, project, {});
+    return Row(session, id).WhyNot(session);
+}
 
 void Add(Project& project, const std::string& codes) {
     for (const std::string& code : Codes(codes))
@@ -43,12 +47,14 @@ void Add(Project& project, const std::string& codes) {
 
 std::string Snapshot(const Project& project) {
     std::ostringstream text;
-    text << CircuitBytes(project) << project.View.MidX << ' ' << project.View.MidY << ' ' << project.View.MWid << '\n';
-    for (const Track& track : project.Layout.Tracks)
-        text << track.CurrentElement << ' ';
-    text << project.Layout.CurrentTrack << project.InsertMode << project.DataChanged << static_cast<int>(project.System)
-         << project.Name << '\n'
-         << project.WorkingDirectory;
+    const EditState& edit = project.EditState;
+    text << CircuitBytes(project.Design) << project.Design.View.MidX << ' ' << project.Design.View.MidY << ' '
+         << project.Design.View.MWid << '\n';
+    for (const int current : edit.CurrentElement)
+        text << current << ' ';
+    text << edit.CurrentTrack << edit.InsertMode << edit.DataChanged << static_cast<int>(edit.System)
+         << ProjectName(edit) << '\n'
+         << project.Preferences.WorkingDirectory;
     return text.str();
 }
 

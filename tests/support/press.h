@@ -1,19 +1,20 @@
-// Pressing a control: its row of the command table is run as the window and the script run it.
+// Pressing a control: its row of the command table is run in a session, as the window and the script run it.
 #pragma once
 
 #include "model/project.h"
 #include "model/prompts.h"
 
+#include <filesystem>
 #include <string>
 
 namespace pistaro {
 
-/// Runs the command of this id as often as said, each time followed by the recount that every redraw makes. A command
-/// that the window would not offer, or that asks something, is an error of the test.
+/// Runs the command of this id as often as said. A command that the window would not offer, or that asks something, is
+/// an error of the test.
 void Press(Project& project, const std::string& id, int times = 1);
 
-/// The same for a command that asks.
-void Press(Project& project, const std::string& id, Prompts& prompts);
+/// The same for a command that asks, and may write the settings file.
+void Press(Project& project, const std::string& id, Prompts& prompts, const std::filesystem::path& settingsPath = {});
 
 /// Why the window does not offer a command now; empty when it does.
 std::string WhyNot(const Project& project, const std::string& id);

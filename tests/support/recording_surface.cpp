@@ -26,7 +26,7 @@ ColourScheme DistinctColours() {
 }
 
 RecordingSurface::RecordingSurface(const ColourScheme& colours)
-    : names_{{GridColour, "grid"}, {RoomColour, "room"}, {TextColour, "text"}} {
+    : names_{{GridColour, "grid"}, {RoomColour, "room"}, {Rgb(0, 0, 0), "text"}, {Rgb(255, 255, 255), "text"}} {
     for (const ColourSlot& slot : ColourSlots)
         names_[colours.*slot.Slot] = slot.Name;
 }
@@ -49,28 +49,37 @@ std::string RecordingSurface::Text() const {
 void RecordingSurface::Clear(Colour background) { Lines.push_back("clear " + Name(background)); }
 
 void RecordingSurface::SetScale(const ViewRectangle& world) {
+    constexpr double pixels = 700;
+    pixelsPerCm_ = pixels / (double{world.ViewRight} - world.ViewLeft);
     Lines.push_back("scale " + At({world.ViewLeft, world.ViewTop}) + " " + At({world.ViewRight, world.ViewBottom}));
 }
 
-void RecordingSurface::Draw(const LineStroke& line, Colour colour) {
+void RecordingSurface::SetPen(PenWidth width) {
+    const bool pixels = width.In == PenWidth::Unit::Pixels;
+    if (width != PenWidth()) Lines.push_back("pen " + Decimal(width.Value) + (pixels ? " px" : " mm"));
+}
+
+void RecordingSurface::Draw(const LineSegment& line, Colour colour) {
     Lines.push_back("line " + At(line.From) + " " + At(line.To) + " " + Name(colour));
 }
 
-void RecordingSurface::Draw(const ArcStroke& arc, Colour colour) {
+void RecordingSurface::Draw(const ArcSegment& arc, Colour colour) {
     Lines.push_back("arc " + At(arc.Centre) + " " + Decimal(arc.Radius) + " " + Decimal(arc.Start) + ".." +
                     Decimal(arc.End) + " " + Name(colour));
 }
 
-void RecordingSurface::Draw(const EllipseStroke& ellipse, Colour colour) {
+void RecordingSurface::Draw(const Ellipse& ellipse, Colour colour) {
     Lines.push_back("ellipse " + At(ellipse.Centre) + " " + Decimal(ellipse.Radius) + " " + Decimal(ellipse.Aspect) +
                     " " + Name(colour));
 }
 
 void RecordingSurface::DrawPoint(WorldPoint point, Colour colour) {
+    TextColours.insert(colour);
     Lines.push_back("point " + At(point) + " " + Name(colour));
 }
 
 void RecordingSurface::DrawText(const std::string& text, Colour colour) {
+    TextColours.insert(colour);
     Lines.push_back("text \"" + text + "\" " + Name(colour));
 }
 

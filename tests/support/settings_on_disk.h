@@ -7,6 +7,7 @@
 #include "support/temporary_folder.h"
 
 #include "model/project.h"
+#include "support/pieces.h"
 
 #include <gtest/gtest.h>
 
@@ -19,8 +20,7 @@ protected:
     /// Starts the program with a settings file of these bytes.
     void Start(const std::string& bytes) {
         WriteBytes(file_, bytes);
-        project_ = StartUp(ReadSettings(file_));
-        project_.SettingsPath = file_;
+        project_ = StartUp(ReadSettings(Pieces(), file_));
     }
 
     std::string OnDisk() const { return BytesOf(file_); }

@@ -1,14 +1,33 @@
 // Building with the piece buttons, the modes, the two systems and the variants.
 #include "ui/window_fixture.h"
 
+#include "support/stock.h"
+
+#include <QGroupBox>
+#include <QWindow>
+
+#include <map>
+
 namespace pistaro {
 
-using Building = WindowTest;
+class Building : public WindowTest {
+protected:
+    /// The Tags of a frame's buttons, row by row from the top left.
+    std::string PiecesAsTheyLieIn(const char* frame) {
+        std::map<std::pair<int, int>, std::string> tags;
+        for (const auto* const button : Find<QGroupBox>(frame).findChildren<QAbstractButton*>("cmdElement"))
+            tags[{button->y(), button->x()}] = button->property("Tag").toString().toStdString();
+        std::string text;
+        for (const auto& [place, tag] : tags)
+            text += (text.empty() ? "" : " ") + tag;
+        return text;
+    }
+};
 
 namespace {
 
-Project Owning(Project project, const std::string& code, std::int16_t owned) {
-    Entry(project.Pieces, FindRow(project.Pieces, code)).OwnedCount = owned;
+Project Owning(Project project, const std::string& code, int owned) {
+    SetStock(project, code, owned);
     return project;
 }
 
@@ -28,7 +47,7 @@ TEST_F(Building, AFreshStartShowsEmptyTracksAndScalextricButtonsOnly) {
     EXPECT_EQ(Text("lblselected"), "Nothing selected");
     EXPECT_TRUE(Button("optTrack", "1").isChecked());
     EXPECT_EQ(Button("cmdInsert").text(), "Insert");
-    EXPECT_EQ(Design.View.Width, 320);
+    EXPECT_EQ(Project.Design.View.Width, 320);
     EXPECT_EQ(Window->windowTitle(), "Pistaro - new project");
     EXPECT_EQ(Window->windowIcon().availableSizes().size(), 6) << "16 to 256 pixels";
 }
@@ -44,15 +63,55 @@ TEST_F(Building, APieceButtonShowsWhatRemainsWhileItIsHeldAndAddsItsPieceWhenRel
     EXPECT_EQ(Piece("C160").text(), "C160");
     EXPECT_EQ(Codes(), "C160 C160");
     EXPECT_EQ(List().currentRow(), 1);
-    EXPECT_TRUE(Design.DataChanged);
+    EXPECT_TRUE(Project.EditState.DataChanged);
 }
 
-TEST_F(Building, AReleaseOutsideTheButtonAddsNothing) {
+TEST_F(Building, EachPieceStandsInTheFrameOfItsKindInTheOrderOfItsPlace) {
     Open();
+    EXPECT_EQ(PiecesAsTheyLieIn("fraStraights"), "C160 C159 C158 C157");
+    EXPECT_EQ(PiecesAsTheyLieIn("fraLeftCurves"), "C151L C154L C152L C156L C153L");
+    EXPECT_EQ(PiecesAsTheyLieIn("fraRightCurves"), "C151R C154R C152R C156R C153R");
+    EXPECT_EQ(PiecesAsTheyLieIn("fraBankedCurves"), "C187L C187R");
+
+    Choose("mnuScalextricNinco");
+    QApplication::processEvents(); // the frames are laid out
+    EXPECT_EQ(PiecesAsTheyLieIn("fraNincoStraights"), "N10102 N10103 N10104 N10110");
+    EXPECT_EQ(PiecesAsTheyLieIn("fraNincoLeftCurves"), "N10105L N10106L N10107L N10108L");
+    EXPECT_EQ(PiecesAsTheyLieIn("fraNincoRightCurves"), "N10105R N10106R N10107R N10108R");
+    EXPECT_EQ(Window->findChildren<QAbstractButton*>("cmdElement").size(), 28);
+}
+
+TEST_F(Building, AReleaseOutsideTheButtonAddsNothingAndShowsItsCaptionAgain) {
+    Open(Owning(ProjectOf(""), "C160", 3));
 
     QTest::mousePress(&Piece("C160"), Qt::LeftButton);
+    EXPECT_EQ(Piece("C160").text(), "3");
     QTest::mouseMove(&Piece("C160"), QPoint(-20, -20));
     QTest::mouseRelease(&Piece("C160"), Qt::LeftButton, {}, QPoint(-20, -20));
+
+    EXPECT_EQ(Codes(), "");
+    EXPECT_EQ(Piece("C160").text(), "C160");
+}
+
+TEST_F(Building, AMouseThatLeavesTheButtonAtOnceShowsItsCaptionAgainToo) {
+    Open(Owning(ProjectOf(""), "C160", 3));
+    const QPoint place = Piece("C160").mapTo(Window.get(), PlaceIn(Piece("C160")));
+
+    QTest::mousePress(Window->windowHandle(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(Piece("C160").text(), "3");
+    QTest::mouseRelease(Window->windowHandle(), Qt::LeftButton, {}, place + QPoint(300, 100));
+
+    EXPECT_EQ(Codes(), "");
+    EXPECT_EQ(Piece("C160").text(), "C160");
+}
+
+TEST_F(Building, TheRightButtonOfTheMouseDoesNothingToAPieceButton) {
+    Open(Owning(ProjectOf(""), "C160", 3));
+
+    QTest::mousePress(&Piece("C160"), Qt::RightButton);
+    EXPECT_EQ(Piece("C160").text(), "C160");
+    EXPECT_FALSE(Piece("C160").isDown());
+    QTest::mouseRelease(&Piece("C160"), Qt::RightButton);
 
     EXPECT_EQ(Codes(), "");
     EXPECT_EQ(Piece("C160").text(), "C160");
@@ -148,7 +207,7 @@ TEST_F(Building, AConversionPieceSwitchesTheSystemBehindNincoTrackOnly) {
     EXPECT_TRUE(Find<QGroupBox>("fraNincoStraights").isVisible()) << "first of its track";
 
     Click("optTrack", "2");
-    Design.Layout.Tracks[1] = Chain("C160");
+    Project.Design.Circuit.Tracks[1] = Chain("C160");
     Click("cmdElement", "N10110");
     EXPECT_TRUE(Find<QGroupBox>("fraNincoStraights").isVisible()) << "behind a Scalextric piece";
 
@@ -187,12 +246,12 @@ TEST_F(Building, TheStandardCurveKeepsTheHandOfTheCurveItReplaces) {
 
     EXPECT_EQ(Codes(), "C151R C151L");
     EXPECT_EQ(Lines(), (std::vector<std::string>{"0  C151R", "1  C151L"}));
-    EXPECT_TRUE(Design.DataChanged);
+    EXPECT_TRUE(Project.EditState.DataChanged);
 }
 
 TEST_F(Building, A502ndPieceIsRefusedWithABoxAndNothingChanges) {
-    Project full = ProjectOf("");
-    full.Layout.Tracks[0].ElementCodes.assign(501, "C160");
+    pistaro::Project full = ProjectOf("");
+    full.Design.Circuit.Tracks[0].ElementCodes.assign(501, "C160");
     Open(full);
 
     Click("cmdElement", "C160");
@@ -200,9 +259,9 @@ TEST_F(Building, A502ndPieceIsRefusedWithABoxAndNothingChanges) {
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(Prompts.Told[0].MessageIcon, Icon::Exclamation);
     EXPECT_EQ(Prompts.Told[0].Text, "Subscript out of range: a track holds at most 501 elements");
-    EXPECT_EQ(Design.Layout.Tracks[0].ElementCodes.size(), 501U);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 501U);
     EXPECT_EQ(Piece("C160").text(), "C160");
-    EXPECT_FALSE(Design.DataChanged);
+    EXPECT_FALSE(Project.EditState.DataChanged);
 }
 
 TEST_F(Building, WithAllTracksChosenNothingCanBeBuilt) {

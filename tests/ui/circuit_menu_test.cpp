@@ -13,15 +13,15 @@ class CircuitMenu : public WindowTest {
 protected:
     /// Opens the window on unsaved work in track 1.
     void OpenUnsaved(const std::string& codes) {
-        Project project = ProjectOf(codes);
-        project.DataChanged = true;
+        pistaro::Project project = ProjectOf(codes);
+        project.EditState.DataChanged = true;
         Open(project);
     }
 
     /// A circuit file of these pieces.
     std::filesystem::path FileOf(const std::string& codes, const char* name = "oval.trk") {
         const std::filesystem::path file = Folder / name;
-        WriteBytes(file, CircuitBytes(ProjectOf(codes)));
+        WriteBytes(file, CircuitBytes(ProjectOf(codes).Design));
         return file;
     }
 
@@ -60,7 +60,7 @@ TEST_F(CircuitMenu, LoadAsksAboutUnsavedWorkAndCancelKeepsIt) {
     ExpectQuestion("All data will be lost if you proceed.", Buttons::OkCancel);
     EXPECT_TRUE(Prompts.Dialogs.empty());
     EXPECT_EQ(Codes(), "C160 C160");
-    EXPECT_TRUE(Design.DataChanged);
+    EXPECT_TRUE(Project.EditState.DataChanged);
 }
 
 TEST_F(CircuitMenu, ADamagedFileIsToldAndTheCircuitStays) {
@@ -101,11 +101,11 @@ TEST_F(CircuitMenu, NewBringsBackTheStartPointsButKeepsTheirY) {
     Choose("mnuCircuitReinit"); // one element is no work to ask about
 
     EXPECT_TRUE(Prompts.Asked.empty());
-    EXPECT_EQ(Design.Layout.Tracks[0].TrackStartX, 0);
-    EXPECT_EQ(Design.Layout.Tracks[1].TrackStartX, 15.5);
-    EXPECT_EQ(Design.Layout.Tracks[2].TrackStartX, -15.5);
-    EXPECT_EQ(Design.Layout.Tracks[0].TrackStartY, 15.5);
-    EXPECT_EQ(Design.Layout.Tracks[0].TrackStartHeading, 0);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartX, 0);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[1].TrackStartX, 15.5);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[2].TrackStartX, -15.5);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartY, 15.5);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartHeading, 0);
 }
 
 TEST_F(CircuitMenu, ASingleElementIsAskedAboutByQuitAlone) {
@@ -114,7 +114,7 @@ TEST_F(CircuitMenu, ASingleElementIsAskedAboutByQuitAlone) {
     Choose("mnuCircuitLoad");
     EXPECT_TRUE(Prompts.Asked.empty());
 
-    Design.DataChanged = true;
+    Project.EditState.DataChanged = true;
     Prompts.Answers = {Answer::Yes};
     Choose("mnuQuit");
     ExpectQuestion("Discard unsaved data?", Buttons::YesNo);
@@ -157,7 +157,7 @@ TEST_F(CircuitMenu, AnExistingFileIsOverwrittenAfterNoToo) {
     ExpectQuestion("A file with that name already exists. Overwrite?", Buttons::YesNo);
     EXPECT_TRUE(BytesOf(Folder / "oval.trk").find("C160\r\nC160") != std::string::npos);
     EXPECT_EQ(Window->windowTitle(), "Pistaro - oval");
-    EXPECT_FALSE(Design.DataChanged);
+    EXPECT_FALSE(Project.EditState.DataChanged);
 }
 
 TEST_F(CircuitMenu, ClosingTheWindowAsksWhatQuitAsksAndSavesAfterNo) {
@@ -190,7 +190,7 @@ TEST_F(CircuitMenu, AFailedSaveKeepsTheProgramOpenAndTheWorkUnsaved) {
     EXPECT_TRUE(Window->isVisible());
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_TRUE(Prompts.Told[0].Text.starts_with("Path not found: ")) << Prompts.Told[0].Text;
-    EXPECT_TRUE(Design.DataChanged);
+    EXPECT_TRUE(Project.EditState.DataChanged);
 }
 
 TEST_F(CircuitMenu, ADroppedCircuitFileIsLoadedAfterItsQuestion) {
@@ -233,8 +233,8 @@ TEST_F(CircuitMenu, ANameOfFewerThanFourCharactersBecomesEmpty) {
 }
 
 TEST_F(CircuitMenu, ANameIsShownInTheTitleAsItStands) {
-    Project project = ProjectOf("C160");
-    project.Name = "club [*] & co";
+    pistaro::Project project = ProjectOf("C160");
+    project.EditState.File = "club [*] & co.trk";
 
     Open(project);
 

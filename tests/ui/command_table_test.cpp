@@ -1,102 +1,282 @@
-// Every row of the command table has a live control in the window.
+// The command table and the window's controls, each found in the other.
 #include "ui/window_fixture.h"
 
-#include "editor/commands.h"
-#include "storage/circuit_file.h"
+#include "support/fake_viewer.h"
+#include "support/press.h"
+#include "support/temporary_folder.h"
 
+#include <QMenuBar>
 #include <QShortcut>
+
+#include <chrono>
+#include <map>
+#include <set>
+#include <thread>
 
 namespace pistaro {
 
 namespace {
 
-/// Everything that a command may change, as text.
-std::string StateOf(const Project& project) {
-    return CircuitBytes(project) + "track " + std::to_string(project.Layout.CurrentTrack) + " insert " +
-           std::to_string(project.InsertMode) + " system " + std::to_string(static_cast<int>(project.System)) +
-           " selected " + std::to_string(project.Layout.Tracks[0].CurrentElement) + " changed " +
-           std::to_string(project.DataChanged);
-}
-
 QString Shown(const std::string& text) { return QString::fromStdString(text); }
 
 QKeySequence KeyOf(const Command& command) { return QKeySequence(Shown(command.Key), QKeySequence::PortableText); }
 
-/// A project in which the row can be run.
-Project SuitedTo(const Command& command) {
-    Project project = ProjectOf("C151L C160 C159 N10102");
-    const auto select = [&](int element) { project.Layout.Tracks[0].CurrentElement = element; };
-    select(0);
-    if (command.Id == "build") project.InsertMode = true;
-    if (command.Id.starts_with("add N")) project.System = TrackSystem::Ninco;
-    for (int element = 0; element < 4 && !command.WhyNot(project).empty(); ++element)
-        select(element);
-    return project;
+/// The tip of a control that shows its key nowhere else.
+QString TipWithKey(const Command& command) {
+    const QString key = KeyOf(command).toString(QKeySequence::NativeText);
+    return Shown(command.Tip) + (key.isEmpty() ? "" : " (" + key + ")");
 }
+
+/// A control by its name and its Tag: "cmdElement C160", "mnuStats ".
+std::string NameOf(const QObject& control) {
+    return (control.objectName() + " " + control.property("Tag").toString()).toStdString();
+}
+std::string NameOf(const Command& command) { return command.Control + " " + command.Tag; }
+
+JobEnd WaitToBeStopped(const JobWatch& watch) {
+    for (;; std::this_thread::sleep_for(std::chrono::milliseconds(1)))
+        watch.Step(1, 2);
+}
+
+/// Writes down which window is asked for, and opens none.
+class NoWindows : public Windows {
+public:
+    std::string Asked;
+
+    void ShowDrawArea() override { Asked += "draw area "; }
+    void ShowColours() override { Asked += "colours "; }
+    void ShowStock() override { Asked += "stock "; }
+    void ShowStatistics() override { Asked += "statistics "; }
+    void ShowAbout() override { Asked += "about "; }
+};
 
 } // namespace
 
-class CommandTable : public WindowTest {
+class TableAndWindow : public WindowTest {
 protected:
-    bool IsEntry(const Command& command) { return Window->findChild<QAction*>(Shown(command.Control)) != nullptr; }
+    TableAndWindow() { EmptyFolder(); }
+
+    /// Opens the window on a project in which the row can be run.
+    void OpenSuitedTo(const Command& command) {
+        pistaro::Project project = ProjectOf("C151L C160 C159 N10102");
+        project.EditState.CurrentElement[0] = 0;
+        project.EditState.InsertMode = command.Id == "build";
+        project.EditState.DataChanged = command.Id == "quit";
+        if (command.Id.starts_with("add N")) project.EditState.System = TrackSystem::Ninco;
+        while (command.Id.starts_with("replace") && !WhyNot(project, command.Id).empty())
+            ++project.EditState.CurrentElement[0];
+        project.Preferences.WorkingDirectory = (Folder / "").string();
+        Open(project);
+        if (command.Id == "background clear") Session->Do([&] { Session->Background = Floor(); });
+        if (command.Id == "cancel job") Session->Do([&] { Session->StartJob(WaitToBeStopped); });
+    }
+
+    /// Every control that the user can press: the buttons, and the entries of the menus. Those that the toolkit makes
+    /// for its own needs, and the one that belongs to a job, are none of the table's.
+    std::vector<QObject*> Controls() {
+        std::vector<QObject*> controls;
+        for (QAbstractButton* const button : Window->findChildren<QAbstractButton*>()) {
+            if (!button->objectName().startsWith("qt_")) controls.push_back(button);
+        }
+        std::vector<const QWidget*> places{Window->menuBar()};
+        for (const QMenu* const menu : Window->findChildren<QMenu*>())
+            places.push_back(menu);
+        for (const QWidget* const place : places) {
+            for (QAction* const action : place->actions()) {
+                if (!action->isSeparator() && action->menu() == nullptr) controls.push_back(action);
+            }
+        }
+        return controls;
+    }
+
+    std::vector<QObject*> ControlsOf(const Command& command) {
+        std::vector<QObject*> controls = Controls();
+        std::erase_if(controls, [&](const QObject* control) { return NameOf(*control) != NameOf(command); });
+        return controls;
+    }
+
+    /// Expects what `use` does to the window to come to what running the row in a session without a window comes to.
+    template <typename Use>
+    void ExpectRun(const Command& command, Use use) {
+        OpenSuitedTo(command);
+        ScriptedPrompts user;
+        pistaro::Session session(Pieces(), user, Project, "");
+        session.Background = Session->Background;
+        const bool showsPage = command.Id == "guide" || command.Id == "manual";
+        const std::string expected = OutcomeOf(
+            session, user, [&] { session.Run(command); }, showsPage);
+        EmptyFolder();
+        Prompts = {};
+        EXPECT_EQ(OutcomeOf(*Session, Prompts, use, showsPage), expected);
+        EmptyFolder();
+    }
+
+    const CommandTable Table{Pieces()};
+    TemporaryFolder Folder;
+
+private:
+    /// Only a manual stands in the working directory.
+    void EmptyFolder() const {
+        for (const auto& file : std::filesystem::directory_iterator(Folder.Path()))
+            std::filesystem::remove_all(file.path());
+        std::filesystem::create_directory(Folder / "manual");
+        WriteBytes(Folder / "manual" / "help.html", "the manual");
+    }
+
+    /// A picture to lay behind the circuit.
+    pistaro::Picture Floor() const {
+        QImage floor(8, 8, QImage::Format_RGB32);
+        floor.fill(Qt::cyan);
+        const std::filesystem::path file = Folder / "floor.bmp";
+        EXPECT_TRUE(floor.save(Shown(file.string())));
+        pistaro::Picture picture = pistaro::Picture::Read(file);
+        std::filesystem::remove(file);
+        return picture;
+    }
+
+    /// What is done, said, asked, opened and written while something runs, as text.
+    template <typename Run>
+    std::string OutcomeOf(pistaro::Session& session, ScriptedPrompts& user, Run run, bool showsPage) const {
+        NoWindows windows;
+        session.Windows = &windows;
+        const auto notified = std::make_shared<bool>(false); // the session may outlive this call
+        session.Observe([notified](const Changes&) { *notified = true; });
+        const FakeViewer viewer;
+        user.Answers.assign(2, Answer::Yes);
+        user.Files.assign(2, std::nullopt);
+        run();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !session.HasJob(); }, 60000));
+        session.Windows = nullptr;
+
+        std::string text = Snapshot(session.Project) + (*notified ? "\nnotified" : "") + windows.Asked;
+        text += "\nnumbers " + std::to_string(session.Project.EditState.ShowNumbers);
+        text += "\nbackground " + std::to_string(session.Background.has_value());
+        for (const Message& message : user.Told)
+            text += "\ntold " + message.Text;
+        for (const auto& question : user.Asked)
+            text += "\nasked " + question.Text;
+        for (const FileChoice& choice : user.Dialogs)
+            text += "\nchoice " + choice.Title;
+        for (const std::string& page : showsPage ? viewer.Arguments() : std::vector<std::string>())
+            text += "\nviewed " + page;
+        std::set<std::string> files;
+        for (const auto& file : std::filesystem::directory_iterator(Folder.Path()))
+            files.insert(file.path().filename().string());
+        for (const std::string& file : files)
+            text += "\nfile " + file;
+        return text;
+    }
 };
 
-TEST_F(CommandTable, EachRowHasAControlWithItsCaptionTipAndKey) {
-    for (const Command& command : Commands()) {
+TEST_F(TableAndWindow, EachRowHasExactlyOneLiveControlThatShowsIt) {
+    for (const Command& command : Table.Rows()) {
         SCOPED_TRACE(command.Id);
-        Open(SuitedTo(command));
-        if (IsEntry(command)) {
-            const QAction& entry = Entry(command.Control);
-            EXPECT_EQ(entry.text(), Shown(command.Caption));
-            EXPECT_EQ(entry.toolTip(), Shown(command.Tip));
-            EXPECT_EQ(entry.shortcut(), KeyOf(command));
-            EXPECT_TRUE(entry.isEnabled());
+        OpenSuitedTo(command);
+
+        const std::vector<QObject*> controls = ControlsOf(command);
+        ASSERT_EQ(controls.size(), 1U);
+        const QVariant index = controls[0]->property("Index");
+        EXPECT_EQ(index, command.Index < 0 ? QVariant() : QVariant(command.Index));
+        if (const auto* const entry = qobject_cast<const QAction*>(controls[0])) {
+            EXPECT_EQ(entry->text(), Shown(command.Caption));
+            EXPECT_EQ(entry->toolTip(), Shown(command.Tip));
+            EXPECT_EQ(entry->shortcut(), KeyOf(command));
+            EXPECT_TRUE(entry->isEnabled());
+            EXPECT_TRUE(entry->isVisible());
             continue;
         }
-        const QAbstractButton& button = Button(command.Control, command.Tag);
+        const auto& button = dynamic_cast<const QAbstractButton&>(*controls[0]);
         EXPECT_EQ(button.text(), Shown(command.Caption));
-        EXPECT_TRUE(button.toolTip().startsWith(Shown(command.Tip)));
+        EXPECT_EQ(button.toolTip(), TipWithKey(command));
         EXPECT_TRUE(button.isEnabled());
         EXPECT_TRUE(button.isVisible());
         EXPECT_NE(button.focusPolicy(), Qt::NoFocus);
-        const auto* const key = button.findChild<QShortcut*>();
-        EXPECT_EQ(key == nullptr ? QKeySequence() : key->key(), KeyOf(command));
+        const QList<QShortcut*> keys = button.findChildren<QShortcut*>();
+        ASSERT_EQ(keys.size(), command.Key.empty() ? 0 : 1);
+        for (const QShortcut* const key : keys)
+            EXPECT_EQ(key->key(), KeyOf(command));
     }
 }
 
-TEST_F(CommandTable, EachControlRunsItsRow) {
-    for (const Command& command : Commands()) {
+TEST_F(TableAndWindow, EachControlOfTheWindowIsARow) {
+    Open();
+    std::set<std::string> rows;
+    for (const Command& command : Table.Rows())
+        rows.insert(NameOf(command));
+
+    for (const QObject* const control : Controls())
+        EXPECT_TRUE(rows.contains(NameOf(*control))) << NameOf(*control);
+    EXPECT_EQ(Controls().size(), rows.size());
+}
+
+TEST_F(TableAndWindow, EachControlRunsItsRow) {
+    for (const Command& command : Table.Rows()) {
+        if (command.Id == "cancel job") continue; // there is no job without a window
         SCOPED_TRACE(command.Id);
-        const Project before = SuitedTo(command);
-        Open(before);
-        Prompts.Files.assign(2, std::nullopt);
-        Project expected = before;
-        command.Run(expected, Prompts);
-
-        IsEntry(command) ? Choose(command.Control) : Click(command.Control, command.Tag);
-
-        EXPECT_EQ(StateOf(Design), StateOf(expected));
+        ExpectRun(command, [&] {
+            const std::vector<QObject*> controls = ControlsOf(command);
+            ASSERT_FALSE(controls.empty());
+            const bool isEntry = qobject_cast<QAction*>(controls[0]) != nullptr;
+            isEntry ? Choose(command.Control) : Click(command.Control, command.Tag);
+        });
     }
 }
 
-TEST_F(CommandTable, EachKeyRunsItsRow) {
-    for (const Command& command : Commands()) {
+TEST_F(TableAndWindow, EachKeyRunsItsRow) {
+    for (const Command& command : Table.Rows()) {
         if (command.Key.empty()) continue;
         SCOPED_TRACE(command.Id);
-        const Project before = SuitedTo(command);
-        Open(before);
-        Prompts.Files.assign(2, std::nullopt);
-        Project expected = before;
-        command.Run(expected, Prompts);
-
-        const QKeyCombination key = KeyOf(command)[0];
-        QTest::keyClick(Window.get(), key.key(), key.keyboardModifiers());
-
-        EXPECT_EQ(StateOf(Design), StateOf(expected));
+        ExpectRun(command, [&] {
+            const QKeyCombination key = KeyOf(command)[0];
+            QTest::keyClick(Window.get(), key.key(), key.keyboardModifiers());
+        });
     }
 }
 
-TEST_F(CommandTable, WhatCannotBeDoneIsDisabledAndSaysWhy) {
+TEST_F(TableAndWindow, TheButtonBesideAJobsBarEndsTheJob) {
+    OpenSuitedTo(*Table.Find("cancel job"));
+    EXPECT_TRUE(Session->HasJob());
+
+    Click("cmdCancelJob");
+
+    EXPECT_FALSE(Session->HasJob());
+    EXPECT_FALSE(Button("cmdCancelJob").isVisible());
+    EXPECT_TRUE(Prompts.Told.empty());
+}
+
+TEST_F(TableAndWindow, ArrowsAndSignsAreTheCaptionsOfMovingTurningAndZooming) {
+    Open();
+    const std::map<std::string, QString> captions{{"cmdMvLeft", "←"},   {"cmdMvRight", "→"},   {"cmdMvUp", "↑"},
+                                                  {"cmdMvDn", "↓"},     {"cmdMvUpLeft", "↖"},  {"cmdMvUpRight", "↗"},
+                                                  {"cmdMvDnLeft", "↙"}, {"cmdMvDnRight", "↘"}, {"cmdRotLeft", "↺"},
+                                                  {"cmdRotRight", "↻"}, {"cmdZoomOut", "−"},   {"cmdZoomIn", "+"}};
+
+    for (const auto& [name, caption] : captions)
+        EXPECT_EQ(Button(name).text(), caption) << name;
+}
+
+TEST_F(TableAndWindow, ButtonsOfAnArrayCarryTheirIndexBesideTheirTag) {
+    Open();
+    std::map<int, std::string> elements;
+    for (const auto* const button : Window->findChildren<QAbstractButton*>("cmdElement"))
+        elements[button->property("Index").toInt()] = button->property("Tag").toString().toStdString();
+    std::map<int, std::string> tracks;
+    for (const auto* const button : Window->findChildren<QAbstractButton*>("optTrack"))
+        tracks[button->property("Index").toInt()] = button->property("Tag").toString().toStdString();
+
+    const std::map<int, std::string> inCatalogueOrder{
+        {0, "C151L"},    {1, "C151R"},    {2, "C152L"},    {3, "C152R"},    {4, "C153L"},    {5, "C153R"},
+        {6, "C154L"},    {7, "C154R"},    {8, "C156L"},    {9, "C156R"},    {10, "C157"},    {11, "C158"},
+        {12, "C159"},    {13, "C160"},    {14, "C187L"},   {15, "C187R"},   {16, "N10102"},  {17, "N10103"},
+        {18, "N10104"},  {19, "N10105L"}, {20, "N10105R"}, {21, "N10106L"}, {22, "N10106R"}, {23, "N10107L"},
+        {24, "N10107R"}, {25, "N10108L"}, {26, "N10108R"}, {27, "N10110"}};
+    EXPECT_EQ(elements, inCatalogueOrder);
+    EXPECT_EQ(Window->findChildren<QAbstractButton*>("cmdElement").size(), 28);
+    EXPECT_EQ(tracks, (std::map<int, std::string>{{0, "1"}, {1, "2"}, {2, "3"}}));
+    EXPECT_EQ(Window->findChildren<QAbstractButton*>("optTrack").size(), 3);
+}
+
+TEST_F(TableAndWindow, WhatCannotBeDoneIsDisabledAndSaysWhy) {
     Open();
 
     EXPECT_FALSE(Button("cmdDelete").isEnabled());
@@ -110,7 +290,7 @@ TEST_F(CommandTable, WhatCannotBeDoneIsDisabledAndSaysWhy) {
     EXPECT_EQ(Entry("mnuC8010").toolTip(), "The selected piece has another shape.");
 }
 
-TEST_F(CommandTable, NoTwoKeysAreAlike) {
+TEST_F(TableAndWindow, NoTwoKeysAreAlike) {
     Open();
     std::multiset<QString> keys;
     for (const QAction* const entry : Window->findChildren<QAction*>())

@@ -1,7 +1,12 @@
-// A dialog with a scripted user and a settings file of its own, and its controls by their names.
+// A dialog of a session with a scripted user and a settings file of its own, and its controls by their names.
 #pragma once
 
-#include "support/settings_on_disk.h"
+#include "commands/session.h"
+#include "storage/settings_file.h"
+#include "support/pieces.h"
+#include "support/scripted_prompts.h"
+#include "support/settings_bytes.h"
+#include "support/temporary_folder.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -11,20 +16,31 @@
 #include <QTest>
 #include <QTimer>
 
+#include <gtest/gtest.h>
+
 #include <memory>
+#include <optional>
 
 namespace pistaro {
 
 template <typename Dialog>
-class DialogTest : public SettingsOnDisk {
+class DialogTest : public testing::Test {
 protected:
     DialogTest() { Open(); }
 
     /// Opens the dialog on the project as it stands.
     void Open() {
-        dialog_ = std::make_unique<Dialog>(project_, prompts_);
+        dialog_ = std::make_unique<Dialog>(*session_);
         dialog_->show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(dialog_.get()));
+    }
+
+    /// The same with another settings file, or none.
+    void OpenWithSettingsAt(const std::filesystem::path& file) {
+        dialog_.reset();
+        Project project = project_;
+        session_.emplace(Pieces(), prompts_, std::move(project), file);
+        Open();
     }
 
     template <typename Control>
@@ -52,6 +68,8 @@ protected:
         QTest::keyClicks(&box, text);
     }
 
+    std::string OnDisk() const { return BytesOf(file_); }
+
     bool IsOpen() const { return dialog_->isVisible(); }
 
     /// Every control stands within its window, and the window fits on a small screen.
@@ -68,7 +86,21 @@ protected:
         }
     }
 
+    const std::vector<Message> saved_{{Icon::Information, "Settings saved."}};
+
+    TemporaryFolder folder_;
+    std::filesystem::path file_ = Written(folder_ / "corvel.ini");
+    ScriptedPrompts prompts_;
+    std::optional<Session> session_{std::in_place, Pieces(), prompts_, StartUp(ReadSettings(Pieces(), file_)), file_};
+    Project& project_ = session_->Project; ///< also of a later session, which takes the same place
     std::unique_ptr<Dialog> dialog_;
+
+private:
+    /// A settings file with every section.
+    static std::filesystem::path Written(const std::filesystem::path& file) {
+        WriteBytes(file, WholeSettings());
+        return file;
+    }
 };
 
 } // namespace pistaro

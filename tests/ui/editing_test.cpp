@@ -2,20 +2,38 @@
 #include "ui/window_fixture.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QScrollBar>
 
 namespace pistaro {
 
 using Editing = WindowTest;
 
+namespace {
+
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject {
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+
+    int Count = 0;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        Count += event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+} // namespace
+
 TEST_F(Editing, RotatingLeftFromJustBelowAFullTurnTakesAFullTurnOff) {
-    Project project = ProjectOf("C160");
-    project.Layout.Tracks[0].TrackStartHeading = 6.25F;
+    pistaro::Project project = ProjectOf("C160");
+    project.Design.Circuit.Tracks[0].TrackStartHeading = 6.25F;
     Open(project);
 
     Click("cmdRotLeft");
 
-    EXPECT_NEAR(Design.Layout.Tracks[0].TrackStartHeading, 0.163165, 1e-6); // 6.25 + 0.1963495 - 6.2831847
+    EXPECT_NEAR(Project.Design.Circuit.Tracks[0].TrackStartHeading, 0.163165, 1e-6); // 6.25 + 0.1963495 - 6.2831847
 }
 
 TEST_F(Editing, RotatingRightFromZeroGoesBackFromAFullTurn) {
@@ -23,8 +41,8 @@ TEST_F(Editing, RotatingRightFromZeroGoesBackFromAFullTurn) {
 
     Click("cmdRotRight");
 
-    EXPECT_FLOAT_EQ(Design.Layout.Tracks[0].TrackStartHeading, 6.0868352F);
-    EXPECT_TRUE(Design.DataChanged);
+    EXPECT_FLOAT_EQ(Project.Design.Circuit.Tracks[0].TrackStartHeading, 6.0868352F);
+    EXPECT_TRUE(Project.EditState.DataChanged);
 }
 
 TEST_F(Editing, EightMovesRightOfAllTracksAre124Cm) {
@@ -33,9 +51,9 @@ TEST_F(Editing, EightMovesRightOfAllTracksAre124Cm) {
     Click("optAll");
     Click("cmdMvRight", "", 8);
 
-    EXPECT_FLOAT_EQ(Design.Layout.Tracks[0].TrackStartX, 124);
-    EXPECT_FLOAT_EQ(Design.Layout.Tracks[1].TrackStartX, 139.5);
-    EXPECT_FLOAT_EQ(Design.Layout.Tracks[2].TrackStartX, 108.5);
+    EXPECT_FLOAT_EQ(Project.Design.Circuit.Tracks[0].TrackStartX, 124);
+    EXPECT_FLOAT_EQ(Project.Design.Circuit.Tracks[1].TrackStartX, 139.5);
+    EXPECT_FLOAT_EQ(Project.Design.Circuit.Tracks[2].TrackStartX, 108.5);
 }
 
 TEST_F(Editing, TheArrowsMoveTheChosenTrackAloneByOneTrackWidth) {
@@ -45,9 +63,9 @@ TEST_F(Editing, TheArrowsMoveTheChosenTrackAloneByOneTrackWidth) {
     Click("cmdMvUpRight");
     Click("cmdMvUp");
 
-    EXPECT_FLOAT_EQ(Design.Layout.Tracks[1].TrackStartX, 31);
-    EXPECT_FLOAT_EQ(Design.Layout.Tracks[1].TrackStartY, 31);
-    EXPECT_FLOAT_EQ(Design.Layout.Tracks[0].TrackStartX, 0);
+    EXPECT_FLOAT_EQ(Project.Design.Circuit.Tracks[1].TrackStartX, 31);
+    EXPECT_FLOAT_EQ(Project.Design.Circuit.Tracks[1].TrackStartY, 31);
+    EXPECT_FLOAT_EQ(Project.Design.Circuit.Tracks[0].TrackStartX, 0);
 }
 
 TEST_F(Editing, WithAllTracksChosenRotationTurnsTheRoom) {
@@ -56,8 +74,8 @@ TEST_F(Editing, WithAllTracksChosenRotationTurnsTheRoom) {
     Click("optAll");
     Click("cmdRotLeft");
 
-    EXPECT_FLOAT_EQ(Design.Room.Angle, 0.09817477F);
-    EXPECT_EQ(Design.Layout.Tracks[0].TrackStartHeading, 0);
+    EXPECT_FLOAT_EQ(Project.Design.Room.Angle, 0.09817477F);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartHeading, 0);
 }
 
 TEST_F(Editing, MirroringTwiceRestoresEveryCode) {
@@ -98,13 +116,13 @@ TEST_F(Editing, ALineOfTheListSelectsItsElementByMouseAndByKeys) {
     Open(ProjectOf("C160 C159 C151L"));
 
     ClickLine(2);
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 2);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 2);
     EXPECT_EQ(Text("lblselected"), "2  C151L");
     EXPECT_EQ(Text("lblElType"), "standard curve 45°");
-    EXPECT_FALSE(Design.DataChanged);
+    EXPECT_FALSE(Project.EditState.DataChanged);
 
     QTest::keyClick(&List(), Qt::Key_Up);
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 1);
 }
 
 TEST_F(Editing, TheListShowsTheSelectedElementWhateverIsPressed) {
@@ -120,7 +138,7 @@ TEST_F(Editing, TheListShowsTheSelectedElementWhateverIsPressed) {
     QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, below);
     EXPECT_TRUE(List().item(1)->isSelected());
 
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 1);
     EXPECT_EQ(List().selectedItems().size(), 1);
 }
 
@@ -129,7 +147,7 @@ TEST_F(Editing, TheListByItselfSelectsNothing) {
 
     List().setFocus(Qt::TabFocusReason);
 
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, -1);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], -1);
     EXPECT_FALSE(Button("cmdDelete").isEnabled());
 }
 
@@ -161,7 +179,7 @@ TEST_F(Editing, ChoosingATrackLeavesInsertMode) {
     Click("optTrack", "3");
 
     EXPECT_EQ(Button("cmdInsert").text(), "Insert");
-    EXPECT_FALSE(Design.InsertMode);
+    EXPECT_FALSE(Project.EditState.InsertMode);
 }
 
 TEST_F(Editing, AClickOnTheDrawingSelectsTheNearestElement) {
@@ -169,7 +187,7 @@ TEST_F(Editing, AClickOnTheDrawingSelectsTheNearestElement) {
 
     ClickDrawing(3, 57);
 
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 1);
     EXPECT_EQ(List().currentRow(), 1);
     EXPECT_EQ(Text("lblselected"), "1  C160");
 }
@@ -178,9 +196,9 @@ TEST_F(Editing, EveryMouseButtonSelectsWhenItGoesDown) {
     Open(ProjectOf("C160 C160 C160"));
     const QPoint top(Picture().width() / 2, 5); // nearest to the last element
     for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-        Design.Layout.Tracks[0].CurrentElement = -1;
+        Project.EditState.CurrentElement[0] = -1;
         QTest::mousePress(&Picture(), button, {}, top);
-        EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 2);
+        EXPECT_EQ(Project.EditState.CurrentElement[0], 2);
         QTest::mouseRelease(&Picture(), button, {}, top);
     }
 }
@@ -190,7 +208,7 @@ TEST_F(Editing, OfTwoElementsAtTheSameDistanceTheFirstIsSelected) {
 
     ClickDrawing(2.75F, 21.5F);
 
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 1);
 }
 
 TEST_F(Editing, AClickWithAllTracksChosenChangesNothing) {
@@ -199,8 +217,8 @@ TEST_F(Editing, AClickWithAllTracksChosenChangesNothing) {
 
     ClickDrawing(0, 0);
 
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, -1);
-    EXPECT_EQ(Design.Layout.CurrentTrack, AllTracks);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], -1);
+    EXPECT_EQ(Project.EditState.CurrentTrack, AllTracks);
     EXPECT_TRUE(Prompts.Told.empty());
 }
 
@@ -209,7 +227,7 @@ TEST_F(Editing, AClickOnATrackOfOneElementSelectsItAndKeepsTheSystem) {
 
     ClickDrawing(100, 100);
 
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 0);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 0);
     EXPECT_EQ(Entry("mnuScalextricNinco").text(), "Use Ninco Track");
 }
 
@@ -218,13 +236,13 @@ TEST_F(Editing, AClickBehindNincoTrackOffersNinco) {
 
     ClickDrawing(5, 62);
 
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, 1);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 1);
     EXPECT_TRUE(Find<QGroupBox>("fraNincoStraights").isVisible());
 }
 
 TEST_F(Editing, AClickOnATrackOf202ElementsIsToldAndChangesNothing) {
-    Project project = ProjectOf("");
-    project.Layout.Tracks[0].ElementCodes.assign(202, "C160");
+    pistaro::Project project = ProjectOf("");
+    project.Design.Circuit.Tracks[0].ElementCodes.assign(202, "C160");
     Open(project);
 
     ClickDrawing(0, 0);
@@ -232,21 +250,21 @@ TEST_F(Editing, AClickOnATrackOf202ElementsIsToldAndChangesNothing) {
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(Prompts.Told[0].MessageIcon, Icon::Exclamation);
     EXPECT_TRUE(Prompts.Told[0].Text.starts_with("Subscript out of range: "));
-    EXPECT_EQ(Design.Layout.Tracks[0].CurrentElement, -1);
+    EXPECT_EQ(Project.EditState.CurrentElement[0], -1);
 }
 
 TEST_F(Editing, ZoomingInEndsAt20CmAndZoomingOutBeginsAgain) {
-    Project project = ProjectOf("C160");
-    project.View.Width = 40;
+    pistaro::Project project = ProjectOf("C160");
+    project.Design.View.Width = 40;
     Open(project);
 
     Click("cmdZoomIn");
-    EXPECT_EQ(Design.View.Width, 20);
+    EXPECT_EQ(Project.Design.View.Width, 20);
     EXPECT_FALSE(Button("cmdZoomIn").isEnabled());
     EXPECT_EQ(Button("cmdZoomIn").toolTip(), "The view is as close as it gets.");
 
     Click("cmdZoomOut");
-    EXPECT_EQ(Design.View.Width, 40);
+    EXPECT_EQ(Project.Design.View.Width, 40);
     EXPECT_TRUE(Button("cmdZoomIn").isEnabled());
 }
 
@@ -262,9 +280,9 @@ TEST_F(Editing, TheScrollBarsMoveTheCentreOfTheView) {
     QTest::keyClick(&hMov, Qt::Key_Right);
     QTest::keyClick(&vMov, Qt::Key_Down);
 
-    EXPECT_EQ(Design.View.MidX, 16);
-    EXPECT_EQ(Design.View.MidY, -16);
-    EXPECT_FALSE(Design.DataChanged);
+    EXPECT_EQ(Project.Design.View.MidX, 16);
+    EXPECT_EQ(Project.Design.View.MidY, -16);
+    EXPECT_FALSE(Project.EditState.DataChanged);
 }
 
 TEST_F(Editing, TheWheelZoomsByWholeNotches) {
@@ -276,11 +294,43 @@ TEST_F(Editing, TheWheelZoomsByWholeNotches) {
     };
 
     turn(60);
-    EXPECT_EQ(Design.View.Width, 320);
+    EXPECT_EQ(Project.Design.View.Width, 320);
     turn(60);
-    EXPECT_EQ(Design.View.Width, 300);
+    EXPECT_EQ(Project.Design.View.Width, 300);
     turn(-240);
-    EXPECT_EQ(Design.View.Width, 340);
+    EXPECT_EQ(Project.Design.View.Width, 340);
+}
+
+TEST_F(Editing, ManyNotchesOfTheWheelAtOnceAreAllTakenAndDrawnOnce) {
+    constexpr int notches = 160;
+    pistaro::Project project = ProjectOf("");
+    for (int piece = 0; piece < 400; ++piece)
+        project.Design.Circuit.Tracks[0].ElementCodes.emplace_back(piece % 3 == 0 ? "C151L" : "C160");
+    Open(project);
+    auto& view = static_cast<CircuitView&>(Picture());
+    const PaintCounter paints(view);
+    QElapsedTimer clock;
+
+    clock.start();
+    for (int notch = 0; notch < notches; ++notch) {
+        QWheelEvent wheel(QPointF(50, 50), view.mapToGlobal(QPointF(50, 50)), {}, QPoint(0, -120), {}, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&view, &wheel);
+        EXPECT_TRUE(wheel.isAccepted());
+    }
+    EXPECT_EQ(paints.Count, 0);
+    QApplication::processEvents();
+    const qint64 zoomed = clock.nsecsElapsed();
+
+    EXPECT_EQ(paints.Count, 1);
+    EXPECT_EQ(Project.Design.View.Width, 3520); // 320 + 160 x 20
+    const QImage shown = view.Picture().copy();
+    clock.restart();
+    for (int redraw = 0; redraw < notches / 4; ++redraw)
+        view.Redraw();
+    const qint64 quarter = clock.nsecsElapsed();
+    EXPECT_EQ(view.Picture(), shown) << "what was shown is the view that the last notch led to";
+    EXPECT_LT(zoomed, 2 * quarter) << "nanoseconds: no redraw for each notch";
 }
 
 TEST_F(Editing, NumbersAreDrawnWhileTheirBoxIsTicked) {
@@ -295,7 +345,7 @@ TEST_F(Editing, NumbersAreDrawnWhileTheirBoxIsTicked) {
 
 TEST_F(Editing, RefreshDrawsTheCircuitFromItsDataAgain) {
     Open();
-    Design.Layout.Tracks[0] = Chain("C160");
+    Project.Design.Circuit.Tracks[0] = Chain("C160");
 
     QTest::keyClick(Window.get(), Qt::Key_F5);
 
@@ -335,10 +385,10 @@ TEST_F(Editing, TheStatusBarTellsTrackPiecesGapAndUnsavedWork) {
     Open(ProjectOf("C160"));
     const auto* const status = Window->findChild<QLabel*>("lblStatus");
     ASSERT_NE(status, nullptr);
-    EXPECT_EQ(status->text(), "Track 1 · 1 piece · gap 35 cm");
+    EXPECT_EQ(status->text(), "Track 1 · 1 piece · gap 35.0 cm");
 
     Click("cmdElement", "C160");
-    EXPECT_EQ(status->text(), "Track 1 · 2 pieces · gap 70 cm · unsaved");
+    EXPECT_EQ(status->text(), "Track 1 · 2 pieces · gap 70.0 cm · unsaved");
     Click("optTrack", "2");
     EXPECT_EQ(status->text(), "Track 2 · empty · unsaved");
     Click("optAll");

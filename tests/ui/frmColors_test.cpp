@@ -2,7 +2,8 @@
 #include "ui/frmColors.h"
 
 #include "dialog_fixture.h"
-#include "storage/settings_file.h"
+
+#include <QScreen>
 
 namespace pistaro {
 namespace {
@@ -45,7 +46,7 @@ protected:
 const QColor Red(255, 0, 0);
 
 TEST_F(FrmColors, ShowsEachSlotAsTheBackColourOfItsButton) {
-    project_.Colours = InitialSettings().Colours;
+    project_.Preferences.Colours = InitialSettings(Pieces()).Preferences.Colours;
     Open();
 
     EXPECT_EQ(BackColour("cmdBackground"), QColor(255, 255, 255));
@@ -57,7 +58,7 @@ TEST_F(FrmColors, ShowsEachSlotAsTheBackColourOfItsButton) {
 }
 
 TEST_F(FrmColors, PreviewsALineForEachColourOnTheBackground) {
-    project_.Colours = InitialSettings().Colours;
+    project_.Preferences.Colours = InitialSettings(Pieces()).Preferences.Colours;
     Open();
 
     EXPECT_EQ(PreviewAt(30, 2), QColor(255, 255, 255));
@@ -70,12 +71,49 @@ TEST_F(FrmColors, PreviewsALineForEachColourOnTheBackground) {
     EXPECT_EQ(PreviewAt(57, 47), QColor(255, 255, 255));
 }
 
+TEST_F(FrmColors, ThePreviewsLinesRunFrom5To55InTheirColours) {
+    project_.Preferences.Colours = InitialSettings(Pieces()).Preferences.Colours;
+    Open();
+
+    const std::pair<double, QColor> lines[] = {{7, QColor(0, 0, 0)},
+                                               {17, QColor(255, 0, 0)},
+                                               {27, QColor(0, 0, 255)},
+                                               {37, QColor(128, 128, 128)},
+                                               {47, QColor(0, 128, 0)}};
+    const QColor background(255, 255, 255);
+    for (const auto& [y, colour] : lines) {
+        SCOPED_TRACE(y);
+        EXPECT_EQ(PreviewAt(4.4, y), background);
+        EXPECT_EQ(PreviewAt(5.4, y), colour);
+        EXPECT_EQ(PreviewAt(54.6, y), colour);
+        EXPECT_EQ(PreviewAt(55.6, y), background);
+        EXPECT_EQ(PreviewAt(30, y - 1), background);
+        EXPECT_EQ(PreviewAt(30, y + 1), background);
+    }
+}
+
+TEST_F(FrmColors, ThePreviewOnTheScreenFollowsAChangedButtonAtOnce) {
+    auto& preview = Find<QWidget>("picExample");
+    const auto onScreen = [&](int x, int y) {
+        const QPixmap screen = dialog_->screen()->grabWindow(dialog_->winId());
+        return screen.toImage().pixelColor(preview.mapTo(dialog_.get(), QPoint(x, y)));
+    };
+    QApplication::processEvents();
+    EXPECT_EQ(onScreen(105, 5), QColor(1, 0, 0));
+
+    ChooseRed("cmdBackground");
+    QApplication::processEvents();
+
+    EXPECT_EQ(onScreen(105, 5), Red);
+    EXPECT_EQ(project_.Preferences.Colours.Background, 1);
+}
+
 TEST_F(FrmColors, PreviewReflectsChangedButtonsBeforeApply) {
     ChooseRed("cmdBackground");
 
     EXPECT_EQ(BackColour("cmdBackground"), Red);
     EXPECT_EQ(PreviewAt(30, 2), Red);
-    EXPECT_EQ(project_.Colours.Background, 1);
+    EXPECT_EQ(project_.Preferences.Colours.Background, 1);
 }
 
 TEST_F(FrmColors, CancellingThePaletteLeavesTheButtonsColour) {
@@ -103,7 +141,7 @@ TEST_F(FrmColors, ColoursAreChosenByKeysToo) {
     Find<QWidget>("cmdCancel").setFocus();
     QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(project_.Colours.Rail, 3);
+    EXPECT_EQ(project_.Preferences.Colours.Rail, 3);
 }
 
 TEST_F(FrmColors, TheArrowKeysLeadToThePalettesColourThatLiesThere) {
@@ -126,8 +164,8 @@ TEST_F(FrmColors, ApplyTakesTheColoursAndCloses) {
     ChooseRed("cmdActive");
     Press("cmdApply");
 
-    EXPECT_EQ(project_.Colours.Active, 255);
-    EXPECT_EQ(project_.Colours.Owned, 5);
+    EXPECT_EQ(project_.Preferences.Colours.Active, 255);
+    EXPECT_EQ(project_.Preferences.Colours.Owned, 5);
     EXPECT_EQ(OnDisk(), WholeSettings());
     EXPECT_FALSE(IsOpen());
 }
@@ -138,12 +176,12 @@ TEST_F(FrmColors, SaveWithoutApplyChangesTheFileButNotTheDrawing) {
 
     EXPECT_EQ(OnDisk(), Replaced(WholeSettings(), "Owned=5", "Owned=255"));
     EXPECT_EQ(prompts_.Told, saved_);
-    EXPECT_EQ(project_.Colours.Owned, 5);
+    EXPECT_EQ(project_.Preferences.Colours.Owned, 5);
     EXPECT_TRUE(IsOpen());
 }
 
 TEST_F(FrmColors, KeepsWhatAColourSaysBeyondTheScreen) {
-    project_.Colours.Rail = -2147483643;
+    project_.Preferences.Colours.Rail = -2147483643;
     Open();
     Press("cmdSave");
     EXPECT_EQ(OnDisk(), Replaced(WholeSettings(), "Rail=3", "Rail=-2147483643"));
@@ -159,13 +197,13 @@ TEST_F(FrmColors, CancelAndEscapeChangeNothing) {
             Press("cmdCancel");
         }
         EXPECT_FALSE(IsOpen());
-        EXPECT_EQ(project_.Colours.Rail, 3);
+        EXPECT_EQ(project_.Preferences.Colours.Rail, 3);
         EXPECT_EQ(OnDisk(), WholeSettings());
     }
 }
 
 TEST_F(FrmColors, TellsOfAFolderInPlaceOfTheFileAndStaysOpen) {
-    project_.SettingsPath = folder_.Path();
+    OpenWithSettingsAt(folder_.Path());
     Press("cmdSave");
     ASSERT_EQ(prompts_.Told.size(), 1U);
     EXPECT_EQ(prompts_.Told[0].MessageIcon, Icon::Exclamation);
@@ -174,8 +212,7 @@ TEST_F(FrmColors, TellsOfAFolderInPlaceOfTheFileAndStaysOpen) {
 }
 
 TEST_F(FrmColors, OffersNoSaveWithoutASettingsFile) {
-    project_.SettingsPath.clear();
-    Open();
+    OpenWithSettingsAt("");
     EXPECT_FALSE(Find<QAbstractButton>("cmdSave").isEnabled());
 }
 

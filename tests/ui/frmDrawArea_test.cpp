@@ -31,10 +31,10 @@ protected:
 };
 
 TEST_F(FrmDrawArea, OpensWithTheProjectsValues) {
-    project_.View.HMov = {-60, 140, 7};
-    project_.Room = {{{10, 20, 1}}, 0.7853982F};
-    project_.Grid = {1, 25};
-    project_.DisplayUnits = {true, "GBP"};
+    project_.Design.View.HMov = {-60, 140, 7};
+    project_.Design.Room = {{{10, 20, 1}}, 0.7853982F};
+    project_.Preferences.Grid = {1, 25};
+    project_.Preferences.DisplayUnits = {true, "GBP"};
     Open();
 
     EXPECT_EQ(Text("txtCentreX"), "40");
@@ -54,7 +54,7 @@ TEST_F(FrmDrawArea, OpensWithTheProjectsValues) {
 }
 
 TEST_F(FrmDrawArea, WhatIsTypedFirstReplacesTheCentre) {
-    project_.View.HMov = {-60, 140, 7};
+    project_.Design.View.HMov = {-60, 140, 7};
     Open();
     dialog_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
@@ -84,16 +84,16 @@ TEST_F(FrmDrawArea, ApplyTakesEveryFieldAndCloses) {
     Press("cmdApply");
 
     EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(project_.View.MidX, -40);
-    EXPECT_EQ(project_.View.MWid, 55);
-    EXPECT_EQ(project_.View.Width, 150);
-    EXPECT_EQ(project_.Room.Angle, 0.78539809F);
+    EXPECT_EQ(project_.Design.View.MidX, -40);
+    EXPECT_EQ(project_.Design.View.MWid, 55);
+    EXPECT_EQ(project_.Design.View.Width, 150);
+    EXPECT_EQ(project_.Design.Room.Angle, 0.78539809F);
     EXPECT_EQ(Text("txtRoomAngle"), "45");
-    EXPECT_EQ(project_.Grid.Type, 1);
-    EXPECT_EQ(project_.Grid.Step, 5);
-    EXPECT_TRUE(project_.DisplayUnits.Inches);
-    EXPECT_EQ(project_.DisplayUnits.Currency, "GBP");
-    EXPECT_TRUE(project_.DataChanged);
+    EXPECT_EQ(project_.Preferences.Grid.Type, 1);
+    EXPECT_EQ(project_.Preferences.Grid.Step, 5);
+    EXPECT_TRUE(project_.Preferences.DisplayUnits.Inches);
+    EXPECT_EQ(project_.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_TRUE(project_.EditState.DataChanged);
     EXPECT_EQ(OnDisk(), WholeSettings());
 }
 
@@ -105,7 +105,7 @@ TEST_F(FrmDrawArea, ShowsNormalisedFieldsAndStaysOpenWhenOneIsIllegal) {
     EXPECT_EQ(Text("txtCentreX"), "-56");
     EXPECT_EQ(Text("txtMaxWidth"), "55");
     EXPECT_TRUE(IsOpen());
-    EXPECT_FALSE(project_.DataChanged);
+    EXPECT_FALSE(project_.EditState.DataChanged);
 
     Type("txtCentreX", "-55");
     Press("cmdApply");
@@ -117,7 +117,7 @@ TEST_F(FrmDrawArea, SaveWritesTheFileAndCloses) {
     Press("cmdSave");
     EXPECT_EQ(OnDisk(), Replaced(Replaced(WholeSettings(), "Step=10", "Step=7"), " 0 \r\n0\r\n", " 0 \r\n0\r\n0\r\n"));
     EXPECT_EQ(prompts_.Told, saved_);
-    EXPECT_EQ(project_.Grid.Step, 7);
+    EXPECT_EQ(project_.Preferences.Grid.Step, 7);
     EXPECT_FALSE(IsOpen());
 }
 
@@ -132,8 +132,8 @@ TEST_F(FrmDrawArea, TellsOfValuesNoFileCouldHoldAndStaysOpen) {
 TEST_F(FrmDrawArea, CancelDropsTheRoomWithTheRest) {
     AddPoint("1", "2");
     Press("cmdCancel");
-    EXPECT_THAT(project_.Room.Points, IsEmpty());
-    EXPECT_FALSE(project_.DataChanged);
+    EXPECT_THAT(project_.Design.Room.Points, IsEmpty());
+    EXPECT_FALSE(project_.EditState.DataChanged);
     EXPECT_FALSE(IsOpen());
 }
 
@@ -161,7 +161,76 @@ TEST_F(FrmDrawArea, RoomPointsAreAddedSteppedThroughChangedAndDeleted) {
     EXPECT_EQ(Scroller().maximum(), 3);
 
     Press("cmdApply");
-    EXPECT_THAT(project_.Room.Points, ElementsAre(RoomPoint{0, 0, 1}, RoomPoint{50, 60, 0}));
+    EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{0, 0, 1}, RoomPoint{50, 60, 0}));
+}
+
+TEST_F(FrmDrawArea, AfterAPointInTheMiddleIsPutInTheNextPointIsShown) {
+    project_.Design.Room.Points = {{1, 2, 1}, {3, 4, 0}, {5, 6, 1}};
+    Open();
+
+    AddPoint("10", "20");
+
+    EXPECT_EQ(Label("lblPNo"), "2");
+    EXPECT_EQ(Text("txtX"), "3");
+    EXPECT_EQ(Text("txtY"), "4");
+    EXPECT_FALSE(Find<QCheckBox>("chkLine").isChecked());
+    Press("cmdApply");
+    EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{10, 20, 1}, RoomPoint{3, 4, 0}, RoomPoint{5, 6, 1}));
+}
+
+TEST_F(FrmDrawArea, CoordinatesTypedButNotAddedAreAskedAboutAndCancelKeepsThem) {
+    for (const char* const button : {"cmdApply", "cmdSave"}) {
+        SCOPED_TRACE(button);
+        prompts_.Asked.clear();
+        prompts_.Answers = {Answer::Cancel};
+        Open();
+        Type("txtX", "7");
+        Type("txtY", "8");
+
+        Press(button);
+
+        ASSERT_EQ(prompts_.Asked.size(), 1U);
+        EXPECT_EQ(prompts_.Asked[0].Text,
+                  "The coordinates of room point 1 were typed but not added. Press OK to go on without "
+                  "them, or Cancel to go back.");
+        EXPECT_EQ(prompts_.Asked[0].Choices, Buttons::OkCancel);
+        EXPECT_TRUE(IsOpen());
+        EXPECT_EQ(Text("txtX"), "7");
+        EXPECT_EQ(Text("txtY"), "8");
+        EXPECT_FALSE(project_.EditState.DataChanged);
+        EXPECT_EQ(OnDisk(), WholeSettings());
+    }
+
+    Press("cmdAdd");
+    Press("cmdApply");
+    EXPECT_EQ(prompts_.Asked.size(), 1U);
+    EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{7, 8, 1}));
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(FrmDrawArea, CoordinatesTypedButNotAddedAreLeftOutAfterOk) {
+    for (const char* const button : {"cmdApply", "cmdSave"}) {
+        SCOPED_TRACE(button);
+        project_.Design.Room.Points = {{1, 2, 1}};
+        prompts_.Asked.clear();
+        prompts_.Answers = {Answer::Ok};
+        Open();
+        Type("txtX", "7");
+
+        Press(button);
+
+        EXPECT_EQ(prompts_.Asked.size(), 1U);
+        EXPECT_FALSE(IsOpen());
+        EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{1, 2, 1}));
+    }
+    EXPECT_THAT(OnDisk(), HasSubstr("[Room]\r\n 1 \r\n         1         2    1\r\n"));
+}
+
+TEST_F(FrmDrawArea, CancelDropsCoordinatesTypedButNotAddedWithoutAWord) {
+    Type("txtX", "7");
+    Press("cmdCancel");
+    EXPECT_TRUE(prompts_.Asked.empty());
+    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(FrmDrawArea, NothingCanBeDeletedAtThePlaceOfTheNewPoint) {
@@ -196,7 +265,7 @@ TEST_F(FrmDrawArea, EnterInACoordinateAddsThePointAndKeepsTheDialogOpen) {
     Find<QLineEdit>("txtStep").setFocus();
     QTest::keyClick(&Find<QLineEdit>("txtStep"), Qt::Key_Return);
     EXPECT_FALSE(IsOpen());
-    EXPECT_THAT(project_.Room.Points, ElementsAre(RoomPoint{3, 4, 1}));
+    EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{3, 4, 1}));
 }
 
 TEST_F(FrmDrawArea, EnterPressesTheButtonThatHasTheFocus) {
@@ -209,7 +278,7 @@ TEST_F(FrmDrawArea, EnterPressesTheButtonThatHasTheFocus) {
     Find<QWidget>("cmdCancel").setFocus();
     QTest::keyClick(dialog_->focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(project_.Grid.Step, 10);
+    EXPECT_EQ(project_.Preferences.Grid.Step, 10);
 }
 
 TEST_F(FrmDrawArea, PicturesTheRoomAsItStands) {
@@ -222,7 +291,7 @@ TEST_F(FrmDrawArea, PicturesTheRoomAsItStands) {
         }
         return pixels;
     };
-    project_.Colours.Background = Rgb(255, 255, 255);
+    project_.Preferences.Colours.Background = Rgb(255, 255, 255);
     Open();
     EXPECT_EQ(coloured(), 0);
     AddPoint("0", "0");
@@ -246,10 +315,10 @@ TEST_F(FrmDrawArea, HelpExplainsIt) {
 }
 
 TEST_F(FrmDrawArea, KeepsAGridTypeThatNoButtonStandsFor) {
-    project_.Grid.Type = 7;
+    project_.Preferences.Grid.Type = 7;
     Open();
     Press("cmdApply");
-    EXPECT_EQ(project_.Grid.Type, 7);
+    EXPECT_EQ(project_.Preferences.Grid.Type, 7);
 }
 
 TEST_F(FrmDrawArea, ClipsNothing) { ExpectNothingClipped(); }

@@ -25,7 +25,7 @@ namespace {
 class FrmStats : public testing::Test {
 protected:
     FrmStats() {
-        project_.DisplayUnits.Currency = "EUR";
+        project_.Preferences.DisplayUnits.Currency = "EUR";
         SetStock(project_, "C151L", 1, 2.5F);
         SetStock(project_, "C160", 0, .75F);
     }
@@ -33,7 +33,8 @@ protected:
     void Open() {
         dialog_.reset();
         prompts_.Told.clear();
-        dialog_ = std::make_unique<frmStats>(project_, prompts_);
+        session_.emplace(Pieces(), prompts_, project_, "");
+        dialog_ = std::make_unique<frmStats>(*session_);
         dialog_->show();
     }
 
@@ -71,6 +72,7 @@ protected:
 
     Project project_ = ProjectOf("C151L C160 C151R", "C160");
     ScriptedPrompts prompts_;
+    std::optional<Session> session_;
     std::unique_ptr<frmStats> dialog_;
 };
 
@@ -116,7 +118,7 @@ TEST_F(FrmStats, NamesUnitsAndCurrency) {
     for (int index = 0; index < 8; ++index)
         EXPECT_EQ(Text("lblUnit", index), "cm");
 
-    project_.DisplayUnits = {.Inches = true, .Currency = "<b>\u20AC</b>"};
+    project_.Preferences.DisplayUnits = {.Inches = true, .Currency = "<b>\u20AC</b>"};
     Open();
 
     for (int index = 0; index < 8; ++index)
@@ -213,7 +215,8 @@ TEST_F(FrmStats, TellsTheDesignChecksBeforeItIsShown) {
     } witness;
     project_ = ProjectOf("C8006 N10102", "", "C8006");
 
-    frmStats dialog(project_, witness);
+    Session session(Pieces(), witness, project_, "");
+    frmStats dialog(session);
 
     EXPECT_FALSE(witness.AnyDialogSeen);
     ASSERT_EQ(witness.Told.size(), 3U);
@@ -235,7 +238,7 @@ TEST_F(FrmStats, DetailRepeatsNoDesignCheck) {
 
 TEST_F(FrmStats, ShoppingListWritesWhatTheDetailShows) {
     const TemporaryFolder folder;
-    project_.WorkingDirectory = folder.Path().string() + "/";
+    project_.Preferences.WorkingDirectory = folder.Path().string() + "/";
     Open();
     PressDetail(1);
     PressInclude(); // not shown yet, so not written
@@ -257,7 +260,7 @@ TEST_F(FrmStats, ShoppingListWritesWhatTheDetailShows) {
 
 TEST_F(FrmStats, AFailedShoppingListIsToldAndTheDialogStays) {
     const TemporaryFolder folder;
-    project_.WorkingDirectory = folder.Path().string() + "/missing/";
+    project_.Preferences.WorkingDirectory = folder.Path().string() + "/missing/";
     Open();
 
     Press("cmdShop");
@@ -272,7 +275,8 @@ TEST_F(FrmStats, AFailedShoppingListIsToldAndTheDialogStays) {
 TEST_F(FrmStats, ACountThatOverflowsKeepsTheDialogFromOpening) {
     SetStock(project_, "C160", -32768);
 
-    EXPECT_THROW(frmStats(project_, prompts_), Fault);
+    Session session(Pieces(), prompts_, project_, "");
+    EXPECT_THROW(frmStats{session}, Fault);
 }
 
 TEST_F(FrmStats, CloseAndEscapeCloseIt) {
@@ -286,7 +290,8 @@ TEST_F(FrmStats, CloseAndEscapeCloseIt) {
 }
 
 TEST_F(FrmStats, OpensFromTheMainWindowsMenu) {
-    frmCorvel window(project_, prompts_);
+    Session session(Pieces(), prompts_, project_, "");
+    frmCorvel window(session);
     QString shown;
     QTimer::singleShot(0, [&] {
         if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
@@ -301,7 +306,7 @@ TEST_F(FrmStats, OpensFromTheMainWindowsMenu) {
 }
 
 TEST_F(FrmStats, FitsTheSmallestScreenAndClipsNoText) {
-    for (Track& track : project_.Layout.Tracks)
+    for (Track& track : project_.Design.Circuit.Tracks)
         track.ElementCodes.assign(501, "N10108R");
     const auto expectAllShown = [&] {
         Open();
@@ -317,7 +322,7 @@ TEST_F(FrmStats, FitsTheSmallestScreenAndClipsNoText) {
     expectAllShown();
 
     SetStock(project_, "N10108L", 0, .75F);
-    project_.DisplayUnits.Currency = "Pounds";
+    project_.Preferences.DisplayUnits.Currency = "Pounds";
     expectAllShown();
 }
 

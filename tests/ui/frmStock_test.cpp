@@ -2,6 +2,7 @@
 #include "ui/frmStock.h"
 
 #include "dialog_fixture.h"
+#include "support/stock.h"
 
 #include <QGroupBox>
 
@@ -23,7 +24,7 @@ protected:
         throw std::logic_error(product);
     }
 
-    const CatalogueEntry& Row(const char* code) const { return Entry(project_.Pieces, FindRow(project_.Pieces, code)); }
+    ProductStock Row(const char* code) const { return project_.Stock[Pieces().FindRow(code)]; }
 };
 
 TEST_F(FrmStock, ShowsTwentyEightPairsOfBoxesInFourFrames) {
@@ -44,8 +45,7 @@ TEST_F(FrmStock, ShowsTwentyEightPairsOfBoxesInFourFrames) {
 TEST_F(FrmStock, IsModeless) { EXPECT_FALSE(dialog_->isModal()); }
 
 TEST_F(FrmStock, OpensWithTheCatalogueCountsAndPrices) {
-    Entry(project_.Pieces, FindRow(project_.Pieces, "C151L")).OwnedCount = 12;
-    Entry(project_.Pieces, FindRow(project_.Pieces, "C151L")).Price = 4.5F;
+    SetStock(project_, "C151L", 12, 4.5F);
     Open();
     EXPECT_EQ(Text("txtDsp", IndexOf("C151")), "12");
     EXPECT_EQ(Text("txtPrc", IndexOf("C151")), "4.5");
@@ -53,7 +53,7 @@ TEST_F(FrmStock, OpensWithTheCatalogueCountsAndPrices) {
 }
 
 TEST_F(FrmStock, WhatIsTypedFirstReplacesTheFirstCount) {
-    Entry(project_.Pieces, FindRow(project_.Pieces, "C160")).OwnedCount = 12;
+    SetStock(project_, "C160", 12);
     Open();
     dialog_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
@@ -65,7 +65,9 @@ TEST_F(FrmStock, WhatIsTypedFirstReplacesTheFirstCount) {
 
 TEST_F(FrmStock, SaveWritesReadsBackTellsTheWindowAndCloses) {
     int owned = -1;
-    dialog_->Saved = [&] { owned = Row("C160").OwnedCount; };
+    session_->Observe([&](const Changes& changes) {
+        if (changes.Stock) owned = Row("C160").OwnedCount;
+    });
     Type("txtDsp", "07", IndexOf("C160"));
     Type("txtPrc", "2.50", IndexOf("C160"));
 
@@ -125,7 +127,8 @@ TEST_F(FrmStock, ABoxOfNoProductEndsTheProgram) {
                     if (message.MessageIcon == Icon::Critical) std::fputs(message.Text.c_str(), stderr);
                 }
             } user;
-            frmStock form(project_, user);
+            Session session(Pieces(), user, project_, file_);
+            frmStock form(session);
             form.findChildren<QLineEdit*>("txtDsp")[0]->setProperty("Tag", "C999");
             form.Load();
         },

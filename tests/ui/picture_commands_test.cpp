@@ -7,23 +7,31 @@
 #include "ui/frmCorvel.h"
 
 #include <QAction>
-#include <QProgressDialog>
+#include <QListWidget>
+#include <QProcess>
+#include <QProgressBar>
 #include <QTest>
 #include <QTimer>
 
 #include <gmock/gmock.h>
 
+#include <numeric>
+
 namespace pistaro {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 class PictureCommands : public testing::Test {
 protected:
     PictureCommands() {
-        project_.WorkingDirectory = (folder_ / "").string();
-        project_.Grid.Type = 0;
+        project_.Preferences.WorkingDirectory = (folder_ / "").string();
+        project_.Preferences.Grid.Type = 0;
         window_.resize(1100, 760);
         window_.show();
         Q_UNUSED(QTest::qWaitForWindowExposed(&window_));
@@ -41,10 +49,41 @@ protected:
         return folder_ / name;
     }
 
+    /// Chooses the guide's entry and waits for the guide's end.
+    void MakeGuide() {
+        Choose("mnuReport");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !session_.HasJob(); }, 60000));
+    }
+
+    /// In a program of its own, because a program's screens have their density from its start.
+    static void RunThisTestOnADenseScreen() {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_SCALE_FACTOR", "2");
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
+        program.start(QCoreApplication::applicationFilePath(),
+                      {QString("--gtest_filter=%1.%2").arg(test->test_suite_name(), test->name())});
+        ASSERT_TRUE(program.waitForFinished(60000));
+        const std::string output = program.readAllStandardOutput().toStdString();
+        EXPECT_EQ(program.exitCode(), 0) << output;
+        EXPECT_THAT(output, HasSubstr("[  PASSED  ] 1 test."));
+    }
+
+    QWidget& JobBar() { return *window_.findChild<QWidget*>("prgJob")->parentWidget(); }
+
+    std::vector<std::string> FilesInFolder() const {
+        std::vector<std::string> names;
+        for (const auto& file : std::filesystem::directory_iterator(folder_.Path()))
+            names.push_back(file.path().filename().string());
+        return names;
+    }
+
     TemporaryFolder folder_;
-    Project project_ = ProjectOf("C160 C151L");
     ScriptedPrompts user_;
-    frmCorvel window_{project_, user_};
+    Session session_{Pieces(), user_, ProjectOf("C160 C151L"), ""};
+    Project& project_ = session_.Project;
+    frmCorvel window_{session_};
 };
 
 TEST_F(PictureCommands, TheBackgroundsDialogAsksForPicturesInTheWorkingDirectory) {
@@ -57,7 +96,7 @@ TEST_F(PictureCommands, TheBackgroundsDialogAsksForPicturesInTheWorkingDirectory
     EXPECT_EQ(user_.Dialogs[0].Filter,
               "All files (*.bmp,*.gif,*.jpg)|*.bmp;*.gif;*.jpg|Windows Bitmap (*.bmp)|*.bmp|GIF (*.gif)|*.gif|"
               "JPEG File Interchange Format (*.jpg)|*.jpg");
-    EXPECT_EQ(user_.Dialogs[0].Folder, project_.WorkingDirectory);
+    EXPECT_EQ(user_.Dialogs[0].Folder, project_.Preferences.WorkingDirectory);
     EXPECT_EQ(user_.Dialogs[0].DefaultName, "");
     EXPECT_FALSE(user_.Dialogs[0].Saving);
 }
@@ -87,7 +126,7 @@ TEST_F(PictureCommands, ALargeBackgroundIsCutOffAtTheRightAndTheBottom) {
 TEST_F(PictureCommands, CancellingTheDialogLeavesTheEarlierBackgroundAndStillRedraws) {
     user_.Files = {PictureFile("plan.bmp", {40, 30}, Qt::cyan), std::nullopt};
     Choose("mnuBackgroundSelect");
-    project_.Colours.Background = Rgb(255, 255, 0);
+    project_.Preferences.Colours.Background = Rgb(255, 255, 0);
 
     Choose("mnuBackgroundSelect");
 
@@ -125,7 +164,7 @@ TEST_F(PictureCommands, ClearingTheBackgroundTakesItAway) {
 TEST_F(PictureCommands, SavingThePictureTwiceOverwritesTheSameFileWithoutAWord) {
     Choose("mnuWMF");
     const std::string first = BytesOf(folder_ / "track.bmp");
-    project_.Colours.Background = Rgb(255, 255, 0);
+    project_.Preferences.Colours.Background = Rgb(255, 255, 0);
     window_.findChild<QAbstractButton*>("cmdRefresh")->click();
     Choose("mnuWMF");
 
@@ -145,8 +184,26 @@ TEST_F(PictureCommands, TheSavedPictureIsWhatIsShownTheBackgroundToo) {
     EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), Shown().convertToFormat(QImage::Format_RGB32));
 }
 
+TEST_F(PictureCommands, OnADenseScreenTheSavedPictureHasOnePixelPerDeviceIndependentPixel) {
+    if (qEnvironmentVariable("QT_SCALE_FACTOR") != "2") return RunThisTestOnADenseScreen();
+    user_.Files = {PictureFile("plan.bmp", {40, 30}, Qt::cyan)};
+    Choose("mnuBackgroundSelect");
+    auto& view = dynamic_cast<CircuitView&>(*window_.findChild<QWidget*>("picCircuit"));
+    ASSERT_EQ(view.devicePixelRatioF(), 2);
+
+    Choose("mnuWMF");
+
+    const QImage saved(QString::fromStdString((folder_ / "track.bmp").string()));
+    EXPECT_EQ(saved.size(), view.size());
+    EXPECT_EQ(saved.pixelColor(39, 29), QColor(Qt::cyan));
+    EXPECT_EQ(saved.pixelColor(40, 30), QColor(Qt::white));
+    EXPECT_EQ(view.Picture().size(), view.size() * 2) << "on the screen it is as fine as the screen";
+    EXPECT_EQ(view.Picture().pixelColor(79, 59), QColor(Qt::cyan));
+    EXPECT_EQ(view.Picture().pixelColor(80, 60), QColor(Qt::white));
+}
+
 TEST_F(PictureCommands, AMissingWorkingDirectoryIsToldWhenAPictureIsSaved) {
-    project_.WorkingDirectory = (folder_ / "gone" / "").string();
+    project_.Preferences.WorkingDirectory = (folder_ / "gone" / "").string();
 
     Choose("mnuWMF");
 
@@ -159,7 +216,7 @@ TEST_F(PictureCommands, TheGuideIsWrittenAndOpenedAndTheViewStays) {
     user_.Answers = {Answer::No};
     const QImage before = Shown();
 
-    Choose("mnuReport");
+    MakeGuide();
 
     const std::string page = (folder_ / "guide.html").string();
     ASSERT_EQ(user_.Asked.size(), 1U);
@@ -170,69 +227,145 @@ TEST_F(PictureCommands, TheGuideIsWrittenAndOpenedAndTheViewStays) {
     EXPECT_EQ(Shown(), before);
 }
 
-TEST_F(PictureCommands, ADialogTellsHowFarTheGuideIsAndTheWindowStaysAlive) {
+TEST_F(PictureCommands, ABarTellsHowFarTheGuideIsAndTheWindowStaysUsable) {
     const FakeViewer viewer;
     user_.Answers = {Answer::Yes};
-    int seen = 0;
-    int highest = -1;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-        const auto* const dialog = window_.findChild<QProgressDialog*>("frmProgress");
-        if (dialog == nullptr || !dialog->isVisible()) return;
-        ++seen;
-        highest = std::max(highest, dialog->value());
-        EXPECT_EQ(dialog->maximum(), 40);
+    auto* const bar = window_.findChild<QProgressBar*>("prgJob");
+    EXPECT_FALSE(bar->isVisible());
+    std::vector<int> seen;
+    QObject::connect(bar, &QProgressBar::valueChanged, &window_, [&](int value) {
+        EXPECT_TRUE(bar->isVisible());
+        EXPECT_EQ(bar->maximum(), 40);
+        if (value == 20) window_.findChild<QAbstractButton*>("cmdDelete")->click();
+        seen.push_back(value);
     });
-    watch.start(0);
+    window_.findChild<QListWidget*>("lstTrack")->setCurrentRow(1);
 
-    Choose("mnuReport");
+    MakeGuide();
 
-    EXPECT_GT(seen, 10);
-    EXPECT_GT(highest, 20);
-    EXPECT_EQ(window_.findChild<QProgressDialog*>("frmProgress"), nullptr);
+    std::vector<int> upToTheEnd(41);
+    std::iota(upToTheEnd.begin(), upToTheEnd.end(), 0);
+    EXPECT_EQ(seen, upToTheEnd);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(CodesOf(project_.Design.Circuit.Tracks[0]), "C160") << "deleted while the guide was drawn";
+    EXPECT_THAT(BytesOf(folder_ / "guide.html"), HasSubstr("C151L.gif")) << "of the circuit as it was when it began";
     EXPECT_FALSE(viewer.Arguments().empty());
 }
 
-TEST_F(PictureCommands, TheGuidesDialogCannotBeClosedBeforeTheGuideIsWritten) {
+TEST_F(PictureCommands, WhileTheGuideIsDrawnItsEntryIsDisabledAndSaysWhy) {
     const FakeViewer viewer;
     user_.Answers = {Answer::Yes};
-    bool tried = false;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-        auto* const dialog = window_.findChild<QProgressDialog*>("frmProgress");
-        if (tried || dialog == nullptr || !dialog->isVisible()) return;
-        tried = true;
-        QTest::keyClick(dialog, Qt::Key_Escape);
-        EXPECT_TRUE(dialog->isVisible());
-        EXPECT_FALSE(dialog->close());
-        EXPECT_TRUE(dialog->isVisible());
-        EXPECT_LT(dialog->value(), 40);
-    });
-    watch.start(0);
+    const QAction& guide = *window_.findChild<QAction*>("mnuReport");
 
     Choose("mnuReport");
+    EXPECT_FALSE(guide.isEnabled());
+    EXPECT_EQ(guide.toolTip(), "The guide is being drawn.");
 
-    EXPECT_TRUE(tried);
-    EXPECT_EQ(window_.findChild<QProgressDialog*>("frmProgress"), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !session_.HasJob(); }, 60000));
+    EXPECT_TRUE(guide.isEnabled());
+    EXPECT_EQ(guide.toolTip(), "Write the guide, a page with the layout and every piece in its order");
+    EXPECT_FALSE(viewer.Arguments().empty());
+}
+
+TEST_F(PictureCommands, CancelEndsTheGuideAndLeavesTheFilesAsTheyWere) {
+    WriteBytes(folder_ / "C151L.gif", "an earlier guide's picture");
+    WriteBytes(folder_ / "guide.html", "an earlier guide");
+    auto* const cancel = window_.findChild<QAbstractButton*>("cmdCancelJob");
+    EXPECT_FALSE(cancel->isVisible());
+
+    Choose("mnuReport");
+    EXPECT_TRUE(cancel->isVisible());
+    QTest::mouseClick(cancel, Qt::LeftButton);
+
+    EXPECT_FALSE(session_.HasJob());
+    EXPECT_FALSE(cancel->isVisible());
+    EXPECT_TRUE(window_.findChild<QAction*>("mnuReport")->isEnabled());
+    QTest::qWait(200); // what the job has posted comes now
+    EXPECT_THAT(FilesInFolder(), UnorderedElementsAre("C151L.gif", "guide.html"));
+    EXPECT_EQ(BytesOf(folder_ / "C151L.gif"), "an earlier guide's picture");
+    EXPECT_EQ(BytesOf(folder_ / "guide.html"), "an earlier guide");
+    EXPECT_THAT(user_.Told, IsEmpty());
+    EXPECT_TRUE(user_.Asked.empty());
+}
+
+TEST_F(PictureCommands, TheGuideCanBeMadeAgainAfterItWasCancelled) {
+    const FakeViewer viewer;
+    user_.Answers = {Answer::Yes};
+    Choose("mnuReport");
+    QTest::mouseClick(window_.findChild<QAbstractButton*>("cmdCancelJob"), Qt::LeftButton);
+
+    MakeGuide();
+
+    EXPECT_THAT(user_.Asked, SizeIs(1));
+    EXPECT_THAT(viewer.Arguments(), ElementsAre((folder_ / "guide.html").string()));
+}
+
+TEST_F(PictureCommands, TheGuideEndsWithTheWindow) {
+    Session session(Pieces(), user_, project_, "");
+    {
+        frmCorvel window(session);
+        window.findChild<QAction*>("mnuReport")->trigger();
+        EXPECT_TRUE(session.HasJob());
+    }
+
+    EXPECT_FALSE(session.HasJob());
+    QTest::qWait(200);
+    EXPECT_THAT(FilesInFolder(), IsEmpty());
+    EXPECT_TRUE(user_.Asked.empty());
+}
+
+TEST_F(PictureCommands, AGuideThatCannotBeDrawnLeavesNoPicture) {
+    session_.PicturePixels = 0; // a picture of no pixels cannot be made
+
+    MakeGuide();
+
+    EXPECT_THAT(user_.Told, ElementsAre(Message{Icon::Exclamation, "Problem with BMP2GIF.OCX!"}));
+    EXPECT_THAT(FilesInFolder(), IsEmpty());
+    EXPECT_FALSE(JobBar().isVisible());
 }
 
 TEST_F(PictureCommands, AFailedPictureEndsTheGuideWithItsMessage) {
     std::filesystem::create_directory(folder_ / "C152R.gif");
 
-    Choose("mnuReport");
+    MakeGuide();
 
     EXPECT_THAT(user_.Told, ElementsAre(Message{Icon::Exclamation, "Problem with BMP2GIF.OCX!"}));
-    EXPECT_EQ(window_.findChild<QProgressDialog*>("frmProgress"), nullptr);
+    EXPECT_FALSE(JobBar().isVisible());
     EXPECT_FALSE(std::filesystem::exists(folder_ / "guide.html"));
 }
 
-TEST_F(PictureCommands, TheManualIsOpenedInAWorkingDirectoryThatHoldsNoneToo) {
+TEST_F(PictureCommands, AMissingWorkingDirectoryIsToldBeforeTheGuideIsDrawn) {
+    project_.Preferences.WorkingDirectory = (folder_ / "gone" / "").string();
+
+    Choose("mnuReport");
+
+    EXPECT_FALSE(session_.HasJob());
+    ASSERT_EQ(user_.Told.size(), 1U);
+    EXPECT_THAT(user_.Told[0].Text, StartsWith("Path not found: "));
+}
+
+TEST_F(PictureCommands, TheManualBesideTheCircuitsIsOpened) {
     const FakeViewer viewer;
+    std::filesystem::create_directory(folder_ / "manual");
+    WriteBytes(folder_ / "manual" / "help.html", "the manual");
 
     Choose("mnuManual");
 
     EXPECT_THAT(viewer.Arguments(), ElementsAre((folder_ / "manual" / "help.html").string()));
-    EXPECT_TRUE(user_.Told.empty());
+    EXPECT_THAT(user_.Told, IsEmpty());
+}
+
+TEST_F(PictureCommands, AManualThatIsNowhereIsToldAndNoViewerIsStarted) {
+    const FakeViewer viewer;
+
+    Choose("mnuManual");
+
+    const std::string page = (folder_ / "manual" / "help.html").string();
+    EXPECT_THAT(user_.Told,
+                ElementsAre(Message{Icon::Exclamation, "File not found: the manual is neither beside your circuits, " +
+                                                           page + ", nor where Pistaro is installed"}));
+    QTest::qWait(200);
+    EXPECT_FALSE(viewer.WasStarted());
 }
 
 TEST_F(PictureCommands, AboutStaysBesideTheWindowAndComesOnce) {

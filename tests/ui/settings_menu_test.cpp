@@ -13,9 +13,7 @@ class SettingsMenu : public WindowTest {
 protected:
     SettingsMenu() {
         WriteBytes(folder_ / "corvel.ini", WholeSettings());
-        Project project = ProjectOf("C160 C160");
-        project.SettingsPath = folder_ / "corvel.ini";
-        Open(project);
+        Open(ProjectOf("C160 C160"), folder_ / "corvel.ini");
     }
 
     /// Chooses an entry and works on the modal dialog that opens.
@@ -58,7 +56,7 @@ TEST_F(SettingsMenu, TheDrawAreaChangesTheViewThatIsDrawn) {
         area.findChild<QLineEdit*>("txtZoomVal")->setText("150");
         PressIn(area, "cmdApply");
     });
-    EXPECT_EQ(Design.View.Width, 150);
+    EXPECT_EQ(Project.Design.View.Width, 150);
     EXPECT_NE(Picture().grab().toImage(), before);
 }
 

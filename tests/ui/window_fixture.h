@@ -10,14 +10,19 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <optional>
+
 namespace pistaro {
 
 class WindowTest : public ::testing::Test {
 protected:
-    /// Opens the window on a project.
-    void Open(const Project& project = StartUp(InitialSettings())) {
-        Design = project;
-        Window = std::make_unique<frmCorvel>(Design, Prompts);
+    /// Opens the window of a session of its own on a project.
+    void Open(pistaro::Project project = StartUp(InitialSettings(Pieces())),
+              const std::filesystem::path& settingsPath = {}) {
+        Window.reset();
+        Session.emplace(Pieces(), Prompts, std::move(project), settingsPath);
+        Window = std::make_unique<frmCorvel>(*Session);
         Window->show();
         Window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
@@ -59,7 +64,7 @@ protected:
 
     /// Presses and releases a mouse button on the drawing at a point in cm.
     void ClickDrawing(float x, float y) {
-        const ViewRectangle shown = ShownRectangle(Design.View);
+        const ViewRectangle shown = ShownRectangle(Project.Design.View);
         const double pixelsPerCm = Picture().width() / (double{shown.ViewRight} - shown.ViewLeft);
         const QPointF place((x - shown.ViewLeft) * pixelsPerCm, (shown.ViewTop - y) * pixelsPerCm);
         QTest::mouseClick(&Picture(), Qt::LeftButton, {}, place.toPoint());
@@ -77,13 +82,14 @@ protected:
     }
 
     std::string Text(const std::string& label) { return Find<QLabel>(label).text().toStdString(); }
-    std::string Codes(int track = 0) { return CodesOf(Design.Layout.Tracks[static_cast<std::size_t>(track)]); }
+    std::string Codes(int track = 0) { return CodesOf(Project.Design.Circuit.Tracks[static_cast<std::size_t>(track)]); }
 
     /// Where a button reacts to the mouse: a radio button only where it is drawn.
     static QPoint PlaceIn(const QWidget& button) { return {std::min(10, button.width() / 2), button.height() / 2}; }
 
     ScriptedPrompts Prompts;
-    Project Design;
+    std::optional<pistaro::Session> Session{std::in_place, Pieces(), Prompts, StartUp(InitialSettings(Pieces())), ""};
+    pistaro::Project& Project = Session->Project; ///< also of every later session, which takes the same place
     std::unique_ptr<frmCorvel> Window;
 };
 

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QProgressBar>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -95,13 +96,15 @@ TEST_F(WindowSize, LargeLettersClipNoCaption) {
         EXPECT_TRUE(ShowsWholly(*control)) << control->objectName().toStdString();
         EXPECT_GE(control->width(), control->sizeHint().width()) << control->objectName().toStdString();
     }
+    auto& job = Find<QProgressBar>("prgJob");
+    EXPECT_LT(job.fontMetrics().horizontalAdvance("Drawing the guide: 40 of 40"), job.width());
     Choose("mnuScalextricNinco");
     EXPECT_LT(Piece("N10110").fontMetrics().horizontalAdvance("10110"), Piece("N10110").width());
 }
 
 TEST_F(WindowSize, TheColumnsKeepTheirWidthWhateverIsSelected) {
-    Project project = ProjectOf("C157 C154L");
-    project.Layout.Tracks[0].ElementCodes.emplace_back("a text as a file may hold it where a code is expected");
+    pistaro::Project project = ProjectOf("C157 C154L");
+    project.Design.Circuit.Tracks[0].ElementCodes.emplace_back("a text as a file may hold it where a code is expected");
     Open(project);
     const int width = Picture().width();
 

@@ -1,0 +1,83 @@
+#include "commands/circuit_commands.h"
+
+#include "editor/circuit_files.h"
+#include "storage/settings_sections.h"
+
+namespace pistaro {
+
+namespace {
+
+constexpr const char* TrackFilter = "Track files (*.trk)|*.trk";
+
+/// Load and New ask about tracks of two elements or more, Quit about a single one, too.
+bool WouldLoseTrack(const Session& session) { return HasUnsavedTrack(session.Project, 2); }
+bool WouldLoseAnything(const Session& session) { return HasUnsavedTrack(session.Project, 1); }
+
+/// Keeps the folder of a file that was loaded or saved for the next start.
+void RememberFolder(const Session& session) {
+    if (session.SettingsPath.empty()) return;
+    RewriteSettings(session.Catalogue, session.SettingsPath,
+                    {WorkingDirectoryOf(session.Project.Preferences.WorkingDirectory)});
+}
+
+void Load(Session& session, const std::filesystem::path& file) {
+    LoadCircuit(session.Project, file);
+    RememberFolder(session);
+}
+
+/// Whether the user lets go of the unsaved work that a load replaces.
+bool MayReplace(const Session& session) {
+    return !WouldLoseTrack(session) ||
+           session.Prompts.Ask("All data will be lost if you proceed.", Buttons::OkCancel) == Answer::Ok;
+}
+
+} // namespace
+
+void LoadFileCommand(Session& session, const std::filesystem::path& file) {
+    if (MayReplace(session)) Load(session, file);
+}
+
+void LoadCommand(Session& session) {
+    const bool replacesWork = WouldLoseTrack(session);
+    if (!MayReplace(session)) return;
+    const auto file = session.Prompts.ChooseFile({.Saving = false,
+                                                  .Title = "Load Circuit",
+                                                  .Filter = TrackFilter,
+                                                  .DefaultName = "",
+                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+    if (file) return Load(session, *file);
+    if (replacesWork) NewProject(session.Project);
+    session.Project.EditState.DataChanged = false;
+}
+
+void SaveCommand(Session& session) {
+    const std::string name = ProjectName(session.Project.EditState);
+    const auto file = session.Prompts.ChooseFile({.Saving = true,
+                                                  .Title = "Save Circuit",
+                                                  .Filter = TrackFilter,
+                                                  .DefaultName = name == NewProjectName ? "" : name,
+                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+    if (!file) {
+        session.Project.EditState.DataChanged = false;
+        return;
+    }
+    std::error_code reportedByTheWrite;
+    if (std::filesystem::exists(*file, reportedByTheWrite)) {
+        session.Prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo);
+    }
+    SaveCircuit(session.Project, *file);
+    RememberFolder(session);
+}
+
+void NewCommand(Session& session) {
+    const bool keep = WouldLoseTrack(session) && session.Prompts.Ask("Send data on its way to binary oblivion?",
+                                                                     Buttons::OkCancel) == Answer::Cancel;
+    if (!keep) NewProject(session.Project);
+}
+
+void QuitCommand(Session& session) {
+    if (!WouldLoseAnything(session)) return;
+    if (session.Prompts.Ask("Discard unsaved data?", Buttons::YesNo) == Answer::No) SaveCommand(session);
+}
+
+} // namespace pistaro

@@ -1,0 +1,27 @@
+// Load, Save, New and Quit: the commands that read and write circuit files and guard unsaved work.
+#pragma once
+
+#include "commands/session.h"
+
+#include <filesystem>
+
+namespace pistaro {
+
+/// Load with its question and its dialog. A settings file that cannot take the new working directory is a fault that
+/// comes when the circuit is loaded.
+void LoadCommand(Session& session);
+
+/// The same for a file that is known already: dropped on the window, or named at the start.
+void LoadFileCommand(Session& session, const std::filesystem::path& file);
+
+/// Save with its dialog. A cancelled dialog marks the circuit as saved, and a file that exists is overwritten after
+/// either answer: saved designs and their owners have relied on both. Faults as with Load.
+void SaveCommand(Session& session);
+
+/// New with its question.
+void NewCommand(Session& session);
+
+/// What Quit asks and saves before the program ends, which it does in every case.
+void QuitCommand(Session& session);
+
+} // namespace pistaro

@@ -1,0 +1,381 @@
+// The table's rows, group by group. It is long because it is the one place that lists every command.
+#include "commands/commands.h"
+
+#include "commands/circuit_commands.h"
+#include "commands/picture_commands.h"
+#include "commands/session.h"
+#include "editor/building.h"
+#include "editor/track_editing.h"
+#include "editor/view_commands.h"
+#include "report/viewer.h"
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+const Track* EditedTrack(const Session& session) {
+    return EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
+}
+
+std::string OneTrackChosen(const Session& session) {
+    return session.Project.EditState.ShowsAllTracks() ? "Choose a single track first." : "";
+}
+
+std::string TrackHasElements(const Session& session) {
+    const Track* const track = EditedTrack(session);
+    if (track == nullptr) return OneTrackChosen(session);
+    return track->ElementCodes.empty() ? "The track is empty." : "";
+}
+
+std::string ElementSelected(const Session& session) {
+    std::string whyNot = TrackHasElements(session);
+    if (!whyNot.empty()) return whyNot;
+    return session.Project.EditState.SelectedElement() < 0 ? "Select an element first." : "";
+}
+
+std::string ZoomableIn(const Session& session) {
+    return CanZoomIn(session.Project.Design.View) ? "" : "The view is as close as it gets.";
+}
+
+std::string HasBackground(const Session& session) {
+    return session.Background ? "" : "There is no picture behind the circuit.";
+}
+
+std::string HasWindows(const Session& session) { return session.Windows == nullptr ? "There is no window." : ""; }
+
+std::string NoJobRuns(const Session& session) { return session.HasJob() ? "The guide is being drawn." : ""; }
+
+std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
+
+void AddCircuitCommands(std::vector<Command>& rows) {
+    rows.push_back({.Id = "new",
+                    .Control = "mnuCircuitReinit",
+                    .Caption = "&New",
+                    .Tip = "Start a new, empty circuit",
+                    .Key = "Ctrl+N",
+                    .Run = NewCommand});
+    rows.push_back({.Id = "load",
+                    .Control = "mnuCircuitLoad",
+                    .Caption = "&Load…",
+                    .Tip = "Open a circuit file",
+                    .Key = "Ctrl+O",
+                    .Run = LoadCommand});
+    rows.push_back({.Id = "save",
+                    .Control = "mnuCircuitSave",
+                    .Caption = "&Save…",
+                    .Tip = "Write the circuit to a file",
+                    .Key = "Ctrl+S",
+                    .Run = SaveCommand});
+    rows.push_back({.Id = "quit",
+                    .Control = "mnuQuit",
+                    .Caption = "&Quit",
+                    .Tip = "End Pistaro",
+                    .Key = "Ctrl+Q",
+                    .From = Door::WindowOnly,
+                    .Run = QuitCommand});
+}
+
+void AddModes(std::vector<Command>& rows) {
+    rows.push_back({.Id = "build",
+                    .Control = "cmdInsert",
+                    .Caption = "Build",
+                    .Tip = "Add new pieces at the end of the track",
+                    .Key = "Ins",
+                    .WhyNot = OneTrackChosen,
+                    .Run = [](Session& session) { session.Project.EditState.InsertMode = false; }});
+    rows.push_back({.Id = "insert",
+                    .Control = "cmdInsert",
+                    .Caption = "Insert",
+                    .Tip = "Put new pieces in front of the selected one",
+                    .Key = "Ins",
+                    .WhyNot = OneTrackChosen,
+                    .Run = [](Session& session) { session.Project.EditState.InsertMode = true; }});
+    rows.push_back({.Id = "system",
+                    .Control = "mnuScalextricNinco",
+                    .Caption = "Use Ninco Track",
+                    .Tip = "Offer the other system's pieces",
+                    .Key = "Ctrl+T",
+                    .Run = [](Session& session) { SwitchTrackSystem(session.Project.EditState); },
+                    .Shows = [](const Session& session) -> std::string {
+                        const bool scalextric = session.Project.EditState.System == TrackSystem::Scalextric;
+                        return scalextric ? "Use Ninco Track" : "Use Scalextric Track";
+                    }});
+    rows.push_back({.Id = "see remaining",
+                    .Control = "cmdSeeRemaining",
+                    .Caption = "See re&maining",
+                    .Tip = "Hold to see how many pieces of each shape you have left",
+                    .From = Door::WindowOnly,
+                    .Run = [](Session&) {}}); // its effect lasts while the button is held
+}
+
+Command AddRow(const CatalogueEntry& piece, int row) {
+    const std::string code = piece.Code;
+    const TrackSystem system = piece.System;
+    return {.Id = "add " + code,
+            .Control = "cmdElement",
+            .Tag = code,
+            .Index = row,
+            .Caption = PieceCaption(code),
+            .Tip = code + ", " + piece.LongName,
+            .WhyNot = [system](const Session& session) -> std::string {
+                const EditState& edit = session.Project.EditState;
+                if (edit.ShowsAllTracks()) return OneTrackChosen(session);
+                if (edit.System == system) return "";
+                return system == TrackSystem::Ninco ? "Switch to Ninco track first."
+                                                    : "Switch to Scalextric track first.";
+            },
+            .Run =
+                [code](Session& session) {
+                    AddPiece(session.Catalogue, session.Project.Design, session.Project.EditState, code);
+                }};
+}
+
+Command ReplaceRow(const CatalogueEntry& piece) {
+    const std::string product(ProductCode(piece.Code));
+    return {.Id = "replace " + product,
+            .Control = "mnu" + product,
+            .Caption = product + "  " + piece.LongName,
+            .Tip = "Replace the selected piece by this one",
+            .WhyNot = [product](const Session& session) -> std::string {
+                std::string whyNot = ElementSelected(session);
+                if (!whyNot.empty()) return whyNot;
+                const bool fits = IsVariantOfSelected(session.Catalogue, session.Project.Design.Circuit,
+                                                      session.Project.EditState, product);
+                return fits ? "" : "The selected piece has another shape.";
+            },
+            .Run =
+                [product](Session& session) {
+                    ReplaceSelected(session.Catalogue, session.Project.Design, session.Project.EditState, product);
+                }};
+}
+
+void AddPieceCommands(std::vector<Command>& rows, const Catalogue& catalogue) {
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (catalogue[row].IsBasic()) rows.push_back(AddRow(catalogue[row], row));
+    }
+    for (const int row : catalogue.VariantRows())
+        rows.push_back(ReplaceRow(catalogue[row]));
+}
+
+/// A row's function on the design and what is done to it.
+template <typename Function>
+std::function<void(Session&)> OnDesign(Function function) {
+    return [function](Session& session) { function(session.Project.Design, session.Project.EditState); };
+}
+
+Command MoveRow(const char* where, const char* control, const char* arrow, const char* key, int right, int up) {
+    return {.Id = std::string("move ") + where,
+            .Control = control,
+            .Caption = arrow,
+            .Tip = std::string("Move ") + where + " by one track width",
+            .Key = key,
+            .Repeatable = true,
+            .Run = OnDesign([right, up](Design& design, EditState& edit) { MoveTracks(design, edit, right, up); })};
+}
+
+Command RotateRow(const char* where, const char* control, const char* arrow, const char* key, Rotation rotation) {
+    return {.Id = std::string("rotate ") + where,
+            .Control = control,
+            .Caption = arrow,
+            .Tip = std::string("Rotate the track to the ") + where + "; with all tracks chosen, the room",
+            .Key = key,
+            .Repeatable = true,
+            .Run = OnDesign([rotation](Design& design, EditState& edit) { Rotate(design, edit, rotation); })};
+}
+
+Command ChooseRow(int track) {
+    const std::string number = std::to_string(track + 1);
+    return {.Id = "track " + number,
+            .Control = "optTrack",
+            .Tag = number,
+            .Index = track,
+            .Caption = number,
+            .Tip = "Edit track " + number,
+            .Key = "Ctrl+" + number,
+            .Run = [track](Session& session) { ChooseTrack(session.Project.EditState, track); },
+            .IsOn = [track](const Session& session) { return session.Project.EditState.CurrentTrack == track; }};
+}
+
+void AddTrackChanges(std::vector<Command>& rows) {
+    rows.push_back({.Id = "delete",
+                    .Control = "cmdDelete",
+                    .Caption = "Delete",
+                    .Tip = "Take the selected element out of the track",
+                    .Key = "Del",
+                    .WhyNot = ElementSelected,
+                    .Run = OnDesign(DeleteElement)});
+    rows.push_back({.Id = "mirror",
+                    .Control = "mnuMirror",
+                    .Caption = "&Mirror",
+                    .Tip = "Swap the left and right curves of the track",
+                    .Key = "Ctrl+M",
+                    .WhyNot = TrackHasElements,
+                    .Run = OnDesign(MirrorTrack)});
+    rows.push_back({.Id = "invert",
+                    .Control = "mnuInvert",
+                    .Caption = "&Invert",
+                    .Tip = "Lay the track in the opposite direction",
+                    .Key = "Ctrl+I",
+                    .WhyNot = TrackHasElements,
+                    .Run = OnDesign(InvertTrack)});
+}
+
+void AddMoves(std::vector<Command>& rows) {
+    rows.push_back(MoveRow("up", "cmdMvUp", "↑", "Ctrl+Up", 0, 1));
+    rows.push_back(MoveRow("down", "cmdMvDn", "↓", "Ctrl+Down", 0, -1));
+    rows.push_back(MoveRow("left", "cmdMvLeft", "←", "Ctrl+Left", -1, 0));
+    rows.push_back(MoveRow("right", "cmdMvRight", "→", "Ctrl+Right", 1, 0));
+    rows.push_back(MoveRow("up-left", "cmdMvUpLeft", "↖", "Ctrl+Home", -1, 1));
+    rows.push_back(MoveRow("up-right", "cmdMvUpRight", "↗", "Ctrl+PgUp", 1, 1));
+    rows.push_back(MoveRow("down-left", "cmdMvDnLeft", "↙", "Ctrl+End", -1, -1));
+    rows.push_back(MoveRow("down-right", "cmdMvDnRight", "↘", "Ctrl+PgDown", 1, -1));
+    rows.push_back(RotateRow("left", "cmdRotLeft", "↺", "Ctrl+L", Rotation::Left));
+    rows.push_back(RotateRow("right", "cmdRotRight", "↻", "Ctrl+R", Rotation::Right));
+}
+
+void AddTrackChoices(std::vector<Command>& rows) {
+    for (int track = 0; track < TrackCount; ++track)
+        rows.push_back(ChooseRow(track));
+    rows.push_back({.Id = "track all",
+                    .Control = "optAll",
+                    .Caption = "All",
+                    .Tip = "Move all tracks together, and turn the room",
+                    .Key = "Ctrl+0",
+                    .Run = [](Session& session) { ChooseAllTracks(session.Project.EditState); },
+                    .IsOn = [](const Session& session) { return session.Project.EditState.ShowsAllTracks(); }});
+}
+
+void AddViewCommands(std::vector<Command>& rows) {
+    rows.push_back({.Id = "zoom in",
+                    .Control = "cmdZoomIn",
+                    .Caption = "+",
+                    .Tip = "Show less, but larger",
+                    .Key = "Ctrl++",
+                    .Repeatable = true,
+                    .WhyNot = ZoomableIn,
+                    .Run = [](Session& session) { ZoomIn(session.Project.Design.View); }});
+    rows.push_back({.Id = "zoom out",
+                    .Control = "cmdZoomOut",
+                    .Caption = "−",
+                    .Tip = "Show more, but smaller",
+                    .Key = "Ctrl+-",
+                    .Repeatable = true,
+                    .Run = [](Session& session) { ZoomOut(session.Project.Design.View); }});
+    rows.push_back({.Id = "refresh",
+                    .Control = "cmdRefresh",
+                    .Caption = "Refresh",
+                    .Tip = "Draw the circuit again",
+                    .Key = "F5",
+                    .From = Door::WindowOnly,
+                    .Run = [](Session&) {}}); // the redraw follows every command
+    rows.push_back({.Id = "numbers",
+                    .Control = "chkNumbers",
+                    .Caption = "&Numbers",
+                    .Tip = "Show each element's number in the drawing",
+                    .From = Door::WindowOnly,
+                    .Run = [](Session& session) { session.Project.EditState.ShowNumbers ^= true; },
+                    .IsOn = [](const Session& session) { return session.Project.EditState.ShowNumbers; }});
+}
+
+void AddBackgroundCommands(std::vector<Command>& rows) {
+    rows.push_back({.Id = "background select",
+                    .Control = "mnuBackgroundSelect",
+                    .Caption = "Select &Background…",
+                    .Tip = "Lay a picture behind the circuit, such as a floor plan",
+                    .From = Door::WindowOnly,
+                    .Run = SelectBackgroundCommand});
+    rows.push_back({.Id = "background clear",
+                    .Control = "mnuBackgroundClear",
+                    .Caption = "&Clear Background",
+                    .Tip = "Take the picture behind the circuit away",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasBackground,
+                    .Run = [](Session& session) { session.Background.reset(); }});
+}
+
+/// A row that opens a window.
+Command WindowRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
+                  void (Windows::*show)()) {
+    return {.Id = id,
+            .Control = control,
+            .Caption = caption,
+            .Tip = tip,
+            .Key = key,
+            .From = Door::WindowOnly,
+            .WhyNot = HasWindows,
+            .Run = [show](Session& session) { (session.Windows->*show)(); }};
+}
+
+void AddSettingsCommands(std::vector<Command>& rows) {
+    rows.push_back(WindowRow("draw area", "mnuDrawArea", "&Draw Area…",
+                             "Set the window, the grid, the units and your room's outline", "F2",
+                             &Windows::ShowDrawArea));
+    rows.push_back(WindowRow("choose colours", "mnuColors", "&Colours…", "Choose the colours of the drawing", "",
+                             &Windows::ShowColours));
+    rows.push_back(WindowRow("loose track", "mnuTrackStock", "&Loose Track…",
+                             "Tell how many pieces you own, and what one costs", "F3", &Windows::ShowStock));
+}
+
+void AddReportCommands(std::vector<Command>& rows) {
+    rows.push_back(WindowRow("statistics", "mnuStats", "&Statistics…", "Show lengths, prices and what is to buy", "F4",
+                             &Windows::ShowStatistics));
+    rows.push_back({.Id = "guide",
+                    .Control = "mnuReport",
+                    .Caption = "Design &Guide",
+                    .Tip = "Write the guide, a page with the layout and every piece in its order",
+                    .Key = "Ctrl+G",
+                    .From = Door::WindowOnly,
+                    .WhyNot = NoJobRuns,
+                    .Run = GuideCommand});
+    rows.push_back({.Id = "cancel job",
+                    .Control = "cmdCancelJob",
+                    .Caption = "Cancel",
+                    .Tip = "End this work; files stay as they were",
+                    .From = Door::WindowOnly,
+                    .WhyNot = JobRuns,
+                    .Run = [](Session& session) { session.CancelJob(); }});
+    rows.push_back({.Id = "save picture",
+                    .Control = "mnuWMF",
+                    .Caption = "Save &Picture",
+                    .Tip = "Write the drawing into the working directory as track.bmp",
+                    .Key = "Ctrl+P",
+                    .From = Door::WindowOnly,
+                    .Run = SavePictureCommand});
+}
+
+void AddHelpCommands(std::vector<Command>& rows) {
+    rows.push_back({.Id = "manual",
+                    .Control = "mnuManual",
+                    .Caption = "&Manual",
+                    .Tip = "Open the manual",
+                    .Key = "F1",
+                    .From = Door::WindowOnly,
+                    .Run = [](Session& session) { OpenManual(session.Project.Preferences); }});
+    rows.push_back(
+        WindowRow("about", "mnuAbout", "&About Pistaro", "Tell what this program is", "", &Windows::ShowAbout));
+}
+
+} // namespace
+
+CommandTable::CommandTable(const Catalogue& catalogue) {
+    AddCircuitCommands(rows_);
+    AddModes(rows_);
+    AddPieceCommands(rows_, catalogue);
+    AddTrackChanges(rows_);
+    AddMoves(rows_);
+    AddTrackChoices(rows_);
+    AddViewCommands(rows_);
+    AddBackgroundCommands(rows_);
+    AddSettingsCommands(rows_);
+    AddReportCommands(rows_);
+    AddHelpCommands(rows_);
+}
+
+const Command* CommandTable::Find(std::string_view id) const {
+    const auto found = std::ranges::find(rows_, id, &Command::Id);
+    return found == rows_.end() ? nullptr : &*found;
+}
+
+} // namespace pistaro

@@ -1,0 +1,89 @@
+#include "commands/session.h"
+
+#include "imaging/circuit_picture.h"
+#include "platform/fault.h"
+
+namespace pistaro {
+
+namespace {
+
+Changes Difference(const Project& before, const Project& after) {
+    return {.Circuit = before.Design.Circuit != after.Design.Circuit,
+            .Room = before.Design.Room != after.Design.Room,
+            .View = before.Design.View != after.Design.View,
+            .EditState = before.EditState != after.EditState,
+            .Stock = before.Stock != after.Stock,
+            .Preferences = before.Preferences != after.Preferences};
+}
+
+} // namespace
+
+Session::Session(const pistaro::Catalogue& catalogue, pistaro::Prompts& prompts, pistaro::Project project,
+                 std::filesystem::path settingsPath)
+    : Catalogue(catalogue), Commands(catalogue), Prompts(prompts), Project(std::move(project)),
+      SettingsPath(std::move(settingsPath)), PicturePixels(DefaultPicturePixels) {}
+
+void Session::Run(const Command& command) {
+    const std::string whyNot = command.WhyNot(*this);
+    if (!whyNot.empty()) throw Fault("Refused", "\"" + command.Id + "\" is not offered now: " + whyNot);
+    Work([&] { command.Run(*this); });
+}
+
+bool Session::TryRun(const Command& command) {
+    return command.WhyNot(*this).empty() && Do([&] { command.Run(*this); });
+}
+
+bool Session::Do(const std::function<void()>& work) {
+    bool done = false;
+    Work([&] {
+        try {
+            work();
+            done = true;
+        } catch (const Stopped&) {
+            return; // its user knows: it was they who stopped it
+        } catch (const std::exception& fault) {
+            Prompts.Tell({Icon::Exclamation, fault.what()});
+        }
+    });
+    return done;
+}
+
+void Session::Work(const std::function<void()>& work) {
+    if (depth_ > 0) return work();
+    const pistaro::Project before = Project;
+    const std::optional<Picture> background = Background;
+    const auto notify = [&] {
+        Changes changes = Difference(before, Project);
+        changes.Background = Background != background;
+        Notify(changes);
+    };
+    ++depth_;
+    try {
+        work();
+    } catch (...) {
+        --depth_;
+        notify();
+        throw;
+    }
+    --depth_;
+    notify();
+}
+
+void Session::Notify(const Changes& changes) {
+    for (const auto& observer : observers_)
+        observer(changes);
+}
+
+void Session::StartJob(const Job& job) {
+    jobs_.Start(
+        job, [this](const JobEnd& end) { Do(end); }, progress_);
+}
+
+void Session::CancelJob() { jobs_.Cancel(); }
+
+void Session::RunJobsBeside(Jobs::Post post, std::function<void(int, int)> progress) {
+    jobs_.RunBeside(std::move(post));
+    progress_ = std::move(progress);
+}
+
+} // namespace pistaro

@@ -1,0 +1,80 @@
+// One person at work: the project, the commands that change it, who hears of it, and the jobs that run beside it.
+#pragma once
+
+#include "commands/commands.h"
+#include "commands/jobs.h"
+#include "commands/windows.h"
+#include "imaging/picture.h"
+#include "model/project.h"
+#include "model/prompts.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace pistaro {
+
+/// What a piece of work has changed.
+struct Changes {
+    bool Circuit = false, Room = false, View = false;
+    bool EditState = false; ///< the selection, a mode, the file, whether there are unsaved changes
+    bool Stock = false, Preferences = false;
+    bool Background = false;
+
+    bool operator==(const Changes&) const = default;
+};
+
+class Session {
+public:
+    /// The catalogue and the prompts must outlive the session. Without a settings file to write the path is empty.
+    Session(const pistaro::Catalogue& catalogue, pistaro::Prompts& prompts, pistaro::Project project,
+            std::filesystem::path settingsPath);
+
+    const pistaro::Catalogue& Catalogue;
+    const CommandTable Commands;
+    pistaro::Prompts& Prompts;
+    pistaro::Project Project;
+    const std::filesystem::path SettingsPath;
+    std::optional<Picture> Background;   ///< behind the drawing
+    int PicturePixels;                   ///< width and height of the drawing as it is shown
+    pistaro::Windows* Windows = nullptr; ///< null in a script
+
+    /// For the rest of the session: calls `observer` once after each piece of work, done or faulted, with what it has
+    /// changed.
+    void Observe(std::function<void(const Changes&)> observer) { observers_.push_back(std::move(observer)); }
+
+    /// Runs a row of the command table. Faults: it cannot be done now, which is the fault "Refused" and says why; those
+    /// of the command.
+    void Run(const Command& command);
+
+    /// The same for a control that may be pressed when the row cannot be run: nothing happens then, and a fault is
+    /// told. Gives whether the command came to its end.
+    bool TryRun(const Command& command);
+
+    /// Runs work that is no row and may fault; a fault is told with an exclamation icon and ends it there. Gives
+    /// whether it came to its end. Work within other work is part of that: observers hear of the whole.
+    bool Do(const std::function<void()>& work);
+
+    /// The same for a caller who tells faults in another way: they come through.
+    void Work(const std::function<void()>& work);
+
+    /// Starts a job. Its end is work of this session; when it was stopped there is none.
+    void StartJob(const Job& job);
+    void CancelJob();
+    bool HasJob() const { return jobs_.IsRunning(); }
+
+    /// Has jobs run beside the window from now on: `post` calls a function later on the window's thread, `progress` is
+    /// told how far a job is.
+    void RunJobsBeside(Jobs::Post post, std::function<void(int done, int total)> progress);
+
+private:
+    void Notify(const Changes& changes);
+
+    std::vector<std::function<void(const Changes&)>> observers_;
+    std::function<void(int, int)> progress_;
+    int depth_ = 0; ///< of work within work
+    Jobs jobs_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,38 @@
+#include "ui/dialogs.h"
+
+#include "ui/frmColors.h"
+#include "ui/frmDrawArea.h"
+#include "ui/frmStats.h"
+
+namespace pistaro {
+
+namespace {
+
+void BringUp(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace
+
+void Dialogs::ShowDrawArea() { frmDrawArea(session_, &window_).exec(); }
+
+void Dialogs::ShowColours() { frmColors(session_, &window_).exec(); }
+
+void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
+
+void Dialogs::ShowStock() {
+    if (!stock_) {
+        stock_ = new frmStock(session_, &window_);
+        stock_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    BringUp(*stock_);
+}
+
+void Dialogs::ShowAbout() {
+    if (!about_) about_ = new frmAbout(&window_);
+    BringUp(*about_);
+}
+
+} // namespace pistaro

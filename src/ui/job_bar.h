@@ -1,0 +1,25 @@
+// The part of the status bar that tells how far a job is, and can end it. Hidden while there is none.
+#pragma once
+
+#include "ui/command_controls.h"
+
+#include <QProgressBar>
+#include <QToolButton>
+#include <QWidget>
+
+namespace pistaro {
+
+class JobBar : public QWidget {
+public:
+    /// From now on the session's jobs run beside the window.
+    JobBar(Session& session, CommandControls& controls);
+
+    /// Shows itself while a job runs.
+    void Refresh();
+
+private:
+    Session& session_;
+    QProgressBar* const prgJob_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,82 @@
+// The start of the designer: the opening window, the main one, and what comes then.
+#include "ui/designer.h"
+
+#include "storage/settings_file.h"
+#include "support/chain.h"
+#include "support/circuit_text.h"
+#include "support/scripted_prompts.h"
+#include "support/temporary_folder.h"
+#include "ui/frmAbout.h"
+#include "ui/frmCorvel.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace pistaro {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The opening window, or null.
+QWidget* OpeningWindow() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "frmAbout" && window->isVisible()) return window;
+    }
+    return nullptr;
+}
+
+class Designer : public testing::Test, protected ScriptedPrompts {
+protected:
+    Designer() { WriteBytes(folder_ / "oval.trk", CircuitText("C160 C159")); }
+    ~Designer() override { delete OpeningWindow(); } // of a test that has failed: it would show a window that is gone
+
+    /// Writes down what stands on the screen while something is told.
+    void Tell(const Message& message) override {
+        seen_.push_back(message.Text + (window_.isVisible() ? " | window" : "") +
+                        (OpeningWindow() != nullptr ? " | opening window" : "") + " | " +
+                        CodesOf(session_.Project.Design.Circuit.Tracks[0]));
+    }
+
+    void Begin(bool noSplash) {
+        const DesignerFiles files{.SettingsFile = "", .Circuit = folder_ / "oval.trk", .NoSplash = noSplash};
+        BeginDesigning(window_, session_, {{Icon::Exclamation, "first"}, {Icon::Exclamation, "second"}}, files);
+    }
+
+    std::string Codes() const { return CodesOf(session_.Project.Design.Circuit.Tracks[0]); }
+
+    TemporaryFolder folder_;
+    Session session_{Pieces(), *this, StartUp(InitialSettings(Pieces())), ""};
+    frmCorvel window_{session_};
+    std::vector<std::string> seen_;
+};
+
+TEST_F(Designer, TellsAndLoadsOnlyWhenTheMainWindowHasTakenTheOpeningWindowsPlace) {
+    Begin(false);
+
+    QTest::qWait(500);
+    EXPECT_NE(OpeningWindow(), nullptr);
+    EXPECT_FALSE(window_.isVisible());
+    EXPECT_THAT(seen_, IsEmpty());
+    EXPECT_EQ(Codes(), "");
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Codes().empty(); }));
+    EXPECT_THAT(seen_, ElementsAre("first | window | ", "second | window | "));
+    EXPECT_EQ(Codes(), "C160 C159");
+    EXPECT_EQ(window_.windowTitle(), "Pistaro - oval");
+}
+
+TEST_F(Designer, WithoutTheOpeningWindowTheMainWindowIsThereAtOnce) {
+    Begin(true);
+
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_THAT(seen_, IsEmpty()) << "not before it can be seen";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Codes().empty(); }));
+    EXPECT_EQ(OpeningWindow(), nullptr);
+    EXPECT_THAT(seen_, ElementsAre("first | window | ", "second | window | "));
+}
+
+} // namespace
+} // namespace pistaro
