@@ -140,7 +140,7 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     for (const auto& [entry, name] : Dialogs) {
         if (window.findChild<QAction*>(entry) != nullptr) photographer.TakeDialog(window, entry, name);
     }
-    frmAbout about(&window);
+    frmAbout about(session.Catalogue, &window);
     about.show();
     photographer.Take(about, "about");
 }

@@ -38,7 +38,12 @@ Catalogue::Catalogue(std::vector<CatalogueEntry> rows) : rows_(std::move(rows)) 
         if (!isRow(entry.ShapeIndex) || !isRow(entry.StockIndex))
             throw std::logic_error(entry.Code + " has the shape or the product of a row that is not there");
         rowOf_.emplace(entry.Code, row);
-        if (IsHeadRow(row) && FindHeadRow(ProductCode(entry.Code)) == row) productRows_.push_back(row);
+        if (!IsHeadRow(row)) continue;
+        const int found = FindHeadRow(ProductCode(entry.Code));
+        if (ProductCode((*this)[found].Code) != ProductCode(entry.Code))
+            throw std::logic_error(entry.Code + " would be taken for " + (*this)[found].Code +
+                                   ", which begins like it");
+        if (found == row) productRows_.push_back(row);
     }
     std::ranges::copy_if(productRows_, std::back_inserter(variantRows_),
                          [&](int row) { return SharesShape(*this, row); });

@@ -48,7 +48,8 @@ struct CatalogueEntry {
 
 class Catalogue {
 public:
-    /// Fault when a row's shape or product is no row of the table.
+    /// Throws std::logic_error when a row's shape or product is no row of the table, or when a search by the product's
+    /// name would find another one that begins like it.
     explicit Catalogue(std::vector<CatalogueEntry> rows);
 
     int Count() const { return static_cast<int>(rows_.size()); }

@@ -107,7 +107,7 @@ void RunTableCommand(Script& script, Words words) {
         times = IntegerIn(words[2], 1, 1000);
         words.pop_back();
     }
-    if (words.size() > 2) throw Refused("there are too many words behind \"" + words[0] + "\"");
+    if (words.size() > 2) throw Refused("there are too many words after \"" + words[0] + "\"");
     RunById(script, words.size() == 2 ? words[0] + " " + words[1] : words[0], times);
 }
 
@@ -116,8 +116,8 @@ void RunLine(Script& script, const std::string& line) {
     if (words.empty()) return;
     for (const ValueCommand& command : ValueCommands) {
         if (command.Name != words[0]) continue;
-        if (words.size() < command.LeastWords) throw Refused("\"" + words[0] + "\" wants more words behind it");
-        if (words.size() > command.MostWords) throw Refused("there are too many words behind \"" + words[0] + "\"");
+        if (words.size() < command.LeastWords) throw Refused("\"" + words[0] + "\" wants more words after it");
+        if (words.size() > command.MostWords) throw Refused("there are too many words after \"" + words[0] + "\"");
         if (command.IsOfDialog && script.Session.SettingsPath.empty())
             throw Refused("the dialogs want a settings file named by --settings");
         return script.Session.Work([&] { command.Run(script, words); });

@@ -97,7 +97,7 @@ RoomEntry EntryIn(const Words& words) {
 }
 
 void RequireWords(const Words& words, std::size_t number) {
-    if (words.size() != number) throw Refused("\"room " + words[1] + "\" wants other words behind it");
+    if (words.size() != number) throw Refused("\"room " + words[1] + "\" wants other words after it");
 }
 
 } // namespace

@@ -55,8 +55,7 @@ private:
 
 /// What a job gives that is waited for: shown on a terminal, and stopped by Ctrl+C.
 template <typename Work>
-auto InForeground(std::ostream& errors, const char* what, Work work) {
-    const Interruptions interruptions;
+auto InForeground(const Interruptions& interruptions, std::ostream& errors, const char* what, Work work) {
     JobWatch watch{.Progress = {}, .Stop = interruptions.Stop()};
     ProgressLine line(errors, what);
     if (StandardErrorIsTerminal()) watch.Progress = [&](int done, int total) { line.Show(done, total); };
@@ -98,10 +97,11 @@ void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit,
     project.Preferences.WorkingDirectory = TextFromPath((into.empty() ? "." : into) / "");
     GuidePageFile(project.Preferences);
     const OffscreenGraphics graphics;
+    const Interruptions interruptions; // one that comes while the files are written comes too late
     const GuidePictures pictures = GuidePicturesOf(context.Pieces, DefaultPicturePixels, std::nullopt);
-    const std::vector<GuideFile> files = InForeground(context.Errors, "guide", [&](const JobWatch& watch) {
-        return DrawGuide(context.Pieces, project, pictures, watch);
-    });
+    const std::vector<GuideFile> files =
+        InForeground(interruptions, context.Errors, "guide",
+                     [&](const JobWatch& watch) { return DrawGuide(context.Pieces, project, pictures, watch); });
     for (const std::filesystem::path& file : WriteGuide(project.Preferences, files))
         context.Output << TextFromPath(into / file.filename()) << '\n';
 }

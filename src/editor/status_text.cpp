@@ -41,7 +41,7 @@ std::string GapText(const TrackGap& gap, const Units& units) {
 }
 
 std::string TrackText(const Catalogue& catalogue, const Project& project, const Track& track) {
-    const std::string text =
+    std::string text =
         "Track " + std::to_string(project.EditState.CurrentTrack + 1) + Between + PieceCount(track.ElementCodes.size());
     if (track.ElementCodes.empty()) return text;
     return text + Between + GapText(GapOf(catalogue, track), project.Preferences.DisplayUnits);

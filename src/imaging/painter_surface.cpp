@@ -17,7 +17,7 @@ constexpr double PointsPerInch = 72;
 constexpr double MillimetresPerInch = 25.4;
 constexpr double ScreenDotsPerInch = 96;
 constexpr double SmallestRing = 2; ///< pixels; a smaller circle, such as the grid's, is drawn as a dot
-constexpr double Margin = 4;       ///< pixels that a stroke may reach beyond its geometry
+constexpr double Margin = 4;       ///< pixels that a stroke of one pixel may reach beyond its geometry
 
 /// An arc as curves of an eighth of a circle at most, which stay within a 200,000th of the radius. The painter's own
 /// arcs stray far enough to part the pieces of a large curve.
@@ -37,9 +37,9 @@ QPainterPath ArcPath(QPointF centre, double radius, double start, double span) {
     return path;
 }
 
-/// The part of a line inside a target with a Margin around it, after Liang and Barsky: far coordinates of a strange
+/// The part of a line inside a target with a margin around it, after Liang and Barsky: far coordinates of a strange
 /// file must not reach the rasteriser.
-std::optional<QLineF> Clipped(QPointF from, QPointF to, const TargetSize& target) {
+std::optional<QLineF> Clipped(QPointF from, QPointF to, const TargetSize& target, double margin) {
     const double dx = to.x() - from.x();
     const double dy = to.y() - from.y();
     double enter = 0;
@@ -55,8 +55,8 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, const TargetSize& target
         }
         return enter <= leave;
     };
-    const bool visible = clip(-dx, from.x() + Margin) && clip(dx, target.Width + Margin - from.x()) &&
-                         clip(-dy, from.y() + Margin) && clip(dy, target.Height + Margin - from.y());
+    const bool visible = clip(-dx, from.x() + margin) && clip(dx, target.Width + margin - from.x()) &&
+                         clip(-dy, from.y() + margin) && clip(dy, target.Height + margin - from.y());
     if (!visible) return std::nullopt;
     return QLineF(from.x() + enter * dx, from.y() + enter * dy, from.x() + leave * dx, from.y() + leave * dy);
 }
@@ -92,7 +92,7 @@ void PainterSurface::SetPen(PenWidth width) {
 }
 
 void PainterSurface::Draw(const LineSegment& line, Colour colour) {
-    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), target_);
+    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), target_, Reach());
     if (!visible) return;
     UsePen(colour);
     painter_.drawLine(*visible);
@@ -144,8 +144,10 @@ QPointF PainterSurface::Mapped(WorldPoint point) const {
     return {(double{point.X} - world_.ViewLeft) * dotsPerCm_, (double{world_.ViewTop} - point.Y) * dotsPerCm_};
 }
 
+double PainterSurface::Reach() const { return Margin + std::max(0.0, lineWidth_ - 1); }
+
 bool PainterSurface::IsVisible(QPointF centre, double radius) const {
-    const double reach = std::fabs(radius) + Margin;
+    const double reach = std::fabs(radius) + Reach();
     // Written so that a scale of an empty view, which makes everything not a number, shows nothing.
     return centre.x() + reach >= 0 && centre.x() - reach <= target_.Width && centre.y() + reach >= 0 &&
            centre.y() - reach <= target_.Height;

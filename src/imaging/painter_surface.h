@@ -37,6 +37,8 @@ public:
 
 private:
     QPointF Mapped(WorldPoint point) const;
+    /// How far beyond its geometry a stroke may be seen.
+    double Reach() const;
     bool IsVisible(QPointF centre, double radius) const;
     void UsePen(Colour colour) { UsePen(colour, lineWidth_, Qt::SquareCap); }
     void UsePen(Colour colour, double width, Qt::PenCapStyle cap);

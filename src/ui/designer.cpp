@@ -49,7 +49,7 @@ void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Messa
     if (files.NoSplash) {
         showWindow();
     } else {
-        (new frmAbout(showWindow))->show();
+        (new frmAbout(session.Catalogue, showWindow))->show();
     }
 }
 

@@ -31,7 +31,7 @@ void Dialogs::ShowStock() {
 }
 
 void Dialogs::ShowAbout() {
-    if (!about_) about_ = new frmAbout(&window_);
+    if (!about_) about_ = new frmAbout(session_.Catalogue, &window_);
     BringUp(*about_);
 }
 

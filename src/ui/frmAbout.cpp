@@ -37,14 +37,14 @@ Track ShownTrack() {
 /// The square around it, with a margin.
 constexpr ViewRectangle ShownSquare{-105, 105, 105, -105};
 
-QImage Drawing(double pixelRatio) {
+QImage Drawing(const Catalogue& catalogue, double pixelRatio) {
     QImage image((QSizeF(DrawingSide, DrawingSide) * pixelRatio).toSize(), QImage::Format_RGB32);
     image.setDevicePixelRatio(pixelRatio);
     QPainter painter(&image);
     PainterSurface surface(painter, TargetSize::Square(DrawingSide));
     surface.Clear(DrawingBackground);
     surface.SetScale(ShownSquare);
-    WalkTrack(InitCatalogue(), ShownTrack(), [&](int, const PiecePlacement* placement, const BuildCursor&) {
+    WalkTrack(catalogue, ShownTrack(), [&](int, const PiecePlacement* placement, const BuildCursor&) {
         DrawPiece(*placement, DrawingOutline, DrawingRail, surface);
     });
     return image;
@@ -63,7 +63,8 @@ QString VersionText() { return QString("version %1.%2.%3").arg(VersionMajor).arg
 
 } // namespace
 
-frmAbout::frmAbout(QWidget* owner, bool aboutFromMenu) : QDialog(owner), aboutFromMenu_(aboutFromMenu) {
+frmAbout::frmAbout(const Catalogue& catalogue, QWidget* owner, bool aboutFromMenu)
+    : QDialog(owner), catalogue_(catalogue), aboutFromMenu_(aboutFromMenu) {
     setObjectName("frmAbout");
     setWindowTitle("About Pistaro");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -92,9 +93,10 @@ frmAbout::frmAbout(QWidget* owner, bool aboutFromMenu) : QDialog(owner), aboutFr
     setFixedSize(DrawingSide + 340, DrawingSide);
 }
 
-frmAbout::frmAbout(QWidget* owner) : frmAbout(owner, true) {}
+frmAbout::frmAbout(const Catalogue& catalogue, QWidget* owner) : frmAbout(catalogue, owner, true) {}
 
-frmAbout::frmAbout(const std::function<void()>& showMainWindow) : frmAbout(nullptr, false) {
+frmAbout::frmAbout(const Catalogue& catalogue, const std::function<void()>& showMainWindow)
+    : frmAbout(catalogue, nullptr, false) {
     setWindowTitle("Pistaro");
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
     auto* const timTimer = Named(new QTimer(this), "timTimer");
@@ -114,7 +116,7 @@ void frmAbout::reject() {
 void frmAbout::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().base());
-    painter.drawImage(QPointF(0, 0), Drawing(devicePixelRatioF()));
+    painter.drawImage(QPointF(0, 0), Drawing(catalogue_, devicePixelRatioF()));
     if (aboutFromMenu_) return;
     painter.setPen(ToQColor(DrawingBackground)); // a frame for a window that has none
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

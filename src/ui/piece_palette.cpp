@@ -140,8 +140,9 @@ void PiecePalette::ShowAllRemaining() {
 }
 
 void PiecePalette::RestoreCaptions() {
-    for (QToolButton* const button : pieces_)
-        button->setText(CaptionOf(*button));
+    for (QToolButton* const button : pieces_) {
+        if (!button->isDown()) button->setText(CaptionOf(*button));
+    }
 }
 
 const Command& PiecePalette::ModeSwitch() const {
@@ -152,6 +153,8 @@ void PiecePalette::Refresh() {
     for (const auto& [frame, system] : frames_)
         frame->setVisible(system == session_.Project.EditState.System);
     cmdInsert_->setText(Shown(ModeSwitch().Caption));
+    // What is let go while a box stands open is heard by nobody.
+    if (!cmdSeeRemaining_->isDown()) RestoreCaptions();
 }
 
 } // namespace pistaro

@@ -136,6 +136,23 @@ TEST_F(CommandLine, ARefusedCircuitIsOneLineThatNamesFileAndLine) {
     EXPECT_EQ(layout("folder.trk").ExitStatus, 1);
 }
 
+TEST_F(CommandLine, AControlByteButTabAndLineEndsMakesNoTextFile) {
+    for (char byte = 0; byte < 0x20; ++byte) {
+        const bool inTexts = byte == '\t' || byte == '\n' || byte == '\f' || byte == '\r';
+        WriteBytes(program_ / "x.trk", CircuitText(std::string("C1") + byte + "60"));
+        WriteBytes(program_ / "x.ini", SettingsText(std::string("/tracks") + byte + "/", "C151=4"));
+        const Finished circuit = program_.Run({"layout", "x.trk"});
+        const Finished settings = program_.Run({"settings", "--settings", "x.ini"});
+
+        SCOPED_TRACE(int{byte});
+        const std::string isNone = ": this is not a text file\n";
+        EXPECT_EQ(circuit.ExitStatus, inTexts ? 0 : 1);
+        EXPECT_EQ(circuit.Errors, inTexts ? "" : "pistaro: Bad file format: x.trk, line 15" + isNone);
+        EXPECT_EQ(settings.ExitStatus, inTexts ? 0 : 1);
+        EXPECT_EQ(settings.Errors, inTexts ? "" : "pistaro: Bad file format: x.ini, line 2" + isNone);
+    }
+}
+
 TEST_F(CommandLine, ACircuitLargerThanAnyIsRefused) {
     WriteBytes(program_ / "huge.trk", std::string(5 << 20, '1'));
 

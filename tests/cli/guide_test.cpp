@@ -56,6 +56,21 @@ TEST_F(GuideVerb, WritesBesideTheCircuitUnlessAFolderIsNamed) {
     EXPECT_TRUE(std::filesystem::exists(program_ / "club" / "guide.html"));
 }
 
+TEST_F(GuideVerb, IsTitledByTheFilesNameWithoutItsLastFourCharacters) {
+    const auto titleOf = [&](const std::string& file) {
+        std::filesystem::copy_file(program_ / "x.trk", program_ / file);
+        EXPECT_EQ(program_.Run({"guide", file}).ExitStatus, 0) << file;
+        const std::string page = BytesOf(program_ / "guide.html");
+        const std::size_t begin = page.find("<h1>");
+        return page.substr(begin, page.find("</h1>") - begin);
+    };
+
+    EXPECT_EQ(titleOf("club & night.trk"), "<h1>club &amp; night");
+    EXPECT_EQ(titleOf("circuit"), "<h1>cir");
+    EXPECT_EQ(titleOf("abcd"), "<h1>");
+    EXPECT_EQ(titleOf("abc"), "<h1>");
+}
+
 TEST_F(GuideVerb, RefusesAFolderThatIsNotThere) {
     const Finished finished = program_.Run({"guide", "x.trk", "--out", "gone"});
 

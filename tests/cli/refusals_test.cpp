@@ -11,7 +11,7 @@ namespace {
 struct Refusal {
     const char* Name;
     const char* Script;
-    const char* Words; ///< behind the script's name
+    const char* Words; ///< after the script's name
 };
 
 std::ostream& operator<<(std::ostream& stream, const Refusal& refusal) { return stream << refusal.Script; }
@@ -26,7 +26,7 @@ const Refusal Refusals[]{
     {"AVariantOfAnotherShape", "add C160\nreplace C159",
      "line 2: Refused: \"replace C159\" is not offered now: The selected piece has another shape."},
     {"AVariantWithAHand", "add C151L\nreplace C8010L", "line 2: Refused: there is no command \"replace C8010L\""},
-    {"AddWithoutAPiece", "add", "line 1: Refused: \"add\" wants more words behind it"},
+    {"AddWithoutAPiece", "add", "line 1: Refused: \"add\" wants more words after it"},
     {"AddingWithAllTracks", "track all\nadd C160",
      "line 2: Refused: \"add C160\" is not offered now: Choose a single track first."},
     {"AnUnknownCommand", "fly", "line 1: Refused: there is no command \"fly\""},
@@ -43,7 +43,7 @@ const Refusal Refusals[]{
     {"TimesForACommandWithout", "mirror 3", "line 1: Refused: there is no command \"mirror 3\""},
     {"TimesThatAreNoNumber", "zoom out many", "line 1: Refused: \"many\" is no number"},
     {"TwoWordsInOnePairOfQuotes", "\"move up\"", "line 1: Refused: there is no command \"move up\""},
-    {"WordsBehindState", "state 1", "line 1: Refused: there are too many words behind \"state\""},
+    {"WordsBehindState", "state 1", "line 1: Refused: there are too many words after \"state\""},
 };
 
 class RefusedScript : public testing::TestWithParam<Refusal> {};

@@ -63,6 +63,37 @@ TEST_F(ScriptDialogs, ColoursAppliedStayInTheProgramAndSavedInTheFile) {
     EXPECT_EQ(SettingsAfter("colours rail=255 apply\n")["colours"]["rail"], 255);
 }
 
+TEST_F(ScriptDialogs, AreaGoesOnThoughARoomPointWasTypedAndNotTaken) {
+    std::string points;
+    for (int i = 0; i < 20; ++i)
+        points += "room add " + std::to_string(i) + " 0 1\n";
+
+    const Finished finished = Run(points + "room add 5 5 1\narea currency=DM save\n");
+
+    EXPECT_EQ(finished.ExitStatus, 0);
+    EXPECT_EQ(finished.Output,
+              "{\"icon\":\"exclamation\",\"text\":\"Room definition is restricted to 20 points.\"}\n" + Saved);
+    EXPECT_THAT(OnDisk(), HasSubstr("Curr=DM\r\n"));
+    EXPECT_THAT(OnDisk(), HasSubstr("[Room]\r\n 20 \r\n"));
+}
+
+TEST_F(ScriptDialogs, AreaIsRefusedWhereItWouldLeaveAFileThatCannotBeReadAgain) {
+    const std::string headerAsAngle = "[Grid]\r\nType=2\r\nStep=10\r\n[Room]\r\n0\r\n[Colors]\r\n";
+    WriteBytes(program_ / "my.ini", headerAsAngle);
+
+    const Finished finished = Run("area step=5 save\n");
+
+    EXPECT_EQ(finished.ExitStatus, 1);
+    EXPECT_EQ(finished.Output, "");
+    EXPECT_EQ(OnDisk(), headerAsAngle);
+}
+
+TEST_F(ScriptDialogs, APriceBeyondTheSinglesDigitsIsWrittenAsItIsTyped) {
+    EXPECT_EQ(Run("stock C151=1@12345678 C160=2@123456789.25 save\n").Output, Saved);
+
+    EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[Best Prices]", {"C151=12345678", "C160=123456789.25"})));
+}
+
 TEST_F(ScriptDialogs, StockSavesCountsAndPricesAndTakesThemAsReadBack) {
     const Json settings = SettingsAfter("stock C151=07@2.50 C8010=3@1 N10111=9 save\n");
 
@@ -115,6 +146,13 @@ TEST_F(ScriptDialogs, RoomTellsWhatTheDialogTells) {
               "{\"icon\":\"exclamation\",\"text\":\"Please specify the coordinates first.\"}\n");
 }
 
+TEST_F(ScriptDialogs, AgreeToGoOnWithoutAPointThatWasRefused) {
+    const std::string printed = Run("room add 1 2 1\nroom add \"\" 5 1\narea step=20 apply\nsettings\n").Output;
+
+    EXPECT_NE(printed.find("\"step\":20"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("\"points\":[[1,2,1]]"), std::string::npos) << printed;
+}
+
 TEST_F(ScriptDialogs, RefuseWhatNoDialogOffers) {
     ExpectRefused("colours rail=255", "Refused: \"colours\" ends with \"apply\" or \"save\"");
     ExpectRefused("colours pink=1 save", "Refused: there is no colour \"pink\"");
@@ -129,7 +167,7 @@ TEST_F(ScriptDialogs, RefuseWhatNoDialogOffers) {
     ExpectRefused("area grid=3 save", "Refused: \"3\" is no whole number from 0 to 2");
     ExpectRefused("area units=km save", "Refused: \"km\" is no number");
     ExpectRefused("area step=32768 save", "Overflow: the grid step, 32768, is larger than 32767");
-    ExpectRefused("room add 1 2", "Refused: \"room add\" wants other words behind it");
+    ExpectRefused("room add 1 2", "Refused: \"room add\" wants other words after it");
     ExpectRefused("room set 2 1 1 1", "Refused: \"2\" is no whole number from 1 to 1");
     ExpectRefused("room delete 1", "Refused: \"1\" is no whole number from 1 to 0");
     ExpectRefused("room turn 1", "Refused: \"room\" knows add, set and delete, not \"turn\"");

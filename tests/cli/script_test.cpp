@@ -1,4 +1,5 @@
 // The script verb of the built program beyond its commands: where scripts come from, and what they write.
+#include "platform/files.h"
 #include "support/circuit_text.h"
 #include "support/run_program.h"
 #include "support/settings_text.h"
@@ -139,6 +140,49 @@ TEST_F(Script, ARefusedSaveLeavesNoFile) {
     EXPECT_EQ(finished.ExitStatus, 1);
     EXPECT_EQ(finished.Errors, "pistaro: -, line 1: Path not found: none/x.trk\n");
     EXPECT_TRUE(std::filesystem::is_empty(program_.Path()));
+}
+
+TEST_F(Script, NewPutsTheScrollBarsWhereTheSettingsHaveThemAndIsReadBackAsTheSameView) {
+    WriteBytes(program_ / "my.ini", SettingsText("/old/", "C151=4")); // bars 200 around 10, -20.5
+    const std::string before = "zoom out 3\nscroll 100 50\nnew\n";
+
+    const Finished finished = program_.Run({"script", "-", "--settings", "my.ini"},
+                                           before + "save a.trk\nstate\nload a.trk\nstate\nsave b.trk\n");
+
+    EXPECT_EQ(finished.ExitStatus, 0);
+    const std::size_t half = finished.Output.size() / 2;
+    EXPECT_EQ(finished.Output.substr(0, half), finished.Output.substr(half));
+    EXPECT_THAT(finished.Output, HasSubstr(R"("view":[-160,160,160,-160])"));
+    EXPECT_THAT(BytesOf(program_ / "a.trk"), StartsWith("[Settings]\r\n0\r\n0\r\n0\r\n0\r\n320\r\n200\r\n[Room]\r\n"));
+    EXPECT_EQ(BytesOf(program_ / "a.trk"), BytesOf(program_ / "b.trk"));
+    EXPECT_EQ(program_.Run({"script", "-", "--settings", "my.ini"}, before + "scroll 200 -200\nscroll 0 201\n").Errors,
+              "pistaro: -, line 5: Refused: \"201\" is no whole number from -200 to 200\n");
+}
+
+TEST_F(Script, IsUtf8) {
+    const auto night = PathFromText("n\u00fcrburg \u591c.trk"); // one letter that Windows-1252 has, one that it lacks
+
+    EXPECT_EQ(program_.Run({"script", "-"}, "add C160\nsave \"n\u00fcrburg \u591c.trk\"\n").ExitStatus, 0);
+
+    EXPECT_EQ(BytesOf(program_.Path() / night), CircuitText("C160"));
+    EXPECT_EQ(program_.Run({"layout", TextFromPath(night)}).ExitStatus, 0);
+}
+
+TEST_F(Script, KeepsAWorkingDirectoryThatTheSettingsFilesCodePageLacks) {
+    const auto folder = program_.Path() / PathFromText("\u65e5\u672c");
+    std::filesystem::create_directory(folder);
+    WriteBytes(folder / "b.trk", CircuitText("C160"));
+    const auto parent = std::filesystem::canonical(program_.Path());
+    for (const std::string line : {"save \u65e5\u672c/a.trk\n", "load \u65e5\u672c/b.trk\n"}) {
+        WriteBytes(program_ / "my.ini", SettingsText("/old/", "C151=4"));
+
+        EXPECT_EQ(program_.Run({"script", "-", "--settings", "my.ini"}, line).ExitStatus, 0) << line;
+
+        EXPECT_EQ(BytesOf(program_ / "my.ini"), SettingsText((parent / "%E6%97%A5%E6%9C%AC" / "").string(), "C151=4"))
+            << line;
+        const Json settings = Json::parse(program_.Run({"settings", "--json", "--settings", "my.ini"}).Output);
+        EXPECT_EQ(settings["workingDirectory"], TextFromPath(parent / PathFromText("\u65e5\u672c") / "")) << line;
+    }
 }
 
 TEST_F(Script, RewritesTheWorkingDirectoryInTheSettingsFileThatIsNamed) {

@@ -1,4 +1,5 @@
 // What becomes of the settings file when a save is killed, or cannot be done: the built program, run for real.
+#include "support/circuit_text.h"
 #include "support/run_program.h"
 #include "support/settings_bytes.h"
 
@@ -81,6 +82,22 @@ protected:
 
     void Script(const std::string& lines) const { WriteBytes(script_, lines); }
 
+    /// Runs a script as an ordinary user where the settings file stands in a folder that may not be written, the
+    /// script's own may. Root may write everywhere, and so becomes nobody, who may not reach the folder that the
+    /// program was built in.
+    void ExpectRefusedInReadOnlyFolder(const std::string& lines) const {
+        const auto program = scriptFolder_ / "pistaro";
+        std::filesystem::copy_file(PROGRAM, program, std::filesystem::copy_options::skip_existing);
+        const auto asNobody = [] {
+            if (::getuid() == 0 && ::setuid(65534) != 0) ::_exit(126);
+        };
+        Script(lines);
+        std::filesystem::permissions(scriptFolder_.Path(), std::filesystem::perms{0777});
+        std::filesystem::permissions(folder_.Path(), std::filesystem::perms{0555});
+        ExpectRefused("Permission denied", asNobody, program);
+        std::filesystem::permissions(folder_.Path(), std::filesystem::perms{0755});
+    }
+
     /// A script that cannot save: it is told why, and the file is as it was.
     void ExpectRefused(const std::string& reason, const std::function<void()>& prepare,
                        const std::filesystem::path& program = PROGRAM) const {
@@ -144,18 +161,16 @@ TEST_F(SettingsSafety, AFullDiskIsToldAndTheFileStays) {
 }
 
 TEST_F(SettingsSafety, AReadOnlyFolderIsToldAndTheFileStays) {
-    // Root may write everywhere, and so becomes nobody, who may not reach the folder that the program was built in.
-    const auto program = scriptFolder_ / "pistaro";
-    std::filesystem::copy_file(PROGRAM, program);
-    const auto asNobody = [] {
-        if (::getuid() == 0 && ::setuid(65534) != 0) ::_exit(126);
-    };
-    std::filesystem::permissions(folder_.Path(), std::filesystem::perms{0555});
-    for (const char* line : {"colours save", "area save", "stock save"}) {
-        Script(line);
-        ExpectRefused("Permission denied", asNobody, program);
-    }
-    std::filesystem::permissions(folder_.Path(), std::filesystem::perms{0755});
+    for (const char* line : {"colours save", "area save", "stock save"})
+        ExpectRefusedInReadOnlyFolder(line);
+}
+
+TEST_F(SettingsSafety, AFolderThatTheFileCannotTakeIsToldWhenTheCircuitIsSavedOrLoaded) {
+    const auto saved = scriptFolder_ / "saved.trk";
+    ExpectRefusedInReadOnlyFolder("add C160\nsave " + saved.string() + "\n");
+    EXPECT_EQ(BytesOf(saved), CircuitText("C160"));
+
+    ExpectRefusedInReadOnlyFolder("load " + saved.string() + "\n");
 }
 
 TEST_F(SettingsSafety, ASettingsPathThatIsAFolderIsTold) {

@@ -1,5 +1,6 @@
 // The settings document of the built program.
 #include "support/run_program.h"
+#include "support/settings_bytes.h"
 #include "support/settings_text.h"
 
 #include <gmock/gmock.h>
@@ -57,6 +58,19 @@ TEST_F(SettingsVerb, TellsTheWarningsAmongItsMessagesOnly) {
     EXPECT_EQ(finished.Errors, "");
     EXPECT_THAT(finished.Output, HasSubstr(R"("messages":[{"icon":"exclamation","text":)"
                                            R"("CORVEL.INI incomplete, missing values defaulted to zero!"}]})"));
+}
+
+TEST_F(SettingsVerb, OfASectionThatStandsTwiceTheFirstCountsAndIsRewritten) {
+    const std::string twice =
+        SettingsText("/tracks/", "C151=4") +
+        "[Colors]\r\nBackground=10\r\nInactive=20\r\nRail=30\r\nNonOwned=40\r\nOwned=50\r\nActive=60\r\n";
+    WriteBytes(program_ / "my.ini", twice);
+    EXPECT_EQ(Json::parse(program_.Run({"settings", "--json", "--settings", "my.ini"}).Output)["colours"].dump(),
+              R"({"background":1,"inactive":2,"rail":3,"nonOwned":4,"owned":5,"active":6})");
+
+    EXPECT_EQ(program_.Run({"script", "-", "--settings", "my.ini"}, "colours rail=9 save\n").ExitStatus, 0);
+
+    EXPECT_EQ(BytesOf(program_ / "my.ini"), Replaced(twice, "\r\nRail=3\r\n", "\r\nRail=9\r\n"));
 }
 
 TEST_F(SettingsVerb, WithoutAFileTellsThoseOfAFirstRun) {

@@ -306,6 +306,18 @@ TEST_F(AMadeUpPiece, IsCheckedAsTheChangeOverThatItIs) {
     EXPECT_THAT(Checks(), IsEmpty());
 }
 
+TEST_F(AMadeUpPiece, OfTwoHandsOnWhichLanesChangeIsOneChangeOver) {
+    std::vector<CatalogueEntry> rows = RowsWithMadeUpOnes();
+    for (CatalogueEntry& row : rows)
+        row.LaneChange = row.Code.starts_with("C998");
+    const Catalogue pieces(rows);
+    Lay("C998R");
+    EXPECT_THAT(DesignChecks(pieces, TheStock(), TheCircuit()), ElementsAre(OddChangeOvers));
+
+    Lay("C998L C160 C998R");
+    EXPECT_THAT(DesignChecks(pieces, TheStock(), TheCircuit()), IsEmpty());
+}
+
 TEST_F(AMadeUpPiece, JoinsTheOtherSystemThroughAConverterOnly) {
     Lay("C999 N10102 N10110 C999");
     EXPECT_THAT(Checks(), ElementsAre(BadNincoDesign));

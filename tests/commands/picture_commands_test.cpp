@@ -342,13 +342,15 @@ TEST_F(GuideCommands, DrawBesideTheWindowOnACopyAndTellHowFarTheyAre) {
     Run("guide");
     EXPECT_EQ(Row("guide").WhyNot(session_), "The guide is being drawn.");
     session_.Project.Design.Circuit = EmptyCircuit();
+    session_.Project.Preferences.WorkingDirectory = "/elsewhere/";
     while (session_.HasJob())
         calls.Take()();
 
     ASSERT_EQ(progress.size(), 41U);
     for (int done = 0; done <= 40; ++done)
         EXPECT_EQ(progress[static_cast<std::size_t>(done)], std::pair(done, 40));
-    EXPECT_THAT(BytesOf(folder_ / "guide.html"), HasSubstr("C151L.gif")) << "the circuit of the time of the command";
+    EXPECT_THAT(BytesOf(folder_ / "guide.html"), HasSubstr("C151L.gif"))
+        << "circuit and folder of the time of the command";
     EXPECT_THAT(viewer.Arguments(), ElementsAre((folder_ / "guide.html").string()));
 }
 

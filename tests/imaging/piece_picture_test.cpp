@@ -111,6 +111,35 @@ TEST_F(PiecePictures, WriteTheCodeInWhiteOnADarkBackground) {
     EXPECT_GT(brightest, 200);
 }
 
+TEST_F(PiecePictures, WriteTheCodeInBlackOrWhiteWhicheverContrastsMore) {
+    struct Contrast {
+        Colour Background;
+        int Text; ///< grey
+    };
+    for (const Contrast& contrast : {Contrast{Rgb(255, 255, 255), 0},
+                                     {Rgb(255, 220, 120), 0},
+                                     {Rgb(255, 0, 0), 0},
+                                     {Rgb(0, 0, 0), 255},
+                                     {Rgb(0, 0, 255), 255},
+                                     {Rgb(80, 80, 80), 255}}) {
+        Colours.Background = contrast.Background;
+        const QImage picture = Picture("C160");
+        int nearest = 255;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = CaptionTop; y < picture.height(); ++y)
+                nearest = std::min(nearest, std::abs(qGray(picture.pixel(x, y)) - contrast.Text));
+        }
+        EXPECT_LT(nearest, 40) << std::hex << contrast.Background;
+        const int other = 255 - contrast.Text;
+        const int background = qGray(picture.pixel(0, 0));
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = CaptionTop; y < picture.height(); ++y)
+                ASSERT_GE(std::abs(qGray(picture.pixel(x, y)) - other), std::abs(background - other) - 2)
+                    << std::hex << contrast.Background << ": nothing is of the other colour";
+        }
+    }
+}
+
 TEST_F(PiecePictures, DoNotDependOnWhereTheViewIs) {
     const QImage here = Picture("C187R");
     View.MidX = 1000;

@@ -324,12 +324,29 @@ TEST_F(Places, TheDocumentsFolderIsTheDesktopsOwn) {
     EXPECT_EQ(DocumentsFolder(), "/srv/docs");
 }
 
-TEST_F(Places, AreFoundFromTheProgramsOwnFolder) {
+TEST_F(Places, WhatIsInstalledIsFoundFromTheProgramsFolder) {
     // The tests stand a folder below the program.
-    const std::filesystem::path built = std::filesystem::path(PROGRAM).parent_path();
+    EXPECT_EQ(InstalledFolder(), std::filesystem::path(PROGRAM).parent_path() / "share" / "pistaro");
+}
 
-    EXPECT_EQ(InstalledFolder(), built / "share" / "pistaro");
-    EXPECT_EQ(CheckoutFolder(), built.parent_path());
+TEST_F(Places, TheCheckoutIsThatInWhoseBuildFolderTheProgramStands) {
+    const char* const answer = std::getenv("TELL_CHECKOUT");
+    if (answer != nullptr) return WriteBytes(answer, CheckoutFolder().string());
+    // Asks this very test in a program that stands elsewhere.
+    const auto told = [&](const std::filesystem::path& program) {
+        std::filesystem::create_directories(program.parent_path());
+        std::filesystem::copy_file("/proc/self/exe", program);
+        const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+        const std::string command = "TELL_CHECKOUT='" + (home / "answer").string() + "' '" + program.string() +
+                                    "' --gtest_filter=Places." + test + " >/dev/null";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        return BytesOf(home / "answer");
+    };
+    std::filesystem::create_directory(home / "checkout");
+    WriteBytes(home / "checkout" / "CMakePresets.json", "{}");
+
+    EXPECT_EQ(told(home / "checkout" / "build" / "dev" / "program"), (home / "checkout").string());
+    EXPECT_EQ(told(home / "usr" / "bin" / "program"), "") << "the home is no checkout";
 }
 
 TEST(Programs, AreStartedWithTheirArgument) {

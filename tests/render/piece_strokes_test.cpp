@@ -18,6 +18,24 @@ std::string StrokesOf(const std::string& code, const std::string& previous = "")
     return surface.Text();
 }
 
+TEST(Strokes, OfLanesAreTheirSegmentsInThatOrderBelowAllOthers) {
+    const ColourScheme colours = DistinctColours();
+    for (const CatalogueEntry& piece : Pieces()) {
+        const PiecePlacement placement = PlacePiece(piece.Kind, BuildCursor{3, 4, 5}, {});
+        RecordingSurface lanes(colours);
+        for (const Lane& lane : placement.Lanes) {
+            for (const Segment& segment : lane.Path)
+                std::visit([&](const auto& shape) { lanes.Draw(shape, colours.Rail); }, segment);
+        }
+        RecordingSurface whole(colours);
+        DrawPiece(placement, colours.Owned, colours.Rail, whole);
+
+        ASSERT_GT(whole.Lines.size(), lanes.Lines.size()) << piece.Code;
+        whole.Lines.resize(lanes.Lines.size());
+        EXPECT_EQ(whole.Lines, lanes.Lines) << piece.Code;
+    }
+}
+
 /// The lanes and the outline of a Scalextric straight.
 const std::string StandardStraight = "line 3.8,0 3.8,35 rail\n"
                                      "line 11.7,0 11.7,35 rail\n"

@@ -2,34 +2,24 @@
 #include "render/redraw.h"
 
 #include "catalogue/track_geometry.h"
-#include "support/chain.h"
+#include "render/plain_project.h"
 #include "support/recording_surface.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace pistaro {
 namespace {
-
-/// Without grid and room, in colours that the record tells apart.
-Project PlainProject(const std::string& track1 = "", const std::string& track2 = "", const std::string& track3 = "") {
-    Project project = ProjectOf(track1, track2, track3);
-    project.Preferences.Colours = DistinctColours();
-    project.Preferences.Grid.Type = 0;
-    return project;
-}
 
 RecordingSurface Redrawn(const Project& project) {
     RecordingSurface surface(project.Preferences.Colours);
     RedrawCircuit(Pieces(), project, surface);
     return surface;
-}
-
-void SetView(Project& project, float midX, float midY, float width) {
-    project.Design.View.MidX = midX;
-    project.Design.View.MidY = midY;
-    project.Design.View.Width = width;
 }
 
 /// The colours in the order of drawing, each as long as it lasts named once.
@@ -174,76 +164,104 @@ TEST(Texts, AreSmallBeyondAWidthOf400) {
     EXPECT_EQ(Redrawn(project).LinesOf("font").front(), "font 6");
 }
 
-std::vector<std::string> GridOf(const Project& project) {
-    RecordingSurface surface(project.Preferences.Colours);
-    const ViewRectangle shown = ShownRectangle(project.Design.View);
-    surface.SetScale(shown);
-    surface.Lines.clear();
-    DrawGrid(project.Preferences, shown, surface);
-    return surface.Lines;
+/// The words with which the lines of a record begin, each once.
+std::set<std::string> KindsOf(const RecordingSurface& surface) {
+    std::set<std::string> kinds;
+    for (const std::string& line : surface.Lines)
+        kinds.insert(line.substr(0, line.find(' ')));
+    return kinds;
 }
 
-TEST(Grid, OfLinesReachesOneStepBeyondTheView) {
-    Project project = PlainProject();
-    project.Preferences.Grid = {1, 10};
-    SetView(project, 0, 0, 20);
-
-    EXPECT_EQ(GridOf(project),
-              (std::vector<std::string>{"line -20,20 -20,-20 grid", "line -10,20 -10,-20 grid", "line 0,20 0,-20 grid",
-                                        "line 10,20 10,-20 grid", "line 20,20 20,-20 grid", "line -20,20 20,20 grid",
-                                        "line -20,10 20,10 grid", "line -20,0 20,0 grid", "line -20,-10 20,-10 grid",
-                                        "line -20,-20 20,-20 grid"}));
+/// With something of everything to draw.
+Project FullProject() {
+    Project project = PlainProject("C160", "C164");
+    project.Preferences.Grid = {2, 100};
+    project.Design.Room.Points = {{0, 0, 0}, {50, 0, 1}};
+    project.EditState.ShowNumbers = true;
+    return project;
 }
 
-TEST(Grid, LiesOnMultiplesOfItsStepWhereverTheViewLies) {
-    Project project = PlainProject();
-    project.Preferences.Grid = {1, 8};
-    SetView(project, 3, -50, 20); // -7..13 and -60..-40
-
-    const auto lines = GridOf(project);
-
-    ASSERT_EQ(lines.size(), 11U);
-    EXPECT_EQ(lines[0], "line -16,-32 -16,-72 grid");
-    EXPECT_EQ(lines[4], "line 16,-32 16,-72 grid");
-    EXPECT_EQ(lines[5], "line -16,-32 16,-32 grid");
-    EXPECT_EQ(lines[10], "line -16,-72 16,-72 grid");
+std::string PartOf(const std::function<void(const Project&, Surface&)>& draw) {
+    RecordingSurface surface(DistinctColours());
+    draw(FullProject(), surface);
+    return surface.Text();
 }
 
-TEST(Grid, OfDotsIsATinyCircleAtEveryCrossing) {
-    Project project = PlainProject();
-    project.Preferences.Grid = {2, 250};
-    SetView(project, 0, 0, 500);
-
-    const auto dots = GridOf(project);
-
-    ASSERT_EQ(dots.size(), 25U);
-    EXPECT_EQ(dots.front(), "ellipse -500,500 1 1 grid") << "at a width of 500 the radius is 1";
-    EXPECT_EQ(dots[1], "ellipse -500,250 1 1 grid");
-    EXPECT_EQ(dots.back(), "ellipse 500,-500 1 1 grid");
+TEST(Parts, TheAreaLabelIsItsPointAndItsText) {
+    EXPECT_EQ(PartOf([](const Project& project, Surface& surface) {
+                  DrawAreaLabel(project.Preferences, ShownRectangle(project.Design.View), surface);
+              }),
+              "point -153.6,-144 text\n"
+              "text \"Area: 320 x 320 cm\" text\n");
 }
 
-TEST(Grid, DotsKeepTheirSizeOnTheScreen) {
-    Project project = PlainProject();
-    project.Preferences.Grid = {2, 50};
-    SetView(project, 0, 0, 50);
-
-    EXPECT_EQ(GridOf(project).front(), "ellipse -100,50 0.1 1 grid");
+TEST(Parts, TheRoomIsItsSides) {
+    EXPECT_EQ(PartOf([](const Project& project, Surface& surface) { DrawRoom(project.Design.Room, surface); }),
+              "line 0,0 50,0 room\n");
 }
 
-TEST(Grid, StepsAreInDisplayUnits) {
-    Project project = PlainProject();
-    project.Preferences.Grid = {1, 10};
-    project.Preferences.DisplayUnits.Inches = true;
-    SetView(project, 0, 0, 20);
+TEST(Parts, TracksWithoutNumbersAreLanesOutlinesAndMarks) {
+    RecordingSurface surface(DistinctColours());
 
-    EXPECT_EQ(GridOf(project).front(), "line -50.8,25.4 -50.8,-50.8 grid");
+    DrawTracks(Pieces(), FullProject(), {.Pieces = true, .Numbers = false}, surface);
+
+    EXPECT_EQ(KindsOf(surface), (std::set<std::string>{"line", "ellipse"}));
+    EXPECT_EQ(surface.Lines.size(), 17U) << "two straights of six lines, and five ellipses";
 }
 
-TEST(Grid, OfNoTypeOrNoStepIsNone) {
-    Project project = PlainProject();
-    for (const GridSettings grid : {GridSettings{0, 10}, {3, 10}, {-1, 10}, {1, 0}, {2, -10}}) {
-        project.Preferences.Grid = grid;
-        EXPECT_TRUE(GridOf(project).empty()) << grid.Type << " " << grid.Step;
+TEST(Parts, NumbersWithoutPiecesArePointsAndTexts) {
+    EXPECT_EQ(PartOf([](const Project& project, Surface& surface) {
+                  DrawTracks(Pieces(), project, {.Pieces = false, .Numbers = true}, surface);
+              }),
+              "point 18.25,21.5 text\n"
+              "text \"0\" text\n"
+              "point 2.75,21.5 text\n"
+              "text \"0\" text\n")
+        << "the current track, the first, comes last";
+}
+
+TEST(Parts, NeitherPiecesNorNumbersAreNothing) {
+    EXPECT_EQ(PartOf([](const Project& project, Surface& surface) {
+                  DrawTracks(Pieces(), project, {.Pieces = false, .Numbers = false}, surface);
+              }),
+              "");
+}
+
+TEST(Parts, TheViewIsScaleAndFont) {
+    EXPECT_EQ(PartOf([](const Project& project, Surface& surface) { ShowView(project.Design.View, surface); }),
+              "scale -160,160 160,-160\n"
+              "font 8.25\n");
+}
+
+TEST(Parts, GroundAndCircuitAreTheWholeDrawing) {
+    const Project project = FullProject();
+    RecordingSurface ground(project.Preferences.Colours);
+    RecordingSurface circuit(project.Preferences.Colours);
+
+    DrawGround(project.Preferences, project.Design.View, ground);
+    DrawCircuit(Pieces(), project, circuit);
+
+    EXPECT_EQ(KindsOf(ground), (std::set<std::string>{"clear", "scale", "font", "ellipse", "point", "text"}));
+    EXPECT_EQ(ground.Text() + circuit.Text(), Redrawn(project).Text());
+}
+
+TEST(Texts, AreBlackOnALightBackgroundAndWhiteOnADarkOne) {
+    const Colour black = Rgb(0, 0, 0);
+    const Colour white = Rgb(255, 255, 255);
+    const std::vector<std::pair<Colour, Colour>> backgrounds{
+        {white, black}, {Rgb(255, 255, 200), black}, {Rgb(255, 0, 0), black}, {Rgb(0, 160, 0), black},
+        {black, white}, {Rgb(0, 0, 255), white},     {Rgb(0, 0, 64), white},  {Rgb(90, 90, 90), white}};
+    for (const auto& [background, text] : backgrounds) {
+        Project project = FullProject();
+        project.Preferences.Colours.Background = background;
+
+        RecordingSurface numbers(project.Preferences.Colours);
+        DrawTracks(Pieces(), project, {.Pieces = false, .Numbers = true}, numbers);
+        RecordingSurface label(project.Preferences.Colours);
+        DrawAreaLabel(project.Preferences, ShownRectangle(project.Design.View), label);
+
+        EXPECT_EQ(numbers.TextColours, std::set{text}) << std::hex << background;
+        EXPECT_EQ(label.TextColours, std::set{text}) << std::hex << background;
     }
 }
 
@@ -290,15 +308,6 @@ TEST(ExtremeViews, AreDrawnWithoutAnEndlessGrid) {
                 EXPECT_EQ(surface.LinesOf("text").size(), 1U);
             }
         }
-    }
-}
-
-TEST(ExtremeViews, AFineGridInAWideViewHasABoundedNumberOfLines) {
-    Project project = PlainProject();
-    project.Preferences.Grid = {1, 1};
-    for (const float width : {100.0F, 499.0F, 501.0F, 20000.0F}) {
-        SetView(project, 12345.5F, 1e7F, width);
-        EXPECT_LE(GridOf(project).size(), 1010U) << width;
     }
 }
 

@@ -25,8 +25,9 @@ ColourScheme DistinctColours() {
     return {.Background = 1, .Inactive = 2, .Rail = 3, .NonOwned = 4, .Owned = 5, .Active = 6};
 }
 
-RecordingSurface::RecordingSurface(const ColourScheme& colours)
-    : names_{{GridColour, "grid"}, {RoomColour, "room"}, {Rgb(0, 0, 0), "text"}, {Rgb(255, 255, 255), "text"}} {
+RecordingSurface::RecordingSurface(const ColourScheme& colours, double pixels)
+    : names_{{GridColour, "grid"}, {RoomColour, "room"}, {Rgb(0, 0, 0), "text"}, {Rgb(255, 255, 255), "text"}},
+      pixels_(pixels) {
     for (const ColourSlot& slot : ColourSlots)
         names_[colours.*slot.Slot] = slot.Name;
 }
@@ -49,8 +50,7 @@ std::string RecordingSurface::Text() const {
 void RecordingSurface::Clear(Colour background) { Lines.push_back("clear " + Name(background)); }
 
 void RecordingSurface::SetScale(const ViewRectangle& world) {
-    constexpr double pixels = 700;
-    pixelsPerCm_ = pixels / (double{world.ViewRight} - world.ViewLeft);
+    pixelsPerCm_ = pixels_ / (double{world.ViewRight} - world.ViewLeft);
     Lines.push_back("scale " + At({world.ViewLeft, world.ViewTop}) + " " + At({world.ViewRight, world.ViewBottom}));
 }
 

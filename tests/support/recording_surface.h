@@ -10,11 +10,12 @@
 
 namespace pistaro {
 
-/// A target 700 pixels wide. Colours are written by the names of the scheme's slots ("rail", "owned"), "grid" and
+/// Colours are written by the names of the scheme's slots ("rail", "owned"), "grid" and
 /// "room"; black and white, where no slot has them, are "text".
 class RecordingSurface : public Surface {
 public:
-    explicit RecordingSurface(const ColourScheme& colours);
+    /// For a target of so many pixels across.
+    explicit RecordingSurface(const ColourScheme& colours, double pixels = 700);
 
     std::vector<std::string> Lines;
     std::set<Colour> TextColours; ///< in which points and texts were drawn
@@ -39,6 +40,7 @@ private:
     std::string Name(Colour colour) const;
 
     std::map<Colour, std::string> names_;
+    double pixels_;
     double pixelsPerCm_ = 1;
 };
 

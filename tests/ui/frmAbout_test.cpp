@@ -1,4 +1,5 @@
 // The About box and the opening window, through their controls and their timer.
+#include "support/pieces.h"
 #include "ui/frmAbout.h"
 
 #include <QApplication>
@@ -17,7 +18,7 @@ namespace pistaro {
 namespace {
 
 TEST(FrmAbout, ShowsTheProgramsNameItsVersionAndTheNotice) {
-    frmAbout about(nullptr);
+    frmAbout about(Pieces(), nullptr);
     EXPECT_EQ(about.findChild<QLabel*>("lblTitle")->text(), "PISTARO");
     EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(), "version 1.0.0");
     EXPECT_FALSE(about.findChild<QLabel*>("lblNotice")->text().isEmpty());
@@ -29,7 +30,7 @@ TEST(FrmAbout, IsReadableInTheColoursOfADarkSystem) {
     dark.setColor(QPalette::Base, QColor(58, 58, 58));
     dark.setColor(QPalette::PlaceholderText, QColor(255, 255, 255, 170));
     QApplication::setPalette(dark);
-    frmAbout about(nullptr);
+    frmAbout about(Pieces(), nullptr);
     about.show();
 
     for (const char* const name : {"lblTitle", "lblWhat", "lblVersion", "lblNotice"}) {
@@ -49,7 +50,7 @@ TEST(FrmAbout, IsReadableInTheColoursOfADarkSystem) {
 }
 
 TEST(FrmAbout, FromTheMenuKeepsItsButtonAndNoTimerRuns) {
-    QPointer<frmAbout> about = new frmAbout(nullptr);
+    QPointer<frmAbout> about = new frmAbout(Pieces(), nullptr);
     about->show();
 
     QTest::qWait(1700);
@@ -66,7 +67,7 @@ TEST(FrmAbout, FromTheMenuKeepsItsButtonAndNoTimerRuns) {
 
 TEST(FrmAbout, AtTheStartHasNoButtonAndShowsTheMainWindowWhenItsTimerFires) {
     bool shown = false;
-    QPointer<frmAbout> splash = new frmAbout([&] { shown = true; });
+    QPointer<frmAbout> splash = new frmAbout(Pieces(), [&] { shown = true; });
     splash->show();
     auto* const timer = splash->findChild<QTimer*>("timTimer");
 
