@@ -17,7 +17,7 @@ namespace pistaro {
 
 class WindowTest : public ::testing::Test {
 protected:
-    /// Opens the window of a session of its own on a project.
+    /// Opens the window on a project.
     void Open(pistaro::Project project = StartUp(InitialSettings(Pieces())),
               const std::filesystem::path& settingsPath = {}) {
         Window.reset();
