@@ -35,7 +35,11 @@ std::string Utf8FromWindows1252(std::string_view bytes) {
     utf8.reserve(bytes.size());
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
-        AppendCharacter(utf8, byte >= 0x80 && byte < 0xA0 ? From80To9F[byte - 0x80U] : byte);
+        if (byte < 0x80) { // as nearly all are
+            utf8 += c;
+        } else {
+            AppendCharacter(utf8, byte < 0xA0 ? From80To9F[byte - 0x80U] : byte);
+        }
     }
     return utf8;
 }
