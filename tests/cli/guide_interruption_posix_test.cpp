@@ -64,9 +64,10 @@ public:
     }
     const std::string& ReadTerminal() { return ReadTerminal("never printed"); }
 
+    /// Comes to nothing when the program has ended.
     void PressCtrlC() const {
         constexpr char ctrlC = 3;
-        if (::write(terminal_, &ctrlC, 1) != 1) throw std::runtime_error("no terminal");
+        [[maybe_unused]] const ssize_t written = ::write(terminal_, &ctrlC, 1);
     }
     void Send(int signal) const { ::kill(process_, signal); }
 
@@ -167,27 +168,41 @@ TEST_F(GuideOnTerminal, OtherVerbsShowNothing) {
 }
 
 TEST_F(GuideOnTerminal, CtrlCEndsItWithStatus130AndLeavesTheOldGuide) {
-    RunningProgram program(folder_.Path(), Errors::OnTerminal, guide_);
-    ASSERT_THAT(program.ReadTerminal(Progress(1)), StartsWith(Progress(0) + Progress(1)));
+    int interrupted = 0;
+    for (int round = 0; round < 20 && interrupted == 0; ++round) {
+        WriteOldGuide();
+        RunningProgram program(folder_.Path(), Errors::OnTerminal, guide_);
+        ASSERT_THAT(program.ReadTerminal(Progress(1)), StartsWith(Progress(0) + Progress(1)));
 
-    program.PressCtrlC();
+        program.PressCtrlC();
 
-    EXPECT_THAT(program.ReadTerminal(), testing::Not(HasSubstr(Progress(40))));
-    const int status = program.Wait();
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 130);
-    ExpectOldGuide();
+        program.ReadTerminal();
+        const int status = program.Wait();
+        ASSERT_TRUE(WIFEXITED(status)) << "round " << round;
+        if (WEXITSTATUS(status) == 0) { // it was faster than the key
+            ExpectWholeGuide();
+        } else {
+            ++interrupted;
+            EXPECT_EQ(WEXITSTATUS(status), 130);
+            EXPECT_THAT(program.ReadTerminal(), testing::Not(HasSubstr(Progress(40))));
+            ExpectOldGuide();
+        }
+    }
+    EXPECT_EQ(interrupted, 1);
 }
 
 TEST_F(GuideOnTerminal, CtrlCWhenAllIsDrawnComesTooLate) {
-    RunningProgram program(folder_.Path(), Errors::OnTerminal, guide_);
-    ASSERT_THAT(program.ReadTerminal(Progress(40)), HasSubstr(Progress(40)));
+    for (int round = 0; round < 5; ++round) {
+        WriteOldGuide();
+        RunningProgram program(folder_.Path(), Errors::OnTerminal, guide_);
+        ASSERT_THAT(program.ReadTerminal(Progress(40)), HasSubstr(Progress(40)));
 
-    program.PressCtrlC();
+        program.PressCtrlC();
 
-    program.ReadTerminal();
-    EXPECT_EQ(program.Wait(), 0);
-    ExpectWholeGuide();
+        program.ReadTerminal();
+        EXPECT_EQ(program.Wait(), 0) << "round " << round;
+        ExpectWholeGuide();
+    }
 }
 
 TEST_F(GuideOnTerminal, ASignalAtAnyMomentLeavesTheOldGuideOrTheNewOneWhole) {

@@ -89,6 +89,15 @@ TEST_F(Interruption, ComesToTheFormerHandlersAgainBehindTheWork) {
     EXPECT_EQ(taken, 2);
 }
 
+TEST_F(Interruption, ThatWhoStartedTheProgramHasShutOutStaysSo) {
+    std::signal(SIGINT, SIG_IGN);
+
+    const Interruptions interruptions;
+
+    EXPECT_EQ(HandlerOf(SIGINT), SIG_IGN);
+    EXPECT_NE(HandlerOf(SIGTERM), SIG_IGN);
+}
+
 TEST_F(Interruption, OfEarlierWorkDoesNotStopTheNext) {
     auto interruptions = std::make_unique<Interruptions>();
     std::raise(SIGINT);
