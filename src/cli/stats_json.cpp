@@ -1,23 +1,40 @@
 #include "cli/stats_json.h"
 
+#include "stats/built_frames.h"
 #include "stats/design_checks.h"
 #include "stats/frames.h"
 #include "text/number_text.h"
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 namespace pistaro {
 
 namespace {
 
-Json FrameJson(const StatisticsFrame& frame) {
-    return {{"name", frame.Name},
-            {"left", frame.Left},
-            {"right", frame.Right},
-            {"price", frame.Price},
-            {"elements", frame.Elements}};
+/// A length in cm, to a hundredth of a millimetre: what singles leave of it.
+Json BuiltLength(double length) { return Number(std::round(length * 1000) / 1000); }
+
+Json BuiltPair(const std::array<double, 2>& lengths) { return {BuiltLength(lengths[0]), BuiltLength(lengths[1])}; }
+
+/// Always cm: once round on the lane that begins on the left, and on the right; where both are joined, the way round
+/// twice. Pieces by the same two lanes. The complete circuit has sums alone.
+Json AsBuiltJson(const BuiltLanes& lanes, bool isTrack) {
+    Json built{{"left", BuiltLength(lanes.Lengths[0])}, {"right", BuiltLength(lanes.Lengths[1])}};
+    if (!isTrack) return built;
+    built["laps"] = lanes.Laps();
+    if (lanes.Joined) built["twoLaps"] = BuiltLength(lanes.Lengths[0] + lanes.Lengths[1]);
+    built["pieces"] = Json::array();
+    for (const BuiltPiece& piece : lanes.Pieces)
+        built["pieces"].push_back(BuiltPair(piece.Lengths));
+    return built;
+}
+
+Json FrameJson(const StatisticsFrame& frame, const BuiltLanes& lanes, bool isTrack) {
+    return {{"name", frame.Name},   {"left", frame.Left},         {"right", frame.Right},
+            {"price", frame.Price}, {"elements", frame.Elements}, {"asBuilt", AsBuiltJson(lanes, isTrack)}};
 }
 
 Json DetailJson(const Detail& detail) {
@@ -72,12 +89,26 @@ std::string DetailTable(const Detail& detail, const std::string& currency) {
     return table + Row("Price, " + currency, {NumberText(detail.TotalPrice)});
 }
 
+std::string BuiltTable(const Catalogue& catalogue, const Project& project) {
+    std::string table;
+    const auto frames = BuiltFrames(catalogue, project.Design.Circuit);
+    for (int track = 0; track < TrackCount; ++track) {
+        const std::string text = LanesText(frames[static_cast<std::size_t>(track)], project.Preferences.DisplayUnits);
+        if (!text.empty()) table += FrameName(track) + " as built: " + text + '\n';
+    }
+    return table;
+}
+
 } // namespace
 
 Json StatsJson(const Catalogue& catalogue, const Project& project, const Detail& detail) {
     Json frames = Json::array();
-    for (const StatisticsFrame& frame : FramesOf(catalogue, project))
-        frames.push_back(FrameJson(frame));
+    const auto built = BuiltFrames(catalogue, project.Design.Circuit);
+    std::size_t track = 0;
+    for (const StatisticsFrame& frame : FramesOf(catalogue, project)) {
+        frames.push_back(FrameJson(frame, built[track], track < TrackCount));
+        ++track;
+    }
     const Units& units = project.Preferences.DisplayUnits;
     return {{"units", units.Name()},
             {"currency", units.Currency},
@@ -90,8 +121,9 @@ std::string StatsTable(const Catalogue& catalogue, const Project& project, const
     std::string messages;
     for (const Message& message : ChecksOf(catalogue, project))
         messages += message.Text + '\n';
+    const std::string built = BuiltTable(catalogue, project);
     return FramesTable(catalogue, project) + '\n' + DetailTable(detail, project.Preferences.DisplayUnits.Currency) +
-           (messages.empty() ? "" : '\n' + messages);
+           (messages.empty() ? "" : '\n' + messages) + (built.empty() ? "" : '\n' + built);
 }
 
 } // namespace pistaro

@@ -9,10 +9,10 @@
 
 namespace pistaro {
 
-/// The frames' texts, the design checks and this detail.
+/// The frames' texts, each with its lanes as built, the design checks and this detail.
 Json StatsJson(const Catalogue& catalogue, const Project& project, const Detail& detail);
 
-/// The same in columns, the messages last.
+/// The same in columns, then the messages, and the lanes of each track as built.
 std::string StatsTable(const Catalogue& catalogue, const Project& project, const Detail& detail);
 
 } // namespace pistaro

@@ -2,11 +2,10 @@
 
 #include "catalogue/track_geometry.h"
 #include "layout/track_gap.h"
+#include "model/length_text.h"
+#include "text/fixed_text.h"
 
 #include <cmath>
-#include <iomanip>
-#include <locale>
-#include <sstream>
 
 namespace pistaro {
 
@@ -16,13 +15,6 @@ constexpr const char* Between = " · ";
 
 std::string PieceCount(std::size_t pieces) {
     return pieces == 0 ? "empty" : pieces == 1 ? "1 piece" : std::to_string(pieces) + " pieces";
-}
-
-std::string WithDecimals(double value, int decimals) {
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << std::fixed << std::setprecision(decimals) << value;
-    return text.str();
 }
 
 /// A gap of which neither the distance nor the angle can be seen.
@@ -35,9 +27,8 @@ bool IsClosed(const TrackGap& gap, double degrees) {
 std::string GapText(const TrackGap& gap, const Units& units) {
     const double degrees = std::fabs(gap.Angle) * 180 / PiValue;
     if (IsClosed(gap, degrees)) return "closed";
-    const std::string angle = WithDecimals(degrees, 1);
-    const std::string distance = WithDecimals(gap.Distance / double{units.UnitFactor()}, units.Inches ? 2 : 1);
-    return "gap " + distance + " " + units.Name() + (angle == "0.0" ? "" : ", " + angle + "°");
+    const std::string angle = FixedText(degrees, 1);
+    return "gap " + LengthText(gap.Distance, units) + (angle == "0.0" ? "" : ", " + angle + "°");
 }
 
 std::string TrackText(const Catalogue& catalogue, const Project& project, const Track& track) {

@@ -1,6 +1,8 @@
 // The dialog's layout: four frames side by side, the detail area below them, its products in three columns.
 #include "ui/frmStats.h"
 
+#include "model/length_text.h"
+#include "stats/built_frames.h"
 #include "stats/design_checks.h"
 #include "stats/frames.h"
 #include "stats/shopping_list.h"
@@ -21,7 +23,7 @@ QLabel* NewLabel(const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
     return label;
 }
 
-QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units) {
+QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const BuiltLanes& built, const Units& units) {
     auto* const frame = Named(new QGroupBox(Shown(texts.Name)), "fraTrack", index);
     auto* const grid = new QGridLayout(frame);
     grid->setContentsMargins(6, 8, 6, 8);
@@ -40,6 +42,15 @@ QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const Units& units)
     add(RightLengthCaption, "lblRL", texts.Right, lengthUnit(2 * index + 1));
     add(PriceCaption, "lblPrice", texts.Price, Named(NewLabel(Shown(units.Currency)), "lblCurrency", index));
     add(ElementsCaption, "lblElNum", texts.Elements, nullptr);
+    // Their unit is that of the lengths above; the column of units is theirs too.
+    const auto addBuilt = [&](const char* caption, const char* name, double length) {
+        const int row = grid->rowCount();
+        grid->addWidget(new QLabel(caption), row, 0);
+        grid->addWidget(Named(NewLabel(Shown(FineLength(length, units)), Qt::AlignRight), name, index), row, 1, 1, 2);
+    };
+    addBuilt(BuiltLeftCaption, "lblBuiltLeft", built.Lengths[0]);
+    addBuilt(BuiltRightCaption, "lblBuiltRight", built.Lengths[1]);
+    if (built.Joined) frame->setToolTip(Shown(LanesText(built, units)));
     return frame;
 }
 
@@ -80,9 +91,10 @@ QWidget* frmStats::Frames() {
     row->setContentsMargins(0, 0, 0, 0);
     int index = 0;
     const Units& units = session_.Project.Preferences.DisplayUnits;
+    const auto built = BuiltFrames(session_.Catalogue, session_.Project.Design.Circuit);
     for (const StatisticsFrame& texts :
          StatisticsFrames(session_.Catalogue, session_.Project.Stock, session_.Project.Design.Circuit, units)) {
-        QGroupBox* const frame = NewFrame(index, texts, units);
+        QGroupBox* const frame = NewFrame(index, texts, built[static_cast<std::size_t>(index)], units);
         QPushButton* const cmdDetail = Named(new QPushButton("Detail"), "cmdDetail", index);
         connect(cmdDetail, &QPushButton::clicked, this, [this, index] { session_.Do([&] { ShowDetailOf(index); }); });
         auto* const grid = static_cast<QGridLayout*>(frame->layout());

@@ -53,20 +53,25 @@ TEST_F(StatsVerbs, StatsPrintsTheFramesTheChecksAndTheDetailAsOneLine) {
 
     EXPECT_EQ(run.ExitStatus, 0);
     EXPECT_THAT(run.Errors, IsEmpty());
-    EXPECT_EQ(run.Output,
-              R"({"units":"cm","currency":"EUR","frames":[)"
-              R"({"name":"Track 1","left":"81","right":"81","price":"5.75","elements":"3"},)"
-              R"({"name":"Track 2","left":"72","right":"72","price":".75","elements":"2"},)"
-              R"({"name":"Track 3","left":"0","right":"0","price":"0","elements":"0"},)"
-              R"({"name":"Complete Circuit","left":"153","right":"153","price":"6.5","elements":"5"}],)"
-              R"("messages":[{"icon":"exclamation",)"
-              R"("text":"You have used an uneven number of change-over sections for track 2 !"}],)"
-              R"("detail":{"track":"all","includeOwned":false,"counts":{)"
-              R"("C151":2,"C152":0,"C153":0,"C154":0,"C156":0,"C157":0,"C158":0,"C159":0,"C160":1,"C187":0,)"
-              R"("N10102":0,"N10103":0,"N10104":0,"N10105":0,"N10106":0,"N10107":0,"N10108":0,"N10110":0,)"
-              R"("C164":0,"C248":0,"C8005":0,"C8006":1,"C8007":0,"C8009":0,"C277":0,"C367":0,"C8010":0,)"
-              R"("N10111":0},"price":"5.75"}})"
-              "\n");
+    EXPECT_EQ(
+        run.Output,
+        R"({"units":"cm","currency":"EUR","frames":[)"
+        R"({"name":"Track 1","left":"81","right":"81","price":"5.75","elements":"3",)"
+        R"("asBuilt":{"left":81.417,"right":81.417,"laps":1,"pieces":[[20.106,26.311],[35,35],[26.311,20.106]]}},)"
+        R"({"name":"Track 2","left":"72","right":"72","price":".75","elements":"2",)"
+        R"("asBuilt":{"left":70.88,"right":70.88,"laps":2,"twoLaps":141.761,"pieces":[[35,35],[35.88,35.88]]}},)"
+        R"({"name":"Track 3","left":"0","right":"0","price":"0","elements":"0",)"
+        R"("asBuilt":{"left":0,"right":0,"laps":1,"pieces":[]}},)"
+        R"({"name":"Complete Circuit","left":"153","right":"153","price":"6.5","elements":"5",)"
+        R"("asBuilt":{"left":152.298,"right":152.298}}],)"
+        R"("messages":[{"icon":"exclamation",)"
+        R"("text":"You have used an uneven number of change-over sections for track 2 !"}],)"
+        R"("detail":{"track":"all","includeOwned":false,"counts":{)"
+        R"("C151":2,"C152":0,"C153":0,"C154":0,"C156":0,"C157":0,"C158":0,"C159":0,"C160":1,"C187":0,)"
+        R"("N10102":0,"N10103":0,"N10104":0,"N10105":0,"N10106":0,"N10107":0,"N10108":0,"N10110":0,)"
+        R"("C164":0,"C248":0,"C8005":0,"C8006":1,"C8007":0,"C8009":0,"C277":0,"C367":0,"C8010":0,)"
+        R"("N10111":0},"price":"5.75"}})"
+        "\n");
 }
 
 TEST_F(StatsVerbs, StatsShowsTheDetailOfOneTrackWithOwnedPieces) {
@@ -99,7 +104,10 @@ TEST_F(StatsVerbs, StatsPrintsATableForAPerson) {
     EXPECT_THAT(run.Output, HasSubstr("\nN10111 - change-over                           0\n"
                                       "Price, \u20AC                                    5.75\n"
                                       "\n"
-                                      "You have used an uneven number of change-over sections for track 2 !\n"));
+                                      "You have used an uneven number of change-over sections for track 2 !\n"
+                                      "\n"
+                                      "Track 1 as built: lanes 32.054 / 32.054 in\n"
+                                      "Track 2 as built: lanes joined, 55.812 in in two laps\n"));
 }
 
 TEST_F(StatsVerbs, ShopWritesBesideTheCircuitAndPrintsThePath) {

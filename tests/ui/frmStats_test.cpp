@@ -113,6 +113,15 @@ TEST_F(FrmStats, ShowsAFrameForEachTrackAndTheCircuit) {
     EXPECT_EQ(Frame(3), "116 116 6.5 4");
 }
 
+TEST_F(FrmStats, ShowsTheLanesAsBuiltBesideTheCataloguesLengths) {
+    project_.Design.Circuit.Tracks[0].ElementCodes = {"C156L"};
+    Open();
+
+    EXPECT_EQ(Text("lblLL", 0) + " " + Text("lblRL", 0), "14 7") << "of the catalogue";
+    EXPECT_EQ(Text("lblBuiltLeft", 0) + " " + Text("lblBuiltRight", 0), "15.87 28.27");
+    EXPECT_EQ(Text("lblBuiltLeft", 3) + " " + Text("lblBuiltRight", 3), "50.87 63.27");
+}
+
 TEST_F(FrmStats, NamesUnitsAndCurrency) {
     Open();
     for (int index = 0; index < 8; ++index)
