@@ -40,6 +40,8 @@ struct CatalogueEntry {
     bool IsStraight() const { return Kind.Shape == PieceShape::Straight; }
     /// Whether it joins Scalextric track to Ninco track.
     bool JoinsSystems() const { return Kind.Marks == PieceMarks::Adapter; }
+    /// Whether another track may pass below it.
+    bool IsBridge() const { return Kind.Marks == PieceMarks::HumpBackBridge; }
     /// Whether it opens or closes a chicane: it leads the lanes together, or apart again.
     bool IsChicane() const { return Kind.Marks == PieceMarks::NarrowingLanes; }
     /// Whether it keeps the lanes together, so that it belongs between two chicanes.

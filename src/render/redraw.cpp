@@ -127,13 +127,6 @@ void DrawTracks(const Catalogue& catalogue, const Project& project, TrackParts p
     if (current != AllTracks) draw(current);
 }
 
-WorldPoint RoomCorner(const RoomPolygon& room, const RoomPoint& point) {
-    const double cosine = std::cos(double{room.Angle});
-    const double sine = std::sin(double{room.Angle});
-    return {static_cast<float>(point.X * cosine + point.Y * sine),
-            static_cast<float>(point.Y * cosine - point.X * sine)};
-}
-
 ViewRectangle RoomRectangle(const RoomPolygon& room) {
     constexpr double leastWidth = 100; // cm
     constexpr double margin = 1.2;

@@ -4,6 +4,7 @@
 
 #include "catalogue/catalogue.h"
 #include "layout/placement.h"
+#include "layout/room_fit.h"
 #include "model/project.h"
 #include "render/surface.h"
 
@@ -41,9 +42,6 @@ void DrawGrid(const Preferences& preferences, const ViewRectangle& shown, Surfac
 
 /// Prints the rectangle's size at its lower left.
 void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, Surface& surface);
-
-/// Where a point of the room lies, turned by the room's angle, cm.
-WorldPoint RoomCorner(const RoomPolygon& room, const RoomPoint& point);
 
 /// The square that shows the whole room with a margin around it; for a room without extent, 100 cm around its place.
 ViewRectangle RoomRectangle(const RoomPolygon& room);
