@@ -1,6 +1,7 @@
 // The grammar of the command line; each verb's function does the rest.
 #include "cli/command_line.h"
 
+#include "cli/recover.h"
 #include "cli/verbs.h"
 #include "imaging/circuit_picture.h"
 #include "model/job.h"
@@ -20,7 +21,7 @@ namespace {
 
 /// What the arguments say, filled in by the parser.
 struct Arguments {
-    std::optional<std::string> SettingsFile, Background, OutFolder;
+    std::optional<std::string> SettingsFile, Background, OutFolder, RecoveredWork;
     std::string DesignerCircuit, Circuit, Script, Out;
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
@@ -68,6 +69,7 @@ public:
         AddScript();
         AddCatalogue();
         AddSettings();
+        AddRecover();
     }
     VerbParser(const VerbParser&) = delete;
     VerbParser& operator=(const VerbParser&) = delete;
@@ -139,6 +141,18 @@ private:
     void AddSettings() {
         TakeJson(Add("settings", "Print the settings as read",
                      [this](const VerbContext& context) { SettingsVerb(context, given_.Json); }));
+    }
+
+    void AddRecover() {
+        CLI::App* const verb =
+            Add("recover", "List unsaved work that was kept, or copy one of it", [this](const VerbContext& context) {
+                if (!given_.RecoveredWork) return ListRecoveredVerb(context);
+                CopyRecoveredVerb(context, *given_.RecoveredWork, PathFromText(given_.Out));
+            });
+        CLI::Option* const name = verb->add_option("NAME", given_.RecoveredWork, "The work's name in the list");
+        CLI::Option* const out = verb->add_option("--out", given_.Out, "The new file that it is copied to");
+        name->needs(out);
+        out->needs(name);
     }
 
     CLI::App* Add(const char* name, const char* description, const VerbJob& job) {

@@ -2,6 +2,7 @@
 
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "platform/locks.h"
 #include "storage/settings_file.h"
 #include "storage/settings_sections.h"
 #include "text/number_text.h"
@@ -60,6 +61,21 @@ StockFrame FrameOf(const CatalogueEntry& product) {
     return product.IsStraight() ? StockFrame::ScalextricStraights : StockFrame::ScalextricCurves;
 }
 
+/// Puts the boxes' counts and prices into the file, and gives what it says then; what lines it lacks leave the stock as
+/// it stands.
+Settings WriteStock(const Catalogue& catalogue, const std::filesystem::path& path, const Stock& stock,
+                    const StockBoxes& boxes) {
+    const RewriteLock lock(path);
+    const std::string bytes = RewrittenSettings(catalogue, path,
+                                                {LooseTrackOf(catalogue, ByRow(catalogue, boxes, OwnedIn)),
+                                                 BestPricesOf(catalogue, ByRow(catalogue, boxes, PriceIn))});
+    Settings asTheyStand;
+    asTheyStand.Stock = stock;
+    Settings read = ParseSettings(catalogue, bytes, TextFromPath(path), asTheyStand);
+    ReplaceFile(path, bytes);
+    return read;
+}
+
 } // namespace
 
 StockBoxes EmptyStockBoxes(const Catalogue& catalogue) {
@@ -104,13 +120,7 @@ bool FillStockBoxes(const Catalogue& catalogue, const Stock& stock, StockBoxes& 
 
 void SaveOwnedTrack(const Catalogue& catalogue, const std::filesystem::path& settingsPath, Stock& stock,
                     const StockBoxes& boxes, Prompts& prompts) {
-    const std::string bytes = RewrittenSettings(catalogue, settingsPath,
-                                                {LooseTrackOf(catalogue, ByRow(catalogue, boxes, OwnedIn)),
-                                                 BestPricesOf(catalogue, ByRow(catalogue, boxes, PriceIn))});
-    Settings asTheyStand; // what lines the file lacks leave alone
-    asTheyStand.Stock = stock;
-    const Settings read = ParseSettings(catalogue, bytes, TextFromPath(settingsPath), asTheyStand);
-    ReplaceFile(settingsPath, bytes);
+    const Settings read = WriteStock(catalogue, settingsPath, stock, boxes);
     stock = read.Stock;
     prompts.Tell({Icon::Information, SettingsSaved});
     for (const Message& warning : read.Messages)

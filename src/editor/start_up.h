@@ -20,7 +20,8 @@ void CopySamples(const std::filesystem::path& from, const std::filesystem::path&
 
 /// Reads the settings file; where none stands an initial one is put there first, with its folder, the working directory
 /// and the samples in it. A file that cannot be read or made is told: the program then goes on with the initial
-/// settings and leaves the file alone.
+/// settings and leaves the file alone, as where there is no home for one. Sweeps what killed programs left
+/// half-written.
 DesignerStart StartDesigner(const Catalogue& catalogue, const std::filesystem::path& settingsPath);
 
 } // namespace pistaro

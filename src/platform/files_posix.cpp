@@ -2,6 +2,7 @@
 #include "platform/files.h"
 
 #include "platform/fault.h"
+#include "platform/temporary_files.h"
 
 #include <array>
 #include <cerrno>
@@ -143,8 +144,9 @@ void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
     std::signal(SIGXFSZ, SIG_IGN);
     const std::filesystem::path target = LinkTarget(path);
     CheckReplaceable(target);
-    std::string temporary = (FolderOf(target) / ".pistaro-XXXXXX").string(); // short: names have a longest length
-    Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    std::string temporary = (FolderOf(target) / TemporaryBeginning).string(); // short: names have a longest length
+    temporary.append("XXXXXX").append(TemporaryEnding);
+    Descriptor file(::mkostemps(temporary.data(), static_cast<int>(TemporaryEnding.size()), O_CLOEXEC));
     if (!file.IsOpen()) throw FileFault(errno, target);
     const bool done = WriteAll(file.Number(), bytes) && TakeRights(file.Number(), target) &&
                       ::fsync(file.Number()) == 0 && file.Close() == 0 &&

@@ -2,6 +2,7 @@
 #include "platform/files.h"
 
 #include "platform/fault.h"
+#include "platform/temporary_files.h"
 
 #include <windows.h>
 
@@ -153,9 +154,9 @@ void TakeRights(const std::filesystem::path& temporary, const std::filesystem::p
 /// A new file's short name beside `target` that no file has; left open in `file` for writing.
 std::filesystem::path NewFileBeside(const Replaced& target, Handle& file, const std::filesystem::path& named) {
     for (unsigned number = 0;; ++number) {
-        const auto temporary =
-            AtAnyLength(target.Path.parent_path() /
-                        (".pistaro-" + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(number)));
+        const auto temporary = AtAnyLength(target.Path.parent_path() /
+                                           (std::string(TemporaryBeginning) + std::to_string(::GetCurrentProcessId()) +
+                                            "-" + std::to_string(number) + std::string(TemporaryEnding)));
         file.Open(::CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, target.Attributes, nullptr));
         if (file.IsOpen()) return temporary;
         const DWORD error = ::GetLastError();

@@ -8,10 +8,14 @@ namespace pistaro {
 inline constexpr const char* SettingsName = "corvel.ini";
 
 /// Where the settings file stands: the Windows directory (%APPDATA%\Pistaro where an ordinary user cannot write there),
-/// elsewhere $XDG_CONFIG_HOME/pistaro or ~/.config/pistaro.
+/// elsewhere $XDG_CONFIG_HOME/pistaro or ~/.config/pistaro. Empty for who has no home.
 std::filesystem::path SettingsPath();
 
-/// The user's documents folder.
+/// Where unsaved work is kept: $XDG_DATA_HOME/pistaro/recovery or ~/.local/share/pistaro/recovery, on Windows
+/// %LOCALAPPDATA%\Pistaro\recovery. Empty for who has no home.
+std::filesystem::path RecoveryFolder();
+
+/// The user's documents folder; empty for who has no home.
 std::filesystem::path DocumentsFolder();
 
 /// The folder that holds what is installed with the program: its samples, its manual and its initial settings.

@@ -9,17 +9,25 @@ namespace pistaro {
 
 namespace {
 
-std::string Environment(const char* name) {
+/// The folder that a variable of the environment names; one that begins in the current folder does not count.
+std::filesystem::path FolderIn(const char* name) {
     const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
+    const std::filesystem::path folder = value != nullptr ? value : "";
+    return folder.is_absolute() ? folder : std::filesystem::path();
 }
 
-std::filesystem::path Home() { return Environment("HOME"); }
-
-std::filesystem::path ConfigurationFolder() {
-    const std::string configured = Environment("XDG_CONFIG_HOME");
-    return configured.empty() ? Home() / ".config" : std::filesystem::path(configured);
+std::filesystem::path InHome(const std::filesystem::path& inside) {
+    const std::filesystem::path home = FolderIn("HOME");
+    return home.empty() ? home : home / inside;
 }
+
+/// A place that a variable names, or its usual one in the home folder; empty where there is neither.
+std::filesystem::path PlaceIn(const char* variable, const char* inHome) {
+    const std::filesystem::path configured = FolderIn(variable);
+    return configured.empty() ? InHome(inHome) : configured;
+}
+
+std::filesystem::path ConfigurationFolder() { return PlaceIn("XDG_CONFIG_HOME", ".config"); }
 
 std::filesystem::path ProgramFolder() {
     std::error_code unknown;
@@ -28,20 +36,30 @@ std::filesystem::path ProgramFolder() {
 
 } // namespace
 
-std::filesystem::path SettingsPath() { return ConfigurationFolder() / "pistaro" / SettingsName; }
+std::filesystem::path SettingsPath() {
+    const std::filesystem::path folder = ConfigurationFolder();
+    return folder.empty() ? folder : folder / "pistaro" / SettingsName;
+}
+
+std::filesystem::path RecoveryFolder() {
+    const std::filesystem::path folder = PlaceIn("XDG_DATA_HOME", ".local/share");
+    return folder.empty() ? folder : folder / "pistaro" / "recovery";
+}
 
 std::filesystem::path DocumentsFolder() {
+    const std::filesystem::path configuration = ConfigurationFolder();
+    if (configuration.empty()) return {};
     // The desktop keeps the folder's name in the user's language: XDG_DOCUMENTS_DIR="$HOME/Dokumente"
-    std::ifstream folders(ConfigurationFolder() / "user-dirs.dirs");
+    std::ifstream folders(configuration / "user-dirs.dirs");
     const std::string key = "XDG_DOCUMENTS_DIR=\"";
     const std::string home = "$HOME";
     for (std::string line; std::getline(folders, line);) {
         if (!line.starts_with(key) || !line.ends_with('"')) continue;
-        std::string folder = line.substr(key.size(), line.size() - key.size() - 1);
-        if (folder.starts_with(home)) folder.replace(0, home.size(), Home().string());
-        return folder;
+        const std::string folder = line.substr(key.size(), line.size() - key.size() - 1);
+        if (!folder.starts_with(home)) return folder;
+        return InHome(std::filesystem::path(folder.substr(home.size())).relative_path());
     }
-    return Home() / "Documents";
+    return InHome("Documents");
 }
 
 std::filesystem::path InstalledFolder() { return ProgramFolder().parent_path() / "share" / "pistaro"; }

@@ -40,7 +40,13 @@ std::filesystem::path SettingsPath() {
     const std::filesystem::path shared = WindowsFolder() / SettingsName;
     if (::GetFileAttributesW(shared.c_str()) != INVALID_FILE_ATTRIBUTES || CanMakeFilesIn(shared.parent_path()))
         return shared;
-    return KnownFolder(FOLDERID_RoamingAppData) / "Pistaro" / SettingsName;
+    const std::filesystem::path own = KnownFolder(FOLDERID_RoamingAppData);
+    return own.empty() ? own : own / "Pistaro" / SettingsName;
+}
+
+std::filesystem::path RecoveryFolder() {
+    const std::filesystem::path folder = KnownFolder(FOLDERID_LocalAppData);
+    return folder.empty() ? folder : folder / "Pistaro" / "recovery";
 }
 
 std::filesystem::path DocumentsFolder() { return KnownFolder(FOLDERID_Documents); }

@@ -128,7 +128,10 @@ Settings ReadSettings(const Catalogue& catalogue, const std::filesystem::path& p
     return ParseSettings(catalogue, ReadFile(path, MostFileBytes), TextFromPath(path));
 }
 
-std::string InitialWorkingDirectory() { return TextFromPath(DocumentsFolder() / "Pistaro") + FolderSeparator(); }
+std::string InitialWorkingDirectory() {
+    const std::filesystem::path documents = DocumentsFolder();
+    return documents.empty() ? std::string() : TextFromPath(documents / "Pistaro") + FolderSeparator();
+}
 
 Settings InitialSettings(const Catalogue& catalogue) {
     return ParseSettings(catalogue, InitialSettingsText, SettingsName);

@@ -19,7 +19,7 @@ Settings ParseSettings(const Catalogue& catalogue, std::string_view bytes, const
 /// Reads and parses a file; the same faults and those of reading.
 Settings ReadSettings(const Catalogue& catalogue, const std::filesystem::path& path);
 
-/// The working directory of a first run: "Pistaro" in the user's documents folder.
+/// The working directory of a first run: "Pistaro" in the user's documents folder; empty for who has none.
 std::string InitialWorkingDirectory();
 
 /// The settings of a first run as the program was built with them: dots every 10 cm, nothing owned, distinct colours,

@@ -1,6 +1,7 @@
 #include "storage/settings_sections.h"
 
 #include "platform/files.h"
+#include "platform/locks.h"
 #include "storage/folder_line.h"
 #include "storage/room_block.h"
 #include "storage/settings_file.h"
@@ -163,6 +164,7 @@ std::string RewrittenSettings(const Catalogue& catalogue, const std::filesystem:
 
 void RewriteSettings(const Catalogue& catalogue, const std::filesystem::path& path,
                      const std::vector<Section>& sections) {
+    const RewriteLock lock(path);
     ReplaceFile(path, RewrittenSettings(catalogue, path, sections));
 }
 

@@ -66,7 +66,7 @@ std::string ReplaceSections(std::string_view bytes, const std::string& name, con
 std::string RewrittenSettings(const Catalogue& catalogue, const std::filesystem::path& path,
                               const std::vector<Section>& sections);
 
-/// Puts them on disk in one step; faults leave the file as it was.
+/// Puts them on disk in one step, and keeps other writers out meanwhile; faults leave the file as it was.
 void RewriteSettings(const Catalogue& catalogue, const std::filesystem::path& path,
                      const std::vector<Section>& sections);
 

@@ -1,6 +1,7 @@
 // What the designer finds, and puts in place, when it starts.
 #include "editor/start_up.h"
 
+#include "platform/places.h"
 #include "storage/settings_file.h"
 #include "support/pieces.h"
 #include "support/temporary_folder.h"
@@ -81,6 +82,52 @@ TEST_F(DesignerStartTest, AFolderThatCannotBeMadeIsToldAndTheProgramGoesOn) {
 
     ASSERT_EQ(start.Messages.size(), 1U);
     EXPECT_TRUE(start.SettingsPath.empty());
+}
+
+TEST_F(DesignerStartTest, WithoutAHomeTheProgramGoesOnAndWritesNothingIntoTheCurrentFolder) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(Home.Path());
+    ::unsetenv("HOME");
+    ::unsetenv("XDG_CONFIG_HOME");
+
+    const DesignerStart start = StartDesigner(Pieces(), SettingsPath());
+    std::filesystem::current_path(before);
+
+    ASSERT_EQ(start.Messages.size(), 1U);
+    EXPECT_EQ(start.Messages[0].Text, "Path not found: there is no home folder to keep settings in\n"
+                                      "Pistaro goes on with its initial settings and saves none.");
+    EXPECT_TRUE(start.SettingsPath.empty());
+    EXPECT_EQ(start.Project.Preferences.WorkingDirectory, "");
+    EXPECT_EQ(FilesIn(Home.Path()), 0U);
+}
+
+TEST_F(DesignerStartTest, WithoutAHomeASettingsFileThatIsNamedIsMadeAndNothingElse) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::create_directory(Home / "here");
+    std::filesystem::current_path(Home / "here");
+    ::unsetenv("HOME");
+
+    const DesignerStart start = StartDesigner(Pieces(), Home / "my.ini");
+    std::filesystem::current_path(before);
+
+    EXPECT_EQ(start.SettingsPath, Home / "my.ini");
+    EXPECT_TRUE(BytesOf(Home / "my.ini").starts_with("[Working Directory]\r\n\r\n"));
+    EXPECT_EQ(FilesIn(Home / "here"), 0U);
+}
+
+TEST_F(DesignerStartTest, WhatKilledProgramsLeftHalfWrittenIsSweptFromTheFoldersThatAreWrittenTo) {
+    std::filesystem::create_directory(Home / "tracks");
+    WriteBytes(Home / "corvel.ini", "[Working Directory]\r\n" + (Home / "tracks" / "").string() + "\r\n");
+    const auto half = {Home / ".pistaro-a1B2c3.tmp", Home / "tracks" / ".pistaro-d4E5f6.tmp"};
+    for (const auto& file : half) {
+        WriteBytes(file, "half");
+        std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() - std::chrono::hours(25));
+    }
+
+    StartDesigner(Pieces(), Home / "corvel.ini");
+
+    for (const auto& file : half)
+        EXPECT_FALSE(std::filesystem::exists(file)) << file;
 }
 
 } // namespace pistaro

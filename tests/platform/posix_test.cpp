@@ -296,6 +296,7 @@ protected:
     void SetUp() override {
         ::setenv("HOME", home.Path().c_str(), 1);
         ::unsetenv("XDG_CONFIG_HOME");
+        ::unsetenv("XDG_DATA_HOME");
     }
     void TearDown() override { ::setenv("HOME", before.c_str(), 1); }
 
@@ -309,6 +310,27 @@ TEST_F(Places, TheSettingsStandInTheUsersConfiguration) {
     ::setenv("XDG_CONFIG_HOME", "/etc/elsewhere", 1);
 
     EXPECT_EQ(SettingsPath(), "/etc/elsewhere/pistaro/corvel.ini");
+    ::unsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(Places, UnsavedWorkIsKeptAmongTheUsersData) {
+    EXPECT_EQ(RecoveryFolder(), home.Path() / ".local" / "share" / "pistaro" / "recovery");
+
+    ::setenv("XDG_DATA_HOME", "/srv/data", 1);
+
+    EXPECT_EQ(RecoveryFolder(), "/srv/data/pistaro/recovery");
+    ::unsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(Places, WhoHasNoHomeHasNoneOfThem) {
+    for (const char* const nowhere : {"", "relative/home"}) {
+        ::setenv("HOME", nowhere, 1);
+        ::setenv("XDG_CONFIG_HOME", nowhere, 1);
+
+        EXPECT_EQ(SettingsPath(), "") << nowhere;
+        EXPECT_EQ(DocumentsFolder(), "") << nowhere;
+        EXPECT_EQ(RecoveryFolder(), "") << nowhere;
+    }
     ::unsetenv("XDG_CONFIG_HOME");
 }
 

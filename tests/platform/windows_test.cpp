@@ -228,7 +228,7 @@ TEST(Pipes, AreReadUntilTheirWriterEnds) {
 TEST(Kill, LeavesNoHalfWrittenNameInTheWay) {
     const TemporaryFolder folder;
     // What a program of the same number left when it was ended while it wrote.
-    WriteBytes(folder / (".pistaro-" + std::to_string(::GetCurrentProcessId()) + "-0"), "half");
+    WriteBytes(folder / (".pistaro-" + std::to_string(::GetCurrentProcessId()) + "-0.tmp"), "half");
 
     ReplaceFile(folder / "a.trk", "new");
 

@@ -3,12 +3,14 @@
 #include "storage/all_sections.h"
 #include "storage/settings_file.h"
 #include "support/pieces.h"
+#include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <array>
 #include <random>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace pistaro {
@@ -156,6 +158,28 @@ TEST(Rewriting, OfAnyReadableFileGivesTheSectionItsNewValueIfItIsThere) {
         }
     }
     EXPECT_GT(changed, 150);
+}
+
+TEST(Rewriting, ByTwoProgramsAtOnceLosesNothingOfEither) {
+    const TemporaryFolder folder;
+    const auto file = folder / "corvel.ini";
+    WriteBytes(file, "[Grid]\r\nType=2\r\nStep=0\r\n[Units]\r\nType=0\r\nCurr=\r\n");
+    constexpr int rounds = 150;
+    const auto grid = [&](int round) { return GridOf({2, static_cast<std::int16_t>(round)}); };
+    const auto units = [](int round) { return UnitsOf({true, std::to_string(round)}); };
+    const auto write = [&](const auto& sectionOf) {
+        for (int round = 1; round <= rounds; ++round) {
+            const Section section = sectionOf(round);
+            RewriteSettings(Pieces(), file, {section});
+            ASSERT_THAT(BytesOf(file), testing::HasSubstr("\r\n" + section.Lines.back() + "\r\n"));
+        }
+    };
+
+    std::jthread other([&] { write(units); });
+    write(grid);
+    other.join();
+
+    EXPECT_EQ(BytesOf(file), "[Grid]\r\nType=2\r\nStep=150\r\n[Units]\r\nType=1\r\nCurr=150\r\n");
 }
 
 } // namespace

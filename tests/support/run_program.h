@@ -37,6 +37,9 @@ public:
     /// Where the program looks for the settings file when none is named.
     std::filesystem::path UsualSettings() const;
 
+    /// Where the designer keeps unsaved work.
+    std::filesystem::path Recovered() const;
+
     /// The user's documents folder.
     std::filesystem::path Documents() const;
 

@@ -40,6 +40,7 @@ Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std
         Redirect(errors, O_WRONLY | O_CREAT | O_TRUNC, 2);
         ::setenv("HOME", home_.c_str(), 1);
         ::setenv("XDG_CONFIG_HOME", (home_ / "config").c_str(), 1);
+        ::setenv("XDG_DATA_HOME", (home_ / "data").c_str(), 1);
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR", "QT_QPA_PLATFORM"})
             ::unsetenv(name);
         if (::chdir(work_.c_str()) == 0) ::execv(PROGRAM, words.data());
@@ -51,6 +52,8 @@ Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std
 }
 
 std::filesystem::path ProgramFolder::UsualSettings() const { return home_ / "config" / "pistaro" / "corvel.ini"; }
+
+std::filesystem::path ProgramFolder::Recovered() const { return home_ / "data" / "pistaro" / "recovery"; }
 
 std::filesystem::path ProgramFolder::Documents() const { return home_ / "Documents"; }
 

@@ -31,10 +31,11 @@ std::wstring Word(const std::wstring& text) {
 
 } // namespace
 
-// There is one such file for all.
+// There is one such file for all, and one such folder.
 ProgramFolder::~ProgramFolder() {
     std::error_code ignored;
     std::filesystem::remove(UsualSettings(), ignored);
+    std::filesystem::remove_all(Recovered(), ignored);
 }
 
 Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std::string& input) const {
@@ -65,6 +66,8 @@ Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std
 }
 
 std::filesystem::path ProgramFolder::UsualSettings() const { return SettingsPath(); }
+
+std::filesystem::path ProgramFolder::Recovered() const { return RecoveryFolder(); }
 
 std::filesystem::path ProgramFolder::Documents() const { return DocumentsFolder(); }
 
