@@ -76,14 +76,15 @@ struct ValueCommand {
     std::size_t LeastWords, MostWords;
     void (*Run)(Script&, const Words&);
     bool IsOfDialog = false; ///< refused unless a settings file was named that the dialogs may write
+    bool RunsRows = false;   ///< each of them is work of its own
 };
 
 constexpr std::size_t AnyNumber = 100000;
 
 constexpr std::array ValueCommands{
-    ValueCommand{"load", 2, 2, RunOnFile},
-    ValueCommand{"save", 2, 2, RunOnFile},
-    ValueCommand{"add", 2, AnyNumber, Add},
+    ValueCommand{"load", 2, 2, RunOnFile, false, true},
+    ValueCommand{"save", 2, 2, RunOnFile, false, true},
+    ValueCommand{"add", 2, AnyNumber, Add, false, true},
     ValueCommand{"select", 2, 2, Select},
     ValueCommand{"click", 3, 3, Click},
     ValueCommand{"scroll", 3, 3, Scroll},
@@ -98,16 +99,20 @@ constexpr std::array ValueCommands{
 
 /// A line that is a command's id, with the number of times after it where the command can be repeated.
 void RunTableCommand(Script& script, Words words) {
-    int times = 1;
     if (words[0].find(' ') != std::string::npos) throw Refused("there is no command \"" + words[0] + "\"");
-    if (words.size() == 3) {
-        const Command* const command = script.Session.Commands.Find(words[0] + " " + words[1]);
-        if (command == nullptr || !command->Repeatable)
+    const auto repeatable = [&](const std::string& id) {
+        const Command* const command = script.Session.Commands.Find(id);
+        return command != nullptr && command->Repeatable;
+    };
+    const std::size_t wordsOfId = repeatable(words[0]) ? 1 : 2;
+    int times = 1;
+    if (words.size() == wordsOfId + 1) {
+        if (wordsOfId == 2 && !repeatable(words[0] + " " + words[1]))
             throw Refused("\"" + words[0] + "\" takes no more than one word");
-        times = IntegerIn(words[2], 1, 1000);
+        times = IntegerIn(words.back(), 1, 1000);
         words.pop_back();
     }
-    if (words.size() > 2) throw Refused("there are too many words after \"" + words[0] + "\"");
+    if (words.size() > wordsOfId) throw Refused("there are too many words after \"" + words[0] + "\"");
     RunById(script, words.size() == 2 ? words[0] + " " + words[1] : words[0], times);
 }
 
@@ -120,6 +125,7 @@ void RunLine(Script& script, const std::string& line) {
         if (words.size() > command.MostWords) throw Refused("there are too many words after \"" + words[0] + "\"");
         if (command.IsOfDialog && script.Session.SettingsPath.empty())
             throw Refused("the dialogs want a settings file named by --settings");
+        if (command.RunsRows) return command.Run(script, words);
         return script.Session.Work([&] { command.Run(script, words); });
     }
     RunTableCommand(script, words);
@@ -129,6 +135,7 @@ void RunLine(Script& script, const std::string& line) {
 
 void RunScript(Session& session, ScriptPrompts& prompts, std::istream& script, const std::string& name,
                std::ostream& output, const std::vector<Message>& warnings) {
+    session.Now = [] { return std::chrono::steady_clock::time_point(); }; // a slow machine changes no step
     Script running{session, prompts, output, warnings, std::nullopt};
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     int number = 0;

@@ -133,6 +133,7 @@ void RunArea(Script& script, const Words& words) {
     ForEachField(words, [&](const NameAndValue& field) { SetAreaField(fields, field); });
     if (script.Room) fields.Room = *script.Room;
     PrintedPrompts prompts(script.Output);
+    session.NameStep("Draw Area");
     const bool done = save ? SaveDrawArea(session.Catalogue, project, session.SettingsPath, fields, prompts)
                            : ApplyDrawArea(project, fields, prompts);
     if (done) script.Room.reset(); // the dialog that a message keeps open keeps its room points, too

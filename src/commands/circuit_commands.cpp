@@ -21,8 +21,16 @@ void RememberFolder(const Session& session) {
 }
 
 void Load(Session& session, const std::filesystem::path& file) {
+    session.TellLeaving();
     LoadCircuit(session.Project, file);
+    session.BeginCircuit("Load " + ProjectName(session.Project.EditState));
     RememberFolder(session);
+}
+
+void Empty(Session& session) {
+    session.TellLeaving();
+    NewProject(session.Project);
+    session.BeginCircuit("New");
 }
 
 /// Whether the user lets go of the unsaved work that a load replaces.
@@ -46,7 +54,7 @@ void LoadCommand(Session& session) {
                                                   .DefaultName = "",
                                                   .Folder = session.Project.Preferences.WorkingDirectory});
     if (file) return Load(session, *file);
-    if (replacesWork) NewProject(session.Project);
+    if (replacesWork) Empty(session);
     session.Project.EditState.DataChanged = false;
 }
 
@@ -66,16 +74,18 @@ void SaveCommand(Session& session) {
         session.Prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo);
     }
     SaveCircuit(session.Project, *file);
+    session.NoteSaved();
     RememberFolder(session);
 }
 
 void NewCommand(Session& session) {
     const bool keep = WouldLoseTrack(session) && session.Prompts.Ask("Send data on its way to binary oblivion?",
                                                                      Buttons::OkCancel) == Answer::Cancel;
-    if (!keep) NewProject(session.Project);
+    if (!keep) Empty(session);
 }
 
 void QuitCommand(Session& session) {
+    session.TellLeaving();
     if (!WouldLoseAnything(session)) return;
     if (session.Prompts.Ask("Discard unsaved data?", Buttons::YesNo) == Answer::No) SaveCommand(session);
 }

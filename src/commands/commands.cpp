@@ -49,6 +49,27 @@ std::string NoJobRuns(const Session& session) { return session.HasJob() ? "The g
 
 std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
 
+std::string SelectedProduct(const Session& session) {
+    return std::string(ProductCode(SelectedCode(session.Project.Design.Circuit, session.Project.EditState)));
+}
+
+/// Words of the user's as a menu shows them, where "&" marks a key.
+std::string MenuText(const std::string& words) {
+    std::string text;
+    for (const char c : words)
+        text += c == '&' ? "&&" : std::string(1, c);
+    return text;
+}
+
+/// "Move Up-Left": a row's id as a title.
+std::string Titled(std::string id) {
+    for (std::size_t at = 0; at < id.size(); ++at) {
+        const bool begins = at == 0 || id[at - 1] == ' ' || id[at - 1] == '-';
+        if (begins && id[at] >= 'a' && id[at] <= 'z') id[at] = static_cast<char>(id[at] - 'a' + 'A');
+    }
+    return id;
+}
+
 void AddCircuitCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "new",
                     .Control = "mnuCircuitReinit",
@@ -75,6 +96,45 @@ void AddCircuitCommands(std::vector<Command>& rows) {
                     .Key = "Ctrl+Q",
                     .From = Door::WindowOnly,
                     .Run = QuitCommand});
+}
+
+/// "Undo Add C151": a row that names the state it goes to or from.
+std::string NamingStep(const char* caption, bool can, const Session& session, std::size_t state) {
+    return can ? caption + (" " + MenuText(session.History().Caption(state))) : caption;
+}
+
+void AddHistoryCommands(std::vector<Command>& rows) {
+    rows.push_back({.Id = "undo",
+                    .Control = "mnuUndo",
+                    .Caption = "&Undo",
+                    .Tip = "Take the last change back",
+                    .Key = "Ctrl+Z",
+                    .Repeatable = true,
+                    .WhyNot = [](const Session& session) -> std::string {
+                        return session.History().CanUndo() ? "" : "There is nothing to undo.";
+                    },
+                    .Run = [](Session& session) { session.GoTo(session.History().Present() - 1); },
+                    .Shows =
+                        [](const Session& session) {
+                            const History& history = session.History();
+                            return NamingStep("&Undo", history.CanUndo(), session, history.Present());
+                        }});
+    rows.push_back({.Id = "redo",
+                    .Control = "mnuRedo",
+                    .Caption = "&Redo",
+                    .Tip = "Do again what was undone",
+                    .Key = "Ctrl+Shift+Z",
+                    .OtherKey = "Ctrl+Y",
+                    .Repeatable = true,
+                    .WhyNot = [](const Session& session) -> std::string {
+                        return session.History().CanRedo() ? "" : "There is nothing to redo.";
+                    },
+                    .Run = [](Session& session) { session.GoTo(session.History().Present() + 1); },
+                    .Shows =
+                        [](const Session& session) {
+                            const History& history = session.History();
+                            return NamingStep("&Redo", history.CanRedo(), session, history.Present() + 1);
+                        }});
 }
 
 void AddModes(std::vector<Command>& rows) {
@@ -129,26 +189,33 @@ Command AddRow(const CatalogueEntry& piece, int row) {
             .Run =
                 [code](Session& session) {
                     AddPiece(session.Catalogue, session.Project.Design, session.Project.EditState, code);
+                },
+            .Step =
+                [product = std::string(ProductCode(code))](const Session& session) {
+                    const EditState& edit = session.Project.EditState;
+                    return (edit.InsertMode && edit.SelectedElement() >= 0 ? "Insert " : "Add ") + product;
                 }};
 }
 
 Command ReplaceRow(const CatalogueEntry& piece) {
     const std::string product(ProductCode(piece.Code));
-    return {.Id = "replace " + product,
-            .Control = "mnu" + product,
-            .Caption = product + "  " + piece.LongName,
-            .Tip = "Replace the selected piece by this one",
-            .WhyNot = [product](const Session& session) -> std::string {
-                std::string whyNot = ElementSelected(session);
-                if (!whyNot.empty()) return whyNot;
-                const bool fits = IsVariantOfSelected(session.Catalogue, session.Project.Design.Circuit,
-                                                      session.Project.EditState, product);
-                return fits ? "" : "The selected piece has another shape.";
+    return {
+        .Id = "replace " + product,
+        .Control = "mnu" + product,
+        .Caption = product + "  " + piece.LongName,
+        .Tip = "Replace the selected piece by this one",
+        .WhyNot = [product](const Session& session) -> std::string {
+            std::string whyNot = ElementSelected(session);
+            if (!whyNot.empty()) return whyNot;
+            const bool fits = IsVariantOfSelected(session.Catalogue, session.Project.Design.Circuit,
+                                                  session.Project.EditState, product);
+            return fits ? "" : "The selected piece has another shape.";
+        },
+        .Run =
+            [product](Session& session) {
+                ReplaceSelected(session.Catalogue, session.Project.Design, session.Project.EditState, product);
             },
-            .Run =
-                [product](Session& session) {
-                    ReplaceSelected(session.Catalogue, session.Project.Design, session.Project.EditState, product);
-                }};
+        .Step = [product](const Session& session) { return "Replace " + SelectedProduct(session) + " by " + product; }};
 }
 
 void AddPieceCommands(std::vector<Command>& rows, const Catalogue& catalogue) {
@@ -172,7 +239,8 @@ Command MoveRow(const char* where, const char* control, const char* arrow, const
             .Tip = std::string("Move ") + where + " by one track width",
             .Key = key,
             .Repeatable = true,
-            .Run = OnDesign([right, up](Design& design, EditState& edit) { MoveTracks(design, edit, right, up); })};
+            .Run = OnDesign([right, up](Design& design, EditState& edit) { MoveTracks(design, edit, right, up); }),
+            .Step = [step = Titled(std::string("move ") + where)](const Session&) { return step; }};
 }
 
 Command RotateRow(const char* where, const char* control, const char* arrow, const char* key, Rotation rotation) {
@@ -182,7 +250,10 @@ Command RotateRow(const char* where, const char* control, const char* arrow, con
             .Tip = std::string("Rotate the track to the ") + where + "; with all tracks chosen, the room",
             .Key = key,
             .Repeatable = true,
-            .Run = OnDesign([rotation](Design& design, EditState& edit) { Rotate(design, edit, rotation); })};
+            .Run = OnDesign([rotation](Design& design, EditState& edit) { Rotate(design, edit, rotation); }),
+            .Step = [turn = Titled(std::string("rotate ") + where)](const Session& session) {
+                return turn + (session.Project.EditState.ShowsAllTracks() ? " (Room)" : "");
+            }};
 }
 
 Command ChooseRow(int track) {
@@ -205,7 +276,8 @@ void AddTrackChanges(std::vector<Command>& rows) {
                     .Tip = "Take the selected element out of the track",
                     .Key = "Del",
                     .WhyNot = ElementSelected,
-                    .Run = OnDesign(DeleteElement)});
+                    .Run = OnDesign(DeleteElement),
+                    .Step = [](const Session& session) { return "Delete " + SelectedProduct(session); }});
     rows.push_back({.Id = "mirror",
                     .Control = "mnuMirror",
                     .Caption = "&Mirror",
@@ -359,8 +431,17 @@ void AddHelpCommands(std::vector<Command>& rows) {
 
 } // namespace
 
+std::string PlainCaption(std::string_view caption) {
+    constexpr std::string_view dots = "…";
+    std::string plain(caption);
+    if (plain.ends_with(dots)) plain.resize(plain.size() - dots.size());
+    std::erase(plain, '&');
+    return plain;
+}
+
 CommandTable::CommandTable(const Catalogue& catalogue) {
     AddCircuitCommands(rows_);
+    AddHistoryCommands(rows_);
     AddModes(rows_);
     AddPieceCommands(rows_, catalogue);
     AddTrackChanges(rows_);

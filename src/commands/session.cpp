@@ -26,11 +26,17 @@ Session::Session(const pistaro::Catalogue& catalogue, pistaro::Prompts& prompts,
 void Session::Run(const Command& command) {
     const std::string whyNot = command.WhyNot(*this);
     if (!whyNot.empty()) throw Fault("Refused", "\"" + command.Id + "\" is not offered now: " + whyNot);
-    Work([&] { command.Run(*this); });
+    Work([&] {
+        NameStep(command);
+        command.Run(*this);
+    });
 }
 
 bool Session::TryRun(const Command& command) {
-    return command.WhyNot(*this).empty() && Do([&] { command.Run(*this); });
+    return command.WhyNot(*this).empty() && Do([&] {
+               NameStep(command);
+               command.Run(*this);
+           });
 }
 
 bool Session::Do(const std::function<void()>& work) {
@@ -52,26 +58,67 @@ void Session::Work(const std::function<void()>& work) {
     if (depth_ > 0) return work();
     const pistaro::Project before = Project;
     const std::optional<Picture> background = Background;
-    const auto notify = [&] {
-        Changes changes = Difference(before, Project);
-        changes.Background = Background != background;
-        Notify(changes);
-    };
+    step_ = {.Time = Now()};
+    noted_ = {};
+    moved_ = false;
     ++depth_;
     try {
         work();
     } catch (...) {
         --depth_;
-        notify();
+        Finish(before, background);
         throw;
     }
     --depth_;
-    notify();
+    Finish(before, background);
 }
 
-void Session::Notify(const Changes& changes) {
+void Session::Finish(const pistaro::Project& before, const std::optional<Picture>& background) {
+    if (!moved_) history_.Record(before, Project, step_);
+    Changes changes = Difference(before, Project);
+    changes.Background = Background != background;
+    changes.Saved = noted_.Saved;
+    changes.OtherCircuit = noted_.OtherCircuit;
     for (const auto& observer : observers_)
         observer(changes);
+}
+
+void Session::NameStep(const Command& command) {
+    if (depth_ != 1) return; // it is part of another's step
+    step_.Caption = command.Step ? command.Step(*this) : PlainCaption(command.Caption);
+    if (command.Repeatable) step_.Run = command.Id;
+}
+
+void Session::NameStep(std::string caption) {
+    step_.Caption = std::move(caption);
+    step_.EditsView = true;
+}
+
+void Session::BeginCircuit(std::string caption) {
+    NameStep(std::move(caption));
+    step_.BeginsCircuit = true;
+    noted_.OtherCircuit = true;
+}
+
+void Session::NoteSaved() {
+    history_.NoteSaved(Project.EditState.File);
+    noted_.Saved = true;
+}
+
+void Session::TellLeaving() {
+    for (const auto& leaver : leavers_)
+        leaver();
+}
+
+void Session::GoTo(std::size_t state) {
+    Work([&] {
+        if (!history_.AreOfOneCircuit(history_.Present(), state)) {
+            TellLeaving();
+            noted_.OtherCircuit = true;
+        }
+        history_.GoTo(state, Project);
+        moved_ = true;
+    });
 }
 
 void Session::StartJob(const Job& job) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/commands.h"
+#include "commands/history.h"
 #include "commands/jobs.h"
 #include "commands/windows.h"
 #include "imaging/picture.h"
@@ -21,6 +22,8 @@ struct Changes {
     bool EditState = false; ///< the selection, a mode, the file, whether there are unsaved changes
     bool Stock = false, Preferences = false;
     bool Background = false;
+    bool Saved = false;        ///< the design stands in its file now
+    bool OtherCircuit = false; ///< another circuit took the place of the one before: Load, New, undo across these
 
     bool operator==(const Changes&) const = default;
 };
@@ -39,6 +42,7 @@ public:
     std::optional<Picture> Background;   ///< behind the drawing
     int PicturePixels;                   ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr; ///< null in a script
+    std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
 
     /// For the rest of the session: calls `observer` once after each piece of work, done or faulted, with what it has
     /// changed.
@@ -59,6 +63,30 @@ public:
     /// The same for a caller who tells faults in another way: they come through.
     void Work(const std::function<void()>& work);
 
+    /// What can be undone and redone. Each outermost work that changed the design is a step.
+    const pistaro::History& History() const { return history_; }
+
+    /// Goes to a state of the history. Whoever observes the leaving of circuits hears of it when that is another one's.
+    void GoTo(std::size_t state);
+
+    /// Begins the history with what is there now.
+    void ForgetHistory() { history_ = pistaro::History(); }
+
+    /// Calls the step that the running work makes so; then a change of the view alone makes a step, too.
+    void NameStep(std::string caption);
+
+    /// The running work has put another circuit in the place of that before: it is a step of that name.
+    void BeginCircuit(std::string caption);
+
+    /// The running work has written the design to its file.
+    void NoteSaved();
+
+    /// For the rest of the session: calls `observer` before a circuit gives way to another one, and before the end.
+    void ObserveLeaving(std::function<void()> observer) { leavers_.push_back(std::move(observer)); }
+
+    /// To be called by what loads, begins or ends, before it does so.
+    void TellLeaving();
+
     /// Starts a job. Its end is work of this session; when it was stopped there is none.
     void StartJob(const Job& job);
     void CancelJob();
@@ -69,11 +97,17 @@ public:
     void RunJobsBeside(Jobs::Post post, std::function<void(int done, int total)> progress);
 
 private:
-    void Notify(const Changes& changes);
+    void NameStep(const Command& command);
+    void Finish(const pistaro::Project& before, const std::optional<Picture>& background);
 
     std::vector<std::function<void(const Changes&)>> observers_;
+    std::vector<std::function<void()>> leavers_;
     std::function<void(int, int)> progress_;
-    int depth_ = 0; ///< of work within work
+    int depth_ = 0;      ///< of work within work
+    StepName step_;      ///< of the running work
+    Changes noted_;      ///< what the running work said of itself
+    bool moved_ = false; ///< the running work went to a state of the history
+    pistaro::History history_;
     Jobs jobs_;
 };
 

@@ -14,6 +14,13 @@ namespace {
 
 QKeySequence KeyOf(const std::string& key) { return QKeySequence(Shown(key), QKeySequence::PortableText); }
 
+QList<QKeySequence> KeysOf(const Command& command) {
+    QList<QKeySequence> keys;
+    for (const std::string& key : {command.Key, command.OtherKey})
+        if (!key.empty()) keys.append(KeyOf(key));
+    return keys;
+}
+
 QString TipWithKey(const std::string& tip, const std::string& key) {
     if (key.empty()) return Shown(tip);
     return Shown(tip) + " (" + KeyOf(key).toString(QKeySequence::NativeText) + ")";
@@ -40,7 +47,7 @@ QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::
     const Command& command = RowOf(id);
     QAction* const action = menu.addAction(Shown(command.Caption));
     action->setObjectName(Shown(command.Control));
-    action->setShortcut(KeyOf(command.Key));
+    action->setShortcuts(KeysOf(command));
     action->setCheckable(command.IsOn != nullptr);
     const auto run = [this, &command] { session_.TryRun(command); };
     QObject::connect(action, &QAction::triggered, action, instead ? instead : std::function<void()>(run));
@@ -63,10 +70,8 @@ void CommandControls::Bind(QAbstractButton& button, const std::function<const Co
     const auto run = [this, row] { session_.TryRun(row()); };
     QObject::connect(&button, &QAbstractButton::clicked, &button, run);
     // A shortcut of its own, because that of a button waits for a key that is held down to come up again.
-    if (!command.Key.empty()) {
-        auto* const key = new QShortcut(KeyOf(command.Key), &button);
-        QObject::connect(key, &QShortcut::activated, &button, run);
-    }
+    for (const QKeySequence& key : KeysOf(command))
+        QObject::connect(new QShortcut(key, &button), &QShortcut::activated, &button, run);
     refreshes_.emplace_back([this, &button, row] { Show(button, row(), row().Key); });
 }
 

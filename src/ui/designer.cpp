@@ -41,6 +41,7 @@ void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Messa
         for (const Message& message : messages)
             session.Prompts.Tell(message);
         if (circuit) window.Open(*circuit);
+        session.ForgetHistory(); // it is what this start is about
     };
     const auto showWindow = [&window, begin] {
         window.show();

@@ -259,7 +259,10 @@ void frmDrawArea::DeleteRoomPoint() {
 
 void frmDrawArea::Put(const std::function<bool()>& put) {
     bool done = false;
-    session_.Do([&] { done = put(); });
+    session_.Do([&] {
+        session_.NameStep("Draw Area");
+        done = put();
+    });
     ShowFields();
     if (done) accept();
 }

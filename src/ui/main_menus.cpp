@@ -27,6 +27,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session&
     QMenu& circuit = AddMenu(window, controls, "&Circuit", {"new", "load", "save"});
     circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
+    AddMenu(window, controls, "&Edit", {"undo", "redo"});
     AddMenu(window, controls, "&Track", {"mirror", "invert"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
     pieces.addSection("Replace the selected piece by");

@@ -60,9 +60,11 @@ TEST(Commands, OnlyTheBuildInsertSwitchHasTwoRowsForOneControl) {
 TEST(Commands, NoTwoControlsShareAKey) {
     std::map<std::string, std::string> controlByKey;
     for (const Command& command : Rows()) {
-        if (command.Key.empty()) continue;
-        const auto [at, isNew] = controlByKey.emplace(command.Key, command.Control + command.Tag);
-        EXPECT_TRUE(isNew || at->second == command.Control + command.Tag) << command.Key;
+        for (const std::string& key : {command.Key, command.OtherKey}) {
+            if (key.empty()) continue;
+            const auto [at, isNew] = controlByKey.emplace(key, command.Control + command.Tag);
+            EXPECT_TRUE(isNew || at->second == command.Control + command.Tag) << key;
+        }
     }
 }
 
@@ -102,7 +104,7 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
                                      "guide", "cancel job", "save picture", "manual", "about"}));
 }
 
-TEST(Commands, OnlyMovesTurnsAndZoomsCanBeRepeated) {
+TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {
     std::set<std::string> repeatable;
     for (const Command& command : Rows()) {
         if (command.Repeatable) repeatable.insert(command.Id);
@@ -110,7 +112,7 @@ TEST(Commands, OnlyMovesTurnsAndZoomsCanBeRepeated) {
 
     EXPECT_EQ(repeatable, (std::set<std::string>{"move up", "move down", "move left", "move right", "move up-left",
                                                  "move up-right", "move down-left", "move down-right", "rotate left",
-                                                 "rotate right", "zoom in", "zoom out"}));
+                                                 "rotate right", "zoom in", "zoom out", "undo", "redo"}));
 }
 
 TEST(Commands, EachBasicPieceAndHandHasAButtonOfItsOwn) {
@@ -150,6 +152,8 @@ TEST(Commands, ControlsAreNamedAsTheWindowNamesThem) {
                                                       {"load", "mnuCircuitLoad"},
                                                       {"save", "mnuCircuitSave"},
                                                       {"quit", "mnuQuit"},
+                                                      {"undo", "mnuUndo"},
+                                                      {"redo", "mnuRedo"},
                                                       {"build", "cmdInsert"},
                                                       {"insert", "cmdInsert"},
                                                       {"system", "mnuScalextricNinco"},

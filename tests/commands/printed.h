@@ -10,7 +10,8 @@ namespace pistaro {
 inline void PrintTo(const Changes& changes, std::ostream* output) {
     *output << (changes.Circuit ? "circuit " : "") << (changes.Room ? "room " : "") << (changes.View ? "view " : "")
             << (changes.EditState ? "edit-state " : "") << (changes.Stock ? "stock " : "")
-            << (changes.Preferences ? "preferences " : "") << (changes.Background ? "background " : "");
+            << (changes.Preferences ? "preferences " : "") << (changes.Background ? "background " : "")
+            << (changes.Saved ? "saved " : "") << (changes.OtherCircuit ? "other-circuit " : "");
 }
 
 inline void PrintTo(const Message& message, std::ostream* output) { *output << message.Text; }

@@ -6,6 +6,7 @@
 #include "editor/view_commands.h"
 #include "model/stock.h"
 #include "platform/fault.h"
+#include "storage/circuit_file.h"
 #include "support/chain.h"
 #include "support/temporary_folder.h"
 
@@ -119,11 +120,13 @@ class RandomSession {
 public:
     RandomSession(unsigned seed, bool everything) : random_(seed), everything_(everything) {
         session_.Windows = &windows_;
+        session_.Now = [this] { return now_ += std::chrono::minutes(1); }; // no two moves are one step
         session_.Observe([&](const Changes& changes) { heard_.push_back(changes); });
     }
 
     int Faults = 0;
     int Refused = 0;
+    int Steps = 0;
     std::size_t LongestTrack = 0;
 
     void Step() {
@@ -143,6 +146,7 @@ public:
         }
         ASSERT_NO_FATAL_FAILURE(ExpectMode(before.EditState.InsertMode));
         ASSERT_NO_FATAL_FAILURE(ExpectHeard(before));
+        ASSERT_NO_FATAL_FAILURE(ExpectHistory(before));
         for (const Track& track : after.Design.Circuit.Tracks)
             LongestTrack = std::max(LongestTrack, track.ElementCodes.size());
     }
@@ -198,10 +202,52 @@ private:
                                .Stock = before.Stock != after.Stock,
                                .Preferences = before.Preferences != after.Preferences};
         ASSERT_EQ(heard_.size(), 1U) << last_;
-        ASSERT_TRUE(heard_[0] == expected) << last_;
+        Changes compared = heard_[0];
+        compared.Saved = compared.OtherCircuit = false; // not to be seen from the project
+        ASSERT_TRUE(compared == expected) << last_;
+    }
+
+    /// Each state is what stood there, and a step that is taken back and done again comes to the same bytes.
+    void ExpectHistory(const Project& before) {
+        const History& history = session_.History();
+        if (last_ == "undo" || last_ == "redo") {
+            ASSERT_EQ(ContentOf(session_.Project), states_[history.Present()]) << last_;
+        } else if (history.Present() != present_) {
+            ASSERT_EQ(history.Present(), present_ + 1) << last_;
+            if (states_.empty()) states_.push_back(ContentOf(before));
+            states_.resize(history.Present());
+            states_.push_back(ContentOf(session_.Project));
+            const Project after = session_.Project;
+            ASSERT_NO_FATAL_FAILURE(ExpectStep("undo", before));
+            ASSERT_NO_FATAL_FAILURE(ExpectStep("redo", after));
+            ++Steps;
+        } else {
+            ASSERT_TRUE(before.Design.Circuit == session_.Project.Design.Circuit) << last_;
+        }
+        present_ = history.Present();
+    }
+
+    void ExpectStep(const char* id, const Project& expected) {
+        session_.Run(*session_.Commands.Find(id));
+        const EditState& edit = session_.Project.EditState;
+        ASSERT_EQ(CircuitBytes(session_.Project.Design), CircuitBytes(expected.Design)) << id << " of " << last_;
+        ASSERT_EQ(edit.CurrentTrack, expected.EditState.CurrentTrack) << id << " of " << last_;
+        ASSERT_EQ(edit.CurrentElement, expected.EditState.CurrentElement) << id << " of " << last_;
+        ASSERT_EQ(edit.DataChanged, expected.EditState.DataChanged) << id << " of " << last_;
+        ASSERT_EQ(edit.File, expected.EditState.File) << id << " of " << last_;
+    }
+
+    /// What a state holds, as bytes: all of the design but where the view stands, which zoom and scroll bars move.
+    static std::string ContentOf(const Project& project) {
+        Design design = project.Design;
+        design.View = {};
+        return CircuitBytes(design);
     }
 
     Random random_;
+    std::chrono::steady_clock::time_point now_{};
+    std::vector<std::string> states_;
+    std::size_t present_ = 0;
     bool everything_;
     TemporaryFolder folder_;
     RandomUser user_{random_, folder_.Path()};
@@ -223,6 +269,7 @@ TEST(RandomCommands, KeepTheRulesOfTheModelThroughLoadsAndSaves) {
         }
         EXPECT_GT(session.Faults, 50);
         EXPECT_GT(session.Refused, 500);
+        EXPECT_GT(session.Steps, 1500);
     }
 }
 

@@ -131,7 +131,8 @@ TEST_F(TheSession, TellsOfAllThatALoadBrings) {
                                                      .Room = true,
                                                      .View = true,
                                                      .EditState = true,
-                                                     .Preferences = true})); // the working directory
+                                                     .Preferences = true, // the working directory
+                                                     .OtherCircuit = true}));
     EXPECT_EQ(CodesOf(FirstTrack()), "C160");
 }
 
@@ -143,7 +144,7 @@ TEST_F(TheSession, TellsOnceOfAFaultedCommandWithWhatItChangedBefore) {
 
     EXPECT_THROW(session.Run(*session.Commands.Find("save")), Fault);
 
-    EXPECT_THAT(heard_, ElementsAre(Changes{.EditState = true, .Preferences = true}));
+    EXPECT_THAT(heard_, ElementsAre(Changes{.EditState = true, .Preferences = true, .Saved = true}));
     EXPECT_THAT(prompts_.Told, IsEmpty()) << "whoever runs the command tells of it";
 }
 

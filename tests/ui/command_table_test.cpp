@@ -19,7 +19,15 @@ namespace {
 
 QString Shown(const std::string& text) { return QString::fromStdString(text); }
 
-QKeySequence KeyOf(const Command& command) { return QKeySequence(Shown(command.Key), QKeySequence::PortableText); }
+QKeySequence KeyOf(const std::string& key) { return QKeySequence(Shown(key), QKeySequence::PortableText); }
+QKeySequence KeyOf(const Command& command) { return KeyOf(command.Key); }
+
+QList<QKeySequence> KeysOf(const Command& command) {
+    QList<QKeySequence> keys;
+    for (const std::string& key : {command.Key, command.OtherKey})
+        if (!key.empty()) keys.append(KeyOf(key));
+    return keys;
+}
 
 /// The tip of a control that shows its key nowhere else.
 QString TipWithKey(const Command& command) {
@@ -67,8 +75,17 @@ protected:
             ++project.EditState.CurrentElement[0];
         project.Preferences.WorkingDirectory = (Folder / "").string();
         Open(project);
+        Opened = Project;
+        MakeHistory(*Session, command);
         if (command.Id == "background clear") Session->Do([&] { Session->Background = Floor(); });
         if (command.Id == "cancel job") Session->Do([&] { Session->StartJob(WaitToBeStopped); });
+    }
+
+    /// Gives undo and redo what they are for.
+    static void MakeHistory(pistaro::Session& session, const Command& command) {
+        if (command.Id != "undo" && command.Id != "redo") return;
+        session.Run(*session.Commands.Find("mirror"));
+        if (command.Id == "redo") session.Run(*session.Commands.Find("undo"));
     }
 
     /// Every control that the user can press: the buttons, and the entries of the menus. Those that the toolkit makes
@@ -100,7 +117,8 @@ protected:
     void ExpectRun(const Command& command, Use use) {
         OpenSuitedTo(command);
         ScriptedPrompts user;
-        pistaro::Session session(Pieces(), user, Project, "");
+        pistaro::Session session(Pieces(), user, Opened, "");
+        MakeHistory(session, command);
         session.Background = Session->Background;
         const bool showsPage = command.Id == "guide" || command.Id == "manual";
         const std::string expected = OutcomeOf(
@@ -113,6 +131,7 @@ protected:
 
     const CommandTable Table{Pieces()};
     TemporaryFolder Folder;
+    pistaro::Project Opened; ///< as the window was opened on it
 
 private:
     /// Only a manual stands in the working directory.
@@ -178,9 +197,9 @@ TEST_F(TableAndWindow, EachRowHasExactlyOneLiveControlThatShowsIt) {
         const QVariant index = controls[0]->property("Index");
         EXPECT_EQ(index, command.Index < 0 ? QVariant() : QVariant(command.Index));
         if (const auto* const entry = qobject_cast<const QAction*>(controls[0])) {
-            EXPECT_EQ(entry->text(), Shown(command.Caption));
+            EXPECT_EQ(entry->text(), Shown(command.Shows ? command.Shows(*Session) : command.Caption));
             EXPECT_EQ(entry->toolTip(), Shown(command.Tip));
-            EXPECT_EQ(entry->shortcut(), KeyOf(command));
+            EXPECT_EQ(entry->shortcuts(), KeysOf(command));
             EXPECT_TRUE(entry->isEnabled());
             EXPECT_TRUE(entry->isVisible());
             continue;
@@ -224,12 +243,13 @@ TEST_F(TableAndWindow, EachControlRunsItsRow) {
 
 TEST_F(TableAndWindow, EachKeyRunsItsRow) {
     for (const Command& command : Table.Rows()) {
-        if (command.Key.empty()) continue;
-        SCOPED_TRACE(command.Id);
-        ExpectRun(command, [&] {
-            const QKeyCombination key = KeyOf(command)[0];
-            QTest::keyClick(Window.get(), key.key(), key.keyboardModifiers());
-        });
+        for (const QKeySequence& sequence : KeysOf(command)) {
+            SCOPED_TRACE(command.Id);
+            ExpectRun(command, [&] {
+                const QKeyCombination key = sequence[0];
+                QTest::keyClick(Window.get(), key.key(), key.keyboardModifiers());
+            });
+        }
     }
 }
 
@@ -294,7 +314,8 @@ TEST_F(TableAndWindow, NoTwoKeysAreAlike) {
     Open();
     std::multiset<QString> keys;
     for (const QAction* const entry : Window->findChildren<QAction*>())
-        if (!entry->shortcut().isEmpty()) keys.insert(entry->shortcut().toString());
+        for (const QKeySequence& key : entry->shortcuts())
+            keys.insert(key.toString());
     for (const QShortcut* const shortcut : Window->findChildren<QShortcut*>())
         keys.insert(shortcut->key().toString());
 
