@@ -1,0 +1,191 @@
+// Whatever is written, each call to the system fails once with each error that a disk gives. Then the old file or the
+// new one stands there whole and nothing else, its user was told which file it is and why, and can do the same again.
+#include "editor/colour_settings.h"
+#include "editor/draw_area.h"
+#include "editor/owned_track.h"
+#include "editor/start_up.h"
+#include "faults/desk.h"
+#include "faults/failing_calls.h"
+#include "imaging/circuit_picture.h"
+#include "platform/fault.h"
+#include "report/guide.h"
+#include "stats/shopping_list.h"
+#include "storage/circuit_file.h"
+#include "support/circuit_text.h"
+#include "support/pieces.h"
+#include "support/settings_bytes.h"
+
+#include <gmock/gmock.h>
+
+#include <cerrno>
+#include <functional>
+
+namespace pistaro {
+
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+using testing::UnorderedElementsAreArray;
+
+struct Failure {
+    int Error;
+    const char* Told;
+};
+
+constexpr std::array Failures{Failure{ENOSPC, "Disk full: "}, Failure{EDQUOT, "Disk full: "},
+                              Failure{EACCES, "Permission denied: "}, Failure{EIO, ": Input/output error"},
+                              Failure{EXDEV, ": Invalid cross-device link"}};
+
+/// Something that writes, done as its user does it, with a message for each fault.
+using Operation = std::function<void(Desk&)>;
+
+class FailingCalls : public testing::Test {
+protected:
+    /// `written` are the files that the operation makes or replaces.
+    void TryEachCall(const Operation& operation, const std::vector<std::string>& written) {
+        before_ = TreeBelow(desk_.Folder());
+        operation(desk_);
+        ASSERT_THAT(desk_.Faults(), IsEmpty());
+        after_ = TreeBelow(desk_.Folder());
+        ASSERT_THAT(Others(before_, after_), UnorderedElementsAreArray(written));
+
+        for (const Failure& failure : Failures) {
+            int call = 0;
+            while (FailedAt(++call, failure, operation))
+                if (HasFatalFailure()) return;
+            EXPECT_GT(call, 5) << "opened, written, flushed, closed, renamed: so many calls fail at least";
+        }
+        FailedAt(1, {ShortWrite, ""}, operation);
+        EXPECT_THAT(Others(TreeBelow(desk_.Folder()), after_), IsEmpty())
+            << "what is written in two parts is whole, too";
+    }
+
+    Desk desk_;
+
+private:
+    /// Does it with that call failing, and looks at what is left. False when the operation makes fewer calls.
+    bool FailedAt(int call, const Failure& failure, const Operation& operation) {
+        desk_.Lay();
+        const Design design = desk_.Session().Project.Design;
+        FailCall(desk_.Folder().string(), call, failure.Error);
+        operation(desk_);
+        const std::string failed = StopFailing();
+        SCOPED_TRACE("call " + std::to_string(call) + ", error " + std::to_string(failure.Error) + ": " + failed);
+
+        const Tree left = TreeBelow(desk_.Folder());
+        ExpectOldOrNew(left, before_, after_);
+        const std::vector<std::string> faults = desk_.Faults();
+        if (faults.empty()) {
+            EXPECT_THAT(Others(left, after_), IsEmpty()) << "nothing was told";
+        } else {
+            EXPECT_THAT(faults, SizeIs(1));
+            EXPECT_THAT(faults[0], AllOf(HasSubstr(failure.Told), HasSubstr(desk_.Folder().string())));
+        }
+        const Project& project = desk_.Session().Project;
+        EXPECT_EQ(project.Design, design);
+        EXPECT_TRUE(project.EditState.DataChanged || left.at("oval.trk") == after_.at("oval.trk")) << "forgotten";
+        if (!faults.empty()) ExpectDoneAgain(operation);
+        return !failed.empty();
+    }
+
+    void ExpectDoneAgain(const Operation& operation) {
+        desk_.Prompts() = {};
+        operation(desk_);
+        EXPECT_THAT(desk_.Faults(), IsEmpty()) << "a second time";
+        EXPECT_THAT(Others(TreeBelow(desk_.Folder()), after_), IsEmpty()) << "a second time";
+    }
+
+    Tree before_, after_;
+};
+
+} // namespace
+
+TEST_F(FailingCalls, OfASave) {
+    const Operation save = [](Desk& desk) {
+        desk.Prompts().Files = {desk.Circuit()};
+        desk.Prompts().Answers = {Answer::Yes};
+        desk.Session().TryRun(*desk.Session().Commands.Find("save"));
+    };
+
+    TryEachCall(save, {"oval.trk", "corvel.ini"});
+
+    EXPECT_EQ(BytesOf(desk_.Circuit()), CircuitText("C160 C159"));
+    EXPECT_THAT(BytesOf(desk_.Settings()), HasSubstr("[Working Directory]\r\n" + desk_.Folder().string() + "/\r\n"));
+}
+
+TEST_F(FailingCalls, OfTheColourDialogsSave) {
+    const Operation save = [](Desk& desk) {
+        ColourScheme colours;
+        colours.Rail = 222222;
+        desk.Session().Do([&] { SaveColours(Pieces(), desk.Settings(), colours, desk.Prompts()); });
+    };
+
+    TryEachCall(save, {"corvel.ini"});
+
+    EXPECT_THAT(BytesOf(desk_.Settings()), HasSubstr("\r\nRail=222222\r\n"));
+}
+
+TEST_F(FailingCalls, OfTheOwnedTrackDialogsSave) {
+    const Operation save = [](Desk& desk) {
+        StockBoxes boxes = EmptyStockBoxes(Pieces());
+        FillStockBoxes(Pieces(), desk.Session().Project.Stock, boxes);
+        boxes[0].Owned = "17";
+        desk.Session().Do(
+            [&] { SaveOwnedTrack(Pieces(), desk.Settings(), desk.Session().Project.Stock, boxes, desk.Prompts()); });
+    };
+
+    TryEachCall(save, {"corvel.ini"});
+
+    EXPECT_THAT(BytesOf(desk_.Settings()), HasSubstr("=17\r\n"));
+}
+
+TEST_F(FailingCalls, OfTheDrawAreaDialogsSave) {
+    const Operation save = [](Desk& desk) {
+        Project& project = desk.Session().Project;
+        DrawAreaFields fields = OpenDrawArea(project.Design, project.Preferences);
+        fields.Step = "7";
+        desk.Session().Do([&] { SaveDrawArea(Pieces(), project, desk.Settings(), fields, desk.Prompts()); });
+    };
+
+    TryEachCall(save, {"corvel.ini"});
+
+    EXPECT_THAT(BytesOf(desk_.Settings()), HasSubstr("\r\nStep=7\r\n"));
+}
+
+TEST_F(FailingCalls, OfASavedPicture) {
+    const OffscreenGraphics graphics;
+
+    TryEachCall([](Desk& desk) { desk.Session().TryRun(*desk.Session().Commands.Find("save picture")); },
+                {"track.bmp"});
+
+    EXPECT_THAT(BytesOf(desk_.Folder() / "track.bmp"), AllOf(StartsWith("BM"), SizeIs(54 + 30 * 92)));
+}
+
+TEST_F(FailingCalls, OfTheShoppingList) {
+    const Operation write = [](Desk& desk) {
+        desk.Session().Do([&] {
+            const Project& project = desk.Session().Project;
+            const Detail detail = ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, false);
+            desk.Prompts().Tell(WriteShoppingList(Pieces(), project.Stock, project.Preferences, detail));
+        });
+    };
+
+    TryEachCall(write, {"shoppingList.txt"});
+
+    EXPECT_THAT(BytesOf(desk_.Folder() / "shoppingList.txt"), HasSubstr("C159"));
+}
+
+TEST_F(FailingCalls, OfTheGuide) {
+    const std::vector<GuideFile> guide{
+        {"C151L.gif", "a piece", true}, {"track.gif", "the layout"}, {"guide.html", "page"}};
+    const Operation write = [&](Desk& desk) {
+        desk.Session().Do([&] { WriteGuide(desk.Session().Project.Preferences, guide); });
+    };
+
+    TryEachCall(write, {"C151L.gif", "track.gif", "guide.html"});
+}
+
+} // namespace pistaro
