@@ -20,3 +20,8 @@ if(PISTARO_SANITIZERS)
         -Wno-maybe-uninitialized)
     add_link_options(-fsanitize=address,undefined)
 endif()
+if(PISTARO_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()

@@ -5,6 +5,7 @@ PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohm
 fonts-dejavu-core"
 PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev chromium"
 PACKAGES_BENCH="$PACKAGES_BUILD libbenchmark-dev"
+PACKAGES_FUZZ="$PACKAGES_BUILD clang libclang-rt-14-dev"
 PACKAGES_CHECK="$PACKAGES_TEST libbenchmark-dev clang-format clang-tidy"
 PACKAGES_DEB="$PACKAGES_BUILD dpkg-dev file desktop-file-utils shared-mime-info"
 PACKAGES_WINDOWS="$PACKAGES_BUILD libgtest-dev libgmock-dev qt6-base-dev-tools g++-mingw-w64-x86-64-posix make dpkg-dev
