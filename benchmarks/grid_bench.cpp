@@ -10,7 +10,7 @@
 namespace pistaro {
 namespace {
 
-constexpr QSize Size(700, 700);
+const CanvasFrame Frame{{700, 700}};
 
 struct GridCase {
     float Width; ///< of the view, cm
@@ -26,7 +26,7 @@ void RedrawWithGrid(benchmark::State& state, GridCase grid, bool shown) {
     float step = 1;
     for (auto _ : state) {
         if (grid.Moving) project.Design.View.MidX += step = -step;
-        drawing.Redraw(Pieces(), project, {}, Size, 1);
+        drawing.Redraw(Pieces(), project, {}, Frame);
     }
 }
 

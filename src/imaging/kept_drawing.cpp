@@ -2,40 +2,153 @@
 
 #include "render/redraw.h"
 
+#include <QFontMetrics>
+
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
 
 namespace pistaro {
 
 namespace {
 
-QImage EmptyPicture(QSize size, double pixelRatio) {
-    QImage picture(PixelsOf(size, pixelRatio), QImage::Format_RGB32);
-    picture.setDevicePixelRatio(pixelRatio);
+QImage EmptyPicture(const CanvasFrame& frame) {
+    QImage picture(PixelsOf(frame.Size, frame.PixelRatio), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(frame.PixelRatio);
     return picture;
+}
+
+QRectF WholeOf(const CanvasFrame& frame) { return {QPointF(0, 0), QSizeF(frame.Size)}; }
+
+/// A painter and a surface on a part of a canvas whose drawing lies `offset` beside its place.
+struct CanvasSurface {
+    CanvasSurface(QImage& picture, const CanvasFrame& frame, QPointF offset, const QRectF& part, const QImage& backdrop)
+        : Painter(&picture), Surface(Painter, TargetSize::Square(frame.Square().width()), backdrop) {
+        if (part != WholeOf(frame)) Painter.setClipRect(part);
+        const QPointF corner = frame.Square().topLeft() + offset;
+        Painter.translate(corner);
+        Surface.Uncover(part.translated(-corner));
+    }
+
+    QPainter Painter;
+    PainterSurface Surface;
+};
+
+void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const ViewSettings& view,
+                  const CanvasFrame& frame, const ViewRectangle& covered) {
+    canvas.Surface.Clear(preferences.Colours.Background);
+    ShowView(view, canvas.Surface);
+    const ViewRectangle shown = ShownRectangle(view);
+    DrawGrid(preferences, covered, double{shown.ViewRight} - shown.ViewLeft, canvas.Surface);
+    canvas.Painter.resetTransform();
+    canvas.Painter.translate(frame.Square().topLeft());
+    DrawAreaLabel(preferences, shown, canvas.Surface);
+}
+
+/// Moves a picture's pixels; what comes in from beyond its edges keeps what stood there.
+void Scroll(QImage& picture, QPoint by) {
+    const int rows = picture.height() - std::abs(by.y());
+    const auto pixels = static_cast<std::size_t>(picture.width() - std::abs(by.x())) * sizeof(QRgb);
+    const auto row = [&](int index) { return by.y() > 0 ? rows - 1 - index : index; };
+    for (int index = 0; index < rows; ++index) {
+        uchar* const from = picture.scanLine(row(index) + std::max(0, -by.y()));
+        uchar* const to = picture.scanLine(row(index) + std::max(0, by.y()));
+        std::memmove(to + std::max(0, by.x()) * static_cast<int>(sizeof(QRgb)),
+                     from + std::max(0, -by.x()) * static_cast<int>(sizeof(QRgb)), pixels);
+    }
+}
+
+QRect Outwards(const QRectF& place) { return place.toAlignedRect().adjusted(-1, -1, 1, 1); }
+
+/// What of a picture comes into sight when it is moved by so many of its pixels.
+QRegion Uncovered(const CanvasFrame& frame, QPoint by) {
+    const QRect whole(QPoint(0, 0), frame.Size);
+    const QRectF kept = QRectF(QRect(by, PixelsOf(frame.Size, frame.PixelRatio)));
+    const QRectF keptPlace(kept.topLeft() / frame.PixelRatio, kept.size() / frame.PixelRatio);
+    const QRect stays = (keptPlace & WholeOf(frame)).toAlignedRect().adjusted(1, 1, -1, -1);
+    QRegion uncovered = QRegion(whole) - stays;
+    // Only where it came from: the other edges are what they were.
+    if (by.x() >= 0) uncovered -= QRect(stays.right() + 1, stays.top(), whole.width(), stays.height());
+    if (by.x() <= 0) uncovered -= QRect(whole.left(), stays.top(), stays.left(), stays.height());
+    if (by.y() >= 0) uncovered -= QRect(stays.left(), stays.bottom() + 1, stays.width(), whole.height());
+    if (by.y() <= 0) uncovered -= QRect(stays.left(), whole.top(), stays.width(), stays.top());
+    return uncovered;
 }
 
 } // namespace
 
-QSize PixelsOf(QSize size, double pixelRatio) { return (QSizeF(size) * pixelRatio).toSize(); }
-
-void KeptDrawing::DrawGroundOf(const GroundKey& key, const QImage& backdrop) {
-    ground_ = EmptyPicture(key.Size, key.PixelRatio);
-    picture_ = EmptyPicture(key.Size, key.PixelRatio);
-    QPainter painter(&ground_);
-    PainterSurface surface(painter, TargetSize::Square(key.Size.width()), backdrop);
-    DrawGround(key.Preferences, key.View, surface);
-    key_ = key;
+void KeptDrawing::DrawGroundOf(const QImage& backdrop) {
+    ground_ = EmptyPicture(key_.Frame);
+    picture_ = EmptyPicture(key_.Frame);
+    hasBackdrop_ = !backdrop.isNull();
+    CanvasSurface canvas(ground_, key_.Frame, {}, WholeOf(key_.Frame), backdrop);
+    DrawGroundOn(canvas, key_.Preferences, key_.View, key_.Frame, key_.Frame.Covered(key_.View));
 }
 
-void KeptDrawing::Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop, QSize size,
-                         double pixelRatio) {
-    const GroundKey key{project.Preferences, project.Design.View, backdrop.cacheKey(), size, pixelRatio};
-    if (key != key_) DrawGroundOf(key, backdrop);
+void KeptDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part) {
+    CanvasSurface canvas(picture_, key_.Frame, offset_, part, {});
+    ShowView(project.Design.View, canvas.Surface);
+    DrawCircuit(catalogue, project, canvas.Surface);
+}
+
+void KeptDrawing::Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop,
+                         const CanvasFrame& frame) {
+    const GroundKey key{project.Preferences, project.Design.View, backdrop.cacheKey(), frame};
+    if (key != key_ || !offset_.isNull() || ground_.isNull()) {
+        key_ = key;
+        offset_ = {};
+        DrawGroundOf(backdrop);
+    }
     std::copy_n(ground_.constBits(), ground_.sizeInBytes(), picture_.bits());
-    QPainter painter(&picture_);
-    PainterSurface surface(painter, TargetSize::Square(size.width()));
-    ShowView(project.Design.View, surface);
-    DrawCircuit(catalogue, project, surface);
+    DrawTracksOf(catalogue, project, QRect(QPoint(0, 0), frame.Size));
+}
+
+QRect KeptDrawing::AreaLabelPlace() const {
+    constexpr double leftEdge = 0.02; // of the view's width, as the label's height
+    constexpr double height = 0.05;
+    constexpr int room = 24; // pixels for the text's line
+    const QRect square = key_.Frame.Square();
+    return {square.left() + static_cast<int>(leftEdge * square.width()) - 2,
+            square.bottom() - static_cast<int>(height * square.width()) - 2, square.width() / 2, room};
+}
+
+bool KeptDrawing::Shift(const Catalogue& catalogue, const Project& project) {
+    const ViewSettings& view = project.Design.View;
+    if (picture_.isNull() || hasBackdrop_ || view.Width != key_.View.Width) return false;
+    const CanvasFrame& frame = key_.Frame;
+    const QPointF exact =
+        (frame.PlaceOf({key_.View.MidX, key_.View.MidY}, view) - frame.PlaceOf({view.MidX, view.MidY}, view)) *
+        frame.PixelRatio;
+    const QPoint by = (exact - offset_ * frame.PixelRatio).toPoint();
+    if (std::abs(by.x()) >= picture_.width() || std::abs(by.y()) >= picture_.height()) return false;
+
+    Scroll(ground_, by);
+    Scroll(picture_, by);
+    offset_ += (QPointF(by) - exact) / frame.PixelRatio;
+    const QRect label = AreaLabelPlace();
+    const QRect movedLabel = Outwards(QRectF(label).translated(QPointF(by) / frame.PixelRatio));
+    key_.View = view;
+    const ViewRectangle covered = frame.Covered(view);
+    for (const QRect& part : Uncovered(frame, by) + label + movedLabel) {
+        {
+            CanvasSurface ground(ground_, frame, offset_, part, {});
+            DrawGroundOn(ground, key_.Preferences, view, frame, covered);
+        }
+        QPainter(&picture_).drawImage(
+            part, ground_, QRectF(QPointF(part.topLeft()) * frame.PixelRatio, QSizeF(part.size()) * frame.PixelRatio));
+        DrawTracksOf(catalogue, project, part);
+    }
+    return true;
+}
+
+void KeptDrawing::PaintStretched(QPainter& painter, const ViewSettings& view) const {
+    const CanvasFrame& frame = key_.Frame;
+    const ViewRectangle kept = frame.Covered(key_.View);
+    const QRectF place(frame.PlaceOf({kept.ViewLeft, kept.ViewTop}, view),
+                       frame.PlaceOf({kept.ViewRight, kept.ViewBottom}, view));
+    painter.fillRect(WholeOf(frame), ToQColor(key_.Preferences.Colours.Background));
+    painter.drawImage(place, picture_, QRectF(picture_.rect()));
 }
 
 } // namespace pistaro

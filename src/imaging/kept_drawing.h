@@ -1,18 +1,28 @@
-// The drawing of a window: redrawn at every change, of which few concern what lies under the tracks.
+// The drawing of a window: redrawn at every change, of which few concern what lies under the tracks, and moved as it is
+// while the view is.
 #pragma once
 
+#include "imaging/canvas_frame.h"
 #include "imaging/painter_surface.h"
 #include "model/project.h"
+
+#include <QRegion>
 
 namespace pistaro {
 
 class KeptDrawing {
 public:
-    /// Redraws the circuit, to the pixel as RedrawCircuit does: `size` in device-independent pixels, of which each is
-    /// `pixelRatio` of the picture's wide. The ground, whose grid may have ten thousand dots, is drawn when it changes,
-    /// and copied otherwise.
-    void Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop, QSize size,
-                double pixelRatio);
+    /// Redraws the circuit; the view's square to the pixel as RedrawCircuit does. The ground, whose grid may have ten
+    /// thousand dots, is drawn when it changes, and copied otherwise.
+    void Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop, const CanvasFrame& frame);
+
+    /// Brings the drawing to a view of another centre, when nothing else has changed since it was drawn: moves what is
+    /// kept by whole pixels and draws what comes into sight, so that it lies up to half a pixel beside its place until
+    /// the next redraw. False, and nothing done, where it must be redrawn.
+    bool Shift(const Catalogue& catalogue, const Project& project);
+
+    /// Paints the drawing as it is kept where it lies in another view, larger or smaller.
+    void PaintStretched(QPainter& painter, const ViewSettings& view) const;
 
     /// As it was redrawn last; null before.
     const QImage& Picture() const { return picture_; }
@@ -23,20 +33,20 @@ private:
         pistaro::Preferences Preferences;
         ViewSettings View;
         qint64 Backdrop = 0;
-        QSize Size;
-        double PixelRatio = 0;
+        CanvasFrame Frame;
 
         bool operator==(const GroundKey&) const = default;
     };
 
-    void DrawGroundOf(const GroundKey& key, const QImage& backdrop);
+    void DrawGroundOf(const QImage& backdrop);
+    void DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part);
+    QRect AreaLabelPlace() const;
 
     GroundKey key_;
+    bool hasBackdrop_ = false;
+    QPointF offset_; ///< where the drawing lies beside its place, after shifts, device-independent pixels
     QImage ground_;
     QImage picture_;
 };
-
-/// How many pixels of a picture such a size takes.
-QSize PixelsOf(QSize size, double pixelRatio);
 
 } // namespace pistaro

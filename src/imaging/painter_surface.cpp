@@ -37,9 +37,9 @@ QPainterPath ArcPath(QPointF centre, double radius, double start, double span) {
     return path;
 }
 
-/// The part of a line inside a target with a margin around it, after Liang and Barsky: far coordinates of a strange
+/// The part of a line inside a rectangle with a margin around it, after Liang and Barsky: far coordinates of a strange
 /// file must not reach the rasteriser.
-std::optional<QLineF> Clipped(QPointF from, QPointF to, const TargetSize& target, double margin) {
+std::optional<QLineF> Clipped(QPointF from, QPointF to, const QRectF& part, double margin) {
     const double dx = to.x() - from.x();
     const double dy = to.y() - from.y();
     double enter = 0;
@@ -55,8 +55,8 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, const TargetSize& target
         }
         return enter <= leave;
     };
-    const bool visible = clip(-dx, from.x() + margin) && clip(dx, target.Width + margin - from.x()) &&
-                         clip(-dy, from.y() + margin) && clip(dy, target.Height + margin - from.y());
+    const bool visible = clip(-dx, from.x() - part.left() + margin) && clip(dx, part.right() + margin - from.x()) &&
+                         clip(-dy, from.y() - part.top() + margin) && clip(dy, part.bottom() + margin - from.y());
     if (!visible) return std::nullopt;
     return QLineF(from.x() + enter * dx, from.y() + enter * dy, from.x() + leave * dx, from.y() + leave * dy);
 }
@@ -68,14 +68,14 @@ QColor ToQColor(Colour colour) { return {Red(colour), Green(colour), Blue(colour
 Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
 
 PainterSurface::PainterSurface(QPainter& painter, const TargetSize& target, const QImage& backdrop)
-    : painter_(painter), target_(target), backdrop_(backdrop) {
+    : painter_(painter), target_(target), part_(0, 0, target.Width, target.Height), backdrop_(backdrop) {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setBrush(Qt::NoBrush);
 }
 
 void PainterSurface::Clear(Colour background) {
-    painter_.fillRect(QRectF(0, 0, target_.Width, target_.Height), ToQColor(background));
+    painter_.fillRect(part_, ToQColor(background));
     if (!backdrop_.isNull()) painter_.drawImage(QPointF(0, 0), backdrop_);
 }
 
@@ -92,7 +92,7 @@ void PainterSurface::SetPen(PenWidth width) {
 }
 
 void PainterSurface::Draw(const LineSegment& line, Colour colour) {
-    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), target_, Reach());
+    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), part_, Reach());
     if (!visible) return;
     UsePen(colour);
     painter_.drawLine(*visible);
@@ -149,13 +149,14 @@ double PainterSurface::Reach() const { return Margin + std::max(0.0, lineWidth_ 
 bool PainterSurface::IsVisible(QPointF centre, double radius) const {
     const double reach = std::fabs(radius) + Reach();
     // Written so that a scale of an empty view, which makes everything not a number, shows nothing.
-    return centre.x() + reach >= 0 && centre.x() - reach <= target_.Width && centre.y() + reach >= 0 &&
-           centre.y() - reach <= target_.Height;
+    return centre.x() + reach >= part_.left() && centre.x() - reach <= part_.right() &&
+           centre.y() + reach >= part_.top() && centre.y() - reach <= part_.bottom();
 }
 
 void PainterSurface::UsePen(Colour colour, double width, Qt::PenCapStyle cap) {
-    if (colour == penColour_ && width == penWidth_ && cap == penCap_) return;
-    painter_.setPen(QPen(ToQColor(colour), width, Qt::SolidLine, cap));
+    if (colour == penColour_ && width == penWidth_ && cap == penCap_ && dashed_ == penDashed_) return;
+    painter_.setPen(QPen(ToQColor(colour), width, dashed_ ? Qt::DashLine : Qt::SolidLine, cap));
+    penDashed_ = dashed_;
     penColour_ = colour;
     penWidth_ = width;
     penCap_ = cap;

@@ -24,6 +24,16 @@ public:
     /// top left.
     PainterSurface(QPainter& painter, const TargetSize& target, const QImage& backdrop = {});
 
+    /// From now on draws what falls into this part of the target's plane, which may reach beyond the target; at first,
+    /// into the target.
+    void Uncover(const QRectF& part) { part_ = part; }
+
+    /// Of all lines and arcs that are drawn from now on.
+    void SetDashed(bool dashed) { dashed_ = dashed; }
+
+    /// To be called when somebody else has used the painter.
+    void ForgetPen() { penColour_ = NoPen; }
+
     void Clear(Colour background) override;
     void SetScale(const ViewRectangle& world) override;
     double PixelsPerCm() const override;
@@ -45,11 +55,14 @@ private:
 
     QPainter& painter_;
     TargetSize target_;
+    QRectF part_; ///< of the target's plane, dots
     QImage backdrop_;
     ViewRectangle world_{0, 1, 1, 0};
     double dotsPerCm_ = 1;
     double lineWidth_ = 1; ///< dots
-    Colour penColour_ = -1;
+    static constexpr Colour NoPen = -1;
+    bool dashed_ = false, penDashed_ = false;
+    Colour penColour_ = NoPen;
     double penWidth_ = 0;
     Qt::PenCapStyle penCap_ = Qt::SquareCap;
     QPointF textPosition_;

@@ -92,17 +92,16 @@ void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Sur
         draw(mark.Shape, mark.MarkInk == Ink::Rail ? rail : outline);
 }
 
-void DrawGrid(const Preferences& preferences, const ViewRectangle& shown, Surface& surface) {
-    const double width = double{shown.ViewRight} - shown.ViewLeft;
+void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth, Surface& surface) {
     const double set = double{preferences.DisplayUnits.UnitFactor()} * preferences.Grid.Step;
-    if (!(set > 0 && width > 0)) return;
+    if (!(set > 0 && viewWidth > 0)) return;
     const double step = ThinnedStep(set, surface.PixelsPerCm());
-    const GridLines columns(shown.ViewLeft, shown.ViewRight, step);
-    const GridLines rows(shown.ViewBottom, shown.ViewTop, step);
+    const GridLines columns(covered.ViewLeft, covered.ViewRight, step);
+    const GridLines rows(covered.ViewBottom, covered.ViewTop, step);
     if (preferences.Grid.Type == static_cast<int>(GridType::Lines)) {
         DrawGridLines(columns, rows, surface);
     } else if (preferences.Grid.Type == static_cast<int>(GridType::Dots)) {
-        DrawGridDots(columns, rows, width / 500, surface);
+        DrawGridDots(columns, rows, viewWidth / 500, surface);
     }
 }
 
@@ -165,7 +164,7 @@ void DrawGround(const Preferences& preferences, const ViewSettings& view, Surfac
     const ViewRectangle shown = ShownRectangle(view);
     surface.Clear(preferences.Colours.Background);
     ShowView(view, surface);
-    DrawGrid(preferences, shown, surface);
+    DrawGrid(preferences, shown, double{shown.ViewRight} - shown.ViewLeft, surface);
     DrawAreaLabel(preferences, shown, surface);
 }
 

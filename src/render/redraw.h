@@ -36,9 +36,9 @@ void DrawTracks(const Catalogue& catalogue, const Project& project, TrackParts p
 /// Draws one piece's lanes, outline and marks in these colours.
 void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Surface& surface);
 
-/// Draws the grid over the rectangle and one step beyond it on each side. Where its step would take less than six
-/// pixels, every 2nd, 5th, 10th … line or dot only.
-void DrawGrid(const Preferences& preferences, const ViewRectangle& shown, Surface& surface);
+/// Draws the grid over the rectangle and one step beyond it on each side, its dots as large as a view of that width
+/// (cm) has them. Where its step would take less than six pixels, every 2nd, 5th, 10th … line or dot only.
+void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth, Surface& surface);
 
 /// Prints the rectangle's size at its lower left.
 void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, Surface& surface);

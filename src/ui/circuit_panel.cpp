@@ -65,18 +65,15 @@ void CircuitPanel::Refresh() {
     SetUp(*vMov_, view.VMov, smallStep, largeStep);
 }
 
-/// The drawing area is kept as large a square as there is room for.
 void CircuitPanel::resizeEvent(QResizeEvent*) {
     const int barWidth = vMov_->sizeHint().width();
-    const QSize tools = tools_->sizeHint();
-    const int side = std::max(0, std::min(width() - barWidth, height() - tools.height() - Gap));
-    const int left = (width() - side - barWidth) / 2;
-    view_->setGeometry(left, 0, side, side);
-    vMov_->setGeometry(left + side, 0, barWidth, side);
     const int barHeight = hMov_->sizeHint().height();
-    const int below = side + Gap;
-    tools_->setGeometry(left + side + barWidth - tools.width(), below, tools.width(), tools.height());
-    hMov_->setGeometry(left, below + (tools.height() - barHeight) / 2, tools_->x() - left - 2 * Gap, barHeight);
+    const QSize tools = tools_->sizeHint();
+    const QSize canvas(std::max(0, width() - barWidth), std::max(0, height() - tools.height() - Gap));
+    view_->setGeometry(QRect(QPoint(0, 0), canvas));
+    vMov_->setGeometry(canvas.width(), 0, barWidth, canvas.height());
+    tools_->setGeometry(width() - tools.width(), canvas.height() + Gap, tools.width(), tools.height());
+    hMov_->setGeometry(0, canvas.height() + Gap + (tools.height() - barHeight) / 2, tools_->x() - 2 * Gap, barHeight);
 }
 
 } // namespace pistaro

@@ -1,4 +1,4 @@
-// The window's middle column: the square drawing area with its scroll bars, zoom buttons and refresh.
+// The window's middle: the drawing area, as wide and high as there is room, with scroll bars, zoom buttons and refresh.
 #pragma once
 
 #include "ui/circuit_view.h"

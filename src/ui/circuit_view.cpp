@@ -9,31 +9,95 @@
 
 namespace pistaro {
 
+namespace {
+
+constexpr int RestTime = 60; ///< milliseconds without a move after which a large circuit is drawn as it is
+
+/// More pieces than can be drawn anew for every step of a moving view.
+constexpr std::size_t ManyPieces = 150;
+
+bool IsLarge(const Circuit& circuit) {
+    std::size_t pieces = 0;
+    for (const Track& track : circuit.Tracks)
+        pieces += track.ElementCodes.size();
+    return pieces > ManyPieces;
+}
+
+} // namespace
+
 CircuitView::CircuitView(Session& session) : session_(session) {
     setObjectName("picCircuit");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(200, 200);
+    rest_.setSingleShot(true);
+    rest_.setInterval(RestTime);
+    connect(&rest_, &QTimer::timeout, this, [this] {
+        stale_ = true;
+        update();
+    });
 }
 
-void CircuitView::Invalidate() {
-    stale_ = true;
+void CircuitView::Invalidate(const Changes& changes) {
+    if (changes == Changes{.View = true}) {
+        moved_ = true;
+    } else {
+        stale_ = true;
+    }
     update();
 }
 
 void CircuitView::Redraw() {
+    rest_.stop();
     drawing_.Redraw(session_.Catalogue, session_.Project, session_.Background ? session_.Background->Image() : QImage(),
-                    size(), devicePixelRatioF());
-    stale_ = false;
+                    Frame());
+    stale_ = moved_ = false;
 }
 
+bool CircuitView::FitsFrame() const { return drawing_.Picture().size() == PixelsOf(size(), devicePixelRatioF()); }
+
 const QImage& CircuitView::Picture() {
-    if (stale_ || drawing_.Picture().size() != PixelsOf(size(), devicePixelRatioF())) Redraw();
+    if (stale_ || moved_ || rest_.isActive() || !FitsFrame()) Redraw();
     return drawing_.Picture();
 }
 
-void CircuitView::paintEvent(QPaintEvent*) { QPainter(this).drawImage(QPointF(0, 0), Picture()); }
+void CircuitView::PaintMoved(QPainter& painter) {
+    rest_.start();
+    if (drawing_.Shift(session_.Catalogue, session_.Project)) {
+        moved_ = false;
+        painter.drawImage(QPointF(0, 0), drawing_.Picture());
+    } else {
+        drawing_.PaintStretched(painter, View());
+    }
+}
 
-void CircuitView::resizeEvent(QResizeEvent*) { session_.PicturePixels = width(); }
+void CircuitView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (moved_ && !stale_ && FitsFrame() && IsLarge(session_.Project.Design.Circuit)) {
+        PaintMoved(painter);
+    } else {
+        if (stale_ || moved_ || !FitsFrame()) Redraw();
+        painter.drawImage(QPointF(0, 0), drawing_.Picture());
+    }
+    for (const auto& [owner, overlay] : overlays_)
+        PaintOverlay(overlay, session_.Catalogue, View(), Frame(), painter);
+}
+
+void CircuitView::SetOverlay(const std::string& owner, Overlay overlay) {
+    overlays_[owner] = std::move(overlay);
+    update();
+}
+
+void CircuitView::ClearOverlay(const std::string& owner) {
+    if (overlays_.erase(owner) > 0) update();
+}
+
+const Overlay& CircuitView::OverlayOf(const std::string& owner) const {
+    static const Overlay none;
+    const auto found = overlays_.find(owner);
+    return found == overlays_.end() ? none : found->second;
+}
+
+void CircuitView::resizeEvent(QResizeEvent*) { session_.PicturePixels = Frame().Square().width(); }
 
 void CircuitView::mousePressEvent(QMouseEvent* event) {
     session_.Do([&] {
@@ -50,11 +114,8 @@ void CircuitView::wheelEvent(QWheelEvent* event) {
         session_.TryRun(*session_.Commands.Find("zoom out"));
 }
 
-WorldPoint CircuitView::WorldAt(QPointF position) const {
-    const ViewRectangle shown = ShownRectangle(session_.Project.Design.View);
-    const double cmPerPixel = (double{shown.ViewRight} - shown.ViewLeft) / width();
-    return {static_cast<float>(shown.ViewLeft + position.x() * cmPerPixel),
-            static_cast<float>(shown.ViewTop - position.y() * cmPerPixel)};
-}
+WorldPoint CircuitView::WorldAt(QPointF place) const { return Frame().WorldAt(place, View()); }
+
+QPointF CircuitView::PlaceOf(WorldPoint point) const { return Frame().PlaceOf(point, View()); }
 
 } // namespace pistaro

@@ -1,11 +1,15 @@
-// The drawing area: the circuit drawn onto a picture that is kept, and clicks on it.
+// The drawing area: the circuit drawn onto a picture that is kept, what lies above it for a while, and the mouse on it.
 #pragma once
 
 #include "commands/session.h"
 #include "imaging/kept_drawing.h"
+#include "imaging/overlay.h"
 #include "layout/shapes.h"
 
+#include <QTimer>
 #include <QWidget>
+
+#include <map>
 
 namespace pistaro {
 
@@ -13,14 +17,25 @@ class CircuitView : public QWidget {
 public:
     explicit CircuitView(Session& session);
 
-    /// Has the circuit redrawn before it is shown next: what changes several times until then is drawn once.
-    void Invalidate();
+    /// Has the circuit brought up to date before it is shown next: what changes several times until then is drawn once.
+    void Invalidate(const Changes& changes);
 
     /// Redraws the circuit from the data.
     void Redraw();
 
-    /// The drawing as it stands.
+    /// The drawing as it stands, without what lies above it.
     const QImage& Picture();
+
+    /// Shows these above the circuit, in place of what the same owner showed before. Owners lie above each other in the
+    /// order of their names. The circuit is not drawn again for it.
+    void SetOverlay(const std::string& owner, Overlay overlay);
+    void ClearOverlay(const std::string& owner);
+    const Overlay& OverlayOf(const std::string& owner) const;
+
+    /// Where the view's square lies, and what of the world is shown beside it.
+    CanvasFrame Frame() const { return {size(), devicePixelRatioF()}; }
+    WorldPoint WorldAt(QPointF place) const;
+    QPointF PlaceOf(WorldPoint point) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -29,12 +44,19 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    WorldPoint WorldAt(QPointF position) const;
+    const ViewSettings& View() const { return session_.Project.Design.View; }
+    bool FitsFrame() const;
+
+    /// Shows a large circuit in a view that has moved: by what is drawn already, for as long as it moves.
+    void PaintMoved(QPainter& painter);
 
     Session& session_;
     KeptDrawing drawing_;
-    bool stale_ = true; ///< the drawing shows an earlier state
-    int wheelTurn_ = 0; ///< what is left of a turn of the wheel, eighths of a degree
+    std::map<std::string, Overlay> overlays_;
+    bool stale_ = true;  ///< the drawing shows an earlier state
+    bool moved_ = false; ///< the view alone is another than the drawing's
+    QTimer rest_;        ///< of a view that moves: after it the circuit is drawn as it is
+    int wheelTurn_ = 0;  ///< what is left of a turn of the wheel, eighths of a degree
 };
 
 } // namespace pistaro

@@ -61,8 +61,8 @@ frmCorvel::frmCorvel(Session& session)
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     AddMainMenus(*this, controls_, session_, [this] { close(); });
     session_.Windows = &dialogs_;
-    session_.Observe([this](const Changes&) { Refresh(); });
-    Refresh();
+    session_.Observe([this](const Changes& changes) { Refresh(changes); });
+    Refresh({});
     resize(QSize(1200, 820).boundedTo(screen()->availableSize() - QSize(0, TitleBarHeight)));
 }
 
@@ -71,13 +71,14 @@ frmCorvel::~frmCorvel() {
     session_.Windows = nullptr;
 }
 
-void frmCorvel::Refresh() {
-    circuit_->View().Invalidate();
+void frmCorvel::Refresh(const Changes& changes) {
+    circuit_->View().Invalidate(changes);
     controls_.Refresh();
-    palette_->Refresh();
     circuit_->Refresh();
+    jobBar_->Refresh();                           // the end of a job may have changed anything
+    if (changes == Changes{.View = true}) return; // a view moves too often for what does not show it
+    palette_->Refresh();
     track_->Refresh();
-    jobBar_->Refresh();
     // "[*]" would be taken for the toolkit's mark of modified documents.
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
     status_->setText(QString::fromStdString(StatusText(session_.Catalogue, session_.Project)));

@@ -20,14 +20,17 @@ public:
     /// Replaces the circuit by a file's, as Load does when its dialog has been answered.
     void Open(const std::filesystem::path& file);
 
+    /// The drawing area, for what is shown above the circuit.
+    CircuitView& Canvas() { return circuit_->View(); }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// Has the drawing redrawn, and brings every control up to date.
-    void Refresh();
+    /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
+    void Refresh(const Changes& changes);
 
     Session& session_;
     CommandControls controls_;

@@ -30,7 +30,7 @@ QImage DrawnAnew(const Shown& shown) {
 }
 
 void Redraw(KeptDrawing& drawing, const Shown& shown) {
-    drawing.Redraw(Pieces(), shown.Design, shown.Backdrop, shown.Size, shown.PixelRatio);
+    drawing.Redraw(Pieces(), shown.Design, shown.Backdrop, {shown.Size, shown.PixelRatio});
 }
 
 QImage Plain(QRgb colour) {

@@ -16,7 +16,7 @@ std::vector<std::string> GridOf(const Project& project, double pixels = 700) {
     const ViewRectangle shown = ShownRectangle(project.Design.View);
     surface.SetScale(shown);
     surface.Lines.clear();
-    DrawGrid(project.Preferences, shown, surface);
+    DrawGrid(project.Preferences, shown, project.Design.View.Width, surface);
     return surface.Lines;
 }
 

@@ -39,7 +39,8 @@ protected:
 
     void Choose(const char* entry) { window_.findChild<QAction*>(entry)->trigger(); }
 
-    QImage Shown() { return window_.findChild<QWidget*>("picCircuit")->grab().toImage(); }
+    /// The view's square as the window shows it.
+    QImage Shown() { return window_.Canvas().grab().toImage().copy(window_.Canvas().Frame().Square()); }
 
     /// The name of a picture file of one colour in the folder.
     std::filesystem::path PictureFile(const char* name, QSize size, QColor colour) {
@@ -194,12 +195,13 @@ TEST_F(PictureCommands, OnADenseScreenTheSavedPictureHasOnePixelPerDeviceIndepen
     Choose("mnuWMF");
 
     const QImage saved(QString::fromStdString((folder_ / "track.bmp").string()));
-    EXPECT_EQ(saved.size(), view.size());
+    const QRect square = view.Frame().Square();
+    EXPECT_EQ(saved.size(), square.size());
     EXPECT_EQ(saved.pixelColor(39, 29), QColor(Qt::cyan));
     EXPECT_EQ(saved.pixelColor(40, 30), QColor(Qt::white));
     EXPECT_EQ(view.Picture().size(), view.size() * 2) << "on the screen it is as fine as the screen";
-    EXPECT_EQ(view.Picture().pixelColor(79, 59), QColor(Qt::cyan));
-    EXPECT_EQ(view.Picture().pixelColor(80, 60), QColor(Qt::white));
+    EXPECT_EQ(view.Picture().pixelColor(2 * square.topLeft() + QPoint(79, 59)), QColor(Qt::cyan));
+    EXPECT_EQ(view.Picture().pixelColor(2 * square.topLeft() + QPoint(80, 60)), QColor(Qt::white));
 }
 
 TEST_F(PictureCommands, AMissingWorkingDirectoryIsToldWhenAPictureIsSaved) {

@@ -43,6 +43,7 @@ protected:
     QAction& Entry(const std::string& name) { return Find<QAction>(name); }
     QListWidget& List() { return Find<QListWidget>("lstTrack"); }
     QWidget& Picture() { return Find<QWidget>("picCircuit"); }
+    CircuitView& Canvas() { return Window->Canvas(); }
 
     void Click(const std::string& name, const std::string& tag = "", int times = 1) {
         for (int i = 0; i < times; ++i)
@@ -64,10 +65,7 @@ protected:
 
     /// Presses and releases a mouse button on the drawing at a point in cm.
     void ClickDrawing(float x, float y) {
-        const ViewRectangle shown = ShownRectangle(Project.Design.View);
-        const double pixelsPerCm = Picture().width() / (double{shown.ViewRight} - shown.ViewLeft);
-        const QPointF place((x - shown.ViewLeft) * pixelsPerCm, (shown.ViewTop - y) * pixelsPerCm);
-        QTest::mouseClick(&Picture(), Qt::LeftButton, {}, place.toPoint());
+        QTest::mouseClick(&Picture(), Qt::LeftButton, {}, Canvas().PlaceOf({x, y}).toPoint());
     }
 
     void ClickLine(int index) {

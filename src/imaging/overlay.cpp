@@ -1,0 +1,132 @@
+#include "imaging/overlay.h"
+
+#include "imaging/painter_surface.h"
+#include "layout/outline.h"
+
+#include <QFontMetricsF>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int TintOpacity = 60; ///< of 255
+constexpr int GhostOpacity = 110;
+constexpr double Tolerance = 0.1; ///< cm, of a ghost's rounded outline
+
+QColor Sheer(Colour colour, int opacity) {
+    QColor sheer = ToQColor(colour);
+    sheer.setAlpha(opacity);
+    return sheer;
+}
+
+/// Draws items of each kind where a view shows them.
+class OverlayPainter {
+public:
+    OverlayPainter(const Catalogue& catalogue, const ViewSettings& view, const CanvasFrame& frame, QPainter& painter)
+        : catalogue_(catalogue), view_(view), frame_(frame), painter_(painter),
+          strokes_(painter, TargetSize::Square(frame.Square().width())) {
+        const QPointF corner = frame.Square().topLeft();
+        strokes_.SetScale(ShownRectangle(view));
+        strokes_.Uncover(QRectF(QPointF(0, 0), QSizeF(frame.Size)).translated(-corner));
+    }
+
+    void operator()(const OverlayPath& path) {
+        strokes_.SetPen({path.Pixels, PenWidth::Unit::Pixels});
+        strokes_.SetDashed(path.Dashed);
+        for (const Segment& segment : path.Path)
+            Stroke(segment, path.InkColour);
+        strokes_.SetDashed(false);
+    }
+
+    void operator()(const OverlayArea& area) {
+        const QPolygonF polygon = Mapped(area.Polygon);
+        painter_.setPen(QPen(ToQColor(area.InkColour), 1.5));
+        painter_.setBrush(area.Hatched ? QBrush(ToQColor(area.InkColour), Qt::BDiagPattern)
+                                       : QBrush(Sheer(area.InkColour, TintOpacity)));
+        painter_.drawPolygon(polygon);
+    }
+
+    void operator()(const OverlayPieces& pieces) {
+        BuildCursor cursor = pieces.Start;
+        std::string before = pieces.CodeBefore;
+        for (const std::string& code : pieces.Codes) {
+            if (const auto placement = PlacePiece(catalogue_, code, cursor, before)) {
+                PaintGhost(*placement, pieces.InkColour);
+                cursor = placement->Exit;
+            }
+            before = code;
+        }
+    }
+
+    void operator()(const OverlayHandle& handle) {
+        const QColor colour = ToQColor(handle.InkColour);
+        painter_.setPen(QPen(handle.Filled ? QColor(Qt::white) : colour, 2));
+        painter_.setBrush(handle.Filled ? QBrush(colour) : QBrush(QColor(Qt::white)));
+        painter_.drawEllipse(frame_.PlaceOf(handle.Place, view_), handle.Pixels, handle.Pixels);
+    }
+
+    void operator()(const OverlayText& text) {
+        constexpr double margin = 5;
+        constexpr double rounding = 4;
+        const QString words = QString::fromStdString(text.Text);
+        const QFontMetricsF metrics(painter_.font());
+        QRectF plate(QPointF(0, 0), QSizeF(metrics.horizontalAdvance(words) + 2 * margin, metrics.height() + margin));
+        plate.moveTopLeft(frame_.PlaceOf(text.Place, view_) + QPointF(3 * margin, -plate.height() - margin));
+        const QRectF whole(QPointF(0, 0), QSizeF(frame_.Size));
+        if (plate.right() > whole.right()) plate.moveRight(whole.right() - margin);
+        if (plate.top() < whole.top()) plate.moveTop(whole.top() + margin);
+        painter_.setPen(QPen(ToQColor(text.InkColour), 1));
+        painter_.setBrush(QColor(255, 255, 255, 235));
+        painter_.drawRoundedRect(plate, rounding, rounding);
+        painter_.setPen(Qt::black);
+        painter_.drawText(plate, Qt::AlignCenter, words);
+    }
+
+private:
+    QPolygonF Mapped(const std::vector<WorldPoint>& points) const {
+        QPolygonF polygon;
+        for (const WorldPoint& point : points)
+            polygon << frame_.PlaceOf(point, view_);
+        return polygon;
+    }
+
+    void Stroke(const Segment& segment, Colour colour) {
+        painter_.save();
+        painter_.setBrush(Qt::NoBrush);
+        painter_.translate(frame_.Square().topLeft());
+        std::visit([&](const auto& shape) { strokes_.Draw(shape, colour); }, segment);
+        painter_.restore();
+        strokes_.ForgetPen(); // the painter has its own again
+    }
+
+    void PaintGhost(const PiecePlacement& placement, Colour colour) {
+        painter_.setPen(QPen(ToQColor(colour), 1.5, Qt::DashLine));
+        painter_.setBrush(Sheer(colour, GhostOpacity));
+        painter_.drawPolygon(Mapped(OutlinePolygon(placement, Tolerance)));
+        strokes_.SetPen({1, PenWidth::Unit::Pixels});
+        for (const Lane& lane : placement.Lanes) {
+            for (const Segment& segment : lane.Path)
+                Stroke(segment, colour);
+        }
+    }
+
+    const Catalogue& catalogue_;
+    const ViewSettings& view_;
+    const CanvasFrame& frame_;
+    QPainter& painter_;
+    PainterSurface strokes_;
+};
+
+} // namespace
+
+void PaintOverlay(const Overlay& overlay, const Catalogue& catalogue, const ViewSettings& view,
+                  const CanvasFrame& frame, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    OverlayPainter items(catalogue, view, frame, painter);
+    for (const OverlayItem& item : overlay)
+        std::visit(items, item);
+    painter.restore();
+}
+
+} // namespace pistaro

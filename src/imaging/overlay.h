@@ -1,0 +1,63 @@
+// What lies above the circuit for a while: ghosts of pieces, marked places, coloured lanes. All in world coordinates,
+// cm; widths in pixels of the screen.
+#pragma once
+
+#include "imaging/canvas_frame.h"
+#include "layout/placement.h"
+#include "model/colour_scheme.h"
+#include "model/project.h"
+
+#include <QPainter>
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace pistaro {
+
+/// Lines and arcs, such as a thick edge, a lane, or the dashed way from an end to a start.
+struct OverlayPath {
+    std::vector<Segment> Path = {};
+    Colour InkColour = 0;
+    double Pixels = 2;
+    bool Dashed = false;
+};
+
+/// A polygon that need not repeat its first point, such as the ground that two pieces share.
+struct OverlayArea {
+    std::vector<WorldPoint> Polygon = {};
+    Colour InkColour = 0;
+    bool Hatched = false; ///< else tinted
+};
+
+/// Pieces that are not laid yet, the first at a pose.
+struct OverlayPieces {
+    std::vector<std::string> Codes = {};
+    BuildCursor Start = {};
+    std::string CodeBefore = {}; ///< of the piece that they would follow; empty where there is none
+    Colour InkColour = 0;
+};
+
+/// A round handle to take hold of.
+struct OverlayHandle {
+    WorldPoint Place = {};
+    Colour InkColour = 0;
+    double Pixels = 7; ///< radius
+    bool Filled = true;
+};
+
+/// A few words on a plate of their own, beside a place.
+struct OverlayText {
+    WorldPoint Place = {};
+    std::string Text = {};
+    Colour InkColour = 0;
+};
+
+using OverlayItem = std::variant<OverlayPath, OverlayArea, OverlayPieces, OverlayHandle, OverlayText>;
+using Overlay = std::vector<OverlayItem>; ///< in the order of drawing
+
+/// Paints the items where the view has them on the canvas, texts in the painter's font.
+void PaintOverlay(const Overlay& overlay, const Catalogue& catalogue, const ViewSettings& view,
+                  const CanvasFrame& frame, QPainter& painter);
+
+} // namespace pistaro
