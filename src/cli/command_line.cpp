@@ -1,6 +1,7 @@
 // The grammar of the command line; each verb's function does the rest.
 #include "cli/command_line.h"
 
+#include "cli/close.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
 #include "imaging/circuit_picture.h"
@@ -26,6 +27,8 @@ struct Arguments {
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
     bool IncludeOwned = false, Numbers = false, Json = false, NoSplash = false;
+    ClosingOptions Closing;
+    std::string ClosedTrack = "1", Tolerance = "0.5";
 };
 
 OptionalPath PathIn(const std::string& text) {
@@ -46,13 +49,26 @@ std::string WhyNoPictureFile(const std::string& name) {
     }
 }
 
-/// An option's check: empty for a whole number of pixels in plain digits; the parser by itself would take "010" for 8.
-std::string WhyNoSize(const std::string& text) {
-    int pixels = 0;
+/// An option's check: for a whole number of this range in plain digits; the parser by itself would take "010" for 8.
+CLI::Validator PlainNumber(int least, int most) {
+    const auto whyNot = [=](const std::string& text) {
+        int number = 0;
+        const char* const end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        const bool plain = error == std::errc() && stop == end && (text == "0" || !text.starts_with('0'));
+        if (plain && number >= least && number <= most) return std::string();
+        return "\"" + text + "\" is no whole number from " + std::to_string(least) + " to " + std::to_string(most);
+    };
+    return {whyNot, ""};
+}
+
+/// An option's check: empty for a tolerance in millimetres.
+std::string WhyNoTolerance(const std::string& text) {
+    double millimetres = 0;
     const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, pixels);
-    const bool plain = error == std::errc() && stop == end && !text.starts_with('0');
-    return plain && pixels >= 1 && pixels <= 10000 ? "" : "\"" + text + "\" is no whole number from 1 to 10000";
+    const auto [stop, error] = std::from_chars(text.data(), end, millimetres);
+    const bool isGood = error == std::errc() && stop == end && millimetres >= 0 && millimetres <= 100;
+    return isGood ? "" : "\"" + text + "\" is no number of millimetres from 0 to 100";
 }
 
 using VerbJob = std::function<void(const VerbContext&)>;
@@ -70,6 +86,7 @@ public:
         AddCatalogue();
         AddSettings();
         AddRecover();
+        AddClose();
     }
     VerbParser(const VerbParser&) = delete;
     VerbParser& operator=(const VerbParser&) = delete;
@@ -120,7 +137,7 @@ private:
         verb->add_option("--out", given_.Out, "The picture file: " + PictureEndings())
             ->required()
             ->check(WhyNoPictureFile);
-        verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(WhyNoSize);
+        verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(PlainNumber(1, 10000));
         verb->add_flag("--numbers", given_.Numbers, "Print the elements' numbers");
         verb->add_option("--background", given_.Background, "A picture that lies behind the drawing");
     }
@@ -153,6 +170,26 @@ private:
         CLI::Option* const out = verb->add_option("--out", given_.Out, "The new file that it is copied to");
         name->needs(out);
         out->needs(name);
+    }
+
+    void AddClose() {
+        CLI::App* const verb =
+            Add("close", "Print pieces that close a track, as JSON", [this](const VerbContext& context) {
+                double millimetres = 0;
+                std::from_chars(given_.Tolerance.data(), given_.Tolerance.data() + given_.Tolerance.size(),
+                                millimetres);
+                given_.Closing.Tolerance = millimetres / 10;
+                CloseVerb(context, Circuit(), given_.ClosedTrack.front() - '1', given_.Closing);
+            });
+        TakeCircuit(verb);
+        ClosingOptions& closing = given_.Closing;
+        verb->add_option("--track", given_.ClosedTrack, "The track: 1, 2 or 3")->check(CLI::IsMember({"1", "2", "3"}));
+        verb->add_option("--max-pieces", closing.MostPieces, "The most pieces to lay: 1 to 12")
+            ->check(PlainNumber(1, 12));
+        verb->add_option("--limit", closing.Limit, "The most suggestions: 1 to 100")->check(PlainNumber(1, 100));
+        verb->add_option("--tolerance", given_.Tolerance, "How far the ends may lie apart, in millimetres")
+            ->check(WhyNoTolerance);
+        verb->add_flag("--owned", closing.OwnedOnly, "Only pieces that are owned and not used");
     }
 
     CLI::App* Add(const char* name, const char* description, const VerbJob& job) {

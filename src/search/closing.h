@@ -1,0 +1,62 @@
+// Pieces that close a track: fewest first, and of the fewest the cheapest.
+#pragma once
+
+#include "layout/track_gap.h"
+#include "model/design.h"
+#include "model/job.h"
+#include "model/stock.h"
+#include "search/closing_tables.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+struct ClosingOptions {
+    int MostPieces = 8;      ///< 1..MostNewPieces
+    int Limit = 10;          ///< suggestions
+    double Tolerance = 0.05; ///< cm between the closed track's end and start
+    bool OwnedOnly = false;  ///< only pieces that are owned and not used
+};
+
+/// A track's elements in whose place others are laid: at its end none.
+struct TrackEdit {
+    int At = 0, Remove = 0;
+    std::vector<std::string> Insert = {};
+
+    bool operator==(const TrackEdit&) const = default;
+};
+
+struct Suggestion {
+    TrackEdit Edit;
+    float Price = 0;         ///< of the pieces laid
+    TrackGap Gap{};          ///< of the track with them
+    bool IsOwned = false;    ///< what is owned and not used covers them
+    bool Overlaps = false;   ///< one of them overlaps a piece that is none of its neighbours
+    bool IsOutside = false;  ///< one of them leaves the room
+    bool IsShortest = false; ///< there is none of fewer pieces
+
+    int Count() const { return static_cast<int>(Edit.Insert.size()); }
+    bool IsFree() const { return !Overlaps && !IsOutside; }
+};
+
+/// The pieces that come nearest to closing a track that nothing closes.
+struct NearestMiss {
+    std::vector<std::string> Pieces = {}; ///< none: the gap as it is
+    float Distance = 0;                   ///< cm
+};
+
+struct Closings {
+    std::vector<Suggestion> Suggestions = {}; ///< best first: free of faults, then fewest, then cheapest
+    std::string WhyNone = {};                 ///< of no suggestions
+    std::optional<NearestMiss> Nearest = {};  ///< where nothing closes the track
+};
+
+/// The closings of a track, 0..2. The pieces are those of the catalogue but chicanes and their extensions,
+/// change-overs, and such as no exact lattice holds; a special piece takes a plain one's place where it is cheaper, or
+/// owned where the plain one is not. Throws Stopped.
+Closings CloseTrack(const ClosingTables& tables, const Catalogue& catalogue, const Design& design, const Stock& stock,
+                    int track, const ClosingOptions& options, const JobWatch& watch);
+
+} // namespace pistaro
