@@ -5,6 +5,7 @@
 #include "cli/script_dialogs.h"
 #include "cli/script_words.h"
 #include "cli/state_json.h"
+#include "commands/closing_commands.h"
 #include "editor/mouse_selection.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
@@ -62,6 +63,10 @@ void Scroll(Script& script, const Words& words) {
     ScrollVertically(view, y);
 }
 
+void Close(Script& script, const Words& words) {
+    LaySuggestion(script.Session, words.size() == 1 ? 1 : IntegerIn(words[1], 1, 100));
+}
+
 void PrintState(Script& script, const Words&) {
     script.Output << Line(StateJson(script.Session.Catalogue, script.Session.Project)) << std::endl;
 }
@@ -88,6 +93,7 @@ constexpr std::array ValueCommands{
     ValueCommand{"select", 2, 2, Select},
     ValueCommand{"click", 3, 3, Click},
     ValueCommand{"scroll", 3, 3, Scroll},
+    ValueCommand{"close", 1, 2, Close},
     ValueCommand{"state", 1, 1, PrintState},
     ValueCommand{"layout", 1, 1, PrintLayout},
     ValueCommand{"colours", 2, AnyNumber, RunColours, true},

@@ -8,6 +8,7 @@
 #include "imaging/picture.h"
 #include "model/project.h"
 #include "model/prompts.h"
+#include "search/closing_tables.h"
 
 #include <filesystem>
 #include <functional>
@@ -36,6 +37,7 @@ public:
 
     const pistaro::Catalogue& Catalogue;
     const CommandTable Commands;
+    const ClosingTables Closings; ///< made as far as a search has needed them
     pistaro::Prompts& Prompts;
     pistaro::Project Project;
     const std::filesystem::path SettingsPath;

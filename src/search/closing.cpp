@@ -218,6 +218,12 @@ private:
 
 } // namespace
 
+void Apply(const TrackEdit& edit, Track& track) {
+    const auto at = track.ElementCodes.begin() + edit.At;
+    const auto behind = track.ElementCodes.erase(at, at + edit.Remove);
+    track.ElementCodes.insert(behind, edit.Insert.begin(), edit.Insert.end());
+}
+
 Closings CloseTrack(const ClosingTables& tables, const Catalogue& catalogue, const Design& design, const Stock& stock,
                     int track, const ClosingOptions& options, const JobWatch& watch) {
     const Track& open = design.Circuit.Tracks[static_cast<std::size_t>(track)];

@@ -28,6 +28,9 @@ struct TrackEdit {
     bool operator==(const TrackEdit&) const = default;
 };
 
+/// Puts an edit's pieces into the track in the place of those that it takes out.
+void Apply(const TrackEdit& edit, Track& track);
+
 struct Suggestion {
     TrackEdit Edit;
     float Price = 0;         ///< of the pieces laid
