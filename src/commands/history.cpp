@@ -95,6 +95,7 @@ void History::GoTo(std::size_t state, Project& project) {
     project.EditState.CurrentElement = to.CurrentElement;
     project.EditState.DataChanged = to.DataChanged;
     project.EditState.File = *to.File;
+    project.EditState.Name = to.NameOfWork;
     present_ = state;
 }
 
@@ -135,6 +136,7 @@ void History::Leave(State& state, const Project& project) {
     state.DataChanged = project.EditState.DataChanged;
     *state.View = project.Design.View;
     *state.File = project.EditState.File;
+    state.NameOfWork = project.EditState.Name;
 }
 
 bool History::ContinuesRun(const Project& before, const StepName& name) const {

@@ -78,6 +78,7 @@ void Session::Finish(const pistaro::Project& before, const std::optional<Picture
     Changes changes = Difference(before, Project);
     changes.Background = Background != background;
     changes.Saved = noted_.Saved;
+    changes.Discarded = noted_.Discarded;
     changes.OtherCircuit = noted_.OtherCircuit;
     for (const auto& observer : observers_)
         observer(changes);

@@ -24,6 +24,7 @@ void NewProject(Project& project) {
     project.EditState.CurrentElement = fresh.CurrentElement;
     project.EditState.DataChanged = false;
     project.EditState.File.clear();
+    project.EditState.Name.clear();
 }
 
 } // namespace pistaro
