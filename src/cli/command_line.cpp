@@ -189,6 +189,9 @@ private:
         verb->add_option("--limit", closing.Limit, "The most suggestions: 1 to 100")->check(PlainNumber(1, 100));
         verb->add_option("--tolerance", given_.Tolerance, "How far the ends may lie apart, in millimetres")
             ->check(WhyNoTolerance);
+        verb->add_option("--replace", closing.MostRemoved,
+                         "The most neighbouring pieces to take out for others: 0 to 4")
+            ->check(PlainNumber(0, 4));
         verb->add_flag("--owned", closing.OwnedOnly, "Only pieces that are owned and not used");
     }
 

@@ -3,25 +3,18 @@
 #include "layout/overlap.h"
 #include "search/chain_search.h"
 #include "search/market.h"
+#include "search/mending.h"
+#include "search/ranking.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <set>
 #include <tuple>
 
 namespace pistaro {
 
 namespace {
-
-bool IsClosed(const TrackGap& gap, double tolerance) {
-    return double{gap.Distance} <= tolerance && std::fabs(gap.Angle) <= static_cast<float>(ClosedAngle);
-}
-
-/// Whether the two ends belong together as they are.
-bool FitsWithout(const OpenEnds& ends) {
-    return ends.EndSystem == ends.GoalSystem && !(ends.AfterAdapter && ends.BeforeAdapter) &&
-           std::fabs(GapBetween(ends.Goal, ends.End).Angle) <= static_cast<float>(ClosedAngle);
-}
 
 std::string Millimetres(float centimetres) {
     const long tenths = std::lround(double{centimetres} * 100);
@@ -62,12 +55,13 @@ using ChainsByContents = std::map<Contents, Representative>;
 
 class Closer {
 public:
-    Closer(const ClosingTables& tables, const Catalogue& catalogue, const Design& design, const Stock& stock, int track,
-           const ClosingOptions& options, const OpenEnds& ends, const LatticeGoal& goal, const JobWatch& watch)
+    Closer(const ClosingTables& tables, const Catalogue& catalogue, const Design& design, const Stock& stock,
+           const TrackPlace& place, const ClosingOptions& options, const OpenEnds& ends, const LatticeGoal& goal,
+           const JobWatch& watch)
         : catalogue_(catalogue), shapes_(tables.Shapes()), options_(options), ends_(ends),
-          site_(catalogue, design, track), market_(catalogue, shapes_, stock, CountUsed(catalogue, design.Circuit)),
-          at_(design.Circuit.Tracks[static_cast<std::size_t>(track)].ElementLastIndex() + 1), watch_(watch),
-          free_(tables, ends, goal, {options.Tolerance, Shapes(), &site_}),
+          site_(catalogue, design, place),
+          market_(catalogue, shapes_, stock, UsedBeside(catalogue, design.Circuit, place)), place_(place),
+          watch_(watch), free_(tables, ends, goal, {options.Tolerance, Shapes(), &site_}),
           any_(tables, ends, goal, {options.Tolerance, Shapes(), nullptr}) {}
 
     std::vector<Suggestion> Run(int mostPieces) {
@@ -86,9 +80,11 @@ public:
                    [&](const ShapeChain& chain) { return !freeChains.contains(ContentsOf(chain)); });
             Suggest(others);
         }
-        Sort();
         return std::move(suggestions_);
     }
+
+    /// The fewest pieces that close the track, 0 where none are known to.
+    int Shortest() const { return shortest_; }
 
     /// The pieces that come nearest to the goal, free of faults if there are any.
     std::optional<NearestMiss> Nearest(int mostPieces) {
@@ -139,7 +135,9 @@ private:
         constexpr double farthest = 30;     // cm: beyond it a miss tells nothing
         constexpr double withTwoTables = 2; // there are so many chains that one comes nearer than that if any does
         std::optional<NearestMiss> nearest;
-        if (FitsWithout(ends_)) nearest = NearestMiss{.Distance = GapBetween(ends_.Goal, ends_.End).Distance};
+        const TrackGap asItIs = GapBetween(ends_.Goal, ends_.End);
+        if (FitsTogether(ends_) && std::fabs(asItIs.Angle) <= static_cast<float>(ClosedAngle))
+            nearest = NearestMiss{.Distance = asItIs.Distance};
         for (int count = 1; count <= mostPieces; ++count) {
             const double within = count <= ClosingTables::UsualLevel ? farthest : withTwoTables;
             search.SetTolerance(std::min(within, nearest ? double{nearest->Distance} : within));
@@ -165,7 +163,8 @@ private:
 
     /// As the pieces lie, to the bit.
     Suggestion SuggestionOf(const Offer& offer) const {
-        Suggestion suggestion{.Edit = {.At = at_}, .Price = offer.Price, .IsOwned = offer.IsOwned};
+        Suggestion suggestion{
+            .Edit = {.At = place_.At, .Remove = place_.Remove}, .Price = offer.Price, .IsOwned = offer.IsOwned};
         std::vector<Ground> grounds;
         Pose pose = ends_.End;
         const int count = static_cast<int>(offer.Rows.size());
@@ -187,34 +186,58 @@ private:
         return suggestion;
     }
 
-    void Sort() {
-        const auto rank = [&](const Suggestion& suggestion) {
-            std::vector<int> rows;
-            for (const std::string& code : suggestion.Edit.Insert)
-                rows.push_back(catalogue_.FindRow(code));
-            std::vector<int> sorted = rows;
-            std::ranges::sort(sorted);
-            return std::tuple(!suggestion.IsFree(), suggestion.Count(), suggestion.Price, !suggestion.IsOwned, sorted,
-                              rows);
-        };
-        std::ranges::sort(suggestions_, {}, rank);
-        if (IsFull()) suggestions_.resize(static_cast<std::size_t>(options_.Limit));
-        for (Suggestion& suggestion : suggestions_)
-            suggestion.IsShortest = suggestion.Count() == shortest_;
-    }
-
     const Catalogue& catalogue_;
     const PieceShapes& shapes_;
     const ClosingOptions options_;
     const OpenEnds ends_;
     const Site site_;
     const Market market_;
-    const int at_;
+    const TrackPlace place_;
     const JobWatch& watch_;
     ChainSearch free_, any_;
-    int shortest_ = 0; ///< the fewest pieces that close the track, 0 while none are known
+    int shortest_ = 0;
     std::vector<Suggestion> suggestions_;
 };
+
+/// Beyond so many pieces nothing comes among the suggestions, as there are enough better ones.
+int MostWorthLaying(const std::vector<Suggestion>& mends, const ClosingOptions& options) {
+    if (std::ranges::count_if(mends, &Suggestion::IsFree) < options.Limit) return MostNewPieces;
+    const auto worst =
+        std::ranges::max_element(mends, {}, [](const Suggestion& mend) { return mend.IsFree() ? mend.Count() : 0; });
+    return std::max(1, worst->Count());
+}
+
+std::multiset<std::string> ContentsWith(const Track& track, const TrackEdit& edit) {
+    Track changed = track;
+    Apply(edit, changed);
+    return {changed.ElementCodes.begin(), changed.ElementCodes.end()};
+}
+
+/// Of those that hold the same pieces in another order, what is laid behind the track is left.
+void DropWhatHoldsTheSame(std::vector<Suggestion>& mends, const Track& track, const std::vector<Suggestion>& others) {
+    std::set<std::multiset<std::string>> held;
+    for (const Suggestion& other : others)
+        held.insert(ContentsWith(track, other.Edit));
+    std::erase_if(mends, [&](const Suggestion& mend) { return held.contains(ContentsWith(track, mend.Edit)); });
+}
+
+/// The fewest pieces that any of these lays, or `others` where that is known and less.
+int Fewest(const std::vector<Suggestion>& mends, int others) {
+    int fewest = others > 0 ? others : MostNewPieces + 1;
+    for (const Suggestion& mend : mends)
+        fewest = std::min(fewest, mend.Count());
+    return fewest;
+}
+
+/// Puts the best first, and leaves so many. `fewest` pieces are those of the shortest.
+void Order(const Catalogue& catalogue, std::vector<Suggestion>& suggestions, int limit, int fewest) {
+    for (Suggestion& suggestion : suggestions)
+        suggestion.IsShortest = suggestion.Count() == fewest;
+    std::ranges::sort(suggestions, {}, [&](const Suggestion& suggestion) {
+        return std::tuple(RankOf(catalogue, suggestion), suggestion.Edit.Remove, suggestion.Edit.At);
+    });
+    if (suggestions.size() > static_cast<std::size_t>(limit)) suggestions.resize(static_cast<std::size_t>(limit));
+}
 
 } // namespace
 
@@ -230,17 +253,44 @@ Closings CloseTrack(const ClosingTables& tables, const Catalogue& catalogue, con
     const int size = open.ElementLastIndex() + 1;
     if (size == 0) return {.WhyNone = "the track is empty"};
     if (IsClosed(GapOf(catalogue, open), options.Tolerance)) return {.WhyNone = "the track is closed"};
-    const int mostPieces = std::min(options.MostPieces, MaxElements - size);
-    if (mostPieces == 0) return {.WhyNone = "the track is full"};
-    const auto ends = OpenEndsOf(catalogue, open, size, 0);
+    const auto ends = TrackEnds(catalogue, open).ToClose(size, 0);
     const auto goal = ends ? GoalOnLattice(*ends) : std::nullopt;
     if (!goal) return {.WhyNone = "no piece turns by so little as the track's end is turned against its start"};
-    Closer closer(tables, catalogue, design, stock, track, options, *ends, *goal, watch);
+
+    std::vector<Suggestion> mends;
+    if (options.MostRemoved > 0) mends = MendTrack(tables, catalogue, design, stock, track, options, watch);
+    const int room = MaxElements - size;
+    const int mostPieces = std::min({options.MostPieces, room, MostWorthLaying(mends, options)});
+    Closer closer(tables, catalogue, design, stock, {track, size, 0}, options, *ends, *goal, watch);
     Closings closings{.Suggestions = closer.Run(mostPieces)};
+    const int fewest = Fewest(mends, closer.Shortest());
+    DropWhatHoldsTheSame(mends, open, closings.Suggestions);
+    closings.Suggestions.insert(closings.Suggestions.end(), mends.begin(), mends.end());
+    Order(catalogue, closings.Suggestions, options.Limit, fewest);
     if (!closings.Suggestions.empty()) return closings;
     closings.Nearest = closer.Nearest(mostPieces);
-    closings.WhyNone = WhyNothingCloses(mostPieces, options.OwnedOnly, closings.Nearest);
+    closings.WhyNone =
+        room == 0 ? "the track is full" : WhyNothingCloses(mostPieces, options.OwnedOnly, closings.Nearest);
     return closings;
+}
+
+std::vector<Suggestion> ReplaceRun(const ClosingTables& tables, const Catalogue& catalogue, const Design& design,
+                                   const Stock& stock, const TrackPlace& place, const ClosingOptions& options,
+                                   const JobWatch& watch) {
+    const Track& track = design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
+    const auto ends = TrackEnds(catalogue, track).InPlace(place.At, place.Remove);
+    const auto goal = ends ? GoalOnLattice(*ends) : std::nullopt;
+    if (!goal) return {};
+    const int room = MaxElements - (track.ElementLastIndex() + 1 - place.Remove);
+    ClosingOptions oneMore = options; // for the pieces that lie there
+    ++oneMore.Limit;
+    Closer closer(tables, catalogue, design, stock, place, oneMore, *ends, *goal, watch);
+    std::vector<Suggestion> suggestions = closer.Run(std::min(options.MostPieces, room));
+    const std::multiset<std::string> now(track.ElementCodes.begin(), track.ElementCodes.end());
+    std::erase_if(suggestions,
+                  [&](const Suggestion& suggestion) { return ContentsWith(track, suggestion.Edit) == now; });
+    Order(catalogue, suggestions, options.Limit, closer.Shortest());
+    return suggestions;
 }
 
 } // namespace pistaro

@@ -18,6 +18,7 @@ struct ClosingOptions {
     int Limit = 10;          ///< suggestions
     double Tolerance = 0.05; ///< cm between the closed track's end and start
     bool OwnedOnly = false;  ///< only pieces that are owned and not used
+    int MostRemoved = 0;     ///< neighbouring pieces that may be taken out of the track, so that others are laid there
 };
 
 /// A track's elements in whose place others are laid: at its end none.
@@ -28,15 +29,21 @@ struct TrackEdit {
     bool operator==(const TrackEdit&) const = default;
 };
 
+/// Neighbouring elements of a track, 0..2, in whose place others may lie; behind its last element none.
+struct TrackPlace {
+    int Track = 0, At = 0, Remove = 0;
+};
+
 /// Puts an edit's pieces into the track in the place of those that it takes out.
 void Apply(const TrackEdit& edit, Track& track);
 
 struct Suggestion {
     TrackEdit Edit;
-    float Price = 0;         ///< of the pieces laid
-    TrackGap Gap{};          ///< of the track with them
-    bool IsOwned = false;    ///< what is owned and not used covers them
-    bool Overlaps = false;   ///< one of them overlaps a piece that is none of its neighbours
+    float Price = 0;       ///< of the pieces laid
+    TrackGap Gap{};        ///< of the track with them
+    bool IsOwned = false;  ///< what is owned and not used covers them
+    bool Overlaps = false; ///< one of them overlaps a piece that is none of its neighbours; where others are taken out,
+                           ///< one of the whole track, as what lies behind them is moved
     bool IsOutside = false;  ///< one of them leaves the room
     bool IsShortest = false; ///< there is none of fewer pieces
 
@@ -61,5 +68,11 @@ struct Closings {
 /// owned where the plain one is not. Throws Stopped.
 Closings CloseTrack(const ClosingTables& tables, const Catalogue& catalogue, const Design& design, const Stock& stock,
                     int track, const ClosingOptions& options, const JobWatch& watch);
+
+/// Other pieces for a run of a track's, which lead to where it leads; a gap is that between the two ends. The same that
+/// holds for closings holds for them.
+std::vector<Suggestion> ReplaceRun(const ClosingTables& tables, const Catalogue& catalogue, const Design& design,
+                                   const Stock& stock, const TrackPlace& place, const ClosingOptions& options,
+                                   const JobWatch& watch);
 
 } // namespace pistaro

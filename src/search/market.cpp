@@ -6,6 +6,16 @@
 
 namespace pistaro {
 
+UsedCounts UsedBeside(const Catalogue& catalogue, const Circuit& circuit, const TrackPlace& place) {
+    UsedCounts used = CountUsed(catalogue, circuit);
+    const std::vector<std::string>& codes = circuit.Tracks[static_cast<std::size_t>(place.Track)].ElementCodes;
+    for (int element = place.At; element < place.At + place.Remove; ++element) {
+        const CatalogueEntry* const piece = catalogue.Find(codes[static_cast<std::size_t>(element)]);
+        if (piece != nullptr) --used[static_cast<std::size_t>(piece->StockIndex)];
+    }
+    return used;
+}
+
 Market::Market(const Catalogue& catalogue, const PieceShapes& shapes, const Stock& stock, const UsedCounts& used)
     : catalogue_(catalogue), shapes_(shapes) {
     for (int shape = 0; shape < shapes.Count(); ++shape) {

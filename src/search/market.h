@@ -3,6 +3,7 @@
 
 #include "model/stock.h"
 #include "search/chain_search.h"
+#include "search/closing.h"
 
 #include <vector>
 
@@ -14,6 +15,9 @@ struct Offer {
     float Price = 0;
     bool IsOwned = false; ///< what is owned and not used covers them
 };
+
+/// How many pieces a circuit uses without those in a place.
+UsedCounts UsedBeside(const Catalogue& catalogue, const Circuit& circuit, const TrackPlace& place);
 
 class Market {
 public:

@@ -2,6 +2,7 @@
 
 #include "catalogue/track_geometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pistaro {
@@ -9,46 +10,6 @@ namespace pistaro {
 namespace {
 
 constexpr double HeadingStep = 2 * PiValue / LatticeHeadings;
-
-/// What a walk along a track knows after each of its elements.
-struct Station {
-    Pose Cursor;
-    std::uint8_t System = 0;
-    bool IsAfterAdapter = false;
-    bool IsAfterNincoCode = false; ///< as the next adapter sees it
-};
-
-/// The track of a system that a piece is entered from.
-std::uint8_t EntrySystemOf(const CatalogueEntry& piece, const Station& before) {
-    if (!piece.JoinsSystems()) return SystemNumber(piece.System);
-    return before.IsAfterNincoCode ? 1 : 0;
-}
-
-Station After(const Station& before, const CatalogueEntry& piece) {
-    const std::uint8_t entry = EntrySystemOf(piece, before);
-    return {ExitOf(piece.Kind, before.Cursor), static_cast<std::uint8_t>(piece.JoinsSystems() ? 1 - entry : entry),
-            piece.JoinsSystems(), false};
-}
-
-/// Stations 0 to the number of elements: before the first, and after each.
-std::vector<Station> StationsOf(const Catalogue& catalogue, const Track& track) {
-    std::vector<Station> stations{{.Cursor = track.Start()}};
-    for (const std::string& code : track.ElementCodes) {
-        Station next = stations.back();
-        if (const CatalogueEntry* const piece = catalogue.Find(code)) next = After(stations.back(), *piece);
-        next.IsAfterNincoCode = IsOfSystem(code, TrackSystem::Ninco);
-        stations.push_back(next);
-    }
-    return stations;
-}
-
-/// The first known piece from an element on; null when there is none.
-const CatalogueEntry* NextPiece(const Catalogue& catalogue, const Track& track, std::size_t from, std::size_t to) {
-    for (std::size_t i = from; i < to; ++i) {
-        if (const CatalogueEntry* const piece = catalogue.Find(track.ElementCodes[i])) return piece;
-    }
-    return nullptr;
-}
 
 /// Where a stretch must begin that keeps its shape and leads to `end`.
 BuildCursor BeginOf(const BuildCursor& from, const BuildCursor& to, const BuildCursor& end) {
@@ -62,30 +23,56 @@ BuildCursor BeginOf(const BuildCursor& from, const BuildCursor& to, const BuildC
 
 } // namespace
 
-std::optional<OpenEnds> OpenEndsOf(const Catalogue& catalogue, const Track& track, int at, int remove) {
-    const std::vector<Station> stations = StationsOf(catalogue, track);
-    const auto size = track.ElementCodes.size();
-    const auto begin = static_cast<std::size_t>(at);
-    const auto end = begin + static_cast<std::size_t>(remove);
-    const CatalogueEntry* next = NextPiece(catalogue, track, end, size);
-    const Station* nextStation = &stations[end];
-    if (next == nullptr) {
-        next = NextPiece(catalogue, track, 0, begin);
-        nextStation = &stations[0];
+std::uint8_t TrackEnds::EntrySystemOf(const CatalogueEntry& piece, const Station& before) {
+    if (!piece.JoinsSystems()) return SystemNumber(piece.System);
+    return before.IsAfterNincoCode ? 1 : 0;
+}
+
+TrackEnds::Station TrackEnds::After(const Station& before, const CatalogueEntry& piece) {
+    const std::uint8_t entry = EntrySystemOf(piece, before);
+    const bool joins = piece.JoinsSystems();
+    return {ExitOf(piece.Kind, before.Cursor), static_cast<std::uint8_t>(joins ? 1 - entry : entry), joins, false};
+}
+
+TrackEnds::TrackEnds(const Catalogue& catalogue, const Track& track) : stations_{Station{.Cursor = track.Start()}} {
+    for (const std::string& code : track.ElementCodes) {
+        pieces_.push_back(catalogue.Find(code));
+        Station next = stations_.back();
+        if (pieces_.back() != nullptr) next = After(stations_.back(), *pieces_.back());
+        next.IsAfterNincoCode = IsOfSystem(code, TrackSystem::Ninco);
+        stations_.push_back(next);
     }
-    if (next == nullptr) return std::nullopt;
-    // Before a track's first element lies its last one, once it is closed.
-    const bool isFirst = NextPiece(catalogue, track, 0, begin) == nullptr;
-    const Station& before = stations[begin];
-    const Station& last = isFirst ? stations[size] : before;
+}
+
+std::optional<OpenEnds> TrackEnds::InPlace(int at, int remove) const {
+    const auto isPiece = [](const CatalogueEntry* piece) { return piece != nullptr; };
+    const auto begin = pieces_.begin() + at;
+    const auto end = begin + remove;
+    // Behind a track's last element lies its first one, once it is closed, and before its first the last.
+    auto next = std::find_if(end, pieces_.end(), isPiece);
+    if (next == pieces_.end()) next = std::find_if(pieces_.begin(), begin, isPiece);
+    if (next == begin) return std::nullopt;
+    const bool isFirst = std::find_if(pieces_.begin(), begin, isPiece) == begin;
+    const Station& before = stations_[static_cast<std::size_t>(at)];
+    const Station& last = isFirst ? stations_.back() : before;
+    const auto nextStation = static_cast<std::size_t>((next < begin ? pieces_.begin() : end) - pieces_.begin());
 
     OpenEnds ends;
     ends.End = before.Cursor;
-    ends.Goal = end == size ? track.Start() : BeginOf(stations[end].Cursor, stations[size].Cursor, track.Start());
+    ends.Goal = stations_[static_cast<std::size_t>(at + remove)].Cursor;
     ends.EndSystem = last.System;
     ends.AfterAdapter = last.IsAfterAdapter || before.IsAfterNincoCode != (last.System == 1);
-    ends.GoalSystem = EntrySystemOf(*next, *nextStation);
-    ends.BeforeAdapter = next->JoinsSystems();
+    ends.GoalSystem = EntrySystemOf(**next, stations_[nextStation]);
+    ends.BeforeAdapter = (*next)->JoinsSystems();
+    return ends;
+}
+
+std::optional<OpenEnds> TrackEnds::ToClose(int at, int remove) const {
+    auto ends = InPlace(at, remove);
+    const auto end = static_cast<std::size_t>(at + remove);
+    const BuildCursor& start = stations_.front().Cursor;
+    if (ends)
+        ends->Goal = end == pieces_.size() ? start : BeginOf(stations_[end].Cursor, stations_.back().Cursor, start);
     return ends;
 }
 

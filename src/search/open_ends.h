@@ -7,6 +7,7 @@
 #include "search/piece_shapes.h"
 
 #include <optional>
+#include <vector>
 
 namespace pistaro {
 
@@ -17,10 +18,35 @@ struct OpenEnds {
     bool BeforeAdapter = false; ///< nor last
 };
 
-/// The ends that are open once `remove` elements from `at` on are taken out of a track: what lies behind them is moved
-/// to where the track closes. Without elements taken out at the track's end they are the track's own end and start.
-/// Nothing where no piece is left that the new ones could join.
-std::optional<OpenEnds> OpenEndsOf(const Catalogue& catalogue, const Track& track, int at, int remove);
+/// A track's pieces as a walk along it finds them, for asking many times what taking some of them out leaves open.
+class TrackEnds {
+public:
+    /// The track must outlive it.
+    TrackEnds(const Catalogue& catalogue, const Track& track);
+
+    /// The ends that are open once `remove` elements from `at` on are taken out, and what lies behind them is moved to
+    /// where the track closes. Without elements taken out at the track's end they are the track's own end and start.
+    /// Nothing where no piece is left that new ones could join.
+    std::optional<OpenEnds> ToClose(int at, int remove) const;
+
+    /// The same where what lies behind them stays where it is.
+    std::optional<OpenEnds> InPlace(int at, int remove) const;
+
+private:
+    /// What the walk knows before an element.
+    struct Station {
+        Pose Cursor;
+        std::uint8_t System = 0;
+        bool IsAfterAdapter = false;
+        bool IsAfterNincoCode = false; ///< as the next adapter sees it
+    };
+
+    static std::uint8_t EntrySystemOf(const CatalogueEntry& piece, const Station& before);
+    static Station After(const Station& before, const CatalogueEntry& piece);
+
+    std::vector<const CatalogueEntry*> pieces_; ///< null for unknown codes
+    std::vector<Station> stations_;             ///< one more than elements
+};
 
 /// The goal as the lattice that begins at the end sees it; nothing where its heading is not on the lattice.
 struct LatticeGoal {

@@ -4,19 +4,26 @@
 
 namespace pistaro {
 
-Site::Site(const Catalogue& catalogue, const Design& design, int track) : room_(design.Room) {
+Site::Site(const Catalogue& catalogue, const Design& design, const TrackPlace& gap) : room_(design.Room) {
     std::vector<Ground> grounds;
     for (int each = 0; each < TrackCount; ++each) {
-        const auto before = static_cast<int>(grounds.size());
+        const auto first = static_cast<int>(grounds.size());
+        int before = -1;
+        int behind = -1;
         const Track& walked = design.Circuit.Tracks[static_cast<std::size_t>(each)];
         WalkTrack(catalogue, walked, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
-            if (placement == nullptr) return;
+            const bool isBefore = element < gap.At;
+            if (placement == nullptr || (each == gap.Track && !isBefore && element < gap.At + gap.Remove)) return;
+            const int index = static_cast<int>(grounds.size());
+            if (isBefore) before = index;
+            if (!isBefore && behind < 0) behind = index;
             grounds.push_back(GroundOf(*placement));
             pieces_.push_back(catalogue.Find(walked.ElementCodes[static_cast<std::size_t>(element)]));
         });
-        if (each != track || grounds.size() == static_cast<std::size_t>(before)) continue;
-        first_ = before;
-        last_ = static_cast<int>(grounds.size()) - 1;
+        const int last = static_cast<int>(grounds.size()) - 1;
+        if (each != gap.Track || last < first) continue;
+        last_ = before < 0 ? last : before;
+        first_ = behind < 0 ? first : behind;
     }
     grid_ = GroundGrid(std::move(grounds));
     isBridgeTaken_.resize(pieces_.size());

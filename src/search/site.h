@@ -5,6 +5,7 @@
 #include "layout/ground_grid.h"
 #include "layout/room_fit.h"
 #include "model/design.h"
+#include "search/closing.h"
 
 #include <vector>
 
@@ -25,8 +26,8 @@ struct Contact {
 
 class Site {
 public:
-    /// The pieces of all tracks as they lie. The gap is behind the last element of `track` and before its first one.
-    Site(const Catalogue& catalogue, const Design& design, int track);
+    /// The pieces of all tracks as they lie, but those in the gap. Before a track's first element lies its last one.
+    Site(const Catalogue& catalogue, const Design& design, const TrackPlace& gap);
 
     Contact ContactOf(const CatalogueEntry& piece, const Ground& ground) const;
 

@@ -9,7 +9,9 @@
 namespace pistaro {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 const char* const OpenOval = "C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R";
 
@@ -60,12 +62,28 @@ TEST(CloseVerb, TellsTheNearestMissWhereNothingCloses) {
               "pistaro: track 1: nothing closes it with one piece; the nearest miss is 10.9 mm short, with C158\n");
 }
 
+TEST(CloseVerb, TellsTheWholeTrackWhereItTakesPiecesOut) {
+    const ProgramFolder program;
+    WriteBytes(program / "wrong.trk",
+               CircuitText("C160 C160 C157 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+
+    const Finished finished = program.Run({"close", "wrong.trk", "--replace", "1", "--limit", "1"});
+
+    EXPECT_EQ(finished.ExitStatus, 0);
+    EXPECT_THAT(finished.Output,
+                StartsWith(R"({"pieces":["C160","C160","C151R","C151R","C151R","C151R","C160","C160","C151R","C151R",)"
+                           R"("C151R","C151R"],"count":0,"price":0,"gap":)"));
+    EXPECT_THAT(finished.Output, EndsWith(R"("shortest":true,"edits":[{"at":2,"remove":1,"insert":[]}]})"
+                                          "\n"));
+}
+
 TEST(CloseVerb, RefusesWhatItsOptionsDoNotTake) {
     const ProgramFolder program;
     WriteBytes(program / "oval.trk", CircuitText(OpenOval));
     const std::vector<std::vector<std::string>> wrong{
-        {"--max-pieces", "0"}, {"--max-pieces", "13"}, {"--limit", "0"},      {"--limit", "101"},   {"--limit", "010"},
-        {"--track", "4"},      {"--track", "all"},     {"--tolerance", "-1"}, {"--tolerance", "x"}, {"--json"}};
+        {"--max-pieces", "0"}, {"--max-pieces", "13"}, {"--limit", "0"},   {"--limit", "101"},
+        {"--limit", "010"},    {"--track", "4"},       {"--track", "all"}, {"--tolerance", "-1"},
+        {"--tolerance", "x"},  {"--replace", "5"},     {"--json"}};
     for (const auto& options : wrong) {
         std::vector<std::string> arguments{"close", "oval.trk"};
         arguments.insert(arguments.end(), options.begin(), options.end());

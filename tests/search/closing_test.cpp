@@ -261,5 +261,73 @@ TEST(Closing, IsTheSameEveryTime) {
     EXPECT_EQ(texts(fresh), texts(Tables()));
 }
 
+TEST(Mending, ReplacesTheWrongPiece) {
+    // The straight at 1 should be a standard one.
+    const Project project = ProjectOf("C160 C159 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+
+    const Closings closings = Close(project, {.MostRemoved = 1});
+
+    ASSERT_FALSE(closings.Suggestions.empty());
+    const Suggestion& best = closings.Suggestions.front();
+    EXPECT_TRUE(best.IsFree());
+    EXPECT_TRUE(best.IsShortest);
+    EXPECT_EQ(best.Count(), 1);
+}
+
+TEST(Mending, TakesOutAPieceTooMany) {
+    const Project project = ProjectOf("C160 C160 C157 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+
+    const Suggestion best = Best(project, {.MostRemoved = 1});
+
+    EXPECT_EQ(best.Edit, (TrackEdit{.At = 2, .Remove = 1}));
+    EXPECT_EQ(best.Price, 0);
+    EXPECT_TRUE(best.IsOwned);
+}
+
+TEST(Mending, MendsEveryCircuitOfOneWrongPiece) {
+    SeededNumbers numbers(100);
+    for (int round = 0; round < 25; ++round) {
+        SCOPED_TRACE("round " + std::to_string(round));
+        Project project = RandomCut(numbers, 1).Open;
+        project.Design.Room = {};
+        const Closings whole = Close(project, {.Limit = 1});
+        Track& track = project.Design.Circuit.Tracks[0];
+        Apply(whole.Suggestions.front().Edit, track);
+        const auto at = static_cast<std::size_t>(numbers.Below(track.ElementLastIndex() + 1));
+        const std::string right = track.ElementCodes[at];
+        if (right == "N10110") continue;
+        track.ElementCodes[at] =
+            right[0] == 'N' ? (right == "N10105L" ? "N10106R" : "N10105L") : (right == "C158" ? "C159" : "C158");
+        if (GapOf(Pieces(), track).Distance <= 0.05F) continue;
+
+        const Closings closings = Close(project, {.MostRemoved = 2});
+
+        ASSERT_FALSE(closings.Suggestions.empty());
+        EXPECT_TRUE(closings.Suggestions.front().IsFree());
+        std::set<std::multiset<std::string>> contents;
+        for (const Suggestion& suggestion : closings.Suggestions) {
+            Track mended = track;
+            Apply(suggestion.Edit, mended);
+            EXPECT_EQ(GapOf(Pieces(), mended).Distance, suggestion.Gap.Distance);
+            EXPECT_LE(suggestion.Gap.Distance, 0.05F);
+            EXPECT_LE(suggestion.Edit.Remove, 2);
+            EXPECT_TRUE(contents.emplace(mended.ElementCodes.begin(), mended.ElementCodes.end()).second);
+        }
+    }
+}
+
+TEST(ReplacingARun, GivesOtherPiecesThatLeadToTheSamePlace) {
+    const Project project = ProjectOf("C160 C159 C151L C160");
+
+    const auto suggestions = ReplaceRun(Tables(), Pieces(), project.Design, project.Stock, {0, 1, 2}, {.Limit = 3}, {});
+
+    ASSERT_EQ(suggestions.size(), 3U);
+    EXPECT_EQ(suggestions[0].Edit, (TrackEdit{.At = 1, .Remove = 2, .Insert = {"C158", "C158", "C151L"}}));
+    for (const Suggestion& suggestion : suggestions) {
+        EXPECT_LE(suggestion.Gap.Distance, 0.05F);
+        EXPECT_TRUE(suggestion.IsFree());
+    }
+}
+
 } // namespace
 } // namespace pistaro
