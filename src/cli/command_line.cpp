@@ -2,12 +2,14 @@
 #include "cli/command_line.h"
 
 #include "cli/close.h"
+#include "cli/generate.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
 #include "imaging/circuit_picture.h"
 #include "model/job.h"
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "search/box.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>
@@ -30,6 +32,8 @@ struct Arguments {
     bool Rules = false, Csv = false;
     bool IncludeOwned = false, Numbers = false, Json = false, NoSplash = false;
     ClosingOptions Closing;
+    GenerateOptions Generate;
+    std::string RoomOf;
     std::string ClosedTrack = "1", Tolerance = "0.5";
 };
 
@@ -52,9 +56,10 @@ std::string WhyNoPictureFile(const std::string& name) {
 }
 
 /// An option's check: for a whole number of this range in plain digits; the parser by itself would take "010" for 8.
-CLI::Validator PlainNumber(int least, int most) {
+template <typename Integer>
+CLI::Validator PlainNumber(Integer least, Integer most) {
     const auto whyNot = [=](const std::string& text) {
-        int number = 0;
+        Integer number = 0;
         const char* const end = text.data() + text.size();
         const auto [stop, error] = std::from_chars(text.data(), end, number);
         const bool plain = error == std::errc() && stop == end && (text == "0" || !text.starts_with('0'));
@@ -73,12 +78,38 @@ std::string WhyNoTolerance(const std::string& text) {
     return isGood ? "" : "\"" + text + "\" is no number of millimetres from 0 to 100";
 }
 
+/// An option's check: empty for a width and a height.
+std::string WhyNoArea(const std::string& text) {
+    return AreaOf(text) ? "" : "\"" + text + "\" is no width and height in whole cm up to 30000, as in 400x300";
+}
+
+/// An option's check: empty for products with counts.
+std::string WhyNoBox(const Catalogue& catalogue, const std::string& text) {
+    try {
+        BoxOf(catalogue, text);
+        return {};
+    } catch (const std::invalid_argument& reason) {
+        return reason.what();
+    }
+}
+
+/// An option's check: empty for a time above 0.
+std::string WhyNoSeconds(const std::string& text) {
+    double seconds = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, seconds);
+    constexpr double most = 1e6;
+    const bool isGood = error == std::errc() && stop == end && seconds > 0 && seconds <= most;
+    return isGood ? "" : "\"" + text + "\" is no number of seconds above 0";
+}
+
 using VerbJob = std::function<void(const VerbContext&)>;
 
 /// The verbs as the parser knows them, each with the job that it stands for.
 class VerbParser {
 public:
-    VerbParser(CLI::App& app, Arguments& given) : app_(app), given_(given) {
+    VerbParser(const Catalogue& catalogue, CLI::App& app, Arguments& given)
+        : catalogue_(catalogue), app_(app), given_(given) {
         AddLayout();
         AddStats();
         AddCheck();
@@ -92,6 +123,7 @@ public:
         AddSettings();
         AddRecover();
         AddClose();
+        AddGenerate();
     }
     VerbParser(const VerbParser&) = delete;
     VerbParser& operator=(const VerbParser&) = delete;
@@ -234,6 +266,35 @@ private:
         verb->add_flag("--owned", closing.OwnedOnly, "Only pieces that are owned and not used");
     }
 
+    void AddGenerate() {
+        GenerateOptions& options = given_.Generate;
+        CLI::App* const verb =
+            Add("generate", "Lay circuits from a box of pieces into a folder", [this](const VerbContext& context) {
+                given_.Generate.RoomOf = PathIn(given_.RoomOf);
+                given_.Generate.Out = PathFromText(given_.Out);
+                GenerateVerb(context, given_.Generate);
+            });
+        CLI::Option_group* const room = verb->add_option_group("The room");
+        room->add_option("--room", given_.RoomOf, "A circuit file: its room")->type_name("CIRCUIT");
+        room->add_option_function<std::string>(
+                "--area", [&options](const std::string& text) { options.Area = *AreaOf(text); },
+                "A rectangle: width and height in cm")
+            ->check(WhyNoArea)
+            ->type_name("WxH");
+        room->require_option(1);
+        CLI::Option_group* const box = verb->add_option_group("The box");
+        box->add_flag("--owned", options.IsOwned, "What is owned");
+        box->add_option("--pieces", options.Pieces, "Products with counts: C160=8,C151=8")
+            ->check([this](const auto& text) { return WhyNoBox(catalogue_, text); });
+        box->require_option(1);
+        constexpr int mostCircuits = 100;
+        verb->add_option("--seed", options.Seed, "Another number gives other circuits: 0 to 9223372036854775807")
+            ->check(PlainNumber<std::int64_t>(0, std::numeric_limits<std::int64_t>::max()));
+        verb->add_option("--count", options.Count, "How many: 1 to 100")->check(PlainNumber(1, mostCircuits));
+        verb->add_option("--seconds", options.Seconds, "The most time that it may take")->check(WhyNoSeconds);
+        verb->add_option("--out", given_.Out, "The folder: a new or an empty one")->required();
+    }
+
     CLI::App* Add(const char* name, const char* description, const VerbJob& job) {
         CLI::App* const verb = app_.add_subcommand(name, description);
         verb->final_callback([this, job] { named_ = job; });
@@ -262,6 +323,7 @@ private:
         return {given_.Track == "all" ? AllTracks : given_.Track.front() - '1', given_.IncludeOwned};
     }
 
+    const Catalogue& catalogue_;
     CLI::App& app_;
     Arguments& given_;
     VerbJob named_;
@@ -326,7 +388,7 @@ CommandLineResult RunCommandLine(const Catalogue& catalogue, const std::vector<s
     CLI::App app("Pistaro, a layout designer for slot-car racing track.", "pistaro");
     Arguments values;
     const CLI::Option* const designerCircuit = AddProgramOptions(app, values);
-    VerbParser verbs(app, values);
+    VerbParser verbs(catalogue, app, values);
     const auto usage = [&](const std::string& reason) {
         errors << "pistaro: " << reason << '\n' << Usage(app);
         return CommandLineResult{2, std::nullopt};

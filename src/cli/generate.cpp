@@ -1,0 +1,166 @@
+#include "cli/generate.h"
+
+#include "cli/foreground.h"
+#include "cli/json.h"
+#include "cli/start.h"
+#include "platform/fault.h"
+#include "platform/files.h"
+#include "search/laying.h"
+#include "storage/circuit_file.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+
+namespace pistaro {
+
+namespace {
+
+/// An empty circuit in a room of that size around the origin, all of it in view.
+Design EmptyArea(Area area) {
+    const auto right = static_cast<std::int16_t>(area.Width / 2);
+    const auto top = static_cast<std::int16_t>(area.Height / 2);
+    const auto left = static_cast<std::int16_t>(right - area.Width);
+    const auto bottom = static_cast<std::int16_t>(top - area.Height);
+    Design design;
+    design.Room.Points = {{left, bottom, 0}, {right, bottom, 1}, {right, top, 1}, {left, top, 1}, {left, bottom, 1}};
+    constexpr int margin = 20; // cm, in all
+    const auto shown = static_cast<float>(std::max(area.Width, area.Height) + margin);
+    design.View = ViewAround(0, 0, shown, shown / 2);
+    return design;
+}
+
+Design RoomDesign(const GenerateOptions& options) {
+    if (!options.RoomOf) return EmptyArea(options.Area);
+    Design design = ReadCircuit(*options.RoomOf);
+    const auto isWall = [](const RoomPoint& point) { return point.Line == 1; };
+    if (std::ranges::none_of(design.Room.Points, isWall))
+        throw Fault("No room", TextFromPath(*options.RoomOf) + " holds no room with walls");
+    design.Circuit = EmptyCircuit();
+    return design;
+}
+
+Box BoxFor(const VerbContext& context, const Project& project, const GenerateOptions& options) {
+    if (!options.IsOwned) return BoxOf(context.Pieces, options.Pieces);
+    const Box owned = OwnedBox(context.Pieces, project.Stock);
+    if (owned.Total() == 0) throw Fault("No pieces", "the settings hold no owned track");
+    return owned;
+}
+
+void RefuseWhatHoldsSomething(const std::filesystem::path& folder) {
+    std::error_code error;
+    if (!std::filesystem::exists(folder, error)) return;
+    if (!std::filesystem::is_directory(folder, error)) throw Fault("No folder", TextFromPath(folder));
+    const bool empty = std::filesystem::is_empty(folder, error);
+    if (error) throw Fault("Path not readable", TextFromPath(folder) + ": " + error.message());
+    if (!empty) throw Fault("Folder not empty", TextFromPath(folder));
+}
+
+/// The circuits' files, which go again, with a folder that was made for them, unless all could be written.
+class CircuitFolder {
+public:
+    explicit CircuitFolder(std::filesystem::path folder) : folder_(std::move(folder)) {
+        std::error_code error;
+        made_ = std::filesystem::create_directory(folder_, error);
+        if (error) throw Fault("Path not found", TextFromPath(folder_) + ": " + error.message());
+    }
+    ~CircuitFolder() {
+        if (whole_) return;
+        std::error_code stays;
+        for (const std::filesystem::path& file : files_)
+            std::filesystem::remove(file, stays);
+        if (made_) std::filesystem::remove(folder_, stays);
+    }
+    CircuitFolder(const CircuitFolder&) = delete;
+    CircuitFolder& operator=(const CircuitFolder&) = delete;
+
+    void Write(const Design& design) {
+        const std::string number = std::to_string(files_.size() + 1);
+        const std::filesystem::path file =
+            folder_ / ("circuit-" + std::string(number.size() < 2, '0') + number + ".trk");
+        ReplaceFile(file, CircuitBytes(design));
+        files_.push_back(file);
+    }
+
+    const std::vector<std::filesystem::path>& Whole() {
+        whole_ = true;
+        return files_;
+    }
+
+private:
+    std::filesystem::path folder_;
+    std::vector<std::filesystem::path> files_;
+    bool made_ = false, whole_ = false;
+};
+
+Json CircuitJson(const std::filesystem::path& file, const LaidCircuit& circuit) {
+    return {{"file", TextFromPath(file)},
+            {"pieces", circuit.Track.ElementCodes},
+            {"count", circuit.Track.ElementCodes.size()},
+            {"used", Number(static_cast<float>(circuit.Used))},
+            {"length", Number(static_cast<float>(circuit.Length))},
+            {"gap", {{"distance", Number(circuit.Gap.Distance)}, {"angle", Number(circuit.Gap.Angle)}}},
+            {"score", Number(static_cast<float>(circuit.Score))}};
+}
+
+/// Whether a number of seconds, if there is one, has passed since this was made.
+std::function<bool()> TimeUpAfter(std::optional<double> seconds) {
+    if (!seconds) return {};
+    using Clock = std::chrono::steady_clock;
+    return [end = Clock::now() + std::chrono::duration<double>(*seconds)] { return Clock::now() >= end; };
+}
+
+/// A whole number of cm at the front of `text`, which is taken off it; 0 where there is none.
+int TakeLength(std::string_view& text) {
+    int length = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), length);
+    if (error != std::errc()) return 0;
+    text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
+    return length;
+}
+
+} // namespace
+
+std::optional<Area> AreaOf(std::string_view text) {
+    constexpr int longest = 30000; // a room's points are 16-bit numbers
+    const auto isLength = [](int length) { return length >= 1 && length <= longest; };
+    Area area;
+    area.Width = TakeLength(text);
+    if (!text.starts_with('x')) return std::nullopt;
+    text.remove_prefix(1);
+    area.Height = TakeLength(text);
+    if (!text.empty() || !isLength(area.Width) || !isLength(area.Height)) return std::nullopt;
+    return area;
+}
+
+void GenerateVerb(const VerbContext& context, const GenerateOptions& options) {
+    VerbStart start = StartVerb(context);
+    PrintMessages(start.Messages, context.Errors);
+    Design design = RoomDesign(options);
+    const LayingTask task{.Box = BoxFor(context, start.Project, options),
+                          .Room = design.Room,
+                          .Seed = options.Seed,
+                          .Count = options.Count,
+                          .Weights = {}};
+    RefuseWhatHoldsSomething(options.Out);
+    const Interruptions interruptions;
+    const Laying laying = InForeground(interruptions, context.Errors, "generate", [&](const JobWatch& watch) {
+        return LayCircuits(context.Pieces, task, watch, TimeUpAfter(options.Seconds));
+    });
+    if (laying.Circuits.empty())
+        throw Fault("No circuit", laying.AreAll ? "these pieces make none in this room"
+                                                : "none was found from these pieces in this room");
+    CircuitFolder folder(options.Out);
+    for (const LaidCircuit& circuit : laying.Circuits) {
+        design.Circuit.Tracks.front() = circuit.Track;
+        folder.Write(design);
+    }
+    const std::vector<std::filesystem::path>& files = folder.Whole();
+    for (std::size_t i = 0; i < files.size(); ++i)
+        context.Output << Line(CircuitJson(files[i], laying.Circuits[i])) << '\n';
+    if (static_cast<int>(files.size()) < options.Count)
+        context.Errors << "pistaro: " << files.size() << " of " << options.Count
+                       << " circuits: " << (laying.AreAll ? "there are no others" : "no others were found") << '\n';
+}
+
+} // namespace pistaro

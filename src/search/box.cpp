@@ -1,0 +1,62 @@
+#include "search/box.h"
+
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+#include <stdexcept>
+
+namespace pistaro {
+
+namespace {
+
+/// The head row of a product, or of the one hand of it that is a product of its own; -1 for anything else.
+int HeadRowOf(const Catalogue& catalogue, std::string_view product) {
+    for (const int row : catalogue.ProductRows()) {
+        if (ProductCode(catalogue[row].Code) == product) return row;
+    }
+    const int row = catalogue.FindRow(product);
+    return row >= 0 && catalogue.IsHeadRow(row) ? row : -1;
+}
+
+int CountIn(std::string_view entry, std::string_view text) {
+    int count = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), count);
+    if (error != std::errc() || stop != text.data() + text.size() || count < 0 || count > MostOfProduct)
+        throw std::invalid_argument("\"" + std::string(entry) + "\" has no count from 0 to " +
+                                    std::to_string(MostOfProduct));
+    return count;
+}
+
+} // namespace
+
+int Box::Total() const { return std::accumulate(Counts.begin(), Counts.end(), 0); }
+
+Box OwnedBox(const Catalogue& catalogue, const Stock& stock) {
+    Box box{std::vector<int>(static_cast<std::size_t>(catalogue.Count()))};
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (!catalogue.IsHeadRow(row)) continue;
+        box.Counts[static_cast<std::size_t>(row)] = std::clamp<int>(stock[row].OwnedCount, 0, MostOfProduct);
+    }
+    return box;
+}
+
+Box BoxOf(const Catalogue& catalogue, std::string_view text) {
+    Box box{std::vector<int>(static_cast<std::size_t>(catalogue.Count()))};
+    std::vector<bool> named(box.Counts.size());
+    while (true) {
+        const std::size_t comma = text.find(',');
+        const std::string_view entry = text.substr(0, comma);
+        const std::size_t equals = entry.find('=');
+        const int row = HeadRowOf(catalogue, entry.substr(0, equals));
+        if (equals == std::string_view::npos || row < 0)
+            throw std::invalid_argument("\"" + std::string(entry) + "\" is no product and its count, as in C160=8");
+        const auto place = static_cast<std::size_t>(row);
+        if (named[place]) throw std::invalid_argument("\"" + std::string(entry) + "\" is a product named before");
+        named[place] = true;
+        box.Counts[place] = CountIn(entry, entry.substr(equals + 1));
+        if (comma == std::string_view::npos) return box;
+        text.remove_prefix(comma + 1);
+    }
+}
+
+} // namespace pistaro

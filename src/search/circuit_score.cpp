@@ -1,0 +1,76 @@
+#include "search/circuit_score.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace pistaro {
+
+namespace {
+
+/// Stretches of straights, and of curves that turn to the same side, around the circuit.
+struct Stretches {
+    double LongestStraight = 0;
+    std::set<std::vector<int>> Corners; ///< by their curves' products
+};
+
+Stretches StretchesOf(const Catalogue& catalogue, Rows rows) {
+    const auto shape = [&](int row) { return catalogue[row].Kind.Shape; };
+    const auto change = std::ranges::adjacent_find(rows, [&](int a, int b) { return shape(a) != shape(b); });
+    if (change != rows.end()) std::ranges::rotate(rows, change + 1);
+    Stretches stretches;
+    for (auto first = rows.begin(); first != rows.end();) {
+        const auto end = std::find_if(first, rows.end(), [&](int row) { return shape(row) != shape(*first); });
+        if (catalogue[*first].IsStraight()) {
+            double length = 0;
+            for (auto row = first; row != end; ++row)
+                length += catalogue[*row].Kind.Length;
+            stretches.LongestStraight = std::max(stretches.LongestStraight, length);
+        } else {
+            std::vector<int> corner;
+            for (auto row = first; row != end; ++row)
+                corner.push_back(catalogue[*row].StockIndex);
+            stretches.Corners.insert(std::min(corner, {corner.rbegin(), corner.rend()}));
+        }
+        first = end;
+    }
+    return stretches;
+}
+
+double UpTo1(double value) { return std::clamp(value, 0.0, 1.0); }
+
+} // namespace
+
+double Score(const ScoreParts& parts, const ScoreWeights& weights) {
+    const double sum = weights.Used * parts.Used + weights.Lanes * parts.Lanes + weights.Straights * parts.Straights +
+                       weights.Corners * parts.Corners + weights.Directions * parts.Directions +
+                       weights.Start * parts.Start + weights.Walls * parts.Walls;
+    return sum / (weights.Used + weights.Lanes + weights.Straights + weights.Corners + weights.Directions +
+                  weights.Start + weights.Walls);
+}
+
+ScoreParts ScorePartsOf(const Catalogue& catalogue, const Rows& rows, const LaidLoop& laid, const LoopRoom& room,
+                        int boxTotal, double lap, double laneDifference) {
+    constexpr double worthDriving = 100; // cm
+    constexpr double mostOfLap = 0.4;
+    constexpr double worstLanes = 0.1;
+    constexpr double manyCorners = 5;
+    constexpr double clearance = 10; // cm
+    const Stretches stretches = StretchesOf(catalogue, rows);
+    double left = 0, right = 0;
+    for (const int row : rows) {
+        const PieceKind& kind = catalogue[row].Kind;
+        if (kind.Shape == PieceShape::LeftCurve) left += kind.Turn;
+        if (kind.Shape == PieceShape::RightCurve) right += kind.Turn;
+    }
+    const double longest = stretches.LongestStraight;
+    return {.Used = static_cast<double>(rows.size()) / boxTotal,
+            .Lanes = UpTo1(1 - std::abs(laneDifference) / lap / worstLanes),
+            .Straights = longest > mostOfLap * lap ? mostOfLap * lap / longest : UpTo1(longest / worthDriving),
+            .Corners = UpTo1(static_cast<double>(stretches.Corners.size()) / manyCorners),
+            .Directions = UpTo1(std::min(left, right) / PiValue),
+            .Start = catalogue[rows.front()].IsStraight() ? 1.0 : 0.0,
+            .Walls = UpTo1(room.DistanceToWalls(laid) / clearance)};
+}
+
+} // namespace pistaro

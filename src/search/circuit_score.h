@@ -1,0 +1,31 @@
+// How good a laid circuit is: each part from 0 to 1, and what they weigh.
+#pragma once
+
+#include "search/loop.h"
+
+namespace pistaro {
+
+struct ScoreParts {
+    double Used = 0;       ///< share of the box's pieces
+    double Lanes = 0;      ///< 1 where both lanes, as built, are equally long; 0 from a tenth of difference on
+    double Straights = 0;  ///< 1 where the longest is 1 m or more, and no more than 40 % of the lap
+    double Corners = 0;    ///< 1 from five different ones on
+    double Directions = 0; ///< 1 where it turns by half a turn or more to either side
+    double Start = 0;      ///< 1 where it begins on a straight
+    double Walls = 0;      ///< 1 where its corners keep 10 cm from all walls
+};
+
+/// What each part counts for in the whole; at least one is above 0, and none below.
+struct ScoreWeights {
+    double Used = 6, Lanes = 1, Straights = 1, Corners = 1, Directions = 1, Start = 0.5, Walls = 0.5;
+};
+
+/// The weighted mean.
+double Score(const ScoreParts& parts, const ScoreWeights& weights);
+
+/// The parts of a closed circuit of a box of that many pieces. `lap` is its length and `laneDifference` that of its
+/// lanes, cm.
+ScoreParts ScorePartsOf(const Catalogue& catalogue, const Rows& rows, const LaidLoop& laid, const LoopRoom& room,
+                        int boxTotal, double lap, double laneDifference);
+
+} // namespace pistaro

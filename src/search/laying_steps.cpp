@@ -1,0 +1,78 @@
+#include "search/laying_steps.h"
+
+#include "layout/exit.h"
+
+#include <cmath>
+
+namespace pistaro {
+
+namespace {
+
+const std::array<Direction, HeadingCount>& Directions() {
+    static const auto directions = [] {
+        std::array<Direction, HeadingCount> all{};
+        for (int heading = 0; heading < HeadingCount; ++heading)
+            all[static_cast<std::size_t>(heading)] = Towards(AngleOf(heading));
+        return all;
+    }();
+    return directions;
+}
+
+GroundPoint Turned(GroundPoint point, int heading) {
+    const Direction across = Directions()[static_cast<std::size_t>(heading)];
+    return {point.X * across.X - point.Y * across.Y, point.X * across.Y + point.Y * across.X};
+}
+
+/// The exit of a piece laid at the origin with heading 0, in double precision.
+GroundPoint ExitPoint(const PieceKind& kind) {
+    if (kind.Shape == PieceShape::Straight) return {0, kind.Length};
+    const CurveFrame frame = CurveFrameOf(kind, Pose());
+    const Direction across = Towards(frame.Side * kind.Turn);
+    return {frame.CentreX + frame.Side * frame.ReferenceRadius * across.X,
+            frame.CentreY + frame.Side * frame.ReferenceRadius * across.Y};
+}
+
+} // namespace
+
+SearchPose Beyond(const SearchPose& frame, const SearchPose& pose) {
+    const GroundPoint turned = Turned({pose.X, pose.Y}, frame.Heading);
+    return {frame.X + turned.X, frame.Y + turned.Y, (frame.Heading + pose.Heading) % HeadingCount};
+}
+
+SearchPose Relative(const SearchPose& frame, const SearchPose& pose) {
+    const int back = (HeadingCount - frame.Heading) % HeadingCount;
+    const GroundPoint turned = Turned({pose.X - frame.X, pose.Y - frame.Y}, back);
+    return {turned.X, turned.Y, (pose.Heading + back) % HeadingCount};
+}
+
+std::vector<LayingStep> StepsOf(const Catalogue& catalogue, const ShapeCounts& shapes) {
+    std::vector<LayingStep> steps;
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        const CatalogueEntry& piece = catalogue[row];
+        if (!piece.IsBasic() || shapes[static_cast<std::size_t>(piece.StockIndex)] == 0) continue;
+        const double side = piece.Kind.Shape == PieceShape::RightCurve ? -1 : 1;
+        const double headings = side * piece.Kind.Turn / AngleOf(1);
+        const double whole = std::round(headings);
+        constexpr double asGoodAsWhole = 1e-6;
+        if (std::abs(headings - whole) > asGoodAsWhole) continue; // it leads off the lattice
+        LayingStep step{.Row = row,
+                        .Shape = piece.StockIndex,
+                        .Entry = piece.System,
+                        .Exit = piece.System,
+                        .Turn = static_cast<int>(whole),
+                        .Move = {},
+                        .IsStraight = piece.IsStraight()};
+        for (int heading = 0; heading < HeadingCount; ++heading)
+            step.Move[static_cast<std::size_t>(heading)] = Turned(ExitPoint(piece.Kind), heading);
+        if (piece.JoinsSystems()) {
+            step.Entry = TrackSystem::Scalextric;
+            step.Exit = TrackSystem::Ninco;
+            steps.push_back(step);
+            std::swap(step.Entry, step.Exit);
+        }
+        steps.push_back(step);
+    }
+    return steps;
+}
+
+} // namespace pistaro

@@ -1,0 +1,54 @@
+// What a search takes for a piece: where it leads to, from each of the headings that pieces can have.
+#pragma once
+
+#include "catalogue/catalogue.h"
+#include "layout/ground.h"
+#include "search/box.h"
+
+#include <array>
+#include <vector>
+
+namespace pistaro {
+
+/// All pieces turn by a multiple of 11.25 degrees: there are so many headings.
+inline constexpr int HeadingCount = 32;
+
+/// The heading's angle, radians.
+constexpr double AngleOf(int heading) { return heading * (2 * PiValue / HeadingCount); }
+
+/// A cursor on that lattice of headings. Its point is in double precision: it is for looking for pieces, not for laying
+/// them.
+struct SearchPose {
+    double X = 0, Y = 0; ///< cm
+    int Heading = 0;     ///< 0 to HeadingCount - 1
+};
+
+/// The pose that lies to `frame` as `pose` lies to the origin.
+SearchPose Beyond(const SearchPose& frame, const SearchPose& pose);
+
+/// How `pose` lies to `frame`.
+SearchPose Relative(const SearchPose& frame, const SearchPose& pose);
+
+/// One hand of a shape.
+struct LayingStep {
+    int Row = 0;                                  ///< of the basic piece in the catalogue
+    int Shape = 0;                                ///< its head row
+    TrackSystem Entry{}, Exit{};                  ///< the systems that it joins; of all but adapters the same
+    int Turn = 0;                                 ///< in headings, to the left above 0
+    std::array<GroundPoint, HeadingCount> Move{}; ///< from entry to exit, by the entry's heading
+    bool IsStraight = false;
+
+    bool JoinsSystems() const { return Entry != Exit; }
+    SearchPose After(const SearchPose& pose) const {
+        const GroundPoint move = Move[static_cast<std::size_t>(pose.Heading)];
+        return {pose.X + move.X, pose.Y + move.Y, (pose.Heading + Turn + HeadingCount) % HeadingCount};
+    }
+};
+
+/// Pieces by shape, on the basic pieces' head rows.
+using ShapeCounts = std::vector<int>;
+
+/// The steps that pieces of these shapes can make, an adapter's two ways being two steps.
+std::vector<LayingStep> StepsOf(const Catalogue& catalogue, const ShapeCounts& shapes);
+
+} // namespace pistaro

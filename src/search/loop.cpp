@@ -1,0 +1,147 @@
+#include "search/loop.h"
+
+#include "layout/overlap.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace pistaro {
+
+namespace {
+
+void Move(GroundPoint& point, GroundPoint shift) {
+    point.X += shift.X;
+    point.Y += shift.Y;
+}
+
+Ground Moved(Ground ground, GroundPoint shift) {
+    ground.Box.Left += shift.X;
+    ground.Box.Right += shift.X;
+    ground.Box.Bottom += shift.Y;
+    ground.Box.Top += shift.Y;
+    for (GroundPoint& corner : ground.Corners)
+        Move(corner, shift);
+    Move(ground.Centre, shift);
+    return ground;
+}
+
+void Include(GroundBox& all, const GroundBox& box) {
+    all.Left = std::min(all.Left, box.Left);
+    all.Right = std::max(all.Right, box.Right);
+    all.Bottom = std::min(all.Bottom, box.Bottom);
+    all.Top = std::max(all.Top, box.Top);
+}
+
+GroundBox Nothing() {
+    constexpr double far = std::numeric_limits<double>::max();
+    return {far, -far, far, -far};
+}
+
+/// How far least..most must be moved to lie within from..to; 0 where it lies there.
+double ShiftWithin(double least, double most, double from, double to) {
+    if (least < from) return from - least;
+    if (most > to) return to - most;
+    return 0;
+}
+
+double DistanceTo(const Wall& wall, GroundPoint point) {
+    const double alongX = wall.To.X - wall.From.X;
+    const double alongY = wall.To.Y - wall.From.Y;
+    const double share =
+        ((point.X - wall.From.X) * alongX + (point.Y - wall.From.Y) * alongY) / (alongX * alongX + alongY * alongY);
+    const double nearest = std::clamp(share, 0.0, 1.0);
+    return std::hypot(point.X - wall.From.X - nearest * alongX, point.Y - wall.From.Y - nearest * alongY);
+}
+
+} // namespace
+
+BuildCursor Loop::Cursor() const {
+    const auto rounded = [](double value, double step) { return static_cast<float>(std::round(value * step) / step); };
+    constexpr double perCm = 100, perRadian = 1e6;
+    return {rounded(Start.X, perCm), rounded(Start.Y, perCm), rounded(AngleOf(Start.Heading), perRadian)};
+}
+
+Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run) {
+    Rows rows;
+    rows.reserve(run.size());
+    for (const std::uint8_t step : run)
+        rows.push_back(steps[step].Row);
+    return rows;
+}
+
+LaidLoop LayLoop(const Catalogue& catalogue, const Rows& rows, const BuildCursor& start) {
+    LaidLoop laid{.Grounds = {}, .Box = Nothing(), .Gap = {}};
+    laid.Grounds.reserve(rows.size());
+    Pose pose = start;
+    Predecessor before;
+    for (const int row : rows) {
+        const CatalogueEntry& piece = catalogue[row];
+        const PiecePlacement placement = PlacePiece(piece.Kind, pose, before);
+        laid.Grounds.push_back(GroundOf(placement));
+        Include(laid.Box, laid.Grounds.back().Box);
+        pose = placement.Exit;
+        before = PredecessorOf(piece.Code, &piece);
+    }
+    laid.Gap = GapBetween(start, pose);
+    return laid;
+}
+
+bool IsClosed(const LaidLoop& laid) {
+    return laid.Gap.Distance <= LoopTolerance && std::abs(laid.Gap.Angle) <= LoopAngleTolerance;
+}
+
+bool OverlapsItself(const LaidLoop& laid, const std::vector<int>& parts) {
+    const std::size_t count = laid.Grounds.size();
+    for (std::size_t i = 0; i + 2 < count; ++i) {
+        const std::size_t last = i == 0 ? count - 2 : count - 1; // the first one's neighbour
+        for (std::size_t j = i + 2; j <= last; ++j) {
+            if (!laid.Grounds[i].Box.Meets(laid.Grounds[j].Box)) continue;
+            if (!parts.empty() && parts[i] == parts[j]) continue;
+            if (Overlaps(laid.Grounds[i], laid.Grounds[j])) return true;
+        }
+    }
+    return false;
+}
+
+LoopRoom::LoopRoom(const RoomPolygon& room) : fit_(room), extent_(Nothing()) {
+    for (const Wall& wall : fit_.Walls()) {
+        for (const GroundPoint end : {wall.From, wall.To})
+            Include(extent_, {end.X, end.X, end.Y, end.Y});
+    }
+}
+
+bool LoopRoom::Holds(const LaidLoop& laid) const { return Holds(laid, {0, 0}); }
+
+bool LoopRoom::Holds(const LaidLoop& laid, GroundPoint shift) const {
+    return std::ranges::all_of(laid.Grounds, [&](const Ground& ground) { return fit_.Holds(Moved(ground, shift)); });
+}
+
+std::optional<GroundPoint> LoopRoom::ShiftInto(const LaidLoop& laid, Random& random) const {
+    const double spareX = Width() - (laid.Box.Right - laid.Box.Left);
+    const double spareY = Height() - (laid.Box.Top - laid.Box.Bottom);
+    if (spareX < 0 || spareY < 0) return std::nullopt;
+    GroundPoint shift{ShiftWithin(laid.Box.Left, laid.Box.Right, extent_.Left, extent_.Right),
+                      ShiftWithin(laid.Box.Bottom, laid.Box.Top, extent_.Bottom, extent_.Top)};
+    constexpr int tries = 6;
+    for (int tried = 0; tried < tries; ++tried) {
+        if (Holds(laid, shift)) return shift;
+        constexpr std::size_t places = 1024;
+        const auto share = [&] { return static_cast<double>(random.Below(places)) / (places - 1); };
+        shift = {extent_.Left - laid.Box.Left + spareX * share(), extent_.Bottom - laid.Box.Bottom + spareY * share()};
+    }
+    return std::nullopt;
+}
+
+double LoopRoom::DistanceToWalls(const LaidLoop& laid) const {
+    double nearest = std::numeric_limits<double>::max();
+    for (const Ground& ground : laid.Grounds) {
+        for (const GroundPoint corner : ground.Corners) {
+            for (const Wall& wall : fit_.Walls())
+                nearest = std::min(nearest, DistanceTo(wall, corner));
+        }
+    }
+    return nearest;
+}
+
+} // namespace pistaro

@@ -1,0 +1,73 @@
+// Closed chains of pieces and where they lie.
+#pragma once
+
+#include "layout/ground.h"
+#include "layout/room_fit.h"
+#include "layout/track_gap.h"
+#include "search/random.h"
+#include "search/run_table.h"
+
+#include <optional>
+
+namespace pistaro {
+
+/// How far from closing a circuit that is laid may be, cm and radians.
+inline constexpr double LoopTolerance = 0.05;
+inline constexpr double LoopAngleTolerance = 0.001;
+
+/// A closed chain of steps.
+struct Loop {
+    Run Steps;
+    SearchPose Start;
+
+    /// Where its first piece is laid: in numbers of few digits, which a circuit file keeps.
+    BuildCursor Cursor() const;
+};
+
+/// The catalogue's rows of a chain's pieces, in the order of laying.
+using Rows = std::vector<int>;
+Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run);
+
+/// A chain as it lies.
+struct LaidLoop {
+    std::vector<Ground> Grounds;
+    GroundBox Box; ///< around them all
+    TrackGap Gap;
+};
+
+/// Lays pieces from a start.
+LaidLoop LayLoop(const Catalogue& catalogue, const Rows& rows, const BuildCursor& start);
+
+bool IsClosed(const LaidLoop& laid);
+
+/// Whether a piece overlaps one that is not its neighbour; the last and the first are neighbours. Pieces of the same
+/// part lie to each other as they lay before, free of overlaps. `parts` may be empty: then no piece does.
+bool OverlapsItself(const LaidLoop& laid, const std::vector<int>& parts);
+
+/// The room that loops must lie in.
+class LoopRoom {
+public:
+    explicit LoopRoom(const RoomPolygon& room);
+
+    /// Of the box around its walls, cm.
+    double Width() const { return extent_.Right - extent_.Left; }
+    double Height() const { return extent_.Top - extent_.Bottom; }
+
+    /// Whether everything lies inside as it is.
+    bool Holds(const LaidLoop& laid) const;
+
+    /// By how much the loop must be moved to lie inside: as little as the room's extent asks for, else by one of a few
+    /// random distances. Nothing where none of them will do.
+    std::optional<GroundPoint> ShiftInto(const LaidLoop& laid, Random& random) const;
+
+    /// The distance of the pieces from the nearest wall, cm.
+    double DistanceToWalls(const LaidLoop& laid) const;
+
+private:
+    bool Holds(const LaidLoop& laid, GroundPoint shift) const;
+
+    RoomFit fit_;
+    GroundBox extent_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,297 @@
+#include "search/loop_growth.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace pistaro {
+
+namespace {
+
+/// Of all the ways to close a loop again so many are looked at.
+constexpr std::size_t MostReplacements = 16;
+constexpr std::size_t MostRemoved = 5; ///< elements in a row
+
+/// How far off closing a loop of steps may be, cm: laying it will differ by a little.
+constexpr double SearchTolerance = 0.04;
+
+constexpr std::size_t MostRuns = 200'000; ///< of a table
+
+/// Keeps `most` of all that it is shown, each as likely as any other.
+template <typename Item>
+class Sample {
+public:
+    Sample(std::size_t most, Random& random) : most_(most), random_(random) {}
+
+    void Show(const Item& item) {
+        ++shown_;
+        if (Items.size() < most_) {
+            Items.push_back(item);
+        } else if (const std::size_t place = random_.Below(shown_); place < most_) {
+            Items[place] = item;
+        }
+    }
+
+    std::vector<Item> Items;
+
+private:
+    std::size_t most_, shown_ = 0;
+    Random& random_;
+};
+
+bool IsWholeTurn(int turn) { return std::abs(turn) == HeadingCount; }
+
+} // namespace
+
+LoopGrowth::LoopGrowth(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed)
+    : catalogue_(catalogue), shapes_(shapes), room_(room), random_(seed), steps_(StepsOf(catalogue, shapes)),
+      scalextric_(steps_, TrackSystem::Scalextric, shapes, MostRuns, RunTable::StraightsInOrder::One),
+      ninco_(steps_, TrackSystem::Ninco, shapes, MostRuns, RunTable::StraightsInOrder::One) {}
+
+const RunTable& LoopGrowth::TableOf(TrackSystem system) const {
+    return system == TrackSystem::Ninco ? ninco_ : scalextric_;
+}
+
+std::vector<SearchPose> LoopGrowth::PosesOf(const Run& run) const {
+    std::vector<SearchPose> poses{SearchPose()};
+    for (const std::uint8_t step : run)
+        poses.push_back(steps_[step].After(poses.back()));
+    return poses;
+}
+
+int LoopGrowth::TurnOf(const Run& run) const {
+    int turn = 0;
+    for (const std::uint8_t step : run)
+        turn += steps_[step].Turn;
+    return turn;
+}
+
+/// Whether the pieces were there to be taken.
+bool LoopGrowth::Take(ShapeCounts& left, const Run& run) const {
+    for (const std::uint8_t step : run) {
+        if (--left[static_cast<std::size_t>(steps_[step].Shape)] < 0) return false;
+    }
+    return true;
+}
+
+/// Whether the run's pieces are among those left, which are as they were afterwards.
+bool LoopGrowth::Allows(ShapeCounts& left, const RunTable& table, std::size_t run) const {
+    bool allows = true;
+    table.ForEachStepOf(run, [&](std::uint8_t step) {
+        if (--left[static_cast<std::size_t>(steps_[step].Shape)] < 0) allows = false;
+    });
+    table.ForEachStepOf(run, [&](std::uint8_t step) { ++left[static_cast<std::size_t>(steps_[step].Shape)]; });
+    return allows;
+}
+
+/// A step within the system; the more pieces of a shape are left, the likelier.
+std::optional<std::uint8_t> LoopGrowth::RandomStep(const ShapeCounts& left, TrackSystem system) {
+    const auto weight = [&](const LayingStep& step) {
+        const bool usable = step.Entry == system && step.Exit == system;
+        return usable ? static_cast<std::size_t>(left[static_cast<std::size_t>(step.Shape)]) : 0;
+    };
+    std::size_t all = 0;
+    for (const LayingStep& step : steps_)
+        all += weight(step);
+    if (all == 0) return std::nullopt;
+    std::size_t place = random_.Below(all);
+    for (std::size_t step = 0;; ++step) {
+        if (place < weight(steps_[step])) return static_cast<std::uint8_t>(step);
+        place -= weight(steps_[step]);
+    }
+}
+
+void LoopGrowth::AddRandomSteps(Run& run, ShapeCounts& left, TrackSystem system, std::size_t count) {
+    for (; count > 0; --count) {
+        const auto step = RandomStep(left, system);
+        if (!step) return;
+        run.push_back(*step);
+        --left[static_cast<std::size_t>(steps_[*step].Shape)];
+    }
+}
+
+/// Appends Ninco pieces between two adapters. False where the box has not got them.
+bool LoopGrowth::CrossToNinco(Run& run, ShapeCounts& left) {
+    const auto adapter = [&](TrackSystem entry) {
+        const auto found = std::ranges::find_if(
+            steps_, [&](const LayingStep& step) { return step.JoinsSystems() && step.Entry == entry; });
+        return static_cast<std::uint8_t>(found - steps_.begin());
+    };
+    const std::uint8_t into = adapter(TrackSystem::Scalextric);
+    if (into == steps_.size() || !HasTable(TrackSystem::Ninco) || !HasTable(TrackSystem::Scalextric)) return false;
+    int& adapters = left[static_cast<std::size_t>(steps_[into].Shape)];
+    if (adapters < 2) return false;
+    adapters -= 2;
+    run.push_back(into);
+    constexpr std::size_t fewest = 2, most = 12;
+    AddRandomSteps(run, left, TrackSystem::Ninco, fewest + random_.Below(most));
+    run.push_back(adapter(TrackSystem::Ninco));
+    return true;
+}
+
+/// A few pieces to begin with: of one system, or of both where the box allows it.
+Run LoopGrowth::RandomWalk(ShapeCounts& left, bool ofBoth) {
+    Run walk;
+    constexpr std::size_t mostBefore = 4;
+    if (ofBoth && CrossToNinco(walk, left)) return walk;
+    std::size_t scalextric = 0, ninco = 0;
+    for (const LayingStep& step : steps_)
+        (step.Entry == TrackSystem::Ninco ? ninco : scalextric) +=
+            static_cast<std::size_t>(left[static_cast<std::size_t>(step.Shape)]);
+    const bool ofNinco = random_.Below(scalextric + ninco) < ninco;
+    AddRandomSteps(walk, left, ofNinco ? TrackSystem::Ninco : TrackSystem::Scalextric, 1 + random_.Below(mostBefore));
+    return walk;
+}
+
+std::optional<Loop> LoopGrowth::Begin(bool ofBoth) {
+    if (steps_.empty()) return std::nullopt;
+    ShapeCounts left = shapes_;
+    const Run walk = RandomWalk(left, ofBoth);
+    if (walk.empty()) return std::nullopt;
+    return Closed(walk);
+}
+
+/// The walk closed by two runs of the table of the system that it ends in.
+std::optional<Loop> LoopGrowth::Closed(const Run& walk) {
+    const RunTable& table = TableOf(steps_[walk.back()].Exit);
+    const SearchPose end = PosesOf(walk).back();
+    const SearchPose goal = Relative(end, SearchPose());
+    constexpr std::size_t mostFirst = 3000;
+    Sample<Run> loops(MostReplacements, random_);
+    for (std::size_t tried = 0; tried < mostFirst; ++tried) {
+        const std::size_t first = random_.Below(table.CountUpTo(table.Depth()));
+        table.ForEachTo(Relative(table.PoseOf(first), goal), SearchTolerance, [&](std::size_t second) {
+            Run loop = walk;
+            for (const std::size_t run : {first, second})
+                std::ranges::copy(table.StepsOfRun(run), std::back_inserter(loop));
+            ShapeCounts stock = shapes_;
+            if (IsWholeTurn(TurnOf(loop)) && Take(stock, loop)) loops.Show(loop);
+        });
+        if (loops.Items.size() == MostReplacements) break;
+    }
+    constexpr std::size_t quarters = 4;
+    for (const Run& steps : loops.Items) {
+        Loop loop{steps, {0, 0, static_cast<int>(random_.Below(quarters)) * HeadingCount / 4}};
+        if (Settle(loop, {})) return loop;
+    }
+    return std::nullopt;
+}
+
+/// Begins the loop at another of its elements.
+void LoopGrowth::TurnRound(Loop& loop) {
+    const std::size_t first = random_.Below(loop.Steps.size());
+    for (std::size_t i = 0; i < first; ++i)
+        loop.Start = steps_[loop.Steps[i]].After(loop.Start);
+    std::ranges::rotate(loop.Steps, loop.Steps.begin() + static_cast<std::ptrdiff_t>(first));
+}
+
+/// Takes out some of the first elements and, `anew`, lays others there at random.
+LoopGrowth::Opened LoopGrowth::Open(const Loop& loop, bool anew) {
+    const TrackSystem system = steps_[loop.Steps.back()].Exit;
+    const std::size_t most = anew ? 2 : MostRemoved;
+    const std::size_t wished = random_.Below(std::min(most, loop.Steps.size() - 1) + 1);
+    std::size_t removed = 0;
+    while (removed < wished && !steps_[loop.Steps[removed]].JoinsSystems())
+        ++removed;
+    Opened opened{.Steps = {}, .NewCount = 0, .Left = shapes_, .Poses = {}, .ToEnd = {}};
+    const Run rest(loop.Steps.begin() + static_cast<std::ptrdiff_t>(removed), loop.Steps.end());
+    Take(opened.Left, rest);
+    constexpr std::size_t mostNew = 3;
+    if (anew) AddRandomSteps(opened.Steps, opened.Left, system, random_.Below(mostNew + 1));
+    opened.NewCount = opened.Steps.size();
+    std::ranges::copy(rest, std::back_inserter(opened.Steps));
+    opened.Poses = PosesOf(opened.Steps);
+    for (const SearchPose& pose : opened.Poses)
+        opened.ToEnd.push_back(Relative(opened.Poses.back(), pose));
+    return opened;
+}
+
+/// Ways to close an opened loop: at its front or, `elsewhere`, in place of some of the elements that stayed.
+std::vector<LoopGrowth::Replacement> LoopGrowth::Replacements(Opened& opened, bool elsewhere, int fewest) {
+    Sample<Replacement> found(MostReplacements, random_);
+    const std::size_t count = opened.Steps.size();
+    const auto tryAt = [&](std::size_t first, std::size_t removed, ShapeCounts& left) {
+        const TrackSystem system = steps_[opened.Steps[(first + count - 1) % count]].Exit;
+        const RunTable& table = TableOf(system);
+        if (static_cast<int>(count - removed) + table.Depth() < fewest) return;
+        const SearchPose goal = Relative(opened.Poses[first], opened.ToEnd[first + removed]);
+        table.ForEachTo(goal, SearchTolerance, [&](std::size_t run) {
+            const int pieces = static_cast<int>(count - removed) + table.LengthOf(run);
+            if (pieces < fewest || pieces > MaxElements) return;
+            if (Allows(left, table, run)) found.Show({first, removed, &table, run, pieces});
+        });
+    };
+    if (!elsewhere) {
+        tryAt(0, 0, opened.Left);
+        return found.Items;
+    }
+    const std::size_t places = count - opened.NewCount;
+    const std::size_t begin = random_.Below(std::max<std::size_t>(places, 1));
+    for (std::size_t i = 0; i < places && found.Items.size() < MostReplacements; ++i) {
+        const std::size_t first = opened.NewCount + (begin + i) % places;
+        ShapeCounts left = opened.Left;
+        for (std::size_t removed = 0; removed <= MostRemoved && first + removed <= count; ++removed) {
+            if (removed > 0) {
+                const LayingStep& taken = steps_[opened.Steps[first + removed - 1]];
+                if (taken.JoinsSystems()) break;
+                ++left[static_cast<std::size_t>(taken.Shape)];
+            }
+            tryAt(first, removed, left);
+        }
+    }
+    return found.Items;
+}
+
+bool LoopGrowth::Change(Loop& loop, int fewest) {
+    TurnRound(loop);
+    const bool elsewhere = random_.Happens(2, 3);
+    Opened opened = Open(loop, elsewhere);
+    if (opened.Steps.empty()) return false;
+    std::vector<Replacement> replacements = Replacements(opened, elsewhere, fewest);
+    std::ranges::stable_sort(replacements, std::ranges::greater(), &Replacement::Count);
+    for (const Replacement& replacement : replacements) {
+        const Run run = replacement.Table->StepsOfRun(replacement.NewRun);
+        Loop changed{opened.Steps, loop.Start};
+        const auto at = changed.Steps.begin() + static_cast<std::ptrdiff_t>(replacement.First);
+        changed.Steps.insert(changed.Steps.erase(at, at + static_cast<std::ptrdiff_t>(replacement.Removed)),
+                             run.begin(), run.end());
+        if (changed.Steps == loop.Steps || !IsWholeTurn(TurnOf(changed.Steps)) || IsTooWide(changed)) continue;
+        // What is new has a part of its own; so has what lies between and what follows.
+        std::vector<int> parts(changed.Steps.size());
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            const bool isNew = i < opened.NewCount || (i >= replacement.First && i < replacement.First + run.size());
+            parts[i] = isNew ? 2 + static_cast<int>(i) : i < replacement.First ? 0 : 1;
+        }
+        if (!Settle(changed, parts)) continue;
+        loop = std::move(changed);
+        return true;
+    }
+    return false;
+}
+
+/// Whether the pieces' entries alone reach farther than the room.
+bool LoopGrowth::IsTooWide(const Loop& loop) const {
+    SearchPose pose = loop.Start;
+    double left = pose.X, right = pose.X, bottom = pose.Y, top = pose.Y;
+    for (const std::uint8_t step : loop.Steps) {
+        pose = steps_[step].After(pose);
+        left = std::min(left, pose.X);
+        right = std::max(right, pose.X);
+        bottom = std::min(bottom, pose.Y);
+        top = std::max(top, pose.Y);
+    }
+    return right - left > room_.Width() || top - bottom > room_.Height();
+}
+
+/// Whether the loop closes as it is really laid, without overlaps, and finds a place in the room, where it then starts.
+bool LoopGrowth::Settle(Loop& loop, const std::vector<int>& parts) {
+    const Rows rows = RowsOf(steps_, loop.Steps);
+    const LaidLoop laid = LayLoop(catalogue_, rows, loop.Cursor());
+    if (!IsClosed(laid)) return false;
+    const auto shift = room_.ShiftInto(laid, random_);
+    if (!shift || OverlapsItself(laid, parts)) return false;
+    loop.Start.X += shift->X;
+    loop.Start.Y += shift->Y;
+    return true;
+}
+
+} // namespace pistaro

@@ -1,0 +1,257 @@
+// Laid circuits are held against plain tests of their own: points within outlines, not the search's overlap; points
+// within the rectangle, not its room; counts of codes.
+#include "search/laying.h"
+
+#include "layout/outline.h"
+#include "search/same_circuit.h"
+#include "support/pieces.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <numeric>
+#include <set>
+
+namespace pistaro {
+namespace {
+
+using Polygon = std::vector<WorldPoint>;
+
+struct Rectangle {
+    std::int16_t Width, Height; ///< cm, around the origin
+};
+
+RoomPolygon RoomOf(Rectangle rectangle) {
+    const auto right = static_cast<std::int16_t>(rectangle.Width / 2);
+    const auto top = static_cast<std::int16_t>(rectangle.Height / 2);
+    const auto left = static_cast<std::int16_t>(-right);
+    const auto bottom = static_cast<std::int16_t>(-top);
+    return {{{left, bottom, 0}, {right, bottom, 1}, {right, top, 1}, {left, top, 1}, {left, bottom, 1}}, 0};
+}
+
+LayingTask TaskOf(const std::string& box, Rectangle room, std::uint64_t seed = 1) {
+    LayingTask task;
+    task.Box = BoxOf(Pieces(), box);
+    task.Room = RoomOf(room);
+    task.Seed = seed;
+    return task;
+}
+
+Laying Lay(const LayingTask& task) { return LayCircuits(Pieces(), task, {}, {}); }
+
+std::vector<Polygon> OutlinesOf(const Track& track) {
+    std::vector<Polygon> outlines;
+    WalkTrack(Pieces(), track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+        outlines.push_back(OutlinePolygon(*placement, 0.01));
+    });
+    return outlines;
+}
+
+bool IsWithin(const Polygon& polygon, double x, double y) {
+    bool within = false;
+    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
+        const WorldPoint a = polygon[i];
+        const WorldPoint b = polygon[j];
+        if ((a.Y > y) != (b.Y > y) && x < a.X + (y - a.Y) * (double{b.X} - a.X) / (double{b.Y} - a.Y)) within = !within;
+    }
+    return within;
+}
+
+/// The area that both cover, cm², by points half a centimetre apart.
+double SharedArea(const Polygon& a, const Polygon& b) {
+    constexpr double step = 0.5;
+    const auto [left, right] = std::ranges::minmax(a, {}, &WorldPoint::X);
+    const auto [bottom, top] = std::ranges::minmax(a, {}, &WorldPoint::Y);
+    int shared = 0;
+    for (double x = left.X + step / 2; x < right.X; x += step) {
+        for (double y = bottom.Y + step / 2; y < top.Y; y += step) {
+            if (IsWithin(b, x, y) && IsWithin(a, x, y)) ++shared;
+        }
+    }
+    return shared * step * step;
+}
+
+void ExpectNoOverlaps(const std::vector<Polygon>& outlines) {
+    for (std::size_t i = 0; i < outlines.size(); ++i) {
+        for (std::size_t j = i + 2; j < outlines.size(); ++j) {
+            if (i == 0 && j + 1 == outlines.size()) continue; // neighbours
+            EXPECT_LT(SharedArea(outlines[i], outlines[j]), 2.5) << i << " and " << j;
+        }
+    }
+}
+
+void ExpectInside(const std::vector<Polygon>& outlines, Rectangle room) {
+    constexpr double touch = 0.05;
+    for (const Polygon& outline : outlines) {
+        for (const WorldPoint point : outline) {
+            EXPECT_LE(std::abs(point.X), room.Width / 2.0 + touch);
+            EXPECT_LE(std::abs(point.Y), room.Height / 2.0 + touch);
+        }
+    }
+}
+
+void ExpectFromBox(const Track& track, const Box& box) {
+    std::map<int, int> used;
+    for (const std::string& code : track.ElementCodes)
+        ++used[Pieces().Find(code)->StockIndex];
+    for (const auto& [head, count] : used)
+        EXPECT_LE(count, box.Counts.at(static_cast<std::size_t>(head))) << Pieces()[head].Code;
+}
+
+void ExpectSound(const LayingTask& task, const Laying& laying, Rectangle room) {
+    std::set<std::vector<int>> keys;
+    for (const LaidCircuit& circuit : laying.Circuits) {
+        const TrackGap gap = GapOf(Pieces(), circuit.Track);
+        EXPECT_LE(gap.Distance, 0.05);
+        EXPECT_LE(std::abs(gap.Angle), 0.001);
+        const std::vector<Polygon> outlines = OutlinesOf(circuit.Track);
+        ExpectNoOverlaps(outlines);
+        ExpectInside(outlines, room);
+        ExpectFromBox(circuit.Track, task.Box);
+        std::vector<int> rows;
+        for (const std::string& code : circuit.Track.ElementCodes)
+            rows.push_back(Pieces().FindRow(code));
+        EXPECT_TRUE(keys.insert(CircuitKey(Pieces(), rows)).second) << "two are alike";
+        EXPECT_DOUBLE_EQ(circuit.Used, static_cast<double>(rows.size()) / task.Box.Total());
+    }
+    EXPECT_TRUE(std::ranges::is_sorted(laying.Circuits, std::ranges::greater(), &LaidCircuit::Score));
+}
+
+TEST(LaidCircuits, OfASmallBoxAreAllThereAre) {
+    // A full circle, with no straights, one pair in one way, two pairs in three ways.
+    const LayingTask task = TaskOf("C151=8,C160=4", {240, 240});
+
+    const Laying laying = Lay(task);
+
+    EXPECT_TRUE(laying.AreAll);
+    ASSERT_EQ(laying.Circuits.size(), 5U);
+    EXPECT_EQ(laying.Circuits[0].Used, 1);
+    EXPECT_EQ(laying.Circuits[4].Used, 8.0 / 12);
+    ExpectSound(task, laying, {240, 240});
+}
+
+TEST(LaidCircuits, StayInsideASmallRoom) {
+    // A circle is 74.6 cm wide, and an oval with one pair 109.6 cm long.
+    const LayingTask task = TaskOf("C151=8,C160=4", {112, 80});
+
+    const Laying laying = Lay(task);
+
+    EXPECT_EQ(laying.Circuits.size(), 2U);
+    ExpectSound(task, laying, {112, 80});
+}
+
+TEST(LaidCircuits, AreNoneWhereThePiecesMakeNoFullTurn) {
+    EXPECT_TRUE(Lay(TaskOf("C151=7,C160=4", {400, 300})).Circuits.empty());
+    EXPECT_TRUE(Lay(TaskOf("C160=40", {400, 300})).Circuits.empty());
+    EXPECT_TRUE(Lay(TaskOf("C160=0", {400, 300})).Circuits.empty());
+}
+
+TEST(LaidCircuits, OfALargerBoxUseIt) {
+    const LayingTask task = TaskOf("C151=12,C160=6,C159=2", {240, 160});
+
+    const Laying laying = Lay(task);
+
+    EXPECT_FALSE(laying.AreAll);
+    ASSERT_EQ(laying.Circuits.size(), 10U);
+    EXPECT_EQ(laying.Circuits.front().Used, 1);
+    ExpectSound(task, laying, {240, 160});
+}
+
+TEST(LaidCircuits, OfNincoTrackCloseToo) {
+    const LayingTask task = TaskOf("N10105=10,N10102=4,N10103=2", {300, 200});
+
+    const Laying laying = Lay(task);
+
+    ASSERT_EQ(laying.Circuits.size(), 10U);
+    ExpectSound(task, laying, {300, 200});
+}
+
+TEST(LaidCircuits, OfBothSystemsJoinThemByAdapters) {
+    const LayingTask task = TaskOf("C151=12,C160=8,C159=4,N10110=2,N10102=4,N10105=8,N10103=2", {400, 300});
+
+    const Laying laying = Lay(task);
+
+    ASSERT_EQ(laying.Circuits.size(), 10U);
+    EXPECT_GE(laying.Circuits.front().Used, 0.8);
+    ExpectSound(task, laying, {400, 300});
+    for (const LaidCircuit& circuit : laying.Circuits) {
+        const std::vector<std::string>& codes = circuit.Track.ElementCodes;
+        for (std::size_t i = 0; i < codes.size(); ++i) {
+            const std::string& next = codes[(i + 1) % codes.size()];
+            if (codes[i] == "N10110" || next == "N10110") continue;
+            EXPECT_EQ(codes[i].front(), next.front()) << "no adapter between";
+        }
+    }
+}
+
+TEST(LaidCircuits, TakeSpecialPiecesIn) {
+    const LayingTask task = TaskOf("C151=12,C160=4,C8006=2,C277=1,C159=1", {240, 160});
+
+    const Laying laying = Lay(task);
+
+    ASSERT_FALSE(laying.Circuits.empty());
+    const std::vector<std::string>& best = laying.Circuits.front().Track.ElementCodes;
+    EXPECT_EQ(std::ranges::count(best, "C8006"), 2);
+    EXPECT_EQ(std::ranges::count(best, "C277"), 1);
+    ExpectSound(task, laying, {240, 160});
+}
+
+TEST(LaidCircuits, KeepClearOfAPillar) {
+    LayingTask task = TaskOf("C151=12,C160=6,C159=2", {240, 160});
+    const RoomPolygon pillar{{{-20, -10, 0}, {20, -10, 1}, {20, 10, 1}, {-20, 10, 1}, {-20, -10, 1}}, 0};
+    std::ranges::copy(pillar.Points, std::back_inserter(task.Room.Points));
+
+    const Laying laying = Lay(task);
+
+    ASSERT_FALSE(laying.Circuits.empty());
+    const Polygon inside{{-20, -10}, {20, -10}, {20, 10}, {-20, 10}};
+    for (const LaidCircuit& circuit : laying.Circuits) {
+        for (const Polygon& outline : OutlinesOf(circuit.Track))
+            EXPECT_LT(SharedArea(outline, inside), 0.5);
+    }
+}
+
+TEST(LaidCircuits, AreTheSameForTheSameSeed) {
+    const LayingTask task = TaskOf("C151=12,C160=6,C153=4", {240, 160}, 7);
+
+    const Laying first = Lay(task);
+    const Laying second = Lay(task);
+
+    ASSERT_EQ(first.Circuits.size(), second.Circuits.size());
+    for (std::size_t i = 0; i < first.Circuits.size(); ++i)
+        EXPECT_EQ(first.Circuits[i].Track, second.Circuits[i].Track);
+}
+
+TEST(LaidCircuits, AreOthersForAnotherSeed) {
+    const std::string box = "C151=12,C160=8,C159=4,C158=4";
+
+    EXPECT_NE(Lay(TaskOf(box, {300, 200}, 1)).Circuits.front().Track,
+              Lay(TaskOf(box, {300, 200}, 2)).Circuits.front().Track);
+}
+
+TEST(LaidCircuits, BeginOnAStraight) {
+    for (const LaidCircuit& circuit : Lay(TaskOf("C151=12,C160=6,C159=2", {240, 160})).Circuits)
+        EXPECT_TRUE(Pieces().Find(circuit.Track.ElementCodes.front())->IsStraight());
+}
+
+TEST(Laying, GivesWhatItHasWhenTheTimeIsUp) {
+    int asked = 0;
+    const LayingTask task = TaskOf("C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4", {400, 300});
+
+    const Laying laying = LayCircuits(Pieces(), task, {}, [&] { return ++asked == 2; });
+
+    EXPECT_EQ(asked, 2);
+    EXPECT_FALSE(laying.Circuits.empty());
+}
+
+TEST(Laying, StopsWhenItIsAskedTo) {
+    std::stop_source stop;
+    JobWatch watch{.Progress = [&](int, int) { stop.request_stop(); }, .Stop = stop.get_token()};
+
+    EXPECT_THROW(LayCircuits(Pieces(), TaskOf("C151=24,C160=24,C153=8", {400, 300}), watch, {}), Stopped);
+}
+
+} // namespace
+} // namespace pistaro
