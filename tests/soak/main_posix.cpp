@@ -72,7 +72,9 @@ void TellWarning(QtMsgType, const QMessageLogContext&, const QString& text) {
 /// A home with a circuit to load, a file that is none, and no viewer for web pages.
 void Furnish(const TemporaryFolder& home) {
     ::setenv("HOME", home.Path().c_str(), 1);
-    ::setenv("XDG_RUNTIME_DIR", home.Path().c_str(), 1);
+    std::filesystem::create_directory(home / "run");
+    std::filesystem::permissions(home / "run", std::filesystem::perms::owner_all);
+    ::setenv("XDG_RUNTIME_DIR", (home / "run").c_str(), 1);
     for (const char* const name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "DISPLAY", "WAYLAND_DISPLAY"})
         ::unsetenv(name);
     ::setenv("PATH", "/nonexistent", 1);
@@ -103,5 +105,7 @@ int main(int argc, char** argv) {
     }
     std::printf("%d events, %d starts, %d dialogs and menus; %zu KB in the morning, %zu KB in the evening\n",
                 day.User.Acts(), day.Starts, day.User.Dialogs(), day.InTheMorning / 1024, day.InTheEvening / 1024);
+    for (const std::string& name : day.User.Met())
+        std::printf("met: %s\n", name.c_str());
     return day.InTheEvening > day.InTheMorning + MostGrowth ? 1 : 0;
 }

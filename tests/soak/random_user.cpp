@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPointer>
 #include <QTest>
 #include <QWheelEvent>
@@ -48,7 +49,11 @@ bool TakesInput(const QWidget& control) {
 void RandomUser::Act() {
     ++acts_;
     QWidget* const front = InFront();
-    if (front != nullptr && front != lastDialog_) ++dialogs_;
+    if (front != nullptr && front != lastDialog_) {
+        ++dialogs_;
+        const QString name = front->objectName();
+        met_.insert(name.isEmpty() ? front->metaObject()->className() : name.toStdString());
+    }
     actsInDialog_ = front == lastDialog_ ? actsInDialog_ + 1 : 0;
     lastDialog_ = front;
     if (front != nullptr && actsInDialog_ > LongestStay) {
@@ -75,7 +80,20 @@ QWidget* RandomUser::AnyControl(const QWidget& window) {
     return controls.isEmpty() ? nullptr : controls[Below(static_cast<int>(controls.size()))];
 }
 
+template <typename Menu>
+void RandomUser::ClickEntry(Menu& menu) {
+    const QList<QAction*> entries = menu.actions();
+    if (entries.isEmpty()) return;
+    QAction* const entry = entries[Below(static_cast<int>(entries.size()))];
+    const bool ends = entry->objectName() == "mnuQuit";
+    if (ends && Below(10) > 0) return;
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(entry).center());
+}
+
 void RandomUser::ActIn(QWidget& window) {
+    if (auto* const menu = qobject_cast<QMenu*>(&window); menu != nullptr && Below(3) > 0) return ClickEntry(*menu);
+    auto* const bar = window.findChild<QMenuBar*>();
+    if (bar != nullptr && Below(12) == 0) return ClickEntry(*bar);
     QWidget* const control = AnyControl(window);
     QWidget& target = control != nullptr ? *control : window;
     const int dice = Below(3000);

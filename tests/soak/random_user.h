@@ -6,6 +6,8 @@
 
 #include <filesystem>
 #include <random>
+#include <set>
+#include <string>
 
 namespace pistaro {
 
@@ -20,10 +22,15 @@ public:
     int Acts() const { return acts_; }
     int Dialogs() const { return dialogs_; } ///< that were met, menus too
 
+    /// Their names, or classes where they have none.
+    const std::set<std::string>& Met() const { return met_; }
+
 private:
     int Below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
     void ActIn(QWidget& window);
+    template <typename Menu>
+    void ClickEntry(Menu& menu);
     void Press(QWidget& control);
     void Type(QWidget& control);
     void ChooseFile(QWidget& dialog);
@@ -33,6 +40,7 @@ private:
     std::filesystem::path folder_;
     int acts_ = 0;
     int dialogs_ = 0;
+    std::set<std::string> met_;
     int actsInDialog_ = 0;
     const QWidget* lastDialog_ = nullptr; ///< never looked into: it may be gone
 };
