@@ -1,0 +1,176 @@
+// The built program, killed at any moment: every file that it writes is whole, the old one or the new one. Fifty kills
+// here, a thousand by ./soak.
+#include "faults/tree.h"
+#include "storage/circuit_file.h"
+#include "storage/settings_file.h"
+#include "support/circuit_text.h"
+#include "support/pieces.h"
+#include "support/run_program.h"
+#include "support/settings_bytes.h"
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <random>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace pistaro {
+
+namespace {
+
+using std::chrono::microseconds;
+using testing::AnyOf;
+
+/// The program in a folder, its script in "script.txt" there, its words nowhere.
+class RunningProgram {
+public:
+    RunningProgram(const ProgramFolder& folder, const std::vector<std::string>& arguments) {
+        std::vector<char*> words{const_cast<char*>(PROGRAM)};
+        for (const std::string& argument : arguments)
+            words.push_back(const_cast<char*>(argument.c_str()));
+        words.push_back(nullptr);
+        process_ = ::fork();
+        if (process_ != 0) return;
+        const int nowhere = ::open("/dev/null", O_RDWR);
+        for (const int stream : {0, 1, 2})
+            ::dup2(nowhere, stream);
+        ::setenv("HOME", folder.Path().c_str(), 1);
+        ::unsetenv("XDG_CONFIG_HOME");
+        ::unsetenv("XDG_DATA_HOME");
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        if (::chdir(folder.Path().c_str()) == 0) ::execv(PROGRAM, words.data());
+        ::_exit(127);
+    }
+    ~RunningProgram() { Wait(); }
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+
+    void Kill() const { ::kill(process_, SIGKILL); }
+
+    /// Its status, as the system tells it.
+    int Wait() {
+        if (process_ > 0) ::waitpid(process_, &status_, 0);
+        process_ = 0;
+        return status_;
+    }
+
+private:
+    pid_t process_ = 0;
+    int status_ = 0;
+};
+
+/// What a killed program may leave besides: the temporary file that it was about to rename, swept by a later start.
+void RemoveTemporaries(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> left;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        if (entry.path().filename().string().starts_with(".pistaro-")) left.push_back(entry.path());
+    }
+    for (const std::filesystem::path& file : left)
+        std::filesystem::remove(file);
+}
+
+class Kills : public testing::Test {
+protected:
+    void Lay() const {
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.Path()))
+            std::filesystem::remove_all(entry);
+        WriteBytes(folder_ / "oval.trk", CircuitText("C160 C159"));
+        WriteBytes(folder_ / "corvel.ini", WholeSettings());
+        WriteBytes(folder_ / "script.txt", script_);
+    }
+
+    /// Kills the program as often as this test is due, at any moment of its work, and calls `look` each time.
+    void KillAtAnyMoment(const std::vector<std::string>& arguments, const std::function<void()>& look) {
+        Lay();
+        const microseconds duration = DurationOf(arguments);
+        const auto seed = std::random_device{}();
+        std::mt19937 random(seed);
+        const int kills = std::getenv("PISTARO_SOAK") != nullptr ? 200 : 10;
+        int killed = 0;
+        for (int kill = 0; kill < kills; ++kill) {
+            const microseconds moment(random() % static_cast<unsigned>(duration.count()));
+            SCOPED_TRACE("seed " + std::to_string(seed) + ", killed after " + std::to_string(moment.count()) + " us");
+            Lay();
+            {
+                RunningProgram program(folder_, arguments);
+                std::this_thread::sleep_for(moment);
+                program.Kill();
+                killed += WIFSIGNALED(program.Wait());
+            }
+            RemoveTemporaries(folder_.Path());
+            look();
+        }
+        EXPECT_GT(killed, kills / 2) << "it had ended by itself";
+    }
+
+    /// The same for work that ends with these files written: each is the old or the new.
+    void ExpectWhole(const std::vector<std::string>& arguments) {
+        Lay();
+        const Tree before = TreeBelow(folder_.Path());
+        DurationOf(arguments);
+        const Tree after = TreeBelow(folder_.Path());
+        ASSERT_NE(before, after);
+        KillAtAnyMoment(arguments, [&] { ExpectOldOrNew(TreeBelow(folder_.Path()), before, after); });
+    }
+
+    ProgramFolder folder_;
+    std::string script_;
+
+private:
+    /// How long the program takes when it is let alone.
+    microseconds DurationOf(const std::vector<std::string>& arguments) const {
+        const auto begin = std::chrono::steady_clock::now();
+        RunningProgram program(folder_, arguments);
+        EXPECT_EQ(program.Wait(), 0);
+        return std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - begin);
+    }
+};
+
+} // namespace
+
+TEST_F(Kills, DuringAnEditingScriptLeaveTheCircuitAsItWasSavedOnce) {
+    constexpr int saves = 30;
+    for (int save = 0; save < saves; ++save)
+        script_ += "add C160\nsave oval.trk\n";
+
+    KillAtAnyMoment({"script", "script.txt", "oval.trk", "--settings", "corvel.ini"}, [&] {
+        const Design saved = ReadCircuit(folder_ / "oval.trk");
+        std::string codes = "C160 C159";
+        for (std::size_t piece = 2; piece < saved.Circuit.Tracks[0].ElementCodes.size(); ++piece)
+            codes += " C160";
+        EXPECT_EQ(BytesOf(folder_ / "oval.trk"), CircuitText(codes));
+    });
+}
+
+TEST_F(Kills, DuringTheDialogsSavesLeaveSettingsThatOneOfThemSaved) {
+    for (int round = 0; round < 5; ++round) {
+        script_ += "area step=7 save\nstock C160=17 save\ncolours rail=111 save\n"
+                   "area step=9 save\nstock C160=0 save\ncolours rail=3 save\n";
+    }
+    const Settings whole = ParseSettings(Pieces(), WholeSettings(), "whole");
+    const int row = Pieces().FindHeadRow("C160");
+
+    KillAtAnyMoment({"script", "script.txt", "--settings", "corvel.ini"}, [&] {
+        Settings left = ReadSettings(Pieces(), folder_ / "corvel.ini");
+        EXPECT_THAT(std::exchange(left.Preferences.Grid.Step, 10), AnyOf(10, 7, 9));
+        EXPECT_THAT(std::exchange(left.Stock.Of(row).OwnedCount, 0), AnyOf(0, 17));
+        EXPECT_THAT(std::exchange(left.Preferences.Colours.Rail, 3), AnyOf(3, 111));
+        EXPECT_EQ(left, whole) << BytesOf(folder_ / "corvel.ini");
+    });
+}
+
+TEST_F(Kills, DuringAPictureLeaveItWholeOrAway) {
+    ExpectWhole({"picture", "oval.trk", "--out", "track.png", "--size", "300"});
+}
+
+TEST_F(Kills, DuringTheShoppingListLeaveItWholeOrAway) { ExpectWhole({"shop", "oval.trk"}); }
+
+TEST_F(Kills, DuringTheGuideLeaveEachFileWholeOrAway) { ExpectWhole({"guide", "oval.trk"}); }
+
+} // namespace pistaro
