@@ -5,10 +5,31 @@
 #include "platform/processes.h"
 #include "ui/designer.h"
 
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <iostream>
+
+namespace {
+
+/// Memory may end where nobody can tell it any more: within the toolkit, in what must not throw, on another thread.
+[[noreturn]] void EndForWantOfMemory() {
+    try {
+        if (const std::exception_ptr fault = std::current_exception()) std::rethrow_exception(fault);
+    } catch (const std::bad_alloc&) {
+        std::fputs("pistaro: Out of memory\n", stderr);
+        std::_Exit(EXIT_FAILURE);
+    } catch (...) {
+        std::abort();
+    }
+    std::abort();
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     using namespace pistaro;
+    std::set_terminate(EndForWantOfMemory);
     UseConsoleOfParent();
     const Catalogue catalogue = InitCatalogue();
     const auto result = RunCommandLine(catalogue, CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);

@@ -8,6 +8,7 @@
 #include "imaging/circuit_picture.h"
 #include "model/job.h"
 #include "platform/fault.h"
+#include "platform/fault_words.h"
 #include "platform/files.h"
 #include "search/box.h"
 #include "version.h"
@@ -363,6 +364,13 @@ const CLI::Option* AddProgramOptions(CLI::App& app, Arguments& values) {
     return app.add_option("CIRCUIT", values.DesignerCircuit, "The circuit that the designer opens");
 }
 
+/// A fault's words as one line, whatever stands in the name of a file among them.
+std::string OnOneLine(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
+    return text;
+}
+
 /// Does a verb's job, and gives the exit status.
 int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
     try {
@@ -376,7 +384,7 @@ int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
         context.Output.flush();
         return 1;
     } catch (const std::exception& fault) {
-        context.Errors << "pistaro: " << fault.what() << '\n';
+        context.Errors << "pistaro: " << OnOneLine(WordsOf(fault)) << '\n';
         return 1;
     }
 }
@@ -390,7 +398,7 @@ CommandLineResult RunCommandLine(const Catalogue& catalogue, const std::vector<s
     const CLI::Option* const designerCircuit = AddProgramOptions(app, values);
     VerbParser verbs(catalogue, app, values);
     const auto usage = [&](const std::string& reason) {
-        errors << "pistaro: " << reason << '\n' << Usage(app);
+        errors << "pistaro: " << OnOneLine(reason) << '\n' << Usage(app);
         return CommandLineResult{2, std::nullopt};
     };
     if (const auto option = OptionWithoutValue(arguments)) return usage(*option + " has no value");

@@ -6,11 +6,13 @@
 #include "cli/script_dialogs.h"
 #include "cli/script_words.h"
 #include "cli/state_json.h"
+#include "commands/circuit_commands.h"
 #include "commands/closing_commands.h"
 #include "editor/mouse_selection.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "platform/fault.h"
+#include "platform/fault_words.h"
 #include "platform/files.h"
 
 #include <array>
@@ -35,6 +37,7 @@ void RunById(Script& script, const std::string& id, int times = 1) {
 void RunOnFile(Script& script, const Words& words) {
     if (words[1].empty()) throw Refused("\"" + words[0] + "\" wants the name of a file");
     script.Prompts.File = PathFromText(words[1]);
+    if (words[0] == "save") CheckNotSettings(*script.Prompts.File, script.SettingsFile);
     RunById(script, words[0]);
 }
 
@@ -146,17 +149,18 @@ void RunLine(Script& script, const std::string& line) {
 } // namespace
 
 void RunScript(Session& session, ScriptPrompts& prompts, std::istream& script, const std::string& name,
-               std::ostream& output, const std::vector<Message>& warnings) {
+               std::ostream& output, const VerbStart& start) {
     session.Now = [] { return std::chrono::steady_clock::time_point(); }; // a slow machine changes no step
-    Script running{session, prompts, output, warnings, std::nullopt};
+    Script running{session, prompts, output, start.Messages, start.SettingsPath, std::nullopt};
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     int number = 0;
-    for (std::string line; NextScriptLine(script, line);) {
+    ScriptLines lines(script, name);
+    for (std::string line; lines.Next(line);) {
         if (++number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
         try {
             RunLine(running, line);
         } catch (const std::exception& fault) {
-            throw Fault(name + ", line " + std::to_string(number), fault.what());
+            throw Fault(name + ", line " + std::to_string(number), WordsOf(fault));
         }
     }
 }

@@ -17,8 +17,9 @@ struct Script {
     pistaro::Session& Session;
     ScriptPrompts& Prompts;
     std::ostream& Output;
-    const std::vector<Message>& Warnings; ///< that reading the settings gave
-    std::optional<RoomPoints> Room;       ///< the draw-area dialog's copy once a point of it was changed
+    const std::vector<Message>& Warnings;      ///< that reading the settings gave
+    const std::filesystem::path& SettingsFile; ///< that was read, or would be
+    std::optional<RoomPoints> Room;            ///< the draw-area dialog's copy once a point of it was changed
 };
 
 /// colours NAME=VALUE ... apply|save

@@ -1,5 +1,6 @@
 #include "cli/script_words.h"
 
+#include "storage/line_reader.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -13,12 +14,18 @@ bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t
 
 } // namespace
 
-bool NextScriptLine(std::istream& script, std::string& line) {
+int ScriptLines::Take() {
+    const int c = script_.get();
+    if (c != std::istream::traits_type::eof() && ++taken_ > MostFileBytes) throw Fault("File too large", name_);
+    return c;
+}
+
+bool ScriptLines::Next(std::string& line) {
     line.clear();
-    for (int c = script.get(); c != std::istream::traits_type::eof(); c = script.get()) {
+    for (int c = Take(); c != std::istream::traits_type::eof(); c = Take()) {
         if (c == '\n') return true;
         if (c == '\r') {
-            if (script.peek() == '\n') script.get();
+            if (script_.peek() == '\n') Take();
             return true;
         }
         line += static_cast<char>(c);

@@ -12,9 +12,23 @@ namespace pistaro {
 
 using Words = std::vector<std::string>;
 
-/// The next line without its end, which is CR LF, LF or CR; false when there is none. Reads no further than it must, so
-/// that a script can be typed.
-bool NextScriptLine(std::istream& script, std::string& line);
+/// A script line by line. Reads no further than it must, so that one can be typed.
+class ScriptLines {
+public:
+    /// `name` is the script's in the fault.
+    ScriptLines(std::istream& script, std::string name) : script_(script), name_(std::move(name)) {}
+
+    /// The next line without its end, which is CR LF, LF or CR; false when there is none. Fault beyond MostFileBytes.
+    bool Next(std::string& line);
+
+private:
+    /// The next byte, the end-of-file value when there is none.
+    int Take();
+
+    std::istream& script_;
+    std::string name_;
+    std::size_t taken_ = 0;
+};
 
 /// The words of a line: parted by blanks, double quotes keep blanks together, "#" at the start of a word begins a
 /// comment. Faults: a quote that is not closed, control characters.

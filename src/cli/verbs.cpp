@@ -150,7 +150,7 @@ void ScriptVerb(const VerbContext& context, const std::string& script, const Opt
     ScriptPrompts prompts;
     Session session(context.Pieces, prompts, std::move(start.Project), context.SettingsFile.value_or(""));
     if (circuit) LoadFileCommand(session, *circuit);
-    RunScript(session, prompts, typed ? context.Input : lines, script, context.Output, start.Messages);
+    RunScript(session, prompts, typed ? context.Input : lines, script, context.Output, start);
 }
 
 void CatalogueVerb(const VerbContext& context, bool json) {

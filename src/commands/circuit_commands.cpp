@@ -1,6 +1,8 @@
 #include "commands/circuit_commands.h"
 
 #include "editor/circuit_files.h"
+#include "platform/fault.h"
+#include "platform/files.h"
 #include "storage/settings_sections.h"
 
 namespace pistaro {
@@ -40,6 +42,15 @@ bool LetsGo(Session& session, const char* question, Buttons buttons, Answer yes)
 
 } // namespace
 
+void CheckNotSettings(const std::filesystem::path& file, const std::filesystem::path& settings) {
+    if (settings.empty()) return;
+    std::error_code unknown;
+    const bool same = std::filesystem::equivalent(file, settings, unknown) ||
+                      std::filesystem::weakly_canonical(std::filesystem::absolute(file), unknown) ==
+                          std::filesystem::weakly_canonical(std::filesystem::absolute(settings), unknown);
+    if (same) throw Fault("Permission denied", TextFromPath(file) + ": is the settings file");
+}
+
 bool MayReplace(Session& session) {
     return !WouldLoseTrack(session) ||
            LetsGo(session, "All data will be lost if you proceed.", Buttons::OkCancel, Answer::Ok);
@@ -73,6 +84,7 @@ void SaveCommand(Session& session) {
         session.Project.EditState.DataChanged = false;
         return;
     }
+    CheckNotSettings(*file, session.SettingsPath);
     std::error_code reportedByTheWrite;
     if (std::filesystem::exists(*file, reportedByTheWrite)) {
         session.Prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo);

@@ -10,6 +10,9 @@ namespace pistaro {
 /// What the file dialogs offer.
 inline constexpr const char* TrackFilter = "Track files (*.trk)|*.trk";
 
+/// Fault where a circuit would be written over the settings file, under whatever name.
+void CheckNotSettings(const std::filesystem::path& file, const std::filesystem::path& settings);
+
 /// Whether the design may be replaced: it is saved, or its user lets go of it when asked what Load asks.
 bool MayReplace(Session& session);
 

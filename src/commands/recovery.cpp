@@ -1,6 +1,7 @@
 // All but the writing happens on the session's thread, and none of it while something is being written.
 #include "commands/recovery.h"
 
+#include "platform/fault_words.h"
 #include "platform/files.h"
 #include "platform/locks.h"
 #include "platform/processes.h"
@@ -64,7 +65,7 @@ private:
             return true;
         } catch (const std::exception& fault) {
             if (files->told_.exchange(true)) return false;
-            files->post_([waiting = std::weak_ptr(files), text = std::string(fault.what())] {
+            files->post_([waiting = std::weak_ptr(files), text = std::string(WordsOf(fault))] {
                 if (const auto here = waiting.lock()) here->tell_(text);
             });
             return false;

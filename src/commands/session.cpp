@@ -2,6 +2,7 @@
 
 #include "imaging/circuit_picture.h"
 #include "platform/fault.h"
+#include "platform/fault_words.h"
 
 namespace pistaro {
 
@@ -48,7 +49,7 @@ bool Session::Do(const std::function<void()>& work) {
         } catch (const Stopped&) {
             return; // its user knows: it was they who stopped it
         } catch (const std::exception& fault) {
-            Prompts.Tell({Icon::Exclamation, fault.what()});
+            Prompts.Tell({Icon::Exclamation, WordsOf(fault)});
         }
     });
     return done;

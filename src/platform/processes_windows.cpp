@@ -43,9 +43,9 @@ std::wstring Quoted(const std::wstring& word) {
     return word.find(L' ') == std::wstring::npos ? word : L'"' + word + L'"';
 }
 
-/// A program on a command line. A registered command may hold words of its own after it: those stay apart.
-std::wstring Program(const std::wstring& command) {
-    return ::GetFileAttributesW(command.c_str()) != INVALID_FILE_ATTRIBUTES ? Quoted(command) : command;
+bool IsFile(const std::string& path) {
+    std::error_code unreachable;
+    return std::filesystem::is_regular_file(PathFromText(path), unreachable);
 }
 
 UINT codePageOfConsole = 0;
@@ -154,7 +154,7 @@ std::string ShortPath(const std::string& path) {
 void StartProgram(const std::string& program, const std::string& argument) {
     if (program.empty())
         throw Fault("Program not started", "none is registered for " + argument); // not the argument itself
-    std::wstring commandLine = Program(WideFromText(program)) + L" " + Quoted(WideFromText(argument));
+    std::wstring commandLine = WideFromText(QuotedProgram(program, IsFile)) + L" " + Quoted(WideFromText(argument));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};

@@ -20,6 +20,17 @@ std::string ProgramOfCommand(std::string command) {
     return Trimmed(command.substr(0, command.rfind('%')));
 }
 
+std::string QuotedProgram(const std::string& command, const std::function<bool(const std::string&)>& isFile) {
+    const auto parted = [&](std::size_t end) {
+        const std::string program = command.substr(0, end);
+        return (program.find(' ') == std::string::npos ? program : '"' + program + '"') + command.substr(end);
+    };
+    for (std::size_t end = command.size(); end != std::string::npos && end > 0; end = command.rfind(' ', end - 1)) {
+        if (isFile(command.substr(0, end))) return parted(end);
+    }
+    return command.find_first_of("\\/") < command.find(' ') ? parted(command.size()) : command;
+}
+
 std::string CutAtDash(const std::string& command) { return Trimmed(command.substr(0, command.find('-'))); }
 
 } // namespace pistaro

@@ -2,6 +2,8 @@
 #include "cli/script_words.h"
 #include "platform/fault.h"
 
+#include "support/fault_of.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -42,10 +44,25 @@ TEST(ScriptWords, HoldNoControlCharacters) {
 TEST(ScriptLines, EndInCrLfLfOrCrOrWithTheScript) {
     std::istringstream script("a\nb\r\nc\rd\n\n\r\r\ne");
     Words lines;
-    for (std::string line; NextScriptLine(script, line);)
+    ScriptLines parted(script, "script.txt");
+    for (std::string line; parted.Next(line);)
         lines.push_back(line);
 
     EXPECT_EQ(lines, (Words{"a", "b", "c", "d", "", "", "", "e"}));
+}
+
+TEST(ScriptLines, AreNoMoreThanAFileMayHold) {
+    const std::string most((std::size_t{4} << 20) - 1, '#');
+    std::string line;
+    std::istringstream enough(most + "\n");
+    ScriptLines lines(enough, "-");
+    EXPECT_TRUE(lines.Next(line));
+    EXPECT_FALSE(lines.Next(line));
+
+    std::istringstream tooMuch(most + "\n#");
+    ScriptLines more(tooMuch, "-");
+    EXPECT_TRUE(more.Next(line));
+    EXPECT_EQ(FaultOf([&] { more.Next(line); }), "File too large: -");
 }
 
 } // namespace pistaro

@@ -37,8 +37,9 @@ TEST_F(Temporaries, AreToldByTheirNameFromTheUsersFiles) {
     for (const char* const name : {"oval.trk", ".pistaro-notes", "pistaro-a1B2c3.tmp", "x.tmp"})
         Leave(name, 1000h);
     std::filesystem::create_directory(folder_ / ".pistaro-folder.tmp");
+    std::error_code onlyOfFiles; // on Windows
     std::filesystem::last_write_time(folder_ / ".pistaro-folder.tmp",
-                                     std::filesystem::file_time_type::clock::now() - 1000h);
+                                     std::filesystem::file_time_type::clock::now() - 1000h, onlyOfFiles);
 
     SweepTemporaries(folder_.Path());
 

@@ -1,0 +1,103 @@
+// What comes from a careless or a hostile hand: too long, with line feeds in its names, onto the program's own files.
+#include "platform/files.h"
+#include "support/circuit_text.h"
+#include "support/run_program.h"
+#include "support/settings_bytes.h"
+#include "support/settings_text.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace pistaro {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+TEST(HostileScript, FromTheStandardInputHasTheLimitOfAFile) {
+    const ProgramFolder program;
+    const std::string script = "add C160\nstate\n" + std::string(std::size_t{4} << 20, '#') + "\nsave after.trk\n";
+
+    const Finished finished = program.Run({"script", "-"}, script);
+
+    EXPECT_EQ(finished.ExitStatus, 1);
+    EXPECT_EQ(finished.Errors, "pistaro: File too large: -\n");
+    EXPECT_THAT(finished.Output, StartsWith("{\"track\":1,")) << "what earlier lines printed stays";
+    EXPECT_FALSE(std::filesystem::exists(program / "after.trk"));
+}
+
+TEST(HostileScript, DoesNotSaveOverTheSettingsFileThatIsNamed) {
+    const ProgramFolder program;
+    WriteBytes(program / "my.ini", WholeSettings());
+    std::filesystem::create_directory(program / "folder");
+
+    for (const char* const name : {"my.ini", "./my.ini", "folder/../my.ini"}) {
+        const Finished finished =
+            program.Run({"script", "-", "--settings", "my.ini"}, std::string("add C160\nsave ") + name + "\n");
+
+        EXPECT_EQ(finished.ExitStatus, 1);
+        EXPECT_EQ(finished.Errors,
+                  std::string("pistaro: -, line 2: Permission denied: ") + name + ": is the settings file\n");
+    }
+    EXPECT_EQ(BytesOf(program / "my.ini"), WholeSettings());
+}
+
+TEST(HostileScript, DoesNotSaveOverTheUsualSettingsFileThereOrNot) {
+    const ProgramFolder program;
+    const std::string usual = TextFromPath(program.UsualSettings());
+    std::filesystem::create_directories(program.UsualSettings().parent_path());
+
+    EXPECT_EQ(program.Run({"script", "-"}, "save \"" + usual + "\"\n").ExitStatus, 1);
+    EXPECT_FALSE(std::filesystem::exists(program.UsualSettings()));
+
+    WriteBytes(program.UsualSettings(), WholeSettings());
+    EXPECT_EQ(program.Run({"script", "-"}, "save \"" + usual + "\"\n").ExitStatus, 1);
+    EXPECT_EQ(BytesOf(program.UsualSettings()), WholeSettings());
+}
+
+TEST(HostileName, WithALineFeedLeavesTheErrorOnOneLine) {
+    const ProgramFolder program;
+
+    const Finished finished = program.Run({"layout", "no\nsuch\x1B[31m.trk"});
+
+    EXPECT_EQ(finished.ExitStatus, 1);
+    EXPECT_EQ(finished.Errors, "pistaro: File not found: no?such?[31m.trk\n");
+}
+
+TEST(HostileName, InAWrongCommandLineStaysOnTheFirstLineToo) {
+    const ProgramFolder program;
+
+    const Finished finished = program.Run({"layout", "a.trk", "b\nc.trk"});
+
+    EXPECT_EQ(finished.ExitStatus, 2);
+    EXPECT_THAT(finished.Errors, StartsWith("pistaro: \"b?c.trk\" was not expected\n"));
+}
+
+class HostileFolder : public testing::TestWithParam<const char*> {};
+
+TEST_P(HostileFolder, IsRememberedAndWorksInTheSecondStart) {
+    const ProgramFolder program;
+    const std::filesystem::path folder = program.Path() / PathFromText(GetParam());
+    std::filesystem::create_directory(folder);
+    WriteBytes(program / "my.ini", WholeSettings());
+    const std::string circuit = TextFromPath(folder / "oval.trk");
+
+    const Finished first = program.Run({"script", "-", "--settings", "my.ini"}, "add C160\nsave \"" + circuit + "\"\n");
+    const Finished second = program.Run({"settings", "--json", "--settings", "my.ini"});
+    const Finished shop = program.Run({"shop", circuit, "--settings", "my.ini"});
+    const Finished guide = program.Run({"guide", circuit, "--settings", "my.ini"});
+
+    EXPECT_EQ(first.Errors, "");
+    EXPECT_EQ(second.ExitStatus, 0);
+    EXPECT_THAT(second.Output, HasSubstr(std::string(GetParam()) + (FolderSeparator() == '/' ? "/" : "\\\\") + "\""));
+    EXPECT_EQ(shop.Errors, "");
+    EXPECT_EQ(guide.Errors, "");
+    EXPECT_TRUE(std::filesystem::exists(folder / "shoppingList.txt"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "guide.html"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, HostileFolder, testing::Values("Łukasz", "日本", "100%25 %41", "ø ✓ $HOME"));
+
+} // namespace
+} // namespace pistaro
