@@ -4,6 +4,7 @@
 #include "editor/circuit_files.h"
 #include "editor/track_editing.h"
 #include "imaging/circuit_picture.h"
+#include "photograph_rules.h"
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "storage/settings_file.h"
@@ -74,11 +75,12 @@ private:
 };
 
 /// The dialogs by the menu entries that open them.
-constexpr std::array<std::pair<const char*, const char*>, 4> Dialogs{{
+constexpr std::array<std::pair<const char*, const char*>, 5> Dialogs{{
     {"mnuDrawArea", "draw-area"},
     {"mnuColors", "colours"},
     {"mnuTrackStock", "loose-track"},
     {"mnuStats", "statistics"},
+    {"mnuSets", "boxed-sets"},
 }};
 
 /// The circuit of the first chapter after each of its steps: what was laid last is selected, as in the window.
@@ -141,6 +143,16 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     for (const auto& [entry, name] : Dialogs) {
         if (window.findChild<QAction*>(entry) != nullptr) photographer.TakeDialog(window, entry, name);
     }
+    project.Design.Room = {};
+    window.findChild<QAction*>("mnuLanes")->trigger();
+    photographer.Take(window.Canvas(), "lanes");
+    window.findChild<QAction*>("mnuLanes")->trigger();
+    for (const auto& [entry, name] : {std::pair("mnuChecks", "checks"), std::pair("mnuMoney", "money")}) {
+        window.findChild<QAction*>(entry)->trigger();
+        QTest::qWait(100);
+        photographer.Take(window, name);
+        window.findChild<QAction*>(entry)->trigger();
+    }
     frmAbout about(session.Catalogue, &window);
     about.show();
     photographer.Take(about, "about");
@@ -179,6 +191,7 @@ int main(int argc, char** argv) {
         const QString folder = QString::fromStdString(arguments.at(1));
         const pistaro::Catalogue catalogue = pistaro::InitCatalogue();
         pistaro::PictureFirstCircuit(catalogue, folder);
+        pistaro::PhotographRules(catalogue, folder);
         const std::filesystem::path sample = pistaro::PathFromText(arguments.at(0));
         pistaro::PhotographWindows(catalogue, sample, folder);
         pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);

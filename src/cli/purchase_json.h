@@ -1,12 +1,10 @@
-// What is to be bought, as JSON and as a table for a person.
+// What is to be bought, as JSON.
 #pragma once
 
 #include "cli/json.h"
 #include "model/boxed_set.h"
 #include "model/project.h"
 #include "money/purchase.h"
-
-#include <string>
 
 namespace pistaro {
 
@@ -16,8 +14,5 @@ namespace pistaro {
 ///  "total":56.95,"bound":56.95,"proven":true}
 /// `surplus` are pieces of the sets beyond the need, `unused` owned pieces that the circuit does not use.
 Json PurchaseJson(const Catalogue& catalogue, const Project& project, const BoxedSets& sets, const Purchase& purchase);
-
-std::string PurchaseTable(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
-                          const Purchase& purchase);
 
 } // namespace pistaro

@@ -13,6 +13,7 @@
 #include "commands/circuit_commands.h"
 #include "commands/picture_commands.h"
 #include "imaging/circuit_picture.h"
+#include "money/purchase_text.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "platform/places.h"
@@ -98,7 +99,7 @@ void BuyVerb(const VerbContext& context, const std::filesystem::path& circuit, c
     const Purchase purchase =
         CheapestPurchase(missing, project.Stock, boxes, {.Progress = {}, .Stop = interruptions.Stop()});
     context.Output << (json ? Line(PurchaseJson(context.Pieces, project, boxes, purchase)) + '\n'
-                            : PurchaseTable(context.Pieces, project, boxes, purchase));
+                            : PurchaseText(context.Pieces, project, boxes, purchase));
 }
 
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,

@@ -2,6 +2,7 @@
 #include "commands/commands.h"
 
 #include "commands/circuit_commands.h"
+#include "commands/money_commands.h"
 #include "commands/picture_commands.h"
 #include "commands/session.h"
 #include "editor/building.h"
@@ -392,6 +393,48 @@ Command WindowRow(const char* id, const char* control, const char* caption, cons
             .Run = [show](Session& session) { (session.Windows->*show)(); }};
 }
 
+/// A row that shows a panel, or hides it.
+Command PanelRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
+                 Panel panel) {
+    return {.Id = id,
+            .Control = control,
+            .Caption = caption,
+            .Tip = tip,
+            .Key = key,
+            .From = Door::WindowOnly,
+            .WhyNot = HasWindows,
+            .Run = [panel](Session& session) { session.Windows->TogglePanel(panel); },
+            .IsOn =
+                [panel](const Session& session) {
+                    return session.Windows != nullptr && session.Windows->IsPanelShown(panel);
+                }};
+}
+
+void AddCheckCommands(std::vector<Command>& rows) {
+    rows.push_back(PanelRow("checks", "mnuChecks", "&Checks", "Tell beside the drawing what is wrong with the design",
+                            "F8", Panel::Checks));
+    rows.push_back(PanelRow("stock and price", "mnuMoney", "Stock and &Price",
+                            "Show beside the drawing what its pieces cost", "", Panel::Money));
+    rows.push_back(PanelRow("lanes", "mnuLanes", "&Lanes",
+                            "Paint each lane in its own colour, through every change-over", "", Panel::Lanes));
+    rows.push_back({.Id = "balance",
+                    .Control = "mnuBalance",
+                    .Caption = "&Balance Lanes…",
+                    .Tip = "Find the fewest changes that make both lanes of the track equally long",
+                    .From = Door::WindowOnly,
+                    .WhyNot = TrackHasElements,
+                    .Run = BalanceCommand});
+    rows.push_back(WindowRow("boxed sets", "mnuSets", "&Boxed Sets…", "Tell what your shop sells in boxes", "",
+                             &Windows::ShowSets));
+    rows.push_back({.Id = "purchase",
+                    .Control = "mnuPurchase",
+                    .Caption = "&Cheapest Purchase",
+                    .Tip = "Find the cheapest way to buy what is missing, from boxes and single pieces",
+                    .From = Door::WindowOnly,
+                    .WhyNot = NoJobRuns,
+                    .Run = PurchaseCommand});
+}
+
 void AddSettingsCommands(std::vector<Command>& rows) {
     rows.push_back(WindowRow("draw area", "mnuDrawArea", "&Draw Area…",
                              "Set the window, the grid, the units and your room's outline", "F2",
@@ -463,6 +506,7 @@ CommandTable::CommandTable(const Catalogue& catalogue) {
     AddBackgroundCommands(rows_);
     AddSettingsCommands(rows_);
     AddReportCommands(rows_);
+    AddCheckCommands(rows_);
     AddHelpCommands(rows_);
 }
 

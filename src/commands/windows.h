@@ -3,6 +3,13 @@
 
 namespace pistaro {
 
+/// What can be shown beside the drawing, or in it.
+enum class Panel {
+    Checks, ///< what is wrong with the design
+    Money,  ///< what its pieces cost
+    Lanes,  ///< each lane in its own colour
+};
+
 class Windows {
 public:
     virtual ~Windows() = default;
@@ -13,6 +20,9 @@ public:
     virtual void ShowStock() = 0;
     virtual void ShowStatistics() = 0;
     virtual void ShowAbout() = 0;
+    virtual void ShowSets() = 0;
+    virtual void TogglePanel(Panel panel) = 0;
+    virtual bool IsPanelShown(Panel panel) const = 0;
 };
 
 } // namespace pistaro

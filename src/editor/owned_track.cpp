@@ -118,12 +118,18 @@ bool FillStockBoxes(const Catalogue& catalogue, const Stock& stock, StockBoxes& 
     return true;
 }
 
+std::vector<Message> KeepOwnedTrack(const Catalogue& catalogue, const std::filesystem::path& settingsPath, Stock& stock,
+                                    const StockBoxes& boxes) {
+    Settings read = WriteStock(catalogue, settingsPath, stock, boxes);
+    stock = std::move(read.Stock);
+    return std::move(read.Messages);
+}
+
 void SaveOwnedTrack(const Catalogue& catalogue, const std::filesystem::path& settingsPath, Stock& stock,
                     const StockBoxes& boxes, Prompts& prompts) {
-    const Settings read = WriteStock(catalogue, settingsPath, stock, boxes);
-    stock = read.Stock;
+    const std::vector<Message> warnings = KeepOwnedTrack(catalogue, settingsPath, stock, boxes);
     prompts.Tell({Icon::Information, SettingsSaved});
-    for (const Message& warning : read.Messages)
+    for (const Message& warning : warnings)
         prompts.Tell(warning);
 }
 

@@ -40,8 +40,13 @@ inline constexpr const char* StockTagFault =
 bool FillStockBoxes(const Catalogue& catalogue, const Stock& stock, StockBoxes& boxes);
 
 /// Writes the boxes' numbers into the settings file and takes counts and prices as they are read back from it; of the
-/// rest of the file nothing. Faults change neither file nor stock: a text that is no number, a count outside 16 bits, a
-/// price beyond a single, a file that cannot be written or that could not be read again.
+/// rest of the file nothing. Gives the warnings that reading gave. Faults change neither file nor stock: a text that is
+/// no number, a count outside 16 bits, a price beyond a single, a file that cannot be written or that could not be read
+/// again.
+std::vector<Message> KeepOwnedTrack(const Catalogue& catalogue, const std::filesystem::path& settingsPath, Stock& stock,
+                                    const StockBoxes& boxes);
+
+/// The same, and tells that it is saved.
 void SaveOwnedTrack(const Catalogue& catalogue, const std::filesystem::path& settingsPath, Stock& stock,
                     const StockBoxes& boxes, Prompts& prompts);
 

@@ -36,6 +36,17 @@ void ScrollVertically(ViewSettings& view, int value) {
     view.MidY = static_cast<float>(-value);
 }
 
+void BringIntoView(ViewSettings& view, double x, double y) {
+    const ViewRectangle shown = ShownRectangle(view);
+    const bool isShown = x > shown.ViewLeft && x < shown.ViewRight && y > shown.ViewBottom && y < shown.ViewTop;
+    if (isShown) return;
+    const auto reached = [](const ScrollBar& bar, double value) {
+        return static_cast<int>(std::clamp(RoundHalfEven(value), double(bar.Minimum), double(bar.Maximum)));
+    };
+    ScrollHorizontally(view, reached(view.HMov, x));
+    ScrollVertically(view, reached(view.VMov, -y));
+}
+
 int SmallScrollStep(const ViewSettings& view) { return ScrollStep(view.Width / 20.0); }
 
 int LargeScrollStep(const ViewSettings& view) { return ScrollStep(view.Width); }

@@ -20,6 +20,10 @@ void ScrollHorizontally(ViewSettings& view, int value);
 /// The same for the vertical bar, which grows downwards while y grows upwards: the view's centre is minus its value.
 void ScrollVertically(ViewSettings& view, int value);
 
+/// Moves the view, as its scroll bars do, so that a place of the world which it does not show lies in its middle, as
+/// far as the bars reach.
+void BringIntoView(ViewSettings& view, double x, double y);
+
 /// The bars' small and large steps in cm.
 int SmallScrollStep(const ViewSettings& view);
 int LargeScrollStep(const ViewSettings& view);

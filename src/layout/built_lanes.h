@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/catalogue.h"
+#include "layout/shapes.h"
 #include "model/circuit.h"
 
 #include <array>
@@ -28,5 +29,8 @@ struct BuiltLanes {
 /// The lengths of the lanes' drawn lines and arcs. The catalogue's lengths, which the statistics add, differ for some
 /// pieces.
 BuiltLanes LanesAsBuilt(const Catalogue& catalogue, const Track& track);
+
+/// The lines and arcs of both lanes round the track, of the same two lanes.
+std::array<std::vector<Segment>, 2> LanePaths(const Catalogue& catalogue, const Track& track);
 
 } // namespace pistaro

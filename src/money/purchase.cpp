@@ -23,12 +23,11 @@ int ProductOf(const Catalogue& catalogue, const CatalogueEntry& piece) {
 
 /// Owned pieces less used ones, by head row.
 std::vector<int> Left(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit) {
-    std::vector<int> left(At(catalogue.Count()));
+    std::vector<int> left = UsedProducts(catalogue, circuit);
+    for (int& count : left)
+        count = -count;
     for (const int row : catalogue.ProductRows())
-        left[At(row)] = stock[row].OwnedCount;
-    const UsedCounts used = CountUsed(catalogue, circuit);
-    for (int row = 0; row < catalogue.Count(); ++row)
-        if (used[At(row)] > 0) left[At(ProductOf(catalogue, catalogue[row]))] -= used[At(row)];
+        left[At(row)] += stock[row].OwnedCount;
     return left;
 }
 
@@ -240,6 +239,14 @@ Problem ProblemOf(const std::vector<int>& missing, const Stock& prices, const Bo
 }
 
 } // namespace
+
+std::vector<int> UsedProducts(const Catalogue& catalogue, const Circuit& circuit) {
+    std::vector<int> products(At(catalogue.Count()));
+    const UsedCounts used = CountUsed(catalogue, circuit);
+    for (int row = 0; row < catalogue.Count(); ++row)
+        if (used[At(row)] > 0) products[At(ProductOf(catalogue, catalogue[row]))] += used[At(row)];
+    return products;
+}
 
 std::vector<int> MissingPieces(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit) {
     std::vector<int> missing = Left(catalogue, stock, circuit);

@@ -3,6 +3,7 @@
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
 #include "ui/frmRecovered.h"
+#include "ui/frmSets.h"
 #include "ui/frmStats.h"
 
 namespace pistaro {
@@ -24,6 +25,8 @@ void Dialogs::ShowDrawArea() { frmDrawArea(session_, &window_).exec(); }
 void Dialogs::ShowColours() { frmColors(session_, &window_).exec(); }
 
 void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
+
+void Dialogs::ShowSets() { frmSets(session_, &window_).exec(); }
 
 void Dialogs::ShowStock() {
     if (!stock_) {

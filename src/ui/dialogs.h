@@ -7,6 +7,9 @@
 
 #include <QPointer>
 
+#include <functional>
+#include <map>
+
 namespace pistaro {
 
 class Dialogs : public Windows {
@@ -17,16 +20,27 @@ public:
     void ShowDrawArea() override;
     void ShowColours() override;
     void ShowStatistics() override;
+    void ShowSets() override;
 
     /// These two stay beside the window, and come once.
     void ShowStock() override;
     void ShowAbout() override;
+
+    /// Has a panel shown and hidden by these from now on.
+    struct PanelDoor {
+        std::function<void()> Toggle;
+        std::function<bool()> IsShown;
+    };
+    void Offer(Panel panel, PanelDoor door) { panels_[panel] = std::move(door); }
+    void TogglePanel(Panel panel) override { panels_.at(panel).Toggle(); }
+    bool IsPanelShown(Panel panel) const override { return panels_.at(panel).IsShown(); }
 
 private:
     Session& session_;
     QWidget& window_;
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
+    std::map<Panel, PanelDoor> panels_;
 };
 
 } // namespace pistaro

@@ -3,6 +3,7 @@
 #include "commands/circuit_commands.h"
 #include "editor/status_text.h"
 #include "platform/files.h"
+#include "ui/findings_overlay.h"
 #include "ui/main_menus.h"
 #include "ui/side_column.h"
 
@@ -43,7 +44,8 @@ QIcon ProgramIcon() {
 frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
       circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
-      dialogs_(session, *this), jobBar_(new JobBar(session, controls_)), status_(new QLabel) {
+      dialogs_(session, *this), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
+      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
@@ -60,6 +62,7 @@ frmCorvel::frmCorvel(Session& session)
     statusBar()->addPermanentWidget(jobBar_);
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     AddMainMenus(*this, controls_, session_, [this] { close(); });
+    AddPanels();
     session_.Windows = &dialogs_;
     session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});
@@ -71,6 +74,30 @@ frmCorvel::~frmCorvel() {
     session_.Windows = nullptr;
 }
 
+void frmCorvel::AddPanels() {
+    const auto add = [&](Panel panel, QDockWidget* dock) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        dock->hide();
+        // By its own button it is closed without a command: the menu's mark follows.
+        connect(dock, &QDockWidget::visibilityChanged, this, [this] { controls_.Refresh(); });
+        dialogs_.Offer(panel, {[dock] { dock->setVisible(!dock->isVisible()); }, [dock] { return dock->isVisible(); }});
+    };
+    add(Panel::Checks, checks_);
+    add(Panel::Money, money_);
+    const auto toggleLanes = [this] {
+        lanesShown_ = !lanesShown_;
+        ShowLanes();
+    };
+    dialogs_.Offer(Panel::Lanes, {toggleLanes, [this] { return lanesShown_; }});
+}
+
+void frmCorvel::ShowLanes() {
+    if (lanesShown_)
+        circuit_->View().SetOverlay("lanes", LanesOverlay(session_.Catalogue, session_.Project.Design.Circuit));
+    else
+        circuit_->View().ClearOverlay("lanes");
+}
+
 void frmCorvel::Refresh(const Changes& changes) {
     circuit_->View().Invalidate(changes);
     controls_.Refresh();
@@ -79,6 +106,9 @@ void frmCorvel::Refresh(const Changes& changes) {
     if (changes == Changes{.View = true}) return; // a view moves too often for what does not show it
     palette_->Refresh();
     track_->Refresh();
+    checks_->Refresh(changes);
+    money_->Refresh(changes);
+    if (changes.Circuit) ShowLanes();
     // "[*]" would be taken for the toolkit's mark of modified documents.
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
     status_->setText(QString::fromStdString(StatusText(session_.Catalogue, session_.Project)));

@@ -1,10 +1,12 @@
 // The main window: three columns, menus and a status bar around one session.
 #pragma once
 
+#include "ui/checks_dock.h"
 #include "ui/circuit_panel.h"
 #include "ui/command_controls.h"
 #include "ui/dialogs.h"
 #include "ui/job_bar.h"
+#include "ui/money_dock.h"
 #include "ui/piece_palette.h"
 #include "ui/track_panel.h"
 
@@ -29,6 +31,10 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// Puts checks and money beside the drawing, hidden at first, and has all panels shown by their commands.
+    void AddPanels();
+    void ShowLanes();
+
     /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
     void Refresh(const Changes& changes);
 
@@ -40,6 +46,9 @@ private:
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;
+    ChecksDock* const checks_;
+    MoneyDock* const money_;
+    bool lanesShown_ = false;
     bool closing_ = false;
 };
 

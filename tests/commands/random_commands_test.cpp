@@ -60,11 +60,14 @@ public:
     void ShowStock() override {}
     void ShowStatistics() override {}
     void ShowAbout() override {}
+    void ShowSets() override {}
+    void TogglePanel(Panel) override {}
+    bool IsPanelShown(Panel) const override { return false; }
 };
 
 /// Commands that draw pictures or start a viewer take too long to be given thousands of times.
 bool IsSlow(const Command& command) {
-    return command.Id == "guide" || command.Id == "save picture" || command.Id == "manual";
+    return command.Id == "guide" || command.Id == "balance" || command.Id == "save picture" || command.Id == "manual";
 }
 
 /// The products' used counts by an independent count: heads by their codes, right hands under the left ones.

@@ -34,6 +34,9 @@ public:
     void ShowStock() override { Opened += "stock "; }
     void ShowStatistics() override { Opened += "statistics "; }
     void ShowAbout() override { Opened += "about "; }
+    void ShowSets() override { Opened += "sets "; }
+    void TogglePanel(Panel panel) override { Opened += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
+    bool IsPanelShown(Panel panel) const override { return panel == Panel::Checks; }
 };
 
 class TheSession : public testing::Test {

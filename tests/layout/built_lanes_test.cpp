@@ -47,6 +47,15 @@ TEST(BuiltLanes, AreAsLongAsDrawnWhereTheCatalogueSaysOtherwise) {
     EXPECT_NEAR(Built("C187R").Lengths[0], 31.979, 0.001);
 }
 
+TEST(BuiltLanes, HaveThePathsOfTheSameTwoLanes) {
+    const auto paths = LanePaths(Pieces(), Chain("C160 C8006 C160"));
+
+    ASSERT_EQ(paths[0].size(), 3U);
+    EXPECT_EQ(std::get<LineSegment>(paths[0][0]).From, (WorldPoint{3.8F, 0}));
+    EXPECT_EQ(std::get<LineSegment>(paths[0][2]).To, (WorldPoint{11.7F, 105}));
+    EXPECT_EQ(std::get<LineSegment>(paths[1][2]).To, (WorldPoint{3.8F, 105}));
+}
+
 TEST(BuiltLanes, PassOverUnknownCodes) {
     const BuiltLanes lanes = Built("C160 C999 C160");
 

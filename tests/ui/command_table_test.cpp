@@ -58,6 +58,9 @@ public:
     void ShowStock() override { Asked += "stock "; }
     void ShowStatistics() override { Asked += "statistics "; }
     void ShowAbout() override { Asked += "about "; }
+    void ShowSets() override { Asked += "sets "; }
+    void TogglePanel(Panel panel) override { Asked += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
+    bool IsPanelShown(Panel) const override { return false; }
 };
 
 } // namespace

@@ -1,0 +1,35 @@
+#include "commands/money_commands.h"
+
+#include "checks/balance.h"
+#include "money/purchase.h"
+#include "money/purchase_text.h"
+#include "storage/sets_file.h"
+
+namespace pistaro {
+
+void BalanceCommand(Session& session) {
+    const int track = session.Project.EditState.CurrentTrack;
+    const Balance balance = BalanceLanes(session.Catalogue, session.Project.Design, track);
+    const std::string text = BalanceText(balance, session.Project.Preferences.DisplayUnits);
+    if (balance.Steps.empty()) return session.Prompts.Tell({Icon::Information, text});
+    if (session.Prompts.Ask(text, Buttons::OkCancel) != Answer::Ok) return;
+    Track& changed = session.Project.Design.Circuit.Tracks[static_cast<std::size_t>(track)];
+    changed = Balanced(changed, balance.Steps);
+    session.Project.EditState.DataChanged = true;
+}
+
+void PurchaseCommand(Session& session) {
+    const std::filesystem::path file = session.SettingsPath.parent_path() / SetsName;
+    std::error_code toldByTheRead;
+    const bool isThere = !session.SettingsPath.empty() && std::filesystem::exists(file, toldByTheRead);
+    const BoxedSets sets = isThere ? ReadSets(session.Catalogue, file) : BoxedSets();
+    const Catalogue& catalogue = session.Catalogue;
+    session.StartJob([&session, &catalogue, project = session.Project, sets](const JobWatch& watch) -> JobEnd {
+        const std::vector<int> missing = MissingPieces(catalogue, project.Stock, project.Design.Circuit);
+        const std::string text =
+            PurchaseText(catalogue, project, sets, CheapestPurchase(missing, project.Stock, sets, watch));
+        return [&session, text] { session.Prompts.Tell({Icon::Information, text}); };
+    });
+}
+
+} // namespace pistaro

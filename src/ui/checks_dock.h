@@ -1,0 +1,46 @@
+// What the checks find, beside the drawing while one works.
+#pragma once
+
+#include "checks/finding.h"
+#include "commands/session.h"
+#include "ui/circuit_view.h"
+
+#include <QDockWidget>
+#include <QLabel>
+#include <QTreeWidget>
+
+#include <vector>
+
+namespace pistaro {
+
+/// Checks when it is shown, and after each change of the design while it is; marks what is found in the drawing.
+class ChecksDock : public QDockWidget {
+public:
+    ChecksDock(Session& session, CircuitView& view);
+
+    /// To be called when something has changed. Several calls until the window is idle come to one check.
+    void Refresh(const Changes& changes);
+
+    const std::vector<Finding>& Findings() const { return findings_; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void CheckLater();
+    void Check();
+    void List();
+    void Mark();
+    void Show(const Finding& finding);
+    const Finding* Chosen() const;
+
+    Session& session_;
+    CircuitView& view_;
+    QTreeWidget* const list_;
+    QLabel* const summary_;
+    std::vector<Finding> findings_;
+    bool waiting_ = false; ///< a check is due
+};
+
+} // namespace pistaro

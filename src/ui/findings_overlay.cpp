@@ -1,0 +1,147 @@
+#include "ui/findings_overlay.h"
+
+#include "layout/built_lanes.h"
+#include "layout/outline.h"
+#include "layout/placement.h"
+
+#include <QPolygonF>
+
+#include <algorithm>
+#include <array>
+
+namespace pistaro {
+
+namespace {
+
+constexpr Colour ErrorColour = Rgb(220, 30, 40);
+constexpr Colour WarningColour = Rgb(230, 130, 0);
+constexpr Colour AdviceColour = Rgb(20, 110, 220);
+constexpr double Tolerance = 0.1; // cm, of rounded outlines
+
+Colour ColourOf(Severity severity) {
+    switch (severity) {
+    case Severity::Error:
+        return ErrorColour;
+    case Severity::Warning:
+        return WarningColour;
+    case Severity::Advice:
+        break;
+    }
+    return AdviceColour;
+}
+
+/// The pieces of a circuit where they lie; unknown codes lie nowhere.
+class LaidPieces {
+public:
+    LaidPieces(const Catalogue& catalogue, const Circuit& circuit) {
+        for (std::size_t track = 0; track < circuit.Tracks.size(); ++track) {
+            ends_[track] = WalkTrack(
+                catalogue, circuit.Tracks[track], [&](int, const PiecePlacement* placement, const BuildCursor&) {
+                    laid_[track].push_back(placement == nullptr ? std::nullopt : std::optional(*placement));
+                });
+        }
+    }
+
+    /// Null where it lies nowhere.
+    const PiecePlacement* At(PieceAt place) const {
+        const auto& track = laid_[static_cast<std::size_t>(place.Track)];
+        const auto element = static_cast<std::size_t>(place.Element);
+        return element < track.size() && track[element] ? &*track[element] : nullptr;
+    }
+
+    BuildCursor EndOf(int track) const { return ends_[static_cast<std::size_t>(track)]; }
+
+private:
+    std::array<std::vector<std::optional<PiecePlacement>>, TrackCount> laid_;
+    std::array<BuildCursor, TrackCount> ends_;
+};
+
+std::vector<Segment> EdgesOf(const PiecePlacement& placement) {
+    return {placement.Outline.begin(), placement.Outline.end()};
+}
+
+QPolygonF PolygonOf(const PiecePlacement& placement) {
+    QPolygonF polygon;
+    for (const WorldPoint point : OutlinePolygon(placement, Tolerance))
+        polygon << QPointF(double{point.X}, double{point.Y});
+    return polygon;
+}
+
+std::vector<WorldPoint> PointsOf(const QPolygonF& polygon) {
+    std::vector<WorldPoint> points;
+    for (const QPointF& point : polygon)
+        points.push_back({static_cast<float>(point.x()), static_cast<float>(point.y())});
+    return points;
+}
+
+void AddSharedGround(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
+    const PieceAt first{finding.Track, finding.Pieces.front()};
+    const PieceAt second = finding.Other.value_or(PieceAt{finding.Track, finding.Pieces.back()});
+    const PiecePlacement* const a = pieces.At(first);
+    const PiecePlacement* const b = pieces.At(second);
+    if (a == nullptr || b == nullptr) return;
+    overlay.push_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true});
+}
+
+/// The middle of the track's width where a cursor stands.
+WorldPoint MiddleAt(const BuildCursor& cursor, double width) {
+    const Direction across = Towards(cursor.CursorHeading);
+    return {static_cast<float>(cursor.CursorX + across.X * width / 2),
+            static_cast<float>(cursor.CursorY + across.Y * width / 2)};
+}
+
+void AddGap(Overlay& overlay, const LaidPieces& pieces, const Circuit& circuit, const Finding& finding) {
+    constexpr double width = 15.5; // of most track: the line need not hit the middle to the millimetre
+    const LineSegment gap{MiddleAt(pieces.EndOf(finding.Track), width),
+                          MiddleAt(circuit.Tracks[static_cast<std::size_t>(finding.Track)].Start(), width)};
+    overlay.push_back(OverlayPath{{gap}, ColourOf(finding.Weight), 3, true});
+}
+
+void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
+    for (const int element : finding.Pieces) {
+        if (const PiecePlacement* const piece = pieces.At({finding.Track, element}))
+            overlay.push_back(OverlayPath{EdgesOf(*piece), ErrorColour, 4, false});
+    }
+}
+
+void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
+    std::vector<PieceAt> places;
+    for (const int element : finding.Pieces)
+        places.push_back({finding.Track, element});
+    if (finding.Other) places.push_back(*finding.Other);
+    for (const PieceAt place : places) {
+        if (const PiecePlacement* const piece = pieces.At(place))
+            overlay.push_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Weight), false});
+    }
+}
+
+} // namespace
+
+Overlay FindingsOverlay(const Catalogue& catalogue, const Circuit& circuit, const std::vector<Finding>& findings,
+                        const Finding* chosen) {
+    Overlay overlay;
+    const LaidPieces pieces(catalogue, circuit);
+    if (chosen != nullptr) AddTints(overlay, pieces, *chosen);
+    for (const Finding& finding : findings) {
+        if (finding.Rule == "overlap") AddSharedGround(overlay, pieces, finding);
+        if (finding.Rule == "open-track") AddGap(overlay, pieces, circuit, finding);
+        if (finding.Rule == "outside-room") AddEdges(overlay, pieces, finding);
+    }
+    return overlay;
+}
+
+Overlay LanesOverlay(const Catalogue& catalogue, const Circuit& circuit) {
+    constexpr std::array<Colour, 2 * TrackCount> colours{Rgb(230, 30, 60), Rgb(30, 100, 240), Rgb(245, 150, 0),
+                                                         Rgb(0, 160, 140), Rgb(190, 40, 200), Rgb(110, 160, 0)};
+    Overlay overlay;
+    for (std::size_t track = 0; track < circuit.Tracks.size(); ++track) {
+        const BuiltLanes lanes = LanesAsBuilt(catalogue, circuit.Tracks[track]);
+        std::array<std::vector<Segment>, 2> paths = LanePaths(catalogue, circuit.Tracks[track]);
+        for (std::size_t lane = 0; lane < paths.size(); ++lane)
+            overlay.push_back(
+                OverlayPath{std::move(paths[lane]), colours[2 * track + (lanes.Joined ? 0 : lane)], 3, false});
+    }
+    return overlay;
+}
+
+} // namespace pistaro

@@ -1,0 +1,245 @@
+// What stands beside the drawing, and in it: checks, money, lanes; the dialog of boxed sets; balancing and buying.
+#include "ui/window_fixture.h"
+
+#include "storage/sets_file.h"
+#include "support/stock.h"
+#include "support/temporary_folder.h"
+#include "ui/frmSets.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QTreeWidget>
+
+namespace pistaro {
+namespace {
+
+class Panels : public WindowTest {
+protected:
+    Panels() { QLocale::setDefault(QLocale::c()); }
+
+    void OpenWithSettings(pistaro::Project project) {
+        settings_ = folder_ / "corvel.ini";
+        WriteBytes(settings_, InitialSettingsBytes(Pieces()));
+        Open(std::move(project), settings_);
+    }
+
+    void ShowPanel(const char* entry) {
+        Entry(entry).trigger();
+        QApplication::processEvents();
+        QTest::qWait(1);
+    }
+
+    QTreeWidget& Tree(const char* name) { return Find<QTreeWidget>(name); }
+
+    /// The texts of a list's lines in one column.
+    std::vector<std::string> Column(const char* name, int column) {
+        std::vector<std::string> texts;
+        for (int line = 0; line < Tree(name).topLevelItemCount(); ++line)
+            texts.push_back(Tree(name).topLevelItem(line)->text(column).toStdString());
+        return texts;
+    }
+
+    TemporaryFolder folder_;
+    std::filesystem::path settings_;
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(Panels, ChecksAreShownAndHiddenByTheirKey) {
+    Open(ProjectOf("C8006"));
+    auto& dock = Find<QDockWidget>("fraChecks");
+    EXPECT_FALSE(dock.isVisible());
+
+    QTest::keyClick(Window.get(), Qt::Key_F8);
+    EXPECT_TRUE(dock.isVisible());
+    EXPECT_TRUE(Entry("mnuChecks").isChecked());
+    QTest::qWait(1);
+    EXPECT_EQ(Text("lblChecks"), "0 errors, 1 warning, 0 advices");
+
+    QTest::keyClick(Window.get(), Qt::Key_F8);
+    EXPECT_FALSE(dock.isVisible());
+    EXPECT_FALSE(Entry("mnuChecks").isChecked());
+}
+
+TEST_F(Panels, ChecksFollowEveryEdit) {
+    Open(ProjectOf("C8006"));
+    ShowPanel("mnuChecks");
+    ASSERT_EQ(Tree("lstChecks").topLevelItemCount(), 1);
+
+    Click("cmdElement", "C160");
+    Click("cmdElement", "C160");
+    QTest::qWait(1);
+
+    EXPECT_EQ(Column("lstChecks", 1).front(), "The track does not close: its ends are 105.0 cm and 0.0° apart.");
+    EXPECT_EQ(Canvas().OverlayOf("checks").size(), 1U) << "a dashed line across the gap";
+}
+
+TEST_F(Panels, AClickOnAFindingSelectsItsPiece) {
+    pistaro::Project project = ProjectOf("C160", "C160 C159 C8006");
+    project.Design.Circuit.Tracks[1].TrackStartX = 500;
+    Open(project);
+    ShowPanel("mnuChecks");
+    const Texts texts = Column("lstChecks", 1);
+    const auto odd =
+        std::ranges::find_if(texts, [](const std::string& text) { return text.starts_with("1 change-over"); });
+    ASSERT_NE(odd, texts.end());
+
+    QTreeWidget& list = Tree("lstChecks");
+    QTreeWidgetItem* const line = list.topLevelItem(static_cast<int>(odd - texts.begin()));
+    list.scrollToItem(line);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(line).center());
+
+    EXPECT_EQ(Project.EditState.CurrentTrack, 1);
+    EXPECT_EQ(Project.EditState.CurrentElement[1], 2);
+    EXPECT_EQ(Project.Design.View.MidX, 160) << "as far as the bar reaches";
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(Panels, HiddenChecksLeaveNoMarks) {
+    Open(ProjectOf("C151L C151L C151L"));
+    ShowPanel("mnuChecks");
+    EXPECT_FALSE(Canvas().OverlayOf("checks").empty());
+
+    Find<QDockWidget>("fraChecks").close();
+
+    EXPECT_TRUE(Canvas().OverlayOf("checks").empty());
+    EXPECT_FALSE(Entry("mnuChecks").isChecked());
+}
+
+TEST_F(Panels, OverlapsAreHatchedAndPiecesOutsideTheRoomEdged) {
+    pistaro::Project project = ProjectOf("C160", "C160");
+    project.Design.Circuit.Tracks[1].TrackStartX = 5;
+    project.Design.Room.Points = {{-5, -5, 0}, {18, -5, 1}, {18, 50, 1}, {-5, 50, 1}, {-5, -5, 1}};
+    Open(project);
+    ShowPanel("mnuChecks");
+
+    int hatched = 0;
+    int edged = 0;
+    for (const OverlayItem& item : Canvas().OverlayOf("checks")) {
+        const auto* const area = std::get_if<OverlayArea>(&item);
+        hatched += area != nullptr && area->Hatched;
+        edged += std::holds_alternative<OverlayPath>(item);
+    }
+    EXPECT_EQ(hatched, 1);
+    EXPECT_EQ(edged, 1);
+}
+
+TEST_F(Panels, LanesAreFollowedInTheDrawing) {
+    Open(ProjectOf("C160 C8006 C151L"));
+    ShowPanel("mnuLanes");
+
+    const Overlay& lanes = Canvas().OverlayOf("lanes");
+    ASSERT_EQ(lanes.size(), 6U);
+    const auto& left = std::get<OverlayPath>(lanes[0]);
+    EXPECT_EQ(left.Path.size(), 3U);
+    EXPECT_EQ(left.InkColour, std::get<OverlayPath>(lanes[1]).InkColour) << "one change-over makes them one lane";
+
+    Click("cmdElement", "C160");
+    EXPECT_EQ(std::get<OverlayPath>(Canvas().OverlayOf("lanes")[0]).Path.size(), 4U);
+    ShowPanel("mnuLanes");
+    EXPECT_TRUE(Canvas().OverlayOf("lanes").empty());
+}
+
+TEST_F(Panels, MoneyIsCountedToTheCent) {
+    pistaro::Project project = ProjectOf("C160 C160 C160 C151L C151R");
+    SetStock(project, "C160", 1, 3.35F);
+    SetStock(project, "C151L", 0, 2.99F);
+    Open(project);
+    ShowPanel("mnuMoney");
+
+    EXPECT_EQ(Column("lstMoney", 0), (Texts{"C151", "C160"}));
+    EXPECT_EQ(Column("lstMoney", 2), (Texts{"2", "3"}));
+    EXPECT_EQ(Column("lstMoney", 4), (Texts{"2", "2"}));
+    EXPECT_EQ(Column("lstMoney", 6), (Texts{"5.98", "6.70"}));
+    EXPECT_EQ(Text("lblMoney"), "To buy: 12.68 €");
+}
+
+TEST_F(Panels, WhatIsTypedIntoTheMoneyPanelIsSaved) {
+    OpenWithSettings(ProjectOf("C160 C160"));
+    ShowPanel("mnuMoney");
+
+    Tree("lstMoney").topLevelItem(0)->setText(3, "1");
+    QTest::qWait(1);
+    Tree("lstMoney").topLevelItem(0)->setText(5, "4.25");
+    QTest::qWait(1);
+
+    const int row = Pieces().FindRow("C160");
+    EXPECT_EQ(Project.Stock[row].OwnedCount, 1);
+    EXPECT_EQ(Project.Stock[row].Price, 4.25F);
+    EXPECT_EQ(ReadSettings(Pieces(), settings_).Stock[row].OwnedCount, 1);
+    EXPECT_EQ(ReadSettings(Pieces(), settings_).Stock[row].Price, 4.25F);
+    EXPECT_EQ(Text("lblMoney"), "To buy: 4.25 €");
+    EXPECT_TRUE(Prompts.Told.empty());
+}
+
+TEST_F(Panels, WhatIsNoNumberIsToldAndLeftAsItWas) {
+    OpenWithSettings(ProjectOf("C160"));
+    ShowPanel("mnuMoney");
+
+    Tree("lstMoney").topLevelItem(0)->setText(3, "many");
+    QTest::qWait(1);
+
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_EQ(Tree("lstMoney").topLevelItem(0)->text(3), "0");
+}
+
+TEST_F(Panels, BalancingAsksAndIsOneStepOfUndo) {
+    const std::string oval = "C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R";
+    Open(ProjectOf(oval));
+    Prompts.Answers = {Answer::Ok};
+
+    Entry("mnuBalance").trigger();
+
+    ASSERT_EQ(Prompts.Asked.size(), 1U);
+    EXPECT_EQ(Prompts.Asked[0].Text, "These changes balance the lanes:\n"
+                                     "1. C8006 in place of C160 (0): each lane then leads into the other\n"
+                                     "2. C8006 in place of C160 (5): the lanes then differ by 0.0 cm");
+    EXPECT_EQ(Codes(), "C8006 C151R C151R C151R C151R C8006 C151R C151R C151R C151R");
+    EXPECT_TRUE(Project.EditState.DataChanged);
+    Entry("mnuUndo").trigger();
+    EXPECT_EQ(Codes(), oval);
+}
+
+TEST_F(Panels, BalancingThatIsCancelledChangesNothing) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R"));
+    Prompts.Answers = {Answer::Cancel};
+
+    Entry("mnuBalance").trigger();
+
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(Panels, TheCheapestPurchaseTakesTheSetsOfTheDialog) {
+    OpenWithSettings(ProjectOf("C160 C160"));
+    frmSets dialog(*Session);
+    auto& sets = *dialog.findChild<QListWidget*>("lstSets");
+    EXPECT_EQ(sets.count(), 4) << "an example comes along";
+    for (int i = 0; i < 4; ++i)
+        dialog.findChild<QPushButton*>("cmdDeleteSet")->click();
+    dialog.findChild<QPushButton*>("cmdAddSet")->click();
+    dialog.findChild<QLineEdit*>("txtSetName")->setText("Straights");
+    dialog.findChild<QLineEdit*>("txtSetPrice")->setText("5,95");
+    auto& pieces = *dialog.findChild<QTreeWidget*>("lstSetPieces");
+    pieces.findItems("C160", Qt::MatchExactly).front()->setText(2, "2");
+    dialog.findChild<QPushButton*>("cmdSaveSets")->click();
+
+    EXPECT_EQ(ReadSets(Pieces(), folder_ / "sets.toml"),
+              (BoxedSets{{"Straights", 595, {{Pieces().FindRow("C160"), 2}}}}));
+    Entry("mnuPurchase").trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Session->HasJob(); }));
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_TRUE(QString::fromStdString(Prompts.Told[0].Text).contains("Total 5.95 EUR, the cheapest there is."));
+}
+
+TEST_F(Panels, ASetsFileThatCannotBeReadIsTold) {
+    OpenWithSettings(ProjectOf("C160"));
+    WriteBytes(folder_ / "sets.toml", "nonsense");
+
+    Entry("mnuSets").trigger();
+
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_TRUE(QString::fromStdString(Prompts.Told[0].Text).contains("sets.toml, line 1"));
+}
+
+} // namespace
+} // namespace pistaro
