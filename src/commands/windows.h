@@ -13,6 +13,7 @@ public:
     virtual void ShowStock() = 0;
     virtual void ShowStatistics() = 0;
     virtual void ShowAbout() = 0;
+    virtual void ShowHistory() = 0;
 };
 
 } // namespace pistaro

@@ -3,6 +3,7 @@
 
 #include "commands/session.h"
 #include "ui/frmAbout.h"
+#include "ui/frmHistory.h"
 #include "ui/frmStock.h"
 
 #include <QPointer>
@@ -18,15 +19,17 @@ public:
     void ShowColours() override;
     void ShowStatistics() override;
 
-    /// These two stay beside the window, and come once.
+    /// These stay beside the window, and come once.
     void ShowStock() override;
     void ShowAbout() override;
+    void ShowHistory() override;
 
 private:
     Session& session_;
     QWidget& window_;
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
+    QPointer<frmHistory> history_;
 };
 
 } // namespace pistaro

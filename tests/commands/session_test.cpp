@@ -34,6 +34,7 @@ public:
     void ShowStock() override { Opened += "stock "; }
     void ShowStatistics() override { Opened += "statistics "; }
     void ShowAbout() override { Opened += "about "; }
+    void ShowHistory() override { Opened += "history "; }
 };
 
 class TheSession : public testing::Test {
