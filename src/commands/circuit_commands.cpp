@@ -22,9 +22,18 @@ void RememberFolder(const Session& session) {
 
 void Load(Session& session, const std::filesystem::path& file) {
     session.TellLeaving();
-    LoadCircuit(session.Project, file);
-    session.BeginCircuit("Load " + ProjectName(session.Project.EditState));
+    session.NoteLoaded(LoadCircuit(session.Project, file));
     RememberFolder(session);
+}
+
+void Save(Session& session, const std::filesystem::path& file) {
+    session.NoteSaved(SaveCircuit(session.Project, file));
+    RememberFolder(session);
+}
+
+/// "oval.trk was changed by another program."
+std::string ChangedText(const std::filesystem::path& file) {
+    return TextFromPath(file.filename()) + " was changed by another program.";
 }
 
 void Empty(Session& session) {
@@ -89,9 +98,29 @@ void SaveCommand(Session& session) {
     if (std::filesystem::exists(*file, reportedByTheWrite)) {
         session.Prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo);
     }
-    SaveCircuit(session.Project, *file);
-    session.NoteSaved();
-    RememberFolder(session);
+    Save(session, *file);
+}
+
+void PlainSaveCommand(Session& session) {
+    const std::filesystem::path file = session.Project.EditState.File;
+    if (file.empty()) return SaveCommand(session);
+    if (session.Files.IsChanged(file) &&
+        session.Prompts.Ask(ChangedText(file) + " Overwrite it?", Buttons::YesNo) != Answer::Yes)
+        return;
+    const std::string folder = session.Project.Preferences.WorkingDirectory;
+    session.NoteSaved(SaveCircuit(session.Project, file));
+    if (session.Project.Preferences.WorkingDirectory != folder) RememberFolder(session);
+}
+
+void OfferChangedFile(Session& session) {
+    const std::filesystem::path file = session.Project.EditState.File;
+    if (!session.Files.IsNewlyChanged(file)) return;
+    const bool unsaved = session.Project.EditState.DataChanged;
+    const std::string question =
+        ChangedText(file) + " Load it?" + (unsaved ? " Your unsaved changes make way; Undo brings them back." : "");
+    if (session.Prompts.Ask(question, Buttons::YesNo) != Answer::Yes) return;
+    if (unsaved) session.NoteDiscarded();
+    Load(session, file);
 }
 
 void NewCommand(Session& session) {

@@ -1,4 +1,4 @@
-// Load, Save, New and Quit: the commands that read and write circuit files and guard unsaved work.
+// Load, both Saves, New and Quit: the commands that read and write circuit files and guard unsaved work.
 #pragma once
 
 #include "commands/session.h"
@@ -26,6 +26,13 @@ void LoadFileCommand(Session& session, const std::filesystem::path& file);
 /// Save with its dialog. A cancelled dialog marks the circuit as saved, and a file that exists is overwritten after
 /// either answer: saved designs and their owners have relied on both. Faults as with Load.
 void SaveCommand(Session& session);
+
+/// Writes the file that the circuit came from or was last saved to; where there is none, Save. Asks when another
+/// program changed the file meanwhile.
+void PlainSaveCommand(Session& session);
+
+/// Asks, once for each change, whether the circuit's file shall be loaded that another program changed.
+void OfferChangedFile(Session& session);
 
 /// New with its question.
 void NewCommand(Session& session);

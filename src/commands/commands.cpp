@@ -8,6 +8,7 @@
 #include "editor/building.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
+#include "platform/files.h"
 #include "report/viewer.h"
 
 #include <algorithm>
@@ -76,6 +77,55 @@ std::string Titled(std::string id) {
     return id;
 }
 
+/// One of the circuits that were loaded and saved last; empty where there are not so many.
+std::filesystem::path RecentCircuit(const Session& session, std::size_t place) {
+    const auto& list = session.Recent.List();
+    return place < list.size() ? list[place] : std::filesystem::path();
+}
+
+/// "&1 tracks/oval.trk"
+std::string RecentText(const std::filesystem::path& circuit, std::size_t place) {
+    const std::string key = place < 9 ? "&" + std::to_string(place + 1) : "1&0";
+    return key + " " + MenuText(TextFromPath(circuit.parent_path().filename() / circuit.filename()));
+}
+
+Command RecentRow(std::size_t place) {
+    const std::string number = std::to_string(place + 1);
+    return {.Id = "recent " + number,
+            .Control = "mnuRecent",
+            .Tag = number,
+            .Index = static_cast<int>(place),
+            .Caption = "Recent circuit " + number,
+            .Tip = "Open this circuit again",
+            .From = Door::WindowOnly,
+            .WhyNot = [place](const Session& session) -> std::string {
+                const std::filesystem::path circuit = RecentCircuit(session, place);
+                if (circuit.empty()) return "No circuit stands here yet.";
+                std::error_code gone;
+                return std::filesystem::exists(circuit, gone) ? "" : TextFromPath(circuit) + " is no longer there.";
+            },
+            .Run = [place](Session& session) { LoadFileCommand(session, RecentCircuit(session, place)); },
+            .Shows =
+                [place, caption = "Recent circuit " + number](const Session& session) {
+                    const std::filesystem::path circuit = RecentCircuit(session, place);
+                    return circuit.empty() ? caption : RecentText(circuit, place);
+                }};
+}
+
+void AddRecentCommands(std::vector<Command>& rows) {
+    for (std::size_t place = 0; place < RecentCircuits::Most; ++place)
+        rows.push_back(RecentRow(place));
+    rows.push_back({.Id = "recent clear",
+                    .Control = "mnuRecentClear",
+                    .Caption = "&Clear",
+                    .Tip = "Forget these circuits; their files stay",
+                    .From = Door::WindowOnly,
+                    .WhyNot = [](const Session& session) -> std::string {
+                        return session.Recent.List().empty() ? "There are none." : "";
+                    },
+                    .Run = [](Session& session) { session.Recent.Clear(); }});
+}
+
 void AddCircuitCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "new",
                     .Control = "mnuCircuitReinit",
@@ -89,11 +139,18 @@ void AddCircuitCommands(std::vector<Command>& rows) {
                     .Tip = "Open a circuit file",
                     .Key = "Ctrl+O",
                     .Run = LoadCommand});
+    rows.push_back({.Id = "plain save",
+                    .Control = "mnuCircuitPlainSave",
+                    .Caption = "&Save",
+                    .Tip = "Write the circuit to its file",
+                    .Key = "Ctrl+S",
+                    .From = Door::WindowOnly,
+                    .Run = PlainSaveCommand});
     rows.push_back({.Id = "save",
                     .Control = "mnuCircuitSave",
-                    .Caption = "&Save…",
-                    .Tip = "Write the circuit to a file",
-                    .Key = "Ctrl+S",
+                    .Caption = "Save &As…",
+                    .Tip = "Write the circuit to a file that you name",
+                    .Key = "Ctrl+Shift+S",
                     .Run = SaveCommand});
     rows.push_back({.Id = "recovered work",
                     .Control = "mnuRecovered",
@@ -109,6 +166,19 @@ void AddCircuitCommands(std::vector<Command>& rows) {
                     .Key = "Ctrl+Q",
                     .From = Door::WindowOnly,
                     .Run = QuitCommand});
+}
+
+/// A row that opens a window.
+Command WindowRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
+                  void (Windows::*show)()) {
+    return {.Id = id,
+            .Control = control,
+            .Caption = caption,
+            .Tip = tip,
+            .Key = key,
+            .From = Door::WindowOnly,
+            .WhyNot = HasWindows,
+            .Run = [show](Session& session) { (session.Windows->*show)(); }};
 }
 
 /// "Undo Add C151": a row that names the state it goes to or from.
@@ -148,6 +218,8 @@ void AddHistoryCommands(std::vector<Command>& rows) {
                             const History& history = session.History();
                             return NamingStep("&Redo", history.CanRedo(), session, history.Present() + 1);
                         }});
+    rows.push_back(WindowRow("history", "mnuHistory", "&History…", "List all changes, to go back to any of them",
+                             "Ctrl+H", &Windows::ShowHistory));
 }
 
 void AddModes(std::vector<Command>& rows) {
@@ -380,19 +452,6 @@ void AddBackgroundCommands(std::vector<Command>& rows) {
                     .Run = [](Session& session) { session.Background.reset(); }});
 }
 
-/// A row that opens a window.
-Command WindowRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
-                  void (Windows::*show)()) {
-    return {.Id = id,
-            .Control = control,
-            .Caption = caption,
-            .Tip = tip,
-            .Key = key,
-            .From = Door::WindowOnly,
-            .WhyNot = HasWindows,
-            .Run = [show](Session& session) { (session.Windows->*show)(); }};
-}
-
 /// A row that shows a panel, or hides it.
 Command PanelRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
                  Panel panel) {
@@ -496,6 +555,7 @@ std::string PlainCaption(std::string_view caption) {
 
 CommandTable::CommandTable(const Catalogue& catalogue) {
     AddCircuitCommands(rows_);
+    AddRecentCommands(rows_);
     AddHistoryCommands(rows_);
     AddModes(rows_);
     AddPieceCommands(rows_, catalogue);

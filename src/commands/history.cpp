@@ -99,16 +99,13 @@ void History::GoTo(std::size_t state, Project& project) {
     present_ = state;
 }
 
-void History::NoteSaved(const std::filesystem::path& file) {
+void History::NoteOnlyOneInFile(const std::filesystem::path& file) {
     if (states_.empty()) return;
     *states_[present_].File = file;
-    NoteOtherContent(file);
-}
-
-void History::NoteOtherContent(const std::filesystem::path& file) {
     for (State& state : states_) {
         if (*state.File == file) state.DataChanged = true;
     }
+    states_[present_].DataChanged = false;
 }
 
 bool History::AreOfOneCircuit(std::size_t one, std::size_t other) const {

@@ -39,11 +39,8 @@ public:
     /// Puts a state into the project in place of the present one, which is kept as it is left.
     void GoTo(std::size_t state, Project& project);
 
-    /// The present state stands in `file` now: its other states, and all others of that file, are unsaved.
-    void NoteSaved(const std::filesystem::path& file);
-
-    /// All states of `file` are unsaved: something else stands in it now.
-    void NoteOtherContent(const std::filesystem::path& file);
+    /// Of all states of the present circuit, and of others of its file, the present one alone stands in the file.
+    void NoteOnlyOneInFile(const std::filesystem::path& file);
 
     std::size_t Count() const { return states_.size(); } ///< 0 before the first step
     std::size_t Present() const { return present_; }

@@ -61,7 +61,7 @@ void Session::Work(const std::function<void()>& work) {
     const std::optional<Picture> background = Background;
     step_ = {.Time = Now()};
     noted_ = {};
-    moved_ = false;
+    moved_ = newInFile_ = false;
     ++depth_;
     try {
         work();
@@ -76,6 +76,7 @@ void Session::Work(const std::function<void()>& work) {
 
 void Session::Finish(const pistaro::Project& before, const std::optional<Picture>& background) {
     if (!moved_) history_.Record(before, Project, step_);
+    if (newInFile_) history_.NoteOnlyOneInFile(Project.EditState.File);
     Changes changes = Difference(before, Project);
     changes.Background = Background != background;
     changes.Saved = noted_.Saved;
@@ -102,8 +103,16 @@ void Session::BeginCircuit(std::string caption) {
     noted_.OtherCircuit = true;
 }
 
-void Session::NoteSaved() {
-    history_.NoteSaved(Project.EditState.File);
+void Session::NoteLoaded(std::string bytes) {
+    newInFile_ = Files.Remember(Project.EditState.File, std::move(bytes));
+    Recent.Add(Project.EditState.File);
+    BeginCircuit("Load " + ProjectName(Project.EditState));
+}
+
+void Session::NoteSaved(std::string bytes) {
+    Files.Remember(Project.EditState.File, std::move(bytes));
+    Recent.Add(Project.EditState.File);
+    newInFile_ = true;
     noted_.Saved = true;
 }
 

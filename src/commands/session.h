@@ -9,6 +9,8 @@
 #include "model/project.h"
 #include "model/prompts.h"
 #include "search/closing_tables.h"
+#include "storage/known_files.h"
+#include "storage/recent_circuits.h"
 
 #include <filesystem>
 #include <functional>
@@ -44,6 +46,8 @@ public:
     pistaro::Prompts& Prompts;
     pistaro::Project Project;
     const std::filesystem::path SettingsPath;
+    KnownFiles Files;                      ///< as they were read and written
+    RecentCircuits Recent;                 ///< kept nowhere in a script
     std::optional<Picture> Background;     ///< behind the drawing
     int PicturePixels;                     ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr;   ///< null in a script
@@ -84,8 +88,12 @@ public:
     /// The running work has put another circuit in the place of that before: it is a step of that name.
     void BeginCircuit(std::string caption);
 
-    /// The running work has written the design to its file.
-    void NoteSaved();
+    /// The running work has read the design from its file, which held these bytes, or written it there.
+    void NoteLoaded(std::string bytes);
+    void NoteSaved(std::string bytes);
+
+    /// Whether work is running, a question that it asks included.
+    bool IsWorking() const { return depth_ > 0; }
 
     /// The running work lets unsaved work go, because its user said so.
     void NoteDiscarded() { noted_.Discarded = true; }
@@ -112,10 +120,11 @@ private:
     std::vector<std::function<void(const Changes&)>> observers_;
     std::vector<std::function<void()>> leavers_;
     std::function<void(int, int)> progress_;
-    int depth_ = 0;      ///< of work within work
-    StepName step_;      ///< of the running work
-    Changes noted_;      ///< what the running work said of itself
-    bool moved_ = false; ///< the running work went to a state of the history
+    int depth_ = 0;          ///< of work within work
+    StepName step_;          ///< of the running work
+    Changes noted_;          ///< what the running work said of itself
+    bool newInFile_ = false; ///< after the running work the circuit's file holds something else than before
+    bool moved_ = false;     ///< the running work went to a state of the history
     pistaro::History history_;
     Jobs jobs_;
 };

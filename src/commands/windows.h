@@ -23,6 +23,7 @@ public:
     virtual void ShowSets() = 0;
     virtual void TogglePanel(Panel panel) = 0;
     virtual bool IsPanelShown(Panel panel) const = 0;
+    virtual void ShowHistory() = 0;
 };
 
 } // namespace pistaro

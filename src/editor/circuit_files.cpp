@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "storage/circuit_file.h"
+#include "storage/line_reader.h"
 
 #include <algorithm>
 
@@ -25,17 +26,21 @@ std::optional<FolderAndTitle> PartedPath(const std::string& path) {
     return FolderAndTitle{{path.begin(), separator.base()}, {separator.base(), path.end()}};
 }
 
-void LoadCircuit(Project& project, const std::filesystem::path& file) {
-    Design design = ReadCircuit(file);
+std::string LoadCircuit(Project& project, const std::filesystem::path& file) {
+    std::string bytes = ReadFile(file, MostFileBytes);
+    Design design = ParseCircuit(bytes, TextFromPath(file));
     NewProject(project);
     project.Design = std::move(design);
     Adopt(project, file);
+    return bytes;
 }
 
-void SaveCircuit(Project& project, const std::filesystem::path& file) {
-    ReplaceFile(file, CircuitBytes(project.Design));
+std::string SaveCircuit(Project& project, const std::filesystem::path& file) {
+    std::string bytes = CircuitBytes(project.Design);
+    ReplaceFile(file, bytes);
     project.EditState.DataChanged = false;
     Adopt(project, file);
+    return bytes;
 }
 
 bool HasUnsavedTrack(const Project& project, int elements) {

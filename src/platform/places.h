@@ -15,6 +15,10 @@ std::filesystem::path SettingsPath();
 /// %LOCALAPPDATA%\Pistaro\recovery. Empty for who has no home.
 std::filesystem::path RecoveryFolder();
 
+/// Where the names of the circuits are kept that were opened last: beside the settings file of a user, on Windows in
+/// %APPDATA%\Pistaro. Empty for who has no home.
+std::filesystem::path RecentPath();
+
 /// The user's documents folder; empty for who has no home.
 std::filesystem::path DocumentsFolder();
 

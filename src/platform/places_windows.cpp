@@ -44,6 +44,11 @@ std::filesystem::path SettingsPath() {
     return own.empty() ? own : own / "Pistaro" / SettingsName;
 }
 
+std::filesystem::path RecentPath() {
+    const std::filesystem::path own = KnownFolder(FOLDERID_RoamingAppData);
+    return own.empty() ? own : own / "Pistaro" / "recent";
+}
+
 std::filesystem::path RecoveryFolder() {
     const std::filesystem::path folder = KnownFolder(FOLDERID_LocalAppData);
     return folder.empty() ? folder : folder / "Pistaro" / "recovery";

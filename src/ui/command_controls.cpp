@@ -21,6 +21,13 @@ QList<QKeySequence> KeysOf(const Command& command) {
     return keys;
 }
 
+/// After the row's control, with its place among those of the name.
+void SetName(QObject& control, const Command& command) {
+    control.setObjectName(Shown(command.Control));
+    if (!command.Tag.empty()) control.setProperty("Tag", Shown(command.Tag));
+    if (command.Index >= 0) control.setProperty("Index", command.Index);
+}
+
 QString TipWithKey(const std::string& tip, const std::string& key) {
     if (key.empty()) return Shown(tip);
     return Shown(tip) + " (" + KeyOf(key).toString(QKeySequence::NativeText) + ")";
@@ -46,7 +53,7 @@ void CommandControls::Show(Control& control, const Command& command, const std::
 QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead) {
     const Command& command = RowOf(id);
     QAction* const action = menu.addAction(Shown(command.Caption));
-    action->setObjectName(Shown(command.Control));
+    SetName(*action, command);
     action->setShortcuts(KeysOf(command));
     action->setCheckable(command.IsOn != nullptr);
     const auto run = [this, &command] { session_.TryRun(command); };
@@ -62,9 +69,7 @@ void CommandControls::Bind(QAbstractButton& button, std::string_view id) {
 
 void CommandControls::Bind(QAbstractButton& button, const std::function<const Command&()>& row) {
     const Command& command = row();
-    button.setObjectName(Shown(command.Control));
-    if (!command.Tag.empty()) button.setProperty("Tag", Shown(command.Tag));
-    if (command.Index >= 0) button.setProperty("Index", command.Index);
+    SetName(button, command);
     button.setText(Shown(command.Caption));
     button.setCheckable(command.IsOn != nullptr);
     const auto run = [this, row] { session_.TryRun(row()); };

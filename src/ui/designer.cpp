@@ -68,6 +68,7 @@ int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const Designe
     MessagePrompts prompts;
     const DesignerStart start = StartDesigner(catalogue, files.SettingsFile);
     Session session(catalogue, prompts, start.Project, start.SettingsPath);
+    session.Recent = RecentCircuits(RecentPath());
     const Jobs::Post post = [&](std::function<void()> call) {
         QMetaObject::invokeMethod(&application, std::move(call), Qt::QueuedConnection);
     };

@@ -3,6 +3,7 @@
 
 #include "commands/session.h"
 #include "ui/frmAbout.h"
+#include "ui/frmHistory.h"
 #include "ui/frmStock.h"
 
 #include <QPointer>
@@ -22,9 +23,10 @@ public:
     void ShowStatistics() override;
     void ShowSets() override;
 
-    /// These two stay beside the window, and come once.
+    /// These stay beside the window, and come once.
     void ShowStock() override;
     void ShowAbout() override;
+    void ShowHistory() override;
 
     /// Has a panel shown and hidden by these from now on.
     struct PanelDoor {
@@ -41,6 +43,7 @@ private:
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
     std::map<Panel, PanelDoor> panels_;
+    QPointer<frmHistory> history_;
 };
 
 } // namespace pistaro

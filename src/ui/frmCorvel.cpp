@@ -7,6 +7,7 @@
 #include "ui/main_menus.h"
 #include "ui/side_column.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QHBoxLayout>
@@ -123,6 +124,19 @@ void frmCorvel::closeEvent(QCloseEvent* event) {
     closing_ = true;
     event->setAccepted(session_.TryRun(*session_.Commands.Find("quit")));
     closing_ = false;
+}
+
+void frmCorvel::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // Later, as a question must not be asked before the window is back.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        QTimer::singleShot(0, this, [this] { LookAtFile(); });
+}
+
+void frmCorvel::LookAtFile() {
+    const bool asksAlready = closing_ || session_.IsWorking() || QApplication::activeModalWidget() != nullptr;
+    if (asksAlready || !session_.Files.IsChanged(session_.Project.EditState.File)) return;
+    session_.Do([this] { OfferChangedFile(session_); });
 }
 
 void frmCorvel::dragEnterEvent(QDragEnterEvent* event) {

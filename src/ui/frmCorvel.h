@@ -27,6 +27,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -37,6 +38,9 @@ private:
 
     /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
     void Refresh(const Changes& changes);
+
+    /// Asks about the circuit's file when another program changed it.
+    void LookAtFile();
 
     Session& session_;
     CommandControls controls_;

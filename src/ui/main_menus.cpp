@@ -1,6 +1,7 @@
 #include "ui/main_menus.h"
 
 #include "ui/named_controls.h"
+#include "ui/recent_menu.h"
 
 #include <QMenuBar>
 
@@ -22,14 +23,17 @@ QMenu& AddMenu(QMainWindow& window, CommandControls& controls, const char* title
 
 } // namespace
 
-void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session& session,
+void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& session,
                   const std::function<void()>& close) {
-    QMenu& circuit = AddMenu(window, controls, "&Circuit", {"new", "load", "save"});
+    QMenu& circuit = AddMenu(window, controls, "&Circuit", {"new", "load"});
+    circuit.addMenu(new RecentMenu(session, &circuit));
+    for (const char* const id : {"plain save", "save"})
+        controls.AddEntry(circuit, id);
     circuit.addSeparator();
     controls.AddEntry(circuit, "recovered work");
     circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
-    AddMenu(window, controls, "&Edit", {"undo", "redo"});
+    AddMenu(window, controls, "&Edit", {"undo", "redo", "history"});
     AddMenu(window, controls, "&Track", {"mirror", "invert", "balance"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
     pieces.addSection("Replace the selected piece by");

@@ -8,7 +8,6 @@
 namespace pistaro {
 
 /// Fills the window's menu bar. `close` closes the window, which runs the row "quit".
-void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session& session,
-                  const std::function<void()>& close);
+void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& session, const std::function<void()>& close);
 
 } // namespace pistaro

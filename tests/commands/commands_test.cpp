@@ -89,7 +89,9 @@ TEST(Commands, NoTwoControlsOfAnArrayShareTheirPlace) {
     std::set<int> pieces;
     for (int place = 0; place < 28; ++place)
         pieces.insert(place);
-    EXPECT_EQ(placesByControl, (std::map<std::string, std::set<int>>{{"cmdElement", pieces}, {"optTrack", {0, 1, 2}}}));
+    EXPECT_EQ(placesByControl,
+              (std::map<std::string, std::set<int>>{
+                  {"cmdElement", pieces}, {"optTrack", {0, 1, 2}}, {"mnuRecent", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}}}));
 }
 
 TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
@@ -98,10 +100,14 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
         if (command.From == Door::WindowOnly) windowOnly.insert(command.Id);
     }
 
-    EXPECT_EQ(windowOnly, (std::set<std::string>{"quit", "recovered work", "see remaining", "refresh", "numbers",
-                                                 "background select", "background clear", "draw area", "choose colours",
-                                                 "loose track", "statistics", "guide", "cancel job", "save picture",
-                                                 "manual", "about"}));
+    EXPECT_EQ(windowOnly, (std::set<std::string>{"quit",           "recovered work",    "see remaining",    "refresh",
+                                                 "numbers",        "background select", "background clear", "draw area",
+                                                 "choose colours", "loose track",       "statistics",       "guide",
+                                                 "cancel job",     "save picture",      "manual",           "about",
+                                                 "history",        "plain save",        "recent clear",     "recent 1",
+                                                 "recent 2",       "recent 3",          "recent 4",         "recent 5",
+                                                 "recent 6",       "recent 7",          "recent 8",         "recent 9",
+                                                 "recent 10"}));
 }
 
 TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {
@@ -151,6 +157,10 @@ TEST(Commands, ControlsAreNamedAsTheWindowNamesThem) {
     const std::map<std::string, std::string> controls{{"new", "mnuCircuitReinit"},
                                                       {"load", "mnuCircuitLoad"},
                                                       {"save", "mnuCircuitSave"},
+                                                      {"plain save", "mnuCircuitPlainSave"},
+                                                      {"recent 1", "mnuRecent"},
+                                                      {"recent clear", "mnuRecentClear"},
+                                                      {"history", "mnuHistory"},
                                                       {"quit", "mnuQuit"},
                                                       {"undo", "mnuUndo"},
                                                       {"redo", "mnuRedo"},

@@ -63,6 +63,7 @@ public:
     void ShowSets() override {}
     void TogglePanel(Panel) override {}
     bool IsPanelShown(Panel) const override { return false; }
+    void ShowHistory() override {}
 };
 
 /// Commands that draw pictures or start a viewer take too long to be given thousands of times.

@@ -37,6 +37,7 @@ public:
     void ShowSets() override { Opened += "sets "; }
     void TogglePanel(Panel panel) override { Opened += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
     bool IsPanelShown(Panel panel) const override { return panel == Panel::Checks; }
+    void ShowHistory() override { Opened += "history "; }
 };
 
 class TheSession : public testing::Test {

@@ -2,6 +2,7 @@
 #include "ui/window_fixture.h"
 
 #include "commands/recovery.h"
+#include "support/circuit_text.h"
 #include "support/fake_viewer.h"
 #include "support/press.h"
 #include "support/temporary_folder.h"
@@ -61,6 +62,7 @@ public:
     void ShowSets() override { Asked += "sets "; }
     void TogglePanel(Panel panel) override { Asked += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
     bool IsPanelShown(Panel) const override { return false; }
+    void ShowHistory() override { Asked += "history "; }
 };
 
 } // namespace
@@ -84,7 +86,7 @@ protected:
         Opened = Project;
         Kept = KeepsWork(*Session, command);
         Session->Do([] {}); // the window hears of it
-        MakeHistory(*Session, command);
+        Prepare(*Session, command);
         if (command.Id == "background clear") Session->Do([&] { Session->Background = Floor(); });
         if (command.Id == "cancel job") Session->Do([&] { Session->StartJob(WaitToBeStopped); });
     }
@@ -95,11 +97,29 @@ protected:
         return std::make_unique<Recovery>(session, Folder / "recovery", [](const std::function<void()>&) {});
     }
 
-    /// Gives undo and redo what they are for.
-    static void MakeHistory(pistaro::Session& session, const Command& command) {
-        if (command.Id != "undo" && command.Id != "redo") return;
-        session.Run(*session.Commands.Find("mirror"));
+    /// Gives a row what it is for: undo and redo a step, the list of recent circuits ten of them.
+    void Prepare(pistaro::Session& session, const Command& command) const {
+        if (command.Id == "undo" || command.Id == "redo") session.Run(*session.Commands.Find("mirror"));
         if (command.Id == "redo") session.Run(*session.Commands.Find("undo"));
+        LayRecent(session, command);
+    }
+    void LayRecent(pistaro::Session& session, const Command& command) const {
+        if (!command.Id.starts_with("recent")) return;
+        session.Recent = RecentCircuits(Folder / "recent");
+        for (int i = 10; i > 0; --i) {
+            const std::filesystem::path circuit = Folder / (std::to_string(i) + ".trk");
+            WriteBytes(circuit, CircuitText("C160"));
+            session.Recent.Add(circuit);
+        }
+    }
+
+    /// Opens the menu of an entry, as the list of recent circuits is read then.
+    void OpenMenuOf(const QAction& entry) {
+        for (QMenu* const menu : Window->findChildren<QMenu*>()) {
+            if (!menu->actions().contains(&entry)) continue;
+            menu->popup(QPoint(0, 0));
+            menu->close();
+        }
     }
 
     /// Every control that the user can press: the buttons, and the entries of the menus. Those that the toolkit makes
@@ -133,12 +153,13 @@ protected:
         ScriptedPrompts user;
         pistaro::Session session(Pieces(), user, Opened, "");
         const auto kept = KeepsWork(session, command);
-        MakeHistory(session, command);
+        Prepare(session, command);
         session.Background = Session->Background;
         const bool showsPage = command.Id == "guide" || command.Id == "manual";
         const std::string expected = OutcomeOf(
             session, user, [&] { session.Run(command); }, showsPage);
         EmptyFolder();
+        LayRecent(*Session, command);
         Prompts = {};
         EXPECT_EQ(OutcomeOf(*Session, Prompts, use, showsPage), expected);
         EmptyFolder();
@@ -213,8 +234,10 @@ TEST_F(TableAndWindow, EachRowHasExactlyOneLiveControlThatShowsIt) {
         const QVariant index = controls[0]->property("Index");
         EXPECT_EQ(index, command.Index < 0 ? QVariant() : QVariant(command.Index));
         if (const auto* const entry = qobject_cast<const QAction*>(controls[0])) {
+            OpenMenuOf(*entry);
             EXPECT_EQ(entry->text(), Shown(command.Shows ? command.Shows(*Session) : command.Caption));
-            EXPECT_EQ(entry->toolTip(), Shown(command.Tip));
+            const bool showsPath = command.Control == "mnuRecent";
+            EXPECT_EQ(entry->toolTip(), Shown(showsPath ? (Folder / (command.Tag + ".trk")).string() : command.Tip));
             EXPECT_EQ(entry->shortcuts(), KeysOf(command));
             EXPECT_TRUE(entry->isEnabled());
             EXPECT_TRUE(entry->isVisible());
@@ -252,7 +275,7 @@ TEST_F(TableAndWindow, EachControlRunsItsRow) {
             const std::vector<QObject*> controls = ControlsOf(command);
             ASSERT_FALSE(controls.empty());
             const bool isEntry = qobject_cast<QAction*>(controls[0]) != nullptr;
-            isEntry ? Choose(command.Control) : Click(command.Control, command.Tag);
+            isEntry ? Choose(command.Control, command.Tag) : Click(command.Control, command.Tag);
         });
     }
 }

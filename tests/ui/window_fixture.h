@@ -40,7 +40,7 @@ protected:
         return Find<QAbstractButton>(name, tag);
     }
     QAbstractButton& Piece(const std::string& code) { return Button("cmdElement", code); }
-    QAction& Entry(const std::string& name) { return Find<QAction>(name); }
+    QAction& Entry(const std::string& name, const std::string& tag = "") { return Find<QAction>(name, tag); }
     QListWidget& List() { return Find<QListWidget>("lstTrack"); }
     QWidget& Picture() { return Find<QWidget>("picCircuit"); }
     CircuitView& Canvas() { return Window->Canvas(); }
@@ -51,8 +51,8 @@ protected:
     }
 
     /// Opens the entry's menu and clicks the entry.
-    void Choose(const std::string& name) {
-        QAction& entry = Entry(name);
+    void Choose(const std::string& name, const std::string& tag = "") {
+        QAction& entry = Entry(name, tag);
         for (QMenu* const menu : Window->findChildren<QMenu*>()) {
             if (!menu->actions().contains(&entry)) continue;
             menu->popup(QPoint(0, 0));

@@ -1,0 +1,45 @@
+// The list of all steps beside the main window: a click on one goes to the state that it led to.
+#pragma once
+
+#include "commands/session.h"
+
+#include <QAbstractListModel>
+#include <QDialog>
+#include <QListView>
+
+namespace pistaro {
+
+/// One line a state, the oldest first.
+class HistoryLines : public QAbstractListModel {
+public:
+    HistoryLines(const Session& session, QObject* parent) : QAbstractListModel(parent), session_(session) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+
+    /// The caption of the step that led to the state; the present one bold, those that were undone grey.
+    QVariant data(const QModelIndex& index, int role) const override;
+
+    /// To be called when the history changed.
+    void Refresh();
+
+private:
+    const Session& session_;
+};
+
+class frmHistory : public QDialog {
+public:
+    frmHistory(Session& session, QWidget* parent);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void Refresh();
+    void GoTo(const QModelIndex& line);
+
+    Session& session_;
+    HistoryLines* const lines_;
+    QListView* const lstHistory_;
+};
+
+} // namespace pistaro
