@@ -1,8 +1,8 @@
 # Debian packages by purpose, how they are installed, and how a preset is built. Sourced by run, test, bench, .ci/run and
 # the packaging.
 
-PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohmann-json3-dev librsvg2-bin
-libtomlplusplus-dev fonts-dejavu-core"
+PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libdxflib-dev libcli11-dev nlohmann-json3-dev
+librsvg2-bin libtomlplusplus-dev fonts-dejavu-core"
 PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev chromium"
 PACKAGES_BENCH="$PACKAGES_BUILD libbenchmark-dev"
 PACKAGES_FUZZ="$PACKAGES_BUILD clang libclang-rt-14-dev"

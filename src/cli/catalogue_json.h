@@ -2,7 +2,7 @@
 #pragma once
 
 #include "catalogue/catalogue.h"
-#include "cli/json.h"
+#include "exchange/json.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "checks/balance.h"
-#include "cli/json.h"
+#include "exchange/json.h"
 #include "model/project.h"
 
 #include <string>

@@ -1,8 +1,8 @@
 #include "cli/close.h"
 
 #include "cli/foreground.h"
-#include "cli/json.h"
 #include "cli/start.h"
+#include "exchange/json.h"
 
 namespace pistaro {
 

@@ -2,6 +2,7 @@
 #include "cli/command_line.h"
 
 #include "cli/close.h"
+#include "cli/export_verb.h"
 #include "cli/generate.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
@@ -36,6 +37,7 @@ struct Arguments {
     GenerateOptions Generate;
     std::string RoomOf;
     std::string ClosedTrack = "1", Tolerance = "0.5";
+    ExportArguments Export;
 };
 
 OptionalPath PathIn(const std::string& text) {
@@ -119,6 +121,7 @@ public:
         AddBuy();
         AddGuide();
         AddPicture();
+        AddExport();
         AddScript();
         AddCatalogue();
         AddSettings();
@@ -177,7 +180,7 @@ private:
             Add("balance", "Propose the fewest changes that make both lanes equally long",
                 [this](const VerbContext& context) { BalanceVerb(context, Circuit(), Detail().Track, given_.Json); });
         TakeCircuit(verb);
-        TakeTrack(verb);
+        TakeTrack(verb, given_.Track);
         TakeJson(verb);
     }
 
@@ -212,6 +215,28 @@ private:
         verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(PlainNumber(1, 10000));
         verb->add_flag("--numbers", given_.Numbers, "Print the elements' numbers");
         verb->add_option("--background", given_.Background, "A picture that lies behind the drawing");
+    }
+
+    void AddExport() {
+        ExportArguments& given = given_.Export;
+        CLI::App* const verb =
+            app_.add_subcommand("export", "Write the circuit as a file for other programs or for paper");
+        verb->final_callback([this, &given] {
+            const std::string reason = WhyNotTogether(given);
+            if (!reason.empty()) throw CLI::ValidationError(reason);
+            named_ = [this](const VerbContext& context) { ExportVerb(context, Circuit(), given_.Export); };
+        });
+        TakeCircuit(verb);
+        verb->add_option("--out", given.Out, "The file: " + ExportEndings())->required()->check(WhyNoExportFile);
+        verb->add_option("--scale", given.Scale, "1:N, such as 1:10")->check(WhyNoScale);
+        verb->add_option("--paper", given.Paper, "The paper: " + PaperNames())->check(WhyNoPaper);
+        verb->add_flag("--tiles", given.Tiles, "Several sheets, to be laid side by side");
+        verb->add_option("--dpi", given.DotsPerInch, "Dots an inch of a picture")->check(WhyNoResolution);
+        verb->add_flag("--numbers", given.Numbers, "Print the elements' numbers");
+        verb->add_flag("--grid", given.Grid, "Draw the grid");
+        verb->add_flag("--room", given.Room, "Draw the room");
+        TakeTrack(verb, given.Track);
+        verb->add_flag("--force", given.Force, "Replace a file that is there already");
     }
 
     void AddScript() {
@@ -306,13 +331,12 @@ private:
         return verb->add_option("CIRCUIT", given_.Circuit, "The circuit file (*.trk)")->required(required);
     }
 
-    void TakeTrack(CLI::App* verb) {
-        verb->add_option("--track", given_.Track, "The track: 1, 2, 3 or all")
-            ->check(CLI::IsMember({"1", "2", "3", "all"}));
+    static void TakeTrack(CLI::App* verb, std::string& track) {
+        verb->add_option("--track", track, "The track: 1, 2, 3 or all")->check(CLI::IsMember({"1", "2", "3", "all"}));
     }
 
     void TakeDetail(CLI::App* verb) {
-        TakeTrack(verb);
+        TakeTrack(verb, given_.Track);
         verb->add_flag("--include-owned", given_.IncludeOwned, "Include already owned track");
     }
 

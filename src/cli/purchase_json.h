@@ -1,7 +1,7 @@
 // What is to be bought, as JSON.
 #pragma once
 
-#include "cli/json.h"
+#include "exchange/json.h"
 #include "model/boxed_set.h"
 #include "model/project.h"
 #include "money/purchase.h"

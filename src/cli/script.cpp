@@ -2,7 +2,6 @@
 #include "cli/script.h"
 
 #include "cli/check_json.h"
-#include "cli/layout_json.h"
 #include "cli/script_dialogs.h"
 #include "cli/script_words.h"
 #include "cli/state_json.h"
@@ -11,6 +10,7 @@
 #include "editor/mouse_selection.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
+#include "exchange/layout_json.h"
 #include "platform/fault.h"
 #include "platform/fault_words.h"
 #include "platform/files.h"

@@ -1,10 +1,10 @@
 #include "cli/script_dialogs.h"
 
-#include "cli/json.h"
 #include "cli/settings_json.h"
 #include "editor/colour_settings.h"
 #include "editor/draw_area.h"
 #include "editor/owned_track.h"
+#include "exchange/json.h"
 #include "platform/files.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The settings as JSON and as a table for a person.
 #pragma once
 
-#include "cli/json.h"
+#include "exchange/json.h"
 #include "model/project.h"
 
 #include <string>

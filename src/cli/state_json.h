@@ -1,7 +1,7 @@
 // The state of the program as a script sees it.
 #pragma once
 
-#include "cli/json.h"
+#include "exchange/json.h"
 #include "model/project.h"
 
 namespace pistaro {

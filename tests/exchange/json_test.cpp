@@ -1,5 +1,5 @@
 // Numbers of the documents.
-#include "cli/json.h"
+#include "exchange/json.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/layout_json.h"
+#include "exchange/layout_json.h"
 
 #include "layout/placement.h"
 #include "layout/track_gap.h"

@@ -1,4 +1,4 @@
-#include "cli/json.h"
+#include "exchange/json.h"
 
 #include <array>
 #include <charconv>

@@ -1,0 +1,98 @@
+#include "cli/export_verb.h"
+
+#include "cli/start.h"
+#include "imaging/circuit_picture.h"
+#include "paper/paper_size.h"
+#include "platform/fault.h"
+#include "platform/files.h"
+
+#include <charconv>
+
+namespace pistaro {
+
+namespace {
+
+/// A plain decimal number, all of the text; nothing for any other.
+std::optional<double> PlainNumber(std::string_view text) {
+    double number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number, std::chars_format::fixed);
+    if (error != std::errc() || stop != end || text.front() == '-') return std::nullopt;
+    return number;
+}
+
+/// The N of "1:N".
+std::optional<double> ScaleIn(std::string_view text) {
+    constexpr double least = 0.001;
+    constexpr double most = 100000;
+    if (!text.starts_with("1:")) return std::nullopt;
+    const std::optional<double> scale = PlainNumber(text.substr(2));
+    return scale && *scale >= least && *scale <= most ? scale : std::nullopt;
+}
+
+std::optional<double> ResolutionIn(std::string_view text) {
+    constexpr double most = 4800;
+    const std::optional<double> dots = PlainNumber(text);
+    return dots && *dots >= 1 && *dots <= most ? dots : std::nullopt;
+}
+
+ExportOptions OptionsOf(const ExportArguments& arguments) {
+    ExportOptions options;
+    options.Parts.Track = arguments.Track == "all" ? AllTracks : arguments.Track.front() - '1';
+    options.Parts.Numbers = arguments.Numbers;
+    options.Parts.Grid = arguments.Grid;
+    options.Parts.Room = arguments.Room;
+    options.Sheets.Scale = ScaleIn(arguments.Scale);
+    options.Sheets.Paper = FindPaper(arguments.Paper);
+    options.Sheets.Tiles = arguments.Tiles;
+    options.DotsPerInch = ResolutionIn(arguments.DotsPerInch).value_or(options.DotsPerInch);
+    return options;
+}
+
+bool IsThere(const std::filesystem::path& file) {
+    std::error_code toldByTheWrite;
+    return std::filesystem::exists(file, toldByTheWrite);
+}
+
+} // namespace
+
+std::string WhyNoExportFile(const std::string& name) {
+    return ExportFormatOf(PathFromText(name)) ? "" : name + ": the file's ending is none of " + ExportEndings();
+}
+
+std::string WhyNoScale(const std::string& text) {
+    return ScaleIn(text) ? "" : "\"" + text + "\" is no scale such as 1:10";
+}
+
+std::string WhyNoPaper(const std::string& name) {
+    return FindPaper(name) ? "" : "\"" + name + "\" is none of " + PaperNames();
+}
+
+std::string WhyNoResolution(const std::string& text) {
+    return ResolutionIn(text) ? "" : "\"" + text + "\" is no number from 1 to 4800";
+}
+
+std::string WhyNotTogether(const ExportArguments& arguments) {
+    const ExportFormat format = *ExportFormatOf(PathFromText(arguments.Out));
+    const bool onPaper = format == ExportFormat::Png || format == ExportFormat::Svg || format == ExportFormat::Pdf;
+    const bool drawn = onPaper || format == ExportFormat::Dxf;
+    if (arguments.Tiles && format != ExportFormat::Pdf) return "--tiles goes with .pdf alone";
+    if (!arguments.DotsPerInch.empty() && format != ExportFormat::Png) return "--dpi goes with .png alone";
+    if (!arguments.Paper.empty() && !onPaper) return "--paper goes with .png, .svg and .pdf alone";
+    if (!arguments.Scale.empty() && !onPaper && ScaleIn(arguments.Scale) != 1)
+        return "--scale goes with .png, .svg and .pdf alone; in other files the circuit has its full size";
+    if ((arguments.Numbers || arguments.Grid || arguments.Room) && !drawn)
+        return "--numbers, --grid and --room go with drawings alone";
+    return {};
+}
+
+void ExportVerb(const VerbContext& context, const std::filesystem::path& circuit, const ExportArguments& arguments) {
+    const std::filesystem::path file = PathFromText(arguments.Out);
+    const Project project = StartWithCircuit(context, circuit);
+    if (!arguments.Force && IsThere(file)) throw Fault("File exists", arguments.Out + ": --force replaces it");
+    const OffscreenGraphics graphics;
+    ReplaceFile(file, ExportBytes(context.Pieces, project, *ExportFormatOf(file), OptionsOf(arguments)));
+    context.Output << TextFromPath(file) << '\n';
+}
+
+} // namespace pistaro

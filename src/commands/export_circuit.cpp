@@ -1,0 +1,71 @@
+#include "commands/export_circuit.h"
+
+#include "exchange/dxf_file.h"
+#include "exchange/layout_files.h"
+#include "imaging/pdf_file.h"
+#include "imaging/sheet_picture.h"
+#include "imaging/svg_file.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <array>
+
+namespace pistaro {
+
+namespace {
+
+struct Ending {
+    const char* Text;
+    ExportFormat Format;
+};
+
+constexpr std::array Endings{Ending{".png", ExportFormat::Png}, Ending{".svg", ExportFormat::Svg},
+                             Ending{".pdf", ExportFormat::Pdf}, Ending{".dxf", ExportFormat::Dxf},
+                             Ending{".csv", ExportFormat::Csv}, Ending{".json", ExportFormat::Json}};
+
+/// What the format makes of what was left open.
+SheetOptions SheetsFor(ExportFormat format, const SheetOptions& given, const Box& extent) {
+    SheetOptions sheets = given;
+    sheets.Header = format == ExportFormat::Pdf;
+    if (given.Scale || given.Paper || given.Tiles) return sheets;
+    if (format == ExportFormat::Pdf) sheets.Paper = PaperA4;
+    if (format == ExportFormat::Png)
+        sheets.Scale = std::max(extent.Width(), extent.Height()) / (PaperA4.Height - 2 * SheetMargin);
+    return sheets;
+}
+
+std::string DrawingBytes(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options) {
+    if (format == ExportFormat::Dxf) return DxfOf(drawing);
+    const SheetPlan plan = PlanSheets(drawing, SheetsFor(format, options.Sheets, drawing.Extent));
+    if (format == ExportFormat::Svg) return SvgOf(drawing, plan);
+    if (format == ExportFormat::Pdf) return PdfOf(drawing, plan);
+    return SheetPng(drawing, plan, options.DotsPerInch);
+}
+
+} // namespace
+
+std::string ExportEndings() {
+    std::string text;
+    for (const Ending& ending : Endings)
+        text += (text.empty() ? "" : ", ") + std::string(ending.Text);
+    return text;
+}
+
+std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) {
+    std::string text = TextFromPath(file.extension());
+    std::ranges::transform(text, text.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    const auto* const found =
+        std::ranges::find(Endings, text, [](const Ending& ending) { return std::string(ending.Text); });
+    return found == Endings.end() ? std::nullopt : std::optional(found->Format);
+}
+
+std::string ExportBytes(const Catalogue& catalogue, const Project& project, ExportFormat format,
+                        const ExportOptions& options) {
+    const Circuit& circuit = project.Design.Circuit;
+    if (format == ExportFormat::Csv) return LayoutCsvFile(catalogue, circuit, options.Parts.Track);
+    if (format == ExportFormat::Json) return LayoutJsonFile(catalogue, circuit, options.Parts.Track);
+    return DrawingBytes(DrawingOf(catalogue, project, options.Parts), format, options);
+}
+
+} // namespace pistaro

@@ -1,0 +1,34 @@
+// A circuit as a file for other programs or for paper.
+#pragma once
+
+#include "catalogue/catalogue.h"
+#include "model/project.h"
+#include "paper/sheets.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace pistaro {
+
+enum class ExportFormat { Png, Svg, Pdf, Dxf, Csv, Json };
+
+/// ".png, .svg, ...".
+std::string ExportEndings();
+
+/// The format that a file's ending names, in capital or small letters.
+std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file);
+
+struct ExportOptions {
+    DrawnParts Parts;
+    SheetOptions Sheets;
+    double DotsPerInch = 300; ///< of a PNG
+};
+
+/// The bytes of such a file. DXF, CSV and JSON tell of the circuit at its full size, whatever the sheets. A PNG without
+/// scale and paper is as large as A4 paper takes it, a PDF is on A4 paper. Graphics must be there for PNG, SVG and PDF.
+/// Faults: a scale that needs too many tiles, pixels, or paper.
+std::string ExportBytes(const Catalogue& catalogue, const Project& project, ExportFormat format,
+                        const ExportOptions& options);
+
+} // namespace pistaro

@@ -1,0 +1,14 @@
+// Sheets as a PDF: vectors, with lengths as on the paper.
+#pragma once
+
+#include "paper/sheets.h"
+
+#include <string>
+
+namespace pistaro {
+
+/// The plan's sheets as pages, in their order. The same bytes for the same drawing: no date stands in it.
+/// Fault: paper larger than a PDF's page may be.
+std::string PdfOf(const CircuitDrawing& drawing, const SheetPlan& plan);
+
+} // namespace pistaro

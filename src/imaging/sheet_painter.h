@@ -1,0 +1,31 @@
+// A sheet of paper by a painter: the drawing in its area, around it name, scale and a rule. For PDF, printer, preview.
+#pragma once
+
+#include "imaging/painter_surface.h"
+#include "paper/sheets.h"
+
+namespace pistaro {
+
+class SheetPainter {
+public:
+    /// `date` stands in the header; an empty one does not. All must outlive it but the date.
+    SheetPainter(const CircuitDrawing& drawing, const SheetPlan& plan, std::string date = {})
+        : drawing_(drawing), plan_(plan), date_(std::move(date)) {}
+
+    /// Sheets of the plan, before them for tiles a sheet that shows all of them with their names.
+    int Count() const { return static_cast<int>(plan_.Sheets.size()) + (HasOverview() ? 1 : 0); }
+
+    /// Paints one of them, from 0, over a painter's paper of that resolution, whose dots begin at its corner.
+    void Paint(QPainter& painter, double dotsPerInch, int number) const;
+
+private:
+    bool HasOverview() const { return plan_.Tiled && plan_.Sheets.size() > 1; }
+    void PaintOverview(QPainter& painter, double dotsPerInch) const;
+    void PaintSheet(QPainter& painter, double dotsPerInch, const Sheet& sheet) const;
+
+    const CircuitDrawing& drawing_;
+    const SheetPlan& plan_;
+    std::string date_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,120 @@
+#include "paper/circuit_drawing.h"
+
+#include "layout/room_fit.h"
+#include "platform/fault.h"
+#include "render/redraw.h"
+#include "text/number_text.h"
+
+#include <cmath>
+
+namespace pistaro {
+
+namespace {
+
+constexpr Colour White = Rgb(255, 255, 255);
+constexpr Colour Black = Rgb(0, 0, 0);
+constexpr double WidestNumber = 100; ///< pixels; one that begins beside a part may reach into it
+
+/// Colours for white paper.
+ColourScheme PaperColours(const ColourScheme& chosen, bool blackAndWhite) {
+    ColourScheme colours = chosen;
+    if (blackAndWhite) {
+        colours = {White, Black, Black, Black, Black, Black};
+    } else if (TextColourOn(chosen.Background) == White) {
+        colours = {White, Rgb(128, 128, 128), Black, Rgb(255, 0, 0), Rgb(0, 0, 255), Rgb(0, 128, 0)};
+    }
+    colours.Background = White;
+    return colours;
+}
+
+Box ExtentOfStrokes(const PiecePlacement& placement) {
+    Box box;
+    const auto include = [&](const auto& shape) { box.Include(BoxOf(shape)); };
+    for (const Lane& lane : placement.Lanes) {
+        for (const Segment& segment : lane.Path)
+            std::visit(include, segment);
+    }
+    for (const Segment& segment : placement.Outline)
+        std::visit(include, segment);
+    for (const Mark& mark : placement.Marks)
+        std::visit(include, mark.Shape);
+    return box;
+}
+
+void AddTrack(CircuitDrawing& drawing, const Catalogue& catalogue, const Circuit& circuit, int trackIndex,
+              const std::vector<bool>& covered) {
+    const Track& track = circuit.Tracks[static_cast<std::size_t>(trackIndex)];
+    const ColourScheme& colours = drawing.Preferences.Colours;
+    WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement == nullptr) return;
+        const auto at = static_cast<std::size_t>(index);
+        drawing.Pieces.push_back({trackIndex, index, track.ElementCodes[at], *placement,
+                                  covered[at] ? colours.Owned : colours.NonOwned, ExtentOfStrokes(*placement)});
+    });
+}
+
+Box ExtentOf(const CircuitDrawing& drawing) {
+    Box extent;
+    for (const DrawnPiece& piece : drawing.Pieces) {
+        extent.Include(piece.Extent);
+        if (drawing.Parts.Numbers) extent.Include(BoxOf(piece.Placement.Label));
+    }
+    for (const RoomPoint& point : drawing.Room.Points)
+        extent.Include(BoxOf(RoomCorner(drawing.Room, point)));
+    return extent.IsEmpty() ? BoxAround(0, 0, 100, 100) : extent;
+}
+
+/// Whether a program that reads singles could tell two ends of a piece apart there.
+bool CanBeDrawn(const Box& extent) {
+    constexpr double farthest = 1e6; // cm
+    return std::fabs(extent.Left) <= farthest && std::fabs(extent.Right) <= farthest &&
+           std::fabs(extent.Bottom) <= farthest && std::fabs(extent.Top) <= farthest;
+}
+
+} // namespace
+
+CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, const DrawnParts& parts) {
+    const Circuit& circuit = project.Design.Circuit;
+    CircuitDrawing drawing{.Name = ProjectName(project.EditState),
+                           .Pieces = {},
+                           .Room = parts.Room ? project.Design.Room : RoomPolygon(),
+                           .Preferences = project.Preferences,
+                           .Parts = parts,
+                           .Extent = {}};
+    drawing.Preferences.Colours = PaperColours(project.Preferences.Colours, parts.BlackAndWhite);
+    drawing.Preferences.Grid = GridToDraw(project.Preferences);
+    const StockColours covered = AssignStockColours(catalogue, project.Stock, circuit);
+    for (int track = 0; track < TrackCount; ++track) {
+        if (parts.Track == AllTracks || parts.Track == track)
+            AddTrack(drawing, catalogue, circuit, track, covered[static_cast<std::size_t>(track)]);
+    }
+    drawing.Extent = ExtentOf(drawing);
+    if (!CanBeDrawn(drawing.Extent)) throw Overflow("the circuit lies more than 10 km from its origin");
+    return drawing;
+}
+
+void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface) {
+    const ColourScheme& colours = drawing.Preferences.Colours;
+    if (drawing.Parts.Grid) DrawGrid(drawing.Preferences, part.Shown(), part.Width(), surface);
+    for (const DrawnPiece& piece : drawing.Pieces) {
+        if (piece.Extent.Meets(part)) DrawPiece(piece.Placement, piece.Outline, colours.Rail, surface);
+    }
+    DrawRoom(drawing.Room, surface);
+    if (!drawing.Parts.Numbers) return;
+    const Colour ink = TextColourOn(colours.Background);
+    const Box around = part.Wider(WidestNumber / surface.PixelsPerCm());
+    for (const DrawnPiece& piece : drawing.Pieces) {
+        if (!BoxOf(piece.Placement.Label).Meets(around)) continue;
+        surface.DrawPoint(piece.Placement.Label, ink);
+        surface.DrawText(NumberText(piece.Index), ink);
+    }
+}
+
+GridSettings GridToDraw(const Preferences& preferences) {
+    const GridSettings& set = preferences.Grid;
+    const bool draws =
+        (set.Type == static_cast<int>(GridType::Lines) || set.Type == static_cast<int>(GridType::Dots)) && set.Step > 0;
+    return draws ? set : GridSettings{static_cast<std::int16_t>(GridType::Lines), 10};
+}
+
+} // namespace pistaro

@@ -1,0 +1,56 @@
+// A circuit as it is drawn on paper and into files for other programs: its pieces where they lie, in their colours.
+#pragma once
+
+#include "catalogue/catalogue.h"
+#include "layout/placement.h"
+#include "model/project.h"
+#include "paper/box.h"
+#include "render/surface.h"
+
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+/// What of a circuit is drawn.
+struct DrawnParts {
+    int Track = AllTracks; ///< 0..2, or AllTracks
+    bool Numbers = false;
+    bool Grid = false;
+    bool Room = false;
+    bool BlackAndWhite = false;
+
+    bool operator==(const DrawnParts&) const = default;
+};
+
+struct DrawnPiece {
+    int Track = 0; ///< from 0
+    int Index = 0;
+    std::string Code;
+    PiecePlacement Placement;
+    Colour Outline = 0;
+    Box Extent; ///< of its strokes
+};
+
+/// Without unknown codes, which lie nowhere.
+struct CircuitDrawing {
+    std::string Name; ///< of the project
+    std::vector<DrawnPiece> Pieces;
+    RoomPolygon Room; ///< without points when it is not drawn
+    pistaro::Preferences Preferences;
+    DrawnParts Parts;
+    Box Extent; ///< of all strokes and numbers' places; of an empty drawing a square of 100 cm
+};
+
+/// The pieces of the chosen tracks, each in the colour that it takes when its track is being edited and it is not
+/// selected. On paper the background is white: where the user's is dark, colours that show on it are replaced by those
+/// of a first run. Fault: the drawing reaches further than numbers do.
+CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, const DrawnParts& parts);
+
+/// Draws what of the drawing lies within a part of the world, pieces whole, onto a surface that shows that part.
+void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface);
+
+/// The grid as the preferences have it; lines every 10 cm or 10 in where they have none.
+GridSettings GridToDraw(const Preferences& preferences);
+
+} // namespace pistaro

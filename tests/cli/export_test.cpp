@@ -1,0 +1,126 @@
+// The export verb of the built program.
+#include "support/circuit_text.h"
+#include "support/run_program.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+namespace {
+
+class Export : public testing::Test {
+protected:
+    Export() { WriteBytes(program_ / "x.trk", CircuitText("C160 C151L C160")); }
+
+    Finished Run(std::vector<std::string> options) const {
+        options.insert(options.begin(), {"export", "x.trk"});
+        return program_.Run(options);
+    }
+
+    ProgramFolder program_;
+};
+
+TEST_F(Export, WritesTheFormatOfTheEndingAndPrintsThePath) {
+    const std::vector<std::pair<const char*, std::string>> beginnings{
+        {"a.png", "\x89PNG"},
+        {"a.svg", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"},
+        {"a.pdf", "%PDF-1.4"},
+        {"a.dxf", "999\r\n"},
+        {"a.csv", "track,index,code"},
+        {"a.json", "{\"tracks\":[{\"track\":1,"},
+        {"B.SVG", "<?xml"}};
+    for (const auto& [name, beginning] : beginnings) {
+        const Finished finished = Run({"--out", name});
+
+        EXPECT_EQ(finished.ExitStatus, 0) << finished.Errors;
+        EXPECT_EQ(finished.Output, std::string(name) + "\n");
+        EXPECT_EQ(finished.Errors, "");
+        EXPECT_EQ(BytesOf(program_ / name).substr(0, beginning.size()), beginning);
+    }
+}
+
+TEST_F(Export, GivesTheSameBytesEachTime) {
+    for (const std::string ending : {".png", ".svg", ".pdf", ".dxf", ".csv", ".json"}) {
+        Run({"--out", "a" + ending});
+        Run({"--out", "b" + ending});
+
+        EXPECT_EQ(BytesOf(program_ / ("a" + ending)), BytesOf(program_ / ("b" + ending))) << ending;
+    }
+}
+
+TEST_F(Export, GivesTheLayoutVerbsJson) {
+    Run({"--out", "a.json"});
+
+    EXPECT_EQ(BytesOf(program_ / "a.json"), program_.Run({"layout", "x.trk"}).Output);
+}
+
+TEST_F(Export, ReplacesAFileOnlyWhenItIsForced) {
+    WriteBytes(program_ / "a.csv", "old");
+
+    const Finished refused = Run({"--out", "a.csv"});
+    EXPECT_EQ(refused.ExitStatus, 1);
+    EXPECT_EQ(refused.Errors, "pistaro: File exists: a.csv: --force replaces it\n");
+    EXPECT_EQ(BytesOf(program_ / "a.csv"), "old");
+
+    EXPECT_EQ(Run({"--out", "a.csv", "--force"}).ExitStatus, 0);
+    EXPECT_NE(BytesOf(program_ / "a.csv"), "old");
+}
+
+TEST_F(Export, TakesItsOptions) {
+    EXPECT_EQ(Run({"--out", "tiles.pdf", "--scale", "1:1", "--tiles", "--paper", "a3", "--numbers", "--grid", "--room"})
+                  .ExitStatus,
+              0);
+    EXPECT_EQ(Run({"--out", "a.png", "--paper", "Letter", "--dpi", "72"}).ExitStatus, 0);
+    EXPECT_EQ(Run({"--out", "a.dxf", "--scale", "1:1", "--track", "2"}).ExitStatus, 0);
+    EXPECT_EQ(Run({"--out", "a.svg", "--scale", "1:2.5", "--track", "all"}).ExitStatus, 0);
+    EXPECT_EQ(Run({"--out", "a.csv", "--track", "2"}).ExitStatus, 0);
+    EXPECT_EQ(BytesOf(program_ / "a.csv").find("C160"), std::string::npos);
+}
+
+TEST_F(Export, RefusesACommandLineThatMakesNoSense) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> refusals{
+        {{"--out", "a.bmp"}, "--out: a.bmp: the file's ending is none of .png, .svg, .pdf, .dxf, .csv, .json"},
+        {{}, "--out is required"},
+        {{"--out", "a.svg", "--scale", "10"}, "--scale: \"10\" is no scale such as 1:10"},
+        {{"--out", "a.svg", "--scale", "1:0"}, "--scale: \"1:0\" is no scale such as 1:10"},
+        {{"--out", "a.svg", "--scale", "1:1e3"}, "--scale: \"1:1e3\" is no scale such as 1:10"},
+        {{"--out", "a.svg", "--paper", "B5"}, "--paper: \"B5\" is none of A5, A4, A3, A2, A1, A0, Letter, Legal"},
+        {{"--out", "a.png", "--dpi", "0"}, "--dpi: \"0\" is no number from 1 to 4800"},
+        {{"--out", "a.png", "--tiles"}, "--tiles goes with .pdf alone"},
+        {{"--out", "a.pdf", "--dpi", "300"}, "--dpi goes with .png alone"},
+        {{"--out", "a.csv", "--paper", "A4"}, "--paper goes with .png, .svg and .pdf alone"},
+        {{"--out", "a.dxf", "--scale", "1:10"},
+         "--scale goes with .png, .svg and .pdf alone; in other files the circuit has its full size"},
+        {{"--out", "a.json", "--numbers"}, "--numbers, --grid and --room go with drawings alone"},
+    };
+    for (const auto& [options, reason] : refusals) {
+        const Finished finished = Run(options);
+
+        EXPECT_EQ(finished.ExitStatus, 2);
+        EXPECT_EQ(finished.Errors.substr(0, finished.Errors.find('\n')), "pistaro: " + reason);
+        EXPECT_EQ(finished.Output, "");
+    }
+}
+
+TEST_F(Export, TellsWhatCannotBeDrawnOrWrittenInOneLineAndLeavesNothing) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> refusals{
+        {{"--out", "a.pdf", "--scale", "1:0.001", "--tiles"},
+         "Too many tiles: at 1:0.001 the drawing would take more than 10000 sheets"},
+        {{"--out", "a.pdf", "--scale", "1:1", "--paper", "A4"},
+         "Paper too small: at 1:1 the drawing does not fit on A4; on one sheet it takes 1:3.3, else tiles"},
+        {{"--out", "a.png", "--scale", "1:0.1", "--dpi", "600"},
+         "Picture too large: 110631 x 203915 pixels; at most 128 million are drawn, 32000 in a line"},
+        {{"--out", "no/a.svg"}, "Path not found: no/a.svg"},
+    };
+    for (const auto& [options, reason] : refusals) {
+        const Finished finished = Run(options);
+
+        EXPECT_EQ(finished.ExitStatus, 1);
+        EXPECT_EQ(finished.Errors, "pistaro: " + reason + "\n");
+        EXPECT_EQ(finished.Output, "");
+    }
+    EXPECT_FALSE(std::filesystem::exists(program_ / "a.pdf"));
+    EXPECT_FALSE(std::filesystem::exists(program_ / "a.png"));
+}
+
+} // namespace
+} // namespace pistaro

@@ -1,0 +1,153 @@
+// PDF files as another program reads them: lengths on the paper by the pages' own coordinates.
+#include "editor/circuit_files.h"
+#include "imaging/circuit_picture.h"
+#include "imaging/pdf_file.h"
+#include "imaging/pdf_reader.h"
+#include "imaging/timeless_pdf.h"
+#include "support/chain.h"
+#include "support/fault_of.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace pistaro {
+namespace {
+
+std::string Pdf(const Project& project, const SheetOptions& options, const DrawnParts& parts = {}) {
+    const OffscreenGraphics graphics;
+    const CircuitDrawing drawing = DrawingOf(Pieces(), project, parts);
+    return PdfOf(drawing, PlanSheets(drawing, options));
+}
+
+/// What of an upright line lies between two heights.
+double LengthBetween(const PdfLine& line, double bottom, double top) {
+    return std::max(0.0,
+                    std::min(std::max(line.FromY, line.ToY), top) - std::max(std::min(line.FromY, line.ToY), bottom));
+}
+
+TEST(APdfOfTiles, HasAStandardStraightOf35CentimetresAcrossTheJointsOfItsTiles) {
+    // Two tiles of A4, one above the other. Cut at its marks, each keeps what lies 1 cm of margin, .8 of words or rule
+    // and half a cm of overlap from the paper's edges. The page is 842 points high.
+    const auto pages = PagesOf(Pdf(ProjectOf("C160"), {.Scale = 1, .Tiles = true}));
+
+    ASSERT_EQ(pages.size(), 3U) << "an overview and two tiles";
+    constexpr double paperTop = 842 * 2.54 / 72;
+    double length = 0;
+    for (std::size_t page : {1U, 2U}) {
+        for (const PdfLine& line : pages[page].Lines) {
+            if (line.Length() > 20 && std::fabs(line.FromX - line.ToX) < 0.01)
+                length += LengthBetween(line, paperTop - 27.4, paperTop - 2.3);
+        }
+    }
+    EXPECT_NEAR(length / 4, 35, 0.05) << "two edges and two lanes";
+}
+
+TEST(APdfOfTiles, JoinsPiecesAtTheCutsToTheirPlaces) {
+    const auto pages = PagesOf(Pdf(ProjectOf("C160"), {.Scale = 1, .Tiles = true}));
+
+    ASSERT_EQ(pages.size(), 3U);
+    const auto longLines = [&](std::size_t page) {
+        std::vector<PdfLine> lines;
+        std::ranges::copy_if(pages[page].Lines, std::back_inserter(lines),
+                             [](const PdfLine& line) { return line.Length() > 20; });
+        return lines;
+    };
+    const auto upper = longLines(1);
+    const auto lower = longLines(2);
+    ASSERT_EQ(upper.size(), 4U);
+    ASSERT_EQ(lower.size(), 4U);
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_NEAR(upper[i].FromX, lower[i].FromX, 0.001);
+        EXPECT_NEAR(lower[i].FromY - upper[i].FromY, 25.1, 0.001) << "the height that is cut";
+    }
+}
+
+TEST(APdfOfTiles, OfEverySampleHasStandardStraightsOfTheirLength) {
+    int straights = 0;
+    for (const auto& file : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+        if (file.path().extension() != ".trk") continue;
+        Project project = ProjectOf("");
+        LoadCircuit(project, file.path());
+        for (const PdfPage& page : PagesOf(Pdf(project, {.Scale = 1, .Tiles = true}))) {
+            for (const PdfLine& line : page.Lines) {
+                // A chicane's lanes, which go 2.7 cm inwards on 35, are 35.104 long.
+                if (line.Length() < 34.5 || line.Length() > 35.09) continue;
+                EXPECT_NEAR(line.Length(), 35, 0.05) << file.path();
+                ++straights;
+            }
+        }
+    }
+    EXPECT_GT(straights, 500);
+}
+
+TEST(APdfOnOnePage, HasTheScaleThatIsAskedFor) {
+    const auto pages = PagesOf(Pdf(ProjectOf("C160"), {.Scale = 2, .Paper = PaperA4}));
+
+    ASSERT_EQ(pages.size(), 1U);
+    EXPECT_EQ(std::ranges::count_if(pages[0].Lines,
+                                    [](const PdfLine& line) { return std::fabs(line.Length() - 17.5) < 0.01; }),
+              4);
+}
+
+TEST(APdf, HasARuleOfTenCentimetresAtAnyScale) {
+    for (const double scale : {1.0, 7.0}) {
+        const auto pages = PagesOf(Pdf(ProjectOf("C157"), {.Scale = scale, .Paper = PaperA4}));
+
+        ASSERT_EQ(pages.size(), 1U);
+        EXPECT_TRUE(std::ranges::any_of(pages[0].Lines, [](const PdfLine& line) {
+            return std::fabs(line.Length() - 10) < 0.001 && std::fabs(line.FromX - 1) < 0.001;
+        }));
+    }
+}
+
+TEST(APdf, IsTheSameEachTimeAndKnowsNoDate) {
+    const Project project = ProjectOf("C160 C151L");
+    const std::string pdf = Pdf(project, {.Paper = PaperA4}, {.Numbers = true});
+
+    EXPECT_EQ(pdf, Pdf(project, {.Paper = PaperA4}, {.Numbers = true}));
+    EXPECT_EQ(pdf.find("Date"), std::string::npos);
+}
+
+TEST(APdf, FindsItsObjectsWhereItsTableSaysThatTheyAre) {
+    const std::string pdf = Pdf(ProjectOf("C160"), {.Paper = PaperA4});
+
+    const std::size_t table = std::stoull(pdf.substr(pdf.rfind("startxref\n") + 10));
+    ASSERT_EQ(pdf.substr(table, 7), "xref\n0 ");
+    std::istringstream lines(pdf.substr(table + 7));
+    int count = 0;
+    lines >> count;
+    ASSERT_GT(count, 10);
+    for (int object = 0; object < count; ++object) {
+        std::size_t offset = 0;
+        std::string generation, kind;
+        lines >> offset >> generation >> kind;
+        if (object == 0) continue;
+        EXPECT_EQ(kind, "n");
+        const std::string head = std::to_string(object) + " 0 obj";
+        EXPECT_EQ(pdf.substr(offset, head.size()), head);
+    }
+}
+
+TEST(APdf, LosesItsDateWhateverItsLengthIs) {
+    const std::string before = "%PDF\n1 0 obj\n<<\n/CreationDate (D:20261122";
+    const std::string after = ")\n>>\nendobj\n2 0 obj\nendobj\n";
+    const auto file = [&](const std::string& zone, const std::string& second, const std::string& table) {
+        return before + zone + after + "xref\n0 3\n0000000000 65535 f \n0000000005 00000 n \n00000000" + second +
+               " 00000 n \ntrailer\nstartxref\n" + table + "\n%%EOF";
+    };
+
+    EXPECT_EQ(WithoutDate(file("Z", "55", "70")), WithoutDate(file("+01'00'", "61", "76")));
+    EXPECT_EQ(WithoutDate("%PDF\nno date"), "%PDF\nno date");
+}
+
+TEST(APdf, LargerThanReadersTakeIsRefused) {
+    Project project = ProjectOf("C160");
+    project.Design.Room.Points = {{0, 0, 0}, {600, 0, 1}};
+
+    EXPECT_EQ(FaultOf([&] { Pdf(project, {.Scale = 1}, {.Room = true}); }),
+              "Paper too large: a page of a PDF is at most 508 x 508 cm; take tiles or another scale");
+}
+
+} // namespace
+} // namespace pistaro

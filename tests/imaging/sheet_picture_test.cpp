@@ -1,0 +1,47 @@
+#include "imaging/circuit_picture.h"
+#include "imaging/image_file.h"
+#include "imaging/sheet_picture.h"
+#include "support/chain.h"
+#include "support/fault_of.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+namespace {
+
+QImage Png(const Project& project, const SheetOptions& options, double dots) {
+    const OffscreenGraphics graphics;
+    const CircuitDrawing drawing = DrawingOf(Pieces(), project, {});
+    return DecodeImage(SheetPng(drawing, PlanSheets(drawing, options), dots), "test");
+}
+
+TEST(ASheetsPicture, HasThePixelsOfItsPaperAndKnowsItsResolution) {
+    const QImage image = Png(ProjectOf("C160"), {.Paper = PaperA4, .Header = false}, 300);
+
+    EXPECT_EQ(image.size(), QSize(2480, 3508));
+    EXPECT_NEAR(image.dotsPerMeterX(), 11811, 1);
+}
+
+TEST(ASheetsPicture, DrawsThePiecesToScale) {
+    // 254 dots an inch are 100 a cm; a sheet of the drawing's own size has a margin of 1 cm.
+    const QImage image = Png(ProjectOf("C160"), {.Scale = 10, .Header = false}, 254);
+
+    ASSERT_EQ(image.size(), QSize(355, 550));
+    const auto dark = [&](int x, int y) { return qGray(image.pixel(x, y)) < 200; };
+    EXPECT_TRUE(dark(100, 275)) << "the reference edge, 1 cm from the left";
+    EXPECT_TRUE(dark(254, 275)) << "the other edge, 1.55 cm further";
+    EXPECT_TRUE(dark(138, 275)) << "a lane, .38 cm from its edge";
+    EXPECT_FALSE(dark(180, 275));
+    EXPECT_FALSE(dark(50, 275));
+    EXPECT_TRUE(dark(180, 100)) << "the end, 1 cm from the top";
+    EXPECT_TRUE(dark(180, 449));
+    EXPECT_FALSE(dark(180, 500));
+}
+
+TEST(ASheetsPicture, OfTooManyPixelsIsRefused) {
+    EXPECT_EQ(FaultOf([] { Png(ProjectOf("C160"), {.Paper = FindPaper("A0"), .Header = false}, 1200); }),
+              "Picture too large: 39732 x 56173 pixels; at most 128 million are drawn, 32000 in a line");
+}
+
+} // namespace
+} // namespace pistaro
