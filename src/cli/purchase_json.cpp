@@ -68,7 +68,7 @@ Json PurchaseJson(const Catalogue& catalogue, const Project& project, const Boxe
                            {"price", Money(PriceOf(project, row))},
                            {"sum", Money(PriceOf(project, row) * count)}});
     });
-    return {{"currency", project.Preferences.DisplayUnits.Currency},
+    return {{"currency", project.Preferences.Units.Currency},
             {"sets", std::move(boxes)},
             {"singles", std::move(singles)},
             {"notSold", CountsJson(catalogue, purchase.NotSold)},
@@ -88,7 +88,7 @@ std::string PurchaseTable(const Catalogue& catalogue, const Project& project, co
         const std::string name = CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
         table += PricedLine(count, name, PriceOf(project, row));
     });
-    const std::string& currency = project.Preferences.DisplayUnits.Currency;
+    const std::string& currency = project.Preferences.Units.Currency;
     table += "Total " + MoneyText(purchase.Total) + " " + currency +
              (purchase.IsProven() ? ", the cheapest there is.\n"
                                   : ", at most " + MoneyText(purchase.Total - purchase.Bound) + " " + currency +

@@ -61,15 +61,12 @@ frmCorvel::frmCorvel(Session& session)
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     AddMainMenus(*this, controls_, session_, [this] { close(); });
     session_.Windows = &dialogs_;
-    session_.Observe([this](const Changes& changes) { Refresh(changes); });
+    observation_ = session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});
     resize(QSize(1200, 820).boundedTo(screen()->availableSize() - QSize(0, TitleBarHeight)));
 }
 
-frmCorvel::~frmCorvel() {
-    session_.CancelJob(); // its end would be looked for here
-    session_.Windows = nullptr;
-}
+frmCorvel::~frmCorvel() { session_.Windows = nullptr; }
 
 void frmCorvel::Refresh(const Changes& changes) {
     circuit_->View().Invalidate(changes);

@@ -41,6 +41,7 @@ private:
     JobBar* const jobBar_;
     QLabel* const status_;
     bool closing_ = false;
+    Observation observation_;
 };
 
 } // namespace pistaro
