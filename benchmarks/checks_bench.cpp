@@ -12,8 +12,7 @@ namespace {
 void CheckFullCircuit(benchmark::State& state) {
     const Project project = FullCircuit();
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.DisplayUnits));
+        benchmark::DoNotOptimize(CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.Units));
 }
 
 /// A design of so many pieces that could be built: on each track rows of straights joined by half turns, which lie
@@ -38,8 +37,7 @@ Project Meander(int pieces) {
 void CheckPieces(benchmark::State& state) {
     const Project project = Meander(static_cast<int>(state.range(0)));
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.DisplayUnits));
+        benchmark::DoNotOptimize(CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.Units));
     state.counters["microseconds a piece"] =
         benchmark::Counter(static_cast<double>(state.range(0)) / 1e6,
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);

@@ -22,7 +22,7 @@ void ShowStatistics(benchmark::State& state) {
     const Project project = FullCircuit();
     for (auto _ : state) {
         benchmark::DoNotOptimize(
-            StatisticsFrames(Pieces(), project.Stock, project.Design.Circuit, project.Preferences.DisplayUnits));
+            StatisticsFrames(Pieces(), project.Stock, project.Design.Circuit, project.Preferences.Units));
         benchmark::DoNotOptimize(ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, false));
         benchmark::DoNotOptimize(DesignChecks(Pieces(), project.Stock, project.Design.Circuit));
     }
@@ -32,7 +32,7 @@ void FormatList(benchmark::State& state) {
     const Project project = FullCircuit();
     for (auto _ : state)
         benchmark::DoNotOptimize(
-            ShoppingListBytes(Pieces(), project.Stock, project.Preferences.DisplayUnits,
+            ShoppingListBytes(Pieces(), project.Stock, project.Preferences.Units,
                               ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, false)));
 }
 

@@ -33,7 +33,7 @@ Settings AnySettings(FuzzedDataProvider& values) {
     settings.MidY = place();
     settings.Zoom = values.ConsumeFloatingPointInRange<double>(-1E38, 1E38);
     settings.Preferences.MWid = place();
-    settings.Preferences.DisplayUnits = {values.ConsumeBool(), LineOf(values)};
+    settings.Preferences.Units = {values.ConsumeBool(), LineOf(values)};
     settings.Preferences.Grid = {integer(), integer()};
     for (int points = values.ConsumeIntegralInRange(0, MaxRoomPoints); points > 0; --points)
         settings.Room.Points.push_back(

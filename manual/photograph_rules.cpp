@@ -107,7 +107,7 @@ void PhotographRule(const Catalogue& catalogue, const std::string& rule, const Q
     Furnish(catalogue, rule, project);
     ShowAll(catalogue, project.Design);
     const std::vector<Finding> findings =
-        CheckDesign(catalogue, project.Design, project.Stock, project.Preferences.DisplayUnits);
+        CheckDesign(catalogue, project.Design, project.Stock, project.Preferences.Units);
     const auto found = std::ranges::find(findings, rule, &Finding::Rule);
     if (found == findings.end()) throw std::runtime_error("the scene of " + rule + " does not break it");
     CircuitView view(session);

@@ -39,6 +39,7 @@ Catalogue::Catalogue(std::vector<CatalogueEntry> rows) : rows_(std::move(rows)) 
             throw std::logic_error(entry.Code + " has the shape or the product of a row that is not there");
         rowOf_.emplace(entry.Code, row);
         if (!IsHeadRow(row)) continue;
+        headRows_.push_back(row);
         const int found = FindHeadRow(ProductCode(entry.Code));
         if (ProductCode((*this)[found].Code) != ProductCode(entry.Code))
             throw std::logic_error(entry.Code + " would be taken for " + (*this)[found].Code +
@@ -61,10 +62,8 @@ const CatalogueEntry* Catalogue::Find(std::string_view code) const {
 }
 
 int Catalogue::FindHeadRow(std::string_view product) const {
-    for (int row = 0; row < Count(); ++row) {
-        if (IsHeadRow(row) && BeginsWith((*this)[row].Code, product)) return row;
-    }
-    return -1;
+    const auto found = std::ranges::find_if(headRows_, [&](int row) { return BeginsWith((*this)[row].Code, product); });
+    return found == headRows_.end() ? -1 : *found;
 }
 
 char Hand(std::string_view code) {

@@ -75,6 +75,9 @@ public:
     /// Whether `row` is a product's head row: the one that carries its owned count and its price.
     bool IsHeadRow(int row) const { return (*this)[row].StockIndex == row; }
 
+    /// All head rows, in the catalogue's order.
+    const std::vector<int>& HeadRows() const { return headRows_; }
+
     /// The head rows that a product is looked for in: of a product with a head row for each hand, the first.
     const std::vector<int>& ProductRows() const { return productRows_; }
 
@@ -95,7 +98,7 @@ private:
 
     std::vector<CatalogueEntry> rows_;
     std::unordered_map<std::string, int, HashCode, std::equal_to<>> rowOf_;
-    std::vector<int> productRows_, variantRows_;
+    std::vector<int> headRows_, productRows_, variantRows_;
 };
 
 /// The rows of the pieces that are sold.

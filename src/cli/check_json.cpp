@@ -22,7 +22,7 @@ std::string CountOf(const std::vector<Finding>& findings, Severity severity, con
 } // namespace
 
 std::vector<Finding> FindingsOf(const Catalogue& catalogue, const Project& project) {
-    return CheckDesign(catalogue, project.Design, project.Stock, project.Preferences.DisplayUnits);
+    return CheckDesign(catalogue, project.Design, project.Stock, project.Preferences.Units);
 }
 
 Json FindingsJson(const std::vector<Finding>& findings) {

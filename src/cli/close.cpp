@@ -33,10 +33,10 @@ Json SuggestionJson(const Suggestion& suggestion, const Track& track) {
 void CloseVerb(const VerbContext& context, const std::filesystem::path& circuit, int track,
                const ClosingOptions& options) {
     const Project project = StartWithCircuit(context, circuit);
-    const ClosingTables tables(context.Pieces);
+    const ClosingTables tables(context.Catalogue);
     const Interruptions interruptions;
     const Closings closings = InForeground(interruptions, context.Errors, "close", [&](const JobWatch& watch) {
-        return CloseTrack(tables, context.Pieces, project.Design, project.Stock, track, options, watch);
+        return CloseTrack(tables, context.Catalogue, project.Design, project.Stock, track, options, watch);
     });
     for (const Suggestion& suggestion : closings.Suggestions)
         context.Output << Line(SuggestionJson(suggestion,

@@ -2,21 +2,14 @@
 #pragma once
 
 #include "catalogue/catalogue.h"
+#include "editor/start_up.h"
 
-#include <filesystem>
 #include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
 namespace pistaro {
-
-/// What the designer's window is to be opened with.
-struct DesignerOptions {
-    std::optional<std::filesystem::path> Circuit;
-    std::optional<std::filesystem::path> SettingsFile; ///< in place of the usual settings file
-    bool NoSplash = false;
-};
 
 /// What became of the command line: either a verb's exit status, or the options of the window that is to be opened.
 struct CommandLineResult {

@@ -91,7 +91,7 @@ void ExportVerb(const VerbContext& context, const std::filesystem::path& circuit
     const Project project = StartWithCircuit(context, circuit);
     if (!arguments.Force && IsThere(file)) throw Fault("File exists", arguments.Out + ": --force replaces it");
     const OffscreenGraphics graphics;
-    ReplaceFile(file, ExportBytes(context.Pieces, project, *ExportFormatOf(file), OptionsOf(arguments)));
+    ReplaceFile(file, ExportBytes(context.Catalogue, project, *ExportFormatOf(file), OptionsOf(arguments)));
     context.Output << TextFromPath(file) << '\n';
 }
 

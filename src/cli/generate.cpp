@@ -41,8 +41,8 @@ Design RoomDesign(const GenerateOptions& options) {
 }
 
 Box BoxFor(const VerbContext& context, const Project& project, const GenerateOptions& options) {
-    if (!options.IsOwned) return BoxOf(context.Pieces, options.Pieces);
-    const Box owned = OwnedBox(context.Pieces, project.Stock);
+    if (!options.IsOwned) return BoxOf(context.Catalogue, options.Pieces);
+    const Box owned = OwnedBox(context.Catalogue, project.Stock);
     if (owned.Total() == 0) throw Fault("No pieces", "the settings hold no owned track");
     return owned;
 }
@@ -145,7 +145,7 @@ void GenerateVerb(const VerbContext& context, const GenerateOptions& options) {
     RefuseWhatHoldsSomething(options.Out);
     const Interruptions interruptions;
     const Laying laying = InForeground(interruptions, context.Errors, "generate", [&](const JobWatch& watch) {
-        return LayCircuits(context.Pieces, task, watch, TimeUpAfter(options.Seconds));
+        return LayCircuits(context.Catalogue, task, watch, TimeUpAfter(options.Seconds));
     });
     if (laying.Circuits.empty())
         throw Fault("No circuit", laying.AreAll ? "these pieces make none in this room"

@@ -33,7 +33,7 @@ Json PurchaseJson(const Catalogue& catalogue, const Project& project, const Boxe
                            {"price", Money(PriceOf(project, row))},
                            {"sum", Money(PriceOf(project, row) * count)}});
     });
-    return {{"currency", project.Preferences.DisplayUnits.Currency},
+    return {{"currency", project.Preferences.Units.Currency},
             {"sets", std::move(boxes)},
             {"singles", std::move(singles)},
             {"notSold", CountsJson(catalogue, purchase.NotSold)},

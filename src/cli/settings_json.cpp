@@ -6,10 +6,8 @@ namespace {
 
 Json StockJson(const Catalogue& catalogue, const Stock& stock) {
     Json json = Json::object();
-    for (int row = 0; row < catalogue.Count(); ++row) {
-        if (!catalogue.IsHeadRow(row)) continue;
+    for (const int row : catalogue.HeadRows())
         json[catalogue[row].Code] = {{"owned", stock[row].OwnedCount}, {"price", Number(stock[row].Price)}};
-    }
     return json;
 }
 
@@ -53,8 +51,8 @@ Json SettingsJson(const Catalogue& catalogue, const Project& project, const std:
               {"midY", Number(view.MidY)},
               {"zoom", Number(view.Width)},
               {"mWid", Number(view.MWid)}}},
-            {"units", preferences.DisplayUnits.Name()},
-            {"currency", preferences.DisplayUnits.Currency},
+            {"units", preferences.Units.Name()},
+            {"currency", preferences.Units.Currency},
             {"grid", {{"type", preferences.Grid.Type}, {"step", preferences.Grid.Step}}},
             {"room", RoomJson(project.Design.Room)},
             {"stock", StockJson(catalogue, project.Stock)},

@@ -11,9 +11,9 @@ VerbStart StartVerb(const VerbContext& context) {
     std::error_code reportedByTheRead;
     const bool firstRun =
         !context.SettingsFile && !std::filesystem::exists(path, reportedByTheRead) && !reportedByTheRead;
-    const Settings settings = firstRun
-                                  ? ParseSettings(context.Pieces, InitialSettingsBytes(context.Pieces), SettingsName)
-                                  : ReadSettings(context.Pieces, path);
+    const Settings settings =
+        firstRun ? ParseSettings(context.Catalogue, InitialSettingsBytes(context.Catalogue), SettingsName)
+                 : ReadSettings(context.Catalogue, path);
     return {StartUp(settings), path, settings.Messages};
 }
 

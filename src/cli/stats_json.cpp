@@ -60,7 +60,7 @@ std::string Row(const std::string& caption, const std::vector<std::string>& valu
 }
 
 std::array<StatisticsFrame, TrackCount + 1> FramesOf(const Catalogue& catalogue, const Project& project) {
-    return StatisticsFrames(catalogue, project.Stock, project.Design.Circuit, project.Preferences.DisplayUnits);
+    return StatisticsFrames(catalogue, project.Stock, project.Design.Circuit, project.Preferences.Units);
 }
 
 std::vector<Message> ChecksOf(const Catalogue& catalogue, const Project& project) {
@@ -74,7 +74,7 @@ std::string FramesTable(const Catalogue& catalogue, const Project& project) {
         std::transform(frames.begin(), frames.end(), values.begin(), std::mem_fn(text));
         return Row(caption, values);
     };
-    const Units& units = project.Preferences.DisplayUnits;
+    const Units& units = project.Preferences.Units;
     const std::string unit = std::string(", ") + units.Name();
     return row("", &StatisticsFrame::Name) + row(LeftLengthCaption + unit, &StatisticsFrame::Left) +
            row(RightLengthCaption + unit, &StatisticsFrame::Right) +
@@ -93,7 +93,7 @@ std::string BuiltTable(const Catalogue& catalogue, const Project& project) {
     std::string table;
     const auto frames = BuiltFrames(catalogue, project.Design.Circuit);
     for (int track = 0; track < TrackCount; ++track) {
-        const std::string text = LanesText(frames[static_cast<std::size_t>(track)], project.Preferences.DisplayUnits);
+        const std::string text = LanesText(frames[static_cast<std::size_t>(track)], project.Preferences.Units);
         if (!text.empty()) table += FrameName(track) + " as built: " + text + '\n';
     }
     return table;
@@ -109,7 +109,7 @@ Json StatsJson(const Catalogue& catalogue, const Project& project, const Detail&
         frames.push_back(FrameJson(frame, built[track], track < TrackCount));
         ++track;
     }
-    const Units& units = project.Preferences.DisplayUnits;
+    const Units& units = project.Preferences.Units;
     return {{"units", units.Name()},
             {"currency", units.Currency},
             {"frames", std::move(frames)},
@@ -122,7 +122,7 @@ std::string StatsTable(const Catalogue& catalogue, const Project& project, const
     for (const Message& message : ChecksOf(catalogue, project))
         messages += message.Text + '\n';
     const std::string built = BuiltTable(catalogue, project);
-    return FramesTable(catalogue, project) + '\n' + DetailTable(detail, project.Preferences.DisplayUnits.Currency) +
+    return FramesTable(catalogue, project) + '\n' + DetailTable(detail, project.Preferences.Units.Currency) +
            (messages.empty() ? "" : '\n' + messages) + (built.empty() ? "" : '\n' + built);
 }
 

@@ -44,14 +44,14 @@ BoxedSets SetsBesideSettings(const VerbContext& context) {
     const std::filesystem::path file = context.SettingsFile.value_or(SettingsPath()).parent_path() / SetsName;
     std::error_code toldByTheRead;
     if (!std::filesystem::exists(file, toldByTheRead) && !toldByTheRead) return {};
-    return ReadSets(context.Pieces, file);
+    return ReadSets(context.Catalogue, file);
 }
 
 } // namespace
 
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit) {
     const Project project = StartWithCircuit(context, circuit);
-    context.Output << Line(LayoutJson(context.Pieces, project.Design.Circuit)) << '\n';
+    context.Output << Line(LayoutJson(context.Catalogue, project.Design.Circuit)) << '\n';
 }
 
 void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
@@ -59,15 +59,15 @@ void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit,
     const Project project = StartWithCircuit(context, circuit);
     context.Output << NamingFile(circuit, [&] {
         const Detail detail =
-            ShowDetail(context.Pieces, project.Stock, project.Design.Circuit, options.Track, options.IncludeOwned);
-        return json ? Line(StatsJson(context.Pieces, project, detail)) + '\n'
-                    : StatsTable(context.Pieces, project, detail);
+            ShowDetail(context.Catalogue, project.Stock, project.Design.Circuit, options.Track, options.IncludeOwned);
+        return json ? Line(StatsJson(context.Catalogue, project, detail)) + '\n'
+                    : StatsTable(context.Catalogue, project, detail);
     });
 }
 
 void CheckVerb(const VerbContext& context, const std::filesystem::path& circuit, bool json) {
     const Project project = StartWithCircuit(context, circuit);
-    const std::vector<Finding> findings = NamingFile(circuit, [&] { return FindingsOf(context.Pieces, project); });
+    const std::vector<Finding> findings = NamingFile(circuit, [&] { return FindingsOf(context.Catalogue, project); });
     context.Output << (json ? Line(FindingsJson(findings)) + '\n' : FindingsTable(findings));
     if (HasErrors(findings)) throw BadResult();
 }
@@ -82,38 +82,39 @@ void BalanceVerb(const VerbContext& context, const std::filesystem::path& circui
     for (int each = 0; each < TrackCount; ++each) {
         const bool isChosen = track == AllTracks || track == each;
         if (!isChosen || project.Design.Circuit.Tracks[static_cast<std::size_t>(each)].ElementCodes.empty()) continue;
-        const Balance balance = BalanceLanes(context.Pieces, project.Design, each);
+        const Balance balance = BalanceLanes(context.Catalogue, project.Design, each);
         if (json)
             tracks.push_back(BalanceJson(each, balance));
         else
-            context.Output << BalanceTable(each, balance, project.Preferences.DisplayUnits);
+            context.Output << BalanceTable(each, balance, project.Preferences.Units);
     }
     if (json) context.Output << Line({{"tracks", std::move(tracks)}}) << '\n';
 }
 
 void BuyVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& sets, bool json) {
     const Project project = StartWithCircuit(context, circuit);
-    const BoxedSets boxes = sets ? ReadSets(context.Pieces, *sets) : SetsBesideSettings(context);
-    const std::vector<int> missing = MissingPieces(context.Pieces, project.Stock, project.Design.Circuit);
+    const BoxedSets boxes = sets ? ReadSets(context.Catalogue, *sets) : SetsBesideSettings(context);
+    const std::vector<int> missing = MissingPieces(context.Catalogue, project.Stock, project.Design.Circuit);
     const Interruptions interruptions;
     const Purchase purchase =
         CheapestPurchase(missing, project.Stock, boxes, {.Progress = {}, .Stop = interruptions.Stop()});
-    context.Output << (json ? Line(PurchaseJson(context.Pieces, project, boxes, purchase)) + '\n'
-                            : PurchaseText(context.Pieces, project, boxes, purchase));
+    context.Output << (json ? Line(PurchaseJson(context.Catalogue, project, boxes, purchase)) + '\n'
+                            : PurchaseText(context.Catalogue, project, boxes, purchase));
 }
 
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
               const OptionalPath& folder, bool csv) {
     const Project project = StartWithCircuit(context, circuit);
     const Detail detail = NamingFile(circuit, [&] {
-        return ShowDetail(context.Pieces, project.Stock, project.Design.Circuit, options.Track, options.IncludeOwned);
+        return ShowDetail(context.Catalogue, project.Stock, project.Design.Circuit, options.Track,
+                          options.IncludeOwned);
     });
     const std::filesystem::path list = folder.value_or(circuit.parent_path()) / ShoppingListName;
-    ReplaceFile(list, ShoppingListBytes(context.Pieces, project.Stock, project.Preferences.DisplayUnits, detail));
+    ReplaceFile(list, ShoppingListBytes(context.Catalogue, project.Stock, project.Preferences.Units, detail));
     context.Output << TextFromPath(list) << '\n';
     if (!csv) return;
     const std::filesystem::path table = folder.value_or(circuit.parent_path()) / ShoppingTableName;
-    ReplaceFile(table, ShoppingTableBytes(project.Stock, project.Preferences.DisplayUnits, detail));
+    ReplaceFile(table, ShoppingTableBytes(project.Stock, project.Preferences.Units, detail));
     context.Output << TextFromPath(table) << '\n';
 }
 
@@ -124,10 +125,10 @@ void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit,
     GuidePageFile(project.Preferences);
     const OffscreenGraphics graphics;
     const Interruptions interruptions; // one that comes while the files are written comes too late
-    const GuidePictures pictures = GuidePicturesOf(context.Pieces, DefaultPicturePixels, std::nullopt);
+    const GuidePictures pictures = GuidePicturesOf(context.Catalogue, DefaultPicturePixels, std::nullopt);
     const std::vector<GuideFile> files =
         InForeground(interruptions, context.Errors, "guide",
-                     [&](const JobWatch& watch) { return DrawGuide(context.Pieces, project, pictures, watch); });
+                     [&](const JobWatch& watch) { return DrawGuide(context.Catalogue, project, pictures, watch); });
     for (const std::filesystem::path& file : WriteGuide(project.Preferences, files))
         context.Output << TextFromPath(into / file.filename()) << '\n';
 }
@@ -139,7 +140,7 @@ void PictureVerb(const VerbContext& context, const std::filesystem::path& circui
     if (options.Background) background = Picture::Read(*options.Background);
     const OffscreenGraphics graphics;
     const PictureFormat format = PictureFormatOf(options.Out);
-    ReplaceFile(options.Out, CircuitPicture(context.Pieces, project, options.Pixels, background, format));
+    ReplaceFile(options.Out, CircuitPicture(context.Catalogue, project, options.Pixels, background, format));
     context.Output << TextFromPath(options.Out) << '\n';
 }
 
@@ -149,19 +150,20 @@ void ScriptVerb(const VerbContext& context, const std::string& script, const Opt
     const bool typed = script == "-";
     std::istringstream lines(typed ? std::string() : ReadFile(PathFromText(script), MostFileBytes));
     ScriptPrompts prompts;
-    Session session(context.Pieces, prompts, std::move(start.Project), context.SettingsFile.value_or(""));
+    Session session(context.Catalogue, prompts, std::move(start.Project), context.SettingsFile.value_or(""));
     if (circuit) LoadFileCommand(session, *circuit);
     RunScript(session, prompts, typed ? context.Input : lines, script, context.Output, start);
 }
 
 void CatalogueVerb(const VerbContext& context, bool json) {
     PrintMessages(StartVerb(context).Messages, context.Errors);
-    context.Output << (json ? Line(CatalogueJson(context.Pieces)) + '\n' : CatalogueTable(context.Pieces));
+    context.Output << (json ? Line(CatalogueJson(context.Catalogue)) + '\n' : CatalogueTable(context.Catalogue));
 }
 
 void SettingsVerb(const VerbContext& context, bool json) {
     const VerbStart start = StartVerb(context);
-    const Json settings = SettingsJson(context.Pieces, start.Project, TextFromPath(start.SettingsPath), start.Messages);
+    const Json settings =
+        SettingsJson(context.Catalogue, start.Project, TextFromPath(start.SettingsPath), start.Messages);
     context.Output << (json ? Line(settings) + '\n' : SettingsTable(settings));
 }
 

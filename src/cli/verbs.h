@@ -23,7 +23,7 @@ using OptionalPath = std::optional<std::filesystem::path>;
 
 /// A verb's surroundings.
 struct VerbContext {
-    const Catalogue& Pieces;
+    const pistaro::Catalogue& Catalogue;
     OptionalPath SettingsFile; ///< named by --settings: in place of the usual file, and may be written
     std::istream& Input;
     std::ostream& Output;

@@ -49,6 +49,15 @@ bool LetsGo(Session& session, const char* question, Buttons buttons, Answer yes)
     return true;
 }
 
+/// Lets the job go that runs, if one does and the user agrees; Stopped when they do not.
+void LeaveJob(Session& session) {
+    const Job* const job = session.CurrentJob();
+    if (job == nullptr) return;
+    const std::string question = job->IsUnderWay + " It will be lost if you proceed.";
+    if (session.Prompts.Ask(question, Buttons::OkCancel) == Answer::Cancel) throw Stopped();
+    session.CancelJob();
+}
+
 } // namespace
 
 void CheckNotSettings(const std::filesystem::path& file, const std::filesystem::path& settings) {
@@ -83,11 +92,11 @@ void LoadCommand(Session& session) {
 }
 
 void SaveCommand(Session& session) {
-    const std::string name = ProjectName(session.Project.EditState);
+    const EditState& edit = session.Project.EditState;
     const auto file = session.Prompts.ChooseFile({.Saving = true,
                                                   .Title = "Save Circuit",
                                                   .Filter = TrackFilter,
-                                                  .DefaultName = name == NewProjectName ? "" : name,
+                                                  .DefaultName = edit.File.empty() ? edit.Name : ProjectName(edit),
                                                   .Folder = session.Project.Preferences.WorkingDirectory});
     if (!file) {
         session.Project.EditState.DataChanged = false;
@@ -130,6 +139,7 @@ void NewCommand(Session& session) {
 }
 
 void QuitCommand(Session& session) {
+    LeaveJob(session);
     session.TellLeaving();
     if (WouldLoseAnything(session) && !LetsGo(session, "Discard unsaved data?", Buttons::YesNo, Answer::Yes))
         SaveCommand(session);

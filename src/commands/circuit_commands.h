@@ -37,7 +37,8 @@ void OfferChangedFile(Session& session);
 /// New with its question.
 void NewCommand(Session& session);
 
-/// What Quit asks and saves before the program ends, which it does in every case.
+/// What Quit asks and saves before the program ends, which it does in every case but one: Stopped when a job runs and
+/// the user does not want to lose it.
 void QuitCommand(Session& session);
 
 } // namespace pistaro

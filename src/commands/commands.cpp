@@ -52,7 +52,10 @@ std::string KeepsWork(const Session& session) {
                                                                      : "";
 }
 
-std::string NoJobRuns(const Session& session) { return session.HasJob() ? "The guide is being drawn." : ""; }
+std::string NoJobRuns(const Session& session) {
+    const Job* const job = session.CurrentJob();
+    return job == nullptr ? "" : job->IsUnderWay;
+}
 
 std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
 

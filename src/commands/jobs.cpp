@@ -11,7 +11,7 @@ namespace {
 /// The job's end; where it faults, one that throws the fault.
 JobEnd EndOf(const Job& job, const JobWatch& watch) {
     try {
-        return job(watch);
+        return job.Work(watch);
     } catch (...) {
         return [fault = std::current_exception()] { std::rethrow_exception(fault); };
     }
@@ -26,6 +26,7 @@ void Jobs::Start(const Job& job, std::function<void(JobEnd)> finish, std::functi
         return;
     }
     running_ = std::make_shared<Running>();
+    running_->Job = job;
     running_->Finish = std::move(finish);
     running_->Progress = std::move(progress);
     const std::weak_ptr<Running> waiting = running_;

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <thread>
 
 namespace pistaro {
@@ -12,8 +13,16 @@ namespace pistaro {
 /// What is left to do with a job's result, where its user lives: it may throw what ended the job.
 using JobEnd = std::function<void()>;
 
-/// A job: works on copies, and gives what is to be done with its result.
-using Job = std::function<JobEnd(const JobWatch&)>;
+/// Works on copies, and gives what is to be done with its result.
+using JobWork = std::function<JobEnd(const JobWatch&)>;
+
+/// A piece of long work, with the words for it.
+struct Job {
+    std::string Name;       ///< before how far it is: "Drawing the guide"
+    std::string IsUnderWay; ///< why no other one can begin: "The guide is being drawn."
+
+    JobWork Work;
+};
 
 class Jobs {
 public:
@@ -25,8 +34,10 @@ public:
     Jobs(const Jobs&) = delete;
     Jobs& operator=(const Jobs&) = delete;
 
-    /// From now on jobs run beside their owner; without this, Start returns when they have ended.
+    /// From now on jobs run beside their owner; without this, and with an empty one, Start returns when they have
+    /// ended.
     void RunBeside(Post post) { post_ = std::move(post); }
+    bool RunsBeside() const { return post_ != nullptr; }
 
     /// Runs `job`, hands its end to `finish` on the owner's thread, and tells `progress` there how far it is. One that
     /// runs already is cancelled first.
@@ -34,11 +45,15 @@ public:
 
     bool IsRunning() const { return running_ != nullptr; }
 
+    /// The job that runs beside its owner, or null.
+    const Job* Current() const { return running_ ? &running_->Job : nullptr; }
+
     /// Stops the job that runs, if one does, and waits until it has stopped. Its end is not run.
     void Cancel();
 
 private:
     struct Running {
+        pistaro::Job Job;
         std::jthread Thread;
         std::function<void(JobEnd)> Finish;
         std::function<void(int, int)> Progress;

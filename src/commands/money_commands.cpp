@@ -10,7 +10,7 @@ namespace pistaro {
 void BalanceCommand(Session& session) {
     const int track = session.Project.EditState.CurrentTrack;
     const Balance balance = BalanceLanes(session.Catalogue, session.Project.Design, track);
-    const std::string text = BalanceText(balance, session.Project.Preferences.DisplayUnits);
+    const std::string text = BalanceText(balance, session.Project.Preferences.Units);
     if (balance.Steps.empty()) return session.Prompts.Tell({Icon::Information, text});
     if (session.Prompts.Ask(text, Buttons::OkCancel) != Answer::Ok) return;
     Track& changed = session.Project.Design.Circuit.Tracks[static_cast<std::size_t>(track)];

@@ -65,7 +65,7 @@ void GuideCommand(Session& session) {
     GuidePageFile(session.Project.Preferences); // a folder that is not there is told before forty pictures are drawn
     const Catalogue& catalogue = session.Catalogue;
     const GuidePictures pictures = GuidePicturesOf(catalogue, session.PicturePixels, session.Background);
-    session.StartJob([&session, &catalogue, project = session.Project, pictures](const JobWatch& watch) -> JobEnd {
+    const auto draw = [&session, &catalogue, project = session.Project, pictures](const JobWatch& watch) -> JobEnd {
         try {
             return
                 [&session, preferences = project.Preferences, files = DrawGuide(catalogue, project, pictures, watch)] {
@@ -74,7 +74,8 @@ void GuideCommand(Session& session) {
         } catch (const PictureProblem& problem) {
             return [&session, ofPiece = problem.OfPiece] { TellProblem(session, ofPiece); };
         }
-    });
+    };
+    session.StartJob({"Drawing the guide", "The guide is being drawn.", draw});
 }
 
 } // namespace pistaro

@@ -90,8 +90,8 @@ Recovery::Recovery(Session& session, std::filesystem::path folder, Jobs::Post po
       writer_(delay) {
     if (!IsOn()) return;
     session_.Recovery = this;
-    session_.Observe([this](const Changes& changes) { Heed(changes); });
-    session_.ObserveLeaving([this] { Secure(); });
+    observation_ = session_.Observe([this](const Changes& changes) { Heed(changes); });
+    leaving_ = session_.ObserveLeaving([this] { Secure(); });
 }
 
 Recovery::~Recovery() {

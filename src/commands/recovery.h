@@ -14,7 +14,7 @@ public:
     /// How long a change may wait until it is written: well below the five seconds that users are promised.
     static constexpr std::chrono::milliseconds Delay{2000};
 
-    /// Watches the session, which outlives it and does nothing after it, from now on. The files go into `folder`, which
+    /// Watches the session, which outlives it, from now on. The files go into `folder`, which
     /// is made with the first of them; one that is empty keeps nothing. `post` calls a function later on the session's
     /// thread.
     Recovery(Session& session, std::filesystem::path folder, Jobs::Post post, std::chrono::milliseconds delay = Delay);
@@ -66,6 +66,8 @@ private:
     bool adopted_ = false;
     int number_ = 0; ///< of works so far
     LateWriter writer_;
+    Observation observation_;
+    LeavingObservation leaving_;
 };
 
 } // namespace pistaro

@@ -17,6 +17,22 @@ Changes Difference(const Project& before, const Project& after) {
             .Preferences = before.Preferences != after.Preferences};
 }
 
+/// Keeps an observer as long as somebody holds what this gives.
+template <typename Observer>
+std::shared_ptr<const Observer> Keep(std::vector<std::weak_ptr<const Observer>>& observers, Observer observer) {
+    auto observation = std::make_shared<const Observer>(std::move(observer));
+    observers.push_back(observation);
+    return observation;
+}
+
+template <typename Observer, typename... News>
+void TellAll(std::vector<std::weak_ptr<const Observer>>& observers, const News&... news) {
+    std::erase_if(observers, [](const auto& observer) { return observer.expired(); });
+    for (const auto& observer : std::vector(observers)) { // one may come or go while another is told
+        if (const auto held = observer.lock()) (*held)(news...);
+    }
+}
+
 } // namespace
 
 Session::Session(const pistaro::Catalogue& catalogue, pistaro::Prompts& prompts, pistaro::Project project,
@@ -62,6 +78,7 @@ void Session::Work(const std::function<void()>& work) {
     step_ = {.Time = Now()};
     noted_ = {};
     moved_ = newInFile_ = false;
+    hadJob_ = HasJob();
     ++depth_;
     try {
         work();
@@ -82,9 +99,17 @@ void Session::Finish(const pistaro::Project& before, const std::optional<Picture
     changes.Saved = noted_.Saved;
     changes.Discarded = noted_.Discarded;
     changes.OtherCircuit = noted_.OtherCircuit;
-    for (const auto& observer : observers_)
-        observer(changes);
+    changes.Job = HasJob() != hadJob_;
+    Notify(changes);
 }
+
+Observation Session::Observe(Observer observer) { return Keep(observers_, std::move(observer)); }
+
+LeavingObservation Session::ObserveLeaving(std::function<void()> observer) {
+    return Keep(leavers_, std::move(observer));
+}
+
+void Session::Notify(const Changes& changes) { TellAll(observers_, changes); }
 
 void Session::NameStep(const Command& command) {
     if (depth_ != 1) return; // it is part of another's step
@@ -116,10 +141,7 @@ void Session::NoteSaved(std::string bytes) {
     noted_.Saved = true;
 }
 
-void Session::TellLeaving() {
-    for (const auto& leaver : leavers_)
-        leaver();
-}
+void Session::TellLeaving() { TellAll(leavers_); }
 
 void Session::GoTo(std::size_t state) {
     Work([&] {
@@ -133,8 +155,11 @@ void Session::GoTo(std::size_t state) {
 }
 
 void Session::StartJob(const Job& job) {
-    jobs_.Start(
-        job, [this](const JobEnd& end) { Do(end); }, progress_);
+    const auto finish = [this](const JobEnd& end) {
+        if (jobs_.RunsBeside()) Notify({.Job = true}); // the end may ask, and the job is over
+        Do(end);
+    };
+    jobs_.Start(job, finish, progress_);
 }
 
 void Session::CancelJob() { jobs_.Cancel(); }

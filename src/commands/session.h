@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -28,11 +29,18 @@ struct Changes {
     bool Saved = false;        ///< the design stands in its file now
     bool Discarded = false;    ///< the user has answered that unsaved work may go
     bool OtherCircuit = false; ///< another circuit took the place of the one before: Load, New, undo across these
+    bool Job = false;          ///< one runs now, or none any more
 
     bool operator==(const Changes&) const = default;
 };
 
 class Recovery;
+
+using Observer = std::function<void(const Changes&)>;
+
+/// Its holder hears of changes as long as he holds it, and the session lives.
+using Observation = std::shared_ptr<const Observer>;
+using LeavingObservation = std::shared_ptr<const std::function<void()>>;
 
 class Session {
 public:
@@ -54,9 +62,9 @@ public:
     pistaro::Recovery* Recovery = nullptr; ///< what keeps unsaved work, where something does
     std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
 
-    /// For the rest of the session: calls `observer` once after each piece of work, done or faulted, with what it has
-    /// changed.
-    void Observe(std::function<void(const Changes&)> observer) { observers_.push_back(std::move(observer)); }
+    /// Calls `observer` once after each piece of work, done or faulted, with what it has changed; and when a job has
+    /// ended, before its end is run.
+    [[nodiscard]] Observation Observe(Observer observer);
 
     /// Runs a row of the command table. Faults: it cannot be done now, which is the fault "Refused" and says why; those
     /// of the command.
@@ -98,8 +106,8 @@ public:
     /// The running work lets unsaved work go, because its user said so.
     void NoteDiscarded() { noted_.Discarded = true; }
 
-    /// For the rest of the session: calls `observer` before a circuit gives way to another one, and before the end.
-    void ObserveLeaving(std::function<void()> observer) { leavers_.push_back(std::move(observer)); }
+    /// Calls `observer` before a circuit gives way to another one, and before the end.
+    [[nodiscard]] LeavingObservation ObserveLeaving(std::function<void()> observer);
 
     /// To be called by what loads, begins or ends, before it does so.
     void TellLeaving();
@@ -107,23 +115,28 @@ public:
     /// Starts a job. Its end is work of this session; when it was stopped there is none.
     void StartJob(const Job& job);
     void CancelJob();
+
+    /// The job that runs beside the window, or null.
+    const Job* CurrentJob() const { return jobs_.Current(); }
     bool HasJob() const { return jobs_.IsRunning(); }
 
     /// Has jobs run beside the window from now on: `post` calls a function later on the window's thread, `progress` is
-    /// told how far a job is.
+    /// told how far a job is. When the window goes it takes both away again.
     void RunJobsBeside(Jobs::Post post, std::function<void(int done, int total)> progress);
 
 private:
     void NameStep(const Command& command);
+    void Notify(const Changes& changes);
     void Finish(const pistaro::Project& before, const std::optional<Picture>& background);
 
-    std::vector<std::function<void(const Changes&)>> observers_;
-    std::vector<std::function<void()>> leavers_;
+    std::vector<std::weak_ptr<const Observer>> observers_;
+    std::vector<std::weak_ptr<const std::function<void()>>> leavers_;
     std::function<void(int, int)> progress_;
     int depth_ = 0;          ///< of work within work
     StepName step_;          ///< of the running work
     Changes noted_;          ///< what the running work said of itself
     bool newInFile_ = false; ///< after the running work the circuit's file holds something else than before
+    bool hadJob_ = false;    ///< when the running work began
     bool moved_ = false;     ///< the running work went to a state of the history
     pistaro::History history_;
     Jobs jobs_;

@@ -37,9 +37,9 @@ int OwnedLessUsedPieces(const Catalogue& catalogue, const Circuit& circuit, cons
     if (piece == nullptr) return 0;
     const UsedCounts used = CountUsed(catalogue, circuit);
     int remaining = 0;
-    for (int row = 0; row < catalogue.Count(); ++row) {
-        if (!catalogue.IsHeadRow(row) || catalogue[row].ShapeIndex != piece->ShapeIndex) continue;
-        remaining += stock[row].OwnedCount - used[static_cast<std::size_t>(row)];
+    for (const int row : catalogue.HeadRows()) {
+        if (catalogue[row].ShapeIndex == piece->ShapeIndex)
+            remaining += stock[row].OwnedCount - used[static_cast<std::size_t>(row)];
     }
     return remaining;
 }

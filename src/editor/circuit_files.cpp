@@ -1,5 +1,6 @@
 #include "editor/circuit_files.h"
 
+#include "model/working_directory.h"
 #include "platform/files.h"
 #include "storage/circuit_file.h"
 #include "storage/line_reader.h"
@@ -14,17 +15,11 @@ namespace {
 void Adopt(Project& project, const std::filesystem::path& file) {
     project.EditState.File = std::filesystem::absolute(file).lexically_normal();
     project.EditState.Name.clear();
-    if (const auto parted = PartedPath(TextFromPath(project.EditState.File)))
-        project.Preferences.WorkingDirectory = parted->Folder;
+    const std::string folder = PartedPath(TextFromPath(project.EditState.File)).Folder;
+    if (!folder.empty()) project.Preferences.WorkingDirectory = folder;
 }
 
 } // namespace
-
-std::optional<FolderAndTitle> PartedPath(const std::string& path) {
-    const auto separator = std::find_if(path.rbegin(), path.rend(), IsFolderSeparator);
-    if (separator == path.rend()) return std::nullopt;
-    return FolderAndTitle{{path.begin(), separator.base()}, {separator.base(), path.end()}};
-}
 
 std::string LoadCircuit(Project& project, const std::filesystem::path& file) {
     std::string bytes = ReadFile(file, MostFileBytes);

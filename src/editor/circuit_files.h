@@ -4,19 +4,8 @@
 #include "model/project.h"
 
 #include <filesystem>
-#include <optional>
-#include <string>
 
 namespace pistaro {
-
-/// A full path parted after its last folder separator.
-struct FolderAndTitle {
-    std::string Folder;
-    std::string Title;
-};
-
-/// Nothing for a path without a separator.
-std::optional<FolderAndTitle> PartedPath(const std::string& path);
 
 /// Replaces the circuit, the view and the room by those of a file, whose folder becomes the working directory. Gives
 /// the file's bytes. Faults of reading leave the project as it was.

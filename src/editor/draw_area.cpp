@@ -37,7 +37,7 @@ struct DrawArea {
     ViewSettings View;
     RoomPolygon Room;
     GridSettings Grid;
-    Units DisplayUnits;
+    pistaro::Units Units;
 };
 
 float Width(const std::string& text) {
@@ -69,7 +69,7 @@ DrawArea DrawAreaOf(const DrawAreaFields& fields) {
     area.Room = RoomIn(fields);
     if (!std::isfinite(area.Room.Angle)) throw Overflow("the room angle is too large");
     area.Grid = {static_cast<std::int16_t>(fields.Grid), GridStep(fields.Step)};
-    area.DisplayUnits = {fields.Inches, CurrencyIn(fields.Currency)};
+    area.Units = {fields.Inches, CurrencyIn(fields.Currency)};
     return area;
 }
 
@@ -77,7 +77,7 @@ void Put(Project& project, DrawArea&& area) {
     project.Design.View = area.View;
     project.Design.Room = std::move(area.Room);
     project.Preferences.Grid = area.Grid;
-    project.Preferences.DisplayUnits = std::move(area.DisplayUnits);
+    project.Preferences.Units = std::move(area.Units);
     project.EditState.DataChanged = true;
 }
 
@@ -112,9 +112,9 @@ DrawAreaFields OpenDrawArea(const Design& design, const Preferences& preferences
             .MaxWidth = NumberText((static_cast<double>(bar.Maximum) - bar.Minimum) / 2),
             .RoomAngle = NumberText(static_cast<float>(RoundHalfEven(degrees * 1000) / 1000)),
             .Step = NumberText(int{preferences.Grid.Step}),
-            .Currency = preferences.DisplayUnits.Currency,
+            .Currency = preferences.Units.Currency,
             .Grid = preferences.Grid.Type,
-            .Inches = preferences.DisplayUnits.Inches,
+            .Inches = preferences.Units.Inches,
             .Room = OpenRoomPoints(design.Room.Points)};
 }
 
@@ -160,7 +160,7 @@ bool SaveDrawArea(const Catalogue& catalogue, Project& project, const std::files
     RewriteSettings(catalogue, settingsPath,
                     {ViewOf(ParseNumber(fields.CentreX), ParseNumber(fields.CentreY), ParseNumber(fields.ZoomVal),
                             ParseNumber(fields.MaxWidth)),
-                     GridOf(area->Grid), UnitsOf(area->DisplayUnits), RoomOf(area->Room)});
+                     GridOf(area->Grid), UnitsOf(area->Units), RoomOf(area->Room)});
     project.Preferences.MWid = area->View.MWid;
     Put(project, std::move(*area));
     prompts.Tell({Icon::Information, SettingsSaved});

@@ -4,9 +4,17 @@
 #include "model/project.h"
 
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace pistaro {
+
+/// What the designer's window is to be opened with.
+struct DesignerOptions {
+    std::optional<std::filesystem::path> Circuit;
+    std::optional<std::filesystem::path> SettingsFile; ///< in place of the usual settings file
+    bool NoSplash = false;                             ///< without the opening window
+};
 
 struct DesignerStart {
     pistaro::Project Project;

@@ -35,7 +35,7 @@ std::string TrackText(const Catalogue& catalogue, const Project& project, const 
     std::string text =
         "Track " + std::to_string(project.EditState.CurrentTrack + 1) + Between + PieceCount(track.ElementCodes.size());
     if (track.ElementCodes.empty()) return text;
-    return text + Between + GapText(GapOf(catalogue, track), project.Preferences.DisplayUnits);
+    return text + Between + GapText(GapOf(catalogue, track), project.Preferences.Units);
 }
 
 std::string AllTracksText(const Circuit& circuit) {

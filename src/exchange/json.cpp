@@ -73,7 +73,7 @@ Json CursorJson(const BuildCursor& cursor) {
     return {Number(cursor.CursorX), Number(cursor.CursorY), Number(cursor.CursorHeading)};
 }
 
-Json MessageJson(const Message& message) { return {{"icon", IconName(message.MessageIcon)}, {"text", message.Text}}; }
+Json MessageJson(const Message& message) { return {{"icon", IconName(message.Icon)}, {"text", message.Text}}; }
 
 Json MessagesJson(const std::vector<Message>& messages) {
     Json array = Json::array();

@@ -34,7 +34,7 @@ enum class Ink { Rail, Outline };
 
 /// What a special piece shows besides lanes and outline.
 struct Mark {
-    Ink MarkInk = Ink::Rail;
+    pistaro::Ink Ink = pistaro::Ink::Rail;
     pistaro::Shape Shape;
 };
 

@@ -1,9 +1,8 @@
 #include "model/edit_state.h"
 
+#include "model/working_directory.h"
 #include "platform/files.h"
 #include "text/utf8.h"
-
-#include <algorithm>
 
 namespace pistaro {
 
@@ -31,8 +30,7 @@ std::string NameFromTitle(const std::string& title) {
 
 std::string ProjectName(const EditState& edit) {
     if (edit.File.empty()) return edit.Name.empty() ? NewProjectName : edit.Name;
-    const std::string path = TextFromPath(edit.File);
-    return NameFromTitle({std::find_if(path.rbegin(), path.rend(), IsFolderSeparator).base(), path.end()});
+    return NameFromTitle(PartedPath(TextFromPath(edit.File)).Title);
 }
 
 std::string Caption(const EditState& edit) { return "Pistaro - " + ProjectName(edit); }

@@ -11,7 +11,7 @@ namespace pistaro {
 struct Preferences {
     ColourScheme Colours;
     GridSettings Grid;
-    Units DisplayUnits;
+    pistaro::Units Units;
     float MWid = 160;             ///< how far the scroll bars of a new design reach from its centre, cm
     std::string WorkingDirectory; ///< ends in a folder separator
 

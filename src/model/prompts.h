@@ -10,7 +10,7 @@ namespace pistaro {
 enum class Icon { None, Information, Exclamation, Critical };
 
 struct Message {
-    Icon MessageIcon;
+    pistaro::Icon Icon;
     std::string Text;
 
     bool operator==(const Message&) const = default;

@@ -2,8 +2,16 @@
 #include "model/working_directory.h"
 
 #include "platform/fault.h"
+#include "platform/files.h"
+
+#include <algorithm>
 
 namespace pistaro {
+
+FolderAndTitle PartedPath(const std::string& path) {
+    const auto title = std::find_if(path.rbegin(), path.rend(), IsFolderSeparator).base();
+    return {{path.begin(), title}, {title, path.end()}};
+}
 
 std::string InWorkingDirectory(const Preferences& preferences, const std::string& name) {
     if (preferences.WorkingDirectory.empty()) throw Fault("Path not found", "there is no working directory");

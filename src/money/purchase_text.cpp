@@ -39,7 +39,7 @@ std::string PurchaseText(const Catalogue& catalogue, const Project& project, con
         const std::string name = CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
         table += PricedLine(count, name, PriceOf(project, row));
     });
-    const std::string& currency = project.Preferences.DisplayUnits.Currency;
+    const std::string& currency = project.Preferences.Units.Currency;
     table += "Total " + MoneyText(purchase.Total) + " " + currency +
              (purchase.IsProven() ? ", the cheapest there is.\n"
                                   : ", at most " + MoneyText(purchase.Total - purchase.Bound) + " " + currency +

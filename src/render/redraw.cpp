@@ -89,11 +89,11 @@ void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Sur
     for (const Segment& segment : placement.Outline)
         draw(segment, outline);
     for (const Mark& mark : placement.Marks)
-        draw(mark.Shape, mark.MarkInk == Ink::Rail ? rail : outline);
+        draw(mark.Shape, mark.Ink == Ink::Rail ? rail : outline);
 }
 
 void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth, Surface& surface) {
-    const double set = double{preferences.DisplayUnits.UnitFactor()} * preferences.Grid.Step;
+    const double set = double{preferences.Units.UnitFactor()} * preferences.Grid.Step;
     if (!(set > 0 && viewWidth > 0)) return;
     const double step = ThinnedStep(set, surface.PixelsPerCm());
     const GridLines columns(covered.ViewLeft, covered.ViewRight, step);
@@ -111,7 +111,7 @@ void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, S
     surface.DrawPoint(
         {static_cast<float>(shown.ViewLeft + width * 2 / 100), static_cast<float>(shown.ViewBottom + width * 5 / 100)},
         colour);
-    surface.DrawText(AreaLabel(width, preferences.DisplayUnits), colour);
+    surface.DrawText(AreaLabel(width, preferences.Units), colour);
 }
 
 void DrawTracks(const Catalogue& catalogue, const Project& project, TrackParts parts, Surface& surface) {

@@ -95,6 +95,11 @@ std::vector<int> ReplaceableRows(const Catalogue& catalogue) {
     return rows;
 }
 
+/// What the special pieces that can stand for a plain one are called together.
+std::string SpecialsOf(const CatalogueEntry& plain) {
+    return plain.Specials.empty() ? plain.LongName + " sized special track" : plain.Specials;
+}
+
 } // namespace
 
 std::int16_t RemainingOwned(const Catalogue& catalogue, const Stock& stock, const StockTally& circuit,
@@ -119,7 +124,7 @@ std::vector<DesignWarning> DesignWarnings(const Catalogue& catalogue, const Stoc
             return special != plain && catalogue[special].ShapeIndex == plain && remaining(special) > 0;
         });
         if (!helps) continue;
-        const Message told{Icon::Information, "You have not used all your " + catalogue[plain].Specials};
+        const Message told{Icon::Information, "You have not used all your " + SpecialsOf(catalogue[plain])};
         warnings.push_back({DesignCheck::UnusedSpecials, AllTracks, told});
     }
     return warnings;

@@ -25,8 +25,7 @@ std::int16_t CountOf(const StockTally& tally, std::string_view stockCode) {
 
 float TotalPriceOf(const Catalogue& catalogue, const Stock& stock, const StockTally& tally) {
     float total = 0;
-    for (int row = 0; row < catalogue.Count(); ++row) {
-        if (!catalogue.IsHeadRow(row)) continue;
+    for (const int row : catalogue.HeadRows()) {
         const std::int16_t count = CountOf(tally, ProductCode(catalogue[row].Code));
         total = Single(total + static_cast<double>(count) * stock[row].Price);
     }

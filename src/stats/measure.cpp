@@ -21,10 +21,8 @@ void CountPiece(StockTally& tally, std::string_view code) {
 
 StockTally ResetStockTally(const Catalogue& catalogue) {
     StockTally tally;
-    for (int row = 0; row < catalogue.Count(); ++row) {
-        const CatalogueEntry& entry = catalogue[row];
-        if (catalogue.IsHeadRow(row)) tally.push_back({ProductCode(entry.Code), entry.IsCounted});
-    }
+    for (const int row : catalogue.HeadRows())
+        tally.push_back({ProductCode(catalogue[row].Code), catalogue[row].IsCounted});
     return tally;
 }
 

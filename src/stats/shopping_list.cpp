@@ -34,8 +34,7 @@ std::string ShoppingListBytes(const Catalogue& catalogue, const Stock& stock, co
     lines << "SHOPPING LIST"
           << "-------------"
           << "";
-    for (int row = 0; row < catalogue.Count(); ++row) {
-        if (!catalogue.IsHeadRow(row)) continue;
+    for (const int row : catalogue.HeadRows()) {
         const CatalogueEntry& product = catalogue[row];
         const std::string_view code = ProductCode(product.Code);
         if (const int count = CountOf(detail, code); count > 0)
@@ -70,7 +69,7 @@ std::string ShoppingTableBytes(const Stock& stock, const Units& units, const Det
 Message WriteShoppingList(const Catalogue& catalogue, const Stock& stock, const Preferences& preferences,
                           const Detail& detail) {
     const std::string file = InWorkingDirectory(preferences, ShoppingListName);
-    ReplaceFile(PathFromText(file), ShoppingListBytes(catalogue, stock, preferences.DisplayUnits, detail));
+    ReplaceFile(PathFromText(file), ShoppingListBytes(catalogue, stock, preferences.Units, detail));
     return {Icon::Information, "The shopping list has been written to " + file};
 }
 

@@ -30,12 +30,10 @@ std::string PointLine(const RoomPoint& point) {
 } // namespace
 
 int RoomPointCountIn(const LineReader& lines, std::string_view countLine) {
-    const double count = RoundHalfEven(lines.DoubleIn(countLine));
-    if (count < 0 || count > MaxRoomPoints) {
-        throw SubscriptOutOfRange(
-            lines.Here("a room has 0 to " + std::to_string(MaxRoomPoints) + " points, not " + NumberText(count)));
-    }
-    return static_cast<int>(count);
+    const double count = lines.DoubleIn(countLine);
+    if (const auto whole = RoundedWithin(count, 0, MaxRoomPoints)) return *whole;
+    throw SubscriptOutOfRange(lines.Here("a room has 0 to " + std::to_string(MaxRoomPoints) + " points, not " +
+                                         NumberText(RoundHalfEven(count))));
 }
 
 RoomPolygon ReadRoomBlock(LineReader& lines) {

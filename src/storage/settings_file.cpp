@@ -6,12 +6,13 @@
 #include "storage/folder_line.h"
 #include "storage/initial_settings.h"
 #include "storage/room_block.h"
+#include "storage/section_format.h"
 #include "storage/settings_sections.h"
 #include "text/windows1252.h"
 
 #include <algorithm>
 #include <array>
-#include <vector>
+#include <set>
 
 namespace pistaro {
 
@@ -45,8 +46,8 @@ void ReadView(LineReader& lines, const Catalogue&, Settings& settings) {
 }
 
 void ReadUnits(LineReader& lines, const Catalogue&, Settings& settings) {
-    settings.Preferences.DisplayUnits.Inches = lines.IntegerIn(NextValue(lines, TypeKey)) != 0;
-    settings.Preferences.DisplayUnits.Currency = Utf8FromWindows1252(NextValue(lines, CurrencyKey));
+    settings.Preferences.Units.Inches = lines.IntegerIn(NextValue(lines, TypeKey)) != 0;
+    settings.Preferences.Units.Currency = Utf8FromWindows1252(NextValue(lines, CurrencyKey));
 }
 
 void ReadGrid(LineReader& lines, const Catalogue&, Settings& settings) {
@@ -93,33 +94,31 @@ void ReadBestPrices(LineReader& lines, const Catalogue& catalogue, Settings& set
                    [&](ProductStock& stock, std::string_view value) { stock.Price = lines.SingleIn(value); });
 }
 
-struct SectionReader {
-    std::string_view Header;
-    void (*Read)(LineReader&, const Catalogue&, Settings&);
-};
-
-constexpr std::array SectionReaders{
-    SectionReader{WorkingDirectorySection, ReadWorkingDirectory},
-    SectionReader{ViewSection, ReadView},
-    SectionReader{UnitsSection, ReadUnits},
-    SectionReader{GridSection, ReadGrid},
-    SectionReader{RoomSection, ReadRoom},
-    SectionReader{LooseTrackSection, ReadLooseTrack},
-    SectionReader{BestPricesSection, ReadBestPrices},
-    SectionReader{ColoursSection, ReadColours},
+constexpr std::array SectionFormats{
+    SectionFormat{WorkingDirectorySection, 1, false, ReadWorkingDirectory},
+    SectionFormat{ViewSection, 4, false, ReadView},
+    SectionFormat{UnitsSection, 2, false, ReadUnits},
+    SectionFormat{GridSection, 2, false, ReadGrid},
+    SectionFormat{RoomSection, 0, false, ReadRoom},
+    SectionFormat{LooseTrackSection, ProductLines, true, ReadLooseTrack},
+    SectionFormat{BestPricesSection, ProductLines, true, ReadBestPrices},
+    SectionFormat{ColoursSection, std::size(ColourSlots), true, ReadColours},
 };
 
 } // namespace
 
+const SectionFormat* SectionHeadedBy(std::string_view line) {
+    const auto* const found = std::ranges::find(SectionFormats, line, &SectionFormat::Header);
+    return found == SectionFormats.end() ? nullptr : found;
+}
+
 Settings ParseSettings(const Catalogue& catalogue, std::string_view bytes, const std::string& name, Settings settings) {
     settings.Stock.Products.resize(static_cast<std::size_t>(catalogue.Count()));
     LineReader lines(bytes, name);
-    std::vector<SectionReader> unread(SectionReaders.begin(), SectionReaders.end());
+    std::set<const SectionFormat*> read{nullptr};
     while (!lines.AtEnd()) {
-        const auto section = std::ranges::find(unread, lines.Next("a section"), &SectionReader::Header);
-        if (section == unread.end()) continue;
-        section->Read(lines, catalogue, settings);
-        unread.erase(section);
+        const SectionFormat* const section = SectionHeadedBy(lines.Next("a section"));
+        if (read.insert(section).second) section->Read(lines, catalogue, settings);
     }
     return settings;
 }

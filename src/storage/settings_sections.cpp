@@ -4,12 +4,14 @@
 #include "platform/locks.h"
 #include "storage/folder_line.h"
 #include "storage/room_block.h"
+#include "storage/section_format.h"
 #include "storage/settings_file.h"
 #include "text/crlf_lines.h"
 #include "text/number_text.h"
 #include "text/windows1252.h"
 
 #include <algorithm>
+#include <set>
 
 namespace pistaro {
 
@@ -17,35 +19,11 @@ namespace {
 
 Section StockSection(std::string_view header, const Catalogue& catalogue, const std::vector<double>& valueByRow) {
     Section section{header, {}};
-    for (int row = 0; row < catalogue.Count(); ++row) {
-        if (!catalogue.IsHeadRow(row)) continue;
+    for (const int row : catalogue.HeadRows()) {
         const std::string product(ProductCode(catalogue[row].Code));
         section.Lines.push_back(product + "=" + NumberText(valueByRow[static_cast<std::size_t>(row)]));
     }
     return section;
-}
-
-/// How many lines stand after a header, but for the room's, which are counted in the first of them.
-struct SectionShape {
-    std::string_view Header;
-    std::size_t Lines;
-    bool EmptyLineEnds; ///< for the reader, who warns of what is missing
-};
-
-constexpr std::array SectionShapes{
-    SectionShape{WorkingDirectorySection, 1, false},
-    SectionShape{ViewSection, 4, false},
-    SectionShape{UnitsSection, 2, false},
-    SectionShape{GridSection, 2, false},
-    SectionShape{RoomSection, 0, false},
-    SectionShape{LooseTrackSection, ProductLines, true},
-    SectionShape{BestPricesSection, ProductLines, true},
-    SectionShape{ColoursSection, std::size(ColourSlots), true},
-};
-
-const SectionShape* ShapeOf(std::string_view line) {
-    const auto* const found = std::ranges::find(SectionShapes, line, &SectionShape::Header);
-    return found == SectionShapes.end() ? nullptr : found;
 }
 
 /// Goes through a file and sees its sections where the reader sees them: a line that is taken for another section's
@@ -55,18 +33,17 @@ public:
     Rewriting(std::string_view bytes, const std::string& name) : lines_(bytes, name) {}
 
     std::string With(const std::vector<Section>& sections) {
-        std::vector<const SectionShape*> seen;
+        std::set<const SectionFormat*> seen{nullptr};
         while (!lines_.AtEnd()) {
-            const SectionShape* const shape = ShapeOf(lines_.Peek());
+            const SectionFormat* const section = SectionHeadedBy(lines_.Peek());
             Copy(1);
-            if (shape == nullptr || std::ranges::find(seen, shape) != seen.end()) continue;
-            seen.push_back(shape);
-            const auto own = std::ranges::find(sections, shape->Header, &Section::Header);
+            if (!seen.insert(section).second) continue;
+            const auto own = std::ranges::find(sections, section->Header, &Section::Header);
             if (own == sections.end()) {
-                CopyLinesOf(*shape);
+                CopyLinesOf(*section);
                 continue;
             }
-            DropLinesOf(*shape);
+            DropLinesOf(*section);
             for (const std::string& line : own->Lines)
                 written_ << line;
         }
@@ -80,30 +57,30 @@ private:
     }
 
     /// Copies what the reader takes for the section; it is his to tell what is wrong there.
-    void CopyLinesOf(const SectionShape& shape) {
-        if (shape.Header == RoomSection) {
+    void CopyLinesOf(const SectionFormat& format) {
+        if (format.Header == RoomSection) {
             const std::string_view count = lines_.Peek();
             Copy(1);
             Copy(static_cast<std::size_t>(RoomPointCountIn(lines_, count)) + 1); // and the angle
             return;
         }
-        for (std::size_t left = shape.Lines; left > 0; --left) {
-            const bool isLast = shape.EmptyLineEnds && lines_.Peek().empty();
+        for (std::size_t left = format.Lines; left > 0; --left) {
+            const bool isLast = format.EmptyLineEnds && lines_.Peek().empty();
             Copy(1);
             if (isLast) return;
         }
     }
 
     /// Drops as many old lines as the section had when the format was made, without the room's angle, but no header.
-    void DropLinesOf(const SectionShape& shape) {
-        std::size_t left = shape.Lines;
-        if (shape.Header == RoomSection && ShapeOf(lines_.Peek()) == nullptr) {
+    void DropLinesOf(const SectionFormat& format) {
+        std::size_t left = format.Lines;
+        if (format.Header == RoomSection && SectionHeadedBy(lines_.Peek()) == nullptr) {
             left = static_cast<std::size_t>(RoomPointCountIn(lines_, lines_.Next("the number of room points")));
         }
         bool hasEnded = false;
-        for (; left > 0 && ShapeOf(lines_.Peek()) == nullptr && !(hasEnded && lines_.AtEnd()); --left) {
-            const std::string_view line = lines_.Next("a line of " + std::string(shape.Header));
-            hasEnded |= shape.EmptyLineEnds && line.empty();
+        for (; left > 0 && SectionHeadedBy(lines_.Peek()) == nullptr && !(hasEnded && lines_.AtEnd()); --left) {
+            const std::string_view line = lines_.Next("a line of " + std::string(format.Header));
+            hasEnded |= format.EmptyLineEnds && line.empty();
         }
     }
 

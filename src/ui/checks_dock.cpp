@@ -116,7 +116,7 @@ void ChecksDock::Check() {
     const Project& project = session_.Project;
     QString summary;
     try {
-        findings_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.DisplayUnits);
+        findings_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units);
         summary = SummaryOf(findings_);
     } catch (const Fault& fault) { // a stock that no count can hold
         findings_.clear();

@@ -1,7 +1,6 @@
 #include "ui/designer.h"
 
 #include "commands/recovery.h"
-#include "editor/start_up.h"
 #include "platform/places.h"
 #include "platform/processes.h"
 #include "ui/frmAbout.h"
@@ -40,8 +39,8 @@ void CloseOnTermination(frmCorvel& window) {
 } // namespace
 
 void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Message>& messages,
-                    const DesignerFiles& files) {
-    const auto begin = [&window, &session, messages, circuit = files.Circuit] {
+                    const DesignerOptions& options) {
+    const auto begin = [&window, &session, messages, circuit = options.Circuit] {
         for (const Message& message : messages)
             session.Prompts.Tell(message);
         if (circuit) window.Open(*circuit);
@@ -53,20 +52,20 @@ void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Messa
         window.show();
         QTimer::singleShot(0, &window, begin); // when the opening window is gone
     };
-    if (files.NoSplash) {
+    if (options.NoSplash) {
         showWindow();
     } else {
         (new frmAbout(session.Catalogue, showWindow))->show();
     }
 }
 
-int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const DesignerFiles& files) {
+int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const DesignerOptions& options) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Pistaro");
     QApplication::setDesktopFileName("pistaro");
     TerminationRequests(); // those that come before there is a window wait for it
     MessagePrompts prompts;
-    const DesignerStart start = StartDesigner(catalogue, files.SettingsFile);
+    const DesignerStart start = StartDesigner(catalogue, options.SettingsFile.value_or(SettingsPath()));
     Session session(catalogue, prompts, start.Project, start.SettingsPath);
     session.Recent = RecentCircuits(RecentPath());
     const Jobs::Post post = [&](std::function<void()> call) {
@@ -76,7 +75,7 @@ int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const Designe
     frmCorvel window(session);
     CloseOnLogOff(application, window, recovery);
     CloseOnTermination(window);
-    BeginDesigning(window, session, start.Messages, files);
+    BeginDesigning(window, session, start.Messages, options);
     return QApplication::exec();
 }
 

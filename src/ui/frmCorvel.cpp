@@ -65,15 +65,12 @@ frmCorvel::frmCorvel(Session& session)
     AddMainMenus(*this, controls_, session_, [this] { close(); });
     AddPanels();
     session_.Windows = &dialogs_;
-    session_.Observe([this](const Changes& changes) { Refresh(changes); });
+    observation_ = session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});
     resize(QSize(1200, 820).boundedTo(screen()->availableSize() - QSize(0, TitleBarHeight)));
 }
 
-frmCorvel::~frmCorvel() {
-    session_.CancelJob(); // its end would be looked for here
-    session_.Windows = nullptr;
-}
+frmCorvel::~frmCorvel() { session_.Windows = nullptr; }
 
 void frmCorvel::AddPanels() {
     const auto add = [&](Panel panel, QDockWidget* dock) {

@@ -54,6 +54,7 @@ private:
     MoneyDock* const money_;
     bool lanesShown_ = false;
     bool closing_ = false;
+    Observation observation_;
 };
 
 } // namespace pistaro

@@ -83,7 +83,7 @@ QLayout* frmSets::SetFields() {
             [this](QTreeWidgetItem* item) { lstPieces_->editItem(item, 2); });
     auto* const fields = new QFormLayout;
     fields->addRow("N&ame", txtName_);
-    fields->addRow("&Price, " + Shown(session_.Project.Preferences.DisplayUnits.Currency), txtPrice_);
+    fields->addRow("&Price, " + Shown(session_.Project.Preferences.Units.Currency), txtPrice_);
     fields->addRow(lstPieces_);
     return fields;
 }

@@ -90,7 +90,7 @@ QWidget* frmStats::Frames() {
     auto* const row = new QHBoxLayout(frames);
     row->setContentsMargins(0, 0, 0, 0);
     int index = 0;
-    const Units& units = session_.Project.Preferences.DisplayUnits;
+    const Units& units = session_.Project.Preferences.Units;
     const auto built = BuiltFrames(session_.Catalogue, session_.Project.Design.Circuit);
     for (const StatisticsFrame& texts :
          StatisticsFrames(session_.Catalogue, session_.Project.Stock, session_.Project.Design.Circuit, units)) {
@@ -148,8 +148,7 @@ QLayout* frmStats::Price() {
     row->addStretch();
     row->addWidget(new QLabel("Price:"));
     row->addWidget(lblTotPrice_);
-    row->addWidget(
-        Named(NewLabel(Shown(session_.Project.Preferences.DisplayUnits.Currency)), "lblCurrency", AllTracks + 1));
+    row->addWidget(Named(NewLabel(Shown(session_.Project.Preferences.Units.Currency)), "lblCurrency", AllTracks + 1));
     return row;
 }
 

@@ -70,7 +70,7 @@ struct Filters {
 } // namespace
 
 void MessagePrompts::Tell(const Message& message) {
-    PlainBox(BoxIcon(message.MessageIcon), message.Text, QMessageBox::Ok).exec();
+    PlainBox(BoxIcon(message.Icon), message.Text, QMessageBox::Ok).exec();
 }
 
 Answer MessagePrompts::Ask(const std::string& question, Buttons buttons) {

@@ -116,7 +116,7 @@ void MoneyDock::Count() {
         toBuy += CentsOf(product.Price) * missing;
         if (product.Price == 0) unpriced += missing;
     }
-    QString text = "To buy: " + Amount(toBuy) + " " + CurrencySign(project.Preferences.DisplayUnits.Currency);
+    QString text = "To buy: " + Amount(toBuy) + " " + CurrencySign(project.Preferences.Units.Currency);
     if (unpriced > 0) text += ", and " + QString::number(unpriced) + " without a price";
     total_->setText(text);
 }

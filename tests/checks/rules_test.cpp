@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<Finding> FindingsOf(const Project& project) {
-    return CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.DisplayUnits);
+    return CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.Units);
 }
 
 /// What one rule tells of a project: "error 1 [0,2] The track …".
@@ -70,7 +70,7 @@ TEST(Rules, TellWhatCanBePressedTogether) {
 
 TEST(Rules, TellLengthsInTheUnitsThatAreShown) {
     Project project = ProjectOf("C160 C160 C151L");
-    project.Preferences.DisplayUnits.Inches = true;
+    project.Preferences.Units.Inches = true;
 
     EXPECT_THAT(Told(project, "open-track"),
                 ElementsAre("error 1 [0,2] The track does not close: its ends are 33.72 in and 45.0° apart."));

@@ -15,7 +15,7 @@ namespace {
 constexpr int Rounds = 200;
 
 std::vector<Finding> FindingsOf(const Project& project) {
-    return CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.DisplayUnits);
+    return CheckDesign(Pieces(), project.Design, project.Stock, project.Preferences.Units);
 }
 
 std::string Told(const std::vector<Finding>& findings) {

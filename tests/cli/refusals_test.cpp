@@ -43,7 +43,7 @@ const Refusal Refusals[]{
     {"TimesForACommandWithout", "mirror 3", "line 1: Refused: there is no command \"mirror 3\""},
     {"TimesThatAreNoNumber", "zoom out many", "line 1: Refused: \"many\" is no number"},
     {"TwoWordsInOnePairOfQuotes", "\"move up\"", "line 1: Refused: there is no command \"move up\""},
-    {"WordsBehindState", "state 1", "line 1: Refused: there are too many words after \"state\""},
+    {"WordsAfterState", "state 1", "line 1: Refused: there are too many words after \"state\""},
 };
 
 class RefusedScript : public testing::TestWithParam<Refusal> {};

@@ -28,8 +28,8 @@ class TheHistory : public testing::Test {
 protected:
     TheHistory() {
         session_.Now = [this] { return now_; };
-        session_.Observe([this](const Changes& changes) { heard_ = changes; });
-        session_.ObserveLeaving([this] { left_.push_back(CodesOf(FirstTrack())); });
+        observation_ = session_.Observe([this](const Changes& changes) { heard_ = changes; });
+        leaving_ = session_.ObserveLeaving([this] { left_.push_back(CodesOf(FirstTrack())); });
         project_.Preferences.WorkingDirectory = (folder_ / "").string();
     }
 
@@ -79,6 +79,8 @@ protected:
     Session session_{Pieces(), prompts_, ProjectOf(""), {}};
     Project& project_ = session_.Project;
     Changes heard_;
+    Observation observation_;
+    LeavingObservation leaving_;
     std::vector<std::string> left_; ///< track 1 of each circuit that gave way
 };
 

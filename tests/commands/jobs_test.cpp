@@ -23,6 +23,8 @@ JobEnd UntilStopped(const JobWatch& watch) {
         watch.Step(1, 1);
 }
 
+Job Nameless(JobWork work) { return {{}, {}, std::move(work)}; }
+
 class JobsTest : public testing::Test {
 protected:
     void RunBeside() {
@@ -30,9 +32,9 @@ protected:
     }
 
     /// Starts a job; what comes of it is written into log_.
-    void Start(const Job& job) {
+    void Start(JobWork work) {
         jobs_.Start(
-            job,
+            Nameless(std::move(work)),
             [&](const JobEnd& end) {
                 try {
                     end();
@@ -53,7 +55,7 @@ protected:
     }
 
     /// A job that ends at once.
-    Job Quick(const std::string& text) {
+    JobWork Quick(const std::string& text) {
         return [this, text](const JobWatch&) { return Logged(text); };
     }
 
@@ -179,7 +181,7 @@ TEST_F(JobsTest, ThatAreCancelledDoNotEndThoughTheirEndIsPosted) {
 TEST_F(JobsTest, MayBeCancelledByTheirOwnProgress) {
     RunBeside();
     jobs_.Start(
-        UntilStopped, [&](const JobEnd&) { log_.push_back("end"); },
+        Nameless(UntilStopped), [&](const JobEnd&) { log_.push_back("end"); },
         [&](int, int) {
             log_.push_back("cancelled");
             jobs_.Cancel();
@@ -247,14 +249,14 @@ TEST_F(JobsTest, AreStoppedBeforeTheOneThatTheirOwnProgressStarts) {
     RunBeside();
     std::atomic<bool> firstStopped = false;
     jobs_.Start(
-        [&](const JobWatch& watch) -> JobEnd {
+        Nameless([&](const JobWatch& watch) -> JobEnd {
             try {
                 return UntilStopped(watch);
             } catch (const Stopped&) {
                 firstStopped = true;
                 throw;
             }
-        },
+        }),
         [&](const JobEnd&) { log_.push_back("first"); },
         [&](int, int) {
             Start(Quick("second"));
@@ -273,16 +275,15 @@ TEST_F(JobsTest, AreStoppedAndWaitedForWhenTheirOwnerGoes) {
     {
         Jobs jobs;
         jobs.RunBeside([&](std::function<void()> call) { calls_.Put(std::move(call)); });
-        jobs.Start(
-            [&](const JobWatch& watch) -> JobEnd {
-                try {
-                    return UntilStopped(watch);
-                } catch (const Stopped&) {
-                    stopped = true;
-                    throw;
-                }
-            },
-            [&](const JobEnd&) { log_.push_back("end"); }, {});
+        jobs.Start(Nameless([&](const JobWatch& watch) -> JobEnd {
+                       try {
+                           return UntilStopped(watch);
+                       } catch (const Stopped&) {
+                           stopped = true;
+                           throw;
+                       }
+                   }),
+                   [&](const JobEnd&) { log_.push_back("end"); }, {});
         calls_.WaitFor(1);
     }
 
@@ -300,17 +301,16 @@ TEST_F(JobsTest, AThousandWithCancelsAtRandomEachEndOnceOrNotAtAll) {
     int expected = 0;
     for (int i = 0; i < 1000; ++i) {
         const int steps = static_cast<int>(random() % 4);
-        jobs_.Start(
-            [steps](const JobWatch& watch) -> JobEnd {
-                for (int step = 0; step < steps; ++step)
-                    watch.Step(step, steps);
-                return [] {};
-            },
-            [&, i](const JobEnd& end) {
-                end();
-                EXPECT_EQ(++ended, expected + 1) << "job " << i;
-            },
-            {});
+        jobs_.Start(Nameless([steps](const JobWatch& watch) -> JobEnd {
+                        for (int step = 0; step < steps; ++step)
+                            watch.Step(step, steps);
+                        return [] {};
+                    }),
+                    [&, i](const JobEnd& end) {
+                        end();
+                        EXPECT_EQ(++ended, expected + 1) << "job " << i;
+                    },
+                    {});
         switch (random() % 4) {
         case 0: // at once
             jobs_.Cancel();

@@ -247,7 +247,7 @@ TEST_F(AMadeUpPiece, IsMeasuredAndPriced) {
     Own("C160", 0, 2);
     Lay("C999 C160 C998L");
 
-    const auto frames = StatisticsFrames(pieces_, TheStock(), TheCircuit(), session_.Project.Preferences.DisplayUnits);
+    const auto frames = StatisticsFrames(pieces_, TheStock(), TheCircuit(), session_.Project.Preferences.Units);
 
     // The lanes are crossed from C999 on: 37.5 + 35 + 25, cut, and 36 + 35 + 22.
     EXPECT_EQ(frames[0].Left, "97");
@@ -271,7 +271,7 @@ TEST_F(AMadeUpPiece, HasACountLabelAndALineOfTheShoppingList) {
     EXPECT_EQ(label("C998").Description, "C998 - wide bend");
     EXPECT_EQ(label("C998").Count, 2);
     EXPECT_EQ(detail.TotalPrice, 27.5F);
-    const std::string list = ShoppingListBytes(pieces_, TheStock(), session_.Project.Preferences.DisplayUnits, detail);
+    const std::string list = ShoppingListBytes(pieces_, TheStock(), session_.Project.Preferences.Units, detail);
     EXPECT_THAT(list, HasSubstr("\r\n    2 x C999  (made-up oil slick)    at 9.5\r\n"
                                 "    2 x C998  (made-up wide bend)    at 4.25\r\n"));
 }
@@ -296,6 +296,19 @@ TEST_F(AMadeUpPiece, IsMissedWhereItIsOwnedAndNotUsed) {
 
     Own("C160", 1);
     EXPECT_THAT(Checks(), IsEmpty()) << "no plain one is missing";
+}
+
+TEST_F(AMadeUpPiece, IsMissedByTheNameOfThePlainOneWhoseSpecialsHaveNone) {
+    std::vector<CatalogueEntry> rows = RowsWithMadeUpOnes();
+    const int plain = pieces_.FindRow("C158");
+    rows[static_cast<std::size_t>(pieces_.FindRow("C999"))].ShapeIndex = plain;
+    const Catalogue pieces(rows);
+    Lay("C158");
+    Own("C999", 1);
+
+    EXPECT_THAT(
+        DesignChecks(pieces, TheStock(), TheCircuit()),
+        ElementsAre(Message{Icon::Information, "You have not used all your quarter straight sized special track"}));
 }
 
 TEST_F(AMadeUpPiece, IsCheckedAsTheChangeOverThatItIs) {

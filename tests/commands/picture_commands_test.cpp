@@ -299,7 +299,7 @@ TEST_F(GuideCommands, TellOfAPageThatCannotBeWritten) {
     Run("guide");
 
     ASSERT_EQ(user_.Told.size(), 1U);
-    EXPECT_EQ(user_.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(user_.Told[0].Icon, Icon::Exclamation);
     EXPECT_THAT(user_.Told[0].Text, HasSubstr((folder_ / "guide.html").string()));
     EXPECT_THAT(user_.Asked, IsEmpty());
     ExpectViewAsItWas();
@@ -313,7 +313,7 @@ TEST_F(GuideCommands, TellOfAMissingViewerWhenTheGuideIsWritten) {
 
     EXPECT_TRUE(Exists("guide.html"));
     ASSERT_EQ(user_.Told.size(), 1U);
-    EXPECT_EQ(user_.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(user_.Told[0].Icon, Icon::Exclamation);
 }
 
 TEST_F(GuideCommands, WantAWorkingDirectoryBeforeTheyDrawAnything) {

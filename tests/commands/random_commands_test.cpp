@@ -126,7 +126,7 @@ public:
     RandomSession(unsigned seed, bool everything) : random_(seed), everything_(everything) {
         session_.Windows = &windows_;
         session_.Now = [this] { return now_ += std::chrono::minutes(1); }; // no two moves are one step
-        session_.Observe([&](const Changes& changes) { heard_.push_back(changes); });
+        observation_ = session_.Observe([&](const Changes& changes) { heard_.push_back(changes); });
     }
 
     int Faults = 0;
@@ -259,6 +259,7 @@ private:
     NoWindows windows_;
     Session session_{Pieces(), user_, ProjectOf(""), {}};
     std::vector<Changes> heard_;
+    Observation observation_;
     std::string last_; ///< the command that was run, if one was
 };
 

@@ -20,8 +20,16 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 const Changes Nothing{};
+
+Job JobOf(JobWork work) { return {"Looking for a way", "A way is being looked for.", std::move(work)}; }
+
+JobEnd RunUntilStopped(const JobWatch& watch) {
+    while (true)
+        watch.Step(0, 0);
+}
 
 /// Windows that write down which of them was opened.
 class NamedWindows : public Windows {
@@ -43,7 +51,7 @@ public:
 class TheSession : public testing::Test {
 protected:
     TheSession() {
-        session_.Observe([&](const Changes& changes) { heard_.push_back(changes); });
+        observation_ = session_.Observe([&](const Changes& changes) { heard_.push_back(changes); });
     }
 
     const Command& Row(const char* id) const { return *session_.Commands.Find(id); }
@@ -72,6 +80,7 @@ protected:
     ScriptedPrompts prompts_;
     Session session_{Pieces(), prompts_, ProjectOf(""), {}};
     std::vector<Changes> heard_;
+    Observation observation_;
 };
 
 } // namespace
@@ -144,7 +153,7 @@ TEST_F(TheSession, TellsOfAllThatALoadBrings) {
 TEST_F(TheSession, TellsOnceOfAFaultedCommandWithWhatItChangedBefore) {
     Session session(Pieces(), prompts_, ProjectOf("C160"), folder_ / "missing.ini");
     session.Project.EditState.DataChanged = true;
-    session.Observe([&](const Changes& changes) { heard_.push_back(changes); });
+    const Observation observation = session.Observe([&](const Changes& changes) { heard_.push_back(changes); });
     prompts_.Files = {folder_ / "oval.trk"};
 
     EXPECT_THROW(session.Run(*session.Commands.Find("save")), Fault);
@@ -163,13 +172,42 @@ TEST_F(TheSession, TellsAgainAfterAFault) {
 
 TEST_F(TheSession, TellsEveryObserverInTheirOrderAndWhenTheWorkIsDone) {
     std::string order;
-    session_.Observe([&](const Changes&) { order += "second " + CodesOf(FirstTrack()); });
-    session_.Observe([&](const Changes&) { order += ", third"; });
+    const Observation second = session_.Observe([&](const Changes&) { order += "second " + CodesOf(FirstTrack()); });
+    const Observation third = session_.Observe([&](const Changes&) { order += ", third"; });
 
     Run("add C160");
 
     EXPECT_THAT(heard_, ElementsAre(Changes{.Circuit = true, .EditState = true}));
     EXPECT_EQ(order, "second C160, third");
+}
+
+TEST_F(TheSession, TellsAnObserverNoMoreThatHasLeft) {
+    int heard = 0;
+    Observation observation = session_.Observe([&](const Changes&) { ++heard; });
+    Run("zoom out");
+
+    observation.reset();
+    Run("zoom in");
+
+    EXPECT_EQ(heard, 1);
+    EXPECT_THAT(heard_, SizeIs(2));
+}
+
+TEST_F(TheSession, LetsObserversComeAndGoWhileTheyAreTold) {
+    int later = 0;
+    Observation first, second, third;
+    first = session_.Observe([&](const Changes&) {
+        second.reset();
+        third = session_.Observe([&](const Changes&) { ++later; });
+        first.reset();
+    });
+    second = session_.Observe([&](const Changes&) { ADD_FAILURE() << "it has left"; });
+    Run("zoom out");
+    EXPECT_EQ(later, 0);
+
+    Run("zoom in");
+
+    EXPECT_EQ(later, 1);
 }
 
 TEST_F(TheSession, TakesWorkWithinWorkForOne) {
@@ -281,7 +319,7 @@ TEST_F(TheSession, ShowsHowItsModesStand) {
 
 TEST_F(TheSession, RunsAJobAtOnceAsPartOfTheWorkThatStartsIt) {
     session_.Do([&] {
-        session_.StartJob([&](const JobWatch&) -> JobEnd { return [&] { Run("zoom in"); }; });
+        session_.StartJob(JobOf([&](const JobWatch&) -> JobEnd { return [&] { Run("zoom in"); }; }));
         EXPECT_FALSE(session_.HasJob());
     });
 
@@ -289,7 +327,7 @@ TEST_F(TheSession, RunsAJobAtOnceAsPartOfTheWorkThatStartsIt) {
 }
 
 TEST_F(TheSession, TellsTheFaultOfAJobThatItRunsAtOnce) {
-    session_.StartJob([](const JobWatch&) -> JobEnd { throw Fault("Overflow", "too much"); });
+    session_.StartJob(JobOf([](const JobWatch&) -> JobEnd { throw Fault("Overflow", "too much"); }));
 
     EXPECT_THAT(prompts_.Told, ElementsAre(Message{Icon::Exclamation, "Overflow: too much"}));
     EXPECT_THAT(heard_, ElementsAre(Nothing));
@@ -315,25 +353,26 @@ protected:
 
 TEST_F(TheSessionWithJobs, HearsOfAJobWhenItsEndHasBeenDone) {
     session_.Do([&] {
-        session_.StartJob([&](const JobWatch& watch) -> JobEnd {
+        session_.StartJob(JobOf([&](const JobWatch& watch) -> JobEnd {
             watch.Step(1, 2);
             return [&] { Run("zoom in"); };
-        });
+        }));
     });
     EXPECT_TRUE(session_.HasJob());
-    EXPECT_EQ(Row("guide").WhyNot(session_), "The guide is being drawn.");
-    EXPECT_THAT(heard_, ElementsAre(Nothing));
+    EXPECT_EQ(Row("guide").WhyNot(session_), "A way is being looked for.");
+    EXPECT_EQ(session_.CurrentJob()->Name, "Looking for a way");
+    EXPECT_THAT(heard_, ElementsAre(Changes{.Job = true}));
 
     MakeCalls(2);
 
     EXPECT_FALSE(session_.HasJob());
     EXPECT_EQ(Row("guide").WhyNot(session_), "");
     EXPECT_THAT(progress_, ElementsAre(std::pair(1, 2)));
-    EXPECT_THAT(heard_, ElementsAre(Nothing, Changes{.View = true}));
+    EXPECT_THAT(heard_, ElementsAre(Changes{.Job = true}, Changes{.Job = true}, Changes{.View = true}));
 }
 
 TEST_F(TheSessionWithJobs, TellsAJobsFaultAtItsEnd) {
-    session_.StartJob([](const JobWatch&) -> JobEnd { throw Fault("Overflow", "too much"); });
+    session_.StartJob(JobOf([](const JobWatch&) -> JobEnd { throw Fault("Overflow", "too much"); }));
     EXPECT_THAT(prompts_.Told, IsEmpty());
 
     MakeCalls(1);
@@ -344,16 +383,69 @@ TEST_F(TheSessionWithJobs, TellsAJobsFaultAtItsEnd) {
 
 TEST_F(TheSessionWithJobs, HasNoneAfterTheRowThatCancelsIt) {
     EXPECT_EQ(Row("cancel job").WhyNot(session_), "Nothing is being worked on.");
-    session_.StartJob([&](const JobWatch& watch) -> JobEnd {
-        while (true)
-            watch.Step(0, 0);
-    });
+    session_.StartJob(JobOf(RunUntilStopped));
 
     session_.Run(*session_.Commands.Find("cancel job"));
 
     EXPECT_FALSE(session_.HasJob());
-    EXPECT_THAT(heard_, ElementsAre(Nothing));
+    EXPECT_THAT(heard_, ElementsAre(Changes{.Job = true}));
     EXPECT_THAT(prompts_.Told, IsEmpty());
+}
+
+TEST_F(TheSessionWithJobs, HasNoneAnyMoreWhenItsEndAsks) {
+    std::vector<bool> jobWhenTold;
+    const Observation observation = session_.Observe([&](const Changes& changes) {
+        if (changes.Job) jobWhenTold.push_back(session_.HasJob());
+    });
+    session_.StartJob(JobOf([&](const JobWatch&) -> JobEnd {
+        return [&] {
+            EXPECT_THAT(jobWhenTold, ElementsAre(false));
+            session_.Prompts.Ask("View now?", Buttons::YesNo);
+        };
+    }));
+    prompts_.Answers = {Answer::Yes};
+
+    MakeCalls(1);
+
+    EXPECT_THAT(prompts_.Asked, SizeIs(1));
+}
+
+TEST_F(TheSessionWithJobs, RunsThemAtOnceWhenTheWindowHasGone) {
+    session_.RunJobsBeside({}, {});
+    bool done = false;
+
+    session_.StartJob(JobOf([&](const JobWatch&) -> JobEnd { return [&] { done = true; }; }));
+
+    EXPECT_TRUE(done);
+}
+
+TEST_F(TheSessionWithJobs, AsksBeforeQuitLosesTheOneThatRuns) {
+    session_.StartJob(JobOf(RunUntilStopped));
+    prompts_.Answers = {Answer::Cancel, Answer::Ok};
+
+    EXPECT_FALSE(TryRun("quit"));
+    EXPECT_TRUE(session_.HasJob());
+    EXPECT_TRUE(TryRun("quit"));
+
+    EXPECT_FALSE(session_.HasJob());
+    ASSERT_EQ(prompts_.Asked.size(), 2U);
+    EXPECT_EQ(prompts_.Asked[1].Text, "A way is being looked for. It will be lost if you proceed.");
+    EXPECT_EQ(prompts_.Asked[1].Choices, Buttons::OkCancel);
+    EXPECT_THAT(prompts_.Told, IsEmpty());
+}
+
+TEST_F(TheSessionWithJobs, AsksOfTheUnsavedTrackOnlyWhenTheJobMayBeLost) {
+    Run("add C160");
+    session_.StartJob(JobOf(RunUntilStopped));
+    prompts_.Answers = {Answer::Cancel};
+    EXPECT_FALSE(TryRun("quit"));
+    EXPECT_THAT(prompts_.Asked, SizeIs(1));
+
+    prompts_.Answers = {Answer::Ok, Answer::Yes};
+    EXPECT_TRUE(TryRun("quit"));
+
+    EXPECT_THAT(prompts_.Asked, SizeIs(3));
+    EXPECT_TRUE(session_.Project.EditState.DataChanged) << "nothing was saved";
 }
 
 } // namespace pistaro

@@ -67,20 +67,4 @@ TEST(UnsavedTracks, AreThoseOfSoManyElementsWhileThereAreChanges) {
     EXPECT_FALSE(HasUnsavedTrack(project, 3));
 }
 
-TEST(PathParts, ArePartedBehindTheLastSeparator) {
-    EXPECT_EQ(PartedPath("/tracks/old/oval.trk")->Folder, "/tracks/old/");
-    EXPECT_EQ(PartedPath("/tracks/old/oval.trk")->Title, "oval.trk");
-    EXPECT_EQ(PartedPath("/tracks/")->Title, "");
-    EXPECT_FALSE(PartedPath("oval.trk").has_value());
-}
-
-TEST(ProjectName, IsTheFilesTitleLessFourCharactersWhateverTheyAre) {
-    EXPECT_EQ(NameFromTitle("oval.trk"), "oval");
-    EXPECT_EQ(NameFromTitle("oval.circuit"), "oval.cir");
-    EXPECT_EQ(NameFromTitle("trk"), "");
-    EXPECT_EQ(NameFromTitle(".trk"), "");
-    EXPECT_EQ(NameFromTitle("N\xC3\xBCrburg.\xC3\xA4\xC3\xB6\xC3\xBC"),
-              "N\xC3\xBCrburg"); // four characters, seven bytes
-}
-
 } // namespace pistaro

@@ -23,7 +23,7 @@ protected:
         prompts_.Told.clear();
         EXPECT_FALSE(Apply(fields));
         EXPECT_EQ(prompts_.Told.size(), 1U);
-        EXPECT_EQ(prompts_.Told.front().MessageIcon, Icon::Exclamation);
+        EXPECT_EQ(prompts_.Told.front().Icon, Icon::Exclamation);
         EXPECT_FALSE(project_.EditState.DataChanged);
         return prompts_.Told.front().Text;
     }
@@ -37,7 +37,7 @@ TEST_F(DrawArea, OpensWithTheProjectsValues) {
     project_.Design.View.Width = 150;
     project_.Design.Room = {{{10, 20, 1}}, 0.7853982F};
     project_.Preferences.Grid = {1, 25};
-    project_.Preferences.DisplayUnits = {true, "US $"};
+    project_.Preferences.Units = {true, "US $"};
 
     const DrawAreaFields fields = OpenDrawArea(project_.Design, project_.Preferences);
 
@@ -130,9 +130,9 @@ TEST_F(DrawArea, AppliesEveryFieldToTheCircuit) {
     EXPECT_EQ(view.VMov.Value, -30);
     EXPECT_EQ(project_.Preferences.Grid.Type, 1);
     EXPECT_EQ(project_.Preferences.Grid.Step, 4);
-    EXPECT_TRUE(project_.Preferences.DisplayUnits.Inches);
-    EXPECT_EQ(project_.Preferences.DisplayUnits.UnitFactor(), 2.5399957F);
-    EXPECT_EQ(project_.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_TRUE(project_.Preferences.Units.Inches);
+    EXPECT_EQ(project_.Preferences.Units.UnitFactor(), 2.5399957F);
+    EXPECT_EQ(project_.Preferences.Units.Currency, "GBP");
     EXPECT_THAT(project_.Design.Room.Points, ElementsAre(RoomPoint{0, 0, 0}, RoomPoint{5, 5, 1}));
     EXPECT_TRUE(project_.EditState.DataChanged);
     EXPECT_THAT(prompts_.Told, IsEmpty());
@@ -198,7 +198,7 @@ TEST_F(DrawArea, SaveWritesItsFourSectionsAndAppliesThem) {
     EXPECT_TRUE(project_.EditState.DataChanged);
 }
 
-TEST_F(DrawArea, TwoSavesLeaveTwoStrayAngleLinesBehindTheRoom) {
+TEST_F(DrawArea, TwoSavesLeaveTwoStrayAngleLinesAfterTheRoom) {
     fields_.Room = OpenRoomPoints({{1, 2, 1}});
     fields_.RoomAngle = "45";
     Save(fields_);

@@ -104,7 +104,7 @@ TEST(MouseSelection, OffersTheSystemOfTheElementBefore) {
     EXPECT_EQ(SystemAfterClick("unknown C160", Ninco, 21.5F), Ninco);
 }
 
-TEST(MouseSelection, BehindAnAdapterOffersTheSystemItLeadsTo) {
+TEST(MouseSelection, AfterAnAdapterOffersTheSystemItLeadsTo) {
     EXPECT_EQ(SystemAfterClick("N10102 N10110 C160", Ninco, 81.5F), Scalextric);
     EXPECT_EQ(SystemAfterClick("C160 N10110 N10102", Scalextric, 79), Ninco);
     EXPECT_EQ(SystemAfterClick("N10110 N10102", Scalextric, 44), Ninco);

@@ -50,9 +50,8 @@ TEST_F(OwnedTrack, HasABoxForEachOfTheTwentyEightProducts) {
     for (const StockBox& box : boxes_)
         tags.insert(box.Tag);
     std::set<std::string> products;
-    for (int row = 0; row < Pieces().Count(); ++row) {
-        if (Pieces().IsHeadRow(row)) products.emplace(ProductCode(Pieces()[row].Code));
-    }
+    for (const int row : Pieces().HeadRows())
+        products.emplace(ProductCode(Pieces()[row].Code));
     EXPECT_EQ(tags.size(), 28U);
     EXPECT_EQ(tags, products);
 }
@@ -128,7 +127,7 @@ TEST_F(OwnedTrack, WritesALargePriceAsTheShortestTextOfADouble) {
     EXPECT_THAT(OnDisk(), HasSubstr(SavedProductLines("[Best Prices]", {"C151=12345678.5", "C160=1E+15"})));
 }
 
-TEST_F(OwnedTrack, KeepsThePricesBehindAnIncompleteSectionOfOwnedTrack) {
+TEST_F(OwnedTrack, KeepsThePricesAfterAnIncompleteSectionOfOwnedTrack) {
     const std::string grid = "[Grid]\r\nType=1\r\nStep=2\r\n";
     Start("[My Loose Track]\r\nC151=1\r\nC152=2\r\n\r\n" + ProductLines("[Best Prices]") + grid);
     FillStockBoxes(Pieces(), project_.Stock, boxes_);
@@ -143,7 +142,7 @@ TEST_F(OwnedTrack, KeepsThePricesBehindAnIncompleteSectionOfOwnedTrack) {
 TEST_F(OwnedTrack, TakesNothingElseFromTheFileThatItReadsAgain) {
     project_.Design.View.MidX = 77;
     project_.Preferences.Colours.Rail = 99;
-    project_.Preferences.DisplayUnits.Currency = "GBP";
+    project_.Preferences.Units.Currency = "GBP";
     project_.Preferences.Grid.Step = 3;
     project_.Design.Room.Points = {{1, 1, 1}};
     project_.Preferences.WorkingDirectory = "/elsewhere/";
@@ -152,13 +151,13 @@ TEST_F(OwnedTrack, TakesNothingElseFromTheFileThatItReadsAgain) {
 
     EXPECT_EQ(project_.Design.View.MidX, 77);
     EXPECT_EQ(project_.Preferences.Colours.Rail, 99);
-    EXPECT_EQ(project_.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_EQ(project_.Preferences.Units.Currency, "GBP");
     EXPECT_EQ(project_.Preferences.Grid.Step, 3);
     EXPECT_EQ(project_.Design.Room.Points.size(), 1U);
     EXPECT_EQ(project_.Preferences.WorkingDirectory, "/elsewhere/");
 }
 
-TEST_F(OwnedTrack, KeepsTheTwentyNinthLineOfASectionBehindTheTwentyNineNewOnes) {
+TEST_F(OwnedTrack, KeepsTheTwentyNinthLineOfASectionAfterTheTwentyNineNewOnes) {
     Start(SavedProductLines("[My Loose Track]", {"N10111=4"}) + "[Grid]\r\nType=1\r\nStep=2\r\n");
     Type("C160", "5", "0");
 

@@ -44,7 +44,7 @@ TEST_F(TheRoomPoints, OpenEmptyForARoomWithoutPoints) {
     EXPECT_FALSE(ShowsPoint(empty));
 }
 
-TEST_F(TheRoomPoints, AreScrolledToOnePlaceBehindTheLastPoint) {
+TEST_F(TheRoomPoints, AreScrolledToOnePlaceAfterTheLastPoint) {
     ScrollToPoint(room_, 3);
     EXPECT_EQ(room_.Entry.X, "300");
     EXPECT_EQ(room_.Entry.Y, "200");
@@ -162,7 +162,7 @@ TEST_F(TheRoomPoints, KeepSixteenBitsAndNumbersOnly) {
     EXPECT_EQ(room_.Points.back(), (RoomPoint{32767, -32768, 1}));
 }
 
-TEST_F(TheRoomPoints, CloseUpBehindADeletedPointAndShowTheOneThatTookItsNumber) {
+TEST_F(TheRoomPoints, CloseUpAfterADeletedPointAndShowTheOneThatTookItsNumber) {
     ScrollToPoint(room_, 1);
 
     DeletePoint(room_);
@@ -183,7 +183,7 @@ TEST_F(TheRoomPoints, ShowEmptyFieldsWhenTheLastPointIsDeleted) {
     EXPECT_EQ(room_.Entry.X, "");
 }
 
-TEST_F(TheRoomPoints, DeleteNothingBehindTheLastPoint) {
+TEST_F(TheRoomPoints, DeleteNothingAfterTheLastPoint) {
     ScrollToPoint(room_, 4);
     DeletePoint(room_);
     EXPECT_THAT(room_.Points, ElementsAre(A, B, C));

@@ -33,7 +33,7 @@ TEST_F(DesignerStartTest, AFirstRunPutsTheInitialSettingsAndTheWorkingDirectoryI
     EXPECT_EQ(start.Project.Preferences.WorkingDirectory, (Home / "Documents" / "Pistaro").string() + "/");
     EXPECT_TRUE(std::filesystem::is_directory(Home / "Documents" / "Pistaro"));
     EXPECT_EQ(start.Project.Design.View.Width, 320);
-    EXPECT_EQ(start.Project.Preferences.DisplayUnits.Currency, "EUR");
+    EXPECT_EQ(start.Project.Preferences.Units.Currency, "EUR");
     EXPECT_EQ(start.Project.Preferences.Grid.Step, 10);
     EXPECT_TRUE(BytesOf(path).starts_with("[Working Directory]\r\n"));
 }
@@ -44,7 +44,7 @@ TEST_F(DesignerStartTest, SettingsThatStandThereAreReadAndLeftAlone) {
 
     const DesignerStart start = StartDesigner(Pieces(), Home / "corvel.ini");
 
-    EXPECT_EQ(start.Project.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_EQ(start.Project.Preferences.Units.Currency, "GBP");
     EXPECT_EQ(BytesOf(Home / "corvel.ini"), bytes);
 }
 
@@ -55,12 +55,12 @@ TEST_F(DesignerStartTest, SettingsThatCannotBeReadAreToldAndTheProgramGoesOnWith
     const DesignerStart start = StartDesigner(Pieces(), Home / "corvel.ini");
 
     ASSERT_EQ(start.Messages.size(), 1U);
-    EXPECT_EQ(start.Messages[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(start.Messages[0].Icon, Icon::Exclamation);
     EXPECT_EQ(start.Messages[0].Text, "Invalid procedure call: " + (Home / "corvel.ini").string() +
                                           ", line 2: the value line is too short\n"
                                           "Pistaro goes on with its initial settings and saves none.");
     EXPECT_TRUE(start.SettingsPath.empty());
-    EXPECT_EQ(start.Project.Preferences.DisplayUnits.Currency, "EUR");
+    EXPECT_EQ(start.Project.Preferences.Units.Currency, "EUR");
     EXPECT_EQ(BytesOf(Home / "corvel.ini"), bytes);
 }
 

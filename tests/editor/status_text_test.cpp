@@ -31,10 +31,10 @@ CatalogueEntry Turn(double degrees) {
                   .LaneInset = 3.8});
 }
 
-/// What the line says behind the count of a track of these pieces.
+/// What the line says after the count of a track of these pieces.
 std::string GapOfPieces(std::vector<CatalogueEntry> pieces, bool inches = false) {
     Project project;
-    project.Preferences.DisplayUnits.Inches = inches;
+    project.Preferences.Units.Inches = inches;
     for (std::size_t row = 0; row < pieces.size(); ++row) {
         pieces[row].Code += std::to_string(row);
         project.Design.Circuit.Tracks[0].ElementCodes.push_back(pieces[row].Code);
@@ -65,7 +65,7 @@ TEST(StatusText, TellsThatATrackIsClosed) {
 
 TEST(StatusText, TellsTheGapInDisplayUnits) {
     Project project = ProjectOf("C160");
-    project.Preferences.DisplayUnits.Inches = true;
+    project.Preferences.Units.Inches = true;
     EXPECT_EQ(StatusText(Pieces(), project), "Track 1 · 1 piece · gap 13.78 in");
 }
 

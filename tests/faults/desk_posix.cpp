@@ -39,7 +39,7 @@ void Desk::Lay() {
 std::vector<std::string> Desk::Faults() const {
     std::vector<std::string> texts;
     for (const Message& message : prompts_.Told) {
-        if (message.MessageIcon == Icon::Exclamation) texts.push_back(message.Text);
+        if (message.Icon == Icon::Exclamation) texts.push_back(message.Text);
     }
     return texts;
 }

@@ -55,7 +55,7 @@ TEST_F(KeptDrawings, AfterAnyChangeLookAsIfDrawnAnew) {
         [](Shown& shown) { shown.Design.Design.View.Width = 450; },
         [](Shown& shown) { shown.Design.Preferences.Grid.Step = 25; },
         [](Shown& shown) { shown.Design.Preferences.Grid.Type = 1; },
-        [](Shown& shown) { shown.Design.Preferences.DisplayUnits.Inches = true; },
+        [](Shown& shown) { shown.Design.Preferences.Units.Inches = true; },
         [](Shown& shown) { shown.Design.Preferences.Colours.Background = Rgb(0, 0, 90); },
         [](Shown& shown) { shown.Design.Preferences.Colours.Rail = Rgb(200, 0, 90); },
         [](Shown& shown) { shown.Backdrop = Plain(qRgb(250, 240, 10)); },

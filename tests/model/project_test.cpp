@@ -1,6 +1,7 @@
-// Starting up and starting anew.
+// Starting up and starting anew, and the names that a file gives.
 #include "model/project.h"
 
+#include "model/working_directory.h"
 #include "platform/fault.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +30,7 @@ TEST(StartUp, ShowsThreeEmptyTracksNothingSelectedAndAnAreaOf320) {
     EXPECT_FALSE(project.EditState.DataChanged);
     EXPECT_EQ(Caption(project.EditState), "Pistaro - new project");
     ExpectDefaultView(project.Design.View);
-    EXPECT_EQ(AreaLabel(project.Design.View.Width, project.Preferences.DisplayUnits), "Area: 320 x 320 cm");
+    EXPECT_EQ(AreaLabel(project.Design.View.Width, project.Preferences.Units), "Area: 320 x 320 cm");
 }
 
 TEST(StartUp, PutsTheThreeStartsSideBySide) {
@@ -53,7 +54,7 @@ TEST(StartUp, TakesViewRoomGridUnitsColoursAndStockFromTheSettings) {
     settings.Zoom = 200;
     settings.Preferences.MWid = 100;
     settings.Preferences.Grid = {1, 25};
-    settings.Preferences.DisplayUnits = {true, "GBP"};
+    settings.Preferences.Units = {true, "GBP"};
     settings.Room = {{{-10, -10, 0}, {10, -10, 1}}, 0.5F};
     settings.Preferences.Colours.Rail = 77;
     settings.Stock.Of(0) = {4, 2.5F};
@@ -73,7 +74,7 @@ TEST(StartUp, TakesViewRoomGridUnitsColoursAndStockFromTheSettings) {
     EXPECT_EQ(project.Design.View.VMov.Value, -20);
     EXPECT_EQ(project.Preferences.WorkingDirectory, "/home/me/");
     EXPECT_EQ(project.Preferences.Grid.Step, 25);
-    EXPECT_STREQ(project.Preferences.DisplayUnits.Name(), "in");
+    EXPECT_STREQ(project.Preferences.Units.Name(), "in");
     EXPECT_EQ(project.Design.Room.Points.size(), 2U);
     EXPECT_EQ(project.Preferences.Colours.Rail, 77);
     EXPECT_EQ(project.Stock[0].OwnedCount, 4);
@@ -227,6 +228,23 @@ TEST(ColourScheme, HasSixSlotsInTheOrderOfTheSettingsFile) {
     EXPECT_EQ(keys, "Background=Inactive=Rail=NonOwned=Owned=Active=");
     EXPECT_EQ(RoomColour, 128) << "dark red";
     EXPECT_EQ(GridColour, 0x404040) << "dark grey";
+}
+
+TEST(PathParts, ArePartedAfterTheLastSeparator) {
+    EXPECT_EQ(PartedPath("/tracks/old/oval.trk").Folder, "/tracks/old/");
+    EXPECT_EQ(PartedPath("/tracks/old/oval.trk").Title, "oval.trk");
+    EXPECT_EQ(PartedPath("/tracks/").Title, "");
+    EXPECT_EQ(PartedPath("oval.trk").Folder, "");
+    EXPECT_EQ(PartedPath("oval.trk").Title, "oval.trk");
+}
+
+TEST(ProjectName, IsTheFilesTitleLessFourCharactersWhateverTheyAre) {
+    EXPECT_EQ(NameFromTitle("oval.trk"), "oval");
+    EXPECT_EQ(NameFromTitle("oval.circuit"), "oval.cir");
+    EXPECT_EQ(NameFromTitle("trk"), "");
+    EXPECT_EQ(NameFromTitle(".trk"), "");
+    EXPECT_EQ(NameFromTitle("N\xC3\xBCrburg.\xC3\xA4\xC3\xB6\xC3\xBC"),
+              "N\xC3\xBCrburg"); // four characters, seven bytes
 }
 
 } // namespace

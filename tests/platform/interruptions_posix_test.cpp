@@ -75,7 +75,7 @@ TEST_F(Interruption, MayComeOftenerThanOnce) {
     EXPECT_TRUE(ComesToStop(interruptions.Stop()));
 }
 
-TEST_F(Interruption, ComesToTheFormerHandlersAgainBehindTheWork) {
+TEST_F(Interruption, ComesToTheFormerHandlersAgainAfterTheWork) {
     {
         const Interruptions interruptions;
         EXPECT_NE(HandlerOf(SIGINT), Take);

@@ -20,7 +20,7 @@ TEST(ViewerCommand, WithoutQuotesOrPlaceOfThePageItStaysAsItIs) {
     EXPECT_EQ(ProgramOfCommand(""), "");
 }
 
-TEST(ViewerCommand, ADashOptionBehindThePathIsLostAtTheDash) {
+TEST(ViewerCommand, ADashOptionAfterThePathIsLostAtTheDash) {
     EXPECT_EQ(CutAtDash(ProgramOfCommand("\"C:\\Web\\view.exe\" -nohome \"%1\"")), "C:\\Web\\view.exe");
 }
 

@@ -34,7 +34,7 @@ TEST(Viewer, AQuotedPathThenThePlaceOfThePageBecomesTheBarePath) {
     EXPECT_EQ(ViewerOf("\"C:\\Web Pages\\view.exe\" \"%1\""), "C:\\Web Pages\\view.exe");
 }
 
-TEST(Viewer, ADashOptionBehindThePathIsLost) {
+TEST(Viewer, ADashOptionAfterThePathIsLost) {
     EXPECT_EQ(WithoutSwitches(ViewerOf("\"C:\\Web\\view.exe\" --single-argument %1")), "C:\\Web\\view.exe");
     EXPECT_EQ(WithoutSwitches(ViewerOf("C:\\Web\\view.exe -nohome")), "C:\\Web\\view.exe");
 }

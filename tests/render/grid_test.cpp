@@ -70,7 +70,7 @@ TEST(Grid, DotsKeepTheirSizeOnTheScreen) {
 TEST(Grid, StepsAreInDisplayUnits) {
     Project project = PlainProject();
     project.Preferences.Grid = {1, 10};
-    project.Preferences.DisplayUnits.Inches = true;
+    project.Preferences.Units.Inches = true;
     SetView(project, 0, 0, 20);
 
     EXPECT_EQ(GridOf(project).front(), "line -50.8,25.4 -50.8,-50.8 grid");
@@ -157,7 +157,7 @@ TEST(FineGrid, OfDotsLiesOnTheCrossingsOfItsThinnedStepAndKeepsTheirSize) {
 TEST(FineGrid, InInchesIsThinnedByWholeInches) {
     Project project = PlainProject();
     project.Preferences.Grid = {1, 1};
-    project.Preferences.DisplayUnits.Inches = true;
+    project.Preferences.Units.Inches = true;
     SetView(project, 0, 0, 700);
 
     EXPECT_EQ(GridOf(project)[1].substr(0, 14), "line -355.599,") << "140 inches, after 145";

@@ -113,7 +113,7 @@ TEST(Redraw, TellsTheChicaneWhatStandsBeforeItInItsOwnTrack) {
     EXPECT_EQ(lines[12], "line 6.5,35 3.8,70 rail") << "second of track 3";
 }
 
-TEST(Numbers, AreDrawnBehindEachPieceFromZero) {
+TEST(Numbers, AreDrawnAfterEachPieceFromZero) {
     Project project = PlainProject("C160 C160");
     project.EditState.ShowNumbers = true;
 
@@ -147,7 +147,7 @@ TEST(Numbers, LieFiveLeftAndFourAboveWhateverTheZoom) {
 TEST(AreaLabel, IsInDisplayUnitsAtTheBottomLeft) {
     Project project = PlainProject();
     SetView(project, 100, 50, 254);
-    project.Preferences.DisplayUnits.Inches = true;
+    project.Preferences.Units.Inches = true;
 
     const RecordingSurface surface = Redrawn(project);
 

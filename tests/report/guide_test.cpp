@@ -106,7 +106,7 @@ TEST(DrawnGuide, GoesNoFurtherWhenItIsStopped) {
     EXPECT_EQ(drawn, 3);
 }
 
-TEST(DrawnGuide, IsStoppedBehindItsLastPictureToo) {
+TEST(DrawnGuide, IsStoppedAfterItsLastPictureToo) {
     std::stop_source stop;
     GuidePictures pictures = NamedPictures();
     pictures.Circuit = [&](const Project&) {

@@ -97,11 +97,11 @@ TEST(NincoCheck, EveryChangeBetweenTheSystemsMustPassThroughTheConverter) {
     EXPECT_THAT(ChecksOf("", "", "N10110 N10102 C160"), ElementsAre(Ninco("3"))) << "out of Ninco";
 }
 
-TEST(NincoCheck, ANincoFirstElementBehindAScalextricLastOneIsFoundThroughTheWrapAround) {
+TEST(NincoCheck, ANincoFirstElementAfterAScalextricLastOneIsFoundThroughTheWrapAround) {
     EXPECT_THAT(ChecksOf("", "N10102 N10110 C160"), ElementsAre(Ninco("2")));
 }
 
-TEST(NincoCheck, AScalextricFirstElementBehindANincoLastOneIsFoundThroughTheWrapAround) {
+TEST(NincoCheck, AScalextricFirstElementAfterANincoLastOneIsFoundThroughTheWrapAround) {
     EXPECT_THAT(ChecksOf("C160 N10110 N10102"), ElementsAre(Ninco("1")));
 }
 

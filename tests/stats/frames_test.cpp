@@ -12,7 +12,7 @@ namespace pistaro {
 namespace {
 
 auto FramesOf(const Project& project, const Catalogue& catalogue = Pieces()) {
-    return StatisticsFrames(catalogue, project.Stock, project.Design.Circuit, project.Preferences.DisplayUnits);
+    return StatisticsFrames(catalogue, project.Stock, project.Design.Circuit, project.Preferences.Units);
 }
 
 /// "left right price elements"
@@ -56,7 +56,7 @@ TEST(StatisticsFrames, TheCircuitsLengthIsCutOnceNotTrackByTrack) {
 
 TEST(StatisticsFrames, InInchesALengthOf254CmShows100) {
     Project project = ProjectOf("C8006 C8006 N10102 N10102 N10102 N10102 N10103"); // 74 + 160 + 20
-    project.Preferences.DisplayUnits.Inches = true;
+    project.Preferences.Units.Inches = true;
 
     EXPECT_EQ(FramesOf(project)[0].Left, "100");
 }

@@ -87,7 +87,7 @@ TEST(MeasureTrack, AddsTheLanesOfEachPiece) {
     EXPECT_NEAR(sum.RightLength, 80.553, 0.001); // 26.311 + 35 + 19.242
 }
 
-TEST(MeasureTrack, BehindAChangeOverLeftAndRightAreCrossed) {
+TEST(MeasureTrack, AfterAChangeOverLeftAndRightAreCrossed) {
     const Measurement sum = MeasureChain("C151L C8006 C151R");
 
     EXPECT_NEAR(sum.LeftLength, 77.212, 0.001);  // 20.106 + 37 + 20.106

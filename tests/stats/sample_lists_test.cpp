@@ -47,7 +47,7 @@ TEST(SampleLists, AreTheListsOfTheSamplesPieces) {
         const Project project = PricedSample(name);
 
         const Detail all = ShowDetail(Pieces(), project.Stock, project.Design.Circuit, AllTracks, true);
-        const std::string list = ShoppingListBytes(Pieces(), project.Stock, project.Preferences.DisplayUnits, all);
+        const std::string list = ShoppingListBytes(Pieces(), project.Stock, project.Preferences.Units, all);
 
         EXPECT_EQ(list, BytesOf(Lists / (name + ".txt"))) << name;
     }

@@ -31,7 +31,7 @@ Detail AllPieces(const Project& project) {
 }
 
 std::string ListOf(const Project& project, const Detail& detail, const Catalogue& catalogue = Pieces()) {
-    return ShoppingListBytes(catalogue, project.Stock, project.Preferences.DisplayUnits, detail);
+    return ShoppingListBytes(catalogue, project.Stock, project.Preferences.Units, detail);
 }
 
 std::string ListOf(const Project& project) { return ListOf(project, AllPieces(project)); }
@@ -118,11 +118,11 @@ TEST(ShoppingList, ListsWhatTheDetailShowsAndNothingElse) {
 TEST(ShoppingList, TheCurrencyIsWrittenInTheFilesCodePage) {
     Project project = ProjectOf("");
 
-    project.Preferences.DisplayUnits.Currency = "\u20AC";
+    project.Preferences.Units.Currency = "\u20AC";
     EXPECT_THAT(ListOf(project), EndsWith("0\x80\r\n"));
-    project.Preferences.DisplayUnits.Currency = "\u20BD";
+    project.Preferences.Units.Currency = "\u20BD";
     EXPECT_THAT(ListOf(project), EndsWith("0?\r\n")) << "the code page lacks the rouble";
-    project.Preferences.DisplayUnits.Currency = "";
+    project.Preferences.Units.Currency = "";
     EXPECT_THAT(ListOf(project), EndsWith(" 0\r\n"));
 }
 

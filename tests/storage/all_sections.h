@@ -15,7 +15,7 @@ inline std::vector<Section> AllSections(const Settings& settings) {
     }
     return {WorkingDirectoryOf(settings.Preferences.WorkingDirectory),
             ViewOf(settings.MidX, settings.MidY, settings.Zoom, settings.Preferences.MWid),
-            UnitsOf(settings.Preferences.DisplayUnits),
+            UnitsOf(settings.Preferences.Units),
             GridOf(settings.Preferences.Grid),
             RoomOf(settings.Room),
             LooseTrackOf(Pieces(), owned),

@@ -174,7 +174,7 @@ TEST(ParseCircuit, ARoomLineTooShortForAFieldYieldsZeroForIt) {
 TEST(ParseCircuit, RoomFieldsEndWhereTheirColumnsEnd) {
     EXPECT_EQ(ParseCircuit(FullFileWith(10, "       1.5       2.5    19999"), "x.trk").Room.Points[0],
               (RoomPoint{2, 2, 1}))
-        << "rounded to even; characters behind the 25th are no part of the line";
+        << "rounded to even; characters after the 25th are no part of the line";
 }
 
 TEST(ParseCircuit, TheRoomPointCountIsRounded) {

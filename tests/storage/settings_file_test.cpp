@@ -53,20 +53,20 @@ TEST(Settings, OfTheWorkingDirectoryAreTheWholeLine) {
 }
 
 TEST(Settings, OfTheUnitsNeedNotHaveTheirKey) {
-    EXPECT_TRUE(Parsed("[Units]\r\nCurr=1\r\nCurr=EUR\r\n").Preferences.DisplayUnits.Inches);
-    EXPECT_TRUE(Parsed("[Units]\r\nType=1\r\nCurr=EUR\r\n").Preferences.DisplayUnits.Inches);
-    EXPECT_FALSE(Parsed("[Units]\r\nType=0\r\nCurr=EUR\r\n").Preferences.DisplayUnits.Inches);
+    EXPECT_TRUE(Parsed("[Units]\r\nCurr=1\r\nCurr=EUR\r\n").Preferences.Units.Inches);
+    EXPECT_TRUE(Parsed("[Units]\r\nType=1\r\nCurr=EUR\r\n").Preferences.Units.Inches);
+    EXPECT_FALSE(Parsed("[Units]\r\nType=0\r\nCurr=EUR\r\n").Preferences.Units.Inches);
 }
 
 TEST(Settings, AnyUnitIndexButZeroIsInches) {
-    EXPECT_TRUE(Parsed("[Units]\r\nType=2\r\nCurr=\r\n").Preferences.DisplayUnits.Inches);
-    EXPECT_TRUE(Parsed("[Units]\r\nType=-1\r\nCurr=\r\n").Preferences.DisplayUnits.Inches);
-    EXPECT_FALSE(Parsed("[Units]\r\nType=.5\r\nCurr=\r\n").Preferences.DisplayUnits.Inches) << "rounds to even";
+    EXPECT_TRUE(Parsed("[Units]\r\nType=2\r\nCurr=\r\n").Preferences.Units.Inches);
+    EXPECT_TRUE(Parsed("[Units]\r\nType=-1\r\nCurr=\r\n").Preferences.Units.Inches);
+    EXPECT_FALSE(Parsed("[Units]\r\nType=.5\r\nCurr=\r\n").Preferences.Units.Inches) << "rounds to even";
 }
 
 TEST(Settings, TheCurrencyIsTheRestOfItsLine) {
-    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\x80 or \xA3\r\n").Preferences.DisplayUnits.Currency, "€ or £");
-    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\r\n").Preferences.DisplayUnits.Currency, "");
+    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\x80 or \xA3\r\n").Preferences.Units.Currency, "€ or £");
+    EXPECT_EQ(Parsed("[Units]\r\nType=0\r\nCurr=\r\n").Preferences.Units.Currency, "");
 }
 
 TEST(Settings, OfTheGridAreWholeNumbers) {
@@ -179,8 +179,8 @@ TEST(Settings, OfAnEmptyFileAreZeroWithTheDefaultView) {
     EXPECT_EQ(settings.MidX, 0);
     EXPECT_EQ(settings.Zoom, 320);
     EXPECT_EQ(settings.Preferences.MWid, 160);
-    EXPECT_FALSE(settings.Preferences.DisplayUnits.Inches);
-    EXPECT_EQ(settings.Preferences.DisplayUnits.Currency, "");
+    EXPECT_FALSE(settings.Preferences.Units.Inches);
+    EXPECT_EQ(settings.Preferences.Units.Currency, "");
     EXPECT_EQ(settings.Preferences.Grid.Type, 0);
     EXPECT_EQ(settings.Preferences.Grid.Step, 0);
     EXPECT_TRUE(settings.Room.Points.empty());
@@ -195,7 +195,7 @@ TEST(Settings, SectionsStandInAnyOrderAmongAnyOtherLines) {
                                      "MWid=4");
 
     EXPECT_EQ(settings.Preferences.Grid.Step, 5);
-    EXPECT_EQ(settings.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_EQ(settings.Preferences.Units.Currency, "GBP");
     EXPECT_EQ(settings.MidX, 1);
     EXPECT_EQ(settings.Preferences.MWid, 4) << "the last line without an end";
 }
@@ -310,8 +310,8 @@ TEST(InitialSettings, AreThoseOfAFirstRun) {
     EXPECT_EQ(settings.MidY, 0);
     EXPECT_EQ(settings.Zoom, 320);
     EXPECT_EQ(settings.Preferences.MWid, 160);
-    EXPECT_STREQ(settings.Preferences.DisplayUnits.Name(), "cm");
-    EXPECT_EQ(settings.Preferences.DisplayUnits.Currency, "EUR");
+    EXPECT_STREQ(settings.Preferences.Units.Name(), "cm");
+    EXPECT_EQ(settings.Preferences.Units.Currency, "EUR");
     EXPECT_EQ(settings.Preferences.Grid.Type, 2);
     EXPECT_EQ(settings.Preferences.Grid.Step, 10);
     EXPECT_TRUE(settings.Room.Points.empty());

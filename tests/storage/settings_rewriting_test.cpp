@@ -105,7 +105,7 @@ Settings OtherSettings() {
     settings.MidX = 3;
     settings.Zoom = 77;
     settings.Preferences.MWid = 80;
-    settings.Preferences.DisplayUnits = {true, "DM"};
+    settings.Preferences.Units = {true, "DM"};
     settings.Preferences.Grid = {2, 9};
     settings.Room = {{{-100, 0, 0}, {100, 0, 1}, {0, 9, 1}}, 0.5F};
     settings.Preferences.Colours = {11, 12, 13, 14, 15, 16};

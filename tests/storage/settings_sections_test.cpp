@@ -68,7 +68,7 @@ const std::string CornerLines = " 2 \r\n"
                                 "       100         0    1\r\n"
                                 ".5\r\n";
 
-TEST(ReplaceSections, LeavesTheRoomsOldAngleBehindTheNewOne) {
+TEST(ReplaceSections, LeavesTheRoomsOldAngleAfterTheNewOne) {
     EXPECT_EQ(Replaced("[Room]\r\n 1 \r\n         5         5    1\r\n.25\r\nnext\r\n", {RoomOf(Corner)}),
               "[Room]\r\n" + CornerLines + ".25\r\nnext\r\n");
 }
@@ -90,11 +90,11 @@ TEST(ReplaceSections, Drops28ProductLinesAndWrites29) {
     owned[38] = 1;
 
     const std::string replaced =
-        Replaced("[My Loose Track]\r\n" + Lines(28, "old=1") + "behind\r\n", {LooseTrackOf(Pieces(), owned)});
+        Replaced("[My Loose Track]\r\n" + Lines(28, "old=1") + "after\r\n", {LooseTrackOf(Pieces(), owned)});
 
     EXPECT_EQ(CountOf(replaced, "\r\n"), 1 + 29 + 1);
     EXPECT_TRUE(replaced.starts_with("[My Loose Track]\r\nC151=4\r\nC152=0\r\n"));
-    EXPECT_TRUE(replaced.ends_with("C367=0\r\nC8010=2\r\nC8010=3\r\nN10111=1\r\nbehind\r\n"));
+    EXPECT_TRUE(replaced.ends_with("C367=0\r\nC8010=2\r\nC8010=3\r\nN10111=1\r\nafter\r\n"));
 }
 
 TEST(ReplaceSections, LeavesAProductLineOverWhenItWroteTheSectionBefore) {
@@ -127,7 +127,7 @@ TEST(ReplaceSections, LeavesAHeaderAloneThatIsReadAsAnotherSectionsValue) {
               bytes + "[Grid]\r\nType=2\r\nStep=10\r\n");
 }
 
-TEST(ReplaceSections, DropsNoSectionBehindAnIncompleteOne) {
+TEST(ReplaceSections, DropsNoSectionAfterAnIncompleteOne) {
     const std::string prices = "[Best Prices]\r\n" + Lines(28, "C151=2.5");
 
     const std::string replaced = Replaced("[My Loose Track]\r\n" + Lines(9, "C160=1") + "\r\n" + prices,
@@ -174,7 +174,7 @@ TEST(ReplaceSections, EverySectionReadsBackAsWritten) {
     settings.Preferences.WorkingDirectory = "/srv/tracks/";
     settings.MidX = 7.25F;
     settings.Zoom = 123.5;
-    settings.Preferences.DisplayUnits = {true, "£"};
+    settings.Preferences.Units = {true, "£"};
     settings.Preferences.Grid = {1, 5};
     settings.Room = Corner;
     settings.Preferences.Colours.Active = 77;
@@ -186,8 +186,8 @@ TEST(ReplaceSections, EverySectionReadsBackAsWritten) {
     EXPECT_EQ(read.Preferences.WorkingDirectory, "/srv/tracks/");
     EXPECT_EQ(read.MidX, 7.25F);
     EXPECT_EQ(read.Zoom, 123.5);
-    EXPECT_TRUE(read.Preferences.DisplayUnits.Inches);
-    EXPECT_EQ(read.Preferences.DisplayUnits.Currency, "£");
+    EXPECT_TRUE(read.Preferences.Units.Inches);
+    EXPECT_EQ(read.Preferences.Units.Currency, "£");
     EXPECT_EQ(read.Preferences.Grid.Step, 5);
     EXPECT_EQ(read.Room.Points, Corner.Points);
     EXPECT_EQ(read.Room.Angle, 0.5F);
@@ -214,7 +214,7 @@ TEST(RewriteSettings, ReplacesTheFileOnDiskOrLeavesItAsItWas) {
 TEST(RewriteSettings, RefusesToLeaveAFileThatCouldNotBeReadAgain) {
     const TemporaryFolder folder;
     const auto file = folder / "corvel.ini";
-    const std::string headerAsAngle = "[Room]\r\n0\r\n[Colors]\r\n"; // a header of nothing behind the new angle
+    const std::string headerAsAngle = "[Room]\r\n0\r\n[Colors]\r\n"; // a header of nothing after the new angle
     WriteBytes(file, headerAsAngle);
     ASSERT_NO_THROW(ReadSettings(Pieces(), file));
 

@@ -30,7 +30,7 @@ void Press(Project& project, const std::string& id, Prompts& prompts, const std:
     const std::string whyNot = Row(session, id).WhyNot(session);
     if (!whyNot.empty()) throw std::logic_error(id + " is not offered: " + whyNot);
     // What the command leaves stays, be it a fault's.
-    session.Observe([&](const Changes&) { project = session.Project; });
+    const Observation observation = session.Observe([&](const Changes&) { project = session.Project; });
     session.Run(Row(session, id));
 }
 

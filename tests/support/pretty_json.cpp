@@ -8,21 +8,21 @@ namespace {
 constexpr std::size_t Width = 100;
 constexpr std::size_t Step = 2;
 
-/// Behind the string that opens at `at`, or the text's end.
-std::size_t BehindString(std::string_view text, std::size_t at) {
+/// After the string that opens at `at`, or the text's end.
+std::size_t AfterString(std::string_view text, std::size_t at) {
     for (++at; at < text.size() && text[at] != '"'; ++at) {
         if (text[at] == '\\') ++at;
     }
     return at < text.size() ? at + 1 : text.size();
 }
 
-/// Behind the object or list that opens at `at`, or the text's end.
-std::size_t BehindBracket(std::string_view text, std::size_t at) {
+/// After the object or list that opens at `at`, or the text's end.
+std::size_t AfterBracket(std::string_view text, std::size_t at) {
     std::size_t depth = 0;
     while (at < text.size()) {
         const char c = text[at];
         if (c == '"') {
-            at = BehindString(text, at);
+            at = AfterString(text, at);
             continue;
         }
         ++at;
@@ -35,7 +35,7 @@ std::size_t BehindBracket(std::string_view text, std::size_t at) {
 bool HoldsSpaceOutsideStrings(std::string_view line) {
     for (std::size_t at = 0; at < line.size();) {
         if (line[at] == ' ' || line[at] == '\t' || line[at] == '\r') return true;
-        at = line[at] == '"' ? BehindString(line, at) : at + 1;
+        at = line[at] == '"' ? AfterString(line, at) : at + 1;
     }
     return false;
 }
@@ -48,19 +48,19 @@ std::string PrettyDocument(std::string_view line) {
     for (std::size_t at = 0; at < line.size();) {
         const char c = line[at];
         const bool opens = c == '{' || c == '[';
-        std::size_t behind = at + 1;
-        if (c == '"') behind = BehindString(line, at);
-        if (opens && indent + BehindBracket(line, at) - at <= Width) behind = BehindBracket(line, at);
-        const bool spread = opens && behind == at + 1;
+        std::size_t after = at + 1;
+        if (c == '"') after = AfterString(line, at);
+        if (opens && indent + AfterBracket(line, at) - at <= Width) after = AfterBracket(line, at);
+        const bool spread = opens && after == at + 1;
         if ((c == '}' || c == ']') && indent >= Step) {
             indent -= Step;
             breakLine();
         }
-        pretty += line.substr(at, behind - at);
+        pretty += line.substr(at, after - at);
         if (spread) indent += Step;
         if (spread || c == ',') breakLine();
         if (c == ':') pretty += ' ';
-        at = behind;
+        at = after;
     }
     return pretty;
 }

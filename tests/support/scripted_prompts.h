@@ -4,6 +4,7 @@
 #include "model/prompts.h"
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,8 @@ public:
     std::deque<Answer> Answers; ///< given in this order
     std::deque<std::optional<std::filesystem::path>> Files;
 
+    std::function<void()> WhenAsked = [] {};
+
     std::vector<Message> Told;
     std::vector<Question> Asked;
     std::vector<FileChoice> Dialogs;
@@ -27,6 +30,7 @@ public:
 
     Answer Ask(const std::string& question, Buttons buttons) override {
         Asked.push_back({question, buttons});
+        WhenAsked();
         return Next(Answers, "no answer was scripted for: " + question);
     }
 

@@ -199,7 +199,7 @@ TEST_F(Building, TheSystemEntrySwitchesFramesAndItsOwnCaption) {
     EXPECT_EQ(Entry("mnuScalextricNinco").text(), "Use Ninco Track");
 }
 
-TEST_F(Building, AConversionPieceSwitchesTheSystemBehindNincoTrackOnly) {
+TEST_F(Building, AConversionPieceSwitchesTheSystemAfterNincoTrackOnly) {
     Open();
     Choose("mnuScalextricNinco");
 
@@ -209,11 +209,11 @@ TEST_F(Building, AConversionPieceSwitchesTheSystemBehindNincoTrackOnly) {
     Click("optTrack", "2");
     Project.Design.Circuit.Tracks[1] = Chain("C160");
     Click("cmdElement", "N10110");
-    EXPECT_TRUE(Find<QGroupBox>("fraNincoStraights").isVisible()) << "behind a Scalextric piece";
+    EXPECT_TRUE(Find<QGroupBox>("fraNincoStraights").isVisible()) << "after a Scalextric piece";
 
     Click("cmdElement", "N10102");
     Click("cmdElement", "N10110");
-    EXPECT_FALSE(Find<QGroupBox>("fraNincoStraights").isVisible()) << "behind a Ninco piece";
+    EXPECT_FALSE(Find<QGroupBox>("fraNincoStraights").isVisible()) << "after a Ninco piece";
     EXPECT_TRUE(Find<QGroupBox>("fraStraights").isVisible());
     EXPECT_EQ(Piece("N10110").text(), "10110");
 }
@@ -257,7 +257,7 @@ TEST_F(Building, A502ndPieceIsRefusedWithABoxAndNothingChanges) {
     Click("cmdElement", "C160");
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(Prompts.Told[0].Icon, Icon::Exclamation);
     EXPECT_EQ(Prompts.Told[0].Text, "Subscript out of range: a track holds at most 501 elements");
     EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 501U);
     EXPECT_EQ(Piece("C160").text(), "C160");

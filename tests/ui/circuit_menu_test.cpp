@@ -71,7 +71,7 @@ TEST_F(CircuitMenu, ADamagedFileIsToldAndTheCircuitStays) {
     Choose("mnuCircuitLoad");
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(Prompts.Told[0].Icon, Icon::Exclamation);
     EXPECT_TRUE(Prompts.Told[0].Text.starts_with("Input past end of file: ")) << Prompts.Told[0].Text;
     EXPECT_NE(Prompts.Told[0].Text.find("short.trk"), std::string::npos);
     EXPECT_EQ(Codes(), "C160");

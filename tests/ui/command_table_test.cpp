@@ -88,7 +88,8 @@ protected:
         Session->Do([] {}); // the window hears of it
         Prepare(*Session, command);
         if (command.Id == "background clear") Session->Do([&] { Session->Background = Floor(); });
-        if (command.Id == "cancel job") Session->Do([&] { Session->StartJob(WaitToBeStopped); });
+        if (command.Id == "cancel job")
+            Session->Do([&] { Session->StartJob({"Waiting", "Something is waited for.", WaitToBeStopped}); });
     }
 
     /// What recovered work is looked at in.
@@ -196,7 +197,7 @@ private:
         NoWindows windows;
         session.Windows = &windows;
         const auto notified = std::make_shared<bool>(false); // the session may outlive this call
-        session.Observe([notified](const Changes&) { *notified = true; });
+        const Observation observation = session.Observe([notified](const Changes&) { *notified = true; });
         const FakeViewer viewer;
         user.Answers.assign(2, Answer::Yes);
         user.Files.assign(2, std::nullopt);
@@ -295,6 +296,7 @@ TEST_F(TableAndWindow, EachKeyRunsItsRow) {
 TEST_F(TableAndWindow, TheButtonBesideAJobsBarEndsTheJob) {
     OpenSuitedTo(*Table.Find("cancel job"));
     EXPECT_TRUE(Session->HasJob());
+    EXPECT_TRUE(Button("cmdCancelJob").isVisible());
 
     Click("cmdCancelJob");
 

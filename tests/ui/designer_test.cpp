@@ -41,8 +41,8 @@ protected:
     }
 
     void Begin(bool noSplash) {
-        const DesignerFiles files{.SettingsFile = "", .Circuit = folder_ / "oval.trk", .NoSplash = noSplash};
-        BeginDesigning(window_, session_, {{Icon::Exclamation, "first"}, {Icon::Exclamation, "second"}}, files);
+        const DesignerOptions options{folder_ / "oval.trk", std::nullopt, noSplash};
+        BeginDesigning(window_, session_, {{Icon::Exclamation, "first"}, {Icon::Exclamation, "second"}}, options);
     }
 
     std::string Codes() const { return CodesOf(session_.Project.Design.Circuit.Tracks[0]); }

@@ -231,7 +231,7 @@ TEST_F(Editing, AClickOnATrackOfOneElementSelectsItAndKeepsTheSystem) {
     EXPECT_EQ(Entry("mnuScalextricNinco").text(), "Use Ninco Track");
 }
 
-TEST_F(Editing, AClickBehindNincoTrackOffersNinco) {
+TEST_F(Editing, AClickAfterNincoTrackOffersNinco) {
     Open(ProjectOf("N10102 N10102"));
 
     ClickDrawing(5, 62);
@@ -248,7 +248,7 @@ TEST_F(Editing, AClickOnATrackOf202ElementsIsToldAndChangesNothing) {
     ClickDrawing(0, 0);
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(Prompts.Told[0].Icon, Icon::Exclamation);
     EXPECT_TRUE(Prompts.Told[0].Text.starts_with("Subscript out of range: "));
     EXPECT_EQ(Project.EditState.CurrentElement[0], -1);
 }

@@ -206,7 +206,7 @@ TEST_F(FrmColors, TellsOfAFolderInPlaceOfTheFileAndStaysOpen) {
     OpenWithSettingsAt(folder_.Path());
     Press("cmdSave");
     ASSERT_EQ(prompts_.Told.size(), 1U);
-    EXPECT_EQ(prompts_.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(prompts_.Told[0].Icon, Icon::Exclamation);
     EXPECT_EQ(prompts_.Told[0].Text, "Path/File access error: " + folder_.Path().string() + ": is a folder");
     EXPECT_TRUE(IsOpen());
 }

@@ -34,7 +34,7 @@ TEST_F(FrmDrawArea, OpensWithTheProjectsValues) {
     project_.Design.View.HMov = {-60, 140, 7};
     project_.Design.Room = {{{10, 20, 1}}, 0.7853982F};
     project_.Preferences.Grid = {1, 25};
-    project_.Preferences.DisplayUnits = {true, "GBP"};
+    project_.Preferences.Units = {true, "GBP"};
     Open();
 
     EXPECT_EQ(Text("txtCentreX"), "40");
@@ -91,8 +91,8 @@ TEST_F(FrmDrawArea, ApplyTakesEveryFieldAndCloses) {
     EXPECT_EQ(Text("txtRoomAngle"), "45");
     EXPECT_EQ(project_.Preferences.Grid.Type, 1);
     EXPECT_EQ(project_.Preferences.Grid.Step, 5);
-    EXPECT_TRUE(project_.Preferences.DisplayUnits.Inches);
-    EXPECT_EQ(project_.Preferences.DisplayUnits.Currency, "GBP");
+    EXPECT_TRUE(project_.Preferences.Units.Inches);
+    EXPECT_EQ(project_.Preferences.Units.Currency, "GBP");
     EXPECT_TRUE(project_.EditState.DataChanged);
     EXPECT_EQ(OnDisk(), WholeSettings());
 }

@@ -25,7 +25,7 @@ namespace {
 class FrmStats : public testing::Test {
 protected:
     FrmStats() {
-        project_.Preferences.DisplayUnits.Currency = "EUR";
+        project_.Preferences.Units.Currency = "EUR";
         SetStock(project_, "C151L", 1, 2.5F);
         SetStock(project_, "C160", 0, .75F);
     }
@@ -127,7 +127,7 @@ TEST_F(FrmStats, NamesUnitsAndCurrency) {
     for (int index = 0; index < 8; ++index)
         EXPECT_EQ(Text("lblUnit", index), "cm");
 
-    project_.Preferences.DisplayUnits = {.Inches = true, .Currency = "<b>\u20AC</b>"};
+    project_.Preferences.Units = {.Inches = true, .Currency = "<b>\u20AC</b>"};
     Open();
 
     for (int index = 0; index < 8; ++index)
@@ -232,7 +232,7 @@ TEST_F(FrmStats, TellsTheDesignChecksBeforeItIsShown) {
     EXPECT_EQ(witness.Told[0].Text, "You have used an uneven number of change-over sections for track 1 !");
     EXPECT_EQ(witness.Told[1].Text, "Check your Ninco track design for track 1 !");
     EXPECT_EQ(witness.Told[2].Text, "You have used an uneven number of change-over sections for track 3 !");
-    EXPECT_EQ(witness.Told[2].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(witness.Told[2].Icon, Icon::Exclamation);
 }
 
 TEST_F(FrmStats, DetailRepeatsNoDesignCheck) {
@@ -261,7 +261,7 @@ TEST_F(FrmStats, ShoppingListWritesWhatTheDetailShows) {
                                                     "                                       -----\r\n"
                                                     "Total                                  .75EUR\r\n");
     ASSERT_EQ(prompts_.Told.size(), 1U);
-    EXPECT_EQ(prompts_.Told[0].MessageIcon, Icon::Information);
+    EXPECT_EQ(prompts_.Told[0].Icon, Icon::Information);
     EXPECT_EQ(prompts_.Told[0].Text,
               "The shopping list has been written to " + folder.Path().string() + "/shoppingList.txt");
     EXPECT_TRUE(dialog_->isVisible());
@@ -275,7 +275,7 @@ TEST_F(FrmStats, AFailedShoppingListIsToldAndTheDialogStays) {
     Press("cmdShop");
 
     ASSERT_EQ(prompts_.Told.size(), 1U);
-    EXPECT_EQ(prompts_.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(prompts_.Told[0].Icon, Icon::Exclamation);
     EXPECT_TRUE(prompts_.Told[0].Text.starts_with("Path not found: ")) << prompts_.Told[0].Text;
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
@@ -331,7 +331,7 @@ TEST_F(FrmStats, FitsTheSmallestScreenAndClipsNoText) {
     expectAllShown();
 
     SetStock(project_, "N10108L", 0, .75F);
-    project_.Preferences.DisplayUnits.Currency = "Pounds";
+    project_.Preferences.Units.Currency = "Pounds";
     expectAllShown();
 }
 

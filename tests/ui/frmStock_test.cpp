@@ -65,7 +65,7 @@ TEST_F(FrmStock, WhatIsTypedFirstReplacesTheFirstCount) {
 
 TEST_F(FrmStock, SaveWritesReadsBackTellsTheWindowAndCloses) {
     int owned = -1;
-    session_->Observe([&](const Changes& changes) {
+    const Observation observation = session_->Observe([&](const Changes& changes) {
         if (changes.Stock) owned = Row("C160").OwnedCount;
     });
     Type("txtDsp", "07", IndexOf("C160"));
@@ -124,7 +124,7 @@ TEST_F(FrmStock, ABoxOfNoProductEndsTheProgram) {
         {
             struct : ScriptedPrompts {
                 void Tell(const Message& message) override {
-                    if (message.MessageIcon == Icon::Critical) std::fputs(message.Text.c_str(), stderr);
+                    if (message.Icon == Icon::Critical) std::fputs(message.Text.c_str(), stderr);
                 }
             } user;
             Session session(Pieces(), user, project_, file_);

@@ -143,7 +143,7 @@ TEST_F(PictureCommands, AFileThatIsNoPictureIsToldAndTheEarlierBackgroundStays) 
     Choose("mnuBackgroundSelect");
 
     ASSERT_EQ(user_.Told.size(), 1U);
-    EXPECT_EQ(user_.Told[0].MessageIcon, Icon::Exclamation);
+    EXPECT_EQ(user_.Told[0].Icon, Icon::Exclamation);
     EXPECT_THAT(user_.Told[0].Text, StartsWith("Invalid picture: " + (folder_ / "notes.gif").string() + ": "));
     EXPECT_EQ(Shown().pixelColor(0, 0), QColor(Qt::cyan));
 }
@@ -300,6 +300,33 @@ TEST_F(PictureCommands, TheGuideCanBeMadeAgainAfterItWasCancelled) {
 
     EXPECT_THAT(user_.Asked, SizeIs(1));
     EXPECT_THAT(viewer.Arguments(), ElementsAre((folder_ / "guide.html").string()));
+}
+
+TEST_F(PictureCommands, ClosingTheWindowAsksWhetherTheGuideMayBeLost) {
+    user_.Answers = {Answer::Cancel, Answer::Ok};
+    Choose("mnuReport");
+
+    EXPECT_FALSE(window_.close());
+    EXPECT_TRUE(session_.HasJob());
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_TRUE(window_.close());
+
+    EXPECT_FALSE(session_.HasJob());
+    ASSERT_EQ(user_.Asked.size(), 2U);
+    EXPECT_EQ(user_.Asked[1].Text, "The guide is being drawn. It will be lost if you proceed.");
+    EXPECT_THAT(FilesInFolder(), IsEmpty());
+}
+
+TEST_F(PictureCommands, TheBarIsGoneWhenTheGuideAsksWhetherToViewIt) {
+    const FakeViewer viewer;
+    user_.Answers = {Answer::Yes};
+    bool barWasVisible = true;
+    user_.WhenAsked = [&] { barWasVisible = JobBar().isVisible(); };
+
+    MakeGuide();
+
+    EXPECT_FALSE(barWasVisible);
+    EXPECT_FALSE(viewer.Arguments().empty());
 }
 
 TEST_F(PictureCommands, TheGuideEndsWithTheWindow) {
