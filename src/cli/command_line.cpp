@@ -11,7 +11,7 @@
 #include "platform/fault.h"
 #include "platform/fault_words.h"
 #include "platform/files.h"
-#include "search/box.h"
+#include "search/piece_box.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>

@@ -1,8 +1,8 @@
 #include "cli/generate.h"
 
 #include "cli/foreground.h"
-#include "cli/json.h"
 #include "cli/start.h"
+#include "exchange/json.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "search/laying.h"
@@ -40,9 +40,9 @@ Design RoomDesign(const GenerateOptions& options) {
     return design;
 }
 
-Box BoxFor(const VerbContext& context, const Project& project, const GenerateOptions& options) {
+PieceBox BoxFor(const VerbContext& context, const Project& project, const GenerateOptions& options) {
     if (!options.IsOwned) return BoxOf(context.Catalogue, options.Pieces);
-    const Box owned = OwnedBox(context.Catalogue, project.Stock);
+    const PieceBox owned = OwnedBox(context.Catalogue, project.Stock);
     if (owned.Total() == 0) throw Fault("No pieces", "the settings hold no owned track");
     return owned;
 }

@@ -24,12 +24,13 @@ void PurchaseCommand(Session& session) {
     const bool isThere = !session.SettingsPath.empty() && std::filesystem::exists(file, toldByTheRead);
     const BoxedSets sets = isThere ? ReadSets(session.Catalogue, file) : BoxedSets();
     const Catalogue& catalogue = session.Catalogue;
-    session.StartJob([&session, &catalogue, project = session.Project, sets](const JobWatch& watch) -> JobEnd {
+    const JobWork work = [&session, &catalogue, project = session.Project, sets](const JobWatch& watch) -> JobEnd {
         const std::vector<int> missing = MissingPieces(catalogue, project.Stock, project.Design.Circuit);
         const std::string text =
             PurchaseText(catalogue, project, sets, CheapestPurchase(missing, project.Stock, sets, watch));
         return [&session, text] { session.Prompts.Tell({Icon::Information, text}); };
-    });
+    };
+    session.StartJob({"Looking for the cheapest purchase", "The cheapest purchase is being looked for.", work});
 }
 
 } // namespace pistaro

@@ -135,7 +135,7 @@ class GrowingSearch {
 public:
     GrowingSearch(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed,
                   CircuitPool& pool, const JobWatch& watch)
-        : growth_(catalogue, shapes, room, seed), random_(~seed), most_(Box{shapes}.Total()), pool_(pool),
+        : growth_(catalogue, shapes, room, seed), random_(~seed), most_(PieceBox{shapes}.Total()), pool_(pool),
           watch_(watch) {}
 
     /// Adds one loop to the pool, or several. False when there is nothing to be found any more.
@@ -237,7 +237,7 @@ Laying LayCircuits(const Catalogue& catalogue, const LayingTask& task, const Job
     const ShapeCounts shapes = ShapesOf(catalogue, task.Box);
     const LoopRoom room(task.Room);
     CircuitPool pool(catalogue, task, room);
-    if (Box{shapes}.Total() <= EnumeratedBox && AddAll(catalogue, shapes, pool, watch)) return {pool.Best(), true};
+    if (PieceBox{shapes}.Total() <= EnumeratedBox && AddAll(catalogue, shapes, pool, watch)) return {pool.Best(), true};
     GrowingSearch search(catalogue, shapes, room, task.Seed, pool, watch);
     do {
         watch.Step(std::min(static_cast<int>(pool.Count()), task.Count), task.Count);

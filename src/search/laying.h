@@ -4,8 +4,8 @@
 #include "model/circuit.h"
 #include "model/job.h"
 #include "model/room_polygon.h"
-#include "search/box.h"
 #include "search/circuit_score.h"
+#include "search/piece_box.h"
 
 #include <cstdint>
 #include <functional>
@@ -15,7 +15,7 @@
 namespace pistaro {
 
 struct LayingTask {
-    pistaro::Box Box;
+    PieceBox Box;
     RoomPolygon Room; ///< has walls
     std::uint64_t Seed = 1;
     int Count = 10; ///< of circuits wished for

@@ -3,7 +3,7 @@
 
 #include "catalogue/catalogue.h"
 #include "layout/ground.h"
-#include "search/box.h"
+#include "search/piece_box.h"
 
 #include <array>
 #include <vector>

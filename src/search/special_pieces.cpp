@@ -23,7 +23,7 @@ int Placeable(const CatalogueEntry& piece, int owned) {
 
 class SpecialPlaces {
 public:
-    SpecialPlaces(const Catalogue& catalogue, const Box& box, std::vector<int>& rows)
+    SpecialPlaces(const Catalogue& catalogue, const PieceBox& box, std::vector<int>& rows)
         : catalogue_(catalogue), left_(box.Counts), rows_(rows) {}
 
     void Fill() {
@@ -158,7 +158,7 @@ private:
 
 } // namespace
 
-ShapeCounts ShapesOf(const Catalogue& catalogue, const Box& box) {
+ShapeCounts ShapesOf(const Catalogue& catalogue, const PieceBox& box) {
     ShapeCounts shapes(box.Counts.size());
     for (int row = 0; row < catalogue.Count(); ++row) {
         if (!catalogue.IsHeadRow(row)) continue;
@@ -169,7 +169,8 @@ ShapeCounts ShapesOf(const Catalogue& catalogue, const Box& box) {
     return shapes;
 }
 
-std::optional<std::vector<int>> WithSpecialPieces(const Catalogue& catalogue, const Box& box, std::vector<int> rows) {
+std::optional<std::vector<int>> WithSpecialPieces(const Catalogue& catalogue, const PieceBox& box,
+                                                  std::vector<int> rows) {
     SpecialPlaces places(catalogue, box, rows);
     places.Fill();
     if (!places.HasPlainOnes()) return std::nullopt;

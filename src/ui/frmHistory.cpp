@@ -3,7 +3,6 @@
 #include "ui/named_controls.h"
 
 #include <QLabel>
-#include <QPointer>
 #include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -61,8 +60,8 @@ frmHistory::frmHistory(Session& session, QWidget* parent)
     auto* const column = new QVBoxLayout(this);
     column->addWidget(lstHistory_);
     resize(UsualSize);
-    session.Observe([window = QPointer(this)](const Changes&) {
-        if (window && window->isVisible()) window->Refresh();
+    observation_ = session.Observe([this](const Changes&) {
+        if (isVisible()) Refresh();
     });
 }
 

@@ -40,6 +40,7 @@ private:
     Session& session_;
     HistoryLines* const lines_;
     QListView* const lstHistory_;
+    Observation observation_;
 };
 
 } // namespace pistaro

@@ -92,7 +92,7 @@ void ExpectInside(const std::vector<Polygon>& outlines, Rectangle room) {
     }
 }
 
-void ExpectFromBox(const Track& track, const Box& box) {
+void ExpectFromBox(const Track& track, const PieceBox& box) {
     std::map<int, int> used;
     for (const std::string& code : track.ElementCodes)
         ++used[Pieces().Find(code)->StockIndex];

@@ -10,21 +10,21 @@
 
 namespace pistaro {
 
-struct Box {
+struct PieceBox {
     std::vector<int> Counts; ///< by catalogue row, on head rows
 
     int Total() const;
 
-    bool operator==(const Box&) const = default;
+    bool operator==(const PieceBox&) const = default;
 };
 
 /// What the user owns.
-Box OwnedBox(const Catalogue& catalogue, const Stock& stock);
+PieceBox OwnedBox(const Catalogue& catalogue, const Stock& stock);
 
 /// The most pieces of a product that a box may hold.
 inline constexpr int MostOfProduct = 501;
 
 /// "C160=8,C151=8": product codes with counts, each once. Throws std::invalid_argument, which says what is wrong.
-Box BoxOf(const Catalogue& catalogue, std::string_view text);
+PieceBox BoxOf(const Catalogue& catalogue, std::string_view text);
 
 } // namespace pistaro

@@ -1,4 +1,4 @@
-#include "search/box.h"
+#include "search/piece_box.h"
 
 #include "support/pieces.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 using testing::HasSubstr;
 
-int CountOf(const Box& box, const std::string& code) {
+int CountOf(const PieceBox& box, const std::string& code) {
     return box.Counts.at(static_cast<std::size_t>(Pieces().FindRow(code)));
 }
 
@@ -26,7 +26,7 @@ std::string Refusal(const std::string& text) {
 }
 
 TEST(Box, IsWrittenAsProductsAndCounts) {
-    const Box box = BoxOf(Pieces(), "C160=8,C151=12,N10110=2");
+    const PieceBox box = BoxOf(Pieces(), "C160=8,C151=12,N10110=2");
 
     EXPECT_EQ(CountOf(box, "C160"), 8);
     EXPECT_EQ(CountOf(box, "C151L"), 12);
@@ -35,7 +35,7 @@ TEST(Box, IsWrittenAsProductsAndCounts) {
 }
 
 TEST(Box, TakesAHandThatIsAProductOfItsOwn) {
-    const Box box = BoxOf(Pieces(), "C8010=1,C8010R=2");
+    const PieceBox box = BoxOf(Pieces(), "C8010=1,C8010R=2");
 
     EXPECT_EQ(CountOf(box, "C8010L"), 1);
     EXPECT_EQ(CountOf(box, "C8010R"), 2);
@@ -58,7 +58,7 @@ TEST(Box, OfOwnedTrackHoldsTheStock) {
     stock.Of(Pieces().FindRow("C160")).OwnedCount = 7;
     stock.Of(Pieces().FindRow("C151L")).OwnedCount = -3; // nobody owns fewer than none
 
-    const Box box = OwnedBox(Pieces(), stock);
+    const PieceBox box = OwnedBox(Pieces(), stock);
 
     EXPECT_EQ(CountOf(box, "C160"), 7);
     EXPECT_EQ(box.Total(), 7);

@@ -1,4 +1,4 @@
-#include "search/box.h"
+#include "search/piece_box.h"
 
 #include <algorithm>
 #include <charconv>
@@ -29,10 +29,10 @@ int CountIn(std::string_view entry, std::string_view text) {
 
 } // namespace
 
-int Box::Total() const { return std::accumulate(Counts.begin(), Counts.end(), 0); }
+int PieceBox::Total() const { return std::accumulate(Counts.begin(), Counts.end(), 0); }
 
-Box OwnedBox(const Catalogue& catalogue, const Stock& stock) {
-    Box box{std::vector<int>(static_cast<std::size_t>(catalogue.Count()))};
+PieceBox OwnedBox(const Catalogue& catalogue, const Stock& stock) {
+    PieceBox box{std::vector<int>(static_cast<std::size_t>(catalogue.Count()))};
     for (int row = 0; row < catalogue.Count(); ++row) {
         if (!catalogue.IsHeadRow(row)) continue;
         box.Counts[static_cast<std::size_t>(row)] = std::clamp<int>(stock[row].OwnedCount, 0, MostOfProduct);
@@ -40,8 +40,8 @@ Box OwnedBox(const Catalogue& catalogue, const Stock& stock) {
     return box;
 }
 
-Box BoxOf(const Catalogue& catalogue, std::string_view text) {
-    Box box{std::vector<int>(static_cast<std::size_t>(catalogue.Count()))};
+PieceBox BoxOf(const Catalogue& catalogue, std::string_view text) {
+    PieceBox box{std::vector<int>(static_cast<std::size_t>(catalogue.Count()))};
     std::vector<bool> named(box.Counts.size());
     while (true) {
         const std::size_t comma = text.find(',');
