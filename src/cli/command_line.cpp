@@ -26,6 +26,8 @@ struct Arguments {
     std::string DesignerCircuit, Circuit, Script, Out;
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
+    std::optional<std::string> SetsFile;
+    bool Rules = false, Csv = false;
     bool IncludeOwned = false, Numbers = false, Json = false, NoSplash = false;
     ClosingOptions Closing;
     std::string ClosedTrack = "1", Tolerance = "0.5";
@@ -79,7 +81,10 @@ public:
     VerbParser(CLI::App& app, Arguments& given) : app_(app), given_(given) {
         AddLayout();
         AddStats();
+        AddCheck();
+        AddBalance();
         AddShop();
+        AddBuy();
         AddGuide();
         AddPicture();
         AddScript();
@@ -110,13 +115,47 @@ private:
         TakeJson(verb);
     }
 
+    void AddCheck() {
+        const VerbJob job = [this](const VerbContext& context) {
+            given_.Rules ? RulesVerb(context, given_.Json) : CheckVerb(context, Circuit(), given_.Json);
+        };
+        CLI::App* const verb = Add("check", "Tell what is wrong with the circuit", job);
+        const CLI::Option* const circuit = TakeCircuit(verb, false);
+        TakeJson(verb);
+        verb->add_flag("--rules", given_.Rules, "List the rules instead");
+        verb->final_callback([this, circuit, job] {
+            if (circuit->empty() && !given_.Rules) throw CLI::RequiredError("CIRCUIT");
+            named_ = job;
+        });
+    }
+
     void AddShop() {
         CLI::App* const verb = Add("shop", "Write the shopping list", [this](const VerbContext& context) {
-            ShopVerb(context, Circuit(), Detail(), PathIn(given_.OutFolder));
+            ShopVerb(context, Circuit(), Detail(), PathIn(given_.OutFolder), given_.Csv);
         });
         TakeCircuit(verb);
         TakeDetail(verb);
         verb->add_option("--out", given_.OutFolder, "The folder that the list is written into");
+        verb->add_flag("--csv", given_.Csv, "Write it for spreadsheets too, beside the list");
+    }
+
+    void AddBalance() {
+        CLI::App* const verb =
+            Add("balance", "Propose the fewest changes that make both lanes equally long",
+                [this](const VerbContext& context) { BalanceVerb(context, Circuit(), Detail().Track, given_.Json); });
+        TakeCircuit(verb);
+        TakeTrack(verb);
+        TakeJson(verb);
+    }
+
+    void AddBuy() {
+        CLI::App* const verb =
+            Add("buy", "Find the cheapest way to buy what is missing", [this](const VerbContext& context) {
+                BuyVerb(context, Circuit(), PathIn(given_.SetsFile), given_.Json);
+            });
+        TakeCircuit(verb);
+        verb->add_option("--sets", given_.SetsFile, "The file of boxed sets, in place of the one beside the settings");
+        TakeJson(verb);
     }
 
     void AddGuide() {
@@ -201,13 +240,17 @@ private:
         return verb;
     }
 
-    void TakeCircuit(CLI::App* verb, bool required = true) {
-        verb->add_option("CIRCUIT", given_.Circuit, "The circuit file (*.trk)")->required(required);
+    CLI::Option* TakeCircuit(CLI::App* verb, bool required = true) {
+        return verb->add_option("CIRCUIT", given_.Circuit, "The circuit file (*.trk)")->required(required);
+    }
+
+    void TakeTrack(CLI::App* verb) {
+        verb->add_option("--track", given_.Track, "The track: 1, 2, 3 or all")
+            ->check(CLI::IsMember({"1", "2", "3", "all"}));
     }
 
     void TakeDetail(CLI::App* verb) {
-        verb->add_option("--track", given_.Track, "The track: 1, 2, 3 or all")
-            ->check(CLI::IsMember({"1", "2", "3", "all"}));
+        TakeTrack(verb);
         verb->add_flag("--include-owned", given_.IncludeOwned, "Include already owned track");
     }
 
@@ -267,6 +310,9 @@ int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
     } catch (const Stopped&) {
         constexpr int interrupted = 130; // 128 and the number of the signal, as shells tell it
         return interrupted;
+    } catch (const BadResult&) {
+        context.Output.flush();
+        return 1;
     } catch (const std::exception& fault) {
         context.Errors << "pistaro: " << fault.what() << '\n';
         return 1;

@@ -1,6 +1,7 @@
 // The commands are those of the command table by their ids, and those that take values.
 #include "cli/script.h"
 
+#include "cli/check_json.h"
 #include "cli/layout_json.h"
 #include "cli/script_dialogs.h"
 #include "cli/script_words.h"
@@ -75,6 +76,10 @@ void PrintLayout(Script& script, const Words&) {
     script.Output << Line(LayoutJson(script.Session.Catalogue, script.Session.Project.Design.Circuit)) << std::endl;
 }
 
+void PrintFindings(Script& script, const Words&) {
+    script.Output << Line(FindingsJson(FindingsOf(script.Session.Catalogue, script.Session.Project))) << std::endl;
+}
+
 /// A row whose words after the first are its values.
 struct ValueCommand {
     std::string_view Name;
@@ -96,6 +101,7 @@ constexpr std::array ValueCommands{
     ValueCommand{"close", 1, 2, Close},
     ValueCommand{"state", 1, 1, PrintState},
     ValueCommand{"layout", 1, 1, PrintLayout},
+    ValueCommand{"check", 1, 1, PrintFindings},
     ValueCommand{"colours", 2, AnyNumber, RunColours, true},
     ValueCommand{"stock", 2, AnyNumber, RunStock, true},
     ValueCommand{"area", 2, AnyNumber, RunArea, true},

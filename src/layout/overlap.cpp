@@ -178,6 +178,10 @@ bool HasEndsOnBothSides(const CentreLine& line, const CentreLine& other) {
 
 double OverlapArea(const Ground& a, const Ground& b) { return CommonArea(a, b, std::numeric_limits<double>::max()); }
 
+double SharedArea(const Ground& a, const Ground& b) {
+    return a.Box.Meets(b.Box) && !AreApart(a, b) ? OverlapArea(a, b) : 0;
+}
+
 bool Overlaps(const Ground& a, const Ground& b) {
     return a.Box.Meets(b.Box) && !AreApart(a, b) && CommonArea(a, b, NoOverlap) > NoOverlap;
 }
