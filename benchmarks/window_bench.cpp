@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QTest>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace pistaro {
@@ -76,10 +77,25 @@ void PaintAlone(benchmark::State& state) {
         full.View->repaint();
 }
 
+/// A step that changed all pieces of all tracks, back and forth, without the redraw that follows.
+void StepAlone(benchmark::State& state) {
+    NoPrompts words;
+    Session session(Pieces(), words, FullCircuit(), {});
+    session.Do([&] {
+        session.NameStep("Reverse All");
+        for (Track& track : session.Project.Design.Circuit.Tracks)
+            std::ranges::reverse(track.ElementCodes);
+    });
+    for (auto _ : state)
+        session.GoTo(1 - session.History().Present());
+}
+
 BENCHMARK(BareCalls)->Name("press to painted picture/bare")->Unit(benchmark::kMillisecond);
 BENCHMARK(PressToPainted)->Name("press to painted picture/pistaro")->Unit(benchmark::kMillisecond);
 BENCHMARK(CommandAlone)->Name("of that, command")->Unit(benchmark::kMillisecond);
 BENCHMARK(RedrawAlone)->Name("of that, redraw")->Unit(benchmark::kMillisecond);
+BENCHMARK(RedrawAlone)->Name("undo against the redraw after it/bare")->Unit(benchmark::kMillisecond);
+BENCHMARK(StepAlone)->Name("undo against the redraw after it/pistaro")->Unit(benchmark::kMillisecond);
 BENCHMARK(PaintAlone)->Name("of that, paint")->Unit(benchmark::kMillisecond);
 
 } // namespace

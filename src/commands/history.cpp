@@ -35,11 +35,11 @@ std::vector<std::string> Parted(const std::string& joined) {
 
 /// The last block where it holds the same value, else a new one.
 template <typename Value>
-std::shared_ptr<const Value> Shared(const std::shared_ptr<const Value>& last, Value&& value) {
+std::shared_ptr<const Value> Shared(const std::shared_ptr<const Value>& last, Value value) {
     return last && *last == value ? last : std::make_shared<const Value>(std::move(value));
 }
 
-std::size_t SizeOf(const std::string& text) { return sizeof(text) + text.capacity(); }
+std::size_t SizeOf(const std::string& text) { return sizeof(std::string) + text.capacity(); }
 
 std::size_t SizeOf(const RoomPolygon& room) { return sizeof(room) + room.Points.capacity() * sizeof(RoomPoint); }
 

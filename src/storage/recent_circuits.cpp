@@ -11,16 +11,17 @@
 namespace pistaro {
 
 void RecentCircuits::Read() {
-    list_.clear();
     if (keptIn_.empty()) return;
     try {
         const std::string bytes = ReadFile(keptIn_, MostFileBytes);
-        for (LineReader lines(bytes, TextFromPath(keptIn_)); list_.size() < Most && !lines.AtEnd();) {
+        std::vector<std::filesystem::path> read;
+        for (LineReader lines(bytes, TextFromPath(keptIn_)); read.size() < Most && !lines.AtEnd();) {
             std::filesystem::path circuit = PathFromText(FolderInLine(lines.Next("a circuit")));
-            if (circuit.is_absolute()) list_.push_back(std::move(circuit));
+            if (circuit.is_absolute()) read.push_back(std::move(circuit));
         }
+        list_ = std::move(read);
     } catch (const std::exception&) {
-        list_.clear();
+        return; // what this window knows is all there is
     }
 }
 

@@ -14,8 +14,8 @@ public:
     /// In that file, one circuit a line; with an empty path nothing is kept.
     explicit RecentCircuits(std::filesystem::path keptIn = {}) : keptIn_(std::move(keptIn)) {}
 
-    /// Reads the file, which another window may have written meanwhile. A file that is not there, or is not a list of
-    /// paths, is an empty list.
+    /// Reads the file, which another window may have written meanwhile. Where it is not there, or is no list, this
+    /// window's own stays.
     void Read();
 
     /// Newest first, as the file was read last.

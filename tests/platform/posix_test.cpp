@@ -313,6 +313,10 @@ TEST_F(Places, TheSettingsStandInTheUsersConfiguration) {
     ::unsetenv("XDG_CONFIG_HOME");
 }
 
+TEST_F(Places, TheRecentCircuitsStandBesideTheSettings) {
+    EXPECT_EQ(RecentPath(), home.Path() / ".config" / "pistaro" / "recent");
+}
+
 TEST_F(Places, UnsavedWorkIsKeptAmongTheUsersData) {
     EXPECT_EQ(RecoveryFolder(), home.Path() / ".local" / "share" / "pistaro" / "recovery");
 
@@ -330,6 +334,7 @@ TEST_F(Places, WhoHasNoHomeHasNoneOfThem) {
         EXPECT_EQ(SettingsPath(), "") << nowhere;
         EXPECT_EQ(DocumentsFolder(), "") << nowhere;
         EXPECT_EQ(RecoveryFolder(), "") << nowhere;
+        EXPECT_EQ(RecentPath(), "") << nowhere;
     }
     ::unsetenv("XDG_CONFIG_HOME");
 }

@@ -81,13 +81,17 @@ TEST_F(Recent, IsClearedForEveryone) {
 TEST_F(Recent, WithoutAFileIsForThisStartOnly) {
     RecentCircuits recent;
     recent.Add(a_);
+    recent.Add(b_);
+    recent.Read();
 
+    EXPECT_THAT(recent.List(), ElementsAre(b_, a_));
     EXPECT_EQ(FilesIn(folder_.Path()), 0U);
 }
 
 TEST_F(Recent, WithAFileThatCannotBeWrittenOrReadDisturbsNobody) {
     std::filesystem::create_directories(file_);
     recent_.Add(a_);
+    recent_.Read();
     EXPECT_THAT(recent_.List(), ElementsAre(a_));
     EXPECT_THAT(Kept(), IsEmpty());
 
