@@ -5,7 +5,6 @@
 #include "ui/work_picture.h"
 
 #include <QDateTime>
-#include <QLabel>
 #include <QLocale>
 #include <QVBoxLayout>
 
@@ -29,22 +28,16 @@ QString Description(const RecoveredWork& work) {
 } // namespace
 
 frmRecovered::frmRecovered(Session& session, Occasion occasion, QWidget* parent)
-    : QDialog(parent), session_(session), occasion_(occasion), lstWorks_(Named(new QListWidget, "lstWorks")),
-      cmdOpen_(NewButton("cmdOpen", "&Open")), cmdCopy_(NewButton("cmdCopy", "&Copy…")),
-      cmdDelete_(NewButton("cmdDelete", "&Delete")) {
+    : QDialog(parent), session_(session), occasion_(occasion), lblExplain_(Named(new QLabel, "lblExplain")),
+      lstWorks_(Named(new QListWidget, "lstWorks")), cmdOpen_(NewButton("cmdOpen", "&Open")),
+      cmdCopy_(NewButton("cmdCopy", "&Copy…")), cmdDelete_(NewButton("cmdDelete", "&Delete")) {
     setObjectName("frmRecovered");
     setWindowTitle("Recovered Work");
-    auto* const explanation = Named(new QLabel, "lblExplain");
-    explanation->setText(
-        occasion == Occasion::Start
-            ? "Pistaro ended before this work was saved. Open it to go on with it, or keep it for later:\n"
-              "it stays under Circuit, Recovered Work."
-            : "Work that was not saved, or was let go of: the last twenty, the newest first.");
     lstWorks_->setIconSize(QSize(PictureSide, PictureSide));
     lstWorks_->setSpacing(4);
     lstWorks_->setAccessibleName("Recovered work");
     auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(explanation);
+    layout->addWidget(lblExplain_);
     layout->addWidget(lstWorks_);
     layout->addLayout(Buttons());
     connect(lstWorks_, &QListWidget::itemDoubleClicked, this, [this] { OpenChosen(); });
@@ -57,11 +50,16 @@ frmRecovered::~frmRecovered() {
     if (occasion_ == Occasion::Start && session_.Recovery != nullptr) session_.Recovery->Keep(works_);
 }
 
+QString frmRecovered::Explanation() const {
+    if (works_.empty()) return "There is no work that was not saved.";
+    return occasion_ == Occasion::Start
+               ? "Pistaro ended before this work was saved. Open it to go on with it, or keep it for later:\n"
+                 "it stays under Circuit, Recovered Work."
+               : "Work that was not saved, or was let go of: the last twenty, the newest first.";
+}
+
 QLayout* frmRecovered::Buttons() {
     QPushButton* const cmdOK = NewButton("cmdOK", occasion_ == Occasion::Start ? "&Keep All" : "Close");
-    cmdOpen_->setToolTip("Go on with this work");
-    cmdCopy_->setToolTip("Write this work to a circuit file");
-    cmdDelete_->setToolTip("Remove this work for good");
     cmdOK->setToolTip(occasion_ == Occasion::Start ? "Open none, and keep them under Circuit, Recovered Work" : "");
     cmdOpen_->setDefault(true);
     connect(cmdOpen_, &QPushButton::clicked, this, [this] { OpenChosen(); });
@@ -81,6 +79,7 @@ QLayout* frmRecovered::Buttons() {
 void frmRecovered::Fill() {
     const int before = lstWorks_->currentRow();
     works_ = occasion_ == Occasion::Start ? session_.Recovery->Untold() : session_.Recovery->Works();
+    lblExplain_->setText(Explanation());
     lstWorks_->clear();
     for (const RecoveredWork& work : works_) {
         auto* const item = new QListWidgetItem(Description(work), lstWorks_);
@@ -93,9 +92,16 @@ void frmRecovered::Fill() {
 }
 
 void frmRecovered::Enable(int row) {
-    cmdOpen_->setEnabled(row >= 0 && works_[static_cast<std::size_t>(row)].Content);
-    cmdCopy_->setEnabled(row >= 0);
-    cmdDelete_->setEnabled(row >= 0);
+    const bool chosen = row >= 0;
+    const bool damaged = chosen && !works_[static_cast<std::size_t>(row)].Content;
+    const auto offer = [](QPushButton& button, const char* tip, const char* whyNot) {
+        button.setEnabled(whyNot == nullptr);
+        button.setToolTip(whyNot == nullptr ? tip : whyNot);
+    };
+    const char* const none = chosen ? nullptr : "There is no work here.";
+    offer(*cmdOpen_, "Go on with this work", damaged ? "This work is damaged." : none);
+    offer(*cmdCopy_, "Write this work to a circuit file", none);
+    offer(*cmdDelete_, "Remove this work for good", none);
 }
 
 void frmRecovered::Do(const std::function<void(const RecoveredWork&)>& work) {

@@ -5,6 +5,7 @@
 #include "commands/recovery.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 
@@ -22,6 +23,7 @@ public:
     ~frmRecovered() override;
 
 private:
+    QString Explanation() const;
     QLayout* Buttons();
     void Fill();
     /// Enables what can be done with the work of that row; below 0 there is none.
@@ -33,6 +35,7 @@ private:
     Session& session_;
     const Occasion occasion_;
     std::vector<RecoveredWork> works_;
+    QLabel* const lblExplain_;
     QListWidget* const lstWorks_;
     QPushButton* const cmdOpen_;
     QPushButton* const cmdCopy_;

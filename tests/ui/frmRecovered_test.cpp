@@ -135,6 +135,7 @@ TEST_F(Recovered, ADamagedOneCanBeCopiedAndDeletedButNotOpened) {
     Leave("odd~20261122T073105Z~1.2-3", 0, "no circuit");
     Open(frmRecovered::Occasion::Menu);
     EXPECT_FALSE(In<QPushButton>(*dialog_, "cmdOpen").isEnabled());
+    EXPECT_EQ(In<QPushButton>(*dialog_, "cmdOpen").toolTip(), "This work is damaged.");
     prompts_.Files = {circuits_ / "odd.trk"};
     prompts_.Answers = {Answer::Yes};
 
@@ -153,6 +154,7 @@ TEST_F(Recovered, WithoutAnyNothingCanBePressed) {
 
     for (const char* const name : {"cmdOpen", "cmdCopy", "cmdDelete"})
         EXPECT_FALSE(In<QPushButton>(*dialog_, name).isEnabled()) << name;
+    EXPECT_EQ(In<QLabel>(*dialog_, "lblExplain").text(), "There is no work that was not saved.");
 }
 
 TEST_F(Recovered, IsOpenedFromTheMenu) {
