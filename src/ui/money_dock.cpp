@@ -70,6 +70,7 @@ MoneyDock::MoneyDock(Session& session)
     list_->setRootIsDecorated(false);
     list_->setAlternatingRowColors(true);
     list_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list_->header()->setStretchLastSection(false);
     list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                            QAbstractItemView::AnyKeyPressed);
     list_->setAccessibleName("Pieces and prices");
