@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace pistaro {
 
@@ -139,24 +140,36 @@ std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
     }
 }
 
-void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
+WrittenFile::WrittenFile(const std::filesystem::path& path, std::string_view bytes)
+    : path_(path), target_(LinkTarget(path)) {
     // Past a size limit the write shall fail, not end the program.
     std::signal(SIGXFSZ, SIG_IGN);
-    const std::filesystem::path target = LinkTarget(path);
-    CheckReplaceable(target);
-    std::string temporary = (FolderOf(target) / TemporaryBeginning).string(); // short: names have a longest length
+    CheckReplaceable(target_);
+    std::string temporary = (FolderOf(target_) / TemporaryBeginning).string(); // short: names have a longest length
     temporary.append("XXXXXX").append(TemporaryEnding);
     Descriptor file(::mkostemps(temporary.data(), static_cast<int>(TemporaryEnding.size()), O_CLOEXEC));
-    if (!file.IsOpen()) throw FileFault(errno, target);
-    const bool done = WriteAll(file.Number(), bytes) && TakeRights(file.Number(), target) &&
-                      ::fsync(file.Number()) == 0 && file.Close() == 0 &&
-                      ::rename(temporary.c_str(), target.c_str()) == 0;
-    if (!done) {
+    if (!file.IsOpen()) throw FileFault(errno, target_);
+    if (!WriteAll(file.Number(), bytes) || !TakeRights(file.Number(), target_) || ::fsync(file.Number()) != 0 ||
+        file.Close() != 0) {
         const int error = errno;
         ::unlink(temporary.c_str());
-        throw FileFault(error, target);
+        throw FileFault(error, target_);
     }
-    const Descriptor entry(::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    temporary_ = temporary;
+}
+
+WrittenFile::WrittenFile(WrittenFile&& other) noexcept
+    : path_(std::move(other.path_)), target_(std::move(other.target_)),
+      temporary_(std::exchange(other.temporary_, {})) {}
+
+WrittenFile::~WrittenFile() {
+    if (!temporary_.empty()) ::unlink(temporary_.c_str());
+}
+
+void WrittenFile::TakePlace() {
+    if (::rename(temporary_.c_str(), target_.c_str()) != 0) throw FileFault(errno, target_);
+    temporary_.clear();
+    const Descriptor entry(::open(FolderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (entry.IsOpen()) ::fsync(entry.Number()); // the rename itself, too
 }
 

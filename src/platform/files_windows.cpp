@@ -9,8 +9,7 @@
 #include <aclapi.h>
 
 #include <algorithm>
-
-#undef ReplaceFile // windows.h would rename ours
+#include <utility>
 
 namespace pistaro {
 
@@ -208,24 +207,37 @@ std::string ReadFile(const std::filesystem::path& path, std::size_t atMost) {
     }
 }
 
-void ReplaceFile(const std::filesystem::path& path, std::string_view bytes) {
+WrittenFile::WrittenFile(const std::filesystem::path& path, std::string_view bytes) : path_(path) {
     const Replaced target = LookAt(AtAnyLength(path), path);
     Handle file;
     const std::filesystem::path temporary = NewFileBeside(target, file, path);
-    bool done = WriteAll(file.Get(), bytes) && ::FlushFileBuffers(file.Get()) != 0 && file.Close();
-    DWORD error = ::GetLastError();
-    if (done) {
-        if (target.Exists) TakeRights(temporary, target.Path);
-        done = SucceedsInTime([&] {
-            return ::MoveFileExW(temporary.c_str(), target.Path.c_str(),
-                                 MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
-        });
-        error = ::GetLastError();
+    if (!WriteAll(file.Get(), bytes) || ::FlushFileBuffers(file.Get()) == 0 || !file.Close()) {
+        const DWORD error = ::GetLastError();
+        file.Close();
+        ::DeleteFileW(temporary.c_str());
+        throw FileFault(error, path);
     }
-    if (done) return;
-    file.Close();
-    ::DeleteFileW(temporary.c_str());
-    throw FileFault(error, path);
+    if (target.Exists) TakeRights(temporary, target.Path);
+    target_ = target.Path;
+    temporary_ = temporary;
+}
+
+WrittenFile::WrittenFile(WrittenFile&& other) noexcept
+    : path_(std::move(other.path_)), target_(std::move(other.target_)),
+      temporary_(std::exchange(other.temporary_, {})) {}
+
+WrittenFile::~WrittenFile() {
+    if (!temporary_.empty()) ::DeleteFileW(temporary_.c_str());
+}
+
+void WrittenFile::TakePlace() {
+    if (!SucceedsInTime([&] {
+            return ::MoveFileExW(temporary_.c_str(), target_.c_str(),
+                                 MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        })) {
+        throw FileFault(::GetLastError(), path_);
+    }
+    temporary_.clear();
 }
 
 } // namespace pistaro

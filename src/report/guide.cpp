@@ -38,6 +38,17 @@ private:
     std::vector<GuideFile> files_;
 };
 
+/// Does something with a file of the guide on disk. Only a picture's fault is a problem of its own.
+template <typename Work>
+void NamingPicture(const GuideFile& file, Work work) {
+    try {
+        work();
+    } catch (const std::exception& reason) {
+        if (file.Name == GuidePageName) throw;
+        throw PictureProblem(file.Name, reason.what(), file.ShowsPiece);
+    }
+}
+
 } // namespace
 
 void SetPieceView(Project& project) {
@@ -66,19 +77,16 @@ std::filesystem::path GuidePageFile(const Preferences& preferences) {
 }
 
 std::vector<std::filesystem::path> WriteGuide(const Preferences& preferences, const std::vector<GuideFile>& files) {
-    const std::filesystem::path page = GuidePageFile(preferences);
-    std::vector<std::filesystem::path> written;
+    GuidePageFile(preferences);
+    std::vector<std::filesystem::path> paths;
+    std::vector<WrittenFile> written; // all of them before the first takes its place
     for (const GuideFile& file : files) {
-        const std::filesystem::path path = PathFromText(InWorkingDirectory(preferences, file.Name));
-        try {
-            ReplaceFile(path, file.Bytes);
-        } catch (const std::exception& reason) {
-            if (path == page) throw;
-            throw PictureProblem(file.Name, reason.what(), file.ShowsPiece);
-        }
-        written.push_back(path);
+        paths.push_back(PathFromText(InWorkingDirectory(preferences, file.Name)));
+        NamingPicture(file, [&] { written.emplace_back(paths.back(), file.Bytes); });
     }
-    return written;
+    for (std::size_t i = 0; i < files.size(); ++i)
+        NamingPicture(files[i], [&] { written[i].TakePlace(); });
+    return paths;
 }
 
 } // namespace pistaro

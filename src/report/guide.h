@@ -46,8 +46,9 @@ std::vector<GuideFile> DrawGuide(const Catalogue& catalogue, const Project& proj
 /// The file of the page. Fault where its folder, which is that of the pictures too, is not there.
 std::filesystem::path GuidePageFile(const Preferences& preferences);
 
-/// Puts the files into the working directory, the page last, and gives their paths. Throws PictureProblem; faults: no
-/// such folder; a page that cannot be written, which leaves the old one.
+/// Puts the files into the working directory, the page last, and gives their paths. All are on disk under other names
+/// before the first takes its place, so that one that cannot be written leaves the old guide whole. Throws
+/// PictureProblem; faults: no such folder; a page that cannot be written.
 std::vector<std::filesystem::path> WriteGuide(const Preferences& preferences, const std::vector<GuideFile>& files);
 
 /// Gives the project the view of piece pictures, 250 cm wide and without numbers, in which a failed one leaves it.

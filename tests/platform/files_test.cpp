@@ -1,5 +1,7 @@
 // Reading files whole, and putting them on disk in one step.
 #include "platform/files.h"
+
+#include "platform/fault.h"
 #include "platform/viewer_command.h"
 #include "support/fault_of.h"
 #include "support/temporary_folder.h"
@@ -95,6 +97,41 @@ TEST(ReplaceFile, LeavesAFileThatStandsWhereAFolderShould) {
     EXPECT_EQ(FaultOf([&] { ReplaceFile(folder / "file" / "a.trk", "new"); }),
               "Path not found: " + TextFromPath(folder / "file" / "a.trk"));
     EXPECT_EQ(BytesOf(folder / "file"), "old");
+}
+
+TEST(WrittenFile, LeavesTheOldOneUntilItTakesItsPlace) {
+    const TemporaryFolder folder;
+    WriteBytes(folder / "a.trk", "old");
+
+    WrittenFile file(folder / "a.trk", "new");
+    EXPECT_EQ(BytesOf(folder / "a.trk"), "old");
+    EXPECT_EQ(FilesIn(folder.Path()), 2U);
+    file.TakePlace();
+
+    EXPECT_EQ(BytesOf(folder / "a.trk"), "new");
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+
+TEST(WrittenFile, GoesWhereItNeverTakesAPlace) {
+    const TemporaryFolder folder;
+    {
+        WrittenFile file(folder / "a.trk", "new");
+        const WrittenFile moved(std::move(file));
+        EXPECT_EQ(FilesIn(folder.Path()), 1U);
+    }
+
+    EXPECT_EQ(FilesIn(folder.Path()), 0U);
+}
+
+TEST(WrittenFile, ThatCannotTakeItsPlaceIsAFaultAndGoes) {
+    const TemporaryFolder folder;
+    {
+        WrittenFile file(folder / "a.trk", "new");
+        std::filesystem::create_directory(folder / "a.trk");
+        EXPECT_THROW(file.TakePlace(), Fault);
+    }
+
+    EXPECT_EQ(FilesIn(folder.Path()), 1U) << "the folder";
 }
 
 TEST(ViewerCommand, IsReducedToItsProgram) {

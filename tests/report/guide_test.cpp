@@ -184,10 +184,12 @@ TEST_F(WrittenGuide, ReplacesAnOlderOne) {
     EXPECT_EQ(BytesOf(Folder / "track.gif"), "the layout");
 }
 
-TEST_F(WrittenGuide, APictureThatCannotBeWrittenIsAProblemThatNamesItAndLeavesTheOldPage) {
+TEST_F(WrittenGuide, APictureThatCannotBeWrittenIsAProblemThatNamesItAndLeavesTheOldGuide) {
     for (const auto& [picture, ofPiece] : {std::pair("C160.gif", true), std::pair("track.gif", false)}) {
+        for (const char* const name : {"C160.gif", "track.gif", "guide.html"})
+            WriteBytes(Folder / name, "an older file");
+        std::filesystem::remove(Folder / picture);
         std::filesystem::create_directory(Folder / picture);
-        WriteBytes(Folder / "guide.html", "an older page");
 
         try {
             WriteGuide(User, Files);
@@ -198,17 +200,23 @@ TEST_F(WrittenGuide, APictureThatCannotBeWrittenIsAProblemThatNamesItAndLeavesTh
             EXPECT_EQ(problem.OfPiece, ofPiece);
         }
 
-        EXPECT_EQ(BytesOf(Folder / "guide.html"), "an older page");
+        for (const char* const name : {"C160.gif", "track.gif", "guide.html"}) {
+            if (name != std::string_view(picture)) EXPECT_EQ(BytesOf(Folder / name), "an older file") << picture;
+        }
+        EXPECT_EQ(FilesIn(Folder.Path()), 3U) << "no temporary file is left";
         std::filesystem::remove(Folder / picture);
     }
 }
 
 TEST_F(WrittenGuide, APageThatCannotBeWrittenIsAFaultOfNoPicture) {
     std::filesystem::create_directory(Folder / "guide.html");
+    WriteBytes(Folder / "C160.gif", "an older picture");
 
     EXPECT_THAT(FaultOf([&] { WriteGuide(User, Files); }),
                 StartsWith("Path/File access error: " + (Folder / "guide.html").string()));
     EXPECT_TRUE(std::filesystem::is_directory(Folder / "guide.html"));
+    EXPECT_EQ(BytesOf(Folder / "C160.gif"), "an older picture");
+    EXPECT_FALSE(Exists("track.gif"));
 }
 
 TEST_F(WrittenGuide, AWorkingDirectoryThatIsNotThereIsAFaultAndNothingIsWritten) {
