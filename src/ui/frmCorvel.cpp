@@ -70,7 +70,12 @@ frmCorvel::frmCorvel(Session& session)
     resize(QSize(1200, 820).boundedTo(screen()->availableSize() - QSize(0, TitleBarHeight)));
 }
 
-frmCorvel::~frmCorvel() { session_.Windows = nullptr; }
+frmCorvel::~frmCorvel() {
+    session_.Windows = nullptr;
+    // What these do when they are hidden needs the rest of the window.
+    delete checks_;
+    delete money_;
+}
 
 void frmCorvel::AddPanels() {
     const auto add = [&](Panel panel, QDockWidget* dock) {
