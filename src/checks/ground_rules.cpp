@@ -76,6 +76,7 @@ void AllowBridges(const CheckedCircuit& circuit, std::vector<Overlap>& overlaps)
         if (area > deepest.first) deepest = {area, i};
     }
     std::vector<std::size_t> allowed;
+    allowed.reserve(under.size());
     for (const auto& [bridge, deepest] : under)
         allowed.push_back(deepest.second);
     std::ranges::sort(allowed, std::greater());
@@ -175,6 +176,7 @@ std::vector<Finding> FindOverlaps(const CheckedCircuit& circuit) {
     std::vector<Overlap> overlaps = OverlapsOf(circuit);
     AllowBridges(circuit, overlaps);
     std::vector<Finding> findings;
+    findings.reserve(overlaps.size());
     for (const Overlap& overlap : overlaps)
         findings.push_back(FindingOf(circuit, overlap));
     return findings;

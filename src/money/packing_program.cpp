@@ -38,6 +38,7 @@ public:
 
     PackingSolution Solution() const {
         PackingSolution solution{At(rows_, width_ - 1), {}};
+        solution.Multipliers.reserve(rows_);
         for (std::size_t row = 0; row < rows_; ++row)
             solution.Multipliers.push_back(At(rows_, variables_ + row));
         return solution;

@@ -69,6 +69,7 @@ QPolygonF PolygonOf(const PiecePlacement& placement) {
 
 std::vector<WorldPoint> PointsOf(const QPolygonF& polygon) {
     std::vector<WorldPoint> points;
+    points.reserve(static_cast<std::size_t>(polygon.size()));
     for (const QPointF& point : polygon)
         points.push_back({static_cast<float>(point.x()), static_cast<float>(point.y())});
     return points;
@@ -106,6 +107,7 @@ void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding
 
 void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
     std::vector<PieceAt> places;
+    places.reserve(finding.Pieces.size() + 1);
     for (const int element : finding.Pieces)
         places.push_back({finding.Track, element});
     if (finding.Other) places.push_back(*finding.Other);
