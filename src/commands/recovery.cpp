@@ -163,7 +163,7 @@ std::vector<RecoveredWork> Recovery::Free() const {
     if (!IsOn()) return {};
     std::vector<RecoveredWork> works = FindRecoveredWork(folder_);
     std::erase_if(works, [this](const RecoveredWork& work) {
-        const bool isOfAnother = work.OwnerLives && !work.Name.IsKept && work.Name.Owner != owner_;
+        const bool isOfAnother = work.OwnerLives && work.Name.Owner != owner_;
         return isOfAnother || work.Name == current_;
     });
     if (works.size() > MostShown) works.resize(MostShown);

@@ -168,7 +168,7 @@ std::vector<RecoveredWork> FindRecoveredWork(const std::filesystem::path& folder
         std::error_code gone;
         const auto written = std::filesystem::last_write_time(file, gone);
         if (!name || gone) return;
-        const bool lives = LifeSign::Lives(LifeSignOf(folder, name->Owner));
+        const bool lives = !name->IsKept && LifeSign::Lives(LifeSignOf(folder, name->Owner));
         const auto time =
             std::chrono::time_point_cast<std::chrono::system_clock::duration>(std::chrono::file_clock::to_sys(written));
         found.push_back({file, *name, time, lives, std::nullopt});
@@ -193,8 +193,7 @@ void TidyRecoveredWork(const std::filesystem::path& folder) {
     std::size_t works = 0;
     std::error_code gone;
     for (const RecoveredWork& work : FindRecoveredWork(folder)) {
-        const bool isOfOthers = work.OwnerLives && !work.Name.IsKept;
-        if (!isOfOthers && ++works > MostWorks) std::filesystem::remove(work.File, gone);
+        if (!work.OwnerLives && ++works > MostWorks) std::filesystem::remove(work.File, gone);
     }
     ForEachFile(folder, LifeSignEnding, [&](const std::filesystem::path& sign) {
         if (!LifeSign::Lives(sign)) std::filesystem::remove(sign, gone);

@@ -36,8 +36,8 @@ struct RecoveredWork {
     std::filesystem::path File;
     RecoveryName Name;
     std::chrono::system_clock::time_point Written; ///< last
-    bool OwnerLives = false;
-    std::optional<Design> Content; ///< nothing before it is read, and where the file is damaged
+    bool OwnerLives = false;                       ///< and keeps it to itself: of a work that is kept nobody does
+    std::optional<Design> Content;                 ///< nothing before it is read, and where the file is damaged
 
     std::string Handle() const { return HandleOf(Name); }
     int Pieces() const;
