@@ -31,11 +31,11 @@ bool IsHarmless(const std::string& line) {
 }
 
 /// The script line by line, so that lines after a refused one are run, too.
-void RunEachLine(Session& session, ScriptPrompts& prompts, std::string script) {
-    std::ranges::replace(script, '\r', '\n');
+void RunEachLine(Session& session, ScriptPrompts& prompts, const std::string& script) {
     std::istringstream lines(script);
+    ScriptLines parted(lines, "fuzzed");
     int left = 200;
-    for (std::string line; left > 0 && std::getline(lines, line); --left) {
+    for (std::string line; left > 0 && parted.Next(line); --left) {
         if (!IsHarmless(line)) continue;
         std::istringstream one(line);
         std::ostringstream output;
