@@ -17,9 +17,15 @@ LateWriter::Write LateWriter::Take(std::unique_lock<std::mutex>& lock) {
     return std::exchange(waiting_, nullptr);
 }
 
+void LateWriter::TryAgainLater(Write write) {
+    if (waiting_) return; // what came since stands for it
+    waiting_ = std::move(write);
+    due_ = std::chrono::steady_clock::now() + delay_;
+}
+
 void LateWriter::Now() {
     std::unique_lock lock(mutex_);
-    if (const Write write = Take(lock)) write();
+    if (const Write write = Take(lock); write && !write()) TryAgainLater(write);
 }
 
 void LateWriter::Forget() {
@@ -35,9 +41,10 @@ void LateWriter::Run(const std::stop_token& stop) {
         const Write write = std::exchange(waiting_, nullptr);
         writes_ = true;
         lock.unlock();
-        write();
+        const bool done = write();
         lock.lock();
         writes_ = false;
+        if (!done) TryAgainLater(write);
         changed_.notify_all();
     }
 }

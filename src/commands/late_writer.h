@@ -11,9 +11,9 @@ namespace pistaro {
 
 class LateWriter {
 public:
-    using Write = std::function<void()>; ///< must not throw
+    using Write = std::function<bool()>; ///< whether it is done; must not throw
 
-    /// Each write is done at most `delay` after the first that it stands for.
+    /// Each write is done at most `delay` after the first that it stands for; one that fails is tried again as often.
     explicit LateWriter(std::chrono::milliseconds delay) : delay_(delay) {}
 
     /// Does not do what still waits.
@@ -33,6 +33,7 @@ public:
 
 private:
     void Run(const std::stop_token& stop);
+    void TryAgainLater(Write write);
     /// What waits, when no other write is being done.
     Write Take(std::unique_lock<std::mutex>& lock);
 

@@ -3,6 +3,7 @@
 
 #include "platform/fault_words.h"
 #include "platform/files.h"
+#include "platform/folders.h"
 #include "platform/locks.h"
 #include "platform/processes.h"
 #include "storage/circuit_file.h"
@@ -43,19 +44,21 @@ public:
     Files(std::filesystem::path folder, std::string owner, Jobs::Post post, std::function<void(std::string)> tell)
         : folder_(std::move(folder)), owner_(std::move(owner)), post_(std::move(post)), tell_(std::move(tell)) {}
 
-    /// Makes folder and sign with the first work. Where they cannot be made that is told, once.
+    /// Makes folder and sign with the first work. Where they cannot be made that is told.
     static bool Begun(const std::shared_ptr<Files>& files) {
         return Try(files, [&] {
             if (files->sign_) return;
-            std::error_code toldByTheSign;
-            std::filesystem::create_directories(files->folder_, toldByTheSign);
+            MakeFolders(files->folder_);
             files->sign_ = std::make_unique<LifeSign>(LifeSignOf(files->folder_, files->owner_));
             TidyRecoveredWork(files->folder_);
         });
     }
 
-    static void Write(const std::shared_ptr<Files>& files, const std::filesystem::path& file, const Design& design) {
-        if (Begun(files)) Try(files, [&] { ReplaceFile(file, CircuitBytes(design)); });
+    /// Gives whether it could be written. What cannot is told when it begins, and not at each try.
+    static bool Write(const std::shared_ptr<Files>& files, const std::filesystem::path& file, const Design& design) {
+        if (!Begun(files) || !Try(files, [&] { ReplaceFile(file, CircuitBytes(design)); })) return false;
+        files->told_ = false;
+        return true;
     }
 
 private:
@@ -117,7 +120,7 @@ void Recovery::WriteLater() {
     if (!current_) current_ = NewName();
     writer_.Later(
         [files = files_, file = PathOf(*current_), design = std::make_shared<const Design>(session_.Project.Design)] {
-            Files::Write(files, file, *design);
+            return Files::Write(files, file, *design);
         });
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "platform/folders.h"
 #include "platform/places.h"
 #include "platform/temporary_files.h"
 #include "storage/settings_file.h"
@@ -10,15 +11,24 @@ namespace pistaro {
 
 namespace {
 
-void InstallSettings(const Catalogue& catalogue, const std::filesystem::path& path) {
-    std::error_code reportedByTheWrite;
-    std::filesystem::create_directories(path.parent_path(), reportedByTheWrite);
-    ReplaceFile(path, InitialSettingsBytes(catalogue));
+constexpr std::size_t LargestSample = std::size_t{64} << 20;
+
+/// Gives what is to be told: samples that cannot be put in place keep nobody from working.
+std::vector<Message> InstallSamples() {
     const std::filesystem::path workingDirectory = PathFromText(InitialWorkingDirectory());
-    if (workingDirectory.empty()) return;
-    std::error_code noFolderYet; // the user may choose another one with the first save
-    std::filesystem::create_directories(workingDirectory, noFolderYet);
-    CopySamples(InstalledFolder() / "samples", workingDirectory);
+    if (workingDirectory.empty()) return {};
+    try {
+        MakeFolders(workingDirectory);
+        CopySamples(InstalledFolder() / "samples", workingDirectory);
+        return {};
+    } catch (const std::exception& fault) {
+        return {{Icon::Exclamation, std::string(fault.what()) + "\nThe samples and the manual are not all in place."}};
+    }
+}
+
+void InstallSettings(const Catalogue& catalogue, const std::filesystem::path& path) {
+    if (path.has_parent_path()) MakeFolders(path.parent_path());
+    ReplaceFile(path, InitialSettingsBytes(catalogue));
 }
 
 /// Sweeps the folders that this start may write to.
@@ -38,14 +48,15 @@ DesignerStart StartWithout(const Catalogue& catalogue, const std::exception& fau
 } // namespace
 
 void CopySamples(const std::filesystem::path& from, const std::filesystem::path& to) {
-    std::error_code nothingToCopyOrNoRoom;
-    std::filesystem::create_directories(to, nothingToCopyOrNoRoom);
-    for (const auto& entry : std::filesystem::directory_iterator(from, nothingToCopyOrNoRoom)) {
+    MakeFolders(to);
+    std::error_code nothingToCopy;
+    for (const auto& entry : std::filesystem::directory_iterator(from, nothingToCopy)) {
         const auto target = to / entry.path().filename();
-        if (entry.is_directory(nothingToCopyOrNoRoom)) {
+        std::error_code toldByTheCopy;
+        if (entry.is_directory(toldByTheCopy)) {
             CopySamples(entry.path(), target);
-        } else if (!std::filesystem::exists(target, nothingToCopyOrNoRoom)) {
-            std::filesystem::copy_file(entry.path(), target, nothingToCopyOrNoRoom);
+        } else if (!std::filesystem::exists(target, toldByTheCopy)) {
+            ReplaceFile(target, ReadFile(entry.path(), LargestSample));
         }
     }
 }
@@ -54,10 +65,15 @@ DesignerStart StartDesigner(const Catalogue& catalogue, const std::filesystem::p
     try {
         if (settingsPath.empty()) throw Fault("Path not found", "there is no home folder to keep settings in");
         std::error_code unreadable;
-        if (!std::filesystem::exists(settingsPath, unreadable) && !unreadable) InstallSettings(catalogue, settingsPath);
+        std::vector<Message> messages;
+        if (!std::filesystem::exists(settingsPath, unreadable) && !unreadable) {
+            InstallSettings(catalogue, settingsPath);
+            messages = InstallSamples();
+        }
         const Settings settings = ReadSettings(catalogue, settingsPath);
         Sweep(settingsPath, settings.Preferences);
-        return {StartUp(settings), settingsPath, settings.Messages};
+        messages.insert(messages.end(), settings.Messages.begin(), settings.Messages.end());
+        return {StartUp(settings), settingsPath, messages};
     } catch (const std::exception& fault) {
         return StartWithout(catalogue, fault);
     }

@@ -23,13 +23,14 @@ struct DesignerStart {
 };
 
 /// Copies the sample circuits, and the manual beside them, into a first run's working directory, where the load dialog
-/// and the Manual command look for them. Files that are there already stay; what cannot be copied is left out.
+/// and the Manual command look for them. Files that are there already stay. Faults: a folder cannot be made, a file not
+/// be read or written.
 void CopySamples(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Reads the settings file; where none stands an initial one is put there first, with its folder, the working directory
 /// and the samples in it. A file that cannot be read or made is told: the program then goes on with the initial
-/// settings and leaves the file alone, as where there is no home for one. Sweeps what killed programs left
-/// half-written.
+/// settings and leaves the file alone, as where there is no home for one. Samples that cannot be put in place are told,
+/// too. Sweeps what killed programs left half-written.
 DesignerStart StartDesigner(const Catalogue& catalogue, const std::filesystem::path& settingsPath);
 
 } // namespace pistaro

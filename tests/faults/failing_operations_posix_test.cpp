@@ -1,5 +1,6 @@
 // Whatever is written, each call to the system fails once with each error that a disk gives. Then the old file or the
 // new one stands there whole and nothing else, its user was told which file it is and why, and can do the same again.
+#include "commands/recovery.h"
 #include "editor/colour_settings.h"
 #include "editor/draw_area.h"
 #include "editor/owned_track.h"
@@ -11,6 +12,7 @@
 #include "report/guide.h"
 #include "stats/shopping_list.h"
 #include "storage/circuit_file.h"
+#include "support/chain.h"
 #include "support/circuit_text.h"
 #include "support/pieces.h"
 #include "support/settings_bytes.h"
@@ -18,16 +20,20 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
+#include <cstring>
 #include <functional>
 
 namespace pistaro {
 
 namespace {
 
+using testing::AnyOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 using testing::UnorderedElementsAreArray;
 
 struct Failure {
@@ -39,8 +45,19 @@ constexpr std::array Failures{Failure{ENOSPC, "Disk full: "}, Failure{EDQUOT, "D
                               Failure{EACCES, "Permission denied: "}, Failure{EIO, ": Input/output error"},
                               Failure{EXDEV, ": Invalid cross-device link"}};
 
+/// Of a folder the system's own words are told.
+auto IsTold(const Failure& failure) { return AnyOf(HasSubstr(failure.Told), HasSubstr(std::strerror(failure.Error))); }
+
 /// Something that writes, done as its user does it, with a message for each fault.
 using Operation = std::function<void(Desk&)>;
+
+/// The first track's pieces of each work that a recovery folder holds.
+std::vector<std::string> CodesKept(const std::filesystem::path& folder) {
+    std::vector<std::string> codes;
+    for (const RecoveredWork& work : WithContent(FindRecoveredWork(folder)))
+        codes.push_back(CodesOf(work.Content->Circuit.Tracks[0]));
+    return codes;
+}
 
 class FailingCalls : public testing::Test {
 protected:
@@ -82,7 +99,7 @@ private:
             EXPECT_THAT(Others(left, after_), IsEmpty()) << "nothing was told";
         } else {
             EXPECT_THAT(faults, SizeIs(1));
-            EXPECT_THAT(faults[0], AllOf(HasSubstr(failure.Told), HasSubstr(desk_.Folder().string())));
+            EXPECT_THAT(faults[0], AllOf(IsTold(failure), HasSubstr(desk_.Folder().string())));
         }
         const Project& project = desk_.Session().Project;
         EXPECT_EQ(project.Design, design);
@@ -186,6 +203,78 @@ TEST_F(FailingCalls, OfTheGuide) {
     };
 
     TryEachCall(write, {"C151L.gif", "track.gif", "guide.html"});
+}
+
+TEST_F(FailingCalls, OfWhatKeepsUnsavedWork) {
+    const std::filesystem::path folder = desk_.Folder() / "share" / "recovery";
+    for (const Failure& failure : Failures) {
+        for (int call = 1, failed = 1; failed > 0; ++call) {
+            desk_.Lay();
+            Session& session = desk_.Session();
+            Recovery recovery(
+                session, folder, [](const std::function<void()>& tell) { tell(); }, std::chrono::hours(1));
+            FailCall(desk_.Folder().string(), call, failure.Error);
+            session.Run(*session.Commands.Find("add C160"));
+            recovery.Secure();
+            const std::string what = StopFailing();
+            SCOPED_TRACE("call " + std::to_string(call) + ", error " + std::to_string(failure.Error) + ": " + what);
+            failed = what.empty() ? 0 : 1;
+
+            EXPECT_EQ(CodesOf(session.Project.Design.Circuit.Tracks[0]), "C160 C159 C160");
+            EXPECT_TRUE(session.Project.EditState.DataChanged);
+            EXPECT_THAT(CodesKept(folder), AnyOf(IsEmpty(), ElementsAre("C160 C159 C160")));
+            if (CodesKept(folder).empty()) {
+                EXPECT_THAT(desk_.Faults(), ElementsAre(AllOf(StartsWith("Unsaved work is not kept: "), IsTold(failure),
+                                                              HasSubstr(folder.string()))));
+            }
+            recovery.Secure();
+            EXPECT_THAT(CodesKept(folder), ElementsAre("C160 C159 C160")) << "as soon as the disk takes it";
+            EXPECT_THAT(BytesOf(desk_.Circuit()), CircuitText("C160"));
+        }
+    }
+}
+
+TEST_F(FailingCalls, OfAFirstStart) {
+    const std::filesystem::path settings = desk_.Folder() / "config" / "pistaro" / "corvel.ini";
+    const auto start = [&] {
+        const DesignerStart started = StartDesigner(Pieces(), settings);
+        for (const Message& message : started.Messages)
+            desk_.Prompts().Tell(message);
+        return started;
+    };
+    const Tree before = TreeBelow(desk_.Folder());
+    start();
+    const Tree after = TreeBelow(desk_.Folder());
+    ASSERT_THAT(Others(before, after), UnorderedElementsAre("config/", "config/pistaro/", "config/pistaro/corvel.ini",
+                                                            "Documents/", "Documents/Pistaro/"));
+    for (const Failure& failure : Failures) {
+        for (int call = 1, failed = 1; failed > 0; ++call) {
+            desk_.Lay();
+            FailCall(desk_.Folder().string(), call, failure.Error);
+            const DesignerStart started = start();
+            const std::string what = StopFailing();
+            SCOPED_TRACE("call " + std::to_string(call) + ", error " + std::to_string(failure.Error) + ": " + what);
+            failed = what.empty() ? 0 : 1;
+
+            const Tree left = TreeBelow(desk_.Folder());
+            ExpectOldOrNew(left, before, after);
+            EXPECT_EQ(started.Project.Design.View.Width, 320) << "the program goes on";
+            if (left != after) {
+                EXPECT_THAT(desk_.Faults(), ElementsAre(AllOf(IsTold(failure), HasSubstr(desk_.Folder().string()))));
+            }
+        }
+    }
+}
+
+TEST_F(FailingCalls, OfTheSamplesOfAFirstStart) {
+    const TemporaryFolder installed;
+    std::filesystem::create_directory(installed / "manual");
+    WriteBytes(installed / "oval.trk", "a sample");
+    WriteBytes(installed / "manual" / "help.html", "the manual");
+    const std::filesystem::path documents = desk_.Folder() / "Documents";
+    const Operation copy = [&](Desk& desk) { desk.Session().Do([&] { CopySamples(installed.Path(), documents); }); };
+
+    TryEachCall(copy, {"Documents/", "Documents/oval.trk", "Documents/manual/", "Documents/manual/help.html"});
 }
 
 } // namespace pistaro

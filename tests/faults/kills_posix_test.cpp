@@ -1,11 +1,14 @@
 // The built program, killed at any moment: every file that it writes is whole, the old one or the new one. Fifty kills
 // here, a thousand by ./soak.
+#include "commands/recovery.h"
 #include "faults/tree.h"
 #include "storage/circuit_file.h"
 #include "storage/settings_file.h"
+#include "support/chain.h"
 #include "support/circuit_text.h"
 #include "support/pieces.h"
 #include "support/run_program.h"
+#include "support/scripted_prompts.h"
 #include "support/settings_bytes.h"
 
 #include <gmock/gmock.h>
@@ -14,6 +17,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <random>
 #include <sys/wait.h>
 #include <thread>
@@ -172,5 +176,90 @@ TEST_F(Kills, DuringAPictureLeaveItWholeOrAway) {
 TEST_F(Kills, DuringTheShoppingListLeaveItWholeOrAway) { ExpectWhole({"shop", "oval.trk"}); }
 
 TEST_F(Kills, DuringTheGuideLeaveEachFileWholeOrAway) { ExpectWhole({"guide", "oval.trk"}); }
+
+namespace {
+
+using Clock = std::chrono::steady_clock; ///< the same in all programs
+
+/// Somebody who moves the track to the right without end, and writes down when each move was done.
+class EndlessWork {
+public:
+    explicit EndlessWork(const std::filesystem::path& folder) : folder_(folder) {
+        std::filesystem::create_directory(folder_);
+        process_ = ::fork();
+        if (process_ == 0) Move();
+    }
+
+    /// Gives the time of the kill.
+    Clock::time_point Kill() const {
+        const auto now = Clock::now();
+        ::kill(process_, SIGKILL);
+        ::waitpid(process_, nullptr, 0);
+        return now;
+    }
+
+    /// How many moves were done at that time.
+    int DoneAt(Clock::time_point time) const {
+        std::ifstream times(folder_ / "times");
+        int done = 0;
+        for (Clock::rep at = 0; times >> at && Clock::time_point(Clock::duration(at)) <= time;)
+            ++done;
+        return done;
+    }
+
+    /// How many moves the recovery file knows of; -1 where there is none.
+    int Recovered() const {
+        constexpr float trackWidth = 15.5F;
+        const std::vector<RecoveredWork> works = WithContent(FindRecoveredWork(folder_ / "recovery"));
+        if (works.empty()) return -1;
+        EXPECT_EQ(works.size(), 1U);
+        return static_cast<int>(works[0].Content->Circuit.Tracks[0].TrackStartX / trackWidth);
+    }
+
+private:
+    [[noreturn]] void Move() const {
+        ScriptedPrompts nobody;
+        Session session(Pieces(), nobody, ProjectOf("C160 C159"), {});
+        const Recovery recovery(session, folder_ / "recovery", [](const std::function<void()>&) {});
+        std::ofstream times(folder_ / "times");
+        for (;;) {
+            session.Run(*session.Commands.Find("move right"));
+            times << Clock::now().time_since_epoch().count() << std::endl;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    }
+
+    std::filesystem::path folder_;
+    pid_t process_ = 0;
+};
+
+} // namespace
+
+TEST(KillsOfWork, LoseAtMostTheChangesOfTheLastFiveSeconds) {
+    constexpr std::chrono::seconds promised(5);
+    const TemporaryFolder folder;
+    const auto seed = std::random_device{}();
+    std::mt19937 random(seed);
+    const int rounds = std::getenv("PISTARO_SOAK") != nullptr ? 20 : 1;
+    int recovered = 0;
+    for (int round = 0; round < rounds; ++round) {
+        std::vector<EndlessWork> works;
+        for (int number = 0; number < 10; ++number)
+            works.emplace_back(folder / std::to_string(10 * round + number));
+        std::this_thread::sleep_for(promised);
+        for (const EndlessWork& work : works) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(random() % 600));
+            SCOPED_TRACE("seed " + std::to_string(seed));
+
+            const Clock::time_point killed = work.Kill();
+
+            const int found = work.Recovered();
+            EXPECT_GE(found, work.DoneAt(killed - promised));
+            EXPECT_LE(found, work.DoneAt(killed) + 1);
+            recovered += found > 0 ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(recovered, 10 * rounds);
+}
 
 } // namespace pistaro
