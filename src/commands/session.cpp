@@ -58,6 +58,7 @@ void Session::Work(const std::function<void()>& work) {
     if (depth_ > 0) return work();
     const pistaro::Project before = Project;
     const std::optional<Picture> background = Background;
+    const pistaro::Looks looks = Looks;
     step_ = {.Time = Now()};
     noted_ = {};
     moved_ = false;
@@ -66,17 +67,19 @@ void Session::Work(const std::function<void()>& work) {
         work();
     } catch (...) {
         --depth_;
-        Finish(before, background);
+        Finish(before, background, looks);
         throw;
     }
     --depth_;
-    Finish(before, background);
+    Finish(before, background, looks);
 }
 
-void Session::Finish(const pistaro::Project& before, const std::optional<Picture>& background) {
+void Session::Finish(const pistaro::Project& before, const std::optional<Picture>& background,
+                     const pistaro::Looks& looks) {
     if (!moved_) history_.Record(before, Project, step_);
     Changes changes = Difference(before, Project);
     changes.Background = Background != background;
+    changes.Looks = Looks != looks;
     changes.Saved = noted_.Saved;
     changes.OtherCircuit = noted_.OtherCircuit;
     for (const auto& observer : observers_)

@@ -6,6 +6,7 @@
 #include "commands/jobs.h"
 #include "commands/windows.h"
 #include "imaging/picture.h"
+#include "model/looks.h"
 #include "model/project.h"
 #include "model/prompts.h"
 
@@ -22,6 +23,7 @@ struct Changes {
     bool EditState = false; ///< the selection, a mode, the file, whether there are unsaved changes
     bool Stock = false, Preferences = false;
     bool Background = false;
+    bool Looks = false;
     bool Saved = false;        ///< the design stands in its file now
     bool OtherCircuit = false; ///< another circuit took the place of the one before: Load, New, undo across these
 
@@ -40,6 +42,7 @@ public:
     pistaro::Project Project;
     const std::filesystem::path SettingsPath;
     std::optional<Picture> Background;   ///< behind the drawing
+    pistaro::Looks Looks;                ///< of the window
     int PicturePixels;                   ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr; ///< null in a script
     std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
@@ -98,7 +101,7 @@ public:
 
 private:
     void NameStep(const Command& command);
-    void Finish(const pistaro::Project& before, const std::optional<Picture>& background);
+    void Finish(const pistaro::Project& before, const std::optional<Picture>& background, const pistaro::Looks& looks);
 
     std::vector<std::function<void(const Changes&)>> observers_;
     std::vector<std::function<void()>> leavers_;

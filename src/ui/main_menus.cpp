@@ -27,13 +27,13 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session&
     QMenu& circuit = AddMenu(window, controls, "&Circuit", {"new", "load", "save"});
     circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
-    AddMenu(window, controls, "&Edit", {"undo", "redo"});
-    AddMenu(window, controls, "&Track", {"mirror", "invert"});
+    AddMenu(window, controls, "&Edit", {"undo", "redo", "select rest"});
+    AddMenu(window, controls, "&Track", {"mirror", "invert", "mirror rest", "start here"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
     pieces.addSection("Replace the selected piece by");
     for (const int row : session.Catalogue.VariantRows())
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
-    AddMenu(window, controls, "&View", {"background select", "background clear"});
+    AddMenu(window, controls, "&View", {"columns", "background select", "background clear"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track"});
     AddMenu(window, controls, "&Reports", {"statistics", "guide", "save picture"});
     AddMenu(window, controls, "&Help", {"manual", "about"});
