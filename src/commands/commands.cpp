@@ -1,6 +1,7 @@
 // The table's rows, group by group. It is long because it is the one place that lists every command.
 #include "commands/commands.h"
 
+#include "commands/canvas_commands.h"
 #include "commands/circuit_commands.h"
 #include "commands/money_commands.h"
 #include "commands/picture_commands.h"
@@ -413,6 +414,7 @@ void AddViewCommands(std::vector<Command>& rows) {
                     .Caption = "+",
                     .Tip = "Show less, but larger",
                     .Key = "Ctrl++",
+                    .OtherKey = "Ctrl+=",
                     .Repeatable = true,
                     .WhyNot = ZoomableIn,
                     .Run = [](Session& session) { ZoomIn(session.Project.Design.View); }});
@@ -566,6 +568,7 @@ CommandTable::CommandTable(const Catalogue& catalogue) {
     AddMoves(rows_);
     AddTrackChoices(rows_);
     AddViewCommands(rows_);
+    AddCanvasCommands(rows_);
     AddBackgroundCommands(rows_);
     AddSettingsCommands(rows_);
     AddReportCommands(rows_);

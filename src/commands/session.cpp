@@ -75,6 +75,7 @@ void Session::Work(const std::function<void()>& work) {
     if (depth_ > 0) return work();
     const pistaro::Project before = Project;
     const std::optional<Picture> background = Background;
+    const pistaro::Looks looks = Looks;
     step_ = {.Time = Now()};
     noted_ = {};
     moved_ = newInFile_ = false;
@@ -84,18 +85,20 @@ void Session::Work(const std::function<void()>& work) {
         work();
     } catch (...) {
         --depth_;
-        Finish(before, background);
+        Finish(before, background, looks);
         throw;
     }
     --depth_;
-    Finish(before, background);
+    Finish(before, background, looks);
 }
 
-void Session::Finish(const pistaro::Project& before, const std::optional<Picture>& background) {
+void Session::Finish(const pistaro::Project& before, const std::optional<Picture>& background,
+                     const pistaro::Looks& looks) {
     if (!moved_) history_.Record(before, Project, step_);
     if (newInFile_) history_.NoteOnlyOneInFile(Project.EditState.File);
     Changes changes = Difference(before, Project);
     changes.Background = Background != background;
+    changes.Looks = Looks != looks;
     changes.Saved = noted_.Saved;
     changes.Discarded = noted_.Discarded;
     changes.OtherCircuit = noted_.OtherCircuit;

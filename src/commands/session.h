@@ -6,6 +6,7 @@
 #include "commands/jobs.h"
 #include "commands/windows.h"
 #include "imaging/picture.h"
+#include "model/looks.h"
 #include "model/project.h"
 #include "model/prompts.h"
 #include "search/closing_tables.h"
@@ -26,6 +27,7 @@ struct Changes {
     bool EditState = false; ///< the selection, a mode, the file, whether there are unsaved changes
     bool Stock = false, Preferences = false;
     bool Background = false;
+    bool Looks = false;
     bool Saved = false;        ///< the design stands in its file now
     bool Discarded = false;    ///< the user has answered that unsaved work may go
     bool OtherCircuit = false; ///< another circuit took the place of the one before: Load, New, undo across these
@@ -57,6 +59,7 @@ public:
     KnownFiles Files;                      ///< as they were read and written
     RecentCircuits Recent;                 ///< kept nowhere in a script
     std::optional<Picture> Background;     ///< behind the drawing
+    pistaro::Looks Looks;                  ///< of the window
     int PicturePixels;                     ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr;   ///< null in a script
     pistaro::Recovery* Recovery = nullptr; ///< what keeps unsaved work, where something does
@@ -127,7 +130,7 @@ public:
 private:
     void NameStep(const Command& command);
     void Notify(const Changes& changes);
-    void Finish(const pistaro::Project& before, const std::optional<Picture>& background);
+    void Finish(const pistaro::Project& before, const std::optional<Picture>& background, const pistaro::Looks& looks);
 
     std::vector<std::weak_ptr<const Observer>> observers_;
     std::vector<std::weak_ptr<const std::function<void()>>> leavers_;

@@ -1,6 +1,7 @@
 #include "editor/mouse_selection.h"
 
 #include "editor/building.h"
+#include "editor/track_editing.h"
 #include "layout/placement.h"
 #include "platform/fault.h"
 
@@ -43,6 +44,11 @@ TrackSystem SystemAfter(const Catalogue& catalogue, const Track& track, int elem
     return offered;
 }
 
+void SelectAndOffer(const Catalogue& catalogue, const Track& track, EditState& edit, int element) {
+    edit.Select(element);
+    if (element >= 1 && SystemAfter(catalogue, track, element - 1, edit.System) != edit.System) SwitchTrackSystem(edit);
+}
+
 } // namespace
 
 void SelectNearestElement(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, WorldPoint click) {
@@ -52,10 +58,22 @@ void SelectNearestElement(const Catalogue& catalogue, const Circuit& circuit, Ed
         throw SubscriptOutOfRange("a track of more than " + std::to_string(MostClickableElements) +
                                   " elements cannot be clicked; choose the element in the list");
     }
-    const int nearest = NearestElement(catalogue, *track, click);
-    edit.Select(nearest);
-    if (nearest >= 1 && SystemAfter(catalogue, *track, nearest - 1, edit.System) != edit.System)
-        SwitchTrackSystem(edit);
+    SelectAndOffer(catalogue, *track, edit, NearestElement(catalogue, *track, click));
+}
+
+void SelectPiece(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, const PieceAddress& piece) {
+    if (piece.Track != edit.CurrentTrack) ChooseTrack(edit, piece.Track);
+    SelectAndOffer(catalogue, *EditedTrack(circuit, edit), edit, piece.Element);
+}
+
+void SelectAt(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, const PickMap& pieces,
+              WorldPoint click) {
+    if (edit.ShowsAllTracks()) return;
+    if (const auto piece = pieces.OnlyPieceAt(click)) {
+        SelectPiece(catalogue, circuit, edit, *piece);
+    } else {
+        SelectNearestElement(catalogue, circuit, edit, click);
+    }
 }
 
 } // namespace pistaro

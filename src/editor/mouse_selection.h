@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/catalogue.h"
+#include "editor/picking.h"
 #include "layout/shapes.h"
 #include "model/edit_state.h"
 
@@ -13,5 +14,13 @@ inline constexpr int MostClickableElements = 201; ///< the distance table's size
 /// as near, and offers the system of the element before it. Does nothing with all tracks chosen or on an empty track.
 /// Fault on a track of more than MostClickableElements.
 void SelectNearestElement(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, WorldPoint click);
+
+/// Selects a piece of any track, which becomes the current one, and offers the system of the piece before it.
+void SelectPiece(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, const PieceAddress& piece);
+
+/// What a click in the window selects: the piece whose ground alone holds the point, else the nearest element. Does
+/// nothing with all tracks chosen.
+void SelectAt(const Catalogue& catalogue, const Circuit& circuit, EditState& edit, const PickMap& pieces,
+              WorldPoint click);
 
 } // namespace pistaro

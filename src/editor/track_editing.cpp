@@ -1,9 +1,12 @@
 #include "editor/track_editing.h"
 
 #include "layout/angles.h"
+#include "layout/exit.h"
+#include "layout/track_gap.h"
 #include "platform/fault.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pistaro {
 
@@ -34,7 +37,8 @@ void DeleteElement(Design& design, EditState& edit) {
     const int selected = edit.SelectedElement();
     if (selected < 0) return;
     Track& track = *EditedTrack(design.Circuit, edit);
-    track.ElementCodes.erase(track.ElementCodes.begin() + selected);
+    const auto first = track.ElementCodes.begin() + selected;
+    track.ElementCodes.erase(first, edit.AndAllAfter ? track.ElementCodes.end() : first + 1);
     edit.Select(std::min(selected, track.ElementLastIndex()));
     edit.DataChanged = true;
 }
@@ -73,12 +77,71 @@ void InvertTrack(Design& design, EditState& edit) {
     MirrorTrack(design, edit);
 }
 
+void MirrorFromSelected(Design& design, EditState& edit) {
+    const int selected = edit.SelectedElement();
+    if (selected < 0) return;
+    std::vector<std::string>& codes = EditedTrack(design.Circuit, edit)->ElementCodes;
+    std::for_each(codes.begin() + selected, codes.end(), SwapHand);
+    edit.DataChanged = true;
+}
+
+bool IsRing(const Catalogue& catalogue, const Track& track) {
+    constexpr double mostCm = 1;
+    constexpr double mostTurn = PiValue / 180;
+    const TrackGap gap = GapOf(catalogue, track);
+    return !track.ElementCodes.empty() && gap.Distance <= mostCm && std::fabs(gap.Angle) <= mostTurn;
+}
+
+void StartAtSelected(const Catalogue& catalogue, Design& design, EditState& edit) {
+    const int selected = edit.SelectedElement();
+    if (selected < 0) return;
+    Track& track = *EditedTrack(design.Circuit, edit);
+    Pose start = track.Start();
+    for (int index = 0; index < selected; ++index) {
+        const CatalogueEntry* const piece = catalogue.Find(track.ElementCodes[static_cast<std::size_t>(index)]);
+        if (piece != nullptr) start = ExitOf(piece->Kind, start);
+    }
+    std::ranges::rotate(track.ElementCodes, track.ElementCodes.begin() + selected);
+    edit.Select(0);
+    PlaceStart(design, edit, start);
+}
+
+BuildCursor Moved(const BuildCursor& start, double right, double up) {
+    constexpr double perCm = 10;
+    const auto rounded = [](double place) { return static_cast<float>(std::round(place * perCm) / perCm); };
+    return {rounded(start.CursorX + right), rounded(start.CursorY + up), start.CursorHeading};
+}
+
+BuildCursor TurnedAbout(const BuildCursor& start, WorldPoint middle, int steps) {
+    const double turn = steps * TrackTurn;
+    const double x = double{start.CursorX} - middle.X;
+    const double y = double{start.CursorY} - middle.Y;
+    float heading = start.CursorHeading;
+    for (int step = 0; step < std::abs(steps); ++step)
+        heading = Turned(heading, steps < 0 ? -TrackTurn : TrackTurn);
+    return {static_cast<float>(middle.X + x * std::cos(turn) - y * std::sin(turn)),
+            static_cast<float>(middle.Y + x * std::sin(turn) + y * std::cos(turn)), heading};
+}
+
+void PlaceStart(Design& design, EditState& edit, const BuildCursor& start) {
+    Track* const track = EditedTrack(design.Circuit, edit);
+    if (track == nullptr) return;
+    track->TrackStartX = start.CursorX;
+    track->TrackStartY = start.CursorY;
+    track->TrackStartHeading = start.CursorHeading;
+    edit.DataChanged = true;
+}
+
 void ChooseTrack(EditState& edit, int track) {
     edit.CurrentTrack = track;
     edit.InsertMode = false;
+    edit.AndAllAfter = false;
 }
 
-void ChooseAllTracks(EditState& edit) { edit.CurrentTrack = AllTracks; }
+void ChooseAllTracks(EditState& edit) {
+    edit.CurrentTrack = AllTracks;
+    edit.AndAllAfter = false;
+}
 
 void SelectElement(const Circuit& circuit, EditState& edit, int index) {
     const Track* const track = EditedTrack(circuit, edit);

@@ -1,5 +1,6 @@
 #include "editor/view_commands.h"
 
+#include "layout/room_fit.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -10,6 +11,35 @@ namespace pistaro {
 namespace {
 
 constexpr float ZoomStep = 10; ///< cm on every side
+
+constexpr float FineStep = 1;      ///< cm on every side
+constexpr double FitMargin = 1.08; ///< of all there is, around it
+constexpr double FarthestCentre = 1e6;
+
+int WholeCm(double place) {
+    return static_cast<int>(std::clamp(RoundHalfEven(place), -FarthestCentre, FarthestCentre));
+}
+
+/// Sets a bar's value; where that lies beyond its range, the range comes along.
+void PutBar(ScrollBar& bar, int value) {
+    const int beyond = std::min(0, value - bar.Minimum) + std::max(0, value - bar.Maximum);
+    bar = {bar.Minimum + beyond, bar.Maximum + beyond, value};
+}
+
+void Include(std::optional<GroundBox>& box, const GroundBox& more) {
+    if (!box) {
+        box = more;
+        return;
+    }
+    box = GroundBox{std::min(box->Left, more.Left), std::max(box->Right, more.Right),
+                    std::min(box->Bottom, more.Bottom), std::max(box->Top, more.Top)};
+}
+
+/// How far a range must move to lie within another; where it is longer, its middle goes to that of the other.
+double MoveInto(double from, double to, double least, double most) {
+    if (to - from > most - least) return (from + to - least - most) / 2;
+    return std::min(0.0, from - least) + std::max(0.0, to - most);
+}
 
 int ScrollStep(double width) {
     constexpr double most = 1e6; // a bar's step must stay a whole number
@@ -45,6 +75,62 @@ void BringIntoView(ViewSettings& view, double x, double y) {
     };
     ScrollHorizontally(view, reached(view.HMov, x));
     ScrollVertically(view, reached(view.VMov, -y));
+}
+
+void CentreView(ViewSettings& view, double x, double y) {
+    PutBar(view.HMov, WholeCm(x));
+    PutBar(view.VMov, WholeCm(y));
+    view.MidX = static_cast<float>(view.HMov.Value);
+    view.MidY = static_cast<float>(view.VMov.Value);
+}
+
+void ZoomAt(ViewSettings& view, WorldPoint fixed, double width) {
+    const double times = width / view.Width;
+    view.Width = static_cast<float>(width);
+    CentreView(view, fixed.X + (view.MidX - fixed.X) * times, fixed.Y + (view.MidY - fixed.Y) * times);
+}
+
+void ZoomByNotches(ViewSettings& view, WorldPoint at, int notches, bool finely) {
+    const double step = 2.0 * (finely ? FineStep : ZoomStep);
+    double width = view.Width;
+    for (; notches > 0 && width > SmallestZoomableWidth; --notches)
+        width = std::max(width - step, step);
+    if (notches < 0) width -= notches * step;
+    if (width != view.Width) ZoomAt(view, at, width);
+}
+
+std::optional<GroundBox> ExtentOf(const Catalogue& catalogue, const Design& design) {
+    std::optional<GroundBox> box;
+    for (const Track& track : design.Circuit.Tracks) {
+        WalkTrack(catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+            if (placement != nullptr) Include(box, GroundOf(*placement).Box);
+        });
+    }
+    for (const RoomPoint& point : design.Room.Points) {
+        const WorldPoint corner = RoomCorner(design.Room, point);
+        Include(box, {corner.X, corner.X, corner.Y, corner.Y});
+    }
+    return box;
+}
+
+void FitView(const Catalogue& catalogue, Design& design) {
+    ViewSettings& view = design.View;
+    const auto box = ExtentOf(catalogue, design);
+    if (!box) {
+        view.Width = ViewSettings().Width;
+        return CentreView(view, 0, 0);
+    }
+    const double extent = std::max(box->Right - box->Left, box->Top - box->Bottom);
+    view.Width = static_cast<float>(std::max(double{SmallestZoomableWidth}, std::ceil(extent * FitMargin)));
+    CentreView(view, (box->Left + box->Right) / 2, (box->Bottom + box->Top) / 2);
+}
+
+void FollowTo(ViewSettings& view, const GroundBox& box, const ViewRectangle& covered) {
+    const double right = MoveInto(box.Left, box.Right, covered.ViewLeft, covered.ViewRight);
+    const double up = MoveInto(box.Bottom, box.Top, covered.ViewBottom, covered.ViewTop);
+    // Away from the old place, so that the whole cm reach far enough.
+    const auto outwards = [](double way) { return way < 0 ? std::floor(way) : std::ceil(way); };
+    if (right != 0 || up != 0) CentreView(view, view.MidX + outwards(right), view.MidY + outwards(up));
 }
 
 int SmallScrollStep(const ViewSettings& view) { return ScrollStep(view.Width / 20.0); }

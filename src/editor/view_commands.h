@@ -1,7 +1,11 @@
 // Zooming and scrolling.
 #pragma once
 
-#include "model/view_settings.h"
+#include "catalogue/catalogue.h"
+#include "layout/ground.h"
+#include "model/design.h"
+
+#include <optional>
 
 namespace pistaro {
 
@@ -23,6 +27,26 @@ void ScrollVertically(ViewSettings& view, int value);
 /// Moves the view, as its scroll bars do, so that a place of the world which it does not show lies in its middle, as
 /// far as the bars reach.
 void BringIntoView(ViewSettings& view, double x, double y);
+
+/// Puts the view's centre there, in whole cm: where the bars stand then, and where a saved file brings it back to.
+/// Beyond their ranges the bars' ranges come along.
+void CentreView(ViewSettings& view, double x, double y);
+
+/// Makes the view so wide (cm) around a point that stays where it is shown, up to the centre's whole cm.
+void ZoomAt(ViewSettings& view, WorldPoint fixed, double width);
+
+/// What a notch of the wheel does at a point: what ZoomIn or ZoomOut does, or, finely, a tenth of it. `notches` is
+/// positive to zoom in, which ends where ZoomIn is not offered any more.
+void ZoomByNotches(ViewSettings& view, WorldPoint at, int notches, bool finely);
+
+/// All tracks' ground and the room's corners; nothing where there is neither.
+std::optional<GroundBox> ExtentOf(const Catalogue& catalogue, const Design& design);
+
+/// Centres the view's square on all that there is, with a margin around it; on the default view where there is nothing.
+void FitView(const Catalogue& catalogue, Design& design);
+
+/// Moves the view no further than it takes to have the box inside what a window covers of the world.
+void FollowTo(ViewSettings& view, const GroundBox& box, const ViewRectangle& covered);
 
 /// The bars' small and large steps in cm.
 int SmallScrollStep(const ViewSettings& view);

@@ -15,6 +15,7 @@ struct EditState {
     int CurrentTrack = 0;                                   ///< 0..2, or AllTracks
     std::array<int, TrackCount> CurrentElement{-1, -1, -1}; ///< each track's selected element, -1 when there is none
     TrackSystem System = TrackSystem::Scalextric;           ///< whose pieces are offered
+    bool AndAllAfter = false;                               ///< the selection reaches on to the track's last element
     bool InsertMode = false;                                ///< new pieces go before the selected element
     bool ShowNumbers = false;                               ///< element numbers are drawn
     bool DataChanged = false;                               ///< the circuit has changes not yet saved
@@ -27,7 +28,10 @@ struct EditState {
     int SelectedElement() const;
 
     /// Selects an element of the current track, which must be a single one.
-    void Select(int element) { CurrentElement[static_cast<std::size_t>(CurrentTrack)] = element; }
+    void Select(int element) {
+        CurrentElement[static_cast<std::size_t>(CurrentTrack)] = element;
+        AndAllAfter = false;
+    }
 
     bool operator==(const EditState&) const = default;
 };

@@ -22,6 +22,7 @@ void NewProject(Project& project) {
     const EditState fresh;
     project.EditState.CurrentTrack = fresh.CurrentTrack;
     project.EditState.CurrentElement = fresh.CurrentElement;
+    project.EditState.AndAllAfter = false;
     project.EditState.DataChanged = false;
     project.EditState.File.clear();
     project.EditState.Name.clear();

@@ -47,11 +47,11 @@ QWidget* CircuitPanel::Tools(CommandControls& controls) {
     auto* const row = new QHBoxLayout(tools);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Gap);
-    for (const std::string_view id : {"zoom out", "zoom in", "refresh"}) {
+    for (const std::string_view id : {"zoom out", "zoom in", "fit", "refresh"}) {
         auto* const button = new QToolButton;
         controls.Bind(*button, id);
         button->setFocusPolicy(Qt::StrongFocus);
-        button->setAutoRepeat(id != "refresh");
+        button->setAutoRepeat(id.starts_with("zoom"));
         row->addWidget(button);
     }
     return tools;

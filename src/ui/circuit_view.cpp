@@ -1,11 +1,7 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
-#include "editor/mouse_selection.h"
-
-#include <QMouseEvent>
 #include <QPainter>
-#include <QWheelEvent>
 
 namespace pistaro {
 
@@ -98,21 +94,6 @@ const Overlay& CircuitView::OverlayOf(const std::string& owner) const {
 }
 
 void CircuitView::resizeEvent(QResizeEvent*) { session_.PicturePixels = Frame().Square().width(); }
-
-void CircuitView::mousePressEvent(QMouseEvent* event) {
-    session_.Do([&] {
-        SelectNearestElement(session_.Catalogue, session_.Project.Design.Circuit, session_.Project.EditState,
-                             WorldAt(event->position()));
-    });
-}
-
-void CircuitView::wheelEvent(QWheelEvent* event) {
-    wheelTurn_ += event->angleDelta().y();
-    for (; wheelTurn_ >= QWheelEvent::DefaultDeltasPerStep; wheelTurn_ -= QWheelEvent::DefaultDeltasPerStep)
-        session_.TryRun(*session_.Commands.Find("zoom in"));
-    for (; wheelTurn_ <= -QWheelEvent::DefaultDeltasPerStep; wheelTurn_ += QWheelEvent::DefaultDeltasPerStep)
-        session_.TryRun(*session_.Commands.Find("zoom out"));
-}
 
 WorldPoint CircuitView::WorldAt(QPointF place) const { return Frame().WorldAt(place, View()); }
 

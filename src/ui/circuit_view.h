@@ -1,4 +1,4 @@
-// The drawing area: the circuit drawn onto a picture that is kept, what lies above it for a while, and the mouse on it.
+// The drawing area: the circuit drawn onto a picture that is kept, what lies above it for a while.
 #pragma once
 
 #include "commands/session.h"
@@ -40,8 +40,6 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     const ViewSettings& View() const { return session_.Project.Design.View; }
@@ -56,7 +54,6 @@ private:
     bool stale_ = true;  ///< the drawing shows an earlier state
     bool moved_ = false; ///< the view alone is another than the drawing's
     QTimer rest_;        ///< of a view that moves: after it the circuit is drawn as it is
-    int wheelTurn_ = 0;  ///< what is left of a turn of the wheel, eighths of a degree
 };
 
 } // namespace pistaro

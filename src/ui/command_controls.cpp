@@ -62,6 +62,15 @@ QAction* CommandControls::AddEntry(QMenu& menu, std::string_view id, const std::
     return action;
 }
 
+QAction* CommandControls::AddTransient(QMenu& menu, std::string_view id) const {
+    const Command& command = RowOf(id);
+    QAction* const action = menu.addAction(Shown(command.Caption));
+    action->setObjectName(Shown(command.Control));
+    QObject::connect(action, &QAction::triggered, action, [this, &command] { session_.TryRun(command); });
+    Show(*action, command, "");
+    return action;
+}
+
 void CommandControls::Bind(QAbstractButton& button, std::string_view id) {
     const Command& command = RowOf(id);
     Bind(button, [&command]() -> const Command& { return command; });

@@ -45,9 +45,11 @@ QIcon ProgramIcon() {
 frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
       circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
-      dialogs_(session, *this), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
-      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)) {
+      pointer_(new CanvasPointer(session, controls_, circuit_->View())), dialogs_(session, *this),
+      jobBar_(new JobBar(session, controls_)), status_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
+      money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
+    new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
     auto* const columns = new QWidget;
@@ -112,9 +114,12 @@ void frmCorvel::Refresh(const Changes& changes) {
     checks_->Refresh(changes);
     money_->Refresh(changes);
     if (changes.Circuit) ShowLanes();
+    for (QWidget* const column : {palette_->parentWidget()->parentWidget(), track_->parentWidget()->parentWidget()})
+        column->setVisible(session_.Looks.Columns);
     // "[*]" would be taken for the toolkit's mark of modified documents.
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
     status_->setText(QString::fromStdString(StatusText(session_.Catalogue, session_.Project)));
+    pointer_->Refresh(changes);
 }
 
 void frmCorvel::Open(const std::filesystem::path& file) {

@@ -1,6 +1,7 @@
 // The main window: three columns, menus and a status bar around one session.
 #pragma once
 
+#include "ui/canvas_keys.h"
 #include "ui/checks_dock.h"
 #include "ui/circuit_panel.h"
 #include "ui/command_controls.h"
@@ -47,6 +48,7 @@ private:
     PiecePalette* const palette_;
     CircuitPanel* const circuit_;
     TrackPanel* const track_;
+    CanvasPointer* const pointer_;
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;

@@ -88,6 +88,10 @@ protected:
 Project SuitedTo(const Command& command) {
     Project project = ProjectOf("C8010L C248 C277 N10111 C151R", "C160", "C187L");
     project.EditState.CurrentElement = {0, 0, -1};
+    if (command.Id == "start here") {
+        project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
+        project.EditState.CurrentElement[0] = 2;
+    }
     project.EditState.InsertMode = command.Id == "build";
     if (command.Id.starts_with("add N")) project.EditState.System = TrackSystem::Ninco;
     while (command.Id.starts_with("replace") && !WhyNot(project, command.Id).empty())
@@ -121,7 +125,8 @@ TEST_F(TheHistory, GivesBackWhatStoodBeforeEveryRowThatChangesTheDesign) {
         EXPECT_EQ(Snapshot(session.Project), after);
     }
 
-    std::set<std::string> expected{"new", "load", "delete", "mirror", "invert", "rotate left", "rotate right"};
+    std::set<std::string> expected{"new",         "load",         "delete",      "mirror",    "invert",
+                                   "rotate left", "rotate right", "mirror rest", "start here"};
     for (const char* const where : {"up", "down", "left", "right", "up-left", "up-right", "down-left", "down-right"})
         expected.insert(std::string("move ") + where);
     for (const std::string& code :

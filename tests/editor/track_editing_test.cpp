@@ -284,4 +284,73 @@ TEST(SelectingInTheList, RefusesALineThatIsNotThere) {
     EXPECT_EQ(project.EditState.CurrentElement[0], 1);
 }
 
+TEST(SelectRest, LetsDeleteTakeAllFromTheSelectedElementOn) {
+    Project project = ProjectOf("C160 C159 C158 C157");
+    project.EditState.Select(1);
+
+    Press(project, "select rest");
+    Press(project, "delete");
+
+    EXPECT_EQ(CodesOf(project.Design.Circuit.Tracks[0]), "C160");
+    EXPECT_EQ(project.EditState.SelectedElement(), 0);
+    EXPECT_FALSE(project.EditState.AndAllAfter) << "the next one takes one";
+}
+
+TEST(SelectRest, IsUndoneByTheNextSelection) {
+    Project project = ProjectOf("C160 C159 C158");
+    project.EditState.Select(0);
+    Press(project, "select rest");
+
+    SelectElement(project.Design.Circuit, project.EditState, 1);
+    Press(project, "delete");
+
+    EXPECT_EQ(CodesOf(project.Design.Circuit.Tracks[0]), "C160 C158");
+}
+
+TEST(MirrorRest, SwapsHandsFromTheSelectedElementOn) {
+    Project project = ProjectOf("C151L C151L C160 C152R");
+    project.EditState.Select(1);
+
+    Press(project, "mirror rest");
+
+    EXPECT_EQ(CodesOf(project.Design.Circuit.Tracks[0]), "C151L C151R C160 C152L");
+    EXPECT_TRUE(project.EditState.DataChanged);
+}
+
+TEST(StartHere, RenumbersAClosedTrackThatStaysWhereItLies) {
+    Project project = ProjectOf("C160 C151L C151L C151L C151L C159 C159 C151L C151L C151L C151L");
+    project.EditState.Select(5);
+
+    Press(project, "start here");
+
+    const Track& track = project.Design.Circuit.Tracks[0];
+    EXPECT_EQ(CodesOf(track), "C159 C159 C151L C151L C151L C151L C160 C151L C151L C151L C151L");
+    EXPECT_EQ(project.EditState.SelectedElement(), 0);
+    EXPECT_NEAR(track.TrackStartX, -43.6, 0.001); // two radii of 21.8 to the left
+    EXPECT_NEAR(track.TrackStartY, 35, 0.001);
+    EXPECT_NEAR(track.TrackStartHeading, 3.1415924, 1e-5);
+}
+
+TEST(StartHere, IsNotOfferedOnAnOpenTrack) {
+    Project project = ProjectOf("C160 C151L");
+    project.EditState.Select(1);
+
+    EXPECT_EQ(WhyNot(project, "start here"), "The track is not closed.");
+}
+
+TEST(Starts, MoveByMillimetres) {
+    const BuildCursor moved = Moved({1, 2, 0.5F}, 0.26, -10.04);
+
+    EXPECT_EQ(moved, (BuildCursor{1.3F, -8, 0.5F}));
+}
+
+TEST(Starts, TurnAboutAPointInTheDescribedSteps) {
+    const BuildCursor turned = TurnedAbout({10, 0, 0}, {0, 0}, 8); // of 11.25 degrees
+
+    EXPECT_NEAR(turned.CursorX, 0, 1e-4);
+    EXPECT_NEAR(turned.CursorY, 10, 1e-4);
+    EXPECT_NEAR(turned.CursorHeading, 1.5707962, 1e-6);
+    EXPECT_NEAR(TurnedAbout({10, 0, 0}, {0, 0}, -1).CursorHeading, 6.0868352, 1e-6);
+}
+
 } // namespace pistaro

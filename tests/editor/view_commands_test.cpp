@@ -96,4 +96,115 @@ TEST(Scrolling, ToWhereTheBarStandsChangesNothing) {
     EXPECT_EQ(project.Design.View.MidY, 30);
 }
 
+namespace {
+
+/// What is shown of the world at a pixel of a square of 640.
+WorldPoint At(const ViewSettings& view, double x, double y) {
+    const ViewRectangle shown = ShownRectangle(view);
+    return {static_cast<float>(shown.ViewLeft + x * view.Width / 640),
+            static_cast<float>(shown.ViewTop - y * view.Width / 640)};
+}
+
+} // namespace
+
+TEST(Zoom, AtAPointKeepsItWhereItIsShown) {
+    ViewSettings view; // 320 cm around 0, 0
+    const WorldPoint fixed{80, -40};
+
+    ZoomAt(view, fixed, 160);
+
+    EXPECT_EQ(view.Width, 160);
+    EXPECT_EQ(view.MidX, 40);
+    EXPECT_EQ(view.MidY, -20);
+    EXPECT_EQ(At(view, 480, 400), fixed) << "where it was in the square of 320 cm";
+}
+
+TEST(Zoom, AtAPointLeavesACentreOfWholeCmThatASavedFileBringsBack) {
+    ViewSettings view;
+    ZoomAt(view, {33, 77}, 290);
+
+    EXPECT_EQ(view.MidX, 3); // 33 - 33 x 290 / 320 = 3.09
+    EXPECT_EQ(view.MidY, 7);
+    EXPECT_EQ(view.HMov.Value, 3);
+    EXPECT_EQ(view.VMov.Value, 7);
+    EXPECT_EQ(view.HMov.Minimum, -160);
+    EXPECT_EQ(view.HMov.Maximum, 160);
+}
+
+TEST(Centring, BeyondTheBarsBringsTheirRangesAlong) {
+    ViewSettings view; // bars of -160 .. 160
+
+    CentreView(view, 170.4, -100);
+
+    EXPECT_EQ(view.HMov, (ScrollBar{-150, 170, 170}));
+    EXPECT_EQ(view.VMov, (ScrollBar{-160, 160, -100}));
+    EXPECT_EQ(view.MidX, 170);
+}
+
+TEST(Zoom, ByNotchesTakesTheDescribedStepsOrATenthOfThem) {
+    ViewSettings view;
+    ZoomByNotches(view, {0, 0}, 2, false);
+    EXPECT_EQ(view.Width, 280);
+    ZoomByNotches(view, {0, 0}, -3, true);
+    EXPECT_EQ(view.Width, 286);
+    ZoomByNotches(view, {0, 0}, 100, false);
+    EXPECT_EQ(view.Width, 20) << "no narrower than zooming in is offered";
+    ZoomByNotches(view, {0, 0}, 1, true);
+    EXPECT_EQ(view.Width, 20);
+}
+
+TEST(Fit, ShowsAllTracksWithAMargin) {
+    Project project = ProjectOf("C160 C160", "C160"); // 70 cm upwards from 0, 0, and 35 from 15.5, 0
+
+    Press(project, "fit");
+
+    EXPECT_EQ(project.Design.View.Width, 76); // 70 x 1.08, rounded up
+    EXPECT_EQ(project.Design.View.MidX, 16);  // (0 + 31) / 2, rounded to even
+    EXPECT_EQ(project.Design.View.MidY, 35);
+    EXPECT_FALSE(project.EditState.DataChanged);
+}
+
+TEST(Fit, ShowsTheRoomToo) {
+    Project project = ProjectOf("C160");
+    project.Design.Room.Points = {{-300, -200, 0}, {100, -200, 1}, {100, 200, 1}};
+
+    Press(project, "fit");
+
+    EXPECT_EQ(project.Design.View.Width, 432); // 400 x 1.08
+    EXPECT_EQ(project.Design.View.MidX, -100);
+    EXPECT_EQ(project.Design.View.MidY, 0);
+}
+
+TEST(Fit, OfNothingIsTheDefaultView) {
+    Project project = ProjectOf("");
+    project.Design.View.Width = 40;
+    CentreView(project.Design.View, 70, 80);
+
+    Press(project, "fit");
+
+    EXPECT_EQ(Shown(project), (std::vector<float>{-160, 160, 160, -160}));
+}
+
+TEST(Follow, MovesTheViewNoFurtherThanItMust) {
+    ViewSettings view;
+    const ViewRectangle covered{-300, 160, 300, -160}; // of a wide window
+
+    FollowTo(view, {-290, -270, 0, 15}, covered);
+    EXPECT_EQ(view.MidX, 0) << "it is shown already";
+
+    FollowTo(view, {290, 312, 150, 170.5}, covered);
+    EXPECT_EQ(view.MidX, 12);
+    EXPECT_EQ(view.MidY, 11);
+}
+
+TEST(Follow, CentresWhatIsLargerThanWhatIsShown) {
+    ViewSettings view;
+    view.Width = 20;
+
+    FollowTo(view, {100, 140, -5, 5}, ShownRectangle(view));
+
+    EXPECT_EQ(view.MidX, 120);
+    EXPECT_EQ(view.MidY, 0);
+}
+
 } // namespace pistaro

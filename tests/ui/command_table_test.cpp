@@ -75,6 +75,8 @@ protected:
     void OpenSuitedTo(const Command& command) {
         pistaro::Project project = ProjectOf("C151L C160 C159 N10102");
         project.EditState.CurrentElement[0] = 0;
+        if (command.Id == "start here")
+            project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
         project.EditState.InsertMode = command.Id == "build";
         project.EditState.DataChanged = command.Id == "quit";
         if (command.Id.starts_with("add N")) project.EditState.System = TrackSystem::Ninco;
@@ -251,9 +253,9 @@ TEST_F(TableAndWindow, EachRowHasExactlyOneLiveControlThatShowsIt) {
         EXPECT_TRUE(button.isVisible());
         EXPECT_NE(button.focusPolicy(), Qt::NoFocus);
         const QList<QShortcut*> keys = button.findChildren<QShortcut*>();
-        ASSERT_EQ(keys.size(), command.Key.empty() ? 0 : 1);
+        ASSERT_EQ(keys.size(), KeysOf(command).size());
         for (const QShortcut* const key : keys)
-            EXPECT_EQ(key->key(), KeyOf(command));
+            EXPECT_TRUE(KeysOf(command).contains(key->key()));
     }
 }
 

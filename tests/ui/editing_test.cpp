@@ -245,7 +245,7 @@ TEST_F(Editing, AClickOnATrackOf202ElementsIsToldAndChangesNothing) {
     project.Design.Circuit.Tracks[0].ElementCodes.assign(202, "C160");
     Open(project);
 
-    ClickDrawing(0, 0);
+    ClickDrawing(-60, 0); // beside all pieces
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(Prompts.Told[0].Icon, Icon::Exclamation);

@@ -1,0 +1,12 @@
+// How a window shows what it works on: no part of a circuit or of the settings, kept with the window's own.
+#pragma once
+
+namespace pistaro {
+
+struct Looks {
+    bool Columns = true; ///< at both sides of the drawing
+
+    bool operator==(const Looks&) const = default;
+};
+
+} // namespace pistaro

@@ -1,0 +1,289 @@
+#include "ui/canvas_pointer.h"
+
+#include "editor/building.h"
+#include "editor/mouse_selection.h"
+#include "editor/piece_tip.h"
+#include "editor/track_editing.h"
+#include "editor/view_commands.h"
+#include "layout/outline.h"
+#include "ui/named_controls.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QGestureEvent>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPinchGesture>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace pistaro {
+
+namespace {
+
+constexpr const char* HoverOverlay = "hover";
+constexpr const char* DragOverlay = "moved track";
+constexpr Colour HoverColour = Rgb(255, 140, 0);
+constexpr int PixelsPerTurn = 40; ///< of a drag that turns, each of the described steps
+
+bool IsTouchPad(const QWheelEvent& event) {
+    return event.phase() != Qt::NoScrollPhase || event.device()->type() == QInputDevice::DeviceType::TouchPad;
+}
+
+OverlayPath OutlineOf(const PiecePlacement& placement, Colour colour, double pixels) {
+    OverlayPath path{.Path = {}, .InkColour = colour, .Pixels = pixels};
+    for (const Segment& segment : placement.Outline)
+        path.Path.push_back(segment);
+    return path;
+}
+
+} // namespace
+
+CanvasPointer::CanvasPointer(Session& session, const CommandControls& controls, CircuitView& view)
+    : QObject(&view), session_(session), controls_(controls), view_(view) {
+    view.setMouseTracking(true);
+    view.grabGesture(Qt::PinchGesture);
+    view.installEventFilter(this);
+    pieces_ = PickMap(session.Catalogue, Now().Design.Circuit);
+    followed_ = {Now().EditState.CurrentTrack, Now().EditState.SelectedElement()};
+}
+
+void CanvasPointer::Refresh(const Changes& changes) {
+    if (changes.Circuit) {
+        pieces_ = PickMap(session_.Catalogue, Now().Design.Circuit);
+        PointAt(std::nullopt);
+    }
+    if (changes.EditState) Follow();
+}
+
+void CanvasPointer::Follow() {
+    const PieceAddress selected{Now().EditState.CurrentTrack, Now().EditState.SelectedElement()};
+    if (selected == followed_) return;
+    followed_ = selected;
+    if (selected.Element < 0) return;
+    const auto placement = PlacementOf(session_.Catalogue, Now().Design.Circuit, selected);
+    if (!placement) return;
+    const Ground ground = GroundOf(*placement);
+    const GroundPoint middle = MiddleOf(ground);
+    const QPointF place = view_.PlaceOf({static_cast<float>(middle.X), static_cast<float>(middle.Y)});
+    if (QRectF(view_.rect()).contains(place)) return;
+    session_.Do([&] {
+        ViewSettings& view = session_.Project.Design.View;
+        FollowTo(view, ground.Box, view_.Frame().Covered(view));
+    });
+}
+
+bool CanvasPointer::eventFilter(QObject*, QEvent* event) { return Handle(*event); }
+
+bool CanvasPointer::Handle(QEvent& event) {
+    switch (static_cast<int>(event.type())) { // of the toolkit's many
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: // the second of two quick clicks is a click
+        Press(static_cast<QMouseEvent&>(event));
+        return true;
+    case QEvent::MouseMove:
+        Move(static_cast<QMouseEvent&>(event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        Release();
+        return true;
+    case QEvent::Wheel:
+        return Wheel(static_cast<QWheelEvent&>(event));
+    case QEvent::NativeGesture:
+        return Pinch(static_cast<QNativeGestureEvent&>(event));
+    case QEvent::Gesture:
+        return Pinch(static_cast<QGestureEvent&>(event));
+    case QEvent::ToolTip:
+        ShowTip(static_cast<QHelpEvent&>(event));
+        return true;
+    case QEvent::ContextMenu:
+        OpenMenu(static_cast<QContextMenuEvent&>(event));
+        return true;
+    case QEvent::Leave:
+        PointAt(std::nullopt);
+        return false;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease: {
+        const auto& key = static_cast<QKeyEvent&>(event);
+        if (key.key() != Qt::Key_Space) return false;
+        if (!key.isAutoRepeat()) spaceHeld_ = event.type() == QEvent::KeyPress;
+        view_.setCursor(spaceHeld_ ? Qt::OpenHandCursor : Qt::ArrowCursor);
+        return true;
+    }
+    case QEvent::FocusOut:
+        spaceHeld_ = false;
+        return false;
+    default:
+        return false;
+    }
+}
+
+void CanvasPointer::Select(QPointF place) {
+    session_.Do([&] {
+        SelectAt(session_.Catalogue, Now().Design.Circuit, session_.Project.EditState, pieces_, view_.WorldAt(place));
+    });
+}
+
+void CanvasPointer::Press(const QMouseEvent& event) {
+    if (doing_ != Doing::Nothing) return;
+    pressed_ = event.position();
+    grip_ = view_.WorldAt(pressed_);
+    before_ = Now().EditState;
+    if (spaceHeld_) {
+        doing_ = Doing::Panning;
+        view_.setCursor(Qt::ClosedHandCursor);
+        return;
+    }
+    Select(pressed_);
+    if (event.button() == Qt::MiddleButton) doing_ = Doing::Panning;
+    held_ = event.button() == Qt::LeftButton && pieces_.OnlyPieceAt(grip_).has_value();
+}
+
+void CanvasPointer::Move(const QMouseEvent& event) {
+    const bool farEnough = (event.position() - pressed_).manhattanLength() >= QApplication::startDragDistance();
+    if (doing_ == Doing::Panning) return PanTo(event.position());
+    if (held_ && doing_ == Doing::Nothing && farEnough && (event.buttons() & Qt::LeftButton)) {
+        const auto piece = pieces_.OnlyPieceAt(grip_);
+        const auto placement = PlacementOf(session_.Catalogue, Now().Design.Circuit, *piece);
+        const GroundPoint middle = MiddleOf(GroundOf(*placement));
+        middle_ = {static_cast<float>(middle.X), static_cast<float>(middle.Y)};
+        doing_ = event.modifiers() & Qt::AltModifier ? Doing::TurningTrack : Doing::MovingTrack;
+        PointAt(std::nullopt);
+    }
+    if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) {
+        dragged_ = DraggedStart(event.position(), event.modifiers());
+        return ShowDragged();
+    }
+    const std::vector<PieceAddress> under = pieces_.PiecesAt(view_.WorldAt(event.position()));
+    PointAt(under.empty() ? std::nullopt : std::optional(under.back()));
+}
+
+void CanvasPointer::Release() {
+    if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) EndDrag();
+    if (doing_ == Doing::Panning) view_.setCursor(spaceHeld_ ? Qt::OpenHandCursor : Qt::ArrowCursor);
+    doing_ = Doing::Nothing;
+    held_ = false;
+}
+
+void CanvasPointer::PanTo(QPointF place) {
+    session_.Do([&] {
+        Project& project = session_.Project;
+        // What the press selected was not meant: it was the beginning of a pan.
+        project.EditState.CurrentTrack = before_.CurrentTrack;
+        project.EditState.CurrentElement = before_.CurrentElement;
+        project.EditState.InsertMode = before_.InsertMode;
+        project.EditState.System = before_.System;
+        const WorldPoint under = view_.WorldAt(place);
+        ViewSettings& view = project.Design.View;
+        CentreView(view, double{view.MidX} + grip_.X - under.X, double{view.MidY} + grip_.Y - under.Y);
+    });
+}
+
+bool CanvasPointer::Wheel(const QWheelEvent& event) {
+    if (IsTouchPad(event) && !(event.modifiers() & Qt::ControlModifier)) {
+        const QPointF way = event.hasPixelDelta() ? QPointF(event.pixelDelta()) : QPointF(event.angleDelta()) / 2;
+        session_.Do([&] {
+            ViewSettings& view = session_.Project.Design.View;
+            const double scale = view_.Frame().PixelsPerCm(view);
+            CentreView(view, view.MidX - way.x() / scale, view.MidY + way.y() / scale);
+        });
+        return true;
+    }
+    wheelTurn_ += event.angleDelta().y();
+    const int notches = wheelTurn_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelTurn_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+    if (notches == 0) return true;
+    const bool finely = event.modifiers() & Qt::ControlModifier;
+    session_.Do([&] { ZoomByNotches(session_.Project.Design.View, view_.WorldAt(event.position()), notches, finely); });
+    return true;
+}
+
+void CanvasPointer::Zoom(QPointF place, double times) {
+    pinchRest_ *= times;
+    constexpr double leastStep = 0.02;
+    if (std::fabs(pinchRest_ - 1) < leastStep) return;
+    const double width = std::max(double{SmallestZoomableWidth}, Now().Design.View.Width / pinchRest_);
+    pinchRest_ = 1;
+    session_.Do([&] { ZoomAt(session_.Project.Design.View, view_.WorldAt(place), width); });
+}
+
+bool CanvasPointer::Pinch(const QNativeGestureEvent& event) {
+    if (event.gestureType() != Qt::ZoomNativeGesture) return false;
+    Zoom(event.position(), 1 + event.value());
+    return true;
+}
+
+bool CanvasPointer::Pinch(const QGestureEvent& event) {
+    const auto* const pinch = static_cast<const QPinchGesture*>(event.gesture(Qt::PinchGesture));
+    if (pinch == nullptr) return false;
+    Zoom(view_.mapFromGlobal(pinch->centerPoint()), pinch->scaleFactor());
+    return true;
+}
+
+void CanvasPointer::PointAt(const std::optional<PieceAddress>& piece) {
+    if (piece == pointed_) return;
+    pointed_ = piece;
+    if (!piece) {
+        QToolTip::hideText();
+        return view_.ClearOverlay(HoverOverlay);
+    }
+    constexpr double hoverPixels = 2.5;
+    const auto placement = PlacementOf(session_.Catalogue, Now().Design.Circuit, *piece);
+    if (placement) view_.SetOverlay(HoverOverlay, {OutlineOf(*placement, HoverColour, hoverPixels)});
+}
+
+void CanvasPointer::ShowTip(const QHelpEvent& event) {
+    if (!pointed_) return QToolTip::hideText();
+    QToolTip::showText(event.globalPos(), Shown(PieceTip(session_.Catalogue, Now(), *pointed_)), &view_);
+}
+
+void CanvasPointer::OpenMenu(const QContextMenuEvent& event) {
+    auto* const menu = new QMenu(&view_);
+    menu->setObjectName("mnuPiece");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setToolTipsVisible(true);
+    for (const int row : session_.Catalogue.VariantRows()) {
+        const std::string product(ProductCode(session_.Catalogue[row].Code));
+        if (IsVariantOfSelected(session_.Catalogue, Now().Design.Circuit, Now().EditState, product))
+            controls_.AddTransient(*menu, "replace " + product);
+    }
+    menu->addSeparator();
+    for (const char* const id : {"insert", "delete", "select rest", "start here", "mirror rest"})
+        controls_.AddTransient(*menu, id);
+    menu->popup(event.globalPos());
+}
+
+BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers keys) {
+    const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
+    const WorldPoint now = view_.WorldAt(place);
+    if (doing_ == Doing::TurningTrack)
+        return TurnedAbout(track->Start(), middle_, static_cast<int>((pressed_.x() - place.x()) / PixelsPerTurn));
+    double right = double{now.X} - grip_.X;
+    double up = double{now.Y} - grip_.Y;
+    if (keys & Qt::ShiftModifier) {
+        right = std::round(right / TrackSpacing) * TrackSpacing;
+        up = std::round(up / TrackSpacing) * TrackSpacing;
+    }
+    return Moved(track->Start(), right, up);
+}
+
+void CanvasPointer::ShowDragged() {
+    const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
+    view_.SetOverlay(DragOverlay, {OverlayPieces{.Codes = track->ElementCodes,
+                                                 .Start = dragged_,
+                                                 .CodeBefore = {},
+                                                 .InkColour = Now().Preferences.Colours.Active}});
+}
+
+void CanvasPointer::EndDrag() {
+    view_.ClearOverlay(DragOverlay);
+    session_.Do([&] {
+        session_.NameStep(doing_ == Doing::TurningTrack ? "Turn track" : "Move track");
+        PlaceStart(session_.Project.Design, session_.Project.EditState, dragged_);
+    });
+}
+
+} // namespace pistaro

@@ -1,0 +1,77 @@
+// The mouse on the drawing: it selects, pans and zooms, tells of the piece under it, moves tracks, and opens the menu
+// of what can be done with a piece.
+#pragma once
+
+#include "editor/picking.h"
+#include "ui/circuit_view.h"
+#include "ui/command_controls.h"
+
+#include <QObject>
+
+class QContextMenuEvent;
+class QGestureEvent;
+class QHelpEvent;
+class QNativeGestureEvent;
+
+namespace pistaro {
+
+class CanvasPointer : public QObject {
+public:
+    CanvasPointer(Session& session, const CommandControls& controls, CircuitView& view);
+
+    /// To be called after each piece of work: what lies under the mouse may have changed.
+    void Refresh(const Changes& changes);
+
+    /// Outlines a piece as the one that is meant.
+    void PointAt(const std::optional<PieceAddress>& piece);
+    const std::optional<PieceAddress>& Pointed() const { return pointed_; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum class Doing { Nothing, Panning, MovingTrack, TurningTrack };
+
+    bool Handle(QEvent& event);
+    void Press(const QMouseEvent& event);
+    void Move(const QMouseEvent& event);
+    void Release();
+    bool Wheel(const QWheelEvent& event);
+    bool Pinch(const QNativeGestureEvent& event);
+    bool Pinch(const QGestureEvent& event);
+    void ShowTip(const QHelpEvent& event);
+    void OpenMenu(const QContextMenuEvent& event);
+
+    void Select(QPointF place);
+    void PanTo(QPointF place);
+    void Zoom(QPointF place, double times);
+    /// Where a drag to a place brings the current track's start; `freely` not in the described steps.
+    BuildCursor DraggedStart(QPointF place, Qt::KeyboardModifiers keys);
+    void ShowDragged();
+    void EndDrag();
+    /// Moves the view where what was selected since the last time lies outside of it.
+    void Follow();
+
+    const Project& Now() const { return session_.Project; }
+
+    Session& session_;
+    const CommandControls& controls_;
+    CircuitView& view_;
+    PickMap pieces_;
+    std::optional<PieceAddress> pointed_;
+    PieceAddress followed_{-1, -1}; ///< what was selected last
+    Doing doing_ = Doing::Nothing;
+    bool held_ = false;      ///< a button is down on a piece that a drag would move
+    bool spaceHeld_ = false; ///< a drag pans
+    QPointF pressed_;        ///< where the button went down
+    WorldPoint grip_;        ///< of the world, which a pan keeps under the mouse
+    EditState before_;       ///< the press
+    WorldPoint middle_;      ///< of the piece that a drag turns about
+    BuildCursor dragged_;    ///< the start as the drag has it
+    QPointF wheelPlace_;     ///< where the wheel turned last
+    WorldPoint wheelFixed_;  ///< what of the world was there before it first turned: whole cm shall not add up
+    ViewSettings wheelView_; ///< as the wheel left it
+    int wheelTurn_ = 0;      ///< what is left of a turn of the wheel, eighths of a degree
+    double pinchRest_ = 1;   ///< of a pinch, what has not been zoomed yet
+};
+
+} // namespace pistaro

@@ -1,0 +1,298 @@
+// The mouse and the keyboard on the drawing.
+#include "ui/window_fixture.h"
+
+#include <QContextMenuEvent>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QWheelEvent>
+
+namespace pistaro {
+namespace {
+
+constexpr const char* Ring = "C160 C151L C151L C151L C151L C160 C151L C151L C151L C151L";
+
+class CanvasPointers : public WindowTest {
+protected:
+    void Turn(QPoint place, int notches, Qt::KeyboardModifiers keys = {}) {
+        QWheelEvent wheel(place, Picture().mapToGlobal(place), {}, QPoint(0, 120 * notches), {}, keys,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&Picture(), &wheel);
+    }
+    void Scroll(QPoint pixels) {
+        const QPointF place(100, 100);
+        QWheelEvent wheel(place, Picture().mapToGlobal(place), pixels, pixels * 2, {}, {}, Qt::ScrollUpdate, false);
+        QApplication::sendEvent(&Picture(), &wheel);
+    }
+    QPoint At(float x, float y) { return Canvas().PlaceOf({x, y}).toPoint(); }
+    void MoveTo(QPoint place, Qt::MouseButtons buttons = {}, Qt::KeyboardModifiers keys = {}) {
+        QMouseEvent move(QEvent::MouseMove, place, Picture().mapToGlobal(place), Qt::NoButton, buttons, keys);
+        QApplication::sendEvent(&Picture(), &move);
+    }
+    void Drag(QPoint from, QPoint to, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {}) {
+        QTest::mousePress(&Picture(), button, {}, from);
+        MoveTo((from + to) / 2, button, keys);
+        MoveTo(to, button, keys);
+        QTest::mouseRelease(&Picture(), button, keys, to);
+    }
+    const ViewSettings& View() { return Project.Design.View; }
+    void Key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&Picture(), key, keys); }
+    const Track& First() { return Project.Design.Circuit.Tracks[0]; }
+
+    /// Opens the menu of a place and gives its entries.
+    QMenu& OpenMenu(QPoint place) {
+        QTest::mouseClick(&Picture(), Qt::RightButton, {}, place);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, Picture().mapToGlobal(place));
+        QApplication::sendEvent(&Picture(), &event);
+        return *Picture().findChild<QMenu*>("mnuPiece");
+    }
+};
+
+TEST_F(CanvasPointers, TheWheelZoomsAtThePointer) {
+    Open();
+    const QPoint place(60, 90);
+    const WorldPoint before = Canvas().WorldAt(place);
+
+    Turn(place, 4);
+
+    EXPECT_EQ(View().Width, 240);
+    Turn(place, -1);
+    Turn(place, 1);
+    EXPECT_NEAR(Canvas().WorldAt(place).X, before.X, 0.51) << "up to the whole cm of the centre";
+    EXPECT_NEAR(Canvas().WorldAt(place).Y, before.Y, 0.51);
+    EXPECT_NE(View().MidX, 0);
+    EXPECT_EQ(View().HMov.Value, View().MidX);
+    EXPECT_EQ(View().VMov.Value, View().MidY);
+}
+
+TEST_F(CanvasPointers, WithCtrlTheWheelZoomsFinely) {
+    Open();
+
+    Turn({100, 100}, 1, Qt::ControlModifier);
+
+    EXPECT_EQ(View().Width, 318);
+}
+
+TEST_F(CanvasPointers, MiddleDragPansAndLeavesTheSelection) {
+    Open(ProjectOf("C160 C160 C160"));
+    ClickDrawing(8, 50);
+    ASSERT_EQ(Project.EditState.SelectedElement(), 1);
+    const WorldPoint under = Canvas().WorldAt({100, 100});
+
+    Drag({100, 100}, {180, 160}, Qt::MiddleButton);
+
+    EXPECT_NEAR(Canvas().WorldAt({180, 160}).X, under.X, 0.51);
+    EXPECT_NEAR(Canvas().WorldAt({180, 160}).Y, under.Y, 0.51);
+    EXPECT_EQ(Project.EditState.SelectedElement(), 1);
+    EXPECT_FALSE(Project.EditState.DataChanged);
+    MoveTo({300, 300});
+    EXPECT_NEAR(Canvas().WorldAt({180, 160}).X, under.X, 0.51) << "until the button comes up";
+}
+
+TEST_F(CanvasPointers, DragWithTheSpaceBarPansAndSelectsNothing) {
+    Open(ProjectOf("C160 C160 C160"));
+    Picture().setFocus();
+    const WorldPoint under = Canvas().WorldAt(At(8, 50));
+    const QPoint place = At(8, 50);
+
+    QTest::keyPress(&Picture(), Qt::Key_Space);
+    Drag(place, place + QPoint(50, -40));
+    QTest::keyRelease(&Picture(), Qt::Key_Space);
+
+    EXPECT_NEAR(Canvas().WorldAt(place + QPoint(50, -40)).X, under.X, 0.51);
+    EXPECT_EQ(Project.EditState.SelectedElement(), -1);
+    QTest::mouseClick(&Picture(), Qt::LeftButton, {}, place);
+    EXPECT_NE(Project.EditState.SelectedElement(), -1) << "without it";
+}
+
+TEST_F(CanvasPointers, TwoFingersScrollTheView) {
+    Open();
+    const double scale = Canvas().Frame().PixelsPerCm(View());
+
+    Scroll({-80, 0});
+    EXPECT_NEAR(View().MidX, 80 / scale, 0.51);
+    Scroll({0, 80});
+    EXPECT_NEAR(View().MidY, 80 / scale, 0.51);
+    EXPECT_EQ(View().Width, 320);
+}
+
+TEST_F(CanvasPointers, APinchZooms) {
+    Open();
+    QNativeGestureEvent pinch(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2, QPointF(50, 50),
+                              QPointF(50, 50), QPointF(50, 50), 0.25, QPointF());
+
+    QApplication::sendEvent(&Picture(), &pinch);
+
+    EXPECT_EQ(View().Width, 256); // 320 / 1.25
+}
+
+TEST_F(CanvasPointers, FitShowsEverythingByButtonAndKey) {
+    pistaro::Project project = ProjectOf(Ring);
+    project.Design.Circuit.Tracks[0].TrackStartX = 1000;
+    Open(project);
+
+    Click("cmdFit");
+    const ViewSettings fitted = View();
+    EXPECT_NEAR(fitted.MidX, 978, 1);
+    QTest::keyClick(Window.get(), Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(View().Width, fitted.Width - 20);
+    QTest::keyClick(Window.get(), Qt::Key_9, Qt::ControlModifier);
+    EXPECT_EQ(View(), fitted);
+}
+
+TEST_F(CanvasPointers, TheViewFollowsWhatIsLaidOutsideOfIt) {
+    Open(ProjectOf("C160 C160 C160 C160")); // 140 cm upwards of the view's 160
+    Click("cmdElement", "C160", 4);
+
+    const WorldPoint top = Canvas().WorldAt({Picture().width() / 2.0, 0});
+    EXPECT_GE(top.Y, 280);
+    ClickLine(0);
+    EXPECT_LE(Canvas().WorldAt({0, static_cast<double>(Picture().height())}).Y, 0) << "and what is selected";
+}
+
+TEST_F(CanvasPointers, AClickInsideAPieceOfAnotherTrackSelectsItThere) {
+    Open(ProjectOf("C160 C160", "C160"));
+
+    ClickDrawing(23, 30); // nearest to a label of the current track
+
+    EXPECT_EQ(Project.EditState.CurrentTrack, 1);
+    EXPECT_EQ(Project.EditState.SelectedElement(), 0);
+    EXPECT_TRUE(Button("optTrack", "2").isChecked());
+}
+
+TEST_F(CanvasPointers, ThePieceUnderTheMouseIsOutlinedAndTold) {
+    Open(ProjectOf("C160 C160"));
+    MoveTo(At(8, 50));
+    const auto hover = Canvas().OverlayOf("hover");
+    ASSERT_EQ(hover.size(), 1U);
+    EXPECT_EQ(std::get<OverlayPath>(hover[0]).Path.size(), 4U);
+
+    QHelpEvent help(QEvent::ToolTip, At(8, 50), Picture().mapToGlobal(At(8, 50)));
+    QApplication::sendEvent(&Picture(), &help);
+    EXPECT_TRUE(QToolTip::text().startsWith("C160, standard straight\nTrack 1, element 1\n"));
+
+    MoveTo(At(-40, 50));
+    EXPECT_TRUE(Canvas().OverlayOf("hover").empty());
+}
+
+TEST_F(CanvasPointers, TheMenuOfAPieceOffersWhatCanBeDoneWithIt) {
+    Open(ProjectOf(Ring));
+    QMenu& menu = OpenMenu(At(8, 17));
+    EXPECT_EQ(Project.EditState.SelectedElement(), 0);
+    QStringList names;
+    for (const QAction* const entry : menu.actions()) {
+        if (!entry->isSeparator()) names.append(entry->objectName());
+    }
+    EXPECT_EQ(names.join(" ").toStdString(),
+              "mnuC160 mnuC164 mnuC248 mnuC8005 mnuC8006 mnuC8007 mnuC8009 cmdInsert cmdDelete mnuSelectRest "
+              "mnuStartHere mnuMirrorRest");
+
+    menu.findChild<QAction*>("mnuC8007")->trigger();
+    EXPECT_TRUE(Codes().starts_with("C8007 C151L"));
+    menu.close();
+}
+
+TEST_F(CanvasPointers, StartHereRenumbersFromThePieceUnderTheMouse) {
+    Open(ProjectOf(Ring));
+    QMenu& menu = OpenMenu(At(-30, 17)); // the straight on the other side
+
+    menu.findChild<QAction*>("mnuStartHere")->trigger();
+
+    EXPECT_EQ(Codes(), Ring) << "half a lap on it looks the same";
+    EXPECT_NEAR(First().TrackStartX, -43.6, 0.01);
+    menu.close();
+}
+
+TEST_F(CanvasPointers, DraggingAPieceMovesItsTrackAsOneStep) {
+    Open(ProjectOf("C160 C160"));
+    const double scale = Canvas().Frame().PixelsPerCm(View());
+    const QPoint from = At(8, 50);
+
+    Drag(from, from + QPoint(60, -33));
+
+    EXPECT_NEAR(First().TrackStartX, 60 / scale, 0.06);
+    EXPECT_NEAR(First().TrackStartY, 33 / scale, 0.06);
+    EXPECT_TRUE(Project.EditState.DataChanged);
+    EXPECT_TRUE(Canvas().OverlayOf("moved track").empty());
+    Choose("mnuUndo");
+    EXPECT_EQ(First().TrackStartX, 0);
+    EXPECT_FALSE(Entry("mnuUndo").isEnabled());
+}
+
+TEST_F(CanvasPointers, WithShiftATrackMovesInTheDescribedSteps) {
+    Open(ProjectOf("C160 C160"));
+    const QPoint from = At(8, 50);
+
+    Drag(from, At(8 + 34, 50 + 13), Qt::LeftButton, Qt::ShiftModifier);
+
+    EXPECT_FLOAT_EQ(First().TrackStartX, 31);
+    EXPECT_FLOAT_EQ(First().TrackStartY, 15.5);
+}
+
+TEST_F(CanvasPointers, WithAltATrackTurnsAboutThePiecesMiddle) {
+    Open(ProjectOf("C160"));
+    const QPoint from = At(8, 17);
+
+    Drag(from, from - QPoint(85, 0), Qt::LeftButton, Qt::AltModifier);
+
+    EXPECT_FLOAT_EQ(First().TrackStartHeading, 0.392699F); // two steps
+    const auto placement = PlacementOf(Pieces(), Project.Design.Circuit, {0, 0});
+    const GroundPoint middle = MiddleOf(GroundOf(*placement));
+    EXPECT_NEAR(middle.X, 7.75, 0.01);
+    EXPECT_NEAR(middle.Y, 17.5, 0.01);
+}
+
+TEST_F(CanvasPointers, AClickThatHardlyMovesMovesNoTrack) {
+    Open(ProjectOf("C160"));
+    const QPoint from = At(8, 17);
+
+    Drag(from, from + QPoint(3, 2));
+
+    EXPECT_EQ(First().TrackStartX, 0);
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(CanvasPointers, TheArrowsPanTheFocusedDrawing) {
+    Open();
+    Picture().setFocus();
+
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Up);
+    Key(Qt::Key_Up);
+
+    EXPECT_EQ(View().MidX, 16);
+    EXPECT_EQ(View().MidY, 32);
+}
+
+TEST_F(CanvasPointers, TabWalksThePiecesAndEnterSelects) {
+    Open(ProjectOf("C160 C159 C158"));
+    Picture().setFocus();
+
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Tab);
+    EXPECT_FALSE(Canvas().OverlayOf("hover").empty());
+    EXPECT_EQ(Project.EditState.SelectedElement(), -1);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Project.EditState.SelectedElement(), 1);
+
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(Picture().hasFocus());
+    Key(Qt::Key_Tab);
+    EXPECT_FALSE(Picture().hasFocus()) << "after the last one it leads on";
+}
+
+TEST_F(CanvasPointers, F9FoldsTheColumnsAway) {
+    Open();
+    const int width = Picture().width();
+
+    QTest::keyClick(Window.get(), Qt::Key_F9);
+    QTest::qWait(20);
+    EXPECT_GT(Picture().width(), width + 300);
+    EXPECT_FALSE(Piece("C160").isVisible());
+
+    QTest::keyClick(Window.get(), Qt::Key_F9);
+    QTest::qWait(20);
+    EXPECT_EQ(Picture().width(), width);
+}
+
+} // namespace
+} // namespace pistaro
