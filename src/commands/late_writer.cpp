@@ -37,7 +37,8 @@ void LateWriter::Run(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
     while (changed_.wait(lock, stop, [this] { return waiting_ != nullptr; })) {
         const bool taken = changed_.wait_until(lock, stop, due_, [this] { return waiting_ == nullptr; });
-        if (taken || stop.stop_requested()) continue;
+        if (stop.stop_requested()) return; // what could not be written waits still
+        if (taken) continue;
         const Write write = std::exchange(waiting_, nullptr);
         writes_ = true;
         lock.unlock();
