@@ -64,7 +64,7 @@ TEST_P(EndOfMemory, IsToldInALineWithStatus1) {
 
 INSTANTIATE_TEST_SUITE_P(Verbs, EndOfMemory,
                          testing::Values("layout oval.trk", "stats oval.trk", "script script.txt", "catalogue --json",
-                                         "settings", "recover", "picture oval.trk --out saved.png --size 50"));
+                                         "settings", "recover"));
 
 } // namespace
 } // namespace pistaro

@@ -201,7 +201,8 @@ TEST_F(WrittenGuide, APictureThatCannotBeWrittenIsAProblemThatNamesItAndLeavesTh
         }
 
         for (const char* const name : {"C160.gif", "track.gif", "guide.html"}) {
-            if (name != std::string_view(picture)) EXPECT_EQ(BytesOf(Folder / name), "an older file") << picture;
+            if (name == std::string_view(picture)) continue;
+            EXPECT_EQ(BytesOf(Folder / name), "an older file") << picture;
         }
         EXPECT_EQ(FilesIn(Folder.Path()), 3U) << "no temporary file is left";
         std::filesystem::remove(Folder / picture);

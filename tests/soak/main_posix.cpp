@@ -101,7 +101,7 @@ int main(int argc, char** argv) {
     while (day.User.Acts() < day.Events) {
         std::array<char*, 2> arguments{argv[0], nullptr};
         RunDesigner(1, arguments.data(), catalogue,
-                    {.SettingsFile = home / "config" / "corvel.ini", .Circuit = {}, .NoSplash = true});
+                    {.Circuit = {}, .SettingsFile = home / "config" / "corvel.ini", .NoSplash = true});
     }
     std::printf("%d events, %d starts, %d dialogs and menus; %zu KB in the morning, %zu KB in the evening\n",
                 day.User.Acts(), day.Starts, day.User.Dialogs(), day.InTheMorning / 1024, day.InTheEvening / 1024);

@@ -196,7 +196,7 @@ protected:
             QTest::mouseClick(&In<QPushButton>(*dialog, button), Qt::LeftButton);
         });
         answer.start(50);
-        BeginDesigning(window, session_, {}, {.SettingsFile = "", .Circuit = circuit, .NoSplash = true});
+        BeginDesigning(window, session_, {}, {.Circuit = circuit, .SettingsFile = "", .NoSplash = true});
         QTest::qWait(300);
         return explanation;
     }

@@ -91,7 +91,7 @@ TEST_F(Panels, AClickOnAFindingSelectsItsPiece) {
 
     EXPECT_EQ(Project.EditState.CurrentTrack, 1);
     EXPECT_EQ(Project.EditState.CurrentElement[1], 2);
-    EXPECT_EQ(Project.Design.View.MidX, 160) << "as far as the bar reaches";
+    EXPECT_EQ(Project.Design.View.MidX, 356) << "the view follows, with its bar";
     EXPECT_FALSE(Project.EditState.DataChanged);
 }
 
