@@ -42,7 +42,7 @@ Design RoomDesign(const GenerateOptions& options) {
 
 PieceBox BoxFor(const VerbContext& context, const Project& project, const GenerateOptions& options) {
     if (!options.IsOwned) return BoxOf(context.Catalogue, options.Pieces);
-    const PieceBox owned = OwnedBox(context.Catalogue, project.Stock);
+    PieceBox owned = OwnedBox(context.Catalogue, project.Stock);
     if (owned.Total() == 0) throw Fault("No pieces", "the settings hold no owned track");
     return owned;
 }
