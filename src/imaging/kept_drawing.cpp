@@ -49,13 +49,13 @@ void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const V
 /// Moves a picture's pixels; what comes in from beyond its edges keeps what stood there.
 void Scroll(QImage& picture, QPoint by) {
     const int rows = picture.height() - std::abs(by.y());
-    const auto pixels = static_cast<std::size_t>(picture.width() - std::abs(by.x())) * sizeof(QRgb);
+    const std::ptrdiff_t pixelSize = sizeof(QRgb);
+    const auto pixels = static_cast<std::size_t>(pixelSize * (picture.width() - std::abs(by.x())));
     const auto row = [&](int index) { return by.y() > 0 ? rows - 1 - index : index; };
     for (int index = 0; index < rows; ++index) {
         uchar* const from = picture.scanLine(row(index) + std::max(0, -by.y()));
         uchar* const to = picture.scanLine(row(index) + std::max(0, by.y()));
-        std::memmove(to + std::max(0, by.x()) * static_cast<int>(sizeof(QRgb)),
-                     from + std::max(0, -by.x()) * static_cast<int>(sizeof(QRgb)), pixels);
+        std::memmove(to + pixelSize * std::max(0, by.x()), from + pixelSize * std::max(0, -by.x()), pixels);
     }
 }
 

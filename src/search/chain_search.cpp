@@ -7,6 +7,7 @@
 #include <bit>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 namespace pistaro {
 
@@ -157,10 +158,8 @@ std::vector<ShapeChain> ChainSearch::ChainsOf(const Half& half) {
 void ChainSearch::FollowBack(const Half& half, int level, const TablePose& pose, const LatticePose& place,
                              std::vector<int>& behind, std::vector<ShapeChain>& chains) {
     if (level == 0) {
-        ShapeChain chain;
-        for (auto shape = behind.rbegin(); shape != behind.rend(); ++shape)
-            chain = chain.With(*shape);
-        chains.push_back(chain);
+        chains.push_back(std::accumulate(behind.rbegin(), behind.rend(), ShapeChain(),
+                                         [](const ShapeChain& chain, int shape) { return chain.With(shape); }));
         return;
     }
     for (ShapeMask left = pose.LastShapes & demands_.Shapes; left != 0; left &= left - 1) {

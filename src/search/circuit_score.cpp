@@ -17,7 +17,7 @@ struct Stretches {
 Stretches StretchesOf(const Catalogue& catalogue, Rows rows) {
     const auto shape = [&](int row) { return catalogue[row].Kind.Shape; };
     const auto change = std::ranges::adjacent_find(rows, [&](int a, int b) { return shape(a) != shape(b); });
-    if (change != rows.end()) std::ranges::rotate(rows, change + 1);
+    if (change != rows.end()) std::rotate(rows.begin(), change + 1, rows.end());
     Stretches stretches;
     for (auto first = rows.begin(); first != rows.end();) {
         const auto end = std::find_if(first, rows.end(), [&](int row) { return shape(row) != shape(*first); });

@@ -29,7 +29,7 @@ void BeginOnStraight(const Catalogue& catalogue, Rows& rows) {
     const auto startPiece =
         std::ranges::find_if(rows, [&](int row) { return catalogue[row].Kind.Marks == PieceMarks::ReverseStart; });
     if (startPiece != rows.end()) {
-        std::ranges::rotate(rows, startPiece);
+        std::rotate(rows.begin(), startPiece, rows.end());
         return;
     }
     const std::size_t count = rows.size();
@@ -50,7 +50,7 @@ void BeginOnStraight(const Catalogue& catalogue, Rows& rows) {
     // Without straights: not on an adapter, whose way round the piece before it decides.
     while (catalogue[rows[best]].JoinsSystems())
         ++best;
-    std::ranges::rotate(rows, rows.begin() + static_cast<std::ptrdiff_t>(best));
+    std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(best), rows.end());
 }
 
 class CircuitPool {

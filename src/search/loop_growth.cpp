@@ -181,7 +181,7 @@ void LoopGrowth::TurnRound(Loop& loop) {
     const std::size_t first = random_.Below(loop.Steps.size());
     for (std::size_t i = 0; i < first; ++i)
         loop.Start = steps_[loop.Steps[i]].After(loop.Start);
-    std::ranges::rotate(loop.Steps, loop.Steps.begin() + static_cast<std::ptrdiff_t>(first));
+    std::rotate(loop.Steps.begin(), loop.Steps.begin() + static_cast<std::ptrdiff_t>(first), loop.Steps.end());
 }
 
 /// Takes out some of the first elements and, `anew`, lays others there at random.

@@ -59,7 +59,8 @@ std::optional<OpenEnds> TrackEnds::InPlace(int at, int remove) const {
 
     OpenEnds ends;
     ends.End = before.Cursor;
-    ends.Goal = stations_[static_cast<std::size_t>(at + remove)].Cursor;
+    const int after = at + remove;
+    ends.Goal = stations_[static_cast<std::size_t>(after)].Cursor;
     ends.EndSystem = last.System;
     ends.AfterAdapter = last.IsAfterAdapter || before.IsAfterNincoCode != (last.System == 1);
     ends.GoalSystem = EntrySystemOf(**next, stations_[nextStation]);
@@ -69,7 +70,8 @@ std::optional<OpenEnds> TrackEnds::InPlace(int at, int remove) const {
 
 std::optional<OpenEnds> TrackEnds::ToClose(int at, int remove) const {
     auto ends = InPlace(at, remove);
-    const auto end = static_cast<std::size_t>(at + remove);
+    const int after = at + remove;
+    const auto end = static_cast<std::size_t>(after);
     const BuildCursor& start = stations_.front().Cursor;
     if (ends)
         ends->Goal = end == pieces_.size() ? start : BeginOf(stations_[end].Cursor, stations_.back().Cursor, start);

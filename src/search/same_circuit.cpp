@@ -28,7 +28,7 @@ std::vector<int> LeastTurned(const std::vector<int>& rows) {
     std::vector<int> least = rows;
     std::vector<int> turned = rows;
     for (std::size_t i = 1; i < rows.size(); ++i) {
-        std::ranges::rotate(turned, turned.begin() + 1);
+        std::rotate(turned.begin(), turned.begin() + 1, turned.end());
         least = std::min(least, turned);
     }
     return least;
@@ -51,7 +51,7 @@ std::vector<int> CircuitKey(const Catalogue& catalogue, const std::vector<int>& 
 std::vector<int> OutlineKey(const Catalogue& catalogue, std::vector<int> rows) {
     const auto isCurve = [&](int row) { return !catalogue[row].IsStraight(); };
     const auto curve = std::ranges::find_if(rows, isCurve);
-    std::ranges::rotate(rows, curve);
+    std::rotate(rows.begin(), curve, rows.end());
     for (auto first = rows.begin(); first != rows.end();) {
         first = std::find_if_not(first, rows.end(), isCurve);
         const auto end = std::find_if(first, rows.end(), isCurve);
