@@ -3,6 +3,8 @@
 #include "layout/outline.h"
 #include "model/length_text.h"
 #include "platform/fault.h"
+#include "search/ranking.h"
+#include "text/fixed_text.h"
 
 #include <algorithm>
 #include <cctype>

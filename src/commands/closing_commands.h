@@ -1,7 +1,9 @@
-// Commands that close the current track, or lay other pieces in the place of some of it; and what is told of a suggestion.
+// Commands that close the current track, or lay other pieces in the place of some of it; and what is told of a
+// suggestion.
 #pragma once
 
 #include "commands/session.h"
+#include "layout/shapes.h"
 #include "search/closing.h"
 
 namespace pistaro {
@@ -31,7 +33,7 @@ std::string PieceCountText(int count);
 /// Where a suggestion's pieces would lie in the current track.
 struct GhostPlace {
     BuildCursor Start;
-    std::string CodeBefore;                       ///< of the element before them; empty where there is none
+    std::string CodeBefore;                        ///< of the element before them; empty where there is none
     std::vector<std::vector<WorldPoint>> TakenOut; ///< the grounds of the elements in whose place they lie
 };
 GhostPlace PlaceOf(const Session& session, const Suggestion& suggestion);

@@ -45,6 +45,7 @@ public:
     pistaro::Project Project;
     const std::filesystem::path SettingsPath;
     std::optional<Picture> Background;     ///< behind the drawing
+    bool Suggests = false;                 ///< the window shows the best closing of the current track
     int PicturePixels;                     ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr;   ///< null in a script
     pistaro::Recovery* Recovery = nullptr; ///< what keeps unsaved work, where something does

@@ -13,6 +13,10 @@ public:
     virtual void ShowStock() = 0;
     virtual void ShowStatistics() = 0;
     virtual void ShowAbout() = 0;
+
+    /// What closes the current track, and other pieces for some of it: to be gone through and laid.
+    virtual void ShowClosings() = 0;
+    virtual void ShowReplacements() = 0;
 };
 
 } // namespace pistaro

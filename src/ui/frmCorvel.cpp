@@ -43,7 +43,8 @@ QIcon ProgramIcon() {
 frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
       circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
-      dialogs_(session, *this), jobBar_(new JobBar(session, controls_)), status_(new QLabel) {
+      suggestions_(new SuggestionBar(session, circuit_->View())), suggester_(session, circuit_->View()),
+      dialogs_(session, *this, *suggestions_), jobBar_(new JobBar(session, controls_)), status_(new QLabel) {
     setObjectName("frmCorvel");
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
@@ -73,6 +74,8 @@ frmCorvel::~frmCorvel() {
 
 void frmCorvel::Refresh(const Changes& changes) {
     circuit_->View().Invalidate(changes);
+    suggestions_->Refresh(changes);
+    suggester_.Refresh(changes);
     controls_.Refresh();
     circuit_->Refresh();
     jobBar_->Refresh();                           // the end of a job may have changed anything

@@ -6,6 +6,7 @@
 #include "ui/dialogs.h"
 #include "ui/job_bar.h"
 #include "ui/piece_palette.h"
+#include "ui/suggester.h"
 #include "ui/track_panel.h"
 
 #include <QMainWindow>
@@ -37,6 +38,8 @@ private:
     PiecePalette* const palette_;
     CircuitPanel* const circuit_;
     TrackPanel* const track_;
+    SuggestionBar* const suggestions_;
+    Suggester suggester_;
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;

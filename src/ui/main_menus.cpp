@@ -30,12 +30,12 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session&
     circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
     AddMenu(window, controls, "&Edit", {"undo", "redo"});
-    AddMenu(window, controls, "&Track", {"mirror", "invert"});
+    AddMenu(window, controls, "&Track", {"mirror", "invert", "close loop", "other pieces"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
     pieces.addSection("Replace the selected piece by");
     for (const int row : session.Catalogue.VariantRows())
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
-    AddMenu(window, controls, "&View", {"background select", "background clear"});
+    AddMenu(window, controls, "&View", {"background select", "background clear", "suggest"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track"});
     AddMenu(window, controls, "&Reports", {"statistics", "guide", "save picture"});
     AddMenu(window, controls, "&Help", {"manual", "about"});

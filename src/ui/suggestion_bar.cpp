@@ -128,8 +128,8 @@ ClosingOptions SuggestionBar::Options() const {
 
 void SuggestionBar::Find() {
     session_.Do([&] {
-        const Closings found = isReplacing_ ? FindReplacements(session_, spnRun_->value(), Options())
-                                         : FindClosings(session_, Options());
+        const Closings found =
+            isReplacing_ ? FindReplacements(session_, spnRun_->value(), Options()) : FindClosings(session_, Options());
         suggestions_ = found.Suggestions;
         lblSuggestion_->setText(QString::fromStdString(found.WhyNone));
     });

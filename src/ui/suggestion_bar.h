@@ -1,5 +1,5 @@
-// The strip at the drawing's lower edge that goes through ways to close the track, or other pieces for a run of it: each
-// with a small picture, the chosen one as a ghost in the drawing.
+// The strip at the drawing's lower edge that goes through ways to close the track, or other pieces for a run of it:
+// each with a small picture, the chosen one as a ghost in the drawing.
 #pragma once
 
 #include "commands/closing_commands.h"

@@ -60,6 +60,8 @@ public:
     void ShowStock() override {}
     void ShowStatistics() override {}
     void ShowAbout() override {}
+    void ShowClosings() override {}
+    void ShowReplacements() override {}
 };
 
 /// Commands that draw pictures or start a viewer take too long to be given thousands of times.

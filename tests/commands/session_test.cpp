@@ -34,6 +34,8 @@ public:
     void ShowStock() override { Opened += "stock "; }
     void ShowStatistics() override { Opened += "statistics "; }
     void ShowAbout() override { Opened += "about "; }
+    void ShowClosings() override { Opened += "closings "; }
+    void ShowReplacements() override { Opened += "replacements "; }
 };
 
 class TheSession : public testing::Test {

@@ -58,6 +58,8 @@ public:
     void ShowStock() override { Asked += "stock "; }
     void ShowStatistics() override { Asked += "statistics "; }
     void ShowAbout() override { Asked += "about "; }
+    void ShowClosings() override { Asked += "closings "; }
+    void ShowReplacements() override { Asked += "replacements "; }
 };
 
 } // namespace
@@ -104,7 +106,9 @@ protected:
     std::vector<QObject*> Controls() {
         std::vector<QObject*> controls;
         for (QAbstractButton* const button : Window->findChildren<QAbstractButton*>()) {
-            if (!button->objectName().startsWith("qt_")) controls.push_back(button);
+            // The strip of suggestions has buttons of its own, as a dialog has.
+            const bool isOfStrip = Find<QWidget>("fraSuggestions").isAncestorOf(button);
+            if (!button->objectName().startsWith("qt_") && !isOfStrip) controls.push_back(button);
         }
         std::vector<const QWidget*> places{Window->menuBar()};
         for (const QMenu* const menu : Window->findChildren<QMenu*>())
