@@ -1,10 +1,90 @@
 #include "commands/closing_commands.h"
 
+#include "layout/outline.h"
+#include "model/length_text.h"
 #include "platform/fault.h"
+#include "search/ranking.h"
+#include "text/fixed_text.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace pistaro {
+
+namespace {
+
+const Track& CurrentTrack(const Session& session) {
+    return *EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
+}
+
+std::string Sentence(std::string words) {
+    if (words.empty()) return words;
+    words[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(words[0])));
+    return words + ".";
+}
+
+std::string Listed(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words)
+        list += (list.empty() ? "" : ", ") + word;
+    return list;
+}
+
+/// The products that would have to be bought for a suggestion, each with its number where that is not 1.
+std::vector<std::string> ToBuy(const Session& session, const Suggestion& suggestion) {
+    const Project& project = session.Project;
+    const Catalogue& catalogue = session.Catalogue;
+    Circuit changed = project.Design.Circuit;
+    Apply(suggestion.Edit, *EditedTrack(changed, project.EditState));
+    const UsedCounts used = CountUsed(catalogue, changed);
+    UsedCounts laid(used.size(), 0);
+    for (const std::string& code : suggestion.Edit.Insert)
+        ++laid[static_cast<std::size_t>(catalogue.Find(code)->StockIndex)];
+    std::vector<std::string> lacking;
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        const int count = std::min(laid[at], used[at] - project.Stock[row].OwnedCount);
+        if (count <= 0) continue;
+        const std::string product(ProductCode(catalogue[row].Code));
+        lacking.push_back(count == 1 ? product : std::to_string(count) + " × " + product);
+    }
+    return lacking;
+}
+
+/// How the misfit shows once all joints share it; empty where a usual joint takes it without notice.
+std::string JointText(const Session& session, const Suggestion& suggestion) {
+    if (double{suggestion.Gap.Distance} <= ClosingOptions().Tolerance) return "";
+    const int joints = CurrentTrack(session).ElementLastIndex() + 1 - suggestion.Edit.Remove + suggestion.Count();
+    return " Each joint gives " + FineLength(double{suggestion.Gap.Distance} * 10 / joints, {}) + " mm.";
+}
+
+} // namespace
+
+std::string WhyNotClose(const Session& session) {
+    const EditState& edit = session.Project.EditState;
+    if (edit.ShowsAllTracks()) return "Choose one of the tracks first.";
+    const Track& track = CurrentTrack(session);
+    if (track.ElementCodes.empty()) return "The track is empty.";
+    const TrackGap gap = GapOf(session.Catalogue, track);
+    const bool isClosed = IsClosed(gap, ClosingOptions().Tolerance);
+    return isClosed ? "The track is closed." : "";
+}
+
+Closings FindClosings(const Session& session, const ClosingOptions& options) {
+    const Project& project = session.Project;
+    Closings closings = CloseTrack(session.Closings, session.Catalogue, project.Design, project.Stock,
+                                   project.EditState.CurrentTrack, options, {});
+    closings.WhyNone = Sentence(closings.WhyNone);
+    return closings;
+}
+
+Closings FindReplacements(const Session& session, int count, const ClosingOptions& options) {
+    const Project& project = session.Project;
+    const TrackPlace place{project.EditState.CurrentTrack, project.EditState.SelectedElement(), count};
+    Closings found{ReplaceRun(session.Closings, session.Catalogue, project.Design, project.Stock, place, options, {})};
+    if (found.Suggestions.empty()) found.WhyNone = "No other pieces lead to the same place.";
+    return found;
+}
 
 void LaySuggestion(Session& session, int number) {
     const Project& project = session.Project;
@@ -23,10 +103,41 @@ void LaySuggestion(Session& session, int number) {
 void LaySuggestion(Session& session, const Suggestion& suggestion) {
     session.Work([&] {
         EditState& edit = session.Project.EditState;
-        Apply(suggestion.Edit, *EditedTrack(session.Project.Design.Circuit, edit));
-        edit.Select(suggestion.Edit.At + suggestion.Count() - 1);
+        Track& track = *EditedTrack(session.Project.Design.Circuit, edit);
+        session.NameStep(suggestion.Edit.Remove == 0 ? "Close the Loop" : "Replace a Run");
+        Apply(suggestion.Edit, track);
+        edit.Select(std::min(std::max(0, suggestion.Edit.At + suggestion.Count() - 1), track.ElementLastIndex()));
         edit.DataChanged = true;
     });
+}
+
+std::string PieceCountText(int count) { return std::to_string(count) + (count == 1 ? " piece" : " pieces"); }
+
+std::string TextOf(const Session& session, const Suggestion& suggestion) {
+    const std::string& currency = session.Project.Preferences.DisplayUnits.Currency;
+    const std::vector<std::string> lacking = ToBuy(session, suggestion);
+    std::string text = PieceCountText(suggestion.Count()) + ": " + Listed(suggestion.Edit.Insert) + ".";
+    text += " " + FixedText(double{suggestion.Price}, 2) + (currency.empty() ? "" : " " + currency);
+    text += lacking.empty() ? ", all owned." : "; to buy: " + Listed(lacking) + ".";
+    text += JointText(session, suggestion);
+    if (suggestion.Overlaps) text += " Overlaps other track.";
+    if (suggestion.IsOutside) text += " Leaves the room.";
+    return text;
+}
+
+GhostPlace PlaceOf(const Session& session, const Suggestion& suggestion) {
+    constexpr double tolerance = 0.1; // cm
+    const TrackEdit& edit = suggestion.Edit;
+    const Track& track = CurrentTrack(session);
+    GhostPlace place{.Start = track.Start(), .CodeBefore = {}, .TakenOut = {}};
+    WalkTrack(session.Catalogue, track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement == nullptr) return;
+        if (element < edit.At) place.Start = placement->Exit;
+        if (element >= edit.At && element < edit.At + edit.Remove)
+            place.TakenOut.push_back(OutlinePolygon(*placement, tolerance));
+    });
+    if (edit.At > 0) place.CodeBefore = track.ElementCodes[static_cast<std::size_t>(edit.At - 1)];
+    return place;
 }
 
 } // namespace pistaro

@@ -1,10 +1,21 @@
-// Commands that close the current track.
+// Commands that close the current track, or lay other pieces in the place of some of it; and what is told of a
+// suggestion.
 #pragma once
 
 #include "commands/session.h"
+#include "layout/shapes.h"
 #include "search/closing.h"
 
 namespace pistaro {
+
+/// Why the current track cannot be closed; empty when it can be tried.
+std::string WhyNotClose(const Session& session);
+
+/// The closings of the current track.
+Closings FindClosings(const Session& session, const ClosingOptions& options);
+
+/// Other pieces for the selected element of the current track and those behind it, `count` together.
+Closings FindReplacements(const Session& session, int count, const ClosingOptions& options);
 
 /// Lays one of the suggestions that close the current track, by its number from 1, and selects the last piece laid.
 /// Fault "Refused" where there is none of that number.
@@ -12,5 +23,19 @@ void LaySuggestion(Session& session, int number);
 
 /// The same for a suggestion at hand.
 void LaySuggestion(Session& session, const Suggestion& suggestion);
+
+/// "2 pieces: C160, C151L. 7.50 EUR; to buy: C160. Each joint gives 0.1 mm." and what is wrong with it.
+std::string TextOf(const Session& session, const Suggestion& suggestion);
+
+/// "1 piece", "2 pieces".
+std::string PieceCountText(int count);
+
+/// Where a suggestion's pieces would lie in the current track.
+struct GhostPlace {
+    BuildCursor Start;
+    std::string CodeBefore;                        ///< of the element before them; empty where there is none
+    std::vector<std::vector<WorldPoint>> TakenOut; ///< the grounds of the elements in whose place they lie
+};
+GhostPlace PlaceOf(const Session& session, const Suggestion& suggestion);
 
 } // namespace pistaro

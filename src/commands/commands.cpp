@@ -3,6 +3,7 @@
 
 #include "commands/canvas_commands.h"
 #include "commands/circuit_commands.h"
+#include "commands/closing_commands.h"
 #include "commands/money_commands.h"
 #include "commands/picture_commands.h"
 #include "commands/session.h"
@@ -383,6 +384,32 @@ void AddTrackChanges(std::vector<Command>& rows) {
                     .Run = OnDesign(InvertTrack)});
 }
 
+void AddClosingCommands(std::vector<Command>& rows) {
+    rows.push_back({.Id = "close loop",
+                    .Control = "mnuCloseLoop",
+                    .Caption = "&Close the Loop",
+                    .Tip = "Go through the pieces that close the track, and lay some of them",
+                    .Key = "Ctrl+Return",
+                    .From = Door::WindowOnly,
+                    .WhyNot = WhyNotClose,
+                    .Run = [](Session& session) { session.Windows->ShowClosings(); }});
+    rows.push_back({.Id = "other pieces",
+                    .Control = "mnuReplaceBy",
+                    .Caption = "&Replace by…",
+                    .Tip = "Go through other pieces that lead from the selected one's begin to its end",
+                    .Key = "Ctrl+Shift+Return",
+                    .From = Door::WindowOnly,
+                    .WhyNot = ElementSelected,
+                    .Run = [](Session& session) { session.Windows->ShowReplacements(); }});
+    rows.push_back({.Id = "suggest",
+                    .Control = "mnuSuggest",
+                    .Caption = "&Suggest",
+                    .Tip = "Show the best closing of the track in the drawing as soon as six pieces or fewer would do",
+                    .From = Door::WindowOnly,
+                    .Run = [](Session& session) { session.Suggests ^= true; },
+                    .IsOn = [](const Session& session) { return session.Suggests; }});
+}
+
 void AddMoves(std::vector<Command>& rows) {
     rows.push_back(MoveRow("up", "cmdMvUp", "↑", "Ctrl+Up", 0, 1));
     rows.push_back(MoveRow("down", "cmdMvDn", "↓", "Ctrl+Down", 0, -1));
@@ -565,6 +592,7 @@ CommandTable::CommandTable(const Catalogue& catalogue) {
     AddModes(rows_);
     AddPieceCommands(rows_, catalogue);
     AddTrackChanges(rows_);
+    AddClosingCommands(rows_);
     AddMoves(rows_);
     AddTrackChoices(rows_);
     AddViewCommands(rows_);

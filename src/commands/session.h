@@ -60,6 +60,7 @@ public:
     RecentCircuits Recent;                 ///< kept nowhere in a script
     std::optional<Picture> Background;     ///< behind the drawing
     pistaro::Looks Looks;                  ///< of the window
+    bool Suggests = false;                 ///< the window shows the best closing of the current track
     int PicturePixels;                     ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr;   ///< null in a script
     pistaro::Recovery* Recovery = nullptr; ///< what keeps unsaved work, where something does

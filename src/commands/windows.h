@@ -24,6 +24,10 @@ public:
     virtual void TogglePanel(Panel panel) = 0;
     virtual bool IsPanelShown(Panel panel) const = 0;
     virtual void ShowHistory() = 0;
+
+    /// What closes the current track, and other pieces for some of it: to be gone through and laid.
+    virtual void ShowClosings() = 0;
+    virtual void ShowReplacements() = 0;
 };
 
 } // namespace pistaro

@@ -5,6 +5,7 @@
 #include "ui/frmAbout.h"
 #include "ui/frmHistory.h"
 #include "ui/frmStock.h"
+#include "ui/suggestion_bar.h"
 
 #include <QPointer>
 
@@ -15,13 +16,17 @@ namespace pistaro {
 
 class Dialogs : public Windows {
 public:
-    Dialogs(Session& session, QWidget& window) : session_(session), window_(window) {}
+    Dialogs(Session& session, QWidget& window, SuggestionBar& suggestions)
+        : session_(session), window_(window), suggestions_(suggestions) {}
 
     void ShowRecovered() override;
     void ShowDrawArea() override;
     void ShowColours() override;
     void ShowStatistics() override;
     void ShowSets() override;
+
+    void ShowClosings() override { suggestions_.ShowClosings(); }
+    void ShowReplacements() override { suggestions_.ShowReplacements(); }
 
     /// These stay beside the window, and come once.
     void ShowStock() override;
@@ -40,6 +45,7 @@ public:
 private:
     Session& session_;
     QWidget& window_;
+    SuggestionBar& suggestions_;
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
     std::map<Panel, PanelDoor> panels_;

@@ -45,9 +45,10 @@ QIcon ProgramIcon() {
 frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
       circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
-      pointer_(new CanvasPointer(session, controls_, circuit_->View())), dialogs_(session, *this),
-      jobBar_(new JobBar(session, controls_)), status_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
-      money_(new MoneyDock(session)) {
+      pointer_(new CanvasPointer(session, controls_, circuit_->View())),
+      suggestions_(new SuggestionBar(session, circuit_->View())), suggester_(session, circuit_->View()),
+      dialogs_(session, *this, *suggestions_), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
+      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
@@ -105,6 +106,8 @@ void frmCorvel::ShowLanes() {
 
 void frmCorvel::Refresh(const Changes& changes) {
     circuit_->View().Invalidate(changes);
+    suggestions_->Refresh(changes);
+    suggester_.Refresh(changes);
     controls_.Refresh();
     circuit_->Refresh();
     jobBar_->Refresh();                           // the end of a job may have changed anything

@@ -9,6 +9,7 @@
 #include "ui/job_bar.h"
 #include "ui/money_dock.h"
 #include "ui/piece_palette.h"
+#include "ui/suggester.h"
 #include "ui/track_panel.h"
 
 #include <QMainWindow>
@@ -49,6 +50,8 @@ private:
     CircuitPanel* const circuit_;
     TrackPanel* const track_;
     CanvasPointer* const pointer_;
+    SuggestionBar* const suggestions_;
+    Suggester suggester_;
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;

@@ -34,13 +34,14 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
     AddMenu(window, controls, "&Edit", {"undo", "redo", "history", "select rest"});
-    AddMenu(window, controls, "&Track", {"mirror", "invert", "mirror rest", "start here", "balance"});
+    AddMenu(window, controls, "&Track",
+            {"mirror", "invert", "mirror rest", "start here", "close loop", "other pieces", "balance"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
     pieces.addSection("Replace the selected piece by");
     for (const int row : session.Catalogue.VariantRows())
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
     AddMenu(window, controls, "&View",
-            {"columns", "checks", "stock and price", "lanes", "background select", "background clear"});
+            {"columns", "checks", "stock and price", "lanes", "suggest", "background select", "background clear"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track", "boxed sets"});
     AddMenu(window, controls, "&Reports", {"statistics", "purchase", "guide", "save picture"});
     AddMenu(window, controls, "&Help", {"manual", "about"});

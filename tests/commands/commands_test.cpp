@@ -109,7 +109,8 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
                                      "recent 2",       "recent 3",          "recent 4",         "recent 5",
                                      "recent 6",       "recent 7",          "recent 8",         "recent 9",
                                      "recent 10",      "columns",           "checks",           "stock and price",
-                                     "lanes",          "balance",           "boxed sets",       "purchase"}));
+                                     "lanes",          "balance",           "boxed sets",       "purchase",
+                                     "close loop",     "other pieces",      "suggest"}));
 }
 
 TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {

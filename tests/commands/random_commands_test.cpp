@@ -8,6 +8,7 @@
 #include "platform/fault.h"
 #include "storage/circuit_file.h"
 #include "support/chain.h"
+#include "support/named_windows.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -49,21 +50,6 @@ public:
 private:
     Random& random_;
     std::filesystem::path folder_;
-};
-
-/// Windows that nobody sees.
-class NoWindows : public Windows {
-public:
-    void ShowRecovered() override {}
-    void ShowDrawArea() override {}
-    void ShowColours() override {}
-    void ShowStock() override {}
-    void ShowStatistics() override {}
-    void ShowAbout() override {}
-    void ShowSets() override {}
-    void TogglePanel(Panel) override {}
-    bool IsPanelShown(Panel) const override { return false; }
-    void ShowHistory() override {}
 };
 
 /// Commands that draw pictures or start a viewer take too long to be given thousands of times.
@@ -259,7 +245,7 @@ private:
     bool everything_;
     TemporaryFolder folder_;
     RandomUser user_{random_, folder_.Path()};
-    NoWindows windows_;
+    NamedWindows windows_;
     Session session_{Pieces(), user_, ProjectOf(""), {}};
     std::vector<Changes> heard_;
     Observation observation_;

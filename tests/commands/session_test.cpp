@@ -8,6 +8,7 @@
 #include "support/chain.h"
 #include "support/circuit_text.h"
 #include "support/fault_of.h"
+#include "support/named_windows.h"
 #include "support/scripted_prompts.h"
 #include "support/stock.h"
 #include "support/temporary_folder.h"
@@ -30,23 +31,6 @@ JobEnd RunUntilStopped(const JobWatch& watch) {
     while (true)
         watch.Step(0, 0);
 }
-
-/// Windows that write down which of them was opened.
-class NamedWindows : public Windows {
-public:
-    std::string Opened;
-
-    void ShowRecovered() override { Opened += "recovered "; }
-    void ShowDrawArea() override { Opened += "draw area "; }
-    void ShowColours() override { Opened += "colours "; }
-    void ShowStock() override { Opened += "stock "; }
-    void ShowStatistics() override { Opened += "statistics "; }
-    void ShowAbout() override { Opened += "about "; }
-    void ShowSets() override { Opened += "sets "; }
-    void TogglePanel(Panel panel) override { Opened += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
-    bool IsPanelShown(Panel panel) const override { return panel == Panel::Checks; }
-    void ShowHistory() override { Opened += "history "; }
-};
 
 class TheSession : public testing::Test {
 protected:

@@ -4,6 +4,7 @@
 #include "commands/recovery.h"
 #include "support/circuit_text.h"
 #include "support/fake_viewer.h"
+#include "support/named_windows.h"
 #include "support/press.h"
 #include "support/temporary_folder.h"
 
@@ -47,23 +48,6 @@ JobEnd WaitToBeStopped(const JobWatch& watch) {
     for (;; std::this_thread::sleep_for(std::chrono::milliseconds(1)))
         watch.Step(1, 2);
 }
-
-/// Writes down which window is asked for, and opens none.
-class NoWindows : public Windows {
-public:
-    std::string Asked;
-
-    void ShowRecovered() override { Asked += "recovered "; }
-    void ShowDrawArea() override { Asked += "draw area "; }
-    void ShowColours() override { Asked += "colours "; }
-    void ShowStock() override { Asked += "stock "; }
-    void ShowStatistics() override { Asked += "statistics "; }
-    void ShowAbout() override { Asked += "about "; }
-    void ShowSets() override { Asked += "sets "; }
-    void TogglePanel(Panel panel) override { Asked += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
-    bool IsPanelShown(Panel) const override { return false; }
-    void ShowHistory() override { Asked += "history "; }
-};
 
 } // namespace
 
@@ -130,7 +114,9 @@ protected:
     std::vector<QObject*> Controls() {
         std::vector<QObject*> controls;
         for (QAbstractButton* const button : Window->findChildren<QAbstractButton*>()) {
-            if (!button->objectName().startsWith("qt_")) controls.push_back(button);
+            // The strip of suggestions has buttons of its own, as a dialog has.
+            const bool isOfStrip = Find<QWidget>("fraSuggestions").isAncestorOf(button);
+            if (!button->objectName().startsWith("qt_") && !isOfStrip) controls.push_back(button);
         }
         std::vector<const QWidget*> places{Window->menuBar()};
         for (const QMenu* const menu : Window->findChildren<QMenu*>())
@@ -196,7 +182,7 @@ private:
     /// What is done, said, asked, opened and written while something runs, as text.
     template <typename Run>
     std::string OutcomeOf(pistaro::Session& session, ScriptedPrompts& user, Run run, bool showsPage) const {
-        NoWindows windows;
+        NamedWindows windows;
         session.Windows = &windows;
         const auto notified = std::make_shared<bool>(false); // the session may outlive this call
         const Observation observation = session.Observe([notified](const Changes&) { *notified = true; });
@@ -207,7 +193,7 @@ private:
         EXPECT_TRUE(QTest::qWaitFor([&] { return !session.HasJob(); }, 60000));
         session.Windows = nullptr;
 
-        std::string text = Snapshot(session.Project) + (*notified ? "\nnotified" : "") + windows.Asked;
+        std::string text = Snapshot(session.Project) + (*notified ? "\nnotified" : "") + windows.Opened;
         text += "\nnumbers " + std::to_string(session.Project.EditState.ShowNumbers);
         text += "\nbackground " + std::to_string(session.Background.has_value());
         for (const Message& message : user.Told)

@@ -1,0 +1,231 @@
+#include "ui/suggestion_bar.h"
+
+#include "imaging/overlay.h"
+#include "layout/ground.h"
+#include "ui/named_controls.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int Margin = 6;
+constexpr QSize IconSize(72, 54);
+constexpr Colour FreeGhost = Rgb(0, 130, 60);
+constexpr Colour FaultyGhost = Rgb(200, 60, 0);
+constexpr Colour TakenOut = Rgb(150, 150, 150);
+const char* const Owner = "suggestion"; ///< of the overlay
+
+Colour ColourOf(const Suggestion& suggestion) { return suggestion.IsFree() ? FreeGhost : FaultyGhost; }
+
+} // namespace
+
+SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
+    : QWidget(&view), session_(session), view_(view), lblSuggestion_(Named(new QLabel, "lblSuggestion")),
+      lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
+      chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
+      spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")),
+      spnRun_(Named(new QSpinBox, "spnRun")) {
+    setObjectName("fraSuggestions");
+    setAutoFillBackground(true);
+    setCursor(Qt::ArrowCursor);
+    lstSuggestions_->setFlow(QListView::LeftToRight);
+    lstSuggestions_->setViewMode(QListView::ListMode);
+    lstSuggestions_->setIconSize(IconSize);
+    lstSuggestions_->setFixedHeight(IconSize.height() + 34);
+    lstSuggestions_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    lstSuggestions_->installEventFilter(this);
+    lstSuggestions_->viewport()->installEventFilter(this);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
+    column->addWidget(lblSuggestion_);
+    column->addWidget(lstSuggestions_);
+    column->addWidget(Choices());
+    connect(lstSuggestions_, &QListWidget::currentRowChanged, this, [this] { ShowGhost(); });
+    connect(lstSuggestions_, &QListWidget::itemDoubleClicked, this, [this] { Lay(); });
+    view_.installEventFilter(this);
+    hide();
+}
+
+QWidget* SuggestionBar::Choices() {
+    auto* const choices = new QWidget;
+    auto* const row = new QHBoxLayout(choices);
+    row->setContentsMargins(0, 0, 0, 0);
+    spnMostPieces_->setRange(1, 8);
+    spnMostPieces_->setValue(ClosingOptions().MostPieces);
+    spnMostPieces_->setPrefix("at most ");
+    spnMostPieces_->setSuffix(" pieces");
+    spnTolerance_->setRange(0, 20);
+    spnTolerance_->setDecimals(1);
+    spnTolerance_->setSingleStep(0.5);
+    spnTolerance_->setValue(ClosingOptions().Tolerance * 10);
+    spnTolerance_->setPrefix("within ");
+    spnTolerance_->setSuffix(" mm");
+    spnRun_->setPrefix("in place of ");
+    spnRun_->setToolTip("How many elements are replaced, from the selected one on");
+    auto* const cmdLay = Named(new QPushButton("&Lay"), "cmdLaySuggestion");
+    auto* const cmdLeave = Named(new QPushButton("Cancel"), "cmdLeaveSuggestions");
+    for (QWidget* const widget : std::initializer_list<QWidget*>{spnRun_, chkOwnedOnly_, spnMostPieces_, spnTolerance_})
+        row->addWidget(widget);
+    row->addStretch();
+    row->addWidget(cmdLay);
+    row->addWidget(cmdLeave);
+    connect(chkOwnedOnly_, &QCheckBox::toggled, this, [this] { Find(); });
+    connect(spnMostPieces_, &QSpinBox::valueChanged, this, [this] { Find(); });
+    connect(spnTolerance_, &QDoubleSpinBox::valueChanged, this, [this] { Find(); });
+    connect(spnRun_, &QSpinBox::valueChanged, this, [this] { Find(); });
+    connect(cmdLay, &QPushButton::clicked, this, [this] { Lay(); });
+    connect(cmdLeave, &QPushButton::clicked, this, [this] { hide(); });
+    return choices;
+}
+
+void SuggestionBar::ShowClosings() {
+    isReplacing_ = false;
+    Open();
+}
+
+void SuggestionBar::ShowReplacements() {
+    isReplacing_ = true;
+    const Project& project = session_.Project;
+    const QSignalBlocker quiet(spnRun_);
+    const Track& track = *EditedTrack(project.Design.Circuit, project.EditState);
+    spnRun_->setRange(1, track.ElementLastIndex() + 1 - project.EditState.SelectedElement());
+    spnRun_->setValue(1);
+    Open();
+}
+
+void SuggestionBar::Open() {
+    spnRun_->setVisible(isReplacing_);
+    show();
+    Place();
+    raise();
+    Find();
+    lstSuggestions_->setFocus();
+}
+
+void SuggestionBar::Place() {
+    const int height = sizeHint().height();
+    setGeometry(0, view_.height() - height, view_.width(), height);
+}
+
+ClosingOptions SuggestionBar::Options() const {
+    ClosingOptions options;
+    options.MostPieces = spnMostPieces_->value();
+    options.Tolerance = spnTolerance_->value() / 10;
+    options.OwnedOnly = chkOwnedOnly_->isChecked();
+    return options;
+}
+
+void SuggestionBar::Find() {
+    session_.Do([&] {
+        const Closings found =
+            isReplacing_ ? FindReplacements(session_, spnRun_->value(), Options()) : FindClosings(session_, Options());
+        suggestions_ = found.Suggestions;
+        lblSuggestion_->setText(QString::fromStdString(found.WhyNone));
+    });
+    const QSignalBlocker quiet(lstSuggestions_);
+    lstSuggestions_->clear();
+    for (const Suggestion& suggestion : suggestions_) {
+        const QString pieces = QString::fromStdString(PieceCountText(suggestion.Count()));
+        new QListWidgetItem(IconOf(suggestion), pieces, lstSuggestions_);
+    }
+    lstSuggestions_->setCurrentRow(0);
+    ShowGhost();
+}
+
+void SuggestionBar::ShowGhost() {
+    const int row = lstSuggestions_->currentRow();
+    if (row < 0) return view_.ClearOverlay(Owner);
+    const Suggestion& suggestion = suggestions_[static_cast<std::size_t>(row)];
+    const GhostPlace place = PlaceOf(session_, suggestion);
+    Overlay overlay;
+    for (const std::vector<WorldPoint>& ground : place.TakenOut)
+        overlay.push_back(OverlayArea{.Polygon = ground, .InkColour = TakenOut, .Hatched = true});
+    overlay.push_back(OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)});
+    view_.SetOverlay(Owner, std::move(overlay));
+    lblSuggestion_->setText(QString::fromStdString(TextOf(session_, suggestion)));
+}
+
+QIcon SuggestionBar::IconOf(const Suggestion& suggestion) const {
+    const GhostPlace place = PlaceOf(session_, suggestion);
+    GroundBox box{place.Start.CursorX, place.Start.CursorX, place.Start.CursorY, place.Start.CursorY};
+    Track track{suggestion.Edit.Insert, place.Start.CursorX, place.Start.CursorY, place.Start.CursorHeading};
+    WalkTrack(session_.Catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement == nullptr) return;
+        const GroundBox piece = GroundOf(*placement).Box;
+        box = {std::min(box.Left, piece.Left), std::max(box.Right, piece.Right), std::min(box.Bottom, piece.Bottom),
+               std::max(box.Top, piece.Top)};
+    });
+    constexpr double spare = 1.1;
+    const double aspect = static_cast<double>(IconSize.width()) / IconSize.height();
+    ViewSettings view;
+    view.MidX = static_cast<float>((box.Left + box.Right) / 2);
+    view.MidY = static_cast<float>((box.Bottom + box.Top) / 2);
+    view.Width = static_cast<float>(spare * std::max({(box.Right - box.Left) / aspect, box.Top - box.Bottom, 20.0}));
+    const qreal ratio = devicePixelRatioF();
+    QPixmap picture(IconSize * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    PaintOverlay({OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)}},
+                 session_.Catalogue, view, CanvasFrame{IconSize, ratio}, painter);
+    return picture;
+}
+
+void SuggestionBar::Lay() {
+    const int row = lstSuggestions_->currentRow();
+    if (row < 0) return;
+    const Suggestion chosen = suggestions_[static_cast<std::size_t>(row)];
+    hide();
+    session_.Do([&] { LaySuggestion(session_, chosen); });
+}
+
+void SuggestionBar::Refresh(const Changes& changes) {
+    if (isVisible() && (changes.Circuit || changes.Room || changes.Stock || changes.EditState)) hide();
+}
+
+void SuggestionBar::hideEvent(QHideEvent*) {
+    view_.ClearOverlay(Owner);
+    view_.setFocus();
+}
+
+bool SuggestionBar::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &view_) {
+        if (event->type() == QEvent::Resize && isVisible()) Place();
+        return false;
+    }
+    const auto goBy = [&](int rows) {
+        const int row = lstSuggestions_->currentRow() + rows;
+        lstSuggestions_->setCurrentRow(std::clamp(row, 0, std::max(0, lstSuggestions_->count() - 1)));
+        return true;
+    };
+    if (event->type() == QEvent::Wheel) return goBy(static_cast<QWheelEvent*>(event)->angleDelta().y() < 0 ? 1 : -1);
+    if (event->type() != QEvent::KeyPress) return false;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Up:
+        return goBy(-1);
+    case Qt::Key_Down:
+        return goBy(1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Lay();
+        return true;
+    case Qt::Key_Escape:
+        hide();
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace pistaro

@@ -1,0 +1,56 @@
+// The strip at the drawing's lower edge that goes through ways to close the track, or other pieces for a run of it:
+// each with a small picture, the chosen one as a ghost in the drawing.
+#pragma once
+
+#include "commands/closing_commands.h"
+#include "ui/circuit_view.h"
+
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QSpinBox>
+
+namespace pistaro {
+
+class SuggestionBar : public QWidget {
+public:
+    /// Lies within the view, at its lower edge.
+    SuggestionBar(Session& session, CircuitView& view);
+
+    /// Shows what closes the current track.
+    void ShowClosings();
+
+    /// Shows other pieces for the selected element, and for those behind it as far as the strip's number says.
+    void ShowReplacements();
+
+    /// To be called after each change: what is shown stands for the circuit as it is, so the strip goes.
+    void Refresh(const Changes& changes);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* Choices();
+    void Open();
+    void Find();
+    void ShowGhost();
+    void Lay();
+    void Place();
+    ClosingOptions Options() const;
+    QIcon IconOf(const Suggestion& suggestion) const;
+
+    Session& session_;
+    CircuitView& view_;
+    QLabel* const lblSuggestion_;
+    QListWidget* const lstSuggestions_;
+    QCheckBox* const chkOwnedOnly_;
+    QSpinBox* const spnMostPieces_;
+    QDoubleSpinBox* const spnTolerance_;
+    QSpinBox* const spnRun_;
+    bool isReplacing_ = false;
+    std::vector<Suggestion> suggestions_;
+};
+
+} // namespace pistaro

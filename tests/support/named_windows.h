@@ -1,0 +1,28 @@
+// Windows that nobody sees: they write down which of them was opened.
+#pragma once
+
+#include "commands/windows.h"
+
+#include <string>
+
+namespace pistaro {
+
+class NamedWindows : public Windows {
+public:
+    std::string Opened; ///< each with a blank after it
+
+    void ShowRecovered() override { Opened += "recovered "; }
+    void ShowDrawArea() override { Opened += "draw area "; }
+    void ShowColours() override { Opened += "colours "; }
+    void ShowStock() override { Opened += "stock "; }
+    void ShowStatistics() override { Opened += "statistics "; }
+    void ShowAbout() override { Opened += "about "; }
+    void ShowSets() override { Opened += "sets "; }
+    void TogglePanel(Panel panel) override { Opened += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
+    bool IsPanelShown(Panel) const override { return false; }
+    void ShowHistory() override { Opened += "history "; }
+    void ShowClosings() override { Opened += "closings "; }
+    void ShowReplacements() override { Opened += "replacements "; }
+};
+
+} // namespace pistaro

@@ -1,0 +1,142 @@
+// The strip of suggestions: ways to close the track, and other pieces for some of it, gone through and laid.
+#include "ui/window_fixture.h"
+
+#include <QCheckBox>
+#include <QSpinBox>
+
+#include <gmock/gmock.h>
+
+namespace pistaro {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const char* const OpenOval = "C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R";
+
+class Suggestions : public WindowTest {
+protected:
+    QWidget& Strip() { return Find<QWidget>("fraSuggestions"); }
+    QListWidget& Ways() { return Find<QListWidget>("lstSuggestions"); }
+    void Press(Qt::Key key) { QTest::keyClick(&Ways(), key); }
+
+    /// The codes of the pieces that are shown as ghosts.
+    std::vector<std::string> Ghosts(const char* owner = "suggestion") {
+        std::vector<std::string> codes;
+        for (const OverlayItem& item : Canvas().OverlayOf(owner)) {
+            if (const auto* const pieces = std::get_if<OverlayPieces>(&item)) codes = pieces->Codes;
+        }
+        return codes;
+    }
+};
+
+TEST_F(Suggestions, AreHiddenUntilTheyAreAskedFor) {
+    Open(ProjectOf(OpenOval));
+    EXPECT_FALSE(Strip().isVisible());
+
+    Choose("mnuCloseLoop");
+
+    EXPECT_TRUE(Strip().isVisible());
+    EXPECT_EQ(Ways().count(), 10);
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C151R"));
+    EXPECT_EQ(Text("lblSuggestion"), "1 piece: C151R. 0.00 EUR; to buy: C151.");
+}
+
+TEST_F(Suggestions, AreGoneThroughByKeysAndWheel) {
+    Open(ProjectOf(OpenOval));
+    Choose("mnuCloseLoop");
+
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C154R C154R"));
+    EXPECT_THAT(Text("lblSuggestion"), StartsWith("2 pieces: C154R, C154R."));
+    Press(Qt::Key_Up);
+    Press(Qt::Key_Up);
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C151R"));
+}
+
+TEST_F(Suggestions, AreLaidByEnterAsOneStep) {
+    Open(ProjectOf(OpenOval));
+    Choose("mnuCloseLoop");
+    Press(Qt::Key_Down);
+
+    Press(Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), std::string(OpenOval) + " C154R C154R");
+    EXPECT_FALSE(Strip().isVisible());
+    EXPECT_TRUE(Ghosts().empty());
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), OpenOval);
+}
+
+TEST_F(Suggestions, LeaveAllAsItWasByEscape) {
+    Open(ProjectOf(OpenOval));
+    Choose("mnuCloseLoop");
+
+    Press(Qt::Key_Escape);
+
+    EXPECT_EQ(Codes(), OpenOval);
+    EXPECT_FALSE(Strip().isVisible());
+    EXPECT_TRUE(Ghosts().empty());
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(Suggestions, OfOwnedPiecesOnlyTellWhenThereAreNone) {
+    Open(ProjectOf(OpenOval));
+    Choose("mnuCloseLoop");
+
+    Find<QCheckBox>("chkOwnedOnly").setChecked(true);
+
+    EXPECT_EQ(Ways().count(), 0);
+    EXPECT_TRUE(Ghosts().empty());
+    EXPECT_THAT(Text("lblSuggestion"),
+                StartsWith("Nothing closes it with up to 8 pieces of those that are owned and not used"));
+}
+
+TEST_F(Suggestions, GoWhenTheCircuitChanges) {
+    Open(ProjectOf(OpenOval));
+    Choose("mnuCloseLoop");
+
+    Click("cmdElement", "C160");
+
+    EXPECT_FALSE(Strip().isVisible());
+}
+
+TEST_F(Suggestions, AreNotOfferedForAClosedTrack) {
+    Open(ProjectOf(std::string(OpenOval) + " C151R"));
+
+    EXPECT_FALSE(Entry("mnuCloseLoop").isEnabled());
+    EXPECT_THAT(Entry("mnuCloseLoop").toolTip().toStdString(), HasSubstr("The track is closed."));
+}
+
+TEST_F(Suggestions, ReplaceTheSelectedPieceAndThoseBehindIt) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R");
+    project.EditState.CurrentElement[0] = 0;
+    Open(project);
+
+    Choose("mnuReplaceBy");
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C159 C159"));
+    Find<QSpinBox>("spnRun").setValue(2);
+    EXPECT_EQ(Find<QSpinBox>("spnRun").maximum(), 3);
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C159 C159 C160"));
+    Press(Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), "C159 C159 C160 C151R");
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 2);
+}
+
+TEST_F(Suggestions, AreShownFaintlyWhileOneBuilds) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R"));
+    EXPECT_TRUE(Ghosts("suggested").empty());
+
+    Choose("mnuSuggest");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Ghosts("suggested") == pistaro::Codes("C151R C151R C151R"); }));
+    Project.EditState.System = TrackSystem::Scalextric;
+    Click("cmdElement", "C151R");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Ghosts("suggested") == pistaro::Codes("C151R C151R"); }));
+
+    Choose("mnuSuggest");
+    EXPECT_TRUE(Ghosts("suggested").empty());
+}
+
+} // namespace
+} // namespace pistaro
