@@ -2,8 +2,18 @@
 
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
+#include "ui/frmExport.h"
+#include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmStats.h"
+#include "ui/named_controls.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QMimeData>
+
+#include <memory>
 
 namespace pistaro {
 
@@ -24,6 +34,21 @@ void Dialogs::ShowDrawArea() { frmDrawArea(session_, &window_).exec(); }
 void Dialogs::ShowColours() { frmColors(session_, &window_).exec(); }
 
 void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
+
+void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
+
+void Dialogs::ShowPrint() { frmPrint(session_, &window_).exec(); }
+
+void Dialogs::PutOnClipboard(const Clipping& clipping) {
+    auto data = std::make_unique<QMimeData>();
+    data->setText(Shown(clipping.Text));
+    data->setData("image/png", QByteArray::fromStdString(clipping.Png));
+    data->setData("image/svg+xml", QByteArray::fromStdString(clipping.Svg));
+    data->setImageData(QImage::fromData(QByteArray::fromStdString(clipping.Png)));
+    QGuiApplication::clipboard()->setMimeData(data.release()); // which owns it
+}
+
+std::string Dialogs::ClipboardText() { return QGuiApplication::clipboard()->text().toStdString(); }
 
 void Dialogs::ShowStock() {
     if (!stock_) {

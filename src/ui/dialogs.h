@@ -17,6 +17,10 @@ public:
     void ShowDrawArea() override;
     void ShowColours() override;
     void ShowStatistics() override;
+    void ShowExport() override;
+    void ShowPrint() override;
+    void PutOnClipboard(const Clipping& clipping) override;
+    std::string ClipboardText() override;
 
     /// These two stay beside the window, and come once.
     void ShowStock() override;

@@ -26,10 +26,13 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session&
                   const std::function<void()>& close) {
     QMenu& circuit = AddMenu(window, controls, "&Circuit", {"new", "load", "save"});
     circuit.addSeparator();
+    controls.AddEntry(circuit, "export");
+    controls.AddEntry(circuit, "print");
+    circuit.addSeparator();
     controls.AddEntry(circuit, "recovered work");
     circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
-    AddMenu(window, controls, "&Edit", {"undo", "redo"});
+    AddMenu(window, controls, "&Edit", {"undo", "redo", "copy", "paste"});
     AddMenu(window, controls, "&Track", {"mirror", "invert"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
     pieces.addSection("Replace the selected piece by");
@@ -37,7 +40,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session&
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
     AddMenu(window, controls, "&View", {"background select", "background clear"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track"});
-    AddMenu(window, controls, "&Reports", {"statistics", "guide", "save picture"});
+    AddMenu(window, controls, "&Reports", {"statistics", "guide", "build plan", "save picture"});
     AddMenu(window, controls, "&Help", {"manual", "about"});
 }
 

@@ -60,11 +60,19 @@ public:
     void ShowStock() override {}
     void ShowStatistics() override {}
     void ShowAbout() override {}
+    void ShowExport() override {}
+    void ShowPrint() override {}
+    void PutOnClipboard(const Clipping& clipping) override { text_ = clipping.Text; }
+    std::string ClipboardText() override { return text_; }
+
+private:
+    std::string text_;
 };
 
 /// Commands that draw pictures or start a viewer take too long to be given thousands of times.
 bool IsSlow(const Command& command) {
-    return command.Id == "guide" || command.Id == "save picture" || command.Id == "manual";
+    return command.Id == "guide" || command.Id == "save picture" || command.Id == "manual" || command.Id == "copy" ||
+           command.Id == "build plan";
 }
 
 /// The products' used counts by an independent count: heads by their codes, right hands under the left ones.

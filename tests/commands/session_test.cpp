@@ -34,6 +34,10 @@ public:
     void ShowStock() override { Opened += "stock "; }
     void ShowStatistics() override { Opened += "statistics "; }
     void ShowAbout() override { Opened += "about "; }
+    void ShowExport() override {}
+    void ShowPrint() override {}
+    void PutOnClipboard(const Clipping&) override {}
+    std::string ClipboardText() override { return {}; }
 };
 
 class TheSession : public testing::Test {

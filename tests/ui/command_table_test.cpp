@@ -58,6 +58,10 @@ public:
     void ShowStock() override { Asked += "stock "; }
     void ShowStatistics() override { Asked += "statistics "; }
     void ShowAbout() override { Asked += "about "; }
+    void ShowExport() override { Asked += "export "; }
+    void ShowPrint() override { Asked += "print "; }
+    void PutOnClipboard(const Clipping& clipping) override { Asked += "copy " + clipping.Text + " "; }
+    std::string ClipboardText() override { return "C160 x2"; }
 };
 
 } // namespace
