@@ -4,6 +4,7 @@
 #include "cli/close.h"
 #include "cli/export_verb.h"
 #include "cli/generate.h"
+#include "cli/plan_verb.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
 #include "imaging/circuit_picture.h"
@@ -38,6 +39,7 @@ struct Arguments {
     std::string RoomOf;
     std::string ClosedTrack = "1", Tolerance = "0.5";
     ExportArguments Export;
+    PlanArguments Plan;
 };
 
 OptionalPath PathIn(const std::string& text) {
@@ -122,6 +124,7 @@ public:
         AddGuide();
         AddPicture();
         AddExport();
+        AddPlan();
         AddScript();
         AddCatalogue();
         AddSettings();
@@ -235,6 +238,18 @@ private:
         verb->add_flag("--numbers", given.Numbers, "Print the elements' numbers");
         verb->add_flag("--grid", given.Grid, "Draw the grid");
         verb->add_flag("--room", given.Room, "Draw the room");
+        TakeTrack(verb, given.Track);
+        verb->add_flag("--force", given.Force, "Replace a file that is there already");
+    }
+
+    void AddPlan() {
+        PlanArguments& given = given_.Plan;
+        CLI::App* const verb =
+            Add("plan", "Write the build plan: what is needed, and the pieces in steps with pictures",
+                [this](const VerbContext& context) { PlanVerb(context, Circuit(), given_.Plan); });
+        TakeCircuit(verb);
+        verb->add_option("--out", given.Out, "The file: .html, .pdf")->required()->check(WhyNoPlanFile);
+        verb->add_option("--paper", given.Paper, "The paper of a PDF: " + PaperNames())->check(WhyNoPaper);
         TakeTrack(verb, given.Track);
         verb->add_flag("--force", given.Force, "Replace a file that is there already");
     }

@@ -38,7 +38,7 @@ std::optional<double> ResolutionIn(std::string_view text) {
 
 ExportOptions OptionsOf(const ExportArguments& arguments) {
     ExportOptions options;
-    options.Parts.Track = arguments.Track == "all" ? AllTracks : arguments.Track.front() - '1';
+    options.Parts.Track = TrackIn(arguments.Track);
     options.Parts.Numbers = arguments.Numbers;
     options.Parts.Grid = arguments.Grid;
     options.Parts.Room = arguments.Room;
@@ -49,12 +49,15 @@ ExportOptions OptionsOf(const ExportArguments& arguments) {
     return options;
 }
 
-bool IsThere(const std::filesystem::path& file) {
-    std::error_code toldByTheWrite;
-    return std::filesystem::exists(file, toldByTheWrite);
-}
-
 } // namespace
+
+int TrackIn(const std::string& text) { return text == "all" ? AllTracks : text.front() - '1'; }
+
+void CheckMayWrite(const std::filesystem::path& file, bool force) {
+    std::error_code toldByTheWrite;
+    if (!force && std::filesystem::exists(file, toldByTheWrite))
+        throw Fault("File exists", TextFromPath(file) + ": --force replaces it");
+}
 
 std::string WhyNoExportFile(const std::string& name) {
     return ExportFormatOf(PathFromText(name)) ? "" : name + ": the file's ending is none of " + ExportEndings();
@@ -89,7 +92,7 @@ std::string WhyNotTogether(const ExportArguments& arguments) {
 void ExportVerb(const VerbContext& context, const std::filesystem::path& circuit, const ExportArguments& arguments) {
     const std::filesystem::path file = PathFromText(arguments.Out);
     const Project project = StartWithCircuit(context, circuit);
-    if (!arguments.Force && IsThere(file)) throw Fault("File exists", arguments.Out + ": --force replaces it");
+    CheckMayWrite(file, arguments.Force);
     const OffscreenGraphics graphics;
     ReplaceFile(file, ExportBytes(context.Catalogue, project, *ExportFormatOf(file), OptionsOf(arguments)));
     context.Output << TextFromPath(file) << '\n';

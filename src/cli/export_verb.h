@@ -18,6 +18,12 @@ std::string WhyNoScale(const std::string& text);
 std::string WhyNoPaper(const std::string& name);
 std::string WhyNoResolution(const std::string& text);
 
+/// The track that "1", "2", "3" or "all" names.
+int TrackIn(const std::string& text);
+
+/// Fault: the file is there already, and is not to be replaced.
+void CheckMayWrite(const std::filesystem::path& file, bool force);
+
 /// The option that a file of that ending has no use for, and why; empty when there is none.
 std::string WhyNotTogether(const ExportArguments& arguments);
 

@@ -1,8 +1,10 @@
 // The table's rows, group by group. It is long because it is the one place that lists every command.
 #include "commands/commands.h"
 
+#include "commands/build_plan_commands.h"
 #include "commands/canvas_commands.h"
 #include "commands/circuit_commands.h"
+#include "commands/clipboard_commands.h"
 #include "commands/closing_commands.h"
 #include "commands/money_commands.h"
 #include "commands/picture_commands.h"
@@ -558,9 +560,44 @@ void AddReportCommands(std::vector<Command>& rows) {
                     .Control = "mnuWMF",
                     .Caption = "Save &Picture",
                     .Tip = "Write the drawing into the working directory as track.bmp",
-                    .Key = "Ctrl+P",
+                    .Key = "Ctrl+Shift+P",
                     .From = Door::WindowOnly,
                     .Run = SavePictureCommand});
+}
+
+/// The circuit on paper, in other programs, and pieces from there.
+void AddExchangeCommands(std::vector<Command>& rows) {
+    rows.push_back(WindowRow("export", "mnuExport", "&Export…", "Write the circuit as a picture, a drawing or a table",
+                             "Ctrl+E", &Windows::ShowExport));
+    rows.push_back(WindowRow("print", "mnuPrint", "&Print…", "Print the circuit on a sheet, or to scale in tiles",
+                             "Ctrl+P", &Windows::ShowPrint));
+    rows.push_back({.Id = "build plan",
+                    .Control = "mnuBuildPlan",
+                    .Caption = "&Build Plan…",
+                    .Tip = "Write in which steps the circuit is laid, and what is needed",
+                    .From = Door::WindowOnly,
+                    .Run = BuildPlanCommand});
+    rows.push_back({.Id = "copy",
+                    .Control = "mnuCopy",
+                    .Caption = "&Copy",
+                    .Tip = "Put the picture and the list of pieces on the clipboard",
+                    .Key = "Ctrl+C",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasWindows,
+                    .Run = CopyCommand});
+    rows.push_back(
+        {.Id = "paste",
+         .Control = "mnuPaste",
+         .Caption = "&Paste Pieces",
+         .Tip = "Lay the pieces that a list on the clipboard names, such as C160 x3, at the end of the track",
+         .Key = "Ctrl+V",
+         .From = Door::WindowOnly,
+         .WhyNot =
+             [](const Session& session) {
+                 const std::string whyNot = HasWindows(session);
+                 return whyNot.empty() ? OneTrackChosen(session) : whyNot;
+             },
+         .Run = PasteCommand});
 }
 
 void AddHelpCommands(std::vector<Command>& rows) {
@@ -601,6 +638,7 @@ CommandTable::CommandTable(const Catalogue& catalogue) {
     AddSettingsCommands(rows_);
     AddReportCommands(rows_);
     AddCheckCommands(rows_);
+    AddExchangeCommands(rows_);
     AddHelpCommands(rows_);
 }
 

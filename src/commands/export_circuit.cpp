@@ -39,7 +39,9 @@ std::string DrawingBytes(const CircuitDrawing& drawing, ExportFormat format, con
     const SheetPlan plan = PlanSheets(drawing, SheetsFor(format, options.Sheets, drawing.Extent));
     if (format == ExportFormat::Svg) return SvgOf(drawing, plan);
     if (format == ExportFormat::Pdf) return PdfOf(drawing, plan);
-    return SheetPng(drawing, plan, options.DotsPerInch);
+    constexpr double cmPerInch = 2.54;
+    return SheetPng(drawing, plan,
+                    options.PixelWidth ? *options.PixelWidth * cmPerInch / plan.Width : options.DotsPerInch);
 }
 
 } // namespace
@@ -51,12 +53,18 @@ std::string ExportEndings() {
     return text;
 }
 
-std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) {
+const char* EndingOf(ExportFormat format) { return std::ranges::find(Endings, format, &Ending::Format)->Text; }
+
+std::string EndingIn(const std::filesystem::path& file) {
     std::string text = TextFromPath(file.extension());
     std::ranges::transform(text, text.begin(),
                            [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    const auto* const found =
-        std::ranges::find(Endings, text, [](const Ending& ending) { return std::string(ending.Text); });
+    return text;
+}
+
+std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) {
+    const std::string text = EndingIn(file);
+    const auto found = std::ranges::find_if(Endings, [&](const Ending& ending) { return text == ending.Text; });
     return found == Endings.end() ? std::nullopt : std::optional(found->Format);
 }
 

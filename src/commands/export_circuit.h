@@ -11,7 +11,13 @@
 
 namespace pistaro {
 
+/// A file's ending with its point, in small letters.
+std::string EndingIn(const std::filesystem::path& file);
+
 enum class ExportFormat { Png, Svg, Pdf, Dxf, Csv, Json };
+
+/// ".png".
+const char* EndingOf(ExportFormat format);
 
 /// ".png, .svg, ...".
 std::string ExportEndings();
@@ -22,7 +28,8 @@ std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file);
 struct ExportOptions {
     DrawnParts Parts;
     SheetOptions Sheets;
-    double DotsPerInch = 300; ///< of a PNG
+    double DotsPerInch = 300;           ///< of a PNG
+    std::optional<int> PixelWidth = {}; ///< of a PNG, whatever its dots per inch
 };
 
 /// The bytes of such a file. DXF, CSV and JSON tell of the circuit at its full size, whatever the sheets. A PNG without

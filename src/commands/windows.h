@@ -1,6 +1,8 @@
 // The windows that commands open. A script has none.
 #pragma once
 
+#include <string>
+
 namespace pistaro {
 
 /// What can be shown beside the drawing, or in it.
@@ -8,6 +10,11 @@ enum class Panel {
     Checks, ///< what is wrong with the design
     Money,  ///< what its pieces cost
     Lanes,  ///< each lane in its own colour
+};
+
+/// What is copied, in the forms that other programs take.
+struct Clipping {
+    std::string Text, Png, Svg;
 };
 
 class Windows {
@@ -28,6 +35,11 @@ public:
     /// What closes the current track, and other pieces for some of it: to be gone through and laid.
     virtual void ShowClosings() = 0;
     virtual void ShowReplacements() = 0;
+
+    virtual void ShowExport() = 0;
+    virtual void ShowPrint() = 0;
+    virtual void PutOnClipboard(const Clipping& clipping) = 0;
+    virtual std::string ClipboardText() = 0;
 };
 
 } // namespace pistaro

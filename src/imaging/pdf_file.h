@@ -7,8 +7,9 @@
 
 namespace pistaro {
 
-/// The plan's sheets as pages, in their order. The same bytes for the same drawing: no date stands in it.
+/// The plan's sheets as pages, in their order. The same bytes for the same drawing: no date stands in it but
+/// the one that is given for the headers.
 /// Fault: paper larger than a PDF's page may be.
-std::string PdfOf(const CircuitDrawing& drawing, const SheetPlan& plan);
+std::string PdfOf(const CircuitDrawing& drawing, const SheetPlan& plan, const std::string& date = {});
 
 } // namespace pistaro

@@ -1,5 +1,6 @@
 #include "imaging/sheet_painter.h"
 
+#include "imaging/paper_page.h"
 #include "render/redraw.h"
 
 #include <cmath>
@@ -8,118 +9,44 @@ namespace pistaro {
 
 namespace {
 
-constexpr double CmPerInch = 2.54;
-constexpr PenWidth DrawingPen{0.25, PenWidth::Unit::Millimetres};
-constexpr PenWidth MarkPen{0.1, PenWidth::Unit::Millimetres};
-constexpr Colour Black = Rgb(0, 0, 0);
-constexpr double HeaderFont = 9; ///< points
+/// The strip above the drawing, for words, and the one below it, for the rule.
+Box HeaderOf(const SheetPlan& plan) {
+    const Box area = plan.Area();
+    return {area.Left, area.Top, area.Right, area.Top + StripHeight};
+}
+Box FooterOf(const SheetPlan& plan) {
+    const Box area = plan.Area();
+    return {area.Left, area.Bottom - StripHeight, area.Right, area.Bottom};
+}
 
-/// A surface on paper: whole cm of the world at a scale, so that a point of it lies at a place of the paper.
-class PaperSurface : public PainterSurface {
-public:
-    /// Takes strokes of `world` whole, even where the paper does not show them: so the lengths in a file are those of
-    /// the pieces.
-    PaperSurface(QPainter& painter, const Box& world, double dotsPerCm, double dotsPerInch)
-        : PaperSurface(painter, world.Shown(), dotsPerCm, dotsPerInch) {}
+/// Ten centimetres on any paper, by which one sees whether the printer keeps to the scale.
+void DrawRule(PaperPage& page, const Box& strip) {
+    const double foot = strip.Bottom + 0.1;
+    page.OnPaper(strip, [&](Surface& surface) {
+        DrawLine(surface, strip.Left, foot, strip.Left + 10, foot);
+        for (int cm = 0; cm <= 10; ++cm)
+            DrawLine(surface, strip.Left + cm, foot, strip.Left + cm, foot + (cm % 5 == 0 ? 0.4 : 0.2));
+    });
+    page.Words({strip.Left + 10.15, strip.Bottom, strip.Right, strip.Bottom + 0.5}, "10 cm", Qt::AlignLeft);
+}
 
-private:
-    PaperSurface(QPainter& painter, const ViewRectangle& world, double dotsPerCm, double dotsPerInch)
-        : PainterSurface(painter, {(double{world.ViewRight} - world.ViewLeft) * dotsPerCm,
-                                   (double{world.ViewTop} - world.ViewBottom) * dotsPerCm, dotsPerInch}) {
-        SetScale(world);
-    }
-};
-
-/// The paper of one sheet, in cm from its lower left corner.
-class Page {
-public:
-    Page(QPainter& painter, const SheetPlan& plan, double dotsPerInch)
-        : painter_(painter), plan_(plan), dotsPerInch_(dotsPerInch), dotsPerCm_(dotsPerInch / CmPerInch) {}
-
-    /// Calls draw(surface) for a surface that shows `part` in the plan's area, at 1:`scale`, cut at the area's edge.
-    template <typename Draw>
-    void InArea(const Box& part, const Box& world, double scale, Draw draw) {
-        const Box area = plan_.Area();
-        Box shown = world;
-        shown.Include(part);
-        const ViewRectangle corner = shown.Shown();
-        painter_.save();
-        painter_.setClipRect(QRectF(Place(area.Left, area.Top), Place(area.Right, area.Bottom)));
-        painter_.translate(Place(area.Left + (double{corner.ViewLeft} - part.Left) / scale,
-                                 area.Top + (double{corner.ViewTop} - part.Top) / scale));
-        PaperSurface surface(painter_, shown, dotsPerCm_ / scale, dotsPerInch_);
-        surface.SetPen(DrawingPen);
-        surface.SetFontSize(NormalFont);
-        draw(surface);
-        painter_.restore();
-    }
-
-    void Words(const std::string& text, Qt::Alignment alignment) {
-        const Box area = plan_.Area();
-        PaperSurface(painter_, area, dotsPerCm_, dotsPerInch_).SetFontSize(HeaderFont);
-        painter_.setPen(Qt::black);
-        painter_.drawText(QRectF(Place(area.Left, area.Top + StripHeight), Place(area.Right, area.Top)),
-                          static_cast<int>(alignment | Qt::AlignTop), QString::fromStdString(text));
-    }
-
-    /// Ten centimetres on any paper, by which one sees whether the printer keeps to the scale.
-    void Rule() {
-        const Box area = plan_.Area();
-        const double bottom = area.Bottom - StripHeight;
-        const Box strip{area.Left, bottom, area.Right, area.Bottom};
-        OnPaper(strip, [&](Surface& surface) {
-            Line(surface, area.Left, bottom + 0.1, area.Left + 10, bottom + 0.1);
-            for (int cm = 0; cm <= 10; ++cm)
-                Line(surface, area.Left + cm, bottom + 0.1, area.Left + cm, bottom + (cm % 5 == 0 ? 0.5 : 0.3));
-        });
-        painter_.setPen(Qt::black);
-        painter_.drawText(Place(area.Left + 10.15, bottom + 0.1), QStringLiteral("10 cm"));
-    }
-
-    /// At each corner of what stays of a tile two short lines, outside it.
-    void CutMarks(const Sheet& sheet) {
-        const Box area = plan_.Area();
-        const auto edge = [&](double cell, double part) { return std::fabs(cell - part) / plan_.Scale; };
-        const Box cell{area.Left + edge(sheet.Cell.Left, sheet.Part.Left),
-                       area.Bottom + edge(sheet.Cell.Bottom, sheet.Part.Bottom),
-                       area.Right - edge(sheet.Cell.Right, sheet.Part.Right),
-                       area.Top - edge(sheet.Cell.Top, sheet.Part.Top)};
-        constexpr double length = 0.4;
-        OnPaper(area, [&](Surface& surface) {
-            for (const double x : {cell.Left, cell.Right}) {
-                Line(surface, x, cell.Top, x, cell.Top + length);
-                Line(surface, x, cell.Bottom, x, cell.Bottom - length);
-            }
-            for (const double y : {cell.Bottom, cell.Top}) {
-                Line(surface, cell.Left, y, cell.Left - length, y);
-                Line(surface, cell.Right, y, cell.Right + length, y);
-            }
-        });
-    }
-
-private:
-    QPointF Place(double x, double y) const { return {x * dotsPerCm_, (plan_.Height - y) * dotsPerCm_}; }
-
-    template <typename Draw>
-    void OnPaper(const Box& part, Draw draw) {
-        painter_.save();
-        painter_.translate(Place(part.Left, part.Top));
-        PaperSurface surface(painter_, part, dotsPerCm_, dotsPerInch_);
-        surface.SetPen(MarkPen);
-        draw(surface);
-        painter_.restore();
-    }
-
-    static void Line(Surface& surface, double fromX, double fromY, double toX, double toY) {
-        surface.Draw(LineSegment{{static_cast<float>(fromX), static_cast<float>(fromY)},
-                                 {static_cast<float>(toX), static_cast<float>(toY)}},
-                     Black);
-    }
-
-    QPainter& painter_;
-    const SheetPlan& plan_;
-    double dotsPerInch_, dotsPerCm_;
-};
+/// At each corner of what stays of a tile two short lines, outside it.
+void DrawCutMarks(PaperPage& page, const SheetPlan& plan, const Sheet& sheet) {
+    const Box area = plan.Area();
+    const double strip = (sheet.Part.Right - sheet.Cell.Right) / plan.Scale;
+    const Box cell = area.Wider(-strip);
+    constexpr double length = 0.4;
+    page.OnPaper(area, [&](Surface& surface) {
+        for (const double x : {cell.Left, cell.Right}) {
+            DrawLine(surface, x, cell.Top, x, cell.Top + length);
+            DrawLine(surface, x, cell.Bottom, x, cell.Bottom - length);
+        }
+        for (const double y : {cell.Bottom, cell.Top}) {
+            DrawLine(surface, cell.Left, y, cell.Left - length, y);
+            DrawLine(surface, cell.Right, y, cell.Right + length, y);
+        }
+    });
+}
 
 void DrawCell(const Sheet& sheet, Surface& surface) {
     const ViewRectangle cell = sheet.Cell.Shown();
@@ -130,45 +57,45 @@ void DrawCell(const Sheet& sheet, Surface& surface) {
     for (std::size_t i = 0; i < 4; ++i)
         surface.Draw(LineSegment{corners[i], corners[(i + 1) % 4]}, GridColour);
     surface.DrawPoint({cell.ViewLeft, cell.ViewTop}, GridColour);
-    surface.DrawText(" " + sheet.Name, Black);
+    surface.DrawText(" " + sheet.Name, Rgb(0, 0, 0));
 }
 
 } // namespace
 
 void SheetPainter::Paint(QPainter& painter, double dotsPerInch, int number) const {
-    if (!HasOverview()) return PaintSheet(painter, dotsPerInch, plan_.Sheets[static_cast<std::size_t>(number)]);
-    if (number == 0) return PaintOverview(painter, dotsPerInch);
-    PaintSheet(painter, dotsPerInch, plan_.Sheets[static_cast<std::size_t>(number) - 1]);
+    PaperPage page(painter, plan_.Height, dotsPerInch);
+    if (!HasOverview()) return PaintSheet(page, plan_.Sheets[static_cast<std::size_t>(number)]);
+    if (number == 0) return PaintOverview(page);
+    PaintSheet(page, plan_.Sheets[static_cast<std::size_t>(number) - 1]);
 }
 
-void SheetPainter::PaintSheet(QPainter& painter, double dotsPerInch, const Sheet& sheet) const {
-    Page page(painter, plan_, dotsPerInch);
-    page.InArea(sheet.Part, drawing_.Extent, plan_.Scale,
+void SheetPainter::PaintSheet(PaperPage& page, const Sheet& sheet) const {
+    page.InArea(plan_.Area(), sheet.Part, drawing_.Extent, plan_.Scale,
                 [&](Surface& surface) { DrawPart(drawing_, sheet.Part, surface); });
-    if (plan_.Tiled) page.CutMarks(sheet);
+    if (plan_.Tiled) DrawCutMarks(page, plan_, sheet);
     if (!plan_.Header) return;
-    page.Words(drawing_.Name + (sheet.Name.empty() ? "" : "   " + sheet.Name), Qt::AlignLeft);
-    page.Words((date_.empty() ? "" : date_ + "   ") + plan_.ScaleText(), Qt::AlignRight);
-    page.Rule();
+    page.Words(HeaderOf(plan_), drawing_.Name + (sheet.Name.empty() ? "" : "   " + sheet.Name), Qt::AlignLeft);
+    page.Words(HeaderOf(plan_), (date_.empty() ? "" : date_ + "   ") + plan_.ScaleText(), Qt::AlignRight);
+    DrawRule(page, FooterOf(plan_));
 }
 
-void SheetPainter::PaintOverview(QPainter& painter, double dotsPerInch) const {
-    Page page(painter, plan_, dotsPerInch);
+void SheetPainter::PaintOverview(PaperPage& page) const {
     const Box area = plan_.Area();
     const double scale = std::max(plan_.Whole.Width() / area.Width(), plan_.Whole.Height() / area.Height());
     const Box part =
         BoxAround(plan_.Whole.MiddleX(), plan_.Whole.MiddleY(), area.Width() * scale, area.Height() * scale);
     CircuitDrawing bare = drawing_; // numbers and grid would hide the tiles' names
     bare.Parts.Numbers = bare.Parts.Grid = false;
-    page.InArea(part, part, scale, [&](Surface& surface) {
+    page.InArea(area, part, part, scale, [&](Surface& surface) {
         for (const Sheet& sheet : plan_.Sheets)
             DrawCell(sheet, surface);
         DrawPart(bare, part, surface);
     });
     if (!plan_.Header) return;
-    page.Words(drawing_.Name + "   " + std::to_string(plan_.Sheets.size()) + " tiles of " + plan_.ScaleText(),
+    page.Words(HeaderOf(plan_),
+               drawing_.Name + "   " + std::to_string(plan_.Sheets.size()) + " tiles of " + plan_.ScaleText(),
                Qt::AlignLeft);
-    page.Words(date_, Qt::AlignRight);
+    page.Words(HeaderOf(plan_), date_, Qt::AlignRight);
 }
 
 } // namespace pistaro

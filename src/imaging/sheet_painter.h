@@ -1,10 +1,13 @@
 // A sheet of paper by a painter: the drawing in its area, around it name, scale and a rule. For PDF, printer, preview.
 #pragma once
 
-#include "imaging/painter_surface.h"
 #include "paper/sheets.h"
 
+#include <QPainter>
+
 namespace pistaro {
+
+class PaperPage;
 
 class SheetPainter {
 public:
@@ -20,8 +23,8 @@ public:
 
 private:
     bool HasOverview() const { return plan_.Tiled && plan_.Sheets.size() > 1; }
-    void PaintOverview(QPainter& painter, double dotsPerInch) const;
-    void PaintSheet(QPainter& painter, double dotsPerInch, const Sheet& sheet) const;
+    void PaintOverview(PaperPage& page) const;
+    void PaintSheet(PaperPage& page, const Sheet& sheet) const;
 
     const CircuitDrawing& drawing_;
     const SheetPlan& plan_;

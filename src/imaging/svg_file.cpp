@@ -1,24 +1,21 @@
 #include "imaging/svg_file.h"
 
+#include "paper/path_data.h"
 #include "render/redraw.h"
 #include "text/decimal_text.h"
 #include "text/number_text.h"
 
 #include <QXmlStreamWriter>
 
-#include <cmath>
-#include <numbers>
-
 namespace pistaro {
 
 namespace {
 
-constexpr int Decimals = 5; ///< of a cm
 constexpr double CmPerPoint = 2.54 / 72;
 
 QString Decimal(double value) {
     std::string text;
-    AppendDecimal(text, value, Decimals);
+    AppendDecimal(text, value, PathDecimals);
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
@@ -39,21 +36,12 @@ public:
 
     void Draw(const LineSegment& line, Colour colour) override {
         UseColour(colour);
-        Place('M', line.From.X, line.From.Y);
-        Place('L', line.To.X, line.To.Y);
+        AppendPath(path_, line);
     }
 
     void Draw(const ArcSegment& arc, Colour colour) override {
         UseColour(colour);
-        const double span = SpanOf(arc);
-        const int parts = span > std::numbers::pi ? 2 : 1; // the format knows no arc that ends where it begins
-        std::string radius;
-        AppendDecimal(radius, arc.Radius, Decimals);
-        Place('M', arc, arc.Start);
-        for (int part = 1; part <= parts; ++part) {
-            path_.append("A").append(radius).append(" ").append(radius).append(" 0 0 0"); // anticlockwise
-            Place(' ', arc, arc.Start + span * part / parts);
-        }
+        AppendPath(path_, arc);
     }
 
     void Draw(const Ellipse& ellipse, Colour colour) override {
@@ -95,17 +83,6 @@ private:
     void UseColour(Colour colour) {
         if (colour != colour_) Flush();
         colour_ = colour;
-    }
-
-    void Place(char command, double x, double y) {
-        path_ += command;
-        AppendDecimal(path_, x, Decimals);
-        path_ += ' ';
-        AppendDecimal(path_, -y, Decimals);
-    }
-
-    void Place(char command, const ArcSegment& arc, double angle) {
-        Place(command, arc.Centre.X + arc.Radius * std::cos(angle), arc.Centre.Y + arc.Radius * std::sin(angle));
     }
 
     QXmlStreamWriter& xml_;

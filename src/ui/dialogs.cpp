@@ -2,9 +2,19 @@
 
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
+#include "ui/frmExport.h"
+#include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmSets.h"
 #include "ui/frmStats.h"
+#include "ui/named_controls.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QMimeData>
+
+#include <memory>
 
 namespace pistaro {
 
@@ -27,6 +37,20 @@ void Dialogs::ShowColours() { frmColors(session_, &window_).exec(); }
 void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
 
 void Dialogs::ShowSets() { frmSets(session_, &window_).exec(); }
+void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
+
+void Dialogs::ShowPrint() { frmPrint(session_, &window_).exec(); }
+
+void Dialogs::PutOnClipboard(const Clipping& clipping) {
+    auto data = std::make_unique<QMimeData>();
+    data->setText(Shown(clipping.Text));
+    data->setData("image/png", QByteArray::fromStdString(clipping.Png));
+    data->setData("image/svg+xml", QByteArray::fromStdString(clipping.Svg));
+    data->setImageData(QImage::fromData(QByteArray::fromStdString(clipping.Png)));
+    QGuiApplication::clipboard()->setMimeData(data.release()); // which owns it
+}
+
+std::string Dialogs::ClipboardText() { return QGuiApplication::clipboard()->text().toStdString(); }
 
 void Dialogs::ShowStock() {
     if (!stock_) {

@@ -24,6 +24,10 @@ public:
     void ShowColours() override;
     void ShowStatistics() override;
     void ShowSets() override;
+    void ShowExport() override;
+    void ShowPrint() override;
+    void PutOnClipboard(const Clipping& clipping) override;
+    std::string ClipboardText() override;
 
     void ShowClosings() override { suggestions_.ShowClosings(); }
     void ShowReplacements() override { suggestions_.ShowReplacements(); }

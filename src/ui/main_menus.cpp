@@ -30,10 +30,13 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     for (const char* const id : {"plain save", "save"})
         controls.AddEntry(circuit, id);
     circuit.addSeparator();
+    controls.AddEntry(circuit, "export");
+    controls.AddEntry(circuit, "print");
+    circuit.addSeparator();
     controls.AddEntry(circuit, "recovered work");
     circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
-    AddMenu(window, controls, "&Edit", {"undo", "redo", "history", "select rest"});
+    AddMenu(window, controls, "&Edit", {"undo", "redo", "history", "copy", "paste", "select rest"});
     AddMenu(window, controls, "&Track",
             {"mirror", "invert", "mirror rest", "start here", "close loop", "other pieces", "balance"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
@@ -43,7 +46,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     AddMenu(window, controls, "&View",
             {"columns", "checks", "stock and price", "lanes", "suggest", "background select", "background clear"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track", "boxed sets"});
-    AddMenu(window, controls, "&Reports", {"statistics", "purchase", "guide", "save picture"});
+    AddMenu(window, controls, "&Reports", {"statistics", "purchase", "guide", "build plan", "save picture"});
     AddMenu(window, controls, "&Help", {"manual", "about"});
 }
 

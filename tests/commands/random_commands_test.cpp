@@ -54,7 +54,8 @@ private:
 
 /// Commands that draw pictures or start a viewer take too long to be given thousands of times.
 bool IsSlow(const Command& command) {
-    return command.Id == "guide" || command.Id == "balance" || command.Id == "save picture" || command.Id == "manual";
+    return command.Id == "guide" || command.Id == "save picture" || command.Id == "manual" || command.Id == "copy" ||
+           command.Id == "balance" || command.Id == "build plan";
 }
 
 /// The products' used counts by an independent count: heads by their codes, right hands under the left ones.

@@ -23,6 +23,10 @@ public:
     void ShowHistory() override { Opened += "history "; }
     void ShowClosings() override { Opened += "closings "; }
     void ShowReplacements() override { Opened += "replacements "; }
+    void ShowExport() override { Opened += "export "; }
+    void ShowPrint() override { Opened += "print "; }
+    void PutOnClipboard(const Clipping& clipping) override { Opened += "copy " + clipping.Text + " "; }
+    std::string ClipboardText() override { return "C160 x2"; }
 };
 
 } // namespace pistaro

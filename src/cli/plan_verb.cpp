@@ -1,0 +1,25 @@
+#include "cli/plan_verb.h"
+
+#include "cli/export_verb.h"
+#include "cli/start.h"
+#include "commands/build_plan_commands.h"
+#include "imaging/circuit_picture.h"
+#include "platform/files.h"
+
+namespace pistaro {
+
+std::string WhyNoPlanFile(const std::string& name) {
+    return PlanFormatOf(PathFromText(name)) ? "" : name + ": the file's ending is neither .html nor .pdf";
+}
+
+void PlanVerb(const VerbContext& context, const std::filesystem::path& circuit, const PlanArguments& arguments) {
+    const std::filesystem::path file = PathFromText(arguments.Out);
+    const Project project = StartWithCircuit(context, circuit);
+    CheckMayWrite(file, arguments.Force);
+    const OffscreenGraphics graphics;
+    ReplaceFile(file, BuildPlanBytes(context.Pieces, project, TrackIn(arguments.Track), *PlanFormatOf(file),
+                                     *FindPaper(arguments.Paper)));
+    context.Output << TextFromPath(file) << '\n';
+}
+
+} // namespace pistaro

@@ -1,0 +1,21 @@
+// The plan verb: the build plan as a page for a browser or as a PDF.
+#pragma once
+
+#include "cli/verbs.h"
+
+namespace pistaro {
+
+/// The verb's options as they were typed.
+struct PlanArguments {
+    std::string Out, Paper = "A4", Track = "all";
+    bool Force = false;
+};
+
+/// An option's check: empty for a file's ending that can be written.
+std::string WhyNoPlanFile(const std::string& name);
+
+/// Writes the plan and prints its path. Faults: a file that is there already and is not to be replaced, besides those
+/// of drawing and writing.
+void PlanVerb(const VerbContext& context, const std::filesystem::path& circuit, const PlanArguments& arguments);
+
+} // namespace pistaro

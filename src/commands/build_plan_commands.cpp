@@ -1,0 +1,38 @@
+#include "commands/build_plan_commands.h"
+
+#include "commands/export_commands.h"
+#include "imaging/build_plan_pdf.h"
+#include "platform/fault.h"
+#include "platform/files.h"
+#include "report/build_plan.h"
+#include "report/viewer.h"
+
+namespace pistaro {
+
+std::optional<PlanFormat> PlanFormatOf(const std::filesystem::path& file) {
+    const std::string ending = EndingIn(file);
+    if (ending == ".html") return PlanFormat::Html;
+    if (ending == ".pdf") return PlanFormat::Pdf;
+    return std::nullopt;
+}
+
+std::string BuildPlanBytes(const Catalogue& catalogue, const Project& project, int track, PlanFormat format,
+                           const PaperSize& paper) {
+    const BuildPlan plan = BuildPlanOf(catalogue, project, track);
+    return format == PlanFormat::Html ? BuildPlanPage(catalogue, plan) : BuildPlanPdf(catalogue, plan, paper);
+}
+
+void BuildPlanCommand(Session& session) {
+    const auto file = ChooseFileToWrite(session, {.Saving = true,
+                                                  .Title = "Build Plan",
+                                                  .Filter = "Web page (*.html)|*.html|PDF (*.pdf)|*.pdf",
+                                                  .DefaultName = FileTitleOf(session) + "-plan.html",
+                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+    if (!file) return;
+    const auto format = PlanFormatOf(*file);
+    if (!format) throw Fault("Unknown format", TextFromPath(*file) + ": the file's ending is neither .html nor .pdf");
+    ReplaceFile(*file, BuildPlanBytes(session.Catalogue, session.Project, AllTracks, *format, PaperA4));
+    OpenInViewer(TextFromPath(*file));
+}
+
+} // namespace pistaro

@@ -1,0 +1,64 @@
+#include "commands/export_commands.h"
+
+#include "platform/files.h"
+
+namespace pistaro {
+
+namespace {
+
+bool MayReplace(const Session& session, const std::filesystem::path& file) {
+    std::error_code toldByTheWrite;
+    if (!std::filesystem::exists(file, toldByTheWrite)) return true;
+    return session.Prompts.Ask(TextFromPath(file.filename()) + " is there already. Replace it?", Buttons::YesNo) ==
+           Answer::Yes;
+}
+
+} // namespace
+
+const char* CaptionOf(ExportFormat format) {
+    switch (format) {
+    case ExportFormat::Png:
+        return "Picture (PNG)";
+    case ExportFormat::Svg:
+        return "Drawing (SVG)";
+    case ExportFormat::Pdf:
+        return "Paper (PDF)";
+    case ExportFormat::Dxf:
+        return "Construction (DXF)";
+    case ExportFormat::Csv:
+        return "Table of pieces (CSV)";
+    case ExportFormat::Json:
+        break;
+    }
+    return "Layout (JSON)";
+}
+
+std::string FileTitleOf(const Session& session) {
+    const std::string name = ProjectName(session.Project.EditState);
+    return name == NewProjectName ? "circuit" : name;
+}
+
+std::optional<std::filesystem::path> ChooseFileToWrite(Session& session, const FileChoice& choice) {
+    auto file = session.Prompts.ChooseFile(choice);
+    if (file && !MayReplace(session, *file)) file.reset();
+    return file;
+}
+
+bool ExportToChosenFile(Session& session, ExportFormat format, const std::function<std::string()>& bytes) {
+    const std::string ending = EndingOf(format);
+    const auto file = ChooseFileToWrite(session, {.Saving = true,
+                                                  .Title = "Export",
+                                                  .Filter = std::string(CaptionOf(format)) + "|*" + ending,
+                                                  .DefaultName = FileTitleOf(session) + ending,
+                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+    if (!file) return false;
+    ReplaceFile(*file, bytes());
+    return true;
+}
+
+bool ExportCommand(Session& session, ExportFormat format, const ExportOptions& options) {
+    return ExportToChosenFile(session, format,
+                              [&] { return ExportBytes(session.Catalogue, session.Project, format, options); });
+}
+
+} // namespace pistaro

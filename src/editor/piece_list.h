@@ -1,0 +1,26 @@
+// Lists of pieces as people write them to each other: "C160 x3, C151L x4".
+#pragma once
+
+#include "model/design.h"
+#include "model/edit_state.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pistaro {
+
+/// The codes in order, neighbours that are alike counted: "C160 x3, C151L".
+std::string PieceListText(const std::vector<std::string>& codes);
+
+/// The codes that a list names, each as often as it says. They are parted by commas, semicolons, blanks or lines, in
+/// capital or small letters; "x3" behind a code or "3", "3x" before it is its count ("×" and "*" are "x", too). Faults:
+/// nothing in it; a word that is no piece's code, which is told with the codes that it may have meant; more pieces than
+/// a track holds.
+std::vector<std::string> ParsePieceList(const Catalogue& catalogue, std::string_view text);
+
+/// Lays pieces at the end of the current track, and selects the last. Fault when the track has no room for all; nothing
+/// changes then.
+void AppendPieces(Design& design, EditState& edit, const std::vector<std::string>& codes);
+
+} // namespace pistaro

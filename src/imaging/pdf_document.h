@@ -1,0 +1,33 @@
+// A PDF in memory, page by page, without the time at which it was made.
+#pragma once
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <string>
+
+namespace pistaro {
+
+class PdfDocument {
+public:
+    static constexpr int DotsPerInch = 1200;
+
+    /// Begins with one page of that size, cm. Fault: larger than a PDF's page may be.
+    PdfDocument(const std::string& title, double width, double height);
+
+    /// Its dots begin at the page's upper left corner.
+    QPainter& Painter() { return painter_; }
+    void NewPage() { writer_.newPage(); }
+
+    /// Ends the document.
+    std::string Bytes();
+
+private:
+    QByteArray bytes_;
+    QBuffer buffer_{&bytes_};
+    QPdfWriter writer_;
+    QPainter painter_;
+};
+
+} // namespace pistaro

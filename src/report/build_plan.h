@@ -1,0 +1,42 @@
+// The build plan: in which steps a circuit is laid, and what one needs for it.
+#pragma once
+
+#include "paper/circuit_drawing.h"
+
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+inline constexpr int PiecesOfAStep = 10; ///< at most
+
+/// Neighbouring pieces of one track.
+struct BuildStep {
+    int First = 0, Last = 0; ///< places in the plan's drawing
+};
+
+struct NeededPieces {
+    std::string Code; ///< the product's
+    std::string Name;
+    int Count = 0;
+};
+
+struct BuildPlan {
+    CircuitDrawing Drawing; ///< its pieces are in the order of laying
+    std::vector<NeededPieces> Needed;
+    std::vector<BuildStep> Steps;
+
+    /// "Track 1, pieces 0 to 9"
+    std::string TitleOf(const BuildStep& step) const;
+    /// The pieces of a step with their numbers: "0  C160  standard straight".
+    std::vector<std::string> LinesOf(const Catalogue& catalogue, const BuildStep& step) const;
+};
+
+/// Of one track (0..2) or AllTracks. Pieces of unknown codes are left out; they lie nowhere.
+BuildPlan BuildPlanOf(const Catalogue& catalogue, const Project& project, int track);
+
+/// The plan as a page for a web browser, UTF-8, its pictures within it: in each, what is laid before in grey, the new
+/// pieces thick, what comes later not at all.
+std::string BuildPlanPage(const Catalogue& catalogue, const BuildPlan& plan);
+
+} // namespace pistaro

@@ -1,0 +1,49 @@
+#include "ui/drawn_parts_box.h"
+
+#include "paper/paper_size.h"
+#include "ui/named_controls.h"
+
+#include <QFormLayout>
+
+namespace pistaro {
+
+DrawnPartsBox::DrawnPartsBox(std::function<void()> changed)
+    : QGroupBox("Contents"), cboTrack_(Named(new QComboBox, "cboTrack")),
+      chkNumbers_(Named(new QCheckBox("&Numbers"), "chkNumbers")), chkGrid_(Named(new QCheckBox("&Grid"), "chkGrid")),
+      chkRoom_(Named(new QCheckBox("R&oom"), "chkRoom")),
+      chkBlackAndWhite_(Named(new QCheckBox("&Black and white"), "chkBlackAndWhite")) {
+    auto* const form = new QFormLayout(this);
+    for (int track = 0; track < TrackCount; ++track)
+        cboTrack_->addItem(QString("Track %1").arg(track + 1), track);
+    cboTrack_->insertItem(0, "All tracks", AllTracks);
+    cboTrack_->setCurrentIndex(0);
+    form->addRow("&Tracks:", cboTrack_);
+    connect(cboTrack_, &QComboBox::currentIndexChanged, this, [changed] { changed(); });
+    for (QCheckBox* const choice : {chkNumbers_, chkGrid_, chkRoom_, chkBlackAndWhite_}) {
+        form->addRow(choice);
+        connect(choice, &QCheckBox::toggled, this, [changed] { changed(); });
+    }
+}
+
+DrawnParts DrawnPartsBox::Chosen() const {
+    return {.Track = cboTrack_->currentData().toInt(),
+            .Numbers = chkNumbers_->isChecked(),
+            .Grid = chkGrid_->isChecked(),
+            .Room = chkRoom_->isChecked(),
+            .BlackAndWhite = chkBlackAndWhite_->isChecked()};
+}
+
+void DrawnPartsBox::EnableDrawing(bool draws) {
+    for (QCheckBox* const choice : {chkNumbers_, chkGrid_, chkRoom_, chkBlackAndWhite_})
+        choice->setEnabled(draws);
+}
+
+QComboBox* NewPaperList() {
+    auto* const list = Named(new QComboBox, "cboPaper");
+    for (const PaperSize& paper : PaperSizes)
+        list->addItem(paper.Name, QString(paper.Name));
+    list->setCurrentText(PaperA4.Name);
+    return list;
+}
+
+} // namespace pistaro

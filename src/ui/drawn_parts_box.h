@@ -1,0 +1,31 @@
+// What of a circuit is printed or exported: tracks, numbers, grid, room, in black and white.
+#pragma once
+
+#include "paper/circuit_drawing.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+
+#include <functional>
+
+namespace pistaro {
+
+class DrawnPartsBox : public QGroupBox {
+public:
+    /// Calls `changed` after each change by the user.
+    explicit DrawnPartsBox(std::function<void()> changed);
+
+    DrawnParts Chosen() const;
+    /// For formats that draw nothing only the track can be chosen.
+    void EnableDrawing(bool draws);
+
+private:
+    QComboBox* cboTrack_;
+    QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkBlackAndWhite_;
+};
+
+/// A list of the papers with their names as data, A4 chosen.
+QComboBox* NewPaperList();
+
+} // namespace pistaro

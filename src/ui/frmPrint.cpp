@@ -1,0 +1,204 @@
+#include "ui/frmPrint.h"
+
+#include "imaging/pdf_file.h"
+#include "platform/fault.h"
+#include "ui/named_controls.h"
+
+#include <QDate>
+#include <QFormLayout>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+constexpr double CmPerInch = 2.54;
+
+/// The sheet that is chosen, on a desk.
+class SheetPreview : public QWidget {
+public:
+    explicit SheetPreview(const frmPrint& dialog) : dialog_(dialog) { setFixedSize(420, 420); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Mid));
+        const auto& sheets = dialog_.Planned();
+        if (!sheets) return;
+        constexpr double desk = 10; // pixels around the paper
+        const double perCm =
+            std::min((width() - 2 * desk) / sheets->Plan.Width, (height() - 2 * desk) / sheets->Plan.Height);
+        const QSizeF paper(sheets->Plan.Width * perCm, sheets->Plan.Height * perCm);
+        painter.translate((width() - paper.width()) / 2, (height() - paper.height()) / 2);
+        painter.fillRect(QRectF(QPointF(), paper), Qt::white);
+        SheetPainter(sheets->Drawing, sheets->Plan, dialog_.Date())
+            .Paint(painter, perCm * CmPerInch, dialog_.ShownSheet());
+    }
+
+private:
+    const frmPrint& dialog_;
+};
+
+QString SheetsText(const SheetPlan& plan, int count) {
+    if (count == 1) return QString("1 sheet at %1").arg(Shown(plan.ScaleText()));
+    return QString("%1 sheets at %2: an overview and %3 tiles")
+        .arg(count)
+        .arg(Shown(plan.ScaleText()))
+        .arg(plan.Sheets.size());
+}
+
+} // namespace
+
+frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+    setObjectName("frmPrint");
+    setWindowTitle("Print");
+    setModal(true);
+    parts_ = new DrawnPartsBox([this] { PlanAgain(); });
+    auto* const left = new QVBoxLayout;
+    left->addWidget(PaperFrame());
+    left->addWidget(parts_);
+    left->addStretch();
+    auto* const columns = new QHBoxLayout;
+    columns->addLayout(left);
+    columns->addLayout(PreviewColumn());
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(columns);
+    layout->addLayout(Buttons());
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    PlanAgain();
+}
+
+QGroupBox* frmPrint::PaperFrame() {
+    auto* const frame = new QGroupBox("Paper");
+    auto* const form = new QFormLayout(frame);
+    cboPaper_ = NewPaperList();
+    cboOrientation_ = Named(new QComboBox, "cboOrientation");
+    for (const char* const way : {"As it fits best", "Upright", "Turned"})
+        cboOrientation_->addItem(way);
+    optFit_ = Named(new QRadioButton("&Fit on one sheet"), "optSize", 0);
+    optScale_ = Named(new QRadioButton("To &scale, in tiles"), "optSize", 1);
+    optFit_->setChecked(true);
+    spnScale_ = Named(new QDoubleSpinBox, "spnScale");
+    spnScale_->setPrefix("1:");
+    spnScale_->setDecimals(1);
+    spnScale_->setRange(1, 50);
+    spnScale_->setValue(1);
+    spnScale_->setEnabled(false);
+    form->addRow("&Paper:", cboPaper_);
+    form->addRow("O&rientation:", cboOrientation_);
+    form->addRow(optFit_);
+    form->addRow(optScale_, spnScale_);
+    for (QComboBox* const list : {cboPaper_, cboOrientation_})
+        connect(list, &QComboBox::currentIndexChanged, this, [this] { PlanAgain(); });
+    connect(optScale_, &QRadioButton::toggled, this, [this](bool scaled) {
+        spnScale_->setEnabled(scaled);
+        PlanAgain();
+    });
+    connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] { PlanAgain(); });
+    return frame;
+}
+
+QLayout* frmPrint::PreviewColumn() {
+    picSheet_ = Named(new SheetPreview(*this), "picSheet");
+    spnSheet_ = Named(new QSpinBox, "spnSheet");
+    spnSheet_->setPrefix("Sheet ");
+    spnSheet_->setMinimum(1);
+    connect(spnSheet_, &QSpinBox::valueChanged, this, [this] { picSheet_->update(); });
+    lblSheets_ = Named(new QLabel, "lblSheets");
+    lblSheets_->setWordWrap(true);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(lblSheets_, 1);
+    row->addWidget(spnSheet_);
+    auto* const column = new QVBoxLayout;
+    column->addWidget(picSheet_);
+    column->addLayout(row);
+    return column;
+}
+
+QLayout* frmPrint::Buttons() {
+    cmdPrint_ = NewButton("cmdPrint", "&Print…");
+    cmdPdf_ = NewButton("cmdPdf", "P&DF…");
+    QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
+    cmdPrint_->setDefault(true);
+    cmdPdf_->setToolTip("Write the sheets into a PDF file");
+    connect(cmdPrint_, &QPushButton::clicked, this, [this] { Print(); });
+    connect(cmdPdf_, &QPushButton::clicked, this, [this] {
+        bool written = false;
+        session_.Do([&] {
+            written = ExportToChosenFile(session_, ExportFormat::Pdf,
+                                         [&] { return PdfOf(sheets_->Drawing, sheets_->Plan, Date()); });
+        });
+        if (written) accept();
+    });
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* const row = new QHBoxLayout;
+    row->addStretch();
+    for (QPushButton* const button : {cmdPrint_, cmdPdf_, cmdCancel})
+        row->addWidget(button);
+    return row;
+}
+
+SheetOptions frmPrint::Chosen() const {
+    SheetOptions options;
+    options.Paper = FindPaper(cboPaper_->currentText().toStdString());
+    options.Orientation = static_cast<Orientation>(cboOrientation_->currentIndex());
+    options.Tiles = optScale_->isChecked();
+    if (options.Tiles) options.Scale = spnScale_->value();
+    return options;
+}
+
+std::string frmPrint::Date() const { return QDate::currentDate().toString(Qt::ISODate).toStdString(); }
+
+void frmPrint::PlanAgain() {
+    sheets_.reset();
+    try {
+        CircuitDrawing drawing = DrawingOf(session_.Catalogue, session_.Project, parts_->Chosen());
+        SheetPlan plan = PlanSheets(drawing, Chosen());
+        const int count = SheetPainter(drawing, plan).Count();
+        spnSheet_->setMaximum(count);
+        lblSheets_->setText(SheetsText(plan, count));
+        sheets_ = {std::move(drawing), std::move(plan)};
+    } catch (const Fault& fault) {
+        lblSheets_->setText(Shown(fault.what()));
+    }
+    for (QWidget* const control :
+         {static_cast<QWidget*>(cmdPrint_), static_cast<QWidget*>(cmdPdf_), static_cast<QWidget*>(spnSheet_)}) {
+        if (control != nullptr) control->setEnabled(sheets_.has_value());
+    }
+    picSheet_->update();
+}
+
+void frmPrint::Print() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(Shown(sheets_->Drawing.Name));
+    QPrintDialog choose(&printer, this);
+    if (choose.exec() != QDialog::Accepted) return;
+    bool printed = false;
+    session_.Do([&] {
+        PrintSheets(*sheets_, Date(), printer);
+        printed = true;
+    });
+    if (printed) accept();
+}
+
+void PrintSheets(const frmPrint::Sheets& sheets, const std::string& date, QPrinter& printer) {
+    const SheetPlan& plan = sheets.Plan;
+    constexpr double millimetres = 10;
+    const double shorter = std::min(plan.Width, plan.Height) * millimetres;
+    const double longer = std::max(plan.Width, plan.Height) * millimetres;
+    printer.setPageSize(QPageSize(QSizeF(shorter, longer), QPageSize::Millimeter));
+    printer.setPageOrientation(plan.Width > plan.Height ? QPageLayout::Landscape : QPageLayout::Portrait);
+    printer.setFullPage(true);
+    const SheetPainter painted(sheets.Drawing, plan, date);
+    QPainter painter;
+    if (!painter.begin(&printer)) throw Fault("Not printed", "the printer takes no paper of that kind now");
+    for (int sheet = 0; sheet < painted.Count(); ++sheet) {
+        if (sheet > 0) printer.newPage();
+        painted.Paint(painter, printer.resolution(), sheet);
+    }
+}
+
+} // namespace pistaro

@@ -1,0 +1,120 @@
+// The export dialog, by its own controls.
+#include "ui/frmExport.h"
+
+#include "dialog_fixture.h"
+#include "support/chain.h"
+
+namespace pistaro {
+namespace {
+
+class FrmExport : public DialogTest<frmExport> {
+protected:
+    FrmExport() {
+        project_.Design = ProjectOf("C160 C151L", "C157").Design;
+        Open();
+    }
+
+    void Choose(const char* list, int index) const { Find<QComboBox>(list).setCurrentIndex(index); }
+    bool IsEnabled(const char* name) const { return Find<QWidget>(name).isEnabled(); }
+
+    /// Presses Export, with this file as the one that the user chooses.
+    std::string Exported(const char* name) {
+        prompts_.Files.push_back(folder_ / name);
+        Press("cmdExport");
+        return BytesOf(folder_ / name);
+    }
+};
+
+enum Formats { Png, Svg, Pdf, Dxf, Csv, Json };
+
+TEST_F(FrmExport, EnablesWhatTheFormatHasAUseFor) {
+    Choose("cboFormat", Png);
+    EXPECT_TRUE(IsEnabled("spnDots"));
+    EXPECT_TRUE(IsEnabled("cboPaper"));
+    EXPECT_FALSE(IsEnabled("spnScale")) << "as large as the paper takes it";
+    Choose("cboSize", 3);
+    EXPECT_TRUE(IsEnabled("spnWidth"));
+    EXPECT_FALSE(IsEnabled("spnDots"));
+    EXPECT_FALSE(IsEnabled("cboPaper"));
+
+    Choose("cboFormat", Pdf);
+    EXPECT_FALSE(IsEnabled("spnDots"));
+    Choose("cboSize", 3);
+    EXPECT_EQ(Find<QComboBox>("cboSize").currentText(), "To scale, in tiles of the paper");
+    EXPECT_TRUE(IsEnabled("spnScale"));
+    EXPECT_TRUE(IsEnabled("cboPaper"));
+
+    Choose("cboFormat", Dxf);
+    EXPECT_FALSE(IsEnabled("cboSize"));
+    EXPECT_TRUE(IsEnabled("chkNumbers"));
+
+    Choose("cboFormat", Csv);
+    EXPECT_FALSE(IsEnabled("chkNumbers"));
+    EXPECT_TRUE(IsEnabled("cboTrack"));
+    ExpectNothingClipped();
+}
+
+TEST_F(FrmExport, WritesTheChosenTrackInTheChosenFormatAndCloses) {
+    Choose("cboFormat", Csv);
+    Choose("cboTrack", 2);
+
+    const std::string csv = Exported("x.csv");
+
+    EXPECT_NE(csv.find("\r\n2,0,C157,"), std::string::npos);
+    EXPECT_EQ(csv.find("C160"), std::string::npos);
+    EXPECT_FALSE(IsOpen());
+    ASSERT_EQ(prompts_.Dialogs.size(), 1U);
+    EXPECT_EQ(prompts_.Dialogs[0].Filter, "Table of pieces (CSV)|*.csv");
+    EXPECT_EQ(prompts_.Dialogs[0].DefaultName, "circuit.csv");
+}
+
+TEST_F(FrmExport, WritesAPictureOfTheWidthThatIsAskedFor) {
+    Choose("cboFormat", Png);
+    Choose("cboSize", 3);
+    Find<QSpinBox>("spnWidth").setValue(432);
+
+    const std::string png = Exported("x.png");
+
+    const QImage image = QImage::fromData(QByteArray::fromStdString(png));
+    EXPECT_EQ(image.width(), 432);
+    EXPECT_GT(image.height(), 432);
+}
+
+TEST_F(FrmExport, WritesASvgToScale) {
+    Choose("cboFormat", Svg);
+    Choose("cboSize", 1);
+    Find<QDoubleSpinBox>("spnScale").setValue(5);
+    Choose("cboTrack", 2);
+
+    EXPECT_NE(Exported("x.svg").find("width=\"5.1cm\" height=\"3.53125cm\""), std::string::npos)
+        << "15.5 x 7.65625 cm at 1:5 with margins of 1 cm";
+}
+
+TEST_F(FrmExport, AsksBeforeAFileIsReplaced) {
+    WriteBytes(folder_ / "x.json", "old");
+    Choose("cboFormat", Json);
+    prompts_.Answers = {Answer::No, Answer::Yes};
+
+    EXPECT_EQ(Exported("x.json"), "old");
+    EXPECT_TRUE(IsOpen());
+    EXPECT_NE(Exported("x.json"), "old");
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(prompts_.Asked[0].Text, "x.json is there already. Replace it?");
+}
+
+TEST_F(FrmExport, StaysOpenWhenNoFileIsChosenOrItCannotBeWritten) {
+    Choose("cboFormat", Json);
+    prompts_.Files = {std::nullopt, folder_ / "no" / "x.json"};
+
+    Press("cmdExport");
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(prompts_.Told.empty());
+
+    Press("cmdExport");
+    EXPECT_TRUE(IsOpen());
+    ASSERT_EQ(prompts_.Told.size(), 1U);
+    EXPECT_TRUE(prompts_.Told[0].Text.starts_with("Path not found: ")) << prompts_.Told[0].Text;
+}
+
+} // namespace
+} // namespace pistaro

@@ -1,0 +1,112 @@
+// The print dialog, by its own controls; its printer is one that prints into a file.
+#include "ui/frmPrint.h"
+
+#include "dialog_fixture.h"
+#include "support/chain.h"
+
+#include <QPrinter>
+
+namespace pistaro {
+namespace {
+
+class FrmPrint : public DialogTest<frmPrint> {
+protected:
+    FrmPrint() {
+        project_.Design = ProjectOf("C160 C160").Design; // 15.5 x 70 cm
+        Open();
+    }
+
+    void Choose(const char* list, int index) const { Find<QComboBox>(list).setCurrentIndex(index); }
+
+    void ChooseScale(double scale) const {
+        Press("optSize", 1);
+        Find<QDoubleSpinBox>("spnScale").setValue(scale);
+    }
+
+    /// Red, or darker than paper and desk.
+    static bool IsInk(QRgb dot) { return qGray(dot) < 110 || qRed(dot) - qGreen(dot) > 40; }
+
+    /// How much of the preview is ink.
+    int Ink() const {
+        const QImage preview = Find<QWidget>("picSheet").grab().toImage();
+        int ink = 0;
+        for (int y = 0; y < preview.height(); ++y) {
+            for (int x = 0; x < preview.width(); ++x)
+                ink += IsInk(preview.pixel(x, y)) ? 1 : 0;
+        }
+        return ink;
+    }
+};
+
+TEST_F(FrmPrint, BeginsWithOneSheetThatShowsAll) {
+    EXPECT_EQ(Label("lblSheets"), "1 sheet at 1:2.7") << "70 cm on 26.1";
+    EXPECT_EQ(Find<QSpinBox>("spnSheet").maximum(), 1);
+    EXPECT_FALSE(Find<QWidget>("spnScale").isEnabled());
+    EXPECT_GT(Ink(), 100);
+    ExpectNothingClipped();
+}
+
+TEST_F(FrmPrint, TellsHowManySheetsAScaleTakes) {
+    ChooseScale(1);
+
+    EXPECT_EQ(Label("lblSheets"), "4 sheets at 1:1: an overview and 3 tiles");
+    EXPECT_EQ(Find<QSpinBox>("spnSheet").maximum(), 4);
+
+    Choose("cboPaper", 0);
+    EXPECT_EQ(Label("lblSheets"), "8 sheets at 1:1: an overview and 7 tiles") << "A5 turned: 18 x 10.2 of each";
+    Choose("cboPaper", 1);
+    Choose("cboOrientation", 2);
+    EXPECT_EQ(Label("lblSheets"), "6 sheets at 1:1: an overview and 5 tiles") << "turned, 16.4 high";
+    ExpectNothingClipped();
+}
+
+TEST_F(FrmPrint, PreviewsEachSheet) {
+    ChooseScale(1);
+    const int overview = Ink();
+    Find<QSpinBox>("spnSheet").setValue(2);
+
+    EXPECT_NE(Ink(), overview);
+}
+
+TEST_F(FrmPrint, ShowsMoreWhenMoreIsChosen) {
+    const int bare = Ink();
+    Press("chkGrid");
+    EXPECT_GT(Ink(), bare);
+}
+
+TEST_F(FrmPrint, WritesTheSheetsIntoAPdfWithTheDate) {
+    ChooseScale(1);
+    prompts_.Files.push_back(folder_ / "x.pdf");
+
+    Press("cmdPdf");
+
+    const std::string pdf = BytesOf(folder_ / "x.pdf");
+    EXPECT_NE(pdf.find("/Count 4"), std::string::npos);
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(FrmPrint, TellsWhyThereIsNothingToPrint) {
+    project_.Design.Circuit.Tracks[0].TrackStartX = 2e6F;
+    Open();
+
+    EXPECT_EQ(Label("lblSheets"), "Overflow: the circuit lies more than 10 km from its origin");
+    EXPECT_FALSE(Find<QWidget>("cmdPrint").isEnabled());
+    EXPECT_FALSE(Find<QWidget>("cmdPdf").isEnabled());
+}
+
+TEST_F(FrmPrint, PrintsAllSheetsOnTheWholePaper) {
+    ChooseScale(1);
+    Choose("cboOrientation", 2);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString((folder_ / "printed.pdf").string()));
+
+    PrintSheets(*dialog_->Planned(), "2026-01-02", printer);
+
+    const std::string pdf = BytesOf(folder_ / "printed.pdf");
+    EXPECT_NE(pdf.find("/Count 6"), std::string::npos);
+    EXPECT_NE(pdf.find("/MediaBox [0 0 842.000000 595.000000]"), std::string::npos);
+}
+
+} // namespace
+} // namespace pistaro
