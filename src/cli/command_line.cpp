@@ -25,7 +25,7 @@ struct Arguments {
     std::string DesignerCircuit, Circuit, Script, Out;
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
-    bool IncludeOwned = false, Numbers = false, Json = false, NoSplash = false;
+    bool IncludeOwned = false, Numbers = false, Surface = false, Json = false, NoSplash = false;
 };
 
 OptionalPath PathIn(const std::string& text) {
@@ -114,7 +114,8 @@ private:
         CLI::App* const verb =
             Add("picture", "Draw the circuit into a picture file", [this](const VerbContext& context) {
                 PictureVerb(context, Circuit(),
-                            {PathFromText(given_.Out), given_.Pixels, given_.Numbers, PathIn(given_.Background)});
+                            {PathFromText(given_.Out), given_.Pixels, given_.Numbers, PathIn(given_.Background),
+                             given_.Surface});
             });
         TakeCircuit(verb);
         verb->add_option("--out", given_.Out, "The picture file: " + PictureEndings())
@@ -123,6 +124,7 @@ private:
         verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(WhyNoSize);
         verb->add_flag("--numbers", given_.Numbers, "Print the elements' numbers");
         verb->add_option("--background", given_.Background, "A picture that lies behind the drawing");
+        verb->add_flag("--surface", given_.Surface, "Draw the tracks as they look: bed, slots and kerbs");
     }
 
     void AddScript() {

@@ -1,6 +1,8 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
+#include "ui/canvas_legend.h"
+
 #include <QPainter>
 
 namespace pistaro {
@@ -45,9 +47,11 @@ void CircuitView::Invalidate(const Changes& changes) {
 void CircuitView::Redraw() {
     rest_.stop();
     drawing_.Redraw(session_.Catalogue, session_.Project, session_.Background ? session_.Background->Image() : QImage(),
-                    Frame());
+                    Frame(), Look());
     stale_ = moved_ = false;
 }
+
+TrackLook CircuitView::Look() const { return session_.Looks.Surface ? TrackLook::Surface : TrackLook::Lines; }
 
 bool CircuitView::FitsFrame() const { return drawing_.Picture().size() == PixelsOf(size(), devicePixelRatioF()); }
 
@@ -76,6 +80,7 @@ void CircuitView::paintEvent(QPaintEvent*) {
     }
     for (const auto& [owner, overlay] : overlays_)
         PaintOverlay(overlay, session_.Catalogue, View(), Frame(), painter);
+    if (session_.Looks.Legend) PaintLegend(painter, session_.Project.Preferences.Colours, Look());
 }
 
 void CircuitView::SetOverlay(const std::string& owner, Overlay overlay) {

@@ -43,6 +43,7 @@ protected:
 
 private:
     const ViewSettings& View() const { return session_.Project.Design.View; }
+    TrackLook Look() const;
     bool FitsFrame() const;
 
     /// Shows a large circuit in a view that has moved: by what is drawn already, for as long as it moves.

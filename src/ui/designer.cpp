@@ -1,10 +1,12 @@
 #include "ui/designer.h"
 
 #include "editor/start_up.h"
+#include "platform/places.h"
 #include "platform/processes.h"
 #include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"
 #include "ui/message_prompts.h"
+#include "ui/window_settings.h"
 
 #include <QApplication>
 #include <QSessionManager>
@@ -63,6 +65,9 @@ int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const Designe
     const DesignerStart start = StartDesigner(catalogue, files.SettingsFile);
     Session session(catalogue, prompts, start.Project, start.SettingsPath);
     frmCorvel window(session);
+    RestoreWindow(WindowSettingsPath(), window, session);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window,
+                     [&] { KeepWindow(WindowSettingsPath(), window, session); });
     CloseOnLogOff(application, window);
     CloseOnTermination(window);
     BeginDesigning(window, session, start.Messages, files);

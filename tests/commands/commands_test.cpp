@@ -101,7 +101,7 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
     EXPECT_EQ(windowOnly,
               (std::set<std::string>{"quit", "see remaining", "refresh", "numbers", "background select",
                                      "background clear", "draw area", "choose colours", "loose track", "statistics",
-                                     "guide", "cancel job", "save picture", "manual", "about", "columns"}));
+                                     "guide", "cancel job", "save picture", "manual", "about", "columns", "surface", "legend"}));
 }
 
 TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {
