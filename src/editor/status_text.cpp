@@ -24,13 +24,6 @@ bool IsClosed(const TrackGap& gap, double degrees) {
     return gap.Distance <= mostCm && degrees <= mostDegrees;
 }
 
-std::string GapText(const TrackGap& gap, const Units& units) {
-    const double degrees = std::fabs(gap.Angle) * 180 / PiValue;
-    if (IsClosed(gap, degrees)) return "closed";
-    const std::string angle = FixedText(degrees, 1);
-    return "gap " + LengthText(gap.Distance, units) + (angle == "0.0" ? "" : ", " + angle + "°");
-}
-
 std::string TrackText(const Catalogue& catalogue, const Project& project, const Track& track) {
     std::string text =
         "Track " + std::to_string(project.EditState.CurrentTrack + 1) + Between + PieceCount(track.ElementCodes.size());
@@ -46,6 +39,13 @@ std::string AllTracksText(const Circuit& circuit) {
 }
 
 } // namespace
+
+std::string GapText(const TrackGap& gap, const Units& units) {
+    const double degrees = std::fabs(gap.Angle) * 180 / PiValue;
+    if (IsClosed(gap, degrees)) return "closed";
+    const std::string angle = FixedText(degrees, 1);
+    return "gap " + LengthText(gap.Distance, units) + (angle == "0.0" ? "" : ", " + angle + "°");
+}
 
 std::string StatusText(const Catalogue& catalogue, const Project& project) {
     const EditState& edit = project.EditState;

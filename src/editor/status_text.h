@@ -1,6 +1,7 @@
 // The line that tells how the design stands.
 #pragma once
 
+#include "layout/track_gap.h"
 #include "model/project.h"
 
 #include <string>
@@ -12,5 +13,8 @@ namespace pistaro {
 /// by how many degrees; "closed" when both are within 0.5 mm and 0.1°; whether the circuit has changes not yet saved.
 /// With all tracks chosen the pieces of all.
 std::string StatusText(const Catalogue& catalogue, const Project& project);
+
+/// "gap 17.5 cm, 11.3°", or "closed".
+std::string GapText(const TrackGap& gap, const Units& units);
 
 } // namespace pistaro

@@ -62,6 +62,7 @@ frmCorvel::frmCorvel(Session& session)
     statusBar()->addPermanentWidget(jobBar_);
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     AddMainMenus(*this, controls_, session_, [this] { close(); });
+    hand_ = new BuildingHand(session, circuit_->View(), palette_->Pieces(), [this] { ShowStatus(); });
     session_.Windows = &dialogs_;
     session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});
@@ -85,8 +86,16 @@ void frmCorvel::Refresh(const Changes& changes) {
         column->setVisible(session_.Looks.Columns);
     // "[*]" would be taken for the toolkit's mark of modified documents.
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
-    status_->setText(QString::fromStdString(StatusText(session_.Catalogue, session_.Project)));
+    ShowStatus();
+    if (hand_ != nullptr) hand_->Refresh();
     pointer_->Refresh(changes);
+}
+
+void frmCorvel::ShowStatus() {
+    std::string text = StatusText(session_.Catalogue, session_.Project);
+    if (hand_ != nullptr && hand_->Times() > 1)
+        text += " · the next piece " + std::to_string(hand_->Times()) + " times";
+    status_->setText(QString::fromStdString(text));
 }
 
 void frmCorvel::Open(const std::filesystem::path& file) {
