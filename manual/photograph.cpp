@@ -9,6 +9,7 @@
 #include "storage/settings_file.h"
 #include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"
+#include "ui/frmRecovered.h"
 
 #include <QAction>
 #include <QApplication>
@@ -145,6 +146,27 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     photographer.Take(about, "about");
 }
 
+/// The start that finds two samples unsaved, of which one was written last at half past nine and one the day before.
+void PhotographRecoveredWork(const Catalogue& catalogue, const std::filesystem::path& samples, const QString& folder) {
+    using namespace std::chrono;
+    const QTemporaryDir found;
+    const std::filesystem::path works = PathFromText(found.path().toStdString());
+    sys_seconds written = sys_days{November / 21 / 2026} + hours(21) + minutes(30);
+    int number = 0;
+    for (const char* const sample : {"grand-prix", "figure-of-eight"}) {
+        const auto file = works / FileNameOf({sample, written, "1.2", ++number, false});
+        std::filesystem::copy_file(samples / (std::string(sample) + ".trk"), file);
+        std::filesystem::last_write_time(file, file_clock::from_sys(written));
+        written -= days(1);
+    }
+    SilentUser user;
+    Session session(catalogue, user, StartUp(InitialSettings(catalogue)), "");
+    const Recovery recovery(session, works, [](const std::function<void()>&) {});
+    frmRecovered dialog(session, frmRecovered::Occasion::Start);
+    dialog.show();
+    Photographer(folder).Take(dialog, "recovered-work");
+}
+
 } // namespace
 
 } // namespace pistaro
@@ -157,7 +179,9 @@ int main(int argc, char** argv) {
         const QString folder = QString::fromStdString(arguments.at(1));
         const pistaro::Catalogue catalogue = pistaro::InitCatalogue();
         pistaro::PictureFirstCircuit(catalogue, folder);
-        pistaro::PhotographWindows(catalogue, pistaro::PathFromText(arguments.at(0)), folder);
+        const std::filesystem::path sample = pistaro::PathFromText(arguments.at(0));
+        pistaro::PhotographWindows(catalogue, sample, folder);
+        pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);
     } catch (const std::exception& problem) {
         std::cerr << "manual_photograph: " << problem.what() << '\n';
         return 1;

@@ -2,7 +2,7 @@
 # the packaging.
 
 PACKAGES_BUILD="g++ cmake ninja-build qt6-base-dev libgif-dev libcli11-dev nlohmann-json3-dev librsvg2-bin
-fonts-dejavu-core"
+libtomlplusplus-dev fonts-dejavu-core"
 PACKAGES_TEST="$PACKAGES_BUILD libgtest-dev libgmock-dev chromium"
 PACKAGES_BENCH="$PACKAGES_BUILD libbenchmark-dev"
 PACKAGES_FUZZ="$PACKAGES_BUILD clang libclang-rt-14-dev"

@@ -1,6 +1,7 @@
 // The grammar of the command line; each verb's function does the rest.
 #include "cli/command_line.h"
 
+#include "cli/close.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
 #include "imaging/circuit_picture.h"
@@ -25,7 +26,11 @@ struct Arguments {
     std::string DesignerCircuit, Circuit, Script, Out;
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
+    std::optional<std::string> SetsFile;
+    bool Rules = false, Csv = false;
     bool IncludeOwned = false, Numbers = false, Surface = false, Json = false, NoSplash = false;
+    ClosingOptions Closing;
+    std::string ClosedTrack = "1", Tolerance = "0.5";
 };
 
 OptionalPath PathIn(const std::string& text) {
@@ -46,13 +51,26 @@ std::string WhyNoPictureFile(const std::string& name) {
     }
 }
 
-/// An option's check: empty for a whole number of pixels in plain digits; the parser by itself would take "010" for 8.
-std::string WhyNoSize(const std::string& text) {
-    int pixels = 0;
+/// An option's check: for a whole number of this range in plain digits; the parser by itself would take "010" for 8.
+CLI::Validator PlainNumber(int least, int most) {
+    const auto whyNot = [=](const std::string& text) {
+        int number = 0;
+        const char* const end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        const bool plain = error == std::errc() && stop == end && (text == "0" || !text.starts_with('0'));
+        if (plain && number >= least && number <= most) return std::string();
+        return "\"" + text + "\" is no whole number from " + std::to_string(least) + " to " + std::to_string(most);
+    };
+    return {whyNot, ""};
+}
+
+/// An option's check: empty for a tolerance in millimetres.
+std::string WhyNoTolerance(const std::string& text) {
+    double millimetres = 0;
     const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, pixels);
-    const bool plain = error == std::errc() && stop == end && !text.starts_with('0');
-    return plain && pixels >= 1 && pixels <= 10000 ? "" : "\"" + text + "\" is no whole number from 1 to 10000";
+    const auto [stop, error] = std::from_chars(text.data(), end, millimetres);
+    const bool isGood = error == std::errc() && stop == end && millimetres >= 0 && millimetres <= 100;
+    return isGood ? "" : "\"" + text + "\" is no number of millimetres from 0 to 100";
 }
 
 using VerbJob = std::function<void(const VerbContext&)>;
@@ -63,13 +81,17 @@ public:
     VerbParser(CLI::App& app, Arguments& given) : app_(app), given_(given) {
         AddLayout();
         AddStats();
+        AddCheck();
+        AddBalance();
         AddShop();
+        AddBuy();
         AddGuide();
         AddPicture();
         AddScript();
         AddCatalogue();
         AddSettings();
         AddRecover();
+        AddClose();
     }
     VerbParser(const VerbParser&) = delete;
     VerbParser& operator=(const VerbParser&) = delete;
@@ -93,13 +115,47 @@ private:
         TakeJson(verb);
     }
 
+    void AddCheck() {
+        const VerbJob job = [this](const VerbContext& context) {
+            given_.Rules ? RulesVerb(context, given_.Json) : CheckVerb(context, Circuit(), given_.Json);
+        };
+        CLI::App* const verb = Add("check", "Tell what is wrong with the circuit", job);
+        const CLI::Option* const circuit = TakeCircuit(verb, false);
+        TakeJson(verb);
+        verb->add_flag("--rules", given_.Rules, "List the rules instead");
+        verb->final_callback([this, circuit, job] {
+            if (circuit->empty() && !given_.Rules) throw CLI::RequiredError("CIRCUIT");
+            named_ = job;
+        });
+    }
+
     void AddShop() {
         CLI::App* const verb = Add("shop", "Write the shopping list", [this](const VerbContext& context) {
-            ShopVerb(context, Circuit(), Detail(), PathIn(given_.OutFolder));
+            ShopVerb(context, Circuit(), Detail(), PathIn(given_.OutFolder), given_.Csv);
         });
         TakeCircuit(verb);
         TakeDetail(verb);
         verb->add_option("--out", given_.OutFolder, "The folder that the list is written into");
+        verb->add_flag("--csv", given_.Csv, "Write it for spreadsheets too, beside the list");
+    }
+
+    void AddBalance() {
+        CLI::App* const verb =
+            Add("balance", "Propose the fewest changes that make both lanes equally long",
+                [this](const VerbContext& context) { BalanceVerb(context, Circuit(), Detail().Track, given_.Json); });
+        TakeCircuit(verb);
+        TakeTrack(verb);
+        TakeJson(verb);
+    }
+
+    void AddBuy() {
+        CLI::App* const verb =
+            Add("buy", "Find the cheapest way to buy what is missing", [this](const VerbContext& context) {
+                BuyVerb(context, Circuit(), PathIn(given_.SetsFile), given_.Json);
+            });
+        TakeCircuit(verb);
+        verb->add_option("--sets", given_.SetsFile, "The file of boxed sets, in place of the one beside the settings");
+        TakeJson(verb);
     }
 
     void AddGuide() {
@@ -121,7 +177,7 @@ private:
         verb->add_option("--out", given_.Out, "The picture file: " + PictureEndings())
             ->required()
             ->check(WhyNoPictureFile);
-        verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(WhyNoSize);
+        verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(PlainNumber(1, 10000));
         verb->add_flag("--numbers", given_.Numbers, "Print the elements' numbers");
         verb->add_option("--background", given_.Background, "A picture that lies behind the drawing");
         verb->add_flag("--surface", given_.Surface, "Draw the tracks as they look: bed, slots and kerbs");
@@ -157,19 +213,46 @@ private:
         out->needs(name);
     }
 
+    void AddClose() {
+        CLI::App* const verb =
+            Add("close", "Print pieces that close a track, as JSON", [this](const VerbContext& context) {
+                double millimetres = 0;
+                std::from_chars(given_.Tolerance.data(), given_.Tolerance.data() + given_.Tolerance.size(),
+                                millimetres);
+                given_.Closing.Tolerance = millimetres / 10;
+                CloseVerb(context, Circuit(), given_.ClosedTrack.front() - '1', given_.Closing);
+            });
+        TakeCircuit(verb);
+        ClosingOptions& closing = given_.Closing;
+        verb->add_option("--track", given_.ClosedTrack, "The track: 1, 2 or 3")->check(CLI::IsMember({"1", "2", "3"}));
+        verb->add_option("--max-pieces", closing.MostPieces, "The most pieces to lay: 1 to 12")
+            ->check(PlainNumber(1, 12));
+        verb->add_option("--limit", closing.Limit, "The most suggestions: 1 to 100")->check(PlainNumber(1, 100));
+        verb->add_option("--tolerance", given_.Tolerance, "How far the ends may lie apart, in millimetres")
+            ->check(WhyNoTolerance);
+        verb->add_option("--replace", closing.MostRemoved,
+                         "The most neighbouring pieces to take out for others: 0 to 4")
+            ->check(PlainNumber(0, 4));
+        verb->add_flag("--owned", closing.OwnedOnly, "Only pieces that are owned and not used");
+    }
+
     CLI::App* Add(const char* name, const char* description, const VerbJob& job) {
         CLI::App* const verb = app_.add_subcommand(name, description);
         verb->final_callback([this, job] { named_ = job; });
         return verb;
     }
 
-    void TakeCircuit(CLI::App* verb, bool required = true) {
-        verb->add_option("CIRCUIT", given_.Circuit, "The circuit file (*.trk)")->required(required);
+    CLI::Option* TakeCircuit(CLI::App* verb, bool required = true) {
+        return verb->add_option("CIRCUIT", given_.Circuit, "The circuit file (*.trk)")->required(required);
+    }
+
+    void TakeTrack(CLI::App* verb) {
+        verb->add_option("--track", given_.Track, "The track: 1, 2, 3 or all")
+            ->check(CLI::IsMember({"1", "2", "3", "all"}));
     }
 
     void TakeDetail(CLI::App* verb) {
-        verb->add_option("--track", given_.Track, "The track: 1, 2, 3 or all")
-            ->check(CLI::IsMember({"1", "2", "3", "all"}));
+        TakeTrack(verb);
         verb->add_flag("--include-owned", given_.IncludeOwned, "Include already owned track");
     }
 
@@ -229,6 +312,9 @@ int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
     } catch (const Stopped&) {
         constexpr int interrupted = 130; // 128 and the number of the signal, as shells tell it
         return interrupted;
+    } catch (const BadResult&) {
+        context.Output.flush();
+        return 1;
     } catch (const std::exception& fault) {
         context.Errors << "pistaro: " << fault.what() << '\n';
         return 1;

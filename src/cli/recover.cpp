@@ -34,7 +34,7 @@ RecoveredWork WorkNamed(const std::string& handle, std::vector<RecoveredWork> wo
 } // namespace
 
 void ListRecoveredVerb(const VerbContext& context) {
-    const std::vector<RecoveredWork> works = Works(context);
+    const std::vector<RecoveredWork> works = WithContent(Works(context));
     std::size_t widest = 0;
     for (const RecoveredWork& work : works)
         widest = std::max(widest, work.Handle().size());

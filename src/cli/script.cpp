@@ -1,10 +1,12 @@
 // The commands are those of the command table by their ids, and those that take values.
 #include "cli/script.h"
 
+#include "cli/check_json.h"
 #include "cli/layout_json.h"
 #include "cli/script_dialogs.h"
 #include "cli/script_words.h"
 #include "cli/state_json.h"
+#include "commands/closing_commands.h"
 #include "editor/mouse_selection.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
@@ -62,12 +64,20 @@ void Scroll(Script& script, const Words& words) {
     ScrollVertically(view, y);
 }
 
+void Close(Script& script, const Words& words) {
+    LaySuggestion(script.Session, words.size() == 1 ? 1 : IntegerIn(words[1], 1, 100));
+}
+
 void PrintState(Script& script, const Words&) {
     script.Output << Line(StateJson(script.Session.Catalogue, script.Session.Project)) << std::endl;
 }
 
 void PrintLayout(Script& script, const Words&) {
     script.Output << Line(LayoutJson(script.Session.Catalogue, script.Session.Project.Design.Circuit)) << std::endl;
+}
+
+void PrintFindings(Script& script, const Words&) {
+    script.Output << Line(FindingsJson(FindingsOf(script.Session.Catalogue, script.Session.Project))) << std::endl;
 }
 
 /// A row whose words after the first are its values.
@@ -88,8 +98,10 @@ constexpr std::array ValueCommands{
     ValueCommand{"select", 2, 2, Select},
     ValueCommand{"click", 3, 3, Click},
     ValueCommand{"scroll", 3, 3, Scroll},
+    ValueCommand{"close", 1, 2, Close},
     ValueCommand{"state", 1, 1, PrintState},
     ValueCommand{"layout", 1, 1, PrintLayout},
+    ValueCommand{"check", 1, 1, PrintFindings},
     ValueCommand{"colours", 2, AnyNumber, RunColours, true},
     ValueCommand{"stock", 2, AnyNumber, RunStock, true},
     ValueCommand{"area", 2, AnyNumber, RunArea, true},

@@ -1,7 +1,11 @@
 #include "cli/verbs.h"
 
+#include "checks/check.h"
 #include "cli/catalogue_json.h"
+#include "cli/check_json.h"
+#include "cli/foreground.h"
 #include "cli/layout_json.h"
+#include "cli/purchase_json.h"
 #include "cli/script.h"
 #include "cli/settings_json.h"
 #include "cli/start.h"
@@ -11,10 +15,12 @@
 #include "imaging/circuit_picture.h"
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "platform/places.h"
 #include "platform/processes.h"
 #include "report/guide.h"
 #include "stats/shopping_list.h"
 #include "storage/line_reader.h"
+#include "storage/sets_file.h"
 
 #include <sstream>
 
@@ -32,34 +38,12 @@ auto NamingFile(const std::filesystem::path& circuit, Compute compute) {
     }
 }
 
-/// The line in which a terminal shows how far a job is; it ends however the job does.
-class ProgressLine {
-public:
-    ProgressLine(std::ostream& errors, const char* what) : errors_(errors), what_(what) {}
-    ~ProgressLine() {
-        if (shown_) errors_ << '\n' << std::flush;
-    }
-    ProgressLine(const ProgressLine&) = delete;
-    ProgressLine& operator=(const ProgressLine&) = delete;
-
-    void Show(int done, int total) {
-        shown_ = true;
-        errors_ << '\r' << what_ << ": " << done << " of " << total << std::flush;
-    }
-
-private:
-    std::ostream& errors_;
-    const char* what_;
-    bool shown_ = false;
-};
-
-/// What a job gives that is waited for: shown on a terminal, and stopped by Ctrl+C.
-template <typename Work>
-auto InForeground(const Interruptions& interruptions, std::ostream& errors, const char* what, Work work) {
-    JobWatch watch{.Progress = {}, .Stop = interruptions.Stop()};
-    ProgressLine line(errors, what);
-    if (StandardErrorIsTerminal()) watch.Progress = [&](int done, int total) { line.Show(done, total); };
-    return work(watch);
+/// Those of the file beside the settings; none where it is not there.
+BoxedSets SetsBesideSettings(const VerbContext& context) {
+    const std::filesystem::path file = context.SettingsFile.value_or(SettingsPath()).parent_path() / SetsName;
+    std::error_code toldByTheRead;
+    if (!std::filesystem::exists(file, toldByTheRead) && !toldByTheRead) return {};
+    return ReadSets(context.Pieces, file);
 }
 
 } // namespace
@@ -80,8 +64,45 @@ void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit,
     });
 }
 
+void CheckVerb(const VerbContext& context, const std::filesystem::path& circuit, bool json) {
+    const Project project = StartWithCircuit(context, circuit);
+    const std::vector<Finding> findings = NamingFile(circuit, [&] { return FindingsOf(context.Pieces, project); });
+    context.Output << (json ? Line(FindingsJson(findings)) + '\n' : FindingsTable(findings));
+    if (HasErrors(findings)) throw BadResult();
+}
+
+void RulesVerb(const VerbContext& context, bool json) {
+    context.Output << (json ? Line(RulesJson()) + '\n' : RulesTable());
+}
+
+void BalanceVerb(const VerbContext& context, const std::filesystem::path& circuit, int track, bool json) {
+    const Project project = StartWithCircuit(context, circuit);
+    Json tracks = Json::array();
+    for (int each = 0; each < TrackCount; ++each) {
+        const bool isChosen = track == AllTracks || track == each;
+        if (!isChosen || project.Design.Circuit.Tracks[static_cast<std::size_t>(each)].ElementCodes.empty()) continue;
+        const Balance balance = BalanceLanes(context.Pieces, project.Design, each);
+        if (json)
+            tracks.push_back(BalanceJson(each, balance));
+        else
+            context.Output << BalanceTable(each, balance, project.Preferences.DisplayUnits);
+    }
+    if (json) context.Output << Line({{"tracks", std::move(tracks)}}) << '\n';
+}
+
+void BuyVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& sets, bool json) {
+    const Project project = StartWithCircuit(context, circuit);
+    const BoxedSets boxes = sets ? ReadSets(context.Pieces, *sets) : SetsBesideSettings(context);
+    const std::vector<int> missing = MissingPieces(context.Pieces, project.Stock, project.Design.Circuit);
+    const Interruptions interruptions;
+    const Purchase purchase =
+        CheapestPurchase(missing, project.Stock, boxes, {.Progress = {}, .Stop = interruptions.Stop()});
+    context.Output << (json ? Line(PurchaseJson(context.Pieces, project, boxes, purchase)) + '\n'
+                            : PurchaseTable(context.Pieces, project, boxes, purchase));
+}
+
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
-              const OptionalPath& folder) {
+              const OptionalPath& folder, bool csv) {
     const Project project = StartWithCircuit(context, circuit);
     const Detail detail = NamingFile(circuit, [&] {
         return ShowDetail(context.Pieces, project.Stock, project.Design.Circuit, options.Track, options.IncludeOwned);
@@ -89,6 +110,10 @@ void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, 
     const std::filesystem::path list = folder.value_or(circuit.parent_path()) / ShoppingListName;
     ReplaceFile(list, ShoppingListBytes(context.Pieces, project.Stock, project.Preferences.DisplayUnits, detail));
     context.Output << TextFromPath(list) << '\n';
+    if (!csv) return;
+    const std::filesystem::path table = folder.value_or(circuit.parent_path()) / ShoppingTableName;
+    ReplaceFile(table, ShoppingTableBytes(project.Stock, project.Preferences.DisplayUnits, detail));
+    context.Output << TextFromPath(table) << '\n';
 }
 
 void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& folder) {

@@ -4,6 +4,7 @@
 #include "imaging/circuit_picture.h"
 #include "model/project.h"
 
+#include <exception>
 #include <filesystem>
 #include <istream>
 #include <optional>
@@ -11,6 +12,12 @@
 #include <string>
 
 namespace pistaro {
+
+/// Ends a verb whose result is printed, and bad: the exit status is 1, and nothing more is told.
+class BadResult : public std::exception {
+public:
+    const char* what() const noexcept override { return "the result is bad"; }
+};
 
 using OptionalPath = std::optional<std::filesystem::path>;
 
@@ -42,9 +49,19 @@ void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit
 /// Prints the statistics as one JSON line or as tables.
 void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
                bool json);
-/// Writes the shopping list into `folder`, or the circuit's own, and prints its path.
+/// Prints what the checks find in the circuit, as one JSON line or as a table. Throws BadResult where an error is.
+void CheckVerb(const VerbContext& context, const std::filesystem::path& circuit, bool json);
+/// Prints the rules by which is checked.
+void RulesVerb(const VerbContext& context, bool json);
+/// Prints the fewest changes that balance the lanes of a track, or of each that has pieces.
+void BalanceVerb(const VerbContext& context, const std::filesystem::path& circuit, int track, bool json);
+/// Prints the cheapest way to buy what is missing. `sets` is the file of boxed sets, or none for the one beside the
+/// settings, if there is one.
+void BuyVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& sets, bool json);
+/// Writes the shopping list into `folder`, or the circuit's own, and prints its path; with `csv` the same list for
+/// spreadsheets beside it.
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,
-              const OptionalPath& folder);
+              const OptionalPath& folder, bool csv);
 /// Writes the design guide into `folder`, or the circuit's own, and prints the path of every file of it.
 void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& folder);
 /// Draws the circuit into the picture file and prints its path.

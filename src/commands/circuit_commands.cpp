@@ -7,8 +7,6 @@ namespace pistaro {
 
 namespace {
 
-constexpr const char* TrackFilter = "Track files (*.trk)|*.trk";
-
 /// Load and New ask about tracks of two elements or more, Quit about a single one, too.
 bool WouldLoseTrack(const Session& session) { return HasUnsavedTrack(session.Project, 2); }
 bool WouldLoseAnything(const Session& session) { return HasUnsavedTrack(session.Project, 1); }
@@ -33,13 +31,19 @@ void Empty(Session& session) {
     session.BeginCircuit("New");
 }
 
-/// Whether the user lets go of the unsaved work that a load replaces.
-bool MayReplace(const Session& session) {
-    return !WouldLoseTrack(session) ||
-           session.Prompts.Ask("All data will be lost if you proceed.", Buttons::OkCancel) == Answer::Ok;
+/// Asks whether unsaved work may go.
+bool LetsGo(Session& session, const char* question, Buttons buttons, Answer yes) {
+    if (session.Prompts.Ask(question, buttons) != yes) return false;
+    session.NoteDiscarded();
+    return true;
 }
 
 } // namespace
+
+bool MayReplace(Session& session) {
+    return !WouldLoseTrack(session) ||
+           LetsGo(session, "All data will be lost if you proceed.", Buttons::OkCancel, Answer::Ok);
+}
 
 void LoadFileCommand(Session& session, const std::filesystem::path& file) {
     if (MayReplace(session)) Load(session, file);
@@ -79,15 +83,15 @@ void SaveCommand(Session& session) {
 }
 
 void NewCommand(Session& session) {
-    const bool keep = WouldLoseTrack(session) && session.Prompts.Ask("Send data on its way to binary oblivion?",
-                                                                     Buttons::OkCancel) == Answer::Cancel;
-    if (!keep) Empty(session);
+    const bool lose = !WouldLoseTrack(session) ||
+                      LetsGo(session, "Send data on its way to binary oblivion?", Buttons::OkCancel, Answer::Ok);
+    if (lose) Empty(session);
 }
 
 void QuitCommand(Session& session) {
     session.TellLeaving();
-    if (!WouldLoseAnything(session)) return;
-    if (session.Prompts.Ask("Discard unsaved data?", Buttons::YesNo) == Answer::No) SaveCommand(session);
+    if (WouldLoseAnything(session) && !LetsGo(session, "Discard unsaved data?", Buttons::YesNo, Answer::Yes))
+        SaveCommand(session);
 }
 
 } // namespace pistaro

@@ -7,6 +7,12 @@
 
 namespace pistaro {
 
+/// What the file dialogs offer.
+inline constexpr const char* TrackFilter = "Track files (*.trk)|*.trk";
+
+/// Whether the design may be replaced: it is saved, or its user lets go of it when asked what Load asks.
+bool MayReplace(Session& session);
+
 /// Load with its question and its dialog. A settings file that cannot take the new working directory is a fault that
 /// comes when the circuit is loaded.
 void LoadCommand(Session& session);

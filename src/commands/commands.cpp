@@ -46,6 +46,11 @@ std::string HasBackground(const Session& session) {
 
 std::string HasWindows(const Session& session) { return session.Windows == nullptr ? "There is no window." : ""; }
 
+std::string KeepsWork(const Session& session) {
+    return session.Windows == nullptr || session.Recovery == nullptr ? "There is no folder to keep unsaved work in."
+                                                                     : "";
+}
+
 std::string NoJobRuns(const Session& session) { return session.HasJob() ? "The guide is being drawn." : ""; }
 
 std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
@@ -90,6 +95,13 @@ void AddCircuitCommands(std::vector<Command>& rows) {
                     .Tip = "Write the circuit to a file",
                     .Key = "Ctrl+S",
                     .Run = SaveCommand});
+    rows.push_back({.Id = "recovered work",
+                    .Control = "mnuRecovered",
+                    .Caption = "&Recovered Work…",
+                    .Tip = "Look at work that was not saved, and open it",
+                    .From = Door::WindowOnly,
+                    .WhyNot = KeepsWork,
+                    .Run = [](Session& session) { session.Windows->ShowRecovered(); }});
     rows.push_back({.Id = "quit",
                     .Control = "mnuQuit",
                     .Caption = "&Quit",

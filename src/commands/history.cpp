@@ -96,6 +96,7 @@ void History::GoTo(std::size_t state, Project& project) {
     project.EditState.AndAllAfter = false;
     project.EditState.DataChanged = to.DataChanged;
     project.EditState.File = *to.File;
+    project.EditState.Name = to.NameOfWork;
     present_ = state;
 }
 
@@ -136,6 +137,7 @@ void History::Leave(State& state, const Project& project) {
     state.DataChanged = project.EditState.DataChanged;
     *state.View = project.Design.View;
     *state.File = project.EditState.File;
+    state.NameOfWork = project.EditState.Name;
 }
 
 bool History::ContinuesRun(const Project& before, const StepName& name) const {

@@ -66,6 +66,7 @@ private:
         std::shared_ptr<const RoomPolygon> Room;
         std::shared_ptr<ViewSettings> View;          ///< one for all states between two that set it
         std::shared_ptr<std::filesystem::path> File; ///< one for all states of a circuit
+        std::string NameOfWork;                      ///< that of recovered work
         int CurrentTrack = 0;
         std::array<int, TrackCount> CurrentElement{};
         bool DataChanged = false;

@@ -20,7 +20,7 @@ Changes Difference(const Project& before, const Project& after) {
 
 Session::Session(const pistaro::Catalogue& catalogue, pistaro::Prompts& prompts, pistaro::Project project,
                  std::filesystem::path settingsPath)
-    : Catalogue(catalogue), Commands(catalogue), Prompts(prompts), Project(std::move(project)),
+    : Catalogue(catalogue), Commands(catalogue), Closings(catalogue), Prompts(prompts), Project(std::move(project)),
       SettingsPath(std::move(settingsPath)), PicturePixels(DefaultPicturePixels) {}
 
 void Session::Run(const Command& command) {
@@ -81,6 +81,7 @@ void Session::Finish(const pistaro::Project& before, const std::optional<Picture
     changes.Background = Background != background;
     changes.Looks = Looks != looks;
     changes.Saved = noted_.Saved;
+    changes.Discarded = noted_.Discarded;
     changes.OtherCircuit = noted_.OtherCircuit;
     for (const auto& observer : observers_)
         observer(changes);

@@ -9,6 +9,7 @@
 #include "model/looks.h"
 #include "model/project.h"
 #include "model/prompts.h"
+#include "search/closing_tables.h"
 
 #include <filesystem>
 #include <functional>
@@ -25,10 +26,13 @@ struct Changes {
     bool Background = false;
     bool Looks = false;
     bool Saved = false;        ///< the design stands in its file now
+    bool Discarded = false;    ///< the user has answered that unsaved work may go
     bool OtherCircuit = false; ///< another circuit took the place of the one before: Load, New, undo across these
 
     bool operator==(const Changes&) const = default;
 };
+
+class Recovery;
 
 class Session {
 public:
@@ -38,13 +42,15 @@ public:
 
     const pistaro::Catalogue& Catalogue;
     const CommandTable Commands;
+    const ClosingTables Closings; ///< made as far as a search has needed them
     pistaro::Prompts& Prompts;
     pistaro::Project Project;
     const std::filesystem::path SettingsPath;
-    std::optional<Picture> Background;   ///< behind the drawing
-    pistaro::Looks Looks;                ///< of the window
-    int PicturePixels;                   ///< width and height of the drawing as it is shown
-    pistaro::Windows* Windows = nullptr; ///< null in a script
+    std::optional<Picture> Background;     ///< behind the drawing
+    pistaro::Looks Looks;                  ///< of the window
+    int PicturePixels;                     ///< width and height of the drawing as it is shown
+    pistaro::Windows* Windows = nullptr;   ///< null in a script
+    pistaro::Recovery* Recovery = nullptr; ///< what keeps unsaved work, where something does
     std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
 
     /// For the rest of the session: calls `observer` once after each piece of work, done or faulted, with what it has
@@ -83,6 +89,9 @@ public:
 
     /// The running work has written the design to its file.
     void NoteSaved();
+
+    /// The running work lets unsaved work go, because its user said so.
+    void NoteDiscarded() { noted_.Discarded = true; }
 
     /// For the rest of the session: calls `observer` before a circuit gives way to another one, and before the end.
     void ObserveLeaving(std::function<void()> observer) { leavers_.push_back(std::move(observer)); }

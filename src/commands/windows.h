@@ -7,6 +7,7 @@ class Windows {
 public:
     virtual ~Windows() = default;
 
+    virtual void ShowRecovered() = 0;
     virtual void ShowDrawArea() = 0;
     virtual void ShowColours() = 0;
     virtual void ShowStock() = 0;

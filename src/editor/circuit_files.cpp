@@ -12,6 +12,7 @@ namespace {
 /// Takes the file for the project's own, and its folder for the working directory.
 void Adopt(Project& project, const std::filesystem::path& file) {
     project.EditState.File = std::filesystem::absolute(file).lexically_normal();
+    project.EditState.Name.clear();
     if (const auto parted = PartedPath(TextFromPath(project.EditState.File)))
         project.Preferences.WorkingDirectory = parted->Folder;
 }

@@ -8,6 +8,8 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include <array>
+
 namespace pistaro {
 
 namespace {
@@ -25,6 +27,22 @@ qint64 DecodedBytes(const QImageReader& reader) {
     return 4 * wordsOfLine * size.height();
 }
 
+/// The formats in which floor plans and photographs come. Qt may have readers of many more, among them such that follow
+/// what is written in a picture; a file from anywhere shall meet none of those.
+constexpr std::array<const char*, 4> Formats{"bmp", "gif", "jpeg", "png"};
+
+/// The one of them that the bytes are in, whatever the file's name says. Fault where they are in none.
+const char* FormatOf(QBuffer& bytes, const std::string& name) {
+    for (const char* const format : Formats) {
+        QImageReader reader(&bytes, format);
+        reader.setAutoDetectImageFormat(false);
+        const bool isOne = reader.canRead();
+        bytes.seek(0); // some readers look further than that
+        if (isOne) return format;
+    }
+    throw InvalidPicture(name + ": this is no BMP, GIF, JPEG or PNG picture");
+}
+
 /// Faults before memory is taken that the program would not give.
 void CheckMemory(const QImageReader& reader, const std::string& name) {
     const qint64 bytes = DecodedBytes(reader);
@@ -40,7 +58,9 @@ void CheckMemory(const QImageReader& reader, const std::string& name) {
 QImage DecodeImage(const std::string& bytes, const std::string& name) {
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
-    QImageReader reader(&buffer);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, FormatOf(buffer, name));
+    reader.setAutoDetectImageFormat(false);
     QImageReader::setAllocationLimit(MostMegabytes);
     reader.setAutoTransform(true); // a photograph stands as it was taken
     QImage image = [&] {

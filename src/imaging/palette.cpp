@@ -1,4 +1,5 @@
-// Counting colours, and median cut for those that do not fit.
+// Counting colours, and median cut for those that do not fit. A photograph may have millions of them: those are counted
+// in a table of all colours there are, and cut by the boxes of a coarse grid of them.
 #include "imaging/palette.h"
 
 #include <QHash>
@@ -11,35 +12,45 @@ namespace pistaro {
 
 namespace {
 
-constexpr std::size_t ExactColours = 64; ///< kept as they are when there are too many
+constexpr std::size_t ExactColours = 64;         ///< kept as they are when there are too many
+constexpr qsizetype MostListedColours = 1 << 16; ///< sorted one by one; more are cut by the grid's boxes
 
 struct CountedColour {
     QRgb Colour = 0;
     std::int64_t Count = 0; ///< pixels
 };
 
-/// Calls visit(colour) for each pixel, row by row. What stands in the unused byte does not count.
+/// Calls visit(colour) for each pixel of a row. What stands in the unused byte does not count.
 template <typename Visit>
-void ForEachPixel(const QImage& image, Visit visit) {
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        for (int x = 0; x < image.width(); ++x)
-            visit(row[x] | 0xFF000000);
-    }
+void ForEachPixel(const QImage& image, int y, Visit visit) {
+    const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    for (int x = 0; x < image.width(); ++x)
+        visit(row[x] | 0xFF000000);
 }
 
-/// All colours of the image, the most frequent first.
+template <typename Visit>
+void ForEachPixel(const QImage& image, Visit visit) {
+    for (int y = 0; y < image.height(); ++y)
+        ForEachPixel(image, y, visit);
+}
+
+/// By count, and by colour where the counts are equal: a hash has another order in every run.
+bool IsMoreFrequent(const CountedColour& a, const CountedColour& b) {
+    return a.Count != b.Count ? a.Count > b.Count : a.Colour < b.Colour;
+}
+
+/// All colours of the image, the most frequent first; none where they are more than MostListedColours.
 std::vector<CountedColour> Histogram(const QImage& image) {
     QHash<QRgb, std::int64_t> counts;
-    ForEachPixel(image, [&](QRgb colour) { ++counts[colour]; });
+    for (int y = 0; y < image.height(); ++y) {
+        ForEachPixel(image, y, [&](QRgb colour) { ++counts[colour]; });
+        if (counts.size() > MostListedColours) return {};
+    }
     std::vector<CountedColour> colours;
     colours.reserve(static_cast<std::size_t>(counts.size()));
     for (auto each = counts.constBegin(); each != counts.constEnd(); ++each)
         colours.push_back({each.key(), each.value()});
-    // By colour where the counts are equal: the hash has another order in every run.
-    std::ranges::sort(colours, [](const CountedColour& a, const CountedColour& b) {
-        return a.Count != b.Count ? a.Count > b.Count : a.Colour < b.Colour;
-    });
+    std::ranges::sort(colours, IsMoreFrequent);
     return colours;
 }
 
@@ -111,14 +122,17 @@ std::vector<Box> MedianCut(std::span<CountedColour> colours, std::size_t count) 
     return boxes;
 }
 
-} // namespace
+std::vector<std::uint8_t> IndexedPixels(const QImage& image, const auto& indexOf) {
+    std::vector<std::uint8_t> pixels;
+    pixels.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
+    ForEachPixel(image, [&](QRgb colour) { pixels.push_back(indexOf(colour)); });
+    return pixels;
+}
 
-PaletteImage ToPaletteImage(const QImage& source) {
-    const QImage image = source.convertToFormat(QImage::Format_RGB32);
-    std::vector<CountedColour> colours = Histogram(image);
+/// With a palette for these colours, which are all that the image has.
+PaletteImage WithListedColours(const QImage& image, std::span<CountedColour> colours) {
     const bool fits = colours.size() <= MostPaletteColours;
     const std::size_t exact = fits ? colours.size() : ExactColours;
-
     PaletteImage result;
     QHash<QRgb, std::uint8_t> indices;
     indices.reserve(static_cast<qsizetype>(colours.size()));
@@ -127,17 +141,102 @@ PaletteImage ToPaletteImage(const QImage& source) {
             indices.insert(each.Colour, static_cast<std::uint8_t>(result.Palette.size()));
         result.Palette.push_back(entry);
     };
-    const std::span<CountedColour> all = colours;
     for (std::size_t i = 0; i < exact; ++i)
-        addEntry(all[i].Colour, all.subspan(i, 1));
+        addEntry(colours[i].Colour, colours.subspan(i, 1));
     if (!fits) {
-        for (const Box& box : MedianCut(all.subspan(exact), MostPaletteColours - exact))
+        for (const Box& box : MedianCut(colours.subspan(exact), MostPaletteColours - exact))
             addEntry(box.Mean(), box.Colours());
     }
-
-    result.Pixels.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
-    ForEachPixel(image, [&](QRgb colour) { result.Pixels.push_back(indices.value(colour)); });
+    result.Pixels = IndexedPixels(image, [&](QRgb colour) { return indices.value(colour); });
     return result;
+}
+
+/// A colour's place among all colours, and its box in a grid of 32 steps of each channel.
+std::size_t PlaceOf(QRgb colour) { return colour & 0xFFFFFF; }
+constexpr std::size_t AllColours = 1 << 24;
+std::size_t CellOf(QRgb colour) {
+    constexpr int dropped = 3; // bits of the 8
+    return static_cast<std::size_t>((qRed(colour) >> dropped << 10) | (qGreen(colour) >> dropped << 5) |
+                                    qBlue(colour) >> dropped);
+}
+constexpr std::size_t AllCells = 1 << 15;
+
+/// How often each colour stands in an image, by its place.
+using ColourCounts = std::vector<std::uint32_t>;
+
+/// The most frequent colours, as many as are kept as they are, the most frequent first.
+std::vector<CountedColour> MostFrequent(const ColourCounts& counts) {
+    std::vector<CountedColour> most; // a heap with the least frequent at its top
+    for (std::size_t place = 0; place < AllColours; ++place) {
+        if (counts[place] == 0) continue;
+        const CountedColour colour{static_cast<QRgb>(place) | 0xFF000000, counts[place]};
+        if (most.size() == ExactColours && !IsMoreFrequent(colour, most.front())) continue;
+        most.push_back(colour);
+        std::ranges::push_heap(most, IsMoreFrequent);
+        if (most.size() <= ExactColours) continue;
+        std::ranges::pop_heap(most, IsMoreFrequent);
+        most.pop_back();
+    }
+    std::ranges::sort(most, IsMoreFrequent);
+    return most;
+}
+
+/// The grid's boxes that hold any of these colours, each with their mean.
+std::vector<CountedColour> CellsOf(const ColourCounts& counts) {
+    std::vector<std::array<std::int64_t, 4>> sums(AllCells); // of red, green, blue, and the pixels
+    for (std::size_t place = 0; place < AllColours; ++place) {
+        const auto colour = static_cast<QRgb>(place);
+        const std::int64_t count = counts[place];
+        if (count == 0) continue;
+        auto& [red, green, blue, pixels] = sums[CellOf(colour)];
+        red += count * qRed(colour);
+        green += count * qGreen(colour);
+        blue += count * qBlue(colour);
+        pixels += count;
+    }
+    std::vector<CountedColour> cells;
+    for (const auto& [red, green, blue, pixels] : sums) {
+        if (pixels == 0) continue;
+        const auto mean = [half = pixels / 2, all = pixels](std::int64_t sum) {
+            return static_cast<int>((sum + half) / all);
+        };
+        cells.push_back({qRgb(mean(red), mean(green), mean(blue)), pixels});
+    }
+    return cells;
+}
+
+PaletteImage WithCountlessColours(const QImage& image) {
+    ColourCounts counts(AllColours);
+    ForEachPixel(image, [&](QRgb colour) { ++counts[PlaceOf(colour)]; });
+    const std::vector<CountedColour> exact = MostFrequent(counts);
+    for (const CountedColour& colour : exact)
+        counts[PlaceOf(colour.Colour)] = 0;
+    std::vector<CountedColour> cells = CellsOf(counts);
+
+    PaletteImage result;
+    std::vector<std::uint8_t> ofCell(AllCells);
+    for (const CountedColour& colour : exact)
+        result.Palette.push_back(colour.Colour);
+    for (const Box& box : MedianCut(cells, std::min(MostPaletteColours - exact.size(), cells.size()))) {
+        for (const CountedColour& cell : box.Colours())
+            ofCell[CellOf(cell.Colour)] = static_cast<std::uint8_t>(result.Palette.size());
+        result.Palette.push_back(box.Mean());
+    }
+    std::vector<std::uint8_t> indices(AllColours);
+    for (std::size_t place = 0; place < AllColours; ++place)
+        indices[place] = ofCell[CellOf(static_cast<QRgb>(place))];
+    for (std::size_t i = 0; i < exact.size(); ++i)
+        indices[PlaceOf(exact[i].Colour)] = static_cast<std::uint8_t>(i);
+    result.Pixels = IndexedPixels(image, [&](QRgb colour) { return indices[PlaceOf(colour)]; });
+    return result;
+}
+
+} // namespace
+
+PaletteImage ToPaletteImage(const QImage& source) {
+    const QImage image = source.convertToFormat(QImage::Format_RGB32);
+    std::vector<CountedColour> colours = Histogram(image);
+    return colours.empty() ? WithCountlessColours(image) : WithListedColours(image, colours);
 }
 
 } // namespace pistaro

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace pistaro {
@@ -143,6 +144,19 @@ double CommonArea(const Quadrangle& a, const Quadrangle& b) {
     return AreaOf(common);
 }
 
+/// The area that both cover; where it is more than `enough`, part of it.
+double CommonArea(const Ground& a, const Ground& b, double enough) {
+    double area = 0;
+    if (!a.Box.Meets(b.Box)) return area;
+    ForEachPart(a, [&](const Quadrangle& partOfA) {
+        if (area > enough || !BoxOf(partOfA).Meets(b.Box)) return;
+        ForEachPart(b, [&](const Quadrangle& partOfB) {
+            if (area <= enough) area += CommonArea(partOfA, partOfB);
+        });
+    });
+    return area;
+}
+
 struct CentreLine {
     GroundPoint From, To;
 };
@@ -162,18 +176,14 @@ bool HasEndsOnBothSides(const CentreLine& line, const CentreLine& other) {
 
 } // namespace
 
-double OverlapArea(const Ground& a, const Ground& b) {
-    if (!a.Box.Meets(b.Box)) return 0;
-    double area = 0;
-    ForEachPart(a, [&](const Quadrangle& partOfA) {
-        if (!BoxOf(partOfA).Meets(b.Box)) return;
-        ForEachPart(b, [&](const Quadrangle& partOfB) { area += CommonArea(partOfA, partOfB); });
-    });
-    return area;
+double OverlapArea(const Ground& a, const Ground& b) { return CommonArea(a, b, std::numeric_limits<double>::max()); }
+
+double SharedArea(const Ground& a, const Ground& b) {
+    return a.Box.Meets(b.Box) && !AreApart(a, b) ? OverlapArea(a, b) : 0;
 }
 
 bool Overlaps(const Ground& a, const Ground& b) {
-    return a.Box.Meets(b.Box) && !AreApart(a, b) && OverlapArea(a, b) > NoOverlap;
+    return a.Box.Meets(b.Box) && !AreApart(a, b) && CommonArea(a, b, NoOverlap) > NoOverlap;
 }
 
 bool PassesUnder(const CatalogueEntry& a, const Ground& groundA, const CatalogueEntry& b, const Ground& groundB) {

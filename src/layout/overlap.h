@@ -13,6 +13,9 @@ inline constexpr double NoOverlap = 1;
 /// The area that both cover, cm²; of curves to a few hundredths.
 double OverlapArea(const Ground& a, const Ground& b);
 
+/// The same, but 0 where a few comparisons tell that it is no more than NoOverlap.
+double SharedArea(const Ground& a, const Ground& b);
+
 /// Whether both cover more than NoOverlap. Tells in a fraction of a microsecond that pieces which do not meet do not.
 bool Overlaps(const Ground& a, const Ground& b);
 

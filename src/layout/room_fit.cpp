@@ -118,7 +118,7 @@ RoomFit::RoomFit(const RoomPolygon& room) {
 
 bool RoomFit::Holds(const Ground& ground) const {
     if (std::ranges::any_of(walls_, [&](const Wall& wall) { return RunsThrough(wall, ground); })) return false;
-    return outlines_.empty() || Encloses(MiddleOf(ground)) == isClosed_;
+    return Holds(MiddleOf(ground));
 }
 
 bool RoomFit::Encloses(GroundPoint point) const {

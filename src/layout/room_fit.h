@@ -28,6 +28,8 @@ public:
 
     /// Whether a piece lies inside the room; it may touch walls, and reach into them by a tenth of a millimetre.
     bool Holds(const Ground& ground) const;
+    /// The same of a point, which walls do not keep out.
+    bool Holds(GroundPoint point) const { return outlines_.empty() || Encloses(point) == isClosed_; }
 
     /// The walls, of which none has length 0.
     const std::vector<Wall>& Walls() const { return walls_; }

@@ -30,7 +30,7 @@ std::string NameFromTitle(const std::string& title) {
 }
 
 std::string ProjectName(const EditState& edit) {
-    if (edit.File.empty()) return NewProjectName;
+    if (edit.File.empty()) return edit.Name.empty() ? NewProjectName : edit.Name;
     const std::string path = TextFromPath(edit.File);
     return NameFromTitle({std::find_if(path.rbegin(), path.rend(), IsFolderSeparator).base(), path.end()});
 }

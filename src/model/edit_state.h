@@ -20,6 +20,7 @@ struct EditState {
     bool ShowNumbers = false;                               ///< element numbers are drawn
     bool DataChanged = false;                               ///< the circuit has changes not yet saved
     std::filesystem::path File; ///< that the circuit came from or was saved to; empty for a new one
+    std::string Name;           ///< of recovered work, which has no file but had one, or none
 
     bool ShowsAllTracks() const { return CurrentTrack == AllTracks; }
 
@@ -45,7 +46,7 @@ std::string SelectedCode(const Circuit& circuit, const EditState& edit);
 /// The project's name by its file's title: without the last four characters, whatever they are.
 std::string NameFromTitle(const std::string& title);
 
-/// The name of the project: its file's, or NewProjectName.
+/// The name of the project: its file's, else its own, else NewProjectName.
 std::string ProjectName(const EditState& edit);
 
 /// The main window's caption: the program's and the project's name.

@@ -25,6 +25,7 @@ void NewProject(Project& project) {
     project.EditState.AndAllAfter = false;
     project.EditState.DataChanged = false;
     project.EditState.File.clear();
+    project.EditState.Name.clear();
 }
 
 } // namespace pistaro

@@ -11,6 +11,9 @@ namespace pistaro {
 /// The program's arguments without its own name.
 std::vector<std::string> CommandLineArguments(int argc, char** argv);
 
+/// The number by which the system knows this program while it runs.
+unsigned long ProcessNumber();
+
 /// Lets a verb print on the console that the program was started from, where the system does not do so by itself.
 void UseConsoleOfParent();
 

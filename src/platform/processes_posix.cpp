@@ -94,6 +94,8 @@ bool StandardErrorIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
 
+unsigned long ProcessNumber() { return static_cast<unsigned long>(::getpid()); }
+
 void UseConsoleOfParent() {}
 
 SilentStandardError::SilentStandardError() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {

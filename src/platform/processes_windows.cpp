@@ -102,6 +102,8 @@ std::vector<std::string> CommandLineArguments(int, char**) {
     return arguments;
 }
 
+unsigned long ProcessNumber() { return ::GetCurrentProcessId(); }
+
 void UseConsoleOfParent() {
     // Pipes and files are inherited; only a console has to be asked for.
     const bool noOutput = IsMissing(STD_OUTPUT_HANDLE);

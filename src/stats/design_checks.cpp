@@ -11,8 +11,8 @@ namespace pistaro {
 
 namespace {
 
-Message Warning(const std::string& text, int track) {
-    return {Icon::Exclamation, text + SignedNumberText(track + 1) + " !"};
+DesignWarning Warning(DesignCheck check, const std::string& text, int track) {
+    return {check, track, {Icon::Exclamation, text + SignedNumberText(track + 1) + " !"}};
 }
 
 /// The Ninco changer is never counted.
@@ -71,16 +71,18 @@ bool JoinsSystemsWithoutConverter(const Catalogue& catalogue, const Track& track
     return false;
 }
 
-void CheckTrack(const Catalogue& catalogue, const Circuit& circuit, int track, std::vector<Message>& messages) {
+void CheckTrack(const Catalogue& catalogue, const Circuit& circuit, int track, std::vector<DesignWarning>& warnings) {
+    using enum DesignCheck;
     const Track& pieces = circuit.Tracks[static_cast<std::size_t>(track)];
     if (HasOddChangeOvers(catalogue, Measure(catalogue, {}, circuit, track).Tally)) {
-        messages.push_back(Warning("You have used an uneven number of change-over sections for track", track));
+        warnings.push_back(
+            Warning(ChangeOvers, "You have used an uneven number of change-over sections for track", track));
     }
     for (int strangers = StrangersBetweenChicanes(catalogue, pieces); strangers > 0; --strangers) {
-        messages.push_back(Warning("Check your chicane design for track", track));
+        warnings.push_back(Warning(Chicane, "Check your chicane design for track", track));
     }
     if (JoinsSystemsWithoutConverter(catalogue, pieces)) {
-        messages.push_back(Warning("Check your Ninco track design for track", track));
+        warnings.push_back(Warning(SystemJoins, "Check your Ninco track design for track", track));
     }
 }
 
@@ -102,10 +104,10 @@ std::int16_t RemainingOwned(const Catalogue& catalogue, const Stock& stock, cons
     return Count(stock[catalogue.FindHeadRow(code)].OwnedCount - row->TrackCount);
 }
 
-std::vector<Message> DesignChecks(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit) {
-    std::vector<Message> messages;
+std::vector<DesignWarning> DesignWarnings(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit) {
+    std::vector<DesignWarning> warnings;
     for (int track = 0; track < TrackCount; ++track)
-        CheckTrack(catalogue, circuit, track, messages);
+        CheckTrack(catalogue, circuit, track, warnings);
 
     const StockTally tally = Measure(catalogue, {}, circuit, AllTracks).Tally;
     const auto remaining = [&](int row) {
@@ -116,8 +118,17 @@ std::vector<Message> DesignChecks(const Catalogue& catalogue, const Stock& stock
         const bool helps = std::ranges::any_of(catalogue.VariantRows(), [&](int special) {
             return special != plain && catalogue[special].ShapeIndex == plain && remaining(special) > 0;
         });
-        if (helps) messages.push_back({Icon::Information, "You have not used all your " + catalogue[plain].Specials});
+        if (!helps) continue;
+        const Message told{Icon::Information, "You have not used all your " + catalogue[plain].Specials};
+        warnings.push_back({DesignCheck::UnusedSpecials, AllTracks, told});
     }
+    return warnings;
+}
+
+std::vector<Message> DesignChecks(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit) {
+    std::vector<Message> messages;
+    for (DesignWarning& warning : DesignWarnings(catalogue, stock, circuit))
+        messages.push_back(std::move(warning.Told));
     return messages;
 }
 

@@ -15,8 +15,19 @@ namespace pistaro {
 std::int16_t RemainingOwned(const Catalogue& catalogue, const Stock& stock, const StockTally& circuit,
                             std::string_view code);
 
+enum class DesignCheck { ChangeOvers, Chicane, SystemJoins, UnusedSpecials };
+
+struct DesignWarning {
+    DesignCheck Check;
+    int Track; ///< 0..2, or AllTracks for what concerns the complete circuit
+    Message Told;
+};
+
 /// For each track an odd number of change-overs, each piece that does not belong between two chicanes, and joins of
 /// both systems without a converter; then special pieces that are owned, not used, and could stand for plain ones.
+std::vector<DesignWarning> DesignWarnings(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit);
+
+/// The same as the messages that the statistics show.
 std::vector<Message> DesignChecks(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit);
 
 } // namespace pistaro

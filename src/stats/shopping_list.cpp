@@ -1,5 +1,6 @@
 #include "stats/shopping_list.h"
 
+#include "model/money.h"
 #include "model/working_directory.h"
 #include "platform/files.h"
 #include "text/crlf_lines.h"
@@ -42,6 +43,27 @@ std::string ShoppingListBytes(const Catalogue& catalogue, const Stock& stock, co
     }
     lines << std::string(TotalColumn, ' ') + "-----"
           << LeftAligned("Total", TotalColumn) + NumberText(detail.TotalPrice) + Windows1252FromUtf8(units.Currency);
+    return lines.Take();
+}
+
+std::string ShoppingTableBytes(const Stock& stock, const Units& units, const Detail& detail) {
+    const auto quoted = [](const std::string& text) {
+        std::string field = "\"";
+        for (const char c : text)
+            field += c == '"' ? std::string("\"\"") : std::string(1, c);
+        return field + '"';
+    };
+    CrLfLines lines;
+    lines << "count,code,name,price,sum";
+    Cents total = 0;
+    for (const CountLabel& label : detail.Labels) {
+        if (label.Count <= 0) continue;
+        const Cents price = CentsOf(stock[label.Product->StockIndex].Price);
+        total += price * label.Count;
+        lines << std::to_string(label.Count) + "," + label.Tag + "," + quoted(label.Product->LongName) + "," +
+                     MoneyText(price) + "," + MoneyText(price * label.Count);
+    }
+    lines << ",," + quoted("Total, " + units.Currency) + ",," + MoneyText(total);
     return lines.Take();
 }
 

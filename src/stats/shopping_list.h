@@ -15,6 +15,12 @@ inline constexpr const char* ShoppingListName = "shoppingList.txt";
 /// total.
 std::string ShoppingListBytes(const Catalogue& catalogue, const Stock& stock, const Units& units, const Detail& detail);
 
+inline constexpr const char* ShoppingTableName = "shoppingList.csv";
+
+/// The same pieces for spreadsheets: UTF-8, lines of "count,code,name,price,sum", each product once, sums in whole
+/// cents, the total last.
+std::string ShoppingTableBytes(const Stock& stock, const Units& units, const Detail& detail);
+
 /// Writes the list into the working directory and gives the message that tells so. Faults of writing leave the old
 /// list.
 Message WriteShoppingList(const Catalogue& catalogue, const Stock& stock, const Preferences& preferences,

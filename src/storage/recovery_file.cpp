@@ -122,25 +122,6 @@ void ForEachFile(const std::filesystem::path& folder, std::string_view ending, V
     }
 }
 
-/// What a listing needs of each file but its content.
-std::vector<RecoveredWork> FindFiles(const std::filesystem::path& folder) {
-    std::vector<RecoveredWork> found;
-    ForEachFile(folder, Ending, [&](const std::filesystem::path& file) {
-        const auto name = RecoveryNameIn(TextFromPath(file.filename()));
-        std::error_code gone;
-        const auto written = std::filesystem::last_write_time(file, gone);
-        if (!name || gone) return;
-        const bool lives = LifeSign::Lives(LifeSignOf(folder, name->Owner));
-        const auto time =
-            std::chrono::time_point_cast<std::chrono::system_clock::duration>(std::chrono::file_clock::to_sys(written));
-        found.push_back({file, *name, time, lives, std::nullopt});
-    });
-    std::ranges::sort(found, [](const RecoveredWork& a, const RecoveredWork& b) {
-        return a.Written != b.Written ? a.Written > b.Written : a.File < b.File;
-    });
-    return found;
-}
-
 } // namespace
 
 std::string HandleOf(const RecoveryName& name) {
@@ -181,10 +162,27 @@ int RecoveredWork::Pieces() const {
 }
 
 std::vector<RecoveredWork> FindRecoveredWork(const std::filesystem::path& folder) {
-    std::vector<RecoveredWork> found = FindFiles(folder);
-    for (RecoveredWork& work : found)
-        work.Content = ReadableDesign(work.File);
+    std::vector<RecoveredWork> found;
+    ForEachFile(folder, Ending, [&](const std::filesystem::path& file) {
+        const auto name = RecoveryNameIn(TextFromPath(file.filename()));
+        std::error_code gone;
+        const auto written = std::filesystem::last_write_time(file, gone);
+        if (!name || gone) return;
+        const bool lives = LifeSign::Lives(LifeSignOf(folder, name->Owner));
+        const auto time =
+            std::chrono::time_point_cast<std::chrono::system_clock::duration>(std::chrono::file_clock::to_sys(written));
+        found.push_back({file, *name, time, lives, std::nullopt});
+    });
+    std::ranges::sort(found, [](const RecoveredWork& a, const RecoveredWork& b) {
+        return a.Written != b.Written ? a.Written > b.Written : a.File < b.File;
+    });
     return found;
+}
+
+std::vector<RecoveredWork> WithContent(std::vector<RecoveredWork> works) {
+    for (RecoveredWork& work : works)
+        work.Content = ReadableDesign(work.File);
+    return works;
 }
 
 std::filesystem::path LifeSignOf(const std::filesystem::path& folder, const std::string& owner) {
@@ -194,7 +192,7 @@ std::filesystem::path LifeSignOf(const std::filesystem::path& folder, const std:
 void TidyRecoveredWork(const std::filesystem::path& folder) {
     std::size_t works = 0;
     std::error_code gone;
-    for (const RecoveredWork& work : FindFiles(folder)) {
+    for (const RecoveredWork& work : FindRecoveredWork(folder)) {
         const bool isOfOthers = work.OwnerLives && !work.Name.IsKept;
         if (!isOfOthers && ++works > MostWorks) std::filesystem::remove(work.File, gone);
     }

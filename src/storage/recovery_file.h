@@ -37,14 +37,18 @@ struct RecoveredWork {
     RecoveryName Name;
     std::chrono::system_clock::time_point Written; ///< last
     bool OwnerLives = false;
-    std::optional<Design> Content; ///< nothing where the file is damaged
+    std::optional<Design> Content; ///< nothing before it is read, and where the file is damaged
 
     std::string Handle() const { return HandleOf(Name); }
     int Pieces() const;
 };
 
-/// All work in the folder, the one that was written last first; none where there is no such folder.
+/// All work in the folder, the one that was written last first, without its content; none where there is no such
+/// folder.
 std::vector<RecoveredWork> FindRecoveredWork(const std::filesystem::path& folder);
+
+/// The same with their content.
+std::vector<RecoveredWork> WithContent(std::vector<RecoveredWork> works);
 
 /// The file by which the program with that mark shows that it lives.
 std::filesystem::path LifeSignOf(const std::filesystem::path& folder, const std::string& owner);

@@ -1,10 +1,12 @@
 #include "ui/designer.h"
 
+#include "commands/recovery.h"
 #include "editor/start_up.h"
 #include "platform/places.h"
 #include "platform/processes.h"
 #include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"
+#include "ui/frmRecovered.h"
 #include "ui/message_prompts.h"
 #include "ui/window_settings.h"
 
@@ -18,8 +20,9 @@ namespace pistaro {
 namespace {
 
 /// A log-off asks what Quit asks, where it leaves the time for it.
-void CloseOnLogOff(QApplication& application, frmCorvel& window) {
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&window](QSessionManager& session) {
+void CloseOnLogOff(QApplication& application, frmCorvel& window, Recovery& recovery) {
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&](QSessionManager& session) {
+        recovery.Secure();
         if (session.allowsInteraction() && !window.close()) session.cancel();
     });
 }
@@ -44,6 +47,8 @@ void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Messa
             session.Prompts.Tell(message);
         if (circuit) window.Open(*circuit);
         session.ForgetHistory(); // it is what this start is about
+        if (session.Recovery != nullptr && !session.Recovery->Untold().empty())
+            frmRecovered(session, frmRecovered::Occasion::Start, &window).exec();
     };
     const auto showWindow = [&window, begin] {
         window.show();
@@ -64,11 +69,15 @@ int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const Designe
     MessagePrompts prompts;
     const DesignerStart start = StartDesigner(catalogue, files.SettingsFile);
     Session session(catalogue, prompts, start.Project, start.SettingsPath);
+    const Jobs::Post post = [&](std::function<void()> call) {
+        QMetaObject::invokeMethod(&application, std::move(call), Qt::QueuedConnection);
+    };
+    Recovery recovery(session, RecoveryFolder(), post);
     frmCorvel window(session);
     RestoreWindow(WindowSettingsPath(), window, session);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &window,
                      [&] { KeepWindow(WindowSettingsPath(), window, session); });
-    CloseOnLogOff(application, window);
+    CloseOnLogOff(application, window, recovery);
     CloseOnTermination(window);
     BeginDesigning(window, session, start.Messages, files);
     return QApplication::exec();

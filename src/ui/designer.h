@@ -20,7 +20,7 @@ struct DesignerFiles {
 };
 
 /// Shows the main window, behind the opening window where there is one; when it is shown, tells what the start has to
-/// tell, then opens the circuit that is named.
+/// tell, opens the circuit that is named, and shows unsaved work that a program left behind.
 void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Message>& messages,
                     const DesignerFiles& files);
 

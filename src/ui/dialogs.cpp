@@ -2,6 +2,7 @@
 
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
+#include "ui/frmRecovered.h"
 #include "ui/frmStats.h"
 
 namespace pistaro {
@@ -15,6 +16,8 @@ void BringUp(QWidget& window) {
 }
 
 } // namespace
+
+void Dialogs::ShowRecovered() { frmRecovered(session_, frmRecovered::Occasion::Menu, &window_).exec(); }
 
 void Dialogs::ShowDrawArea() { frmDrawArea(session_, &window_).exec(); }
 

@@ -13,6 +13,7 @@ class Dialogs : public Windows {
 public:
     Dialogs(Session& session, QWidget& window) : session_(session), window_(window) {}
 
+    void ShowRecovered() override;
     void ShowDrawArea() override;
     void ShowColours() override;
     void ShowStatistics() override;

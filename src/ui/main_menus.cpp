@@ -26,6 +26,8 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session&
                   const std::function<void()>& close) {
     QMenu& circuit = AddMenu(window, controls, "&Circuit", {"new", "load", "save"});
     circuit.addSeparator();
+    controls.AddEntry(circuit, "recovered work");
+    circuit.addSeparator();
     controls.AddEntry(circuit, "quit", close);
     AddMenu(window, controls, "&Edit", {"undo", "redo", "select rest"});
     AddMenu(window, controls, "&Track", {"mirror", "invert", "mirror rest", "start here"});

@@ -98,10 +98,10 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
         if (command.From == Door::WindowOnly) windowOnly.insert(command.Id);
     }
 
-    EXPECT_EQ(windowOnly,
-              (std::set<std::string>{"quit", "see remaining", "refresh", "numbers", "background select",
-                                     "background clear", "draw area", "choose colours", "loose track", "statistics",
-                                     "guide", "cancel job", "save picture", "manual", "about", "columns", "surface", "legend"}));
+    EXPECT_EQ(windowOnly, (std::set<std::string>{"quit", "recovered work", "see remaining", "refresh", "numbers",
+                                                 "background select", "background clear", "draw area", "choose colours",
+                                                 "loose track", "statistics", "guide", "cancel job", "save picture",
+                                                 "manual", "about", "columns", "surface", "legend"}));
 }
 
 TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {

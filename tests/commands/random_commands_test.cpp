@@ -54,6 +54,7 @@ private:
 /// Windows that nobody sees.
 class NoWindows : public Windows {
 public:
+    void ShowRecovered() override {}
     void ShowDrawArea() override {}
     void ShowColours() override {}
     void ShowStock() override {}
@@ -205,7 +206,8 @@ private:
                                .Preferences = before.Preferences != after.Preferences};
         ASSERT_EQ(heard_.size(), 1U) << last_;
         Changes compared = heard_[0];
-        compared.Saved = compared.OtherCircuit = compared.Looks = false; // not to be seen from the project
+        compared.Saved = compared.OtherCircuit = compared.Discarded = compared.Looks =
+            false; // not to be seen from the project
         ASSERT_TRUE(compared == expected) << last_;
     }
 

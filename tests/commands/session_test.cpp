@@ -28,6 +28,7 @@ class NamedWindows : public Windows {
 public:
     std::string Opened;
 
+    void ShowRecovered() override { Opened += "recovered "; }
     void ShowDrawArea() override { Opened += "draw area "; }
     void ShowColours() override { Opened += "colours "; }
     void ShowStock() override { Opened += "stock "; }

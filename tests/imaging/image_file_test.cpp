@@ -10,8 +10,11 @@
 
 #include <QColor>
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cstring>
+#include <ctime>
 #include <random>
 
 namespace pistaro {
@@ -100,6 +103,16 @@ TEST(ImageFile, RefusesBytesThatAreNoPictureAndNamesTheFile) {
     }
 }
 
+TEST(ImageFile, ReadsNoOtherFormatsThoughQtCould) {
+    const std::string ppm = "P6 1 1 255 abc";
+    const std::string xbm = "#define x_width 8\n#define x_height 1\nstatic char x_bits[] = {0x55};\n";
+    const std::string svg = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>";
+    for (const std::string& bytes : {ppm, xbm, svg}) {
+        const std::string fault = FaultOf([&] { DecodeImage(bytes, "plan.png"); });
+        EXPECT_TRUE(fault.starts_with("Invalid picture: plan.png: ")) << fault;
+    }
+}
+
 /// A white JPEG in colour: its three components take 4 bytes a pixel when it is decoded.
 std::string WhiteJpeg(int width, int height) {
     QImage image(width, height, QImage::Format_Indexed8);
@@ -183,6 +196,54 @@ TEST(GifFile, OfMoreThan256ColoursKeepsThemNear) {
 
     EXPECT_EQ(DecodedByGiflib(bytes), Decoded(bytes));
     EXPECT_LE(FarthestPixel(Decoded(bytes), image), 40);
+}
+
+/// Every pixel of another colour, or nearly so: what a photograph's sensor sees in the dark.
+QImage Noise(int side) {
+    std::mt19937 random(7);
+    QImage image(side, side, QImage::Format_RGB32);
+    for (int y = 0; y < side; ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < side; ++x)
+            row[x] = static_cast<QRgb>(random()) | 0xFF000000;
+    }
+    return image;
+}
+
+TEST(GifFile, OfNoiseTakesAsLongAsItsPixelsNotAsItsColours) {
+    const QImage noise = Noise(2000);
+    const std::clock_t before = std::clock();
+
+    EncodeGif(noise);
+
+    EXPECT_LE(std::clock() - before, 3 * CLOCKS_PER_SEC);
+}
+
+TEST(GifFile, OfCountlessColoursKeepsTheFrequentOnesExactlyAndTheOthersNear) {
+    QImage image = Noise(400);
+    QPainter(&image).fillRect(0, 0, 400, 5, QColor(1, 2, 3));
+    QPainter(&image).fillRect(0, 5, 400, 4, QColor(1, 2, 4));
+
+    const std::string bytes = EncodeGif(image);
+
+    const QImage decoded = Decoded(bytes);
+    EXPECT_EQ(DecodedByGiflib(bytes), decoded);
+    EXPECT_EQ(decoded.pixel(0, 0), qRgb(1, 2, 3));
+    EXPECT_EQ(decoded.pixel(399, 8), qRgb(1, 2, 4));
+    EXPECT_LE(FarthestPixel(decoded, image), 60) << "192 boxes part a channel into five or six";
+}
+
+TEST(GifFile, OfCountlessColoursInAFewBoxesOfTheGridIsAPicture) {
+    QImage image(300, 300, QImage::Format_RGB32); // 67,500 colours of one red in 64 x 64 x ... boxes
+    for (int y = 0; y < 300; ++y) {
+        for (int x = 0; x < 300; ++x)
+            image.setPixel(x, y, qRgb((x + y) % 2, std::min(x, 255), std::min(y, 255)));
+    }
+
+    const std::string bytes = EncodeGif(image);
+
+    EXPECT_EQ(DecodedByGiflib(bytes), Decoded(bytes));
+    EXPECT_LE(FarthestPixel(Decoded(bytes), image), 24);
 }
 
 TEST(GifFile, RefusesAnImageThatNoGifCanHold) {

@@ -89,7 +89,7 @@ TEST_F(RecoveryFiles, TellWhatIsInThemUnlessTheyAreDamaged) {
     Leave(Oval(1), 1, CircuitText("C160 C151L C151L"));
     Leave(Oval(2), 2, "[Settings]\r\n0\r\n");
 
-    const auto works = FindRecoveredWork(folder_.Path());
+    const auto works = WithContent(FindRecoveredWork(folder_.Path()));
 
     ASSERT_EQ(works.size(), 2U);
     EXPECT_EQ(works[0].Pieces(), 3);

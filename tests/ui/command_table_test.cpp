@@ -1,6 +1,7 @@
 // The command table and the window's controls, each found in the other.
 #include "ui/window_fixture.h"
 
+#include "commands/recovery.h"
 #include "support/fake_viewer.h"
 #include "support/press.h"
 #include "support/temporary_folder.h"
@@ -51,6 +52,7 @@ class NoWindows : public Windows {
 public:
     std::string Asked;
 
+    void ShowRecovered() override { Asked += "recovered "; }
     void ShowDrawArea() override { Asked += "draw area "; }
     void ShowColours() override { Asked += "colours "; }
     void ShowStock() override { Asked += "stock "; }
@@ -76,11 +78,20 @@ protected:
         while (command.Id.starts_with("replace") && !WhyNot(project, command.Id).empty())
             ++project.EditState.CurrentElement[0];
         project.Preferences.WorkingDirectory = (Folder / "").string();
+        Kept.reset();
         Open(project);
         Opened = Project;
+        Kept = KeepsWork(*Session, command);
+        Session->Do([] {}); // the window hears of it
         MakeHistory(*Session, command);
         if (command.Id == "background clear") Session->Do([&] { Session->Background = Floor(); });
         if (command.Id == "cancel job") Session->Do([&] { Session->StartJob(WaitToBeStopped); });
+    }
+
+    /// What recovered work is looked at in.
+    std::unique_ptr<Recovery> KeepsWork(pistaro::Session& session, const Command& command) const {
+        if (command.Id != "recovered work") return nullptr;
+        return std::make_unique<Recovery>(session, Folder / "recovery", [](const std::function<void()>&) {});
     }
 
     /// Gives undo and redo what they are for.
@@ -120,6 +131,7 @@ protected:
         OpenSuitedTo(command);
         ScriptedPrompts user;
         pistaro::Session session(Pieces(), user, Opened, "");
+        const auto kept = KeepsWork(session, command);
         MakeHistory(session, command);
         session.Background = Session->Background;
         const bool showsPage = command.Id == "guide" || command.Id == "manual";
@@ -133,7 +145,8 @@ protected:
 
     const CommandTable Table{Pieces()};
     TemporaryFolder Folder;
-    pistaro::Project Opened; ///< as the window was opened on it
+    std::unique_ptr<Recovery> Kept; ///< goes before the session does
+    pistaro::Project Opened;        ///< as the window was opened on it
 
 private:
     /// Only a manual stands in the working directory.

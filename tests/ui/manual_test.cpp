@@ -67,8 +67,8 @@ std::string Shown(const QKeySequence& key) {
 }
 
 TEST_F(Manual, ShowsItsPicturesAndEachOfThemIsThere) {
-    // Eight samples, 28 pieces, three steps of the first circuit; the window, its pieces and five dialogs.
-    EXPECT_EQ(ValuesOf("src", Page).size(), 46U);
+    // Eight samples, 28 pieces, three steps of the first circuit; the window, its pieces and six dialogs.
+    EXPECT_EQ(ValuesOf("src", Page).size(), 47U);
     EXPECT_THAT(MissingPictures(Page), IsEmpty());
 }
 

@@ -1,0 +1,43 @@
+// The fewest changes that make both lanes of a track equally long.
+#pragma once
+
+#include "checks/finding.h"
+#include "model/project.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+/// Lanes that differ by no more are balanced, cm.
+inline constexpr double BalancedWithin = 1;
+
+/// Other pieces in place of as many that lie side by side.
+struct BalanceStep {
+    int First = 0; ///< the first element that is changed
+    std::vector<std::string> Codes;
+    std::string Text;                ///< what is done
+    std::array<double, 2> Lengths{}; ///< of the lanes as built after this step and those before it, cm
+    bool Joined = false;             ///< then each lane leads into the other
+};
+
+struct Balance {
+    double Before = 0;              ///< by how much the lanes differ, cm
+    bool IsBalanced = false;        ///< the track needs no change
+    std::vector<BalanceStep> Steps; ///< none when it needs none, or when no few changes help
+};
+
+/// Looks for at most three steps: a change-over in place of a plain straight of its length, a run of curves turned
+/// round that ends where it ended, two bends that lie opposite ways exchanged. The track stays closed as it was, and no
+/// error is found in the circuit that was none before. The fewest steps, of these the ones after which the lanes differ
+/// least.
+Balance BalanceLanes(const Catalogue& catalogue, const Design& design, int track);
+
+/// What it proposes as a sentence, with a line for each step and its effect.
+std::string BalanceText(const Balance& balance, const Units& units);
+
+/// The track with all steps done.
+Track Balanced(const Track& track, const std::vector<BalanceStep>& steps);
+
+} // namespace pistaro

@@ -1,0 +1,43 @@
+#include "checks/check.h"
+
+#include "checks/rules.h"
+
+#include <algorithm>
+#include <iterator>
+#include <tuple>
+
+namespace pistaro {
+
+std::string_view NameOf(Severity severity) {
+    switch (severity) {
+    case Severity::Error:
+        return "error";
+    case Severity::Warning:
+        return "warning";
+    case Severity::Advice:
+        break;
+    }
+    return "advice";
+}
+
+std::vector<Finding> CheckDesign(const Catalogue& catalogue, const Design& design, const Stock& stock,
+                                 const Units& units) {
+    const CheckedCircuit circuit(catalogue, design, stock, units);
+    std::vector<Finding> findings;
+    for (const Rule& rule : Rules()) {
+        for (Finding& finding : rule.Find(circuit)) {
+            finding.Rule = rule.Id;
+            findings.push_back(std::move(finding));
+        }
+    }
+    std::ranges::stable_sort(findings, [](const Finding& a, const Finding& b) {
+        return std::tie(a.Weight, a.Track, a.Pieces.front()) < std::tie(b.Weight, b.Track, b.Pieces.front());
+    });
+    return findings;
+}
+
+bool HasErrors(const std::vector<Finding>& findings) {
+    return std::ranges::any_of(findings, [](const Finding& finding) { return finding.Weight == Severity::Error; });
+}
+
+} // namespace pistaro

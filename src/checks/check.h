@@ -1,0 +1,16 @@
+// All checks of a design at once.
+#pragma once
+
+#include "checks/finding.h"
+#include "model/project.h"
+
+namespace pistaro {
+
+/// What all rules find: errors first, then warnings and advices, each by track and place. The stock tells what is owned
+/// and what a piece costs, the units in which lengths and money are told.
+std::vector<Finding> CheckDesign(const Catalogue& catalogue, const Design& design, const Stock& stock,
+                                 const Units& units);
+
+bool HasErrors(const std::vector<Finding>& findings);
+
+} // namespace pistaro

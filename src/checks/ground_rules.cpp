@@ -1,0 +1,251 @@
+// Where pieces lie in a heap, a few of the findings are enough: each rule stops after so many, so that its cost stays
+// that of a design which could be built.
+#include "checks/ground_rules.h"
+
+#include "layout/clearance.h"
+#include "layout/overlap.h"
+#include "model/length_text.h"
+#include "text/fixed_text.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+
+namespace pistaro {
+
+namespace {
+
+constexpr std::size_t MostFindings = 100;
+constexpr int MostOfAPiece = 8;
+
+std::string AreaText(double area, const Units& units) {
+    const double factor = units.UnitFactor();
+    return FixedText(area / (factor * factor), units.Inches ? 1 : 0) + " " + units.Name() + "²";
+}
+
+/// "C160 (3)", or "C160 (3) to C151L (5)" for several
+std::string RunText(const CheckedCircuit& circuit, int track, const std::vector<int>& run) {
+    const std::string first = circuit.NameOf({track, run.front()});
+    return run.size() == 1 ? first : first + " to " + circuit.NameOf({track, run.back()});
+}
+
+const CheckedTrack& TrackOf(const CheckedCircuit& circuit, std::size_t ground) {
+    return circuit.Tracks[static_cast<std::size_t>(circuit.PlaceOf[ground].Track)];
+}
+
+/// Whether one of two grounds, the second of which comes later, follows the other on its track.
+bool AreNeighbours(const CheckedCircuit& circuit, std::size_t first, std::size_t second) {
+    const CheckedTrack& track = TrackOf(circuit, first);
+    if (&TrackOf(circuit, second) != &track) return false;
+    const bool closes = first == track.FirstGround && second == track.FirstGround + track.Pieces.size() - 1;
+    return second == first + 1 || (closes && track.IsRound());
+}
+
+struct Overlap {
+    std::size_t First, Second; ///< grounds
+    double Area;               ///< cm²
+};
+
+std::vector<Overlap> OverlapsOf(const CheckedCircuit& circuit) {
+    const std::vector<Ground>& grounds = circuit.Grounds.Grounds();
+    std::vector<Overlap> overlaps;
+    for (std::size_t first = 0; first < grounds.size() && overlaps.size() < MostFindings; ++first) {
+        int found = 0;
+        circuit.Grounds.ForEachMeeting(grounds[first].Box, [&](int other, const Ground& ground) {
+            const auto second = static_cast<std::size_t>(other);
+            if (second <= first || AreNeighbours(circuit, first, second)) return true;
+            const double area = SharedArea(grounds[first], ground);
+            if (area <= NoOverlap) return true;
+            overlaps.push_back({first, second, area});
+            return ++found < MostOfAPiece && overlaps.size() < MostFindings;
+        });
+    }
+    return overlaps;
+}
+
+/// Takes out what may be: the straight that lies deepest under each bridge.
+void AllowBridges(const CheckedCircuit& circuit, std::vector<Overlap>& overlaps) {
+    const std::vector<Ground>& grounds = circuit.Grounds.Grounds();
+    std::map<std::size_t, std::pair<double, std::size_t>> under; // by bridge: the area, and which overlap it is
+    for (std::size_t i = 0; i < overlaps.size(); ++i) {
+        const auto [first, second, area] = overlaps[i];
+        const CatalogueEntry& a = circuit.PieceOf(first);
+        const CatalogueEntry& b = circuit.PieceOf(second);
+        if (!PassesUnder(a, grounds[first], b, grounds[second])) continue;
+        auto& deepest = under[a.IsBridge() ? first : second];
+        if (area > deepest.first) deepest = {area, i};
+    }
+    std::vector<std::size_t> allowed;
+    for (const auto& [bridge, deepest] : under)
+        allowed.push_back(deepest.second);
+    std::ranges::sort(allowed, std::greater());
+    for (const std::size_t i : allowed)
+        overlaps.erase(overlaps.begin() + static_cast<std::ptrdiff_t>(i));
+}
+
+Finding FindingOf(const CheckedCircuit& circuit, const Overlap& overlap) {
+    const PieceAt first = circuit.PlaceOf[overlap.First];
+    const PieceAt second = circuit.PlaceOf[overlap.Second];
+    const bool sameTrack = first.Track == second.Track;
+    Finding finding{"",
+                    Severity::Error,
+                    first.Track,
+                    {first.Element},
+                    circuit.NameOf(first) + " and " + circuit.NameOf(second) +
+                        (sameTrack ? "" : " of track " + std::to_string(second.Track + 1)) + " overlap by " +
+                        AreaText(overlap.Area, circuit.Shown) + "."};
+    if (sameTrack)
+        finding.Pieces.push_back(second.Element);
+    else
+        finding.Other = second;
+    return finding;
+}
+
+/// How far a piece that the room does not hold reaches out of it, as its corners tell; 0 where only a wall runs
+/// through.
+double ReachOutside(const RoomFit& room, const Ground& ground) {
+    double farthest = 0;
+    for (const GroundPoint corner : ground.Corners) {
+        if (room.Holds(corner)) continue;
+        double nearest = std::numeric_limits<double>::max();
+        for (const Wall& wall : room.Walls())
+            nearest = std::min(nearest, DistanceFrom(corner, wall));
+        farthest = std::max(farthest, nearest);
+    }
+    return farthest;
+}
+
+/// A figure of an element.
+struct Measured {
+    int Element;
+    double Figure;
+};
+
+/// Elements beside each other are told of together, with the least or greatest of their figures.
+template <typename Choose, typename Tell>
+void TellRuns(const std::vector<Measured>& measured, Choose choose, Tell tell) {
+    std::vector<int> run;
+    double figure = 0;
+    for (std::size_t i = 0; i < measured.size(); ++i) {
+        figure = run.empty() ? measured[i].Figure : choose(figure, measured[i].Figure);
+        run.push_back(measured[i].Element);
+        if (i + 1 < measured.size() && measured[i + 1].Element == measured[i].Element + 1) continue;
+        tell(run, figure);
+        run.clear();
+    }
+}
+
+/// Calls measure(ground) for each piece of a track; those for which it gives a figure.
+template <typename Measure>
+std::vector<Measured> MeasuredPieces(const CheckedTrack& track, Measure measure) {
+    std::vector<Measured> measured;
+    for (std::size_t i = 0; i < track.Pieces.size(); ++i) {
+        if (const std::optional<double> figure = measure(track.FirstGround + i))
+            measured.push_back({track.Pieces[i].Element, *figure});
+    }
+    return measured;
+}
+
+/// The nearest piece of another track into which a car may slide.
+struct Slide {
+    double Distance;
+    std::size_t Ground;
+};
+
+std::optional<Slide> NearestSlide(const CheckedCircuit& circuit, std::size_t curve) {
+    constexpr double room = 10; // cm
+    const std::vector<Ground>& grounds = circuit.Grounds.Grounds();
+    std::optional<Slide> nearest;
+    int found = 0;
+    circuit.Grounds.ForEachMeeting(grounds[curve].Box.Grown(room), [&](int other, const Ground& ground) {
+        const auto at = static_cast<std::size_t>(other);
+        if (circuit.PlaceOf[at].Track == circuit.PlaceOf[curve].Track) return true;
+        const std::optional<double> distance =
+            SlideClearance(grounds[curve], ground, nearest ? nearest->Distance : room);
+        if (!distance) return true;
+        nearest = Slide{*distance, at};
+        return ++found < MostOfAPiece;
+    });
+    return nearest;
+}
+
+} // namespace
+
+std::vector<Finding> FindOverlaps(const CheckedCircuit& circuit) {
+    std::vector<Overlap> overlaps = OverlapsOf(circuit);
+    AllowBridges(circuit, overlaps);
+    std::vector<Finding> findings;
+    for (const Overlap& overlap : overlaps)
+        findings.push_back(FindingOf(circuit, overlap));
+    return findings;
+}
+
+std::vector<Finding> FindPiecesOutside(const CheckedCircuit& circuit) {
+    std::vector<Finding> findings;
+    for (const CheckedTrack& track : circuit.Tracks) {
+        const auto outside = MeasuredPieces(track, [&](std::size_t ground) -> std::optional<double> {
+            const Ground& piece = circuit.Grounds.Grounds()[ground];
+            if (circuit.Room.Holds(piece)) return std::nullopt;
+            return ReachOutside(circuit.Room, piece);
+        });
+        const auto greater = [](double a, double b) { return std::max(a, b); };
+        TellRuns(outside, greater, [&](const std::vector<int>& run, double reach) {
+            const std::string verb = run.size() == 1 ? " leaves the room" : " leave the room";
+            findings.push_back(
+                {"", Severity::Error, track.Index, run,
+                 RunText(circuit, track.Index, run) + verb +
+                     (reach > 0 ? " by " + LengthText(reach, circuit.Shown) + "." : ": a wall runs through.")});
+        });
+    }
+    return findings;
+}
+
+std::vector<Finding> FindPiecesNearWalls(const CheckedCircuit& circuit) {
+    constexpr double room = 5; // cm
+    std::vector<Finding> findings;
+    for (const CheckedTrack& track : circuit.Tracks) {
+        const auto near = MeasuredPieces(track, [&](std::size_t ground) {
+            const Ground& piece = circuit.Grounds.Grounds()[ground];
+            std::optional<double> nearest;
+            for (const Wall& wall : circuit.Room.Walls()) {
+                if (const auto distance = WallClearance(piece, wall, nearest.value_or(room))) nearest = distance;
+            }
+            return nearest && circuit.Room.Holds(piece) ? nearest : std::nullopt;
+        });
+        const auto less = [](double a, double b) { return std::min(a, b); };
+        TellRuns(near, less, [&](const std::vector<int>& run, double distance) {
+            findings.push_back({"", Severity::Advice, track.Index, run,
+                                RunText(circuit, track.Index, run) + " within " + LengthText(room, circuit.Shown) +
+                                    " of a wall: " + LengthText(distance, circuit.Shown) + "."});
+        });
+    }
+    return findings;
+}
+
+std::vector<Finding> FindSlidesIntoTracks(const CheckedCircuit& circuit) {
+    std::vector<Finding> findings;
+    std::size_t curves = 0;
+    for (const CheckedTrack& track : circuit.Tracks) {
+        std::map<int, std::size_t> meets; // by element: the piece that is met
+        const auto near = MeasuredPieces(track, [&](std::size_t ground) -> std::optional<double> {
+            if (!circuit.Grounds.Grounds()[ground].IsCurved || curves == MostFindings) return std::nullopt;
+            const std::optional<Slide> slide = NearestSlide(circuit, ground);
+            if (!slide) return std::nullopt;
+            ++curves;
+            meets[circuit.PlaceOf[ground].Element] = slide->Ground;
+            return slide->Distance;
+        });
+        const auto less = [](double a, double b) { return std::min(a, b); };
+        TellRuns(near, less, [&](const std::vector<int>& run, double distance) {
+            const PieceAt other = circuit.PlaceOf[meets.at(run.front())];
+            findings.push_back({"", Severity::Advice, track.Index, run,
+                                RunText(circuit, track.Index, run) + ": a car that slides out meets track " +
+                                    std::to_string(other.Track + 1) + " after " + LengthText(distance, circuit.Shown) +
+                                    ".",
+                                other});
+        });
+    }
+    return findings;
+}
+
+} // namespace pistaro

@@ -1,0 +1,50 @@
+#include "cli/close.h"
+
+#include "cli/foreground.h"
+#include "cli/json.h"
+#include "cli/start.h"
+
+namespace pistaro {
+
+namespace {
+
+Json EditJson(const TrackEdit& edit) { return {{"at", edit.At}, {"remove", edit.Remove}, {"insert", edit.Insert}}; }
+
+/// What is laid behind the track is told by its pieces; what changes the track itself by those of the whole, and the
+/// edit.
+Json SuggestionJson(const Suggestion& suggestion, const Track& track) {
+    const bool isBehind = suggestion.Edit.At > track.ElementLastIndex();
+    Track changed = track;
+    Apply(suggestion.Edit, changed);
+    Json json{{"pieces", isBehind ? suggestion.Edit.Insert : changed.ElementCodes},
+              {"count", suggestion.Count()},
+              {"price", Number(suggestion.Price)},
+              {"gap", {{"distance", Number(suggestion.Gap.Distance)}, {"angle", Number(suggestion.Gap.Angle)}}},
+              {"owned", suggestion.IsOwned},
+              {"overlaps", suggestion.Overlaps},
+              {"outside", suggestion.IsOutside},
+              {"shortest", suggestion.IsShortest}};
+    if (!isBehind) json["edits"] = Json::array({EditJson(suggestion.Edit)});
+    return json;
+}
+
+} // namespace
+
+void CloseVerb(const VerbContext& context, const std::filesystem::path& circuit, int track,
+               const ClosingOptions& options) {
+    const Project project = StartWithCircuit(context, circuit);
+    const ClosingTables tables(context.Pieces);
+    const Interruptions interruptions;
+    const Closings closings = InForeground(interruptions, context.Errors, "close", [&](const JobWatch& watch) {
+        return CloseTrack(tables, context.Pieces, project.Design, project.Stock, track, options, watch);
+    });
+    for (const Suggestion& suggestion : closings.Suggestions)
+        context.Output << Line(SuggestionJson(suggestion,
+                                              project.Design.Circuit.Tracks[static_cast<std::size_t>(track)]))
+                       << '\n';
+    if (closings.Suggestions.empty()) {
+        context.Errors << "pistaro: track " << track + 1 << ": " << closings.WhyNone << '\n';
+    }
+}
+
+} // namespace pistaro

@@ -1,0 +1,48 @@
+// Writes beside whoever changes what is written: often enough that little is lost, and never more often.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace pistaro {
+
+class LateWriter {
+public:
+    using Write = std::function<void()>; ///< must not throw
+
+    /// Each write is done at most `delay` after the first that it stands for.
+    explicit LateWriter(std::chrono::milliseconds delay) : delay_(delay) {}
+
+    /// Does not do what still waits.
+    ~LateWriter() = default;
+    LateWriter(const LateWriter&) = delete;
+    LateWriter& operator=(const LateWriter&) = delete;
+
+    /// Has `write` done on another thread. It takes the place of one that waits, but not a later time: under changes
+    /// without end there are writes all the same.
+    void Later(Write write);
+
+    /// Does here what waits, and returns when nothing is being written any more.
+    void Now();
+
+    /// The same, but drops what waits.
+    void Forget();
+
+private:
+    void Run(const std::stop_token& stop);
+    /// What waits, when no other write is being done.
+    Write Take(std::unique_lock<std::mutex>& lock);
+
+    const std::chrono::milliseconds delay_;
+    std::mutex mutex_;
+    std::condition_variable_any changed_;
+    Write waiting_;
+    std::chrono::steady_clock::time_point due_;
+    bool writes_ = false;
+    std::jthread thread_; ///< the last member: it uses the others
+};
+
+} // namespace pistaro

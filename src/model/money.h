@@ -1,0 +1,17 @@
+// Money in whole cents, so that sums are right to the cent whatever their order.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace pistaro {
+
+using Cents = std::int64_t;
+
+/// A price rounded to the cent. What is beyond a million millions counts as that much.
+Cents CentsOf(double price);
+
+/// "12.50"
+std::string MoneyText(Cents cents);
+
+} // namespace pistaro

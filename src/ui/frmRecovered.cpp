@@ -1,0 +1,114 @@
+#include "ui/frmRecovered.h"
+
+#include "commands/recovery_commands.h"
+#include "ui/named_controls.h"
+#include "ui/work_picture.h"
+
+#include <QDateTime>
+#include <QLabel>
+#include <QLocale>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int PictureSide = 128;
+
+QString Description(const RecoveredWork& work) {
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(work.Written.time_since_epoch()).count();
+    const QString time = QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat);
+    const QString pieces = !work.Content        ? QString("damaged, cannot be opened")
+                           : work.Pieces() == 1 ? QString("1 piece")
+                                                : QString("%1 pieces").arg(work.Pieces());
+    return QString("%1\n%2\n%3").arg(Shown(work.Name.Design), pieces, time);
+}
+
+} // namespace
+
+frmRecovered::frmRecovered(Session& session, Occasion occasion, QWidget* parent)
+    : QDialog(parent), session_(session), occasion_(occasion), lstWorks_(Named(new QListWidget, "lstWorks")),
+      cmdOpen_(NewButton("cmdOpen", "&Open")), cmdCopy_(NewButton("cmdCopy", "&Copy…")),
+      cmdDelete_(NewButton("cmdDelete", "&Delete")) {
+    setObjectName("frmRecovered");
+    setWindowTitle("Recovered Work");
+    auto* const explanation = Named(new QLabel, "lblExplain");
+    explanation->setText(
+        occasion == Occasion::Start
+            ? "Pistaro ended before this work was saved. Open it to go on with it, or keep it for later:\n"
+              "it stays under Circuit, Recovered Work."
+            : "Work that was not saved, or was let go of: the last twenty, the newest first.");
+    lstWorks_->setIconSize(QSize(PictureSide, PictureSide));
+    lstWorks_->setSpacing(4);
+    lstWorks_->setAccessibleName("Recovered work");
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(explanation);
+    layout->addWidget(lstWorks_);
+    layout->addLayout(Buttons());
+    connect(lstWorks_, &QListWidget::itemDoubleClicked, this, [this] { OpenChosen(); });
+    connect(lstWorks_, &QListWidget::currentRowChanged, this, [this](int row) { Enable(row); });
+    Fill();
+    resize(480, 460);
+}
+
+frmRecovered::~frmRecovered() {
+    if (occasion_ == Occasion::Start && session_.Recovery != nullptr) session_.Recovery->Keep(works_);
+}
+
+QLayout* frmRecovered::Buttons() {
+    QPushButton* const cmdOK = NewButton("cmdOK", occasion_ == Occasion::Start ? "&Keep All" : "Close");
+    cmdOpen_->setToolTip("Go on with this work");
+    cmdCopy_->setToolTip("Write this work to a circuit file");
+    cmdDelete_->setToolTip("Remove this work for good");
+    cmdOK->setToolTip(occasion_ == Occasion::Start ? "Open none, and keep them under Circuit, Recovered Work" : "");
+    cmdOpen_->setDefault(true);
+    connect(cmdOpen_, &QPushButton::clicked, this, [this] { OpenChosen(); });
+    connect(cmdCopy_, &QPushButton::clicked, this,
+            [this] { Do([this](const RecoveredWork& work) { CopyRecovered(session_, work); }); });
+    connect(cmdDelete_, &QPushButton::clicked, this,
+            [this] { Do([this](const RecoveredWork& work) { DeleteRecovered(session_, work); }); });
+    connect(cmdOK, &QPushButton::clicked, this, &QDialog::reject);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(cmdDelete_);
+    row->addStretch();
+    for (QPushButton* const button : {cmdCopy_, cmdOpen_, cmdOK})
+        row->addWidget(button);
+    return row;
+}
+
+void frmRecovered::Fill() {
+    const int before = lstWorks_->currentRow();
+    works_ = occasion_ == Occasion::Start ? session_.Recovery->Untold() : session_.Recovery->Works();
+    lstWorks_->clear();
+    for (const RecoveredWork& work : works_) {
+        auto* const item = new QListWidgetItem(Description(work), lstWorks_);
+        if (!work.Content) continue;
+        item->setIcon(QIcon(QPixmap::fromImage(WorkPicture(
+            session_.Catalogue, *work.Content, session_.Project.Preferences, PictureSide, devicePixelRatioF()))));
+    }
+    lstWorks_->setCurrentRow(std::clamp(before, 0, std::max(0, lstWorks_->count() - 1)));
+    Enable(lstWorks_->currentRow());
+}
+
+void frmRecovered::Enable(int row) {
+    cmdOpen_->setEnabled(row >= 0 && works_[static_cast<std::size_t>(row)].Content);
+    cmdCopy_->setEnabled(row >= 0);
+    cmdDelete_->setEnabled(row >= 0);
+}
+
+void frmRecovered::Do(const std::function<void(const RecoveredWork&)>& work) {
+    const RecoveredWork chosen = works_[static_cast<std::size_t>(lstWorks_->currentRow())];
+    session_.Do([&] { work(chosen); });
+    Fill();
+}
+
+void frmRecovered::OpenChosen() {
+    if (!cmdOpen_->isEnabled()) return;
+    bool opened = false;
+    Do([&](const RecoveredWork& work) { opened = OpenRecovered(session_, work); });
+    if (opened) accept();
+}
+
+} // namespace pistaro
