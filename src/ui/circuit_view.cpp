@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
@@ -13,6 +15,10 @@ constexpr int RestTime = 60; ///< milliseconds without a move after which a larg
 
 /// More pieces than can be drawn anew for every step of a moving view.
 constexpr std::size_t ManyPieces = 150;
+
+bool IsEmpty(const Circuit& circuit) {
+    return std::ranges::all_of(circuit.Tracks, [](const Track& track) { return track.ElementCodes.empty(); });
+}
 
 bool IsLarge(const Circuit& circuit) {
     std::size_t pieces = 0;
@@ -80,7 +86,21 @@ void CircuitView::paintEvent(QPaintEvent*) {
     }
     for (const auto& [owner, overlay] : overlays_)
         PaintOverlay(overlay, session_.Catalogue, View(), Frame(), painter);
+    if (IsEmpty(session_.Project.Design.Circuit)) PaintInvitation(painter);
     if (session_.Looks.Legend) PaintLegend(painter, session_.Project.Preferences.Colours, Look());
+}
+
+void CircuitView::PaintInvitation(QPainter& painter) {
+    const Colour ground = session_.Project.Preferences.Colours.Background;
+    QColor ink = ToQColor(TextColourOn(ground));
+    ink.setAlpha(170);
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    painter.setFont(large);
+    painter.setPen(ink);
+    painter.drawText(rect().adjusted(24, 24, -24, -height() / 2), Qt::AlignCenter | Qt::TextWordWrap,
+                     "Press a piece at the left to begin, or drag one here.");
+    painter.setFont(font());
 }
 
 void CircuitView::SetOverlay(const std::string& owner, Overlay overlay) {

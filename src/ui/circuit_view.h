@@ -46,6 +46,9 @@ private:
     TrackLook Look() const;
     bool FitsFrame() const;
 
+    /// Says in a line how an empty circuit is begun.
+    void PaintInvitation(QPainter& painter);
+
     /// Shows a large circuit in a view that has moved: by what is drawn already, for as long as it moves.
     void PaintMoved(QPainter& painter);
 

@@ -45,6 +45,8 @@ private:
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;
+    QLabel* const figures_;
+    QLabel* const place_;
     bool closing_ = false;
 };
 
