@@ -3,7 +3,7 @@
 
 #include "imaging/picture.h"
 #include "imaging/picture_format.h"
-#include "imaging/track_surface.h"
+#include "imaging/track_look.h"
 #include "model/project.h"
 
 #include <memory>

@@ -3,13 +3,11 @@
 #pragma once
 
 #include "imaging/painter_surface.h"
+#include "imaging/track_look.h"
 #include "model/project.h"
 #include "render/redraw.h"
 
 namespace pistaro {
-
-/// How a drawing shows tracks: by their described lines alone, or as they look.
-enum class TrackLook { Lines, Surface };
 
 inline constexpr Colour AsphaltColour = Rgb(0x6E, 0x74, 0x7C);
 inline constexpr Colour LeftLaneColour = Rgb(0xFF, 0xD5, 0x4A);
