@@ -15,6 +15,10 @@ std::filesystem::path SettingsPath();
 /// %LOCALAPPDATA%\Pistaro\recovery. Empty for who has no home.
 std::filesystem::path RecoveryFolder();
 
+/// Where the window keeps its own looks, place and size: window.ini beside the settings file's usual place, on Windows
+/// in %APPDATA%\Pistaro. Empty for who has no home.
+std::filesystem::path WindowSettingsPath();
+
 /// The user's documents folder; empty for who has no home.
 std::filesystem::path DocumentsFolder();
 

@@ -41,6 +41,11 @@ std::filesystem::path SettingsPath() {
     return folder.empty() ? folder : folder / "pistaro" / SettingsName;
 }
 
+std::filesystem::path WindowSettingsPath() {
+    const std::filesystem::path folder = ConfigurationFolder();
+    return folder.empty() ? folder : folder / "pistaro" / "window.ini";
+}
+
 std::filesystem::path RecoveryFolder() {
     const std::filesystem::path folder = PlaceIn("XDG_DATA_HOME", ".local/share");
     return folder.empty() ? folder : folder / "pistaro" / "recovery";

@@ -44,6 +44,11 @@ std::filesystem::path SettingsPath() {
     return own.empty() ? own : own / "Pistaro" / SettingsName;
 }
 
+std::filesystem::path WindowSettingsPath() {
+    const std::filesystem::path folder = KnownFolder(FOLDERID_RoamingAppData);
+    return folder.empty() ? folder : folder / "Pistaro" / "window.ini";
+}
+
 std::filesystem::path RecoveryFolder() {
     const std::filesystem::path folder = KnownFolder(FOLDERID_LocalAppData);
     return folder.empty() ? folder : folder / "Pistaro" / "recovery";

@@ -44,7 +44,7 @@ frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
       circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
       pointer_(new CanvasPointer(session, controls_, circuit_->View())), dialogs_(session, *this),
-      jobBar_(new JobBar(session, controls_)), status_(new QLabel) {
+      jobBar_(new JobBar(session, controls_)), status_(new QLabel), figures_(new QLabel), place_(new QLabel) {
     setObjectName("frmCorvel");
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
@@ -59,9 +59,17 @@ frmCorvel::frmCorvel(Session& session)
     setCentralWidget(columns);
     status_->setObjectName("lblStatus");
     statusBar()->addWidget(status_);
+    figures_->setObjectName("lblFigures");
+    statusBar()->addWidget(figures_);
+    place_->setObjectName("lblPlace");
     statusBar()->addPermanentWidget(jobBar_);
+    statusBar()->addPermanentWidget(place_);
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     AddMainMenus(*this, controls_, session_, [this] { close(); });
+    hand_ = new BuildingHand(session, circuit_->View(), palette_->Pieces(), [this] { ShowStatus(); });
+    pointer_->TellPlace = [this](WorldPoint place) {
+        place_->setText(QString::fromStdString(PlaceText(session_.Project, place)));
+    };
     session_.Windows = &dialogs_;
     session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});
@@ -85,8 +93,17 @@ void frmCorvel::Refresh(const Changes& changes) {
         column->setVisible(session_.Looks.Columns);
     // "[*]" would be taken for the toolkit's mark of modified documents.
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
-    status_->setText(QString::fromStdString(StatusText(session_.Catalogue, session_.Project)));
+    ShowStatus();
+    if (hand_ != nullptr) hand_->Refresh();
     pointer_->Refresh(changes);
+}
+
+void frmCorvel::ShowStatus() {
+    std::string text = StatusText(session_.Catalogue, session_.Project);
+    if (hand_ != nullptr && hand_->Times() > 1)
+        text += " · the next piece " + std::to_string(hand_->Times()) + " times";
+    status_->setText(QString::fromStdString(text));
+    figures_->setText(QString::fromStdString(FiguresText(session_.Catalogue, session_.Project)));
 }
 
 void frmCorvel::Open(const std::filesystem::path& file) {

@@ -1,6 +1,7 @@
 // The main window: three columns, menus and a status bar around one session.
 #pragma once
 
+#include "ui/building_hand.h"
 #include "ui/canvas_keys.h"
 #include "ui/circuit_panel.h"
 #include "ui/command_controls.h"
@@ -32,6 +33,7 @@ protected:
 private:
     /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
     void Refresh(const Changes& changes);
+    void ShowStatus();
 
     Session& session_;
     CommandControls controls_;
@@ -39,9 +41,12 @@ private:
     CircuitPanel* const circuit_;
     TrackPanel* const track_;
     CanvasPointer* const pointer_;
+    BuildingHand* hand_ = nullptr;
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;
+    QLabel* const figures_;
+    QLabel* const place_;
     bool closing_ = false;
 };
 

@@ -35,7 +35,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, const Session&
     pieces.addSection("Replace the selected piece by");
     for (const int row : session.Catalogue.VariantRows())
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
-    AddMenu(window, controls, "&View", {"columns", "background select", "background clear"});
+    AddMenu(window, controls, "&View", {"surface", "legend", "columns", "background select", "background clear"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track"});
     AddMenu(window, controls, "&Reports", {"statistics", "guide", "save picture"});
     AddMenu(window, controls, "&Help", {"manual", "about"});

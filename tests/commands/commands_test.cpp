@@ -101,7 +101,7 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
     EXPECT_EQ(windowOnly, (std::set<std::string>{"quit", "recovered work", "see remaining", "refresh", "numbers",
                                                  "background select", "background clear", "draw area", "choose colours",
                                                  "loose track", "statistics", "guide", "cancel job", "save picture",
-                                                 "manual", "about", "columns"}));
+                                                 "manual", "about", "columns", "surface", "legend"}));
 }
 
 TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {
