@@ -33,7 +33,7 @@ struct Arguments {
     std::string Track = "all";
     std::optional<std::string> SetsFile;
     bool Rules = false, Csv = false;
-    bool IncludeOwned = false, Numbers = false, Json = false, NoSplash = false;
+    bool IncludeOwned = false, Numbers = false, Surface = false, Json = false, NoSplash = false;
     ClosingOptions Closing;
     GenerateOptions Generate;
     std::string RoomOf;
@@ -209,7 +209,8 @@ private:
         CLI::App* const verb =
             Add("picture", "Draw the circuit into a picture file", [this](const VerbContext& context) {
                 PictureVerb(context, Circuit(),
-                            {PathFromText(given_.Out), given_.Pixels, given_.Numbers, PathIn(given_.Background)});
+                            {PathFromText(given_.Out), given_.Pixels, given_.Numbers, PathIn(given_.Background),
+                             given_.Surface});
             });
         TakeCircuit(verb);
         verb->add_option("--out", given_.Out, "The picture file: " + PictureEndings())
@@ -218,6 +219,7 @@ private:
         verb->add_option("--size", given_.Pixels, "Width and height in pixels")->check(PlainNumber(1, 10000));
         verb->add_flag("--numbers", given_.Numbers, "Print the elements' numbers");
         verb->add_option("--background", given_.Background, "A picture that lies behind the drawing");
+        verb->add_flag("--surface", given_.Surface, "Draw the tracks as they look: bed, slots and kerbs");
     }
 
     void AddExport() {

@@ -140,7 +140,8 @@ void PictureVerb(const VerbContext& context, const std::filesystem::path& circui
     if (options.Background) background = Picture::Read(*options.Background);
     const OffscreenGraphics graphics;
     const PictureFormat format = PictureFormatOf(options.Out);
-    ReplaceFile(options.Out, CircuitPicture(context.Catalogue, project, options.Pixels, background, format));
+    ReplaceFile(options.Out, CircuitPicture(context.Catalogue, project, options.Pixels, background, format,
+                                            options.Surface ? TrackLook::Surface : TrackLook::Lines));
     context.Output << TextFromPath(options.Out) << '\n';
 }
 

@@ -35,6 +35,7 @@ struct PictureOptions {
     int Pixels = DefaultPicturePixels;
     bool Numbers = false;
     OptionalPath Background;
+    bool Surface = false; ///< tracks as they look
 };
 
 /// What the detail of the statistics shows.

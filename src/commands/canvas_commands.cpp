@@ -66,6 +66,10 @@ void AddCanvasCommands(std::vector<Command>& rows) {
                     .Run = [](Session& session) {
                         StartAtSelected(session.Catalogue, session.Project.Design, session.Project.EditState);
                     }});
+    rows.push_back(LookRow("surface", "mnuSurface", "&Surface",
+                           "Draw the tracks as they look, with bed, slots and kerbs", "Ctrl+U", &Looks::Surface));
+    rows.push_back(LookRow("legend", "mnuLegend", "&Legend", "Tell what the colours and patterns of the drawing mean",
+                           "", &Looks::Legend));
     rows.push_back(LookRow("columns", "mnuColumns", "Side &Columns", "Show the columns at both sides of the drawing",
                            "F9", &Looks::Columns));
 }

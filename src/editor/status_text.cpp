@@ -1,9 +1,11 @@
 #include "editor/status_text.h"
 
 #include "catalogue/track_geometry.h"
+#include "layout/built_lanes.h"
 #include "layout/track_gap.h"
 #include "model/length_text.h"
 #include "text/fixed_text.h"
+#include "text/number_text.h"
 
 #include <cmath>
 
@@ -24,13 +26,6 @@ bool IsClosed(const TrackGap& gap, double degrees) {
     return gap.Distance <= mostCm && degrees <= mostDegrees;
 }
 
-std::string GapText(const TrackGap& gap, const Units& units) {
-    const double degrees = std::fabs(gap.Angle) * 180 / PiValue;
-    if (IsClosed(gap, degrees)) return "closed";
-    const std::string angle = FixedText(degrees, 1);
-    return "gap " + LengthText(gap.Distance, units) + (angle == "0.0" ? "" : ", " + angle + "°");
-}
-
 std::string TrackText(const Catalogue& catalogue, const Project& project, const Track& track) {
     std::string text =
         "Track " + std::to_string(project.EditState.CurrentTrack + 1) + Between + PieceCount(track.ElementCodes.size());
@@ -47,12 +42,66 @@ std::string AllTracksText(const Circuit& circuit) {
 
 } // namespace
 
+std::string GapText(const TrackGap& gap, const Units& units) {
+    const double degrees = std::fabs(gap.Angle) * 180 / PiValue;
+    if (IsClosed(gap, degrees)) return "closed";
+    const std::string angle = FixedText(degrees, 1);
+    return "gap " + LengthText(gap.Distance, units) + (angle == "0.0" ? "" : ", " + angle + "°");
+}
+
 std::string StatusText(const Catalogue& catalogue, const Project& project) {
     const EditState& edit = project.EditState;
     const Track* const track = EditedTrack(project.Design.Circuit, edit);
     std::string text = track != nullptr ? TrackText(catalogue, project, *track) : AllTracksText(project.Design.Circuit);
     if (edit.InsertMode && track != nullptr) text += std::string(Between) + "Insert mode";
     return edit.DataChanged ? text + Between + "unsaved" : text;
+}
+
+namespace {
+
+/// What the pieces of one track or more cost, and how many the owned ones do not cover.
+struct Bill {
+    double Price = 0;
+    int Pieces = 0, ToBuy = 0;
+};
+
+Bill BillOf(const Catalogue& catalogue, const Project& project) {
+    Bill bill;
+    const StockColours covered = AssignStockColours(catalogue, project.Stock, project.Design.Circuit);
+    for (std::size_t track = 0; track < TrackCount; ++track) {
+        const EditState& edit = project.EditState;
+        if (!edit.ShowsAllTracks() && static_cast<int>(track) != edit.CurrentTrack) continue;
+        const std::vector<std::string>& codes = project.Design.Circuit.Tracks[track].ElementCodes;
+        for (std::size_t element = 0; element < codes.size(); ++element) {
+            ++bill.Pieces;
+            if (!covered[track][element]) ++bill.ToBuy;
+            const CatalogueEntry* const piece = catalogue.Find(codes[element]);
+            if (piece != nullptr) bill.Price += double{project.Stock[piece->StockIndex].Price};
+        }
+    }
+    return bill;
+}
+
+} // namespace
+
+std::string FiguresText(const Catalogue& catalogue, const Project& project) {
+    const Bill bill = BillOf(catalogue, project);
+    if (bill.Pieces == 0) return {};
+    const Units& units = project.Preferences.DisplayUnits;
+    std::string text;
+    if (const Track* const track = EditedTrack(project.Design.Circuit, project.EditState)) {
+        const BuiltLanes lanes = LanesAsBuilt(catalogue, *track);
+        text = "lanes " + LengthLabel(lanes.Lengths[0], units) + " and " + LengthLabel(lanes.Lengths[1], units) + " " +
+               units.Name() + " as built" + Between;
+    }
+    if (bill.Price > 0) text += NumberText(static_cast<float>(bill.Price)) + " " + units.Currency + Between;
+    return text + (bill.ToBuy == 0 ? "all owned" : std::to_string(bill.ToBuy) + " to buy");
+}
+
+std::string PlaceText(const Project& project, WorldPoint place) {
+    const Units& units = project.Preferences.DisplayUnits;
+    return LengthLabel(place.X, units) + ", " + LengthLabel(place.Y, units) + " " + units.Name() + Between + "view " +
+           LengthLabel(project.Design.View.Width, units) + " " + units.Name();
 }
 
 } // namespace pistaro

@@ -1,6 +1,8 @@
 // The line that tells how the design stands.
 #pragma once
 
+#include "layout/shapes.h"
+#include "layout/track_gap.h"
 #include "model/project.h"
 
 #include <string>
@@ -12,5 +14,15 @@ namespace pistaro {
 /// by how many degrees; "closed" when both are within 0.5 mm and 0.1°; whether the circuit has changes not yet saved.
 /// With all tracks chosen the pieces of all.
 std::string StatusText(const Catalogue& catalogue, const Project& project);
+
+/// "gap 17.5 cm, 11.3°", or "closed".
+std::string GapText(const TrackGap& gap, const Units& units);
+
+/// "lanes 560.2 and 487.1 cm as built · 43.5 EUR · 3 to buy": what the chosen track, or all, comes to; empty where
+/// there are no pieces. Prices that are not known count as 0, and none is told where none is known.
+std::string FiguresText(const Catalogue& catalogue, const Project& project);
+
+/// "12.3, -4.5 cm · view 320 cm": a place of the drawing and how much of the world it shows.
+std::string PlaceText(const Project& project, WorldPoint place);
 
 } // namespace pistaro

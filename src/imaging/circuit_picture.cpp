@@ -1,6 +1,7 @@
 #include "imaging/circuit_picture.h"
 
 #include "imaging/image_file.h"
+#include "imaging/kept_drawing.h"
 #include "imaging/painter_surface.h"
 #include "platform/fault.h"
 #include "render/redraw.h"
@@ -32,13 +33,18 @@ OffscreenGraphics::OffscreenGraphics() : application_(std::make_unique<Applicati
 OffscreenGraphics::~OffscreenGraphics() = default;
 
 std::string CircuitPicture(const Catalogue& catalogue, const Project& project, int pixels,
-                           const std::optional<Picture>& background, PictureFormat format) {
+                           const std::optional<Picture>& background, PictureFormat format, TrackLook look) {
+    const QImage backdrop = background ? background->Image() : QImage();
     QImage image(pixels, pixels, QImage::Format_RGB32);
     if (image.isNull())
         throw Fault("Out of memory", std::to_string(pixels) + " x " + std::to_string(pixels) + " pixels");
-    {
+    if (look == TrackLook::Surface) {
+        KeptDrawing drawing;
+        drawing.Redraw(catalogue, project, backdrop, {{pixels, pixels}}, look);
+        image = drawing.Picture();
+    } else {
         QPainter painter(&image);
-        PainterSurface surface(painter, TargetSize::Square(pixels), background ? background->Image() : QImage());
+        PainterSurface surface(painter, TargetSize::Square(pixels), backdrop);
         RedrawCircuit(catalogue, project, surface);
     }
     return EncodeImage(image, format);

@@ -3,6 +3,7 @@
 
 #include "imaging/picture.h"
 #include "imaging/picture_format.h"
+#include "imaging/track_look.h"
 #include "model/project.h"
 
 #include <memory>
@@ -28,8 +29,9 @@ private:
 inline constexpr int DefaultPicturePixels = 700;
 
 /// The drawing as the designer shows it, `pixels` wide and high, over the background (if any), as a picture file in
-/// that format. Fault: no memory for the picture.
+/// that format, by its lines or as the tracks look. Fault: no memory for the picture.
 std::string CircuitPicture(const Catalogue& catalogue, const Project& project, int pixels,
-                           const std::optional<Picture>& background, PictureFormat format);
+                           const std::optional<Picture>& background, PictureFormat format,
+                           TrackLook look = TrackLook::Lines);
 
 } // namespace pistaro

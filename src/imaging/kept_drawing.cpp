@@ -36,11 +36,12 @@ struct CanvasSurface {
 };
 
 void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const ViewSettings& view,
-                  const CanvasFrame& frame, const ViewRectangle& covered) {
+                  const CanvasFrame& frame, const ViewRectangle& covered, TrackLook look) {
     canvas.Surface.Clear(preferences.Colours.Background);
     ShowView(view, canvas.Surface);
     const ViewRectangle shown = ShownRectangle(view);
-    DrawGrid(preferences, covered, double{shown.ViewRight} - shown.ViewLeft, canvas.Surface);
+    DrawGrid(preferences, covered, double{shown.ViewRight} - shown.ViewLeft, canvas.Surface,
+             look == TrackLook::Surface ? RecedingGridColour(preferences.Colours.Background) : GridColour);
     canvas.Painter.resetTransform();
     canvas.Painter.translate(frame.Square().topLeft());
     DrawAreaLabel(preferences, shown, canvas.Surface);
@@ -83,18 +84,22 @@ void KeptDrawing::DrawGroundOf(const QImage& backdrop) {
     picture_ = EmptyPicture(key_.Frame);
     hasBackdrop_ = !backdrop.isNull();
     CanvasSurface canvas(ground_, key_.Frame, {}, WholeOf(key_.Frame), backdrop);
-    DrawGroundOn(canvas, key_.Preferences, key_.View, key_.Frame, key_.Frame.Covered(key_.View));
+    DrawGroundOn(canvas, key_.Preferences, key_.View, key_.Frame, key_.Frame.Covered(key_.View), key_.Look);
 }
 
 void KeptDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part) {
     CanvasSurface canvas(picture_, key_.Frame, offset_, part, {});
     ShowView(project.Design.View, canvas.Surface);
-    DrawCircuit(catalogue, project, canvas.Surface);
+    if (key_.Look == TrackLook::Surface) {
+        DrawCircuitSurface(catalogue, project, canvas.Painter, canvas.Surface);
+    } else {
+        DrawCircuit(catalogue, project, canvas.Surface);
+    }
 }
 
 void KeptDrawing::Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop,
-                         const CanvasFrame& frame) {
-    const GroundKey key{project.Preferences, project.Design.View, backdrop.cacheKey(), frame};
+                         const CanvasFrame& frame, TrackLook look) {
+    const GroundKey key{project.Preferences, project.Design.View, backdrop.cacheKey(), frame, look};
     if (key != key_ || !offset_.isNull() || ground_.isNull()) {
         key_ = key;
         offset_ = {};
@@ -133,7 +138,7 @@ bool KeptDrawing::Shift(const Catalogue& catalogue, const Project& project) {
     for (const QRect& part : Uncovered(frame, by) + label + movedLabel) {
         {
             CanvasSurface ground(ground_, frame, offset_, part, {});
-            DrawGroundOn(ground, key_.Preferences, view, frame, covered);
+            DrawGroundOn(ground, key_.Preferences, view, frame, covered, key_.Look);
         }
         QPainter(&picture_).drawImage(
             part, ground_, QRectF(QPointF(part.topLeft()) * frame.PixelRatio, QSizeF(part.size()) * frame.PixelRatio));

@@ -4,6 +4,7 @@
 
 #include "imaging/canvas_frame.h"
 #include "imaging/painter_surface.h"
+#include "imaging/track_surface.h"
 #include "model/project.h"
 
 #include <QRegion>
@@ -12,9 +13,10 @@ namespace pistaro {
 
 class KeptDrawing {
 public:
-    /// Redraws the circuit; the view's square to the pixel as RedrawCircuit does. The ground, whose grid may have ten
-    /// thousand dots, is drawn when it changes, and copied otherwise.
-    void Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop, const CanvasFrame& frame);
+    /// Redraws the circuit; by its lines, the view's square to the pixel as RedrawCircuit does. The ground, whose grid
+    /// may have ten thousand dots, is drawn when it changes, and copied otherwise.
+    void Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop, const CanvasFrame& frame,
+                TrackLook look = TrackLook::Lines);
 
     /// Brings the drawing to a view of another centre, when nothing else has changed since it was drawn: moves what is
     /// kept by whole pixels and draws what comes into sight, so that it lies up to half a pixel beside its place until
@@ -34,6 +36,7 @@ private:
         ViewSettings View;
         qint64 Backdrop = 0;
         CanvasFrame Frame;
+        TrackLook Look = TrackLook::Lines;
 
         bool operator==(const GroundKey&) const = default;
     };

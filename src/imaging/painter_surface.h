@@ -34,6 +34,11 @@ public:
     /// To be called when somebody else has used the painter.
     void ForgetPen() { penColour_ = NoPen; }
 
+    /// Where a point of the world lies on the target's plane.
+    QPointF PlaceOf(WorldPoint point) const { return Mapped(point); }
+    double DotsPerCm() const { return dotsPerCm_; }
+    bool Shows(WorldPoint centre, double radius) const { return IsVisible(Mapped(centre), radius * dotsPerCm_); }
+
     void Clear(Colour background) override;
     void SetScale(const ViewRectangle& world) override;
     double PixelsPerCm() const override;

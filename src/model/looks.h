@@ -4,6 +4,8 @@
 namespace pistaro {
 
 struct Looks {
+    bool Surface = false; ///< tracks are drawn as they look, under the described lines
+    bool Legend = false;
     bool Columns = true; ///< at both sides of the drawing
 
     bool operator==(const Looks&) const = default;

@@ -19,6 +19,10 @@ std::filesystem::path RecoveryFolder();
 /// %APPDATA%\Pistaro. Empty for who has no home.
 std::filesystem::path RecentPath();
 
+/// Where the window keeps its own looks, place and size: window.ini beside the settings file's usual place, on Windows
+/// in %APPDATA%\Pistaro. Empty for who has no home.
+std::filesystem::path WindowSettingsPath();
+
 /// The user's documents folder; empty for who has no home.
 std::filesystem::path DocumentsFolder();
 

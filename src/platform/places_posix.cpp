@@ -46,6 +46,11 @@ std::filesystem::path RecentPath() {
     return folder.empty() ? folder : folder / "pistaro" / "recent";
 }
 
+std::filesystem::path WindowSettingsPath() {
+    const std::filesystem::path folder = ConfigurationFolder();
+    return folder.empty() ? folder : folder / "pistaro" / "window.ini";
+}
+
 std::filesystem::path RecoveryFolder() {
     const std::filesystem::path folder = PlaceIn("XDG_DATA_HOME", ".local/share");
     return folder.empty() ? folder : folder / "pistaro" / "recovery";

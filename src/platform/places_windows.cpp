@@ -49,6 +49,11 @@ std::filesystem::path RecentPath() {
     return own.empty() ? own : own / "Pistaro" / "recent";
 }
 
+std::filesystem::path WindowSettingsPath() {
+    const std::filesystem::path folder = KnownFolder(FOLDERID_RoamingAppData);
+    return folder.empty() ? folder : folder / "Pistaro" / "window.ini";
+}
+
 std::filesystem::path RecoveryFolder() {
     const std::filesystem::path folder = KnownFolder(FOLDERID_LocalAppData);
     return folder.empty() ? folder : folder / "Pistaro" / "recovery";

@@ -28,19 +28,19 @@ struct GridLines {
     float End() const { return At(Count() - 1); }
 };
 
-void DrawGridLines(const GridLines& columns, const GridLines& rows, Surface& surface) {
+void DrawGridLines(const GridLines& columns, const GridLines& rows, Surface& surface, Colour colour) {
     for (int i = 0; i < columns.Count(); ++i) {
-        surface.Draw(LineSegment{{columns.At(i), rows.End()}, {columns.At(i), rows.Begin()}}, GridColour);
+        surface.Draw(LineSegment{{columns.At(i), rows.End()}, {columns.At(i), rows.Begin()}}, colour);
     }
     for (int i = rows.Count() - 1; i >= 0; --i) {
-        surface.Draw(LineSegment{{columns.Begin(), rows.At(i)}, {columns.End(), rows.At(i)}}, GridColour);
+        surface.Draw(LineSegment{{columns.Begin(), rows.At(i)}, {columns.End(), rows.At(i)}}, colour);
     }
 }
 
-void DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Surface& surface) {
+void DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Surface& surface, Colour colour) {
     for (int i = 0; i < columns.Count(); ++i) {
         for (int j = rows.Count() - 1; j >= 0; --j) {
-            surface.Draw(Ellipse{{columns.At(i), rows.At(j)}, radius, 1}, GridColour);
+            surface.Draw(Ellipse{{columns.At(i), rows.At(j)}, radius, 1}, colour);
         }
     }
 }
@@ -55,21 +55,22 @@ double ThinnedStep(double step, double pixelsPerCm) {
     }
 }
 
-void DrawTrack(const Catalogue& catalogue, const Project& project, int trackIndex, const std::vector<bool>& covered,
-               TrackParts parts, Surface& surface) {
+PieceStanding StandingOf(const EditState& edit, int track, int element, const std::vector<bool>& covered) {
+    if (track != edit.CurrentTrack) return PieceStanding::Inactive;
+    if (element == edit.CurrentElement[static_cast<std::size_t>(track)]) return PieceStanding::Active;
+    return covered[static_cast<std::size_t>(element)] ? PieceStanding::Owned : PieceStanding::NonOwned;
+}
+
+void DrawTrack(const Catalogue& catalogue, const Project& project, int track, const std::vector<bool>& covered,
+               const TrackParts& parts, Surface& surface) {
     const ColourScheme& colours = project.Preferences.Colours;
-    const EditState& edit = project.EditState;
-    const auto at = static_cast<std::size_t>(trackIndex);
     const Colour textColour = TextColourOn(colours.Background);
-    const auto outlineOf = [&](int element) {
-        if (trackIndex != edit.CurrentTrack) return colours.Inactive;
-        if (element == edit.CurrentElement[at]) return colours.Active;
-        return covered[static_cast<std::size_t>(element)] ? colours.Owned : colours.NonOwned;
-    };
-    WalkTrack(catalogue, project.Design.Circuit.Tracks[at],
+    WalkTrack(catalogue, project.Design.Circuit.Tracks[static_cast<std::size_t>(track)],
               [&](int element, const PiecePlacement* placement, const BuildCursor&) {
                   if (placement == nullptr) return;
-                  if (parts.Pieces) DrawPiece(*placement, outlineOf(element), colours.Rail, surface);
+                  const PieceStanding standing = StandingOf(project.EditState, track, element, covered);
+                  if (parts.Under) parts.Under({track, element, *placement, standing});
+                  if (parts.Pieces) DrawPiece(*placement, OutlineColour(standing, colours), colours.Rail, surface);
                   if (!parts.Numbers) return;
                   surface.DrawPoint(placement->Label, textColour);
                   surface.DrawText(NumberText(element), textColour);
@@ -77,6 +78,20 @@ void DrawTrack(const Catalogue& catalogue, const Project& project, int trackInde
 }
 
 } // namespace
+
+Colour OutlineColour(PieceStanding standing, const ColourScheme& colours) {
+    switch (standing) {
+    case PieceStanding::Inactive:
+        return colours.Inactive;
+    case PieceStanding::Active:
+        return colours.Active;
+    case PieceStanding::Owned:
+        return colours.Owned;
+    case PieceStanding::NonOwned:
+        return colours.NonOwned;
+    }
+    return colours.Inactive;
+}
 
 void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Surface& surface) {
     const auto draw = [&](const auto& shapes, Colour colour) {
@@ -92,16 +107,17 @@ void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Sur
         draw(mark.Shape, mark.Ink == Ink::Rail ? rail : outline);
 }
 
-void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth, Surface& surface) {
+void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth, Surface& surface,
+              Colour colour) {
     const double set = double{preferences.Units.UnitFactor()} * preferences.Grid.Step;
     if (!(set > 0 && viewWidth > 0)) return;
     const double step = ThinnedStep(set, surface.PixelsPerCm());
     const GridLines columns(covered.ViewLeft, covered.ViewRight, step);
     const GridLines rows(covered.ViewBottom, covered.ViewTop, step);
     if (preferences.Grid.Type == static_cast<int>(GridType::Lines)) {
-        DrawGridLines(columns, rows, surface);
+        DrawGridLines(columns, rows, surface, colour);
     } else if (preferences.Grid.Type == static_cast<int>(GridType::Dots)) {
-        DrawGridDots(columns, rows, viewWidth / 500, surface);
+        DrawGridDots(columns, rows, viewWidth / 500, surface, colour);
     }
 }
 
@@ -114,7 +130,7 @@ void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, S
     surface.DrawText(AreaLabel(width, preferences.Units), colour);
 }
 
-void DrawTracks(const Catalogue& catalogue, const Project& project, TrackParts parts, Surface& surface) {
+void DrawTracks(const Catalogue& catalogue, const Project& project, const TrackParts& parts, Surface& surface) {
     const StockColours covered = AssignStockColours(catalogue, project.Stock, project.Design.Circuit);
     const auto draw = [&](int track) {
         DrawTrack(catalogue, project, track, covered[static_cast<std::size_t>(track)], parts, surface);

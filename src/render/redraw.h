@@ -8,6 +8,8 @@
 #include "model/project.h"
 #include "render/surface.h"
 
+#include <functional>
+
 namespace pistaro {
 
 inline constexpr double NormalFont = 8.25; ///< points, of the texts in drawings
@@ -24,21 +26,35 @@ void DrawGround(const Preferences& preferences, const ViewSettings& view, Surfac
 /// Draws tracks (with their numbers, if they are shown) and room onto a surface that shows the view.
 void DrawCircuit(const Catalogue& catalogue, const Project& project, Surface& surface);
 
+/// What its outline's colour tells of a piece.
+enum class PieceStanding { Inactive, Active, Owned, NonOwned };
+
+Colour OutlineColour(PieceStanding standing, const ColourScheme& colours);
+
+/// A piece of the circuit as it is drawn.
+struct StandingPiece {
+    int Track, Element;
+    const PiecePlacement& Placement;
+    PieceStanding Standing;
+};
+
 /// What of the tracks is drawn.
 struct TrackParts {
     bool Pieces = true;
-    bool Numbers = true; ///< each element's index, at its label
+    bool Numbers = true;                                  ///< each element's index, at its label
+    std::function<void(const StandingPiece&)> Under = {}; ///< draws what lies under each piece's lines; may be empty
 };
 
 /// Draws the tracks element by element, the one being edited above the others.
-void DrawTracks(const Catalogue& catalogue, const Project& project, TrackParts parts, Surface& surface);
+void DrawTracks(const Catalogue& catalogue, const Project& project, const TrackParts& parts, Surface& surface);
 
 /// Draws one piece's lanes, outline and marks in these colours.
 void DrawPiece(const PiecePlacement& placement, Colour outline, Colour rail, Surface& surface);
 
 /// Draws the grid over the rectangle and one step beyond it on each side, its dots as large as a view of that width
 /// (cm) has them. Where its step would take less than six pixels, every 2nd, 5th, 10th … line or dot only.
-void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth, Surface& surface);
+void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth, Surface& surface,
+              Colour colour = GridColour);
 
 /// Prints the rectangle's size at its lower left.
 void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, Surface& surface);

@@ -143,6 +143,7 @@ void CanvasPointer::Press(const QMouseEvent& event) {
 }
 
 void CanvasPointer::Move(const QMouseEvent& event) {
+    TellPlace(view_.WorldAt(event.position()));
     const bool farEnough = (event.position() - pressed_).manhattanLength() >= QApplication::startDragDistance();
     if (doing_ == Doing::Panning) return PanTo(event.position());
     if (held_ && doing_ == Doing::Nothing && farEnough && (event.buttons() & Qt::LeftButton)) {

@@ -8,6 +8,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QContextMenuEvent;
 class QGestureEvent;
 class QHelpEvent;
@@ -25,6 +27,9 @@ public:
     /// Outlines a piece as the one that is meant.
     void PointAt(const std::optional<PieceAddress>& piece);
     const std::optional<PieceAddress>& Pointed() const { return pointed_; }
+
+    /// Called with the place under the mouse whenever that has moved.
+    std::function<void(WorldPoint)> TellPlace = [](WorldPoint) {};
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

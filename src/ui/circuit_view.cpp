@@ -1,7 +1,11 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
+#include "ui/canvas_legend.h"
+
 #include <QPainter>
+
+#include <algorithm>
 
 namespace pistaro {
 
@@ -11,6 +15,10 @@ constexpr int RestTime = 60; ///< milliseconds without a move after which a larg
 
 /// More pieces than can be drawn anew for every step of a moving view.
 constexpr std::size_t ManyPieces = 150;
+
+bool IsEmpty(const Circuit& circuit) {
+    return std::ranges::all_of(circuit.Tracks, [](const Track& track) { return track.ElementCodes.empty(); });
+}
 
 bool IsLarge(const Circuit& circuit) {
     std::size_t pieces = 0;
@@ -45,9 +53,11 @@ void CircuitView::Invalidate(const Changes& changes) {
 void CircuitView::Redraw() {
     rest_.stop();
     drawing_.Redraw(session_.Catalogue, session_.Project, session_.Background ? session_.Background->Image() : QImage(),
-                    Frame());
+                    Frame(), Look());
     stale_ = moved_ = false;
 }
+
+TrackLook CircuitView::Look() const { return session_.Looks.Surface ? TrackLook::Surface : TrackLook::Lines; }
 
 bool CircuitView::FitsFrame() const { return drawing_.Picture().size() == PixelsOf(size(), devicePixelRatioF()); }
 
@@ -76,6 +86,21 @@ void CircuitView::paintEvent(QPaintEvent*) {
     }
     for (const auto& [owner, overlay] : overlays_)
         PaintOverlay(overlay, session_.Catalogue, View(), Frame(), painter);
+    if (IsEmpty(session_.Project.Design.Circuit)) PaintInvitation(painter);
+    if (session_.Looks.Legend) PaintLegend(painter, session_.Project.Preferences.Colours, Look());
+}
+
+void CircuitView::PaintInvitation(QPainter& painter) {
+    const Colour ground = session_.Project.Preferences.Colours.Background;
+    QColor ink = ToQColor(TextColourOn(ground));
+    ink.setAlpha(170);
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    painter.setFont(large);
+    painter.setPen(ink);
+    painter.drawText(rect().adjusted(24, 24, -24, -height() / 2), Qt::AlignCenter | Qt::TextWordWrap,
+                     "Press a piece at the left to begin, or drag one here.");
+    painter.setFont(font());
 }
 
 void CircuitView::SetOverlay(const std::string& owner, Overlay overlay) {

@@ -43,7 +43,11 @@ protected:
 
 private:
     const ViewSettings& View() const { return session_.Project.Design.View; }
+    TrackLook Look() const;
     bool FitsFrame() const;
+
+    /// Says in a line how an empty circuit is begun.
+    void PaintInvitation(QPainter& painter);
 
     /// Shows a large circuit in a view that has moved: by what is drawn already, for as long as it moves.
     void PaintMoved(QPainter& painter);

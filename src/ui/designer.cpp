@@ -7,6 +7,7 @@
 #include "ui/frmCorvel.h"
 #include "ui/frmRecovered.h"
 #include "ui/message_prompts.h"
+#include "ui/window_settings.h"
 
 #include <QApplication>
 #include <QSessionManager>
@@ -73,6 +74,9 @@ int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const Designe
     };
     Recovery recovery(session, RecoveryFolder(), post);
     frmCorvel window(session);
+    RestoreWindow(WindowSettingsPath(), window, session);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window,
+                     [&] { KeepWindow(WindowSettingsPath(), window, session); });
     CloseOnLogOff(application, window, recovery);
     CloseOnTermination(window);
     BeginDesigning(window, session, start.Messages, options);

@@ -48,7 +48,8 @@ frmCorvel::frmCorvel(Session& session)
       pointer_(new CanvasPointer(session, controls_, circuit_->View())),
       suggestions_(new SuggestionBar(session, circuit_->View())), suggester_(session, circuit_->View()),
       dialogs_(session, *this, *suggestions_), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
-      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)) {
+      figures_(new QLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
+      money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
@@ -63,10 +64,18 @@ frmCorvel::frmCorvel(Session& session)
     setCentralWidget(columns);
     status_->setObjectName("lblStatus");
     statusBar()->addWidget(status_);
+    figures_->setObjectName("lblFigures");
+    statusBar()->addWidget(figures_);
+    place_->setObjectName("lblPlace");
     statusBar()->addPermanentWidget(jobBar_);
+    statusBar()->addPermanentWidget(place_);
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     AddMainMenus(*this, controls_, session_, [this] { close(); });
     AddPanels();
+    hand_ = new BuildingHand(session, circuit_->View(), palette_->Pieces(), [this] { ShowStatus(); });
+    pointer_->TellPlace = [this](WorldPoint place) {
+        place_->setText(QString::fromStdString(PlaceText(session_.Project, place)));
+    };
     session_.Windows = &dialogs_;
     observation_ = session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});
@@ -121,8 +130,17 @@ void frmCorvel::Refresh(const Changes& changes) {
         column->setVisible(session_.Looks.Columns);
     // "[*]" would be taken for the toolkit's mark of modified documents.
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
-    status_->setText(QString::fromStdString(StatusText(session_.Catalogue, session_.Project)));
+    ShowStatus();
+    if (hand_ != nullptr) hand_->Refresh();
     pointer_->Refresh(changes);
+}
+
+void frmCorvel::ShowStatus() {
+    std::string text = StatusText(session_.Catalogue, session_.Project);
+    if (hand_ != nullptr && hand_->Times() > 1)
+        text += " · the next piece " + std::to_string(hand_->Times()) + " times";
+    status_->setText(QString::fromStdString(text));
+    figures_->setText(QString::fromStdString(FiguresText(session_.Catalogue, session_.Project)));
 }
 
 void frmCorvel::Open(const std::filesystem::path& file) {

@@ -1,6 +1,7 @@
 // The main window: three columns, menus and a status bar around one session.
 #pragma once
 
+#include "ui/building_hand.h"
 #include "ui/canvas_keys.h"
 #include "ui/checks_dock.h"
 #include "ui/circuit_panel.h"
@@ -40,6 +41,7 @@ private:
 
     /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
     void Refresh(const Changes& changes);
+    void ShowStatus();
 
     /// Asks about the circuit's file when another program changed it.
     void LookAtFile();
@@ -55,9 +57,12 @@ private:
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;
+    QLabel* const figures_;
+    QLabel* const place_;
     ChecksDock* const checks_;
     MoneyDock* const money_;
     bool lanesShown_ = false;
+    BuildingHand* hand_ = nullptr;
     bool closing_ = false;
     Observation observation_;
 };

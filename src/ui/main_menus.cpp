@@ -44,7 +44,8 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     for (const int row : session.Catalogue.VariantRows())
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
     AddMenu(window, controls, "&View",
-            {"columns", "checks", "stock and price", "lanes", "suggest", "background select", "background clear"});
+            {"surface", "legend", "lanes", "suggest", "columns", "checks", "stock and price", "background select",
+             "background clear"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track", "boxed sets"});
     AddMenu(window, controls, "&Reports", {"statistics", "purchase", "guide", "build plan", "save picture"});
     AddMenu(window, controls, "&Help", {"manual", "about"});

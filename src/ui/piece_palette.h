@@ -22,6 +22,9 @@ public:
     /// Shows the frames of the track system that is offered and the mode that cmdInsert switches to.
     void Refresh();
 
+    /// The buttons of all basic pieces.
+    const std::vector<QToolButton*>& Pieces() const { return pieces_; }
+
 private:
     QWidget* Frame(const PieceFrame& frame);
     QWidget* PairOfFrames(QWidget* left, QWidget* right);

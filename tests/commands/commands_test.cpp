@@ -143,7 +143,9 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
                                                  "print",
                                                  "build plan",
                                                  "copy",
-                                                 "paste"}));
+                                                 "paste",
+                                                 "surface",
+                                                 "legend"}));
 }
 
 TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {

@@ -1,6 +1,8 @@
 // The status line.
 #include "editor/status_text.h"
 
+#include "editor/track_editing.h"
+
 #include "catalogue/track_geometry.h"
 #include "support/chain.h"
 
@@ -138,6 +140,34 @@ TEST(StatusText, CountsAllTracksTogetherWhenAllAreChosen) {
     project.EditState.CurrentTrack = AllTracks;
     project.EditState.DataChanged = true;
     EXPECT_EQ(StatusText(Pieces(), project), "All tracks · 4 pieces · unsaved");
+}
+
+TEST(Figures, TellLanesAsBuiltPriceAndWhatIsToBuy) {
+    Project project = ProjectOf("C160 C159");
+    project.Preferences.DisplayUnits.Currency = "EUR";
+    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.5 and 52.5 cm as built · 2 to buy");
+
+    ProductStock& straight = project.Stock.Of(Pieces().FindRow("C160"));
+    straight = {.OwnedCount = 1, .Price = 2.5F};
+    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.5 and 52.5 cm as built · 2.5 EUR · 1 to buy");
+    project.Stock.Of(Pieces().FindRow("C159")).OwnedCount = 1;
+    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.5 and 52.5 cm as built · 2.5 EUR · all owned");
+}
+
+TEST(Figures, OfAllTracksAreThoseOfAllPieces) {
+    Project project = ProjectOf("C160", "C160 C160");
+    ChooseAllTracks(project.EditState);
+
+    EXPECT_EQ(FiguresText(Pieces(), project), "3 to buy");
+    EXPECT_EQ(FiguresText(Pieces(), ProjectOf("")), "");
+}
+
+TEST(Places, AreToldInDisplayUnitsWithTheViewsWidth) {
+    Project project = ProjectOf("");
+    EXPECT_EQ(PlaceText(project, {12.34F, -4.5F}), "12.3, -4.5 cm · view 320 cm");
+
+    project.Preferences.DisplayUnits.Inches = true;
+    EXPECT_EQ(PlaceText(project, {25.4F, 0}), "10, 0 in · view 125.9 in");
 }
 
 } // namespace pistaro

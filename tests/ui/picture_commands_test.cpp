@@ -39,8 +39,8 @@ protected:
 
     void Choose(const char* entry) { window_.findChild<QAction*>(entry)->trigger(); }
 
-    /// The view's square as the window shows it.
-    QImage Shown() { return window_.Canvas().grab().toImage().copy(window_.Canvas().Frame().Square()); }
+    /// The view's square as the window draws it.
+    QImage Shown() { return window_.Canvas().Picture().copy(window_.Canvas().Frame().Square()); }
 
     /// The name of a picture file of one colour in the folder.
     std::filesystem::path PictureFile(const char* name, QSize size, QColor colour) {

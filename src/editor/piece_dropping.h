@@ -1,0 +1,39 @@
+// Laying a piece by hand: where a piece that is held over the drawing would go, and what that comes to.
+#pragma once
+
+#include "layout/placement.h"
+#include "model/project.h"
+
+#include <optional>
+#include <string>
+
+namespace pistaro {
+
+/// A joint of a track, at which a piece can be put in.
+struct DropPlace {
+    int Track = 0;
+    int Element = 0;        ///< the place that the piece gets in its track
+    BuildCursor At;         ///< where it would lie
+    std::string CodeBefore; ///< of the piece before it; empty where there is none
+
+    bool operator==(const DropPlace&) const = default;
+};
+
+/// Where a press of the piece's button would lay it: at the end of the current track, or before the selected element in
+/// Insert mode. Nothing with all tracks chosen.
+std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project);
+
+/// The joint nearest to a point of all tracks that may have it: an end, a start, before which the piece then comes to
+/// lie, or between two pieces. Of empty tracks the current one's start alone. Nothing beyond `reach` (cm).
+std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project& project, const std::string& code,
+                                      WorldPoint point, double reach);
+
+/// Puts a piece in, which becomes the selected one of its track. Before the start it takes the start back, so that all
+/// others stay where they lie. Fault when the track is full; nothing changes then.
+void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& place, const std::string& code);
+
+/// The track's gap with the piece laid there.
+std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place,
+                    const std::string& code);
+
+} // namespace pistaro

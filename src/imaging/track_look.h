@@ -1,0 +1,9 @@
+// How a drawing shows tracks.
+#pragma once
+
+namespace pistaro {
+
+/// By their described lines alone, or as they look.
+enum class TrackLook { Lines, Surface };
+
+} // namespace pistaro

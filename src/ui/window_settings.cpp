@@ -1,0 +1,52 @@
+#include "ui/window_settings.h"
+
+#include "platform/files.h"
+#include "ui/named_controls.h"
+
+#include <QMainWindow>
+#include <QScreen>
+#include <QSettings>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int LeastWidthForColumns = 900; ///< device-independent pixels; on a narrower screen they leave no drawing
+
+struct NamedLook {
+    const char* Key;
+    bool Looks::*Look;
+    bool AtFirst;
+};
+constexpr NamedLook NamedLooks[] = {{"window/surface", &Looks::Surface, true},
+                                    {"window/legend", &Looks::Legend, false},
+                                    {"window/columns", &Looks::Columns, true}};
+constexpr const char* PlaceKey = "window/place";
+
+QString FileName(const std::filesystem::path& path) { return Shown(TextFromPath(path)); }
+
+} // namespace
+
+void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Session& session) {
+    Looks looks;
+    for (const NamedLook& named : NamedLooks)
+        looks.*named.Look = named.AtFirst;
+    if (!path.empty()) {
+        const QSettings settings(FileName(path), QSettings::IniFormat);
+        for (const NamedLook& named : NamedLooks)
+            looks.*named.Look = settings.value(named.Key, named.AtFirst).toBool();
+        window.restoreGeometry(settings.value(PlaceKey).toByteArray());
+    }
+    if (window.screen()->availableSize().width() < LeastWidthForColumns) looks.Columns = false;
+    session.Do([&] { session.Looks = looks; });
+}
+
+void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, const Session& session) {
+    if (path.empty()) return;
+    QSettings settings(FileName(path), QSettings::IniFormat);
+    for (const NamedLook& named : NamedLooks)
+        settings.setValue(named.Key, session.Looks.*named.Look);
+    settings.setValue(PlaceKey, window.saveGeometry());
+}
+
+} // namespace pistaro

@@ -1,0 +1,20 @@
+// What the window remembers of itself from one start to the next, in a file of its own.
+#pragma once
+
+#include "commands/session.h"
+
+#include <filesystem>
+
+class QMainWindow;
+
+namespace pistaro {
+
+/// Brings the window to its place and size and the session to its looks as they were kept; at a first start tracks are
+/// drawn as they look. Where the screen has no room for them the side columns are folded away. Without a path nothing
+/// was kept.
+void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Session& session);
+
+/// Keeps them. Without a path, or where the file cannot be written, nothing is kept.
+void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, const Session& session);
+
+} // namespace pistaro

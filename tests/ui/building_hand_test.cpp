@@ -1,0 +1,176 @@
+// Building by hand: ghosts, handles, digits, and pieces that are dragged onto the drawing.
+#include "ui/window_fixture.h"
+
+#include <QEnterEvent>
+
+namespace pistaro {
+namespace {
+
+class BuildingByHand : public WindowTest {
+protected:
+    void Enter(const std::string& code) {
+        const QPointF place(5, 5);
+        QEnterEvent enter(place, place, Piece(code).mapToGlobal(place));
+        QApplication::sendEvent(&Piece(code), &enter);
+    }
+    void Leave(const std::string& code) {
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(&Piece(code), &leave);
+    }
+    /// Drags a piece's button to a point of the world and lets it go there, or not yet.
+    void Drag(const std::string& code, float x, float y, bool letGo = true) {
+        QAbstractButton& button = Piece(code);
+        QTest::mousePress(&button, Qt::LeftButton, {}, PlaceIn(button));
+        const QPointF global = Canvas().mapToGlobal(Canvas().PlaceOf({x, y}));
+        QMouseEvent move(QEvent::MouseMove, button.mapFromGlobal(global), global, Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&button, &move);
+        if (!letGo) return;
+        QTest::mouseRelease(&button, Qt::LeftButton, {}, button.mapFromGlobal(global).toPoint());
+    }
+    const OverlayPieces& Ghost() { return std::get<OverlayPieces>(Canvas().OverlayOf("ghost").at(0)); }
+    std::string GhostWords() { return std::get<OverlayText>(Canvas().OverlayOf("ghost").at(1)).Text; }
+    const Track& First() { return Project.Design.Circuit.Tracks[0]; }
+};
+
+TEST_F(BuildingByHand, APieceAppearsAsAGhostWhereItsButtonWouldLayIt) {
+    Open(ProjectOf("C160"));
+
+    Enter("C159");
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C159"}));
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+    EXPECT_EQ(GhostWords(), "C159 · 0 left · gap 52.5 cm");
+
+    Click("cmdElement", "C159");
+    EXPECT_FLOAT_EQ(Ghost().Start.CursorY, 52.5F) << "and then the next one";
+    EXPECT_EQ(GhostWords(), "C159 · -1 left · gap 70.0 cm");
+    Leave("C159");
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+}
+
+TEST_F(BuildingByHand, InInsertModeTheGhostStandsBeforeTheSelectedElement) {
+    Open(ProjectOf("C160 C160"));
+    ClickLine(1);
+    Click("cmdInsert");
+
+    Enter("C159");
+
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+}
+
+TEST_F(BuildingByHand, WithAllTracksChosenThereIsNoGhost) {
+    Open(ProjectOf("C160"));
+    Click("optAll");
+
+    Enter("C159");
+
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+}
+
+TEST_F(BuildingByHand, OpenEndsCarryHandlesAndClosedTracksNone) {
+    Open(ProjectOf("C160 C160"));
+    const Overlay ends = Canvas().OverlayOf("ends");
+    ASSERT_EQ(ends.size(), 2U);
+    EXPECT_EQ(std::get<OverlayHandle>(ends[0]).Place, (WorldPoint{7.75F, 0}));
+    EXPECT_EQ(std::get<OverlayHandle>(ends[1]).Place, (WorldPoint{7.75F, 70}));
+
+    Open(ProjectOf("C151L C151L C151L C151L C151L C151L C151L C151L"));
+    EXPECT_TRUE(Canvas().OverlayOf("ends").empty());
+}
+
+TEST_F(BuildingByHand, ADashedLineLeadsOverASmallGap) {
+    Open(ProjectOf("C160 C151L C151L C151L C151L C160 C151L C151L C151L"));
+
+    EXPECT_TRUE(std::get<OverlayPath>(Canvas().OverlayOf("ends").at(0)).Dashed);
+}
+
+TEST_F(BuildingByHand, ADigitLaysSoManyAndAnOvalTakesSixActions) {
+    Open();
+
+    Click("cmdElement", "C160");
+    QTest::keyClick(Window.get(), Qt::Key_4);
+    EXPECT_EQ(Text("lblStatus"), "Track 1 · 1 piece · gap 35.0 cm · unsaved · the next piece 4 times");
+    Click("cmdElement", "C151L");
+    EXPECT_EQ(Codes(), "C160 C151L C151L C151L C151L");
+    Click("cmdElement", "C160");
+    QTest::keyClick(Window.get(), Qt::Key_4);
+    Click("cmdElement", "C151L");
+
+    EXPECT_EQ(Codes(), "C160 C151L C151L C151L C151L C160 C151L C151L C151L C151L");
+    EXPECT_EQ(Text("lblStatus"), "Track 1 · 10 pieces · closed · unsaved");
+}
+
+TEST_F(BuildingByHand, EscapeForgetsTheDigit) {
+    Open();
+
+    QTest::keyClick(Window.get(), Qt::Key_4);
+    QTest::keyClick(Window.get(), Qt::Key_Escape);
+    Click("cmdElement", "C160");
+
+    EXPECT_EQ(Codes(), "C160");
+}
+
+TEST_F(BuildingByHand, APieceDraggedToTheEndIsLaidThere) {
+    Open(ProjectOf("C160 C160"));
+    Drag("C159", 12, 80, false);
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 70, 0})) << "shown while it is dragged";
+    QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {}, QPoint(-500, 0));
+    EXPECT_EQ(Codes(), "C160 C160") << "let go beside the drawing it is laid nowhere";
+
+    Drag("C159", 12, 80);
+
+    EXPECT_EQ(Codes(), "C160 C160 C159");
+    EXPECT_EQ(Project.EditState.SelectedElement(), 2);
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+}
+
+TEST_F(BuildingByHand, APieceDraggedBetweenTwoIsPutInAsOneStep) {
+    Open(ProjectOf("C160 C160"));
+
+    Drag("C159", 12, 37);
+    EXPECT_EQ(Codes(), "C160 C159 C160");
+
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), "C160 C160");
+}
+
+TEST_F(BuildingByHand, APieceDraggedBeforeTheStartTakesTheStartBack) {
+    Open(ProjectOf("C160 C160"));
+
+    Drag("C159", 8, -12);
+
+    EXPECT_EQ(Codes(), "C159 C160 C160");
+    EXPECT_FLOAT_EQ(First().TrackStartY, -17.5F);
+    EXPECT_EQ(First().TrackStartX, 0);
+}
+
+TEST_F(BuildingByHand, ACurveBeforeTheStartLeavesAllOthersWhereTheyLie) {
+    Open(ProjectOf("C160"));
+
+    Drag("C151R", 8, -12);
+
+    EXPECT_EQ(Codes(), "C151R C160");
+    const auto placement = PlacementOf(Pieces(), Project.Design.Circuit, {0, 1});
+    EXPECT_NEAR(placement->Corners.Entry.X, 0, 1e-4);
+    EXPECT_NEAR(placement->Corners.Entry.Y, 0, 1e-4);
+    EXPECT_NEAR(placement->Corners.Exit.Y, 35, 1e-4);
+}
+
+TEST_F(BuildingByHand, APieceLetGoFarFromAllTracksIsLaidNowhere) {
+    Open(ProjectOf("C160"));
+
+    Drag("C159", 130, -130);
+
+    EXPECT_EQ(Codes(), "C160");
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(BuildingByHand, OnAnEmptyTrackADraggedPieceBeginsIt) {
+    Open();
+
+    Drag("C160", 10, 5);
+
+    EXPECT_EQ(Codes(), "C160");
+}
+
+} // namespace
+} // namespace pistaro
