@@ -28,7 +28,6 @@ public:
     /// Faults where they cannot be written, or something stands at `path` that must not be replaced.
     WrittenFile(const std::filesystem::path& path, std::string_view bytes);
     ~WrittenFile();
-    WrittenFile(WrittenFile&& other) noexcept;
     WrittenFile(const WrittenFile&) = delete;
     WrittenFile& operator=(const WrittenFile&) = delete;
 

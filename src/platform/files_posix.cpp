@@ -12,7 +12,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace pistaro {
 
@@ -157,10 +156,6 @@ WrittenFile::WrittenFile(const std::filesystem::path& path, std::string_view byt
     }
     temporary_ = temporary;
 }
-
-WrittenFile::WrittenFile(WrittenFile&& other) noexcept
-    : path_(std::move(other.path_)), target_(std::move(other.target_)),
-      temporary_(std::exchange(other.temporary_, {})) {}
 
 WrittenFile::~WrittenFile() {
     if (!temporary_.empty()) ::unlink(temporary_.c_str());

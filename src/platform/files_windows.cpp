@@ -9,7 +9,6 @@
 #include <aclapi.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace pistaro {
 
@@ -221,10 +220,6 @@ WrittenFile::WrittenFile(const std::filesystem::path& path, std::string_view byt
     target_ = target.Path;
     temporary_ = temporary;
 }
-
-WrittenFile::WrittenFile(WrittenFile&& other) noexcept
-    : path_(std::move(other.path_)), target_(std::move(other.target_)),
-      temporary_(std::exchange(other.temporary_, {})) {}
 
 WrittenFile::~WrittenFile() {
     if (!temporary_.empty()) ::DeleteFileW(temporary_.c_str());

@@ -5,6 +5,8 @@
 #include "platform/files.h"
 #include "report/guide_page.h"
 
+#include <list>
+
 namespace pistaro {
 
 namespace {
@@ -79,13 +81,15 @@ std::filesystem::path GuidePageFile(const Preferences& preferences) {
 std::vector<std::filesystem::path> WriteGuide(const Preferences& preferences, const std::vector<GuideFile>& files) {
     GuidePageFile(preferences);
     std::vector<std::filesystem::path> paths;
-    std::vector<WrittenFile> written; // all of them before the first takes its place
+    std::list<WrittenFile> written; // all of them before the first takes its place
     for (const GuideFile& file : files) {
         paths.push_back(PathFromText(InWorkingDirectory(preferences, file.Name)));
         NamingPicture(file, [&] { written.emplace_back(paths.back(), file.Bytes); });
     }
-    for (std::size_t i = 0; i < files.size(); ++i)
-        NamingPicture(files[i], [&] { written[i].TakePlace(); });
+    for (const GuideFile& file : files) {
+        NamingPicture(file, [&] { written.front().TakePlace(); });
+        written.pop_front();
+    }
     return paths;
 }
 

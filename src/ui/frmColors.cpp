@@ -118,12 +118,7 @@ QLayout* frmColors::Buttons() {
         session_.Do([&] { SaveColours(session_.Catalogue, session_.SettingsPath, Chosen(), session_.Prompts); });
     });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cmdApply);
-    row->addWidget(cmdSave);
-    row->addWidget(cmdCancel);
-    return row;
+    return ButtonRow({cmdApply, cmdSave, cmdCancel});
 }
 
 void frmColors::Choose(ColourButton& button) {

@@ -189,12 +189,8 @@ QLayout* frmDrawArea::Buttons() {
         });
     });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const row = new QHBoxLayout;
-    row->addWidget(cmdHelp);
-    row->addStretch();
-    row->addWidget(cmdApply);
-    row->addWidget(cmdSave);
-    row->addWidget(cmdCancel);
+    QHBoxLayout* const row = ButtonRow({cmdApply, cmdSave, cmdCancel});
+    row->insertWidget(0, cmdHelp);
     return row;
 }
 

@@ -164,11 +164,7 @@ QLayout* frmStats::Buttons() {
         });
     });
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
-    auto* const row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cmdShop);
-    row->addWidget(cmdClose);
-    return row;
+    return ButtonRow({cmdShop, cmdClose});
 }
 
 void frmStats::ShowDetailOf(int track) {

@@ -84,11 +84,7 @@ QLayout* frmStock::Buttons() {
     cmdOK->setToolTip("Close without saving");
     connect(cmdSaveTrackStock, &QPushButton::clicked, this, [this] { Save(); });
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cmdSaveTrackStock);
-    row->addWidget(cmdOK);
-    return row;
+    return ButtonRow({cmdSaveTrackStock, cmdOK});
 }
 
 void frmStock::Load() {

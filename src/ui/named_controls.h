@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QButtonGroup>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -41,6 +43,15 @@ inline QButtonGroup* NewKeyField(QWidget* parent) {
 /// A push button. In a dialog Enter presses the one that has the focus, else the default one.
 inline QPushButton* NewButton(const char* name, const QString& caption) {
     return Named(new QPushButton(caption), name);
+}
+
+/// A dialog's buttons, at the right of its lower edge.
+inline QHBoxLayout* ButtonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* const row = new QHBoxLayout;
+    row->addStretch();
+    for (QPushButton* const button : buttons)
+        row->addWidget(button);
+    return row;
 }
 
 /// A box for a number, wide enough for `digits` of them.

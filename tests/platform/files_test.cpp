@@ -115,8 +115,7 @@ TEST(WrittenFile, LeavesTheOldOneUntilItTakesItsPlace) {
 TEST(WrittenFile, GoesWhereItNeverTakesAPlace) {
     const TemporaryFolder folder;
     {
-        WrittenFile file(folder / "a.trk", "new");
-        const WrittenFile moved(std::move(file));
+        const WrittenFile file(folder / "a.trk", "new");
         EXPECT_EQ(FilesIn(folder.Path()), 1U);
     }
 
