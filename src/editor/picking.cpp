@@ -25,9 +25,8 @@ std::vector<PieceAddress> PickMap::PiecesAt(WorldPoint point) const {
         return true;
     });
     std::ranges::sort(found);
-    std::vector<PieceAddress> pieces;
-    for (const int index : found)
-        pieces.push_back(pieces_[static_cast<std::size_t>(index)]);
+    std::vector<PieceAddress> pieces(found.size());
+    std::ranges::transform(found, pieces.begin(), [&](int index) { return pieces_[static_cast<std::size_t>(index)]; });
     return pieces;
 }
 

@@ -101,7 +101,7 @@ void StartAtSelected(const Catalogue& catalogue, Design& design, EditState& edit
         const CatalogueEntry* const piece = catalogue.Find(track.ElementCodes[static_cast<std::size_t>(index)]);
         if (piece != nullptr) start = ExitOf(piece->Kind, start);
     }
-    std::ranges::rotate(track.ElementCodes, track.ElementCodes.begin() + selected);
+    std::rotate(track.ElementCodes.begin(), track.ElementCodes.begin() + selected, track.ElementCodes.end());
     edit.Select(0);
     PlaceStart(design, edit, start);
 }
