@@ -114,7 +114,7 @@ void LaySuggestion(Session& session, const Suggestion& suggestion) {
 std::string PieceCountText(int count) { return std::to_string(count) + (count == 1 ? " piece" : " pieces"); }
 
 std::string TextOf(const Session& session, const Suggestion& suggestion) {
-    const std::string& currency = session.Project.Preferences.DisplayUnits.Currency;
+    const std::string& currency = session.Project.Preferences.Units.Currency;
     const std::vector<std::string> lacking = ToBuy(session, suggestion);
     std::string text = PieceCountText(suggestion.Count()) + ": " + Listed(suggestion.Edit.Insert) + ".";
     text += " " + FixedText(double{suggestion.Price}, 2) + (currency.empty() ? "" : " " + currency);

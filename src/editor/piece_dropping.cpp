@@ -110,7 +110,7 @@ std::string GapWith(const Catalogue& catalogue, const Project& project, const Dr
         track.TrackStartHeading = place.At.CursorHeading;
     }
     track.ElementCodes.insert(track.ElementCodes.begin() + place.Element, code);
-    return GapText(GapOf(catalogue, track), project.Preferences.DisplayUnits);
+    return GapText(GapOf(catalogue, track), project.Preferences.Units);
 }
 
 } // namespace pistaro

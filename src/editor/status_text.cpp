@@ -87,7 +87,7 @@ Bill BillOf(const Catalogue& catalogue, const Project& project) {
 std::string FiguresText(const Catalogue& catalogue, const Project& project) {
     const Bill bill = BillOf(catalogue, project);
     if (bill.Pieces == 0) return {};
-    const Units& units = project.Preferences.DisplayUnits;
+    const Units& units = project.Preferences.Units;
     std::string text;
     if (const Track* const track = EditedTrack(project.Design.Circuit, project.EditState)) {
         const BuiltLanes lanes = LanesAsBuilt(catalogue, *track);
@@ -99,7 +99,7 @@ std::string FiguresText(const Catalogue& catalogue, const Project& project) {
 }
 
 std::string PlaceText(const Project& project, WorldPoint place) {
-    const Units& units = project.Preferences.DisplayUnits;
+    const Units& units = project.Preferences.Units;
     return LengthLabel(place.X, units) + ", " + LengthLabel(place.Y, units) + " " + units.Name() + Between + "view " +
            LengthLabel(project.Design.View.Width, units) + " " + units.Name();
 }

@@ -36,7 +36,8 @@ void Suggester::Refresh(const Changes& changes) {
         if (closings.Suggestions.empty() || !closings.Suggestions.front().IsFree()) return [] {};
         return [this, best = closings.Suggestions.front()] { Show(best); };
     };
-    jobs_.Start(work, [](const JobEnd& end) { end(); }, {});
+    jobs_.Start({"Close the Loop", "Pieces that close the track are being looked for.", work},
+                [](const JobEnd& end) { end(); }, {});
 }
 
 void Suggester::Show(const Suggestion& suggestion) {

@@ -3,6 +3,7 @@
 #include "imaging/circuit_picture.h"
 #include "support/chain.h"
 #include "support/fault_of.h"
+#include "support/named_windows.h"
 #include "support/scripted_prompts.h"
 
 #include <gtest/gtest.h>
@@ -10,19 +11,11 @@
 namespace pistaro {
 namespace {
 
-class Clipboard : public Windows {
+class Clipboard : public NamedWindows {
 public:
     Clipping Copied;
     std::string Text;
 
-    void ShowRecovered() override {}
-    void ShowDrawArea() override {}
-    void ShowColours() override {}
-    void ShowStock() override {}
-    void ShowStatistics() override {}
-    void ShowAbout() override {}
-    void ShowExport() override {}
-    void ShowPrint() override {}
     void PutOnClipboard(const Clipping& clipping) override { Copied = clipping; }
     std::string ClipboardText() override { return Text; }
 };

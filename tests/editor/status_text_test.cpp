@@ -144,7 +144,7 @@ TEST(StatusText, CountsAllTracksTogetherWhenAllAreChosen) {
 
 TEST(Figures, TellLanesAsBuiltPriceAndWhatIsToBuy) {
     Project project = ProjectOf("C160 C159");
-    project.Preferences.DisplayUnits.Currency = "EUR";
+    project.Preferences.Units.Currency = "EUR";
     EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.5 and 52.5 cm as built · 2 to buy");
 
     ProductStock& straight = project.Stock.Of(Pieces().FindRow("C160"));
@@ -166,7 +166,7 @@ TEST(Places, AreToldInDisplayUnitsWithTheViewsWidth) {
     Project project = ProjectOf("");
     EXPECT_EQ(PlaceText(project, {12.34F, -4.5F}), "12.3, -4.5 cm · view 320 cm");
 
-    project.Preferences.DisplayUnits.Inches = true;
+    project.Preferences.Units.Inches = true;
     EXPECT_EQ(PlaceText(project, {25.4F, 0}), "10, 0 in · view 125.9 in");
 }
 
