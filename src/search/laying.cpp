@@ -92,8 +92,8 @@ public:
         std::ranges::stable_sort(found_,
                                  [](const Found& a, const Found& b) { return a.Circuit.Score > b.Circuit.Score; });
         std::set<std::vector<int>> outlines;
-        std::ranges::stable_partition(found_,
-                                      [&](const Found& found) { return outlines.insert(found.Outline).second; });
+        std::stable_partition(found_.begin(), found_.end(),
+                              [&](const Found& found) { return outlines.insert(found.Outline).second; });
         const std::size_t count = std::min(found_.size(), static_cast<std::size_t>(task_.Count));
         std::vector<LaidCircuit> best;
         for (std::size_t i = 0; i < count; ++i)
