@@ -102,6 +102,7 @@ private:
             if (known == taken.end() || change.IsFree()) taken.insert_or_assign(mend.Contents, change);
         }
         std::vector<Suggestion> best;
+        best.reserve(taken.size());
         for (auto& [contents, suggestion] : taken)
             best.push_back(std::move(suggestion));
         return best;
