@@ -92,8 +92,8 @@ TEST_F(TrackSurfaces, CastAShadowWhereOnePassesOverAnother) {
     Project apart = project;
     apart.Design.Circuit.Tracks[1].TrackStartX = -60;
 
-    const QColor over = At(Drawn(project), -1, 17);
-    const QColor free = At(Drawn(apart), -1, 17);
+    const QColor over = At(Drawn(project), -1, 8);
+    const QColor free = At(Drawn(apart), -1, 8);
     EXPECT_EQ(free, QColor(Qt::white));
     EXPECT_LT(over.lightness(), 150) << "the lower track's bed in the upper one's shadow";
 }
