@@ -78,7 +78,7 @@ public:
         const std::string number = std::to_string(files_.size() + 1);
         const std::filesystem::path file =
             folder_ / ("circuit-" + std::string(number.size() < 2, '0') + number + ".trk");
-        ReplaceFile(file, CircuitBytes(design));
+        WriteCircuit(file, design);
         files_.push_back(file);
     }
 

@@ -53,7 +53,7 @@ void CopyRecoveredVerb(const VerbContext& context, const std::string& handle, co
     std::error_code toldByTheWrite;
     if (std::filesystem::exists(std::filesystem::symlink_status(out, toldByTheWrite)))
         throw Fault("File already exists", TextFromPath(out));
-    ReplaceFile(out, CircuitBytes(design));
+    WriteCircuit(out, design);
     context.Output << TextFromPath(out) << '\n';
 }
 

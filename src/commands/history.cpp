@@ -22,6 +22,15 @@ std::string Joined(const std::vector<std::string>& codes) {
     return joined;
 }
 
+bool Holds(const std::string& joined, const std::vector<std::string>& codes) {
+    std::size_t at = 0;
+    for (const std::string& code : codes) {
+        if (joined.compare(at, code.size(), code) != 0 || joined[at + code.size()] != '\n') return false;
+        at += code.size() + 1;
+    }
+    return at == joined.size();
+}
+
 std::vector<std::string> Parted(const std::string& joined) {
     std::vector<std::string> codes;
     codes.reserve(static_cast<std::size_t>(std::ranges::count(joined, '\n')));
@@ -118,7 +127,8 @@ History::State History::StateOf(const Project& project, const StepName& name, co
     state.Name = name;
     for (std::size_t at = 0; at < state.Codes.size(); ++at) {
         const Track& track = project.Design.Circuit.Tracks[at];
-        state.Codes[at] = Shared(last ? last->Codes[at] : nullptr, Joined(track.ElementCodes));
+        const bool isShared = last != nullptr && Holds(*last->Codes[at], track.ElementCodes);
+        state.Codes[at] = isShared ? last->Codes[at] : std::make_shared<const std::string>(Joined(track.ElementCodes));
         state.Starts[at] = track.Start();
     }
     state.Room = Shared(last ? last->Room : nullptr, RoomPolygon(project.Design.Room));

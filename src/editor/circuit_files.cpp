@@ -31,8 +31,7 @@ std::string LoadCircuit(Project& project, const std::filesystem::path& file) {
 }
 
 std::string SaveCircuit(Project& project, const std::filesystem::path& file) {
-    std::string bytes = CircuitBytes(project.Design);
-    ReplaceFile(file, bytes);
+    std::string bytes = WriteCircuit(file, project.Design);
     project.EditState.DataChanged = false;
     Adopt(project, file);
     return bytes;

@@ -49,11 +49,15 @@ std::set<Address> BridgesOf(const Catalogue& catalogue, const Project& project) 
         if (track != current) add(track);
     if (current != AllTracks) add(current);
     const GroundGrid grid(std::move(grounds));
+    const auto follows = [](const Address& piece, const Address& other) {
+        return piece.first == other.first && piece.second == other.second + 1;
+    };
     std::set<Address> bridges;
     for (std::size_t upper = 0; upper < addresses.size(); ++upper) {
         const Ground& ground = grid.Grounds()[upper];
-        const bool alone = grid.ForEachMeeting(ground.Box, [&](int lower, const Ground& other) {
-            return lower + 1 >= static_cast<int>(upper) || !Overlaps(ground, other);
+        const bool alone = grid.ForEachMeeting(ground.Box, [&](int index, const Ground& other) {
+            const auto lower = static_cast<std::size_t>(index);
+            return lower >= upper || follows(addresses[upper], addresses[lower]) || !Overlaps(ground, other);
         });
         if (!alone) bridges.insert(addresses[upper]);
     }

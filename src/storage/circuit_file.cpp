@@ -90,4 +90,11 @@ std::string CircuitBytes(const Design& design) {
     return lines.Take();
 }
 
+std::string WriteCircuit(const std::filesystem::path& path, const Design& design) {
+    std::string bytes = CircuitBytes(design);
+    ParseCircuit(bytes, TextFromPath(path)); // what could not be read again must not take the old file's place
+    ReplaceFile(path, bytes);
+    return bytes;
+}
+
 } // namespace pistaro

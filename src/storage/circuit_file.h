@@ -19,4 +19,8 @@ Design ReadCircuit(const std::filesystem::path& path);
 /// The bytes of the file that holds a design.
 std::string CircuitBytes(const Design& design);
 
+/// Replaces the file by one that holds the design, and gives its bytes. Faults of writing; and what could not be read
+/// again is refused with the fault that its reader would give.
+std::string WriteCircuit(const std::filesystem::path& path, const Design& design);
+
 } // namespace pistaro

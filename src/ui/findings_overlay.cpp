@@ -133,7 +133,8 @@ Overlay FindingsOverlay(const Catalogue& catalogue, const Circuit& circuit, cons
 }
 
 Overlay LanesOverlay(const Catalogue& catalogue, const Circuit& circuit) {
-    constexpr std::array<Colour, std::size_t{2} * TrackCount> colours{
+    constexpr std::size_t lanesPerTrack = 2;
+    constexpr std::array<Colour, lanesPerTrack * TrackCount> colours{
         Rgb(230, 30, 60), Rgb(30, 100, 240), Rgb(245, 150, 0), Rgb(0, 160, 140), Rgb(190, 40, 200), Rgb(110, 160, 0)};
     Overlay overlay;
     for (std::size_t track = 0; track < circuit.Tracks.size(); ++track) {

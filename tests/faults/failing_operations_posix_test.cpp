@@ -133,6 +133,14 @@ TEST_F(FailingCalls, OfASave) {
     EXPECT_THAT(BytesOf(desk_.Settings()), HasSubstr("[Working Directory]\r\n" + desk_.Folder().string() + "/\r\n"));
 }
 
+TEST_F(FailingCalls, OfASaveToTheCircuitsOwnFile) {
+    const Operation save = [](Desk& desk) { desk.Session().TryRun(*desk.Session().Commands.Find("plain save")); };
+
+    TryEachCall(save, {"oval.trk"});
+
+    EXPECT_EQ(BytesOf(desk_.Circuit()), CircuitText("C160 C159"));
+}
+
 TEST_F(FailingCalls, OfTheColourDialogsSave) {
     const Operation save = [](Desk& desk) {
         ColourScheme colours;

@@ -2,12 +2,16 @@
 #include "storage/circuit_file.h"
 
 #include "platform/fault.h"
+#include "platform/files.h"
 #include "storage/circuit_file_texts.h"
+#include "storage/line_reader.h"
 #include "storage/mutation.h"
 #include "storage/settings_file.h"
 #include "support/chain.h"
+#include "support/fault_of.h"
+#include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <cmath>
 #include <random>
@@ -15,6 +19,8 @@
 
 namespace pistaro {
 namespace {
+
+using testing::HasSubstr;
 
 Project FullProject() {
     Project project = StartUp(InitialSettings(Pieces()));
@@ -224,6 +230,18 @@ Project AnyProject(std::mt19937& random) {
         }
     }
     return project;
+}
+
+TEST(CircuitFile, IsLeftAloneByADesignThatCouldNotBeReadAgain) {
+    const TemporaryFolder folder;
+    WriteCircuit(folder / "oval.trk", FullProject().Design);
+    Design endless = FullProject().Design;
+    endless.Circuit.Tracks[0].ElementCodes.assign(502, "C160");
+
+    EXPECT_THAT(FaultOf([&] { WriteCircuit(folder / "oval.trk", endless); }),
+                HasSubstr("a track holds at most 501 elements"));
+
+    EXPECT_EQ(ReadFile(folder / "oval.trk", MostFileBytes), FullFile);
 }
 
 TEST(CircuitFile, SavedReadAndSavedAgainIsTheSame) {
