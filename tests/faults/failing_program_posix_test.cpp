@@ -111,7 +111,7 @@ private:
             EXPECT_THAT(finished.Errors,
                         AllOf(StartsWith("pistaro: "), HasSubstr(failure.Told), EndsWith("\n"),
                               AnyOf(HasSubstr("oval.trk"), HasSubstr("corvel.ini"), HasSubstr("shoppingList.txt"),
-                                    HasSubstr("track.png"), HasSubstr(".gif"), HasSubstr("guide.html"))));
+                                    HasSubstr("track."), HasSubstr(".gif"), HasSubstr("guide.html"))));
             EXPECT_EQ(std::ranges::count(finished.Errors, '\n'), 1) << finished.Errors;
         }
         return !failed.empty();
@@ -137,6 +137,16 @@ TEST_F(FailingProgram, OnTheDrawAreaDialogsSave) { TryEachCall(Script, "area ste
 
 TEST_F(FailingProgram, OnAPicture) {
     TryEachCall({"picture", "oval.trk", "--out", "track.png", "--size", "50"}, "", {"track.png"});
+}
+
+TEST_F(FailingProgram, OnAnExport) {
+    for (const char* const name : {"track.svg", "track.pdf", "track.dxf", "track.csv", "track.json", "track.png"})
+        TryEachCall({"export", "oval.trk", "--out", name}, "", {name});
+}
+
+TEST_F(FailingProgram, OnABuildPlan) {
+    for (const char* const name : {"track.html", "track.pdf"})
+        TryEachCall({"plan", "oval.trk", "--out", name}, "", {name});
 }
 
 TEST_F(FailingProgram, OnTheShoppingList) { TryEachCall({"shop", "oval.trk"}, "", {"shoppingList.txt"}); }
