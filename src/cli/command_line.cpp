@@ -4,21 +4,19 @@
 #include "cli/close.h"
 #include "cli/export_verb.h"
 #include "cli/generate.h"
+#include "cli/option_checks.h"
 #include "cli/plan_verb.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
-#include "imaging/circuit_picture.h"
 #include "model/job.h"
 #include "platform/fault.h"
 #include "platform/fault_words.h"
 #include "platform/files.h"
-#include "search/piece_box.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
 #include <functional>
 
 namespace pistaro {
@@ -48,64 +46,6 @@ OptionalPath PathIn(const std::string& text) {
 
 OptionalPath PathIn(const std::optional<std::string>& text) {
     return text ? OptionalPath(PathFromText(*text)) : OptionalPath();
-}
-
-/// An option's check: empty when the file's ending names a picture format.
-std::string WhyNoPictureFile(const std::string& name) {
-    try {
-        PictureFormatOf(PathFromText(name));
-        return {};
-    } catch (const Fault& fault) {
-        return fault.what();
-    }
-}
-
-/// An option's check: for a whole number of this range in plain digits; the parser by itself would take "010" for 8.
-template <typename Integer>
-CLI::Validator PlainNumber(Integer least, Integer most) {
-    const auto whyNot = [=](const std::string& text) {
-        Integer number = 0;
-        const char* const end = text.data() + text.size();
-        const auto [stop, error] = std::from_chars(text.data(), end, number);
-        const bool plain = error == std::errc() && stop == end && (text == "0" || !text.starts_with('0'));
-        if (plain && number >= least && number <= most) return std::string();
-        return "\"" + text + "\" is no whole number from " + std::to_string(least) + " to " + std::to_string(most);
-    };
-    return {whyNot, ""};
-}
-
-/// An option's check: empty for a tolerance in millimetres.
-std::string WhyNoTolerance(const std::string& text) {
-    double millimetres = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, millimetres);
-    const bool isGood = error == std::errc() && stop == end && millimetres >= 0 && millimetres <= 100;
-    return isGood ? "" : "\"" + text + "\" is no number of millimetres from 0 to 100";
-}
-
-/// An option's check: empty for a width and a height.
-std::string WhyNoArea(const std::string& text) {
-    return AreaOf(text) ? "" : "\"" + text + "\" is no width and height in whole cm up to 30000, as in 400x300";
-}
-
-/// An option's check: empty for products with counts.
-std::string WhyNoBox(const Catalogue& catalogue, const std::string& text) {
-    try {
-        BoxOf(catalogue, text);
-        return {};
-    } catch (const std::invalid_argument& reason) {
-        return reason.what();
-    }
-}
-
-/// An option's check: empty for a time above 0.
-std::string WhyNoSeconds(const std::string& text) {
-    double seconds = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, seconds);
-    constexpr double most = 1e6;
-    const bool isGood = error == std::errc() && stop == end && seconds > 0 && seconds <= most;
-    return isGood ? "" : "\"" + text + "\" is no number of seconds above 0";
 }
 
 using VerbJob = std::function<void(const VerbContext&)>;

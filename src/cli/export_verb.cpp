@@ -1,38 +1,28 @@
 #include "cli/export_verb.h"
 
+#include "cli/option_checks.h"
 #include "cli/start.h"
 #include "imaging/circuit_picture.h"
 #include "paper/paper_size.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 
-#include <charconv>
-
 namespace pistaro {
 
 namespace {
-
-/// A plain decimal number, all of the text; nothing for any other.
-std::optional<double> PlainNumber(std::string_view text) {
-    double number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number, std::chars_format::fixed);
-    if (error != std::errc() || stop != end || text.front() == '-') return std::nullopt;
-    return number;
-}
 
 /// The N of "1:N".
 std::optional<double> ScaleIn(std::string_view text) {
     constexpr double least = 0.001;
     constexpr double most = 100000;
     if (!text.starts_with("1:")) return std::nullopt;
-    const std::optional<double> scale = PlainNumber(text.substr(2));
+    const std::optional<double> scale = PlainDecimal(text.substr(2));
     return scale && *scale >= least && *scale <= most ? scale : std::nullopt;
 }
 
 std::optional<double> ResolutionIn(std::string_view text) {
     constexpr double most = 4800;
-    const std::optional<double> dots = PlainNumber(text);
+    const std::optional<double> dots = PlainDecimal(text);
     return dots && *dots >= 1 && *dots <= most ? dots : std::nullopt;
 }
 
