@@ -40,6 +40,7 @@ void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const V
     canvas.Surface.Clear(preferences.Colours.Background);
     ShowView(view, canvas.Surface);
     const ViewRectangle shown = ShownRectangle(view);
+    canvas.Surface.RoundDots();
     DrawGrid(preferences, covered, double{shown.ViewRight} - shown.ViewLeft, canvas.Surface,
              look == TrackLook::Surface ? RecedingGridColour(preferences.Colours.Background) : GridColour);
     canvas.Painter.resetTransform();

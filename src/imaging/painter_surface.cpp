@@ -1,13 +1,15 @@
 // World coordinates to pixels, and strokes to painter calls.
 #include "imaging/painter_surface.h"
 
+#include "imaging/picture_grid.h"
+
 #include <QFontMetricsF>
 #include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <optional>
+#include <vector>
 
 namespace pistaro {
 
@@ -16,8 +18,7 @@ namespace {
 constexpr double PointsPerInch = 72;
 constexpr double MillimetresPerInch = 25.4;
 constexpr double ScreenDotsPerInch = 96;
-constexpr double SmallestRing = 2; ///< pixels; a smaller circle, such as the grid's, is drawn as a dot
-constexpr double Margin = 4;       ///< pixels that a stroke of one pixel may reach beyond its geometry
+constexpr double Margin = 4; ///< pixels that a stroke of one pixel may reach beyond its geometry
 
 /// An arc as curves of an eighth of a circle at most, which stay within a 200,000th of the radius. The painter's own
 /// arcs stray far enough to part the pieces of a large curve.
@@ -76,7 +77,9 @@ PainterSurface::PainterSurface(QPainter& painter, const TargetSize& target, cons
 
 void PainterSurface::Clear(Colour background) {
     painter_.fillRect(part_, ToQColor(background));
-    if (!backdrop_.isNull()) painter_.drawImage(QPointF(0, 0), backdrop_);
+    if (backdrop_.isNull()) return;
+    const double dotsPerPixel = target_.DotsPerInch / ScreenDotsPerInch;
+    painter_.drawImage(QRectF(QPointF(0, 0), QSizeF(backdrop_.size()) * dotsPerPixel), backdrop_);
 }
 
 void PainterSurface::SetScale(const ViewRectangle& world) {
@@ -92,7 +95,7 @@ void PainterSurface::SetPen(PenWidth width) {
 }
 
 void PainterSurface::Draw(const LineSegment& line, Colour colour) {
-    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), part_, Reach());
+    const auto visible = VisiblePart(line);
     if (!visible) return;
     UsePen(colour);
     painter_.drawLine(*visible);
@@ -110,13 +113,58 @@ void PainterSurface::Draw(const Ellipse& ellipse, Colour colour) {
     const QPointF centre = Mapped(ellipse.Centre);
     const double radius = ellipse.Radius * dotsPerCm_;
     if (!IsVisible(centre, radius)) return;
-    if (radius < SmallestRing && ellipse.Aspect == 1) {
-        UsePen(colour, 2 * radius, 2 * radius == 1 ? Qt::SquareCap : Qt::RoundCap); // of one pixel: all of it
-        painter_.drawPoint(centre);
-        return;
+    if (ellipse.Aspect == 1) {
+        UseCirclePen(colour, radius);
+        return PaintCircle(painter_, centre, radius);
     }
     UsePen(colour);
     painter_.drawEllipse(centre, radius, radius * ellipse.Aspect);
+}
+
+void PainterSurface::DrawGridLines(const GridLines& columns, const GridLines& rows, Colour colour) {
+    QList<QLineF> down;
+    for (int i = 0; i < columns.Count(); ++i) {
+        if (const auto line = VisiblePart({{columns.At(i), rows.End()}, {columns.At(i), rows.Begin()}}))
+            down.push_back(*line);
+    }
+    QList<QLineF> across;
+    for (int i = 0; i < rows.Count(); ++i) {
+        if (const auto line = VisiblePart({{columns.Begin(), rows.At(i)}, {columns.End(), rows.At(i)}}))
+            across.push_back(*line);
+    }
+    UsePen(colour);
+    QImage* const picture = OpenPicture(painter_);
+    if (picture == nullptr || !DrawCrossingLines(*picture, painter_, down, across))
+        Surface::DrawGridLines(columns, rows, colour);
+}
+
+// On eighths of a pixel many circles look alike.
+void PainterSurface::DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Colour colour) {
+    if (!roundsDots_ || dynamic_cast<QImage*>(painter_.device()) == nullptr)
+        return Surface::DrawGridDots(columns, rows, radius, colour);
+    const double dots = radius * dotsPerCm_;
+    const QTransform& toPixels = painter_.deviceTransform();
+    // What is no larger than a pixel is painted as one: that on which it lies.
+    const double rounding = 2 * dots * toPixels.m11() <= 1 ? 0 : 0.5;
+    const auto eighth = [&](double pixels) { return static_cast<int>(std::floor(pixels * Eighths + rounding)); };
+    const QPointF middle = part_.center();
+    std::vector<int> across;
+    for (int i = 0; i < columns.Count(); ++i) {
+        const QPointF place(Mapped({columns.At(i), 0}).x(), middle.y());
+        if (IsVisible(place, dots)) across.push_back(eighth(toPixels.map(place).x()));
+    }
+    std::vector<int> down;
+    for (int j = 0; j < rows.Count(); ++j) {
+        const QPointF place(middle.x(), Mapped({0, rows.At(j)}).y());
+        if (IsVisible(place, dots)) down.push_back(eighth(toPixels.map(place).y()));
+    }
+    UseCirclePen(colour, dots);
+    if (QImage* const picture = OpenPicture(painter_)) return DrawCircles(*picture, painter_, dots, across, down);
+    const QTransform toDots = toPixels.inverted();
+    for (const int x : across) {
+        for (const int y : down)
+            PaintCircle(painter_, toDots.map(QPointF(x, y) / Eighths), dots);
+    }
 }
 
 void PainterSurface::DrawPoint(WorldPoint point, Colour colour) {
@@ -151,6 +199,18 @@ bool PainterSurface::IsVisible(QPointF centre, double radius) const {
     // Written so that a scale of an empty view, which makes everything not a number, shows nothing.
     return centre.x() + reach >= part_.left() && centre.x() - reach <= part_.right() &&
            centre.y() + reach >= part_.top() && centre.y() - reach <= part_.bottom();
+}
+
+std::optional<QLineF> PainterSurface::VisiblePart(const LineSegment& line) const {
+    return Clipped(Mapped(line.From), Mapped(line.To), part_, Reach());
+}
+
+void PainterSurface::UseCirclePen(Colour colour, double radius) {
+    if (radius < SmallestRing) {
+        UsePen(colour, 2 * radius, 2 * radius == 1 ? Qt::SquareCap : Qt::RoundCap); // of one pixel: all of it
+    } else {
+        UsePen(colour);
+    }
 }
 
 void PainterSurface::UsePen(Colour colour, double width, Qt::PenCapStyle cap) {

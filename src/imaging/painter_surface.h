@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <optional>
+
 namespace pistaro {
 
 /// What a painter draws on: device-independent pixels of a screen, or the dots of paper.
@@ -20,8 +22,8 @@ struct TargetSize {
 
 class PainterSurface : public Surface {
 public:
-    /// Draws with `painter` on a target of this size; `backdrop` lies behind everything at its natural size from the
-    /// top left.
+    /// Draws with `painter` on a target of this size; `backdrop` lies behind everything at its natural size, a
+    /// pixel a 96th of an inch, from the top left.
     PainterSurface(QPainter& painter, const TargetSize& target, const QImage& backdrop = {});
 
     /// From now on draws what falls into this part of the target's plane, which may reach beyond the target; at first,
@@ -30,6 +32,9 @@ public:
 
     /// Of all lines and arcs that are drawn from now on.
     void SetDashed(bool dashed) { dashed_ = dashed; }
+
+    /// From now on a grid's dots lie on eighths of the picture's pixels, of which many are alike and drawn once.
+    void RoundDots() { roundsDots_ = true; }
 
     /// To be called when somebody else has used the painter.
     void ForgetPen() { penColour_ = NoPen; }
@@ -46,6 +51,8 @@ public:
     void Draw(const LineSegment& line, Colour colour) override;
     void Draw(const ArcSegment& arc, Colour colour) override;
     void Draw(const Ellipse& ellipse, Colour colour) override;
+    void DrawGridLines(const GridLines& columns, const GridLines& rows, Colour colour) override;
+    void DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Colour colour) override;
     void DrawPoint(WorldPoint point, Colour colour) override;
     void DrawText(const std::string& text, Colour colour) override;
     void SetFontSize(double points) override;
@@ -55,6 +62,8 @@ private:
     /// How far beyond its geometry a stroke may be seen.
     double Reach() const;
     bool IsVisible(QPointF centre, double radius) const;
+    std::optional<QLineF> VisiblePart(const LineSegment& line) const;
+    void UseCirclePen(Colour colour, double radius);
     void UsePen(Colour colour) { UsePen(colour, lineWidth_, Qt::SquareCap); }
     void UsePen(Colour colour, double width, Qt::PenCapStyle cap);
 
@@ -66,7 +75,7 @@ private:
     double dotsPerCm_ = 1;
     double lineWidth_ = 1; ///< dots
     static constexpr Colour NoPen = -1;
-    bool dashed_ = false, penDashed_ = false;
+    bool dashed_ = false, penDashed_ = false, roundsDots_ = false;
     Colour penColour_ = NoPen;
     double penWidth_ = 0;
     Qt::PenCapStyle penCap_ = Qt::SquareCap;

@@ -15,36 +15,6 @@ constexpr double LeastGridStep = 6; ///< pixels
 constexpr double WideView = 400; ///< cm; beyond it texts are small
 constexpr double SmallFont = 6;  ///< points
 
-/// Multiples of the step, from one step before a range to one step after it.
-struct GridLines {
-    GridLines(double from, double to, double spacing)
-        : Step(spacing), First(std::floor((from - spacing) / spacing)), Last(std::floor((to + spacing) / spacing)) {}
-
-    double Step, First, Last;
-
-    int Count() const { return static_cast<int>(Last - First) + 1; }
-    float At(int i) const { return static_cast<float>(Step * (First + i)); }
-    float Begin() const { return At(0); }
-    float End() const { return At(Count() - 1); }
-};
-
-void DrawGridLines(const GridLines& columns, const GridLines& rows, Surface& surface, Colour colour) {
-    for (int i = 0; i < columns.Count(); ++i) {
-        surface.Draw(LineSegment{{columns.At(i), rows.End()}, {columns.At(i), rows.Begin()}}, colour);
-    }
-    for (int i = rows.Count() - 1; i >= 0; --i) {
-        surface.Draw(LineSegment{{columns.Begin(), rows.At(i)}, {columns.End(), rows.At(i)}}, colour);
-    }
-}
-
-void DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Surface& surface, Colour colour) {
-    for (int i = 0; i < columns.Count(); ++i) {
-        for (int j = rows.Count() - 1; j >= 0; --j) {
-            surface.Draw(Ellipse{{columns.At(i), rows.At(j)}, radius, 1}, colour);
-        }
-    }
-}
-
 /// The step that is drawn: 1, 2, 5, 10 … times the one that is set.
 double ThinnedStep(double step, double pixelsPerCm) {
     for (double tens = 1;; tens *= 10) {
@@ -115,9 +85,9 @@ void DrawGrid(const Preferences& preferences, const ViewRectangle& covered, doub
     const GridLines columns(covered.ViewLeft, covered.ViewRight, step);
     const GridLines rows(covered.ViewBottom, covered.ViewTop, step);
     if (preferences.Grid.Type == static_cast<int>(GridType::Lines)) {
-        DrawGridLines(columns, rows, surface, colour);
+        surface.DrawGridLines(columns, rows, colour);
     } else if (preferences.Grid.Type == static_cast<int>(GridType::Dots)) {
-        DrawGridDots(columns, rows, viewWidth / 500, surface, colour);
+        surface.DrawGridDots(columns, rows, viewWidth / 500, colour);
     }
 }
 

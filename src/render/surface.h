@@ -4,6 +4,7 @@
 #include "layout/shapes.h"
 #include "model/colour_scheme.h"
 #include "model/view_settings.h"
+#include "render/grid_lines.h"
 
 #include <string>
 
@@ -34,6 +35,10 @@ public:
     virtual void Draw(const LineSegment& line, Colour colour) = 0;
     virtual void Draw(const ArcSegment& arc, Colour colour) = 0;
     virtual void Draw(const Ellipse& ellipse, Colour colour) = 0;
+    /// A grid's lines, first the upright ones; or a circle at each of its crossings. One by one, unless the target
+    /// knows a faster way to the same.
+    virtual void DrawGridLines(const GridLines& columns, const GridLines& rows, Colour colour);
+    virtual void DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Colour colour);
     /// Plots a point, which is then the text position.
     virtual void DrawPoint(WorldPoint point, Colour colour) = 0;
     /// Prints at the text position, which is the text's top left.

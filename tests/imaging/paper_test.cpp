@@ -76,6 +76,19 @@ TEST(Paper, IsClearedOverItsOwnWidthAndHeight) {
     EXPECT_EQ(paper.Image.pixel(399, 200), qRgb(128, 128, 128));
 }
 
+TEST(Paper, HasAPictureBehindTheDrawingAtItsNaturalSize) {
+    QImage backdrop(64, 32, QImage::Format_RGB32);
+    backdrop.fill(qRgb(0, 0, 0));
+    QImage image(500, 500, QImage::Format_RGB32);
+    QPainter painter(&image);
+
+    PainterSurface(painter, {400, 400, PrinterDots}, backdrop).Clear(White); // 200 by 100 dots
+
+    EXPECT_EQ(image.pixel(198, 98), qRgb(0, 0, 0));
+    EXPECT_EQ(image.pixel(201, 50), qRgb(255, 255, 255));
+    EXPECT_EQ(image.pixel(50, 101), qRgb(255, 255, 255));
+}
+
 TEST(Paper, WiderThanHighShowsTheWorldToOneScaleFromTheTopLeft) {
     Paper paper({400, 200}); // four dots a centimetre: the upper half of the metre
 
