@@ -75,6 +75,14 @@ TourStop NextPiece(int laid, int times) {
     return AtCurve(secondHalf, PiecesOfAHalf - ofHalf, times);
 }
 
+/// What is told where something else lies behind the oval's pieces.
+std::string OtherPieces(const Track& track, int laid) {
+    if (laid == 0 && track.ElementCodes.size() > 1)
+        return "Something else lies here now. Circuit ▸ New (Ctrl+N) brings back an empty track.";
+    return "Now " + track.ElementCodes[static_cast<std::size_t>(laid)] +
+           " lies where the oval has another piece. Never mind: Edit ▸ Undo (Ctrl+Z) takes it back.";
+}
+
 } // namespace
 
 TourStop TourStopOf(const Project& project, int times) {
@@ -89,12 +97,7 @@ TourStop TourStopOf(const Project& project, int times) {
         hindrance.Text = stop.Text;
         return hindrance;
     }
-    if (there > laid) {
-        const std::string& other = track->ElementCodes[static_cast<std::size_t>(laid)];
-        stop.Remark = "Now " + other +
-                      " lies where the oval has another piece. Never mind: Edit ▸ Undo (Ctrl+Z) takes "
-                      "it back.";
-    }
+    if (there > laid) stop.Remark = OtherPieces(*track, laid);
     return stop;
 }
 

@@ -1,6 +1,7 @@
 #include "ui/fold_out.h"
 
 #include "editor/palette_pieces.h"
+#include "ui/named_controls.h"
 #include "ui/piece_badge.h"
 #include "ui/piece_icon.h"
 
@@ -20,8 +21,11 @@ public:
 
 } // namespace
 
-FoldOut::FoldOut(Session& session, CommandControls& controls, const std::vector<int>& rows, QWidget* parent)
+FoldOut::FoldOut(Session& session, CommandControls& controls, const std::string& basic, const std::vector<int>& rows,
+                 QWidget* parent)
     : QMenu(parent), session_(session), rows_(rows) {
+    setObjectName("mnuFoldOut");
+    setProperty("Tag", Shown(basic));
     setAccessibleName("Special pieces");
     setToolTipsVisible(true);
     auto* const style = new PieceMenuStyle;

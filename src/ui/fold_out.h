@@ -11,8 +11,9 @@ namespace pistaro {
 
 class FoldOut : public QMenu {
 public:
-    /// Opens from `parent`. `rows` are the catalogue's of the special pieces.
-    FoldOut(Session& session, CommandControls& controls, const std::vector<int>& rows, QWidget* parent);
+    /// `basic` is the button's piece, `rows` are the catalogue's of the special ones.
+    FoldOut(Session& session, CommandControls& controls, const std::string& basic, const std::vector<int>& rows,
+            QWidget* parent);
 
 private:
     void ShowPieces();

@@ -52,7 +52,7 @@ frmSamples::frmSamples(Session& session, const std::filesystem::path& folder, QW
     connect(cmdOpen_, &QPushButton::clicked, this, [this] { OpenChosen(); });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(lstSamples_, &QListWidget::itemDoubleClicked, this, [this] { OpenChosen(); });
-    resize(4 * (PictureSide + 20) + 60, 2 * (PictureSide + 3 * fontMetrics().height()) + 120);
+    resize(4 * (PictureSide + 20) + 60, 2 * (PictureSide + 3 * fontMetrics().height()) + 90);
 }
 
 void frmSamples::Add(const std::filesystem::path& sample) {

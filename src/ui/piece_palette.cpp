@@ -118,7 +118,7 @@ PieceButton* PiecePalette::AddPieceButton(QGroupBox& frame, const CatalogueEntry
     auto* const button = new PieceButton(piece, session_.Catalogue, &frame);
     controls_.Bind(*button, "add " + piece.Code);
     if (const std::vector<int> specials = SpecialsOf(session_.Catalogue, piece); !specials.empty())
-        button->SetFoldOut(*new FoldOut(session_, controls_, specials, button));
+        button->SetFoldOut(*new FoldOut(session_, controls_, piece.Code, specials, this));
     connect(button, &QToolButton::pressed, this, [this, button] { ShowNumber(*button, RemainingPieces); });
     connect(button, &QToolButton::released, this, [button] { button->setText(CaptionOf(*button)); });
     static_cast<QGridLayout*>(frame.layout())->addWidget(button, row, column);

@@ -39,6 +39,8 @@ TEST(Tour, TellsOfAnotherPieceAndHowToTakeItBack) {
     EXPECT_THAT(stop.Remark, HasSubstr("Undo"));
 }
 
+TEST(Tour, TellsOfAnotherCircuit) { EXPECT_THAT(At("N10102 N10102").Remark, HasSubstr("Circuit ▸ New")); }
+
 TEST(Tour, TellsOfAPieceTooManyAfterTheOval) {
     const TourStop stop = At("C160 C151L C151L C151L C151L C160 C151L C151L C151L C151L C159");
 

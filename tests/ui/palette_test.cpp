@@ -46,9 +46,9 @@ protected:
     /// Presses the fold-out of a button; gives its menu.
     QMenu& Unfold(const std::string& code) {
         QTest::mouseClick(&Palette(code), Qt::LeftButton, {}, Palette(code).FoldOutPlace().center());
-        auto* const menu = Palette(code).findChild<QMenu*>();
-        EXPECT_TRUE(menu->isVisible());
-        return *menu;
+        auto& menu = Find<QMenu>("mnuFoldOut", code);
+        EXPECT_TRUE(menu.isVisible());
+        return menu;
     }
     static void Press(QMenu& menu, int entry) {
         QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(entry)).center());
@@ -106,10 +106,10 @@ TEST_F(PaletteTest, AltDownUnfoldsWithoutTheMouse) {
     Piece("C151R").setFocus();
 
     QTest::keyClick(&Piece("C151R"), Qt::Key_Down, Qt::AltModifier);
-    auto* const menu = Palette("C151R").findChild<QMenu*>();
-    ASSERT_TRUE(menu->isVisible());
-    QTest::keyClick(menu, Qt::Key_Down);
-    QTest::keyClick(menu, Qt::Key_Return);
+    auto& menu = Find<QMenu>("mnuFoldOut", "C151R");
+    ASSERT_TRUE(menu.isVisible());
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QTest::keyClick(&menu, Qt::Key_Return);
 
     EXPECT_EQ(Codes(), "C8010R");
 }

@@ -29,7 +29,8 @@ protected:
     QWidget& Bubble() { return Find<QWidget>("fraTour"); }
     QRect Ring() { return Find<QWidget>("fraTourRing").geometry(); }
     QRect PlaceOf(const QWidget& control) { return {control.mapTo(Window.get(), QPoint()), control.size()}; }
-    void Digit(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    /// On what has the window's keyboard.
+    void Digit(Qt::Key key) { QTest::keyClick(Window->focusWidget(), key); }
 };
 
 TEST_F(TourTest, WalksThroughAnOvalInSixActions) {
@@ -112,10 +113,11 @@ TEST_F(TourTest, StandsInsideTheWindowBesideTheControlWhateverItsSize) {
     EXPECT_FALSE(Bubble().geometry().intersects(PlaceOf(Find<QLabel>("lblStatus"))));
 }
 
-TEST_F(TourTest, ADigitTypedInTheTourReachesTheBuildingHandFromTheList) {
+TEST_F(TourTest, TakesTheKeyboardFromTheListSoThatDigitsCount) {
     Open(ProjectOf("C160 C159"));
     List().setFocus();
     Begin(); // a circuit that is saved makes way
+    EXPECT_EQ(Window->focusWidget(), &Picture()) << "where no list swallows digits";
 
     Click("cmdElement", "C160");
     Digit(Qt::Key_4);
