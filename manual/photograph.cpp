@@ -129,7 +129,7 @@ void PhotographTour(const Photographer& photographer, Session& session, frmCorve
     QApplication::processEvents();
     session.Run(*session.Commands.Find("add C160"));
     QTest::keyClick(&window, Qt::Key_4);
-    photographer.Take(window, QRect(0, 0, 620, 420), "tour");
+    photographer.Take(window, QRect(0, 0, 720, 450), "tour");
     QTest::mouseClick(window.findChild<QAbstractButton*>("cmdEndTour"), Qt::LeftButton);
 }
 

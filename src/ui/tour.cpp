@@ -127,7 +127,7 @@ void TourBubble::paintEvent(QPaintEvent*) {
         shape = shape.united(arrow);
     }
     painter.setPen(QPen(Accent, 2));
-    painter.setBrush(palette().color(QPalette::ToolTipBase));
+    painter.setBrush(palette().color(QPalette::Base));
     painter.drawPath(shape);
 }
 
