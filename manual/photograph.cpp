@@ -11,6 +11,7 @@
 #include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"
 #include "ui/frmRecovered.h"
+#include "ui/frmSamples.h"
 
 #include <QAction>
 #include <QApplication>
@@ -121,6 +122,17 @@ RoomPolygon RoomOfTheManual() {
             .Angle = 0};
 }
 
+/// The tour's third step: a straight is laid, and a 4 was typed.
+void PhotographTour(const Photographer& photographer, Session& session, frmCorvel& window) {
+    session.Do([&] { NewProject(session.Project); });
+    window.findChild<QAction*>("mnuTour")->trigger();
+    QApplication::processEvents();
+    session.Run(*session.Commands.Find("add C160"));
+    QTest::keyClick(&window, Qt::Key_4);
+    photographer.Take(window, QRect(0, 0, 720, 450), "tour");
+    QTest::mouseClick(window.findChild<QAbstractButton*>("cmdEndTour"), Qt::LeftButton);
+}
+
 void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& sample, const QString& folder) {
     const Photographer photographer(folder);
     SilentUser user;
@@ -153,6 +165,11 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
         photographer.Take(window, name);
         window.findChild<QAction*>(entry)->trigger();
     }
+    frmSamples samples(session, sample.parent_path(), &window);
+    samples.show();
+    photographer.Take(samples, "samples");
+    samples.close();
+    PhotographTour(photographer, session, window);
     frmAbout about(session.Catalogue, &window);
     about.show();
     photographer.Take(about, "about");

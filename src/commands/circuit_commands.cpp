@@ -1,8 +1,10 @@
 #include "commands/circuit_commands.h"
 
+#include "editor/building.h"
 #include "editor/circuit_files.h"
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "storage/circuit_file.h"
 #include "storage/settings_sections.h"
 
 namespace pistaro {
@@ -12,6 +14,12 @@ namespace {
 /// Load and New ask about tracks of two elements or more, Quit about a single one, too.
 bool WouldLoseTrack(const Session& session) { return HasUnsavedTrack(session.Project, 2); }
 bool WouldLoseAnything(const Session& session) { return HasUnsavedTrack(session.Project, 1); }
+
+/// Has the palette show the pieces that the circuit is made of. A script says itself which it builds with.
+void OfferItsSystem(Session& session) {
+    if (session.Windows == nullptr) return;
+    OfferOnlySystem(session.Catalogue, session.Project.Design.Circuit, session.Project.EditState);
+}
 
 /// Keeps the folder of a file that was loaded or saved for the next start.
 void RememberFolder(const Session& session) {
@@ -23,6 +31,7 @@ void RememberFolder(const Session& session) {
 void Load(Session& session, const std::filesystem::path& file) {
     session.TellLeaving();
     session.NoteLoaded(LoadCircuit(session.Project, file));
+    OfferItsSystem(session);
     RememberFolder(session);
 }
 
@@ -76,6 +85,18 @@ bool MayReplace(Session& session) {
 
 void LoadFileCommand(Session& session, const std::filesystem::path& file) {
     if (MayReplace(session)) Load(session, file);
+}
+
+bool LoadSampleCommand(Session& session, const std::filesystem::path& sample) {
+    Design design = ReadCircuit(sample);
+    if (!MayReplace(session)) return false;
+    session.TellLeaving();
+    NewProject(session.Project);
+    session.Project.Design = std::move(design);
+    session.Project.EditState.Name = TextFromPath(sample.stem());
+    session.BeginCircuit("Load " + ProjectName(session.Project.EditState));
+    OfferItsSystem(session);
+    return true;
 }
 
 void LoadCommand(Session& session) {

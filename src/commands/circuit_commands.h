@@ -23,6 +23,10 @@ void LoadCommand(Session& session);
 /// The same for a file that is known already: dropped on the window, or named at the start.
 void LoadFileCommand(Session& session, const std::filesystem::path& file);
 
+/// The same for a circuit that comes with the program. It has no file then, only its name, so that Save asks for a
+/// place among the user's own; the working directory stays. Gives whether it was loaded.
+bool LoadSampleCommand(Session& session, const std::filesystem::path& sample);
+
 /// Save with its dialog. A cancelled dialog marks the circuit as saved, and a file that exists is overwritten after
 /// either answer: saved designs and their owners have relied on both. Faults as with Load.
 void SaveCommand(Session& session);

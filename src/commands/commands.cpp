@@ -7,6 +7,7 @@
 #include "commands/clipboard_commands.h"
 #include "commands/closing_commands.h"
 #include "commands/money_commands.h"
+#include "commands/palette_commands.h"
 #include "commands/picture_commands.h"
 #include "commands/session.h"
 #include "editor/building.h"
@@ -640,6 +641,7 @@ CommandTable::CommandTable(const Catalogue& catalogue) {
     AddCheckCommands(rows_);
     AddExchangeCommands(rows_);
     AddHelpCommands(rows_);
+    AddPaletteCommands(rows_, catalogue);
 }
 
 const Command* CommandTable::Find(std::string_view id) const {

@@ -31,6 +31,13 @@ public:
     virtual void TogglePanel(Panel panel) = 0;
     virtual bool IsPanelShown(Panel panel) const = 0;
     virtual void ShowHistory() = 0;
+    virtual void ShowSamples() = 0;
+
+    /// Leads the keyboard to the line that pieces are looked for in.
+    virtual void FindPiece() = 0;
+
+    /// Walks through a first oval, of which nothing is laid yet.
+    virtual void ShowTour() = 0;
 
     /// What closes the current track, and other pieces for some of it: to be gone through and laid.
     virtual void ShowClosings() = 0;

@@ -1,5 +1,6 @@
 #include "editor/building.h"
 
+#include "editor/palette_pieces.h"
 #include "platform/fault.h"
 
 #include <algorithm>
@@ -35,13 +36,7 @@ void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const
 int OwnedLessUsedPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code) {
     const CatalogueEntry* const piece = catalogue.Find(code);
     if (piece == nullptr) return 0;
-    const UsedCounts used = CountUsed(catalogue, circuit);
-    int remaining = 0;
-    for (const int row : catalogue.HeadRows()) {
-        if (catalogue[row].ShapeIndex == piece->ShapeIndex)
-            remaining += stock[row].OwnedCount - used[static_cast<std::size_t>(row)];
-    }
-    return remaining;
+    return LeftInBox(catalogue, CountUsed(catalogue, circuit), stock, catalogue[piece->ShapeIndex]);
 }
 
 int RemainingPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code) {
@@ -72,6 +67,34 @@ void ReplaceSelected(const Catalogue& catalogue, Design& design, EditState& edit
     const char* const hand = !hasHands ? "" : code.ends_with('R') ? "R" : "L";
     code = std::string(variant) + hand;
     edit.DataChanged = true;
+}
+
+bool FitsSelected(const Catalogue& catalogue, const Circuit& circuit, const EditState& edit, std::string_view special) {
+    const std::string selected = SelectedCode(circuit, edit);
+    const CatalogueEntry* const there = catalogue.Find(selected);
+    const CatalogueEntry* const piece = catalogue.Find(special);
+    return there != nullptr && piece != nullptr && selected != special && there->ShapeIndex == piece->ShapeIndex &&
+           Hand(selected) == Hand(special);
+}
+
+void LaySpecial(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& special) {
+    if (FitsSelected(catalogue, design.Circuit, edit, special))
+        ReplaceSelected(catalogue, design, edit, ProductCode(special));
+    else
+        AddPiece(catalogue, design, edit, special);
+}
+
+void OfferOnlySystem(const Catalogue& catalogue, const Circuit& circuit, EditState& edit) {
+    int scalextric = 0;
+    int ninco = 0;
+    for (const Track& track : circuit.Tracks) {
+        for (const std::string& code : track.ElementCodes) {
+            const CatalogueEntry* const piece = catalogue.Find(code);
+            if (piece != nullptr) ++(piece->System == TrackSystem::Ninco ? ninco : scalextric);
+        }
+    }
+    if (scalextric > 0 && ninco == 0) edit.System = TrackSystem::Scalextric;
+    if (ninco > 0 && scalextric == 0) edit.System = TrackSystem::Ninco;
 }
 
 } // namespace pistaro

@@ -36,4 +36,13 @@ bool IsVariantOfSelected(const Catalogue& catalogue, const Circuit& circuit, con
 /// Replaces the selected element by a product, which keeps its hand.
 void ReplaceSelected(const Catalogue& catalogue, Design& design, EditState& edit, std::string_view variant);
 
+/// Whether a special piece takes the selected element's place: that is another piece of the same shape and hand.
+bool FitsSelected(const Catalogue& catalogue, const Circuit& circuit, const EditState& edit, std::string_view special);
+
+/// What a special piece's entry in the palette does: replaces the selected element where it fits, else adds the piece.
+void LaySpecial(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& special);
+
+/// Offers the pieces of the system that the whole circuit is made of; leaves the choice where it is made of both.
+void OfferOnlySystem(const Catalogue& catalogue, const Circuit& circuit, EditState& edit);
+
 } // namespace pistaro

@@ -7,6 +7,8 @@
 #include "platform/temporary_files.h"
 #include "storage/settings_file.h"
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
@@ -59,6 +61,23 @@ void CopySamples(const std::filesystem::path& from, const std::filesystem::path&
             ReplaceFile(target, ReadFile(entry.path(), LargestSample));
         }
     }
+}
+
+std::vector<std::filesystem::path> SamplesIn(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> samples;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+        if (entry.path().extension() == ".trk") samples.push_back(entry.path());
+    }
+    std::ranges::sort(samples);
+    return samples;
+}
+
+std::filesystem::path SampleFolder() {
+    for (const std::filesystem::path& place : {InstalledFolder(), CheckoutFolder()}) {
+        if (!place.empty() && !SamplesIn(place / "samples").empty()) return place / "samples";
+    }
+    return {};
 }
 
 DesignerStart StartDesigner(const Catalogue& catalogue, const std::filesystem::path& settingsPath) {

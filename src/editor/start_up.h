@@ -27,6 +27,13 @@ struct DesignerStart {
 /// be read or written.
 void CopySamples(const std::filesystem::path& from, const std::filesystem::path& to);
 
+/// The sample circuits in a folder, by their names.
+std::vector<std::filesystem::path> SamplesIn(const std::filesystem::path& folder);
+
+/// Where the samples stand as they came: where Pistaro is installed, else in the checkout that the program was built
+/// in. Empty where neither has them.
+std::filesystem::path SampleFolder();
+
 /// Reads the settings file; where none stands an initial one is put there first, with its folder, the working directory
 /// and the samples in it. A file that cannot be read or made is told: the program then goes on with the initial
 /// settings and leaves the file alone, as where there is no home for one. Samples that cannot be put in place are told,

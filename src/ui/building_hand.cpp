@@ -5,6 +5,7 @@
 #include "layout/track_gap.h"
 #include "ui/named_controls.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -33,8 +34,10 @@ BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vecto
     : QObject(&view), session_(session), view_(view), told_(std::move(told)) {
     for (QToolButton* const piece : pieces) {
         piece->installEventFilter(this);
-        connect(piece, &QToolButton::clicked, this, [this, piece] { LayFurther(*piece); });
+        connect(piece, &QToolButton::clicked, this, [this, piece] { LayFurther(TagOf(*piece)); });
     }
+    for (QAction* const special : view.window()->findChildren<QAction*>("mnuSpecial"))
+        connect(special, &QAction::triggered, this, [this, special] { LayFurther(TagOf(*special)); });
     view.window()->installEventFilter(this);
     ShowEnds();
 }
@@ -83,15 +86,14 @@ void BuildingHand::TakeDigit(int digit) {
     told_();
 }
 
-void BuildingHand::LayFurther(const QToolButton& button) {
-    const Command& add = *session_.Commands.Find("add " + TagOf(button));
+void BuildingHand::LayFurther(const std::string& code) {
     const int further = times_ - 1;
     times_ = 1;
     if (further > 0) {
         session_.Do([&] {
-            session_.NameStep("Add " + std::to_string(further) + " " + TagOf(button));
+            session_.NameStep("Add " + std::to_string(further) + " " + code);
             for (int i = 0; i < further; ++i)
-                AddPiece(session_.Catalogue, session_.Project.Design, session_.Project.EditState, add.Tag);
+                AddPiece(session_.Catalogue, session_.Project.Design, session_.Project.EditState, code);
         });
     }
     told_();

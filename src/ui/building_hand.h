@@ -30,7 +30,8 @@ public:
 private:
     bool OnPiece(QToolButton& button, const QEvent& event);
     void TakeDigit(int digit);
-    void LayFurther(const QToolButton& button);
+    /// Lays as many more as the digit says.
+    void LayFurther(const std::string& code);
 
     void ShowGhost(const std::optional<DropPlace>& place);
     void ShowEnds();

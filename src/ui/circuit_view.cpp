@@ -99,7 +99,9 @@ void CircuitView::PaintInvitation(QPainter& painter) {
     painter.setFont(large);
     painter.setPen(ink);
     painter.drawText(rect().adjusted(24, 24, -24, -height() / 2), Qt::AlignCenter | Qt::TextWordWrap,
-                     "Press a piece at the left to begin, or drag one here.");
+                     session_.Looks.Columns
+                         ? "Press a piece at the left to begin, or drag one here. Help ▸ Tour shows how."
+                         : "Press F9 to see the pieces, and one of them to begin. Help ▸ Tour shows how.");
     painter.setFont(font());
 }
 

@@ -1,10 +1,12 @@
 #include "ui/dialogs.h"
 
+#include "editor/start_up.h"
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
 #include "ui/frmExport.h"
 #include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
+#include "ui/frmSamples.h"
 #include "ui/frmSets.h"
 #include "ui/frmStats.h"
 #include "ui/named_controls.h"
@@ -37,6 +39,9 @@ void Dialogs::ShowColours() { frmColors(session_, &window_).exec(); }
 void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
 
 void Dialogs::ShowSets() { frmSets(session_, &window_).exec(); }
+
+void Dialogs::ShowSamples() { frmSamples(session_, SampleFolder(), &window_).exec(); }
+
 void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
 
 void Dialogs::ShowPrint() { frmPrint(session_, &window_).exec(); }

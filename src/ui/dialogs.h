@@ -29,6 +29,16 @@ public:
     void PutOnClipboard(const Clipping& clipping) override;
     std::string ClipboardText() override;
 
+    void ShowSamples() override;
+    void FindPiece() override { findPiece_(); }
+    void ShowTour() override { showTour_(); }
+
+    /// Has the window itself do these from now on.
+    void OfferSearchAndTour(std::function<void()> findPiece, std::function<void()> showTour) {
+        findPiece_ = std::move(findPiece);
+        showTour_ = std::move(showTour);
+    }
+
     void ShowClosings() override { suggestions_.ShowClosings(); }
     void ShowReplacements() override { suggestions_.ShowReplacements(); }
 
@@ -54,6 +64,7 @@ private:
     QPointer<frmStock> stock_;
     std::map<Panel, PanelDoor> panels_;
     QPointer<frmHistory> history_;
+    std::function<void()> findPiece_, showTour_;
 };
 
 } // namespace pistaro

@@ -72,7 +72,7 @@ frmCorvel::frmCorvel(Session& session)
     statusBar()->setContentsMargins(Spacing, 0, 0, 0);
     AddMainMenus(*this, controls_, session_, [this] { close(); });
     AddPanels();
-    hand_ = new BuildingHand(session, circuit_->View(), palette_->Pieces(), [this] { ShowStatus(); });
+    AddHand();
     pointer_->TellPlace = [this](WorldPoint place) {
         place_->setText(QString::fromStdString(PlaceText(session_.Project, place)));
     };
@@ -106,6 +106,15 @@ void frmCorvel::AddPanels() {
     dialogs_.Offer(Panel::Lanes, {toggleLanes, [this] { return lanesShown_; }});
 }
 
+void frmCorvel::AddHand() {
+    hand_ = new BuildingHand(session_, circuit_->View(), palette_->Pieces(), [this] {
+        ShowStatus();
+        if (tour_ != nullptr) tour_->Refresh();
+    });
+    tour_ = new Tour(session_, *this, [this] { return hand_->Times(); });
+    dialogs_.OfferSearchAndTour([this] { palette_->FindPiece(); }, [this] { tour_->Begin(); });
+}
+
 void frmCorvel::ShowLanes() {
     if (lanesShown_)
         circuit_->View().SetOverlay("lanes", LanesOverlay(session_.Catalogue, session_.Project.Design.Circuit));
@@ -132,6 +141,7 @@ void frmCorvel::Refresh(const Changes& changes) {
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
     ShowStatus();
     if (hand_ != nullptr) hand_->Refresh();
+    if (tour_ != nullptr) tour_->Refresh();
     pointer_->Refresh(changes);
 }
 

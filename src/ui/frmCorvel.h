@@ -11,6 +11,7 @@
 #include "ui/money_dock.h"
 #include "ui/piece_palette.h"
 #include "ui/suggester.h"
+#include "ui/tour.h"
 #include "ui/track_panel.h"
 
 #include <QMainWindow>
@@ -39,6 +40,9 @@ private:
     void AddPanels();
     void ShowLanes();
 
+    /// Building by hand, and the tour that teaches it.
+    void AddHand();
+
     /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
     void Refresh(const Changes& changes);
     void ShowStatus();
@@ -63,6 +67,7 @@ private:
     MoneyDock* const money_;
     bool lanesShown_ = false;
     BuildingHand* hand_ = nullptr;
+    Tour* tour_ = nullptr;
     bool closing_ = false;
     Observation observation_;
 };

@@ -27,6 +27,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
                   const std::function<void()>& close) {
     QMenu& circuit = AddMenu(window, controls, "&Circuit", {"new", "load"});
     circuit.addMenu(new RecentMenu(session, &circuit));
+    controls.AddEntry(circuit, "samples");
     for (const char* const id : {"plain save", "save"})
         controls.AddEntry(circuit, id);
     circuit.addSeparator();
@@ -39,7 +40,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     AddMenu(window, controls, "&Edit", {"undo", "redo", "history", "copy", "paste", "select rest"});
     AddMenu(window, controls, "&Track",
             {"mirror", "invert", "mirror rest", "start here", "close loop", "other pieces", "balance"});
-    QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system"});
+    QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system", "find piece"});
     pieces.addSection("Replace the selected piece by");
     for (const int row : session.Catalogue.VariantRows())
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
@@ -48,7 +49,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
              "background clear"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track", "boxed sets"});
     AddMenu(window, controls, "&Reports", {"statistics", "purchase", "guide", "build plan", "save picture"});
-    AddMenu(window, controls, "&Help", {"manual", "about"});
+    AddMenu(window, controls, "&Help", {"tour", "manual", "about"});
 }
 
 } // namespace pistaro

@@ -1,8 +1,9 @@
 #include "ui/piece_palette.h"
 
 #include "editor/building.h"
+#include "editor/palette_pieces.h"
+#include "ui/fold_out.h"
 #include "ui/named_controls.h"
-#include "ui/piece_icon.h"
 
 #include <QGridLayout>
 
@@ -12,9 +13,6 @@
 namespace pistaro {
 
 namespace {
-
-constexpr int ButtonMargin = 3;
-constexpr const char* WidestCaption = "10105";
 
 bool IsCurve(const CatalogueEntry& piece, PieceShape hand) { return piece.Kind.Shape == hand && !piece.Banked; }
 
@@ -67,12 +65,15 @@ std::vector<const CatalogueEntry*> PiecesIn(const PieceFrame& frame, const Catal
 } // namespace
 
 PiecePalette::PiecePalette(Session& session, CommandControls& controls)
-    : session_(session), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new QPushButton),
+    : session_(session), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new ModeSwitch),
+      finder_(session, *this, [this] { ShowFrames(); }),
       cmdSeeRemaining_(new QPushButton), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
                                                     {TrackSystem::Ninco, NewKeyField(this)}} {
     column_->setContentsMargins(0, 0, 0, 0);
-    controls_.Bind(*cmdInsert_, [this]() -> const Command& { return ModeSwitch(); });
+    controls_.Bind(*cmdInsert_, [this]() -> const Command& { return ModeSwitchRow(); });
     column_->addWidget(cmdInsert_);
+    column_->addWidget(&finder_.Line());
+    column_->addWidget(&finder_.List(), 1);
     for (const auto& [left, right] : FrameRows) {
         QWidget* const frame = Frame(*left);
         column_->addWidget(right == nullptr ? frame : PairOfFrames(frame, Frame(*right)));
@@ -113,15 +114,11 @@ QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
     return pair;
 }
 
-QToolButton* PiecePalette::AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column) {
-    auto* const button = new QToolButton(&frame);
+PieceButton* PiecePalette::AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column) {
+    auto* const button = new PieceButton(piece, session_.Catalogue, &frame);
     controls_.Bind(*button, "add " + piece.Code);
-    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    button->setIcon(PieceIcon(piece, session_.Catalogue));
-    button->setIconSize(QSize(PieceIconSide, PieceIconSide));
-    const int captionWidth = button->fontMetrics().horizontalAdvance(WidestCaption);
-    button->setFixedWidth(std::max(PieceIconSide, captionWidth) + 2 * ButtonMargin);
-    button->setFocusPolicy(Qt::StrongFocus);
+    if (const std::vector<int> specials = SpecialsOf(session_.Catalogue, piece); !specials.empty())
+        button->SetFoldOut(*new FoldOut(session_, controls_, piece.Code, specials, this));
     connect(button, &QToolButton::pressed, this, [this, button] { ShowNumber(*button, RemainingPieces); });
     connect(button, &QToolButton::released, this, [button] { button->setText(CaptionOf(*button)); });
     static_cast<QGridLayout*>(frame.layout())->addWidget(button, row, column);
@@ -135,24 +132,36 @@ void PiecePalette::ShowNumber(QToolButton& button, Count count) {
 }
 
 void PiecePalette::ShowAllRemaining() {
-    for (QToolButton* const button : pieces_)
+    for (PieceButton* const button : pieces_)
         ShowNumber(*button, OwnedLessUsedPieces);
 }
 
 void PiecePalette::RestoreCaptions() {
-    for (QToolButton* const button : pieces_) {
+    for (PieceButton* const button : pieces_) {
         if (!button->isDown()) button->setText(CaptionOf(*button));
     }
 }
 
-const Command& PiecePalette::ModeSwitch() const {
+const Command& PiecePalette::ModeSwitchRow() const {
     return *session_.Commands.Find(session_.Project.EditState.InsertMode ? "build" : "insert");
 }
 
-void PiecePalette::Refresh() {
+void PiecePalette::ShowFrames() {
     for (const auto& [frame, system] : frames_)
-        frame->setVisible(system == session_.Project.EditState.System);
-    cmdInsert_->setText(Shown(ModeSwitch().Caption));
+        frame->setVisible(system == session_.Project.EditState.System && !finder_.IsOn());
+    setMinimumWidth(finder_.IsOn() ? width() : 0); // the drawing keeps its place
+    finder_.List().setVisible(finder_.IsOn());
+}
+
+void PiecePalette::Refresh() {
+    const Project& project = session_.Project;
+    ShowFrames();
+    cmdInsert_->setText(Shown(ModeSwitchRow().Caption));
+    cmdInsert_->ShowMode(project.EditState.InsertMode);
+    const UsedCounts used = CountUsed(session_.Catalogue, project.Design.Circuit);
+    for (PieceButton* const button : pieces_)
+        button->ShowLeft(LeftInBox(session_.Catalogue, used, project.Stock, *session_.Catalogue.Find(TagOf(*button))));
+    finder_.Refresh();
     // What is let go while a box stands open is heard by nobody.
     if (!cmdSeeRemaining_->isDown()) RestoreCaptions();
 }

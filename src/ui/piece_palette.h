@@ -2,11 +2,13 @@
 #pragma once
 
 #include "ui/command_controls.h"
+#include "ui/mode_switch.h"
+#include "ui/piece_button.h"
+#include "ui/piece_finder.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <map>
@@ -19,32 +21,37 @@ class PiecePalette : public QWidget {
 public:
     PiecePalette(Session& session, CommandControls& controls);
 
-    /// Shows the frames of the track system that is offered and the mode that cmdInsert switches to.
+    /// Shows the frames of the track system that is offered, the mode in force and what is left of each piece.
     void Refresh();
 
+    /// Leads the keyboard to the line that pieces are looked for in.
+    void FindPiece() { finder_.Begin(); }
+
     /// The buttons of all basic pieces.
-    const std::vector<QToolButton*>& Pieces() const { return pieces_; }
+    std::vector<QToolButton*> Pieces() const { return {pieces_.begin(), pieces_.end()}; }
 
 private:
     QWidget* Frame(const PieceFrame& frame);
     QWidget* PairOfFrames(QWidget* left, QWidget* right);
-    QToolButton* AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column);
+    PieceButton* AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column);
 
     /// What cmdInsert does now.
-    const Command& ModeSwitch() const;
+    const Command& ModeSwitchRow() const;
 
     using Count = int (*)(const Catalogue&, const Circuit&, const Stock&, std::string_view);
     void ShowNumber(QToolButton& button, Count count);
     void ShowAllRemaining();
     void RestoreCaptions();
+    void ShowFrames();
 
     Session& session_;
     CommandControls& controls_;
     QVBoxLayout* const column_;
-    QPushButton* const cmdInsert_;
+    ModeSwitch* const cmdInsert_;
+    PieceFinder finder_;
     QPushButton* const cmdSeeRemaining_;
     const std::map<TrackSystem, QButtonGroup*> keyFields_;
-    std::vector<QToolButton*> pieces_;
+    std::vector<PieceButton*> pieces_;
     std::vector<std::pair<QWidget*, TrackSystem>> frames_; ///< and the pairs of them
 };
 

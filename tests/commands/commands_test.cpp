@@ -145,7 +145,10 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
                                                  "copy",
                                                  "paste",
                                                  "surface",
-                                                 "legend"}));
+                                                 "legend",
+                                                 "find piece",
+                                                 "samples",
+                                                 "tour"}));
 }
 
 TEST(Commands, OnlyMovesTurnsZoomsAndTheHistoryCanBeRepeated) {

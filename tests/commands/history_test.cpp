@@ -136,6 +136,8 @@ TEST_F(TheHistory, GivesBackWhatStoodBeforeEveryRowThatChangesTheDesign) {
         expected.insert("add " + code);
     for (const std::string& product : pistaro::Codes("C151 C159 C160 C164 C367 C8005 C8006 C8007 C8009 N10102"))
         expected.insert("replace " + product);
+    for (const std::string& code : pistaro::Codes("C164 C248 C277 C367 C8005 C8006 C8007 C8009 C8010L C8010R N10111"))
+        expected.insert("special " + code);
     EXPECT_EQ(steps, expected);
 }
 

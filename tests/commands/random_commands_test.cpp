@@ -127,6 +127,7 @@ public:
         const Project& after = session_.Project;
         last_.clear();
         heard_.clear();
+        windows_.Opened.clear();
         try {
             Act();
         } catch (const Fault&) {
@@ -153,7 +154,7 @@ private:
         const std::vector<Command>& rows = session_.Commands.Rows();
         const Command* command = &rows[static_cast<std::size_t>(Below(random_, static_cast<int>(rows.size())))];
         if (dice < 60) command = session_.Commands.Find(Below(random_, 2) == 0 ? "add C151L" : "add N10105R");
-        const bool replacesCircuit = command->Id == "new" || command->Id == "load";
+        const bool replacesCircuit = command->Id == "new" || command->Id == "load" || command->Id == "tour";
         if ((replacesCircuit && !everything_) || IsSlow(*command)) return;
         if (!command->WhyNot(session_).empty()) {
             ++Refused;
@@ -178,9 +179,11 @@ private:
         ScrollVertically(view, view.VMov.Minimum + Below(random_, 321));
     }
 
-    /// Only the switch and the choice of a track change the mode, so that the switch's caption names the other one.
+    /// Only the switch, the choice of a track and the tour change the mode, so that the switch's caption names the
+    /// other one.
     void ExpectMode(bool wasInserting) {
-        const bool leaves = last_ == "build" || last_ == "track 1" || last_ == "track 2" || last_ == "track 3";
+        const bool tours = windows_.Opened == "tour ";
+        const bool leaves = tours || last_ == "build" || last_ == "track 1" || last_ == "track 2" || last_ == "track 3";
         const bool expected = last_ == "insert" || (wasInserting && !leaves);
         ASSERT_EQ(session_.Project.EditState.InsertMode, expected) << last_;
     }

@@ -21,6 +21,9 @@ public:
     void TogglePanel(Panel panel) override { Opened += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
     bool IsPanelShown(Panel) const override { return false; }
     void ShowHistory() override { Opened += "history "; }
+    void ShowSamples() override { Opened += "samples "; }
+    void FindPiece() override { Opened += "find piece "; }
+    void ShowTour() override { Opened += "tour "; }
     void ShowClosings() override { Opened += "closings "; }
     void ShowReplacements() override { Opened += "replacements "; }
     void ShowExport() override { Opened += "export "; }

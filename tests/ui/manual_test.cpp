@@ -67,9 +67,9 @@ std::string Shown(const QKeySequence& key) {
 }
 
 TEST_F(Manual, ShowsItsPicturesAndEachOfThemIsThere) {
-    // Eight samples, 28 pieces, three steps of the first circuit; the window, its pieces, two panels and seven dialogs;
-    // the lanes, and 17 rules.
-    EXPECT_EQ(ValuesOf("src", Page).size(), 69U);
+    // Eight samples, 28 pieces, three steps of the first circuit; the window, its pieces, two panels, the tour and
+    // eight dialogs; the lanes, tracks as they look, and 17 rules.
+    EXPECT_EQ(ValuesOf("src", Page).size(), 71U);
     EXPECT_THAT(MissingPictures(Page), IsEmpty());
 }
 

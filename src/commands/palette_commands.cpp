@@ -1,0 +1,89 @@
+#include "commands/palette_commands.h"
+
+#include "commands/circuit_commands.h"
+#include "commands/session.h"
+#include "editor/building.h"
+#include "editor/tour.h"
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+std::string HasWindows(const Session& session) { return session.Windows == nullptr ? "There is no window." : ""; }
+
+bool IsEmpty(const Circuit& circuit) {
+    return std::ranges::all_of(circuit.Tracks, [](const Track& track) { return track.ElementCodes.empty(); });
+}
+
+/// What a press on a special piece's entry does now, for the history.
+std::string StepOf(const Session& session, const std::string& code) {
+    const EditState& edit = session.Project.EditState;
+    const Circuit& circuit = session.Project.Design.Circuit;
+    const std::string product(ProductCode(code));
+    if (FitsSelected(session.Catalogue, circuit, edit, code))
+        return "Replace " + std::string(ProductCode(SelectedCode(circuit, edit))) + " by " + product;
+    return (edit.InsertMode && edit.SelectedElement() >= 0 ? "Insert " : "Add ") + product;
+}
+
+Command SpecialRow(const CatalogueEntry& piece) {
+    const std::string code = piece.Code;
+    return {.Id = "special " + code,
+            .Control = "mnuSpecial",
+            .Tag = code,
+            .Caption = std::string(ProductCode(code)) + "  " + piece.LongName,
+            .Tip = "Put this piece in the selected one's place where it fits, else lay it",
+            .WhyNot = [](const Session& session) -> std::string {
+                return session.Project.EditState.ShowsAllTracks() ? "Choose a single track first." : "";
+            },
+            .Run =
+                [code](Session& session) {
+                    LaySpecial(session.Catalogue, session.Project.Design, session.Project.EditState, code);
+                },
+            .Step = [code](const Session& session) { return StepOf(session, code); }};
+}
+
+/// The tour begins with nothing: what lies there makes way as for New, if its user agrees.
+void TourCommand(Session& session) {
+    if (!IsEmpty(session.Project.Design.Circuit)) NewCommand(session);
+    if (!IsEmpty(session.Project.Design.Circuit)) return;
+    BeginTour(session.Project.EditState);
+    session.Looks.Columns = true;
+    session.Windows->ShowTour();
+}
+
+} // namespace
+
+void AddPaletteCommands(std::vector<Command>& rows, const Catalogue& catalogue) {
+    for (const CatalogueEntry& piece : catalogue) {
+        if (!piece.IsBasic()) rows.push_back(SpecialRow(piece));
+    }
+    rows.push_back({.Id = "find piece",
+                    .Control = "mnuFindPiece",
+                    .Caption = "&Find Piece",
+                    .Tip = "Look for a piece by some of its code, its name or its angle",
+                    .Key = "Ctrl+F",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasWindows,
+                    .Run = [](Session& session) {
+                        session.Looks.Columns = true;
+                        session.Windows->FindPiece();
+                    }});
+    rows.push_back({.Id = "samples",
+                    .Control = "mnuSamples",
+                    .Caption = "Sa&mples…",
+                    .Tip = "Look at the circuits that come with Pistaro, and open one",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasWindows,
+                    .Run = [](Session& session) { session.Windows->ShowSamples(); }});
+    rows.push_back({.Id = "tour",
+                    .Control = "mnuTour",
+                    .Caption = "&Tour",
+                    .Tip = "Lay a first oval, step by step",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasWindows,
+                    .Run = TourCommand});
+}
+
+} // namespace pistaro

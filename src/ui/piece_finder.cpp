@@ -1,0 +1,108 @@
+#include "ui/piece_finder.h"
+
+#include "editor/building.h"
+#include "editor/palette_pieces.h"
+#include "ui/named_controls.h"
+#include "ui/piece_badge.h"
+#include "ui/piece_icon.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+QString LineOf(const CatalogueEntry& piece) {
+    const char hand = Hand(piece.Code);
+    const char* const side = hand == 'L' ? ", left" : hand == 'R' ? ", right" : "";
+    return Shown(std::string(ProductCode(piece.Code)) + "\n" + PieceName(piece) + side);
+}
+
+} // namespace
+
+PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void()> turned)
+    : QObject(&palette), session_(session), turned_(std::move(turned)),
+      txtFindPiece_(Named(new QLineEdit, "txtFindPiece")), lstFoundPieces_(Named(new QListWidget, "lstFoundPieces")) {
+    txtFindPiece_->setPlaceholderText("Find: chic, C80, 45 … (Ctrl+F)");
+    txtFindPiece_->setAccessibleName("Find a piece");
+    txtFindPiece_->setToolTip(
+        "Some of a piece's code, name or angle; Enter lays the first one found, Esc ends the search");
+    txtFindPiece_->installEventFilter(this);
+    lstFoundPieces_->setAccessibleName("Pieces found");
+    lstFoundPieces_->setIconSize(QSize(PieceIconSide, PieceIconSide));
+    lstFoundPieces_->setUniformItemSizes(true);
+    lstFoundPieces_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    lstFoundPieces_->setTextElideMode(Qt::ElideRight);
+    lstFoundPieces_->hide();
+    connect(txtFindPiece_, &QLineEdit::textChanged, this, [this] { Find(); });
+    connect(lstFoundPieces_, &QListWidget::itemClicked, this, [this](const QListWidgetItem* item) { Lay(item); });
+    connect(txtFindPiece_, &QLineEdit::returnPressed, this, [this] { Lay(lstFoundPieces_->currentItem()); });
+    lstFoundPieces_->installEventFilter(this);
+}
+
+void PieceFinder::Begin() {
+    txtFindPiece_->setFocus(Qt::ShortcutFocusReason);
+    txtFindPiece_->selectAll();
+}
+
+void PieceFinder::Find() {
+    lstFoundPieces_->clear();
+    const std::vector<int> rows =
+        FindPieces(session_.Catalogue, txtFindPiece_->text().toStdString(), session_.Project.EditState.System);
+    for (const int row : rows) {
+        auto* const item = new QListWidgetItem(LineOf(session_.Catalogue[row]), lstFoundPieces_);
+        item->setData(Qt::UserRole, row);
+        item->setToolTip(Shown(session_.Catalogue[row].LongName));
+    }
+    if (rows.empty()) (new QListWidgetItem("No piece is called so.", lstFoundPieces_))->setFlags(Qt::NoItemFlags);
+    lstFoundPieces_->setCurrentRow(rows.empty() ? -1 : 0);
+    Refresh();
+    turned_();
+}
+
+void PieceFinder::Refresh() {
+    if (!IsOn()) return;
+    const Project& project = session_.Project;
+    const UsedCounts used = CountUsed(session_.Catalogue, project.Design.Circuit);
+    for (int line = 0; line < lstFoundPieces_->count(); ++line) {
+        QListWidgetItem& item = *lstFoundPieces_->item(line);
+        if (!item.data(Qt::UserRole).isValid()) continue;
+        const CatalogueEntry& piece = session_.Catalogue[item.data(Qt::UserRole).toInt()];
+        const int left = LeftInBox(session_.Catalogue, used, project.Stock, piece);
+        item.setIcon(BadgedPieceIcon(piece, session_.Catalogue, left, *lstFoundPieces_));
+        item.setData(Qt::AccessibleDescriptionRole, QString("%1 left").arg(left));
+    }
+}
+
+bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<const QKeyEvent&>(*event).key();
+    if (key == Qt::Key_Escape) {
+        txtFindPiece_->clear();
+        txtFindPiece_->setFocus();
+        return true;
+    }
+    if (watched == lstFoundPieces_) {
+        if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+        Lay(lstFoundPieces_->currentItem());
+        return true;
+    }
+    if (!IsOn() || (key != Qt::Key_Down && key != Qt::Key_Up)) return false;
+    const int row = lstFoundPieces_->currentRow() + (key == Qt::Key_Down ? 1 : -1);
+    lstFoundPieces_->setCurrentRow(std::clamp(row, 0, lstFoundPieces_->count() - 1));
+    return true;
+}
+
+void PieceFinder::Lay(const QListWidgetItem* item) {
+    if (item == nullptr || !item->data(Qt::UserRole).isValid()) return;
+    const CatalogueEntry& piece = session_.Catalogue[item->data(Qt::UserRole).toInt()];
+    session_.Do([&] {
+        EditState& edit = session_.Project.EditState;
+        if (piece.IsBasic()) edit.System = piece.System;
+        session_.Run(*session_.Commands.Find((piece.IsBasic() ? "add " : "special ") + piece.Code));
+    });
+}
+
+} // namespace pistaro

@@ -1,0 +1,208 @@
+// The palette's badges, fold-outs, search and switch, as the mouse and the keys reach them.
+#include "ui/window_fixture.h"
+
+#include "support/stock.h"
+#include "ui/piece_badge.h"
+#include "ui/piece_button.h"
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+
+namespace pistaro {
+namespace {
+
+const QColor TooFew(198, 40, 40);
+
+class PaletteTest : public WindowTest {
+protected:
+    PieceButton& Palette(const std::string& code) { return dynamic_cast<PieceButton&>(Piece(code)); }
+    QLineEdit& Line() { return Find<QLineEdit>("txtFindPiece"); }
+    QListWidget& FoundPieces() { return Find<QListWidget>("lstFoundPieces"); }
+
+    /// Types into the search line, to which Ctrl+F leads.
+    void Search(const char* words) {
+        QTest::keyClick(Window.get(), Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), words);
+    }
+    std::vector<std::string> FoundLines() {
+        std::vector<std::string> lines;
+        for (int line = 0; line < FoundPieces().count(); ++line)
+            lines.push_back(FoundPieces().item(line)->text().replace('\n', ' ').toStdString());
+        return lines;
+    }
+
+    /// How many pixels of a button's picture have the badge's red.
+    int RedPixels(const std::string& code) {
+        const QImage picture = Piece(code).grab().toImage();
+        int red = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                red += picture.pixelColor(x, y) == TooFew;
+        return red;
+    }
+
+    /// Presses the fold-out of a button; gives its menu.
+    QMenu& Unfold(const std::string& code) {
+        QTest::mouseClick(&Palette(code), Qt::LeftButton, {}, Palette(code).FoldOutPlace().center());
+        auto& menu = Find<QMenu>("mnuFoldOut", code);
+        EXPECT_TRUE(menu.isVisible());
+        return menu;
+    }
+    static void Press(QMenu& menu, int entry) {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(entry)).center());
+    }
+};
+
+TEST_F(PaletteTest, ABadgeTellsWhatIsLeftAndIsRedBelowZero) {
+    pistaro::Project project = ProjectOf("");
+    SetStock(project, "C160", 1);
+    Open(project);
+    EXPECT_EQ(Piece("C160").accessibleDescription(), "1 left; Alt+Down opens its special pieces");
+    EXPECT_EQ(Piece("C157").accessibleDescription(), "0 left");
+
+    Click("cmdElement", "C160");
+    EXPECT_EQ(RedPixels("C160"), 0);
+    Click("cmdElement", "C160");
+
+    EXPECT_EQ(Piece("C160").accessibleDescription(), "-1 left; Alt+Down opens its special pieces");
+    EXPECT_GT(RedPixels("C160"), 20);
+    EXPECT_EQ(RedPixels("C157"), 0);
+}
+
+TEST_F(PaletteTest, APieceTellsItsNameToWhoDoesNotSeeIt) {
+    Open();
+    EXPECT_EQ(Piece("C151R").accessibleName(), "C151, standard curve 45°, right");
+    EXPECT_EQ(Piece("N10110").accessibleName(), "N10110, converter to Ninco");
+}
+
+TEST_F(PaletteTest, AFoldedOutSpecialPieceReplacesTheSelectedOneElseIsAdded) {
+    Open(ProjectOf("C160 C151L"));
+    ClickLine(0);
+
+    QMenu& menu = Unfold("C160");
+    EXPECT_EQ(Codes(), "C160 C151L") << "to unfold lays nothing";
+    EXPECT_EQ(menu.actions().size(), 6);
+    EXPECT_EQ(menu.actions().at(4)->text(), "C8007  standard chicane");
+    Press(menu, 4);
+    EXPECT_EQ(Codes(), "C8007 C151L");
+
+    Press(Unfold("C159"), 1);
+    EXPECT_EQ(Codes(), "C8007 C151L C367");
+}
+
+TEST_F(PaletteTest, ADigitBeforeASpecialPieceLaysSoMany) {
+    Open();
+
+    QTest::keyClick(Window.get(), Qt::Key_3);
+    Press(Unfold("C160"), 5);
+
+    EXPECT_EQ(Codes(), "C8009 C8009 C8009");
+}
+
+TEST_F(PaletteTest, AltDownUnfoldsWithoutTheMouse) {
+    Open();
+    Piece("C151R").setFocus();
+
+    QTest::keyClick(&Piece("C151R"), Qt::Key_Down, Qt::AltModifier);
+    auto& menu = Find<QMenu>("mnuFoldOut", "C151R");
+    ASSERT_TRUE(menu.isVisible());
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QTest::keyClick(&menu, Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), "C8010R");
+}
+
+TEST_F(PaletteTest, TheSearchShowsWhatIsFoundInPlaceOfTheButtons) {
+    Open();
+    const int width = Picture().width();
+
+    Search("chic");
+    QApplication::processEvents();
+
+    EXPECT_EQ(FoundLines(),
+              (std::vector<std::string>{"C8005 skid chicane", "C8007 standard chicane", "C8009 chicane extension",
+                                        "C8010 curved chicane ext., left", "C8010 curved chicane ext., right"}));
+    EXPECT_TRUE(FoundPieces().isVisible());
+    EXPECT_FALSE(Find<QGroupBox>("fraStraights").isVisible());
+    EXPECT_EQ(Picture().width(), width) << "the drawing keeps its place";
+
+    QTest::keyClick(&Line(), Qt::Key_Escape);
+    EXPECT_EQ(Line().text(), "");
+    EXPECT_FALSE(FoundPieces().isVisible());
+    EXPECT_TRUE(Find<QGroupBox>("fraStraights").isVisible());
+}
+
+TEST_F(PaletteTest, EnterLaysTheFirstPieceFoundAndTheArrowsLeadToOthers) {
+    Open();
+
+    Search("22.5 left");
+    QTest::keyClick(&Line(), Qt::Key_Return);
+    EXPECT_EQ(Codes(), "C153L");
+
+    QTest::keyClick(&Line(), Qt::Key_Down);
+    QTest::keyClick(&Line(), Qt::Key_Return);
+    EXPECT_EQ(Codes(), "C153L C154L");
+}
+
+TEST_F(PaletteTest, AClickLaysAPieceFoundAndOffersItsSystem) {
+    Open();
+
+    Search("N10107");
+    QTest::mouseClick(FoundPieces().viewport(), Qt::LeftButton, {},
+                      FoundPieces().visualItemRect(FoundPieces().item(1)).center());
+
+    EXPECT_EQ(Codes(), "N10107R");
+    EXPECT_EQ(Project.EditState.System, TrackSystem::Ninco);
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), "") << "as one step";
+}
+
+TEST_F(PaletteTest, WhatIsNotFoundIsSaidAndLaysNothing) {
+    Open();
+
+    Search("tunnel");
+    QTest::keyClick(&Line(), Qt::Key_Return);
+
+    EXPECT_EQ(FoundLines(), (std::vector<std::string>{"No piece is called so."}));
+    EXPECT_EQ(Codes(), "");
+}
+
+TEST_F(PaletteTest, DigitsInTheSearchLineAreLookedFor) {
+    Open();
+
+    Search("45");
+
+    EXPECT_EQ(Line().text(), "45");
+    EXPECT_EQ(Text("lblStatus"), "Track 1 · empty");
+}
+
+TEST_F(PaletteTest, TheSearchUnfoldsColumnsThatAreFoldedAway) {
+    Open();
+    Choose("mnuColumns");
+    EXPECT_FALSE(Line().isVisible());
+
+    QTest::keyClick(Window.get(), Qt::Key_F, Qt::ControlModifier);
+
+    EXPECT_TRUE(Line().isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), &Line());
+}
+
+TEST_F(PaletteTest, TheSwitchShowsBothModesAndItsKnobAtTheOneInForce) {
+    Open(ProjectOf("C160"));
+    QAbstractButton& mode = Button("cmdInsert");
+    const QImage building = mode.grab().toImage();
+    EXPECT_EQ(mode.accessibleDescription(), "Build is on: pieces go to the end of the track");
+
+    Click("cmdInsert");
+    EXPECT_TRUE(Project.EditState.InsertMode);
+    EXPECT_EQ(mode.accessibleDescription(), "Insert is on: pieces go before the selected one");
+    EXPECT_NE(mode.grab().toImage(), building);
+
+    QTest::keyClick(Window.get(), Qt::Key_Insert);
+    EXPECT_FALSE(Project.EditState.InsertMode);
+}
+
+} // namespace
+} // namespace pistaro
