@@ -145,8 +145,10 @@ std::vector<BareCall> CallsOf(const Project& project) {
         PainterSurface surface(painter, TargetSize::Square(Frame.Square().width()));
         surface.Uncover(QRectF(-Frame.Square().topLeft(), QSizeF(Frame.Size)));
         ShowView(project.Design.View, surface);
-        DrawGrid(project.Preferences, Frame.Covered(project.Design.View), project.Design.View.Width, surface);
-        DrawCircuitSurface(Pieces(), project, painter, surface);
+        DrawRecedingGrid(project.Preferences, Frame.Covered(project.Design.View), project.Design.View.Width, surface);
+        const Circuit& circuit = project.Design.Circuit;
+        DrawCircuitSurface(Pieces(), project, BridgesOf(Pieces(), circuit, project.EditState.CurrentTrack), painter,
+                           surface);
     }
     return device.Calls();
 }

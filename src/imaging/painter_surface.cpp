@@ -95,7 +95,7 @@ void PainterSurface::Draw(const LineSegment& line, Colour colour) {
     const auto visible = Clipped(Mapped(line.From), Mapped(line.To), part_, Reach());
     if (!visible) return;
     UsePen(colour);
-    painter_.drawLine(*visible);
+    painter_.drawLine(aligns_ ? Aligned(*visible) : *visible);
 }
 
 void PainterSurface::Draw(const ArcSegment& arc, Colour colour) {
@@ -142,6 +142,19 @@ void PainterSurface::SetFontSize(double points) {
 
 QPointF PainterSurface::Mapped(WorldPoint point) const {
     return {(double{point.X} - world_.ViewLeft) * dotsPerCm_, (double{world_.ViewTop} - point.Y) * dotsPerCm_};
+}
+
+QLineF PainterSurface::Aligned(const QLineF& line) const {
+    constexpr double straight = 0.01; // pixels that a level line may rise
+    const bool upright = std::fabs(line.dx()) < straight;
+    if (!upright && std::fabs(line.dy()) >= straight) return line;
+    const QTransform toPixels = painter_.deviceTransform();
+    const bool odd = std::lround(lineWidth_ * toPixels.m11()) % 2 != 0;
+    const QPointF pixel = toPixels.map(line.p1());
+    const auto aligned = [&](double at) { return odd ? std::floor(at) + 0.5 : std::round(at); };
+    const QPointF moved = toPixels.inverted().map(upright ? QPointF(aligned(pixel.x()), pixel.y())
+                                                          : QPointF(pixel.x(), aligned(pixel.y())));
+    return line.translated(moved - line.p1());
 }
 
 double PainterSurface::Reach() const { return Margin + std::max(0.0, lineWidth_ - 1); }

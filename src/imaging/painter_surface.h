@@ -31,6 +31,12 @@ public:
     /// Of all lines and arcs that are drawn from now on.
     void SetDashed(bool dashed) { dashed_ = dashed; }
 
+    /// The ends of all lines and arcs that are drawn from now on.
+    void SetCap(Qt::PenCapStyle cap) { cap_ = cap; }
+
+    /// From now on lays upright and level lines onto whole pixels, so that they are sharp.
+    void AlignLines(bool align) { aligns_ = align; }
+
     /// To be called when somebody else has used the painter.
     void ForgetPen() { penColour_ = NoPen; }
 
@@ -55,7 +61,8 @@ private:
     /// How far beyond its geometry a stroke may be seen.
     double Reach() const;
     bool IsVisible(QPointF centre, double radius) const;
-    void UsePen(Colour colour) { UsePen(colour, lineWidth_, Qt::SquareCap); }
+    QLineF Aligned(const QLineF& line) const;
+    void UsePen(Colour colour) { UsePen(colour, lineWidth_, cap_); }
     void UsePen(Colour colour, double width, Qt::PenCapStyle cap);
 
     QPainter& painter_;
@@ -67,6 +74,8 @@ private:
     double lineWidth_ = 1; ///< dots
     static constexpr Colour NoPen = -1;
     bool dashed_ = false, penDashed_ = false;
+    bool aligns_ = false;
+    Qt::PenCapStyle cap_ = Qt::SquareCap;
     Colour penColour_ = NoPen;
     double penWidth_ = 0;
     Qt::PenCapStyle penCap_ = Qt::SquareCap;
