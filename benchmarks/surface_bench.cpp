@@ -146,7 +146,7 @@ std::vector<BareCall> CallsOf(const Project& project) {
         surface.Uncover(QRectF(-Frame.Square().topLeft(), QSizeF(Frame.Size)));
         ShowView(project.Design.View, surface);
         DrawRecedingGrid(project.Preferences, Frame.Covered(project.Design.View), project.Design.View.Width, surface);
-        const Circuit& circuit = project.Design.Circuit;
+        const auto& circuit = project.Design.Circuit;
         DrawCircuitSurface(Pieces(), project, BridgesOf(Pieces(), circuit, project.EditState.CurrentTrack), painter,
                            surface);
     }
@@ -197,13 +197,14 @@ struct Canvas {
         View.resize(Frame.Size);
         View.show();
         QApplication::processEvents();
-        Session.Observe([this](const Changes& changes) { View.Invalidate(changes); });
+        Observed = Session.Observe([this](const Changes& changes) { View.Invalidate(changes); });
         View.Redraw();
     }
 
     NoPrompts Words;
     pistaro::Session Session{Pieces(), Words, Circuit(), {}};
     CircuitView View{Session};
+    Observation Observed;
 };
 
 void Pan(benchmark::State& state) {

@@ -60,8 +60,9 @@ std::set<PlaceInCircuit> BridgesOf(const Catalogue& catalogue, const Circuit& ci
             if (other >= static_cast<int>(upper)) return true;
             const LaidPiece& below = laid.Pieces[static_cast<std::size_t>(other)];
             const LaidPiece& above = laid.Pieces[upper];
-            if (AreNeighbours(below, above) || !Overlaps(ground, otherGround)) return true;
-            bridges.insert(below.IsBridge && !above.IsBridge ? below.Address : above.Address);
+            const PlaceInCircuit& bridge = below.IsBridge && !above.IsBridge ? below.Address : above.Address;
+            if (bridges.contains(bridge) || AreNeighbours(below, above)) return true;
+            if (Overlaps(ground, otherGround)) bridges.insert(bridge);
             return true;
         });
     }

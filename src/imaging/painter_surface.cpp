@@ -148,13 +148,15 @@ QLineF PainterSurface::Aligned(const QLineF& line) const {
     constexpr double straight = 0.01; // pixels that a level line may rise
     const bool upright = std::fabs(line.dx()) < straight;
     if (!upright && std::fabs(line.dy()) >= straight) return line;
-    const QTransform toPixels = painter_.deviceTransform();
+    const QTransform& toPixels = painter_.deviceTransform();
+    if (toPixels.type() > QTransform::TxScale) return line;
     const bool odd = std::lround(lineWidth_ * toPixels.m11()) % 2 != 0;
-    const QPointF pixel = toPixels.map(line.p1());
-    const auto aligned = [&](double at) { return odd ? std::floor(at) + 0.5 : std::round(at); };
-    const QPointF moved = toPixels.inverted().map(upright ? QPointF(aligned(pixel.x()), pixel.y())
-                                                          : QPointF(pixel.x(), aligned(pixel.y())));
-    return line.translated(moved - line.p1());
+    const auto shift = [&](double at, double scale, double offset) {
+        const double pixel = at * scale + offset;
+        return ((odd ? std::floor(pixel) + 0.5 : std::round(pixel)) - pixel) / scale;
+    };
+    return upright ? line.translated(shift(line.x1(), toPixels.m11(), toPixels.dx()), 0)
+                   : line.translated(0, shift(line.y1(), toPixels.m22(), toPixels.dy()));
 }
 
 double PainterSurface::Reach() const { return Margin + std::max(0.0, lineWidth_ - 1); }

@@ -29,8 +29,8 @@ void DrawRecedingGrid(const Preferences& preferences, const ViewRectangle& cover
 void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, const std::set<PlaceInCircuit>& bridges,
                         QPainter& painter, PainterSurface& surface);
 
-/// What tells a piece of that standing from others on its bed: for a legend. Fills the polygon.
-void PaintBed(QPainter& painter, const QPolygonF& polygon, PieceStanding standing, const ColourScheme& colours);
+/// The bed of a piece of that standing, for a legend: what tells it from others.
+void PaintSampleBed(QPainter& painter, const QRectF& place, PieceStanding standing, const ColourScheme& colours);
 
 /// How wide the edges of a piece of that standing are, pixels.
 double EdgeWidth(PieceStanding standing);
