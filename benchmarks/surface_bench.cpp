@@ -145,8 +145,10 @@ std::vector<BareCall> CallsOf(const Project& project) {
         PainterSurface surface(painter, TargetSize::Square(Frame.Square().width()));
         surface.Uncover(QRectF(-Frame.Square().topLeft(), QSizeF(Frame.Size)));
         ShowView(project.Design.View, surface);
-        DrawGrid(project.Preferences, Frame.Covered(project.Design.View), project.Design.View.Width, surface);
-        DrawCircuitSurface(Pieces(), project, painter, surface);
+        DrawRecedingGrid(project.Preferences, Frame.Covered(project.Design.View), project.Design.View.Width, surface);
+        const auto& circuit = project.Design.Circuit;
+        DrawCircuitSurface(Pieces(), project, BridgesOf(Pieces(), circuit, project.EditState.CurrentTrack), painter,
+                           surface);
     }
     return device.Calls();
 }
@@ -195,13 +197,14 @@ struct Canvas {
         View.resize(Frame.Size);
         View.show();
         QApplication::processEvents();
-        Session.Observe([this](const Changes& changes) { View.Invalidate(changes); });
+        Observed = Session.Observe([this](const Changes& changes) { View.Invalidate(changes); });
         View.Redraw();
     }
 
     NoPrompts Words;
     pistaro::Session Session{Pieces(), Words, Circuit(), {}};
     CircuitView View{Session};
+    Observation Observed;
 };
 
 void Pan(benchmark::State& state) {

@@ -144,6 +144,7 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     LoadCircuit(project, sample);
     project.Preferences.WorkingDirectory = "/home/you/Documents/Pistaro/"; // nobody's own folder
     project.EditState.CurrentElement[0] = 29;
+    session.Looks.Surface = true; // as at a first start
     frmCorvel window(session);
     window.resize(1100, 760);
     window.show();

@@ -41,8 +41,12 @@ void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const V
     ShowView(view, canvas.Surface);
     const ViewRectangle shown = ShownRectangle(view);
     canvas.Surface.RoundDots();
-    DrawGrid(preferences, covered, double{shown.ViewRight} - shown.ViewLeft, canvas.Surface,
-             look == TrackLook::Surface ? RecedingGridColour(preferences.Colours.Background) : GridColour);
+    const double width = double{shown.ViewRight} - shown.ViewLeft;
+    if (look == TrackLook::Surface) {
+        DrawRecedingGrid(preferences, covered, width, canvas.Surface);
+    } else {
+        DrawGrid(preferences, covered, width, canvas.Surface, preferences.Colours.Grid);
+    }
     canvas.Painter.resetTransform();
     canvas.Painter.translate(frame.Square().topLeft());
     DrawAreaLabel(preferences, shown, canvas.Surface);
@@ -92,10 +96,21 @@ void KeptDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& projec
     CanvasSurface canvas(picture_, key_.Frame, offset_, part, {});
     ShowView(project.Design.View, canvas.Surface);
     if (key_.Look == TrackLook::Surface) {
-        DrawCircuitSurface(catalogue, project, canvas.Painter, canvas.Surface);
+        DrawCircuitSurface(catalogue, project, BridgesIn(catalogue, project), canvas.Painter, canvas.Surface);
     } else {
         DrawCircuit(catalogue, project, canvas.Surface);
     }
+}
+
+const std::set<PlaceInCircuit>& KeptDrawing::BridgesIn(const Catalogue& catalogue, const Project& project) {
+    const Circuit& circuit = project.Design.Circuit;
+    const int track = project.EditState.CurrentTrack;
+    if (circuit != bridged_ || track != bridgedTrack_) {
+        bridges_ = BridgesOf(catalogue, circuit, track);
+        bridged_ = circuit;
+        bridgedTrack_ = track;
+    }
+    return bridges_;
 }
 
 void KeptDrawing::Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop,

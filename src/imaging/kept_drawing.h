@@ -43,11 +43,15 @@ private:
 
     void DrawGroundOf(const QImage& backdrop);
     void DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part);
+    const std::set<PlaceInCircuit>& BridgesIn(const Catalogue& catalogue, const Project& project);
     QRect AreaLabelPlace() const;
 
     GroundKey key_;
     bool hasBackdrop_ = false;
-    QPointF offset_; ///< where the drawing lies beside its place, after shifts, device-independent pixels
+    QPointF offset_;  ///< where the drawing lies beside its place, after shifts, device-independent pixels
+    Circuit bridged_; ///< whose bridges are kept, and its chosen track
+    int bridgedTrack_ = 0;
+    std::set<PlaceInCircuit> bridges_;
     QImage ground_;
     QImage picture_;
 };

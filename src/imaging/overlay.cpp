@@ -4,6 +4,8 @@
 #include "layout/outline.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPalette>
 
 namespace pistaro {
 
@@ -76,9 +78,12 @@ public:
         if (plate.right() > whole.right()) plate.moveRight(whole.right() - margin);
         if (plate.top() < whole.top()) plate.moveTop(whole.top() + margin);
         painter_.setPen(QPen(ToQColor(text.InkColour), 1));
-        painter_.setBrush(QColor(255, 255, 255, 235));
+        const QPalette desktop = QGuiApplication::palette();
+        QColor ground = desktop.color(QPalette::ToolTipBase);
+        ground.setAlpha(235);
+        painter_.setBrush(ground);
         painter_.drawRoundedRect(plate, rounding, rounding);
-        painter_.setPen(Qt::black);
+        painter_.setPen(desktop.color(QPalette::ToolTipText));
         painter_.drawText(plate, Qt::AlignCenter, words);
     }
 

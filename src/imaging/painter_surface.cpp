@@ -192,6 +192,21 @@ QPointF PainterSurface::Mapped(WorldPoint point) const {
     return {(double{point.X} - world_.ViewLeft) * dotsPerCm_, (double{world_.ViewTop} - point.Y) * dotsPerCm_};
 }
 
+QLineF PainterSurface::Aligned(const QLineF& line) const {
+    constexpr double straight = 0.01; // pixels that a level line may rise
+    const bool upright = std::fabs(line.dx()) < straight;
+    if (!upright && std::fabs(line.dy()) >= straight) return line;
+    const QTransform& toPixels = painter_.deviceTransform();
+    if (toPixels.type() > QTransform::TxScale) return line;
+    const bool odd = std::lround(lineWidth_ * toPixels.m11()) % 2 != 0;
+    const auto shift = [&](double at, double scale, double offset) {
+        const double pixel = at * scale + offset;
+        return ((odd ? std::floor(pixel) + 0.5 : std::round(pixel)) - pixel) / scale;
+    };
+    return upright ? line.translated(shift(line.x1(), toPixels.m11(), toPixels.dx()), 0)
+                   : line.translated(0, shift(line.y1(), toPixels.m22(), toPixels.dy()));
+}
+
 double PainterSurface::Reach() const { return Margin + std::max(0.0, lineWidth_ - 1); }
 
 bool PainterSurface::IsVisible(QPointF centre, double radius) const {
@@ -202,7 +217,8 @@ bool PainterSurface::IsVisible(QPointF centre, double radius) const {
 }
 
 std::optional<QLineF> PainterSurface::VisiblePart(const LineSegment& line) const {
-    return Clipped(Mapped(line.From), Mapped(line.To), part_, Reach());
+    const auto visible = Clipped(Mapped(line.From), Mapped(line.To), part_, Reach());
+    return visible && aligns_ ? Aligned(*visible) : visible;
 }
 
 void PainterSurface::UseCirclePen(Colour colour, double radius) {

@@ -36,6 +36,12 @@ public:
     /// From now on a grid's dots lie on eighths of the picture's pixels, of which many are alike and drawn once.
     void RoundDots() { roundsDots_ = true; }
 
+    /// The ends of all lines and arcs that are drawn from now on.
+    void SetCap(Qt::PenCapStyle cap) { cap_ = cap; }
+
+    /// From now on lays upright and level lines onto whole pixels, so that they are sharp.
+    void AlignLines(bool align) { aligns_ = align; }
+
     /// To be called when somebody else has used the painter.
     void ForgetPen() { penColour_ = NoPen; }
 
@@ -64,7 +70,8 @@ private:
     bool IsVisible(QPointF centre, double radius) const;
     std::optional<QLineF> VisiblePart(const LineSegment& line) const;
     void UseCirclePen(Colour colour, double radius);
-    void UsePen(Colour colour) { UsePen(colour, lineWidth_, Qt::SquareCap); }
+    QLineF Aligned(const QLineF& line) const;
+    void UsePen(Colour colour) { UsePen(colour, lineWidth_, cap_); }
     void UsePen(Colour colour, double width, Qt::PenCapStyle cap);
 
     QPainter& painter_;
@@ -75,7 +82,8 @@ private:
     double dotsPerCm_ = 1;
     double lineWidth_ = 1; ///< dots
     static constexpr Colour NoPen = -1;
-    bool dashed_ = false, penDashed_ = false, roundsDots_ = false;
+    bool dashed_ = false, penDashed_ = false, roundsDots_ = false, aligns_ = false;
+    Qt::PenCapStyle cap_ = Qt::SquareCap;
     Colour penColour_ = NoPen;
     double penWidth_ = 0;
     Qt::PenCapStyle penCap_ = Qt::SquareCap;

@@ -1,14 +1,12 @@
 #include "imaging/track_surface.h"
 
-#include "layout/ground_grid.h"
+#include "imaging/track_numbers.h"
 #include "layout/outline.h"
-#include "layout/overlap.h"
 
 #include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 
 namespace pistaro {
 
@@ -18,72 +16,74 @@ constexpr double OutlineTolerance = 0.2; ///< pixels that a bed's edge may stray
 constexpr double FarthestPiece = 60;     ///< cm from a piece's middle to its farthest point
 constexpr double RailWidth = 1.3;        ///< cm, of both rails with the slot between them
 constexpr double SlotWidth = 0.5;
-constexpr double KerbWidth = 1.1;
-constexpr double ShadowReach = 2.2; ///< cm beside a bridge
-constexpr Colour InactiveBed = Rgb(0xA9, 0xAE, 0xB5);
+constexpr double LeastSlot = 0.6; ///< pixels; of a narrower one the rails alone are shown
+constexpr double KerbWidth = 1.2;
+constexpr double KerbBlock = 3.2;     ///< cm along the edge
+constexpr double LeastKerb = 1.2;     ///< pixels; a narrower one would be an even tint
+constexpr double StripeSpacing = 3.2; ///< cm
+constexpr double LeastStripes = 7;    ///< pixels; closer ones would be an even tint
+constexpr double ShadowReach = 2.4;   ///< cm beside a bridge
+constexpr double Receding = 0.55;     ///< of the way to the background, for tracks that are not chosen
 constexpr Colour SlotColour = Rgb(0x20, 0x23, 0x27);
-constexpr Colour KerbColour = Rgb(0xD9, 0x3A, 0x32);
+constexpr Colour KerbWhite = Rgb(0xF2, 0xF2, 0xF0);
+constexpr Colour KerbRed = Rgb(0xC8, 0x3C, 0x36);
 
-Colour Mixed(Colour one, Colour other, double part) {
-    const auto mix = [&](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * part)); };
-    return Rgb(mix(Red(one), Red(other)), mix(Green(one), Green(other)), mix(Blue(one), Blue(other)));
+int Brightness(Colour colour) { return 2 * Red(colour) + 5 * Green(colour) + Blue(colour); }
+
+Colour BedColour(PieceStanding standing, const ColourScheme& colours) {
+    return standing == PieceStanding::Inactive ? Mixed(AsphaltColour, colours.Background, Receding) : AsphaltColour;
 }
 
-/// A piece of the circuit by its track and element.
-using Address = std::pair<int, int>;
+void FillBed(QPainter& painter, const QPolygonF& polygon, PieceStanding standing, const ColourScheme& colours) {
+    constexpr double selectedTint = 0.4;
+    const Colour plain = BedColour(standing, colours);
+    const bool selected = standing == PieceStanding::Active;
+    const QColor bed = ToQColor(selected ? Mixed(plain, OutlineColour(standing, colours), selectedTint) : plain);
+    painter.setPen(QPen(bed, 1)); // closes the seam to the next piece
+    painter.setBrush(bed);
+    painter.drawPolygon(polygon);
+}
 
-/// The pieces that lie over one which is drawn before them and does not touch them in their track.
-std::set<Address> BridgesOf(const Catalogue& catalogue, const Project& project) {
-    std::vector<Ground> grounds;
-    std::vector<Address> addresses;
-    const auto add = [&](int track) {
-        WalkTrack(catalogue, project.Design.Circuit.Tracks[static_cast<std::size_t>(track)],
-                  [&](int element, const PiecePlacement* placement, const BuildCursor&) {
-                      if (placement == nullptr) return;
-                      grounds.push_back(GroundOf(*placement));
-                      addresses.emplace_back(track, element);
-                  });
-    };
-    const int current = project.EditState.CurrentTrack;
-    for (int track = 0; track < TrackCount; ++track)
-        if (track != current) add(track);
-    if (current != AllTracks) add(current);
-    const GroundGrid grid(std::move(grounds));
-    const auto follows = [](const Address& piece, const Address& other) {
-        return piece.first == other.first && piece.second == other.second + 1;
-    };
-    std::set<Address> bridges;
-    for (std::size_t upper = 0; upper < addresses.size(); ++upper) {
-        const Ground& ground = grid.Grounds()[upper];
-        const bool alone = grid.ForEachMeeting(ground.Box, [&](int index, const Ground& other) {
-            const auto lower = static_cast<std::size_t>(index);
-            return lower >= upper || follows(addresses[upper], addresses[lower]) || !Overlaps(ground, other);
-        });
-        if (!alone) bridges.insert(addresses[upper]);
+/// Of those on pieces that are not owned.
+QColor StripeColour(const ColourScheme& colours) {
+    constexpr double part = 0.5;
+    return ToQColor(Mixed(AsphaltColour, OutlineColour(PieceStanding::NonOwned, colours), part));
+}
+
+/// Slanting stripes over a bed of that length and breadth; `at` gives the place of a point of it, both 0 to 1. Lines
+/// cost a tenth of what a brush with a pattern does, and keep their places on the track.
+template <typename At>
+QList<QLineF> Stripes(double length, double breadth, double spacing, At at) {
+    QList<QLineF> stripes;
+    const double slant = breadth / length;
+    const double step = spacing / length;
+    for (double start = step / 2 - slant; start < 1; start += step) {
+        const double from = std::max(0.0, -start / slant);
+        const double to = std::min(1.0, (1 - start) / slant);
+        if (from < to) stripes.emplace_back(at(start + from * slant, from), at(start + to * slant, to));
     }
-    return bridges;
+    return stripes;
 }
 
-/// Draws what lies under each piece's lines.
+/// Draws a piece: its bed, what lies on it, its described lines.
 class BedPainter {
 public:
-    BedPainter(const Catalogue& catalogue, const Project& project, QPainter& painter, PainterSurface& surface)
-        : colours_(project.Preferences.Colours), bridges_(BridgesOf(catalogue, project)), painter_(painter),
-          surface_(surface), scale_(surface.DotsPerCm()) {}
+    BedPainter(const ColourScheme& colours, QPainter& painter, PainterSurface& surface)
+        : colours_(colours), painter_(painter), surface_(surface), scale_(surface.DotsPerCm()) {}
 
-    void operator()(const StandingPiece& piece) {
-        if (!surface_.Shows(piece.Placement.Corners.Entry, FarthestPiece)) return;
-        const QPolygonF bed = BedOf(piece.Placement);
-        if (bridges_.contains({piece.Track, piece.Element})) PaintShadow(bed);
-        PaintBed(painter_, bed, piece.Standing, colours_);
-        PaintKerb(piece.Placement);
+    void Paint(const StandingPiece& piece, bool isBridge) {
+        if (isBridge) PaintShadow(piece.Placement);
+        FillBed(painter_, BedOf(piece.Placement), piece.Standing, colours_);
+        if (piece.Standing == PieceStanding::NonOwned) PaintStripes(piece.Placement);
+        PaintKerb(piece);
+        painter_.setBrush(Qt::NoBrush);
+        surface_.ForgetPen();
         for (const Lane& lane : piece.Placement.Lanes)
             PaintLane(lane, piece.Standing);
+        PaintEnds(piece);
         if (piece.Element == 0) PaintStart(piece.Placement);
-        if (piece.Standing != PieceStanding::Inactive) PaintEdges(piece);
-        surface_.SetPen({1, PenWidth::Unit::Pixels});
-        surface_.ForgetPen();
-        painter_.setBrush(Qt::NoBrush);
+        PaintEdges(piece);
+        PaintMarks(piece);
     }
 
 private:
@@ -94,46 +94,112 @@ private:
         return bed;
     }
 
-    void PaintShadow(const QPolygonF& bed) {
-        painter_.setPen(QPen(QColor(0, 0, 0, 90), 2 * ShadowReach * scale_, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
-        painter_.setBrush(Qt::NoBrush);
-        painter_.drawPolygon(bed);
+    void PaintStripes(const PiecePlacement& placement) {
+        const double spacing = std::max(StripeSpacing, LeastStripes / scale_);
+        painter_.setPen(QPen(StripeColour(colours_), 1));
+        const auto* const inner = std::get_if<ArcSegment>(&placement.Outline[0]);
+        const auto* const outer = std::get_if<ArcSegment>(&placement.Outline[1]);
+        if (inner != nullptr && outer != nullptr) {
+            const double span = SpanOf(*outer);
+            const double breadth = outer->Radius - inner->Radius;
+            painter_.drawLines(
+                Stripes(span * (outer->Radius + inner->Radius) / 2, breadth, spacing, [&](double along, double across) {
+                    ArcSegment arc = *inner;
+                    arc.Radius += across * breadth;
+                    return surface_.PlaceOf(PointAt(arc, outer->Start + along * span));
+                }));
+            return;
+        }
+        const QLineF left(surface_.PlaceOf(placement.Corners.Entry), surface_.PlaceOf(placement.Corners.Exit));
+        const QLineF right(surface_.PlaceOf(placement.Corners.OtherEntry),
+                           surface_.PlaceOf(placement.Corners.OtherExit));
+        painter_.drawLines(Stripes(left.length() / scale_, QLineF(left.p1(), right.p1()).length() / scale_, spacing,
+                                   [&](double along, double across) {
+                                       return QLineF(left.pointAt(along), right.pointAt(along)).pointAt(across);
+                                   }));
     }
 
-    void Stroke(const Segment& segment, Colour colour, double pixels, bool dashed = false) {
-        surface_.SetPen({pixels, PenWidth::Unit::Pixels});
-        surface_.SetDashed(dashed);
-        std::visit([&](const auto& shape) { surface_.Draw(shape, colour); }, segment);
-        surface_.SetDashed(false);
+    /// Of a curve or a straight, that runs along the track.
+    static bool RunsAlong(const PiecePlacement& placement, int edge) {
+        const bool curved = std::holds_alternative<ArcSegment>(placement.Outline[0]);
+        return curved ? edge < 2 : edge % 2 == 0;
     }
 
-    void PaintLane(const Lane& lane, PieceStanding standing) {
-        const Colour rail = lane.Side == LaneSide::Left ? LeftLaneColour : RightLaneColour;
-        surface_.ForgetPen();
-        painter_.setBrush(Qt::NoBrush);
-        for (const Segment& segment : lane.Path) {
-            Stroke(segment, standing == PieceStanding::Inactive ? Mixed(rail, InactiveBed, 0.5) : rail,
-                   std::max(2.2, RailWidth * scale_));
-            if (SlotWidth * scale_ > 1) Stroke(segment, SlotColour, SlotWidth * scale_);
+    template <typename Visit>
+    static void ForEachEdge(const PiecePlacement& placement, bool along, Visit visit) {
+        int index = 0;
+        for (const Segment& edge : placement.Outline) {
+            if (RunsAlong(placement, index++) == along) visit(edge);
         }
     }
 
-    /// Along the outer edge of a curve: white with red.
-    void PaintKerb(const PiecePlacement& placement) {
-        const auto* const outer = std::get_if<ArcSegment>(&placement.Outline[1]);
-        if (outer == nullptr || std::get_if<ArcSegment>(&placement.Outline[0]) == nullptr) return;
-        ArcSegment kerb = *outer;
-        kerb.Radius -= KerbWidth / 2;
-        const double pixels = std::max(2.0, KerbWidth * scale_);
-        surface_.ForgetPen();
+    /// Softer the farther it falls. Beside the piece alone: at its ends the track goes on.
+    void PaintShadow(const PiecePlacement& placement) {
+        constexpr int rings = 3;
+        constexpr double shade = 0.22;
         painter_.setBrush(Qt::NoBrush);
-        Stroke(kerb, Rgb(255, 255, 255), pixels);
-        Stroke(kerb, KerbColour, pixels, true);
+        painter_.setOpacity(shade);
+        surface_.SetCap(Qt::FlatCap);
+        surface_.ForgetPen();
+        for (int ring = 1; ring <= rings; ++ring)
+            ForEachEdge(placement, true,
+                        [&](const Segment& edge) { Stroke(edge, 0, 2 * ShadowReach * scale_ * ring / rings); });
+        surface_.SetCap(Qt::SquareCap);
+        painter_.setOpacity(1);
     }
 
-    WorldPoint Between(WorldPoint a, WorldPoint b, double part) const {
-        return {static_cast<float>(a.X + (double{b.X} - a.X) * part),
-                static_cast<float>(a.Y + (double{b.Y} - a.Y) * part)};
+    void Stroke(const Segment& segment, Colour colour, double pixels) {
+        surface_.SetPen({pixels, PenWidth::Unit::Pixels});
+        std::visit([&](const auto& shape) { surface_.Draw(shape, colour); }, segment);
+    }
+
+    void PaintLane(const Lane& lane, PieceStanding standing) {
+        const Colour bed = BedColour(standing, colours_);
+        const Colour full = lane.Side == LaneSide::Left ? LeftLaneColour : RightLaneColour;
+        const Colour rail = standing == PieceStanding::Inactive ? Mixed(full, bed, Receding) : full;
+        // A slot is dark, also where the rails' colour must be light to be seen beside the tracks.
+        const Colour slot = Brightness(colours_.Rail) < Brightness(AsphaltColour) ? colours_.Rail : SlotColour;
+        const bool showsSlot = SlotWidth * scale_ >= LeastSlot;
+        for (const Segment& segment : lane.Path) {
+            surface_.SetCap(Qt::FlatCap); // a square one would lie across the slot of the piece before
+            Stroke(segment, rail, std::max(showsSlot ? 3.0 : 1.5, RailWidth * scale_));
+            surface_.SetCap(Qt::SquareCap);
+            if (showsSlot) Stroke(segment, slot, std::max(1.0, SlotWidth * scale_));
+        }
+    }
+
+    /// Red and white blocks along the inside of a curve's outer edge.
+    void PaintKerb(const StandingPiece& piece) {
+        const PiecePlacement& placement = piece.Placement;
+        const auto* const outer = std::get_if<ArcSegment>(&placement.Outline[1]);
+        if (outer == nullptr || !std::holds_alternative<ArcSegment>(placement.Outline[0])) return;
+        if (KerbWidth * scale_ < LeastKerb) return;
+        const double span = SpanOf(*outer);
+        const int pairs = std::max(1, static_cast<int>(std::lround(span * outer->Radius / KerbBlock / 2)));
+        const double fading = piece.Standing == PieceStanding::Inactive ? Receding : 0;
+        const Colour bed = BedColour(piece.Standing, colours_);
+        painter_.setPen(Qt::NoPen);
+        painter_.setBrush(ToQColor(Mixed(KerbWhite, bed, fading)));
+        painter_.drawPath(KerbPart(*outer, outer->Start, span));
+        QPainterPath blocks;
+        for (int pair = 0; pair < pairs; ++pair)
+            blocks.addPath(KerbPart(*outer, outer->Start + span * (pair + 0.25) / pairs, span / pairs / 2));
+        painter_.setBrush(ToQColor(Mixed(KerbRed, bed, fading)));
+        painter_.drawPath(blocks);
+    }
+
+    QPainterPath KerbPart(const ArcSegment& outer, double start, double span) const {
+        const double flattest = 2 * std::acos(std::max(0.0, 1 - OutlineTolerance / scale_ / outer.Radius));
+        const int chords = std::max(1, static_cast<int>(std::ceil(span / flattest)));
+        ArcSegment inner = outer;
+        inner.Radius -= KerbWidth;
+        QPainterPath part(surface_.PlaceOf(PointAt(outer, start)));
+        for (int chord = 1; chord <= chords; ++chord)
+            part.lineTo(surface_.PlaceOf(PointAt(outer, start + span * chord / chords)));
+        for (int chord = chords; chord >= 0; --chord)
+            part.lineTo(surface_.PlaceOf(PointAt(inner, start + span * chord / chords)));
+        part.closeSubpath();
+        return part;
     }
 
     /// The chequered line across the track, and an arrow the way the cars go.
@@ -156,85 +222,118 @@ private:
             painter_.fillRect(QRectF(column * step, -side * (1 + column % 2), step, side), Qt::black);
         painter_.setBrush(Qt::white);
         const double middle = width / 2;
-        painter_.drawPolygon(QPolygonF({QPointF(middle - 1.6, -2 * side - 1.2), QPointF(middle + 1.6, -2 * side - 1.2),
-                                        QPointF(middle, -2 * side - 5)}));
+        const double tip = -2 * side - 6.5;
+        painter_.drawPolygon(QPolygonF({QPointF(middle - 2.4, -2 * side - 1.2), QPointF(middle, -2 * side - 2.4),
+                                        QPointF(middle + 2.4, -2 * side - 1.2), QPointF(middle, tip)}));
         painter_.restore();
+        surface_.ForgetPen();
     }
 
-    /// Wider than the described line, which comes to lie on it.
-    void PaintEdges(const StandingPiece& piece) {
-        const double pixels = piece.Standing == PieceStanding::Active ? 5 : 2.5;
-        const Colour colour = OutlineColour(piece.Standing, colours_);
-        surface_.ForgetPen();
-        painter_.setBrush(Qt::NoBrush);
+    /// Where pieces meet: a fine seam. The selected piece has its colour all around.
+    void PaintEnds(const StandingPiece& piece) {
+        constexpr double depth = 0.35;
         const bool selected = piece.Standing == PieceStanding::Active;
-        // Edges 1 and 3 of a straight run along it, 0 and 1 of a curve: its ends are marked on the selected piece
-        // alone.
-        const bool curved = std::get_if<ArcSegment>(&piece.Placement.Outline[0]) != nullptr;
-        int index = 0;
-        for (const Segment& edge : piece.Placement.Outline) {
-            const bool along = curved ? index < 2 : index % 2 == 0;
-            if (along || selected) Stroke(edge, colour, pixels);
-            ++index;
-        }
+        const Colour seam = Mixed(BedColour(piece.Standing, colours_), SlotColour, depth);
+        const Colour colour = selected ? OutlineColour(piece.Standing, colours_) : seam;
+        const double pixels = selected ? EdgeWidth(piece.Standing) : 1;
+        ForEachEdge(piece.Placement, false, [&](const Segment& edge) { Stroke(edge, colour, pixels); });
+    }
+
+    void PaintEdges(const StandingPiece& piece) {
+        const Colour colour = OutlineColour(piece.Standing, colours_);
+        ForEachEdge(piece.Placement, true,
+                    [&](const Segment& edge) { Stroke(edge, colour, EdgeWidth(piece.Standing)); });
+    }
+
+    void PaintMarks(const StandingPiece& piece) {
+        const Colour outline = OutlineColour(piece.Standing, colours_);
+        surface_.SetPen({1, PenWidth::Unit::Pixels});
+        for (const Mark& mark : piece.Placement.Marks)
+            std::visit(
+                [&](const auto& shape) { surface_.Draw(shape, mark.Ink == Ink::Rail ? colours_.Rail : outline); },
+                mark.Shape);
     }
 
     const ColourScheme& colours_;
-    std::set<Address> bridges_;
     QPainter& painter_;
     PainterSurface& surface_;
     double scale_; ///< pixels a cm
 };
 
-/// The elements' numbers between the lanes, with a halo that keeps them readable.
-void PaintNumber(const StandingPiece& piece, QPainter& painter, const PainterSurface& surface) {
-    const GroundPoint middle = MiddleOf(GroundOf(piece.Placement));
-    const WorldPoint place{static_cast<float>(middle.X), static_cast<float>(middle.Y)};
-    if (!surface.Shows(place, 1)) return;
-    const QString text = QString::number(piece.Element);
-    const QFontMetricsF metrics(painter.font());
-    QPainterPath path;
-    path.addText(surface.PlaceOf(place) - QPointF(metrics.horizontalAdvance(text) / 2, -metrics.capHeight() / 2),
-                 painter.font(), text);
-    painter.strokePath(path, QPen(QColor(0x20, 0x23, 0x27), 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(path, Qt::white);
+/// A piece that may be seen, kept for the passes that draw it.
+struct SeenPiece {
+    PlaceInCircuit Address;
+    PiecePlacement Placement;
+    PieceStanding Standing;
+
+    StandingPiece AsDrawn() const { return {Address.first, Address.second, Placement, Standing}; }
+};
+
+std::vector<SeenPiece> SeenPieces(const Catalogue& catalogue, const Project& project, PainterSurface& surface) {
+    std::vector<SeenPiece> seen;
+    const auto keep = [&](const StandingPiece& piece) {
+        if (surface.Shows(piece.Placement.Corners.Entry, FarthestPiece))
+            seen.push_back({{piece.Track, piece.Element}, piece.Placement, piece.Standing});
+    };
+    DrawTracks(catalogue, project, {.Pieces = false, .Numbers = false, .Under = keep}, surface);
+    return seen;
 }
 
 } // namespace
+
+Colour Mixed(Colour one, Colour other, double part) {
+    const auto mix = [&](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * part)); };
+    return Rgb(mix(Red(one), Red(other)), mix(Green(one), Green(other)), mix(Blue(one), Blue(other)));
+}
 
 Colour RecedingGridColour(Colour background) {
     constexpr double part = 0.16;
     return Mixed(background, TextColourOn(background), part);
 }
 
-void PaintBed(QPainter& painter, const QPolygonF& polygon, PieceStanding standing, const ColourScheme& colours) {
-    constexpr int tint = 110; // of 255
-    const QColor bed = ToQColor(standing == PieceStanding::Inactive ? InactiveBed : AsphaltColour);
-    painter.setPen(QPen(bed, 1)); // closes the seam to the next piece
-    painter.setBrush(bed);
-    painter.drawPolygon(polygon);
-    if (standing != PieceStanding::NonOwned && standing != PieceStanding::Active) return;
-    QColor ink = ToQColor(OutlineColour(standing, colours));
-    ink.setAlpha(tint);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QBrush(ink, standing == PieceStanding::Active ? Qt::SolidPattern : Qt::BDiagPattern));
-    painter.drawPolygon(polygon);
+void DrawRecedingGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth,
+                      PainterSurface& surface) {
+    constexpr double largestDot = 1.2; // pixels, of its radius
+    constexpr double dotsAcross = 500; // of a view's width
+    const double width = std::min(viewWidth, largestDot * dotsAcross / surface.DotsPerCm());
+    surface.AlignLines(true);
+    DrawGrid(preferences, covered, width, surface, RecedingGridColour(preferences.Colours.Background));
+    surface.AlignLines(false);
 }
 
-void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, QPainter& painter,
-                        PainterSurface& surface) {
-    BedPainter beds(catalogue, project, painter, surface);
-    DrawTracks(catalogue, project,
-               {.Pieces = true, .Numbers = false, .Under = [&](const StandingPiece& piece) { beds(piece); }}, surface);
-    if (project.EditState.ShowNumbers) {
-        DrawTracks(catalogue, project,
-                   {.Pieces = false,
-                    .Numbers = false,
-                    .Under = [&](const StandingPiece& piece) { PaintNumber(piece, painter, surface); }},
-                   surface);
-        surface.ForgetPen();
+void PaintSampleBed(QPainter& painter, const QRectF& place, PieceStanding standing, const ColourScheme& colours) {
+    FillBed(painter, QPolygonF(place), standing, colours);
+    if (standing != PieceStanding::NonOwned) return;
+    painter.setPen(QPen(StripeColour(colours), 1));
+    painter.drawLines(Stripes(place.width(), place.height(), LeastStripes, [&](double along, double across) {
+        return place.topLeft() + QPointF(along * place.width(), across * place.height());
+    }));
+}
+
+double EdgeWidth(PieceStanding standing) {
+    if (standing == PieceStanding::Active) return 3;
+    return standing == PieceStanding::Inactive ? 1 : 1.5;
+}
+
+void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, const std::set<PlaceInCircuit>& bridges,
+                        QPainter& painter, PainterSurface& surface) {
+    const ColourScheme& colours = project.Preferences.Colours;
+    const std::vector<SeenPiece> pieces = SeenPieces(catalogue, project, surface);
+    BedPainter beds(colours, painter, surface);
+    surface.AlignLines(true);
+    for (const bool bridge : {false, true}) {
+        for (const SeenPiece& piece : pieces)
+            if (bridges.contains(piece.Address) == bridge) beds.Paint(piece.AsDrawn(), bridge);
     }
-    DrawRoom(project.Design.Room, surface);
+    surface.AlignLines(false);
+    if (project.EditState.ShowNumbers) {
+        for (const SeenPiece& piece : pieces)
+            PaintNumber(piece.AsDrawn(), colours.Background, painter, surface);
+    }
+    surface.SetPen({1, PenWidth::Unit::Pixels});
+    surface.ForgetPen();
+    painter.setBrush(Qt::NoBrush);
+    DrawRoom(project.Design.Room, surface, colours.Room);
 }
 
 } // namespace pistaro

@@ -1,7 +1,8 @@
-// Tracks as they look: an asphalt bed with slots, rails and kerbs under the described lines, whose colours it tells by
-// patterns, too.
+// Tracks as they look: an asphalt bed with slots, rails and kerbs within the described outlines, whose colours it tells
+// by patterns, too.
 #pragma once
 
+#include "imaging/bridges.h"
 #include "imaging/painter_surface.h"
 #include "imaging/track_look.h"
 #include "model/project.h"
@@ -9,17 +10,29 @@
 
 namespace pistaro {
 
-inline constexpr Colour AsphaltColour = Rgb(0x6E, 0x74, 0x7C);
+inline constexpr Colour AsphaltColour = Rgb(0x58, 0x5E, 0x67);
 inline constexpr Colour LeftLaneColour = Rgb(0xFF, 0xD5, 0x4A);
 inline constexpr Colour RightLaneColour = Rgb(0x7F, 0xD6, 0xFF);
+
+/// Something of both colours: all of one where `part` is 0, of the other where it is 1.
+Colour Mixed(Colour one, Colour other, double part);
 
 /// The grid's colour under such tracks: close to the background's.
 Colour RecedingGridColour(Colour background);
 
-/// What DrawCircuit draws, on beds. The painter must be the surface's, which shows the view.
-void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, QPainter& painter, PainterSurface& surface);
+/// Draws the grid under such tracks, as DrawGrid does, but so that it recedes.
+void DrawRecedingGrid(const Preferences& preferences, const ViewRectangle& covered, double viewWidth,
+                      PainterSurface& surface);
 
-/// What tells a piece of that standing from others on its bed: for a legend. Fills the polygon.
-void PaintBed(QPainter& painter, const QPolygonF& polygon, PieceStanding standing, const ColourScheme& colours);
+/// What DrawCircuit draws, on beds. The painter must be the surface's, which shows the view; `bridges` are the
+/// circuit's.
+void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, const std::set<PlaceInCircuit>& bridges,
+                        QPainter& painter, PainterSurface& surface);
+
+/// The bed of a piece of that standing, for a legend: what tells it from others.
+void PaintSampleBed(QPainter& painter, const QRectF& place, PieceStanding standing, const ColourScheme& colours);
+
+/// How wide the edges of a piece of that standing are, pixels.
+double EdgeWidth(PieceStanding standing);
 
 } // namespace pistaro

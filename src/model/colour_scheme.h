@@ -13,19 +13,21 @@ constexpr int Red(Colour colour) { return colour & 0xFF; }
 constexpr int Green(Colour colour) { return colour >> 8 & 0xFF; }
 constexpr int Blue(Colour colour) { return colour >> 16 & 0xFF; }
 
+inline constexpr Colour GridColour = Rgb(0x40, 0x40, 0x40);
+inline constexpr Colour RoomColour = Rgb(128, 0, 0);
+
 struct ColourScheme {
     Colour Background = 0;
     Colour Inactive = 0; ///< elements of tracks other than the current one
     Colour Rail = 0;     ///< lane lines and the marks of special pieces
     Colour NonOwned = 0; ///< elements beyond what the user owns
     Colour Owned = 0;
-    Colour Active = 0; ///< the selected element
+    Colour Active = 0;        ///< the selected element
+    Colour Grid = GridColour; ///< these two are others only where a window's drawing follows a dark desktop
+    Colour Room = RoomColour;
 
     bool operator==(const ColourScheme&) const = default;
 };
-
-inline constexpr Colour GridColour = Rgb(0x40, 0x40, 0x40);
-inline constexpr Colour RoomColour = Rgb(128, 0, 0);
 
 /// Black or white, whichever contrasts more with a background: the colour of all texts in drawings.
 Colour TextColourOn(Colour background);

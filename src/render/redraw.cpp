@@ -131,12 +131,12 @@ ViewRectangle RoomRectangle(const RoomPolygon& room) {
     return ShownRectangle(view);
 }
 
-void DrawRoom(const RoomPolygon& room, Surface& surface) {
+void DrawRoom(const RoomPolygon& room, Surface& surface, Colour colour) {
     if (room.Points.empty()) return;
     WorldPoint previous = RoomCorner(room, room.Points.front());
     for (const RoomPoint& point : room.Points) {
         const WorldPoint here = RoomCorner(room, point);
-        if (point.Line == 1) surface.Draw(LineSegment{previous, here}, RoomColour);
+        if (point.Line == 1) surface.Draw(LineSegment{previous, here}, colour);
         previous = here;
     }
 }
@@ -156,7 +156,7 @@ void DrawGround(const Preferences& preferences, const ViewSettings& view, Surfac
 
 void DrawCircuit(const Catalogue& catalogue, const Project& project, Surface& surface) {
     DrawTracks(catalogue, project, {.Pieces = true, .Numbers = project.EditState.ShowNumbers}, surface);
-    DrawRoom(project.Design.Room, surface);
+    DrawRoom(project.Design.Room, surface, project.Preferences.Colours.Room);
 }
 
 void RedrawCircuit(const Catalogue& catalogue, const Project& project, Surface& surface) {

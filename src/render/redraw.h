@@ -63,6 +63,6 @@ void DrawAreaLabel(const Preferences& preferences, const ViewRectangle& shown, S
 ViewRectangle RoomRectangle(const RoomPolygon& room);
 
 /// Draws the room's sides whose line flag is 1, turned by the room's angle.
-void DrawRoom(const RoomPolygon& room, Surface& surface);
+void DrawRoom(const RoomPolygon& room, Surface& surface, Colour colour = RoomColour);
 
 } // namespace pistaro

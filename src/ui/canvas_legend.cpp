@@ -17,9 +17,10 @@ constexpr std::array<Entry, 4> Entries{{{PieceStanding::Active, "the selected pi
 
 void PaintSample(QPainter& painter, const QRectF& place, PieceStanding standing, const ColourScheme& colours,
                  TrackLook look) {
-    if (look == TrackLook::Surface) PaintBed(painter, QPolygonF(place), standing, colours);
+    if (look == TrackLook::Surface) PaintSampleBed(painter, place, standing, colours);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(ToQColor(OutlineColour(standing, colours)), look == TrackLook::Surface ? 2.5 : 1.5));
+    const QPen edge(ToQColor(OutlineColour(standing, colours)), look == TrackLook::Surface ? EdgeWidth(standing) : 1.5);
+    painter.setPen(edge);
     painter.drawRect(place);
 }
 

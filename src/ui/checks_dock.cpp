@@ -25,7 +25,9 @@ constexpr const char* Owner = "checks";
 /// A round, triangular or square mark, so that it needs no colour to be told by.
 QIcon IconOf(Severity severity) {
     constexpr int side = 16;
-    QPixmap drawing(side, side);
+    constexpr int finest = 3; // pixels that one is wide on the finest screens
+    QPixmap drawing(side * finest, side * finest);
+    drawing.setDevicePixelRatio(finest);
     drawing.fill(Qt::transparent);
     QPainter painter(&drawing);
     painter.setRenderHint(QPainter::Antialiasing);

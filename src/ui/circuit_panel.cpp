@@ -2,6 +2,7 @@
 
 #include "editor/view_commands.h"
 #include "ui/key_scroll_bar.h"
+#include "ui/line_icon.h"
 
 #include <QHBoxLayout>
 #include <QSignalBlocker>
@@ -30,7 +31,9 @@ CircuitPanel::CircuitPanel(Session& session, CommandControls& controls)
       vMov_(new KeyScrollBar(Qt::Vertical)), tools_(Tools(controls)) {
     hMov_->setObjectName("hMov");
     hMov_->setToolTip("Move the view left and right");
+    hMov_->setAccessibleName("Left and right");
     vMov_->setObjectName("vMov");
+    vMov_->setAccessibleName("Up and down");
     vMov_->setToolTip("Move the view up and down");
     for (QWidget* const child :
          {static_cast<QWidget*>(view_), static_cast<QWidget*>(vMov_), static_cast<QWidget*>(hMov_), tools_})
@@ -47,9 +50,12 @@ QWidget* CircuitPanel::Tools(CommandControls& controls) {
     auto* const row = new QHBoxLayout(tools);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Gap);
-    for (const std::string_view id : {"zoom out", "zoom in", "fit", "refresh"}) {
+    constexpr std::pair<std::string_view, const char*> buttons[] = {
+        {"zoom out", "zoom-out"}, {"zoom in", "zoom-in"}, {"fit", "fit"}, {"refresh", "refresh"}};
+    for (const auto& [id, icon] : buttons) {
         auto* const button = new QToolButton;
         controls.Bind(*button, id);
+        ShowIcon(*button, icon, id.starts_with("zoom") ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
         button->setFocusPolicy(Qt::StrongFocus);
         button->setAutoRepeat(id.starts_with("zoom"));
         row->addWidget(button);

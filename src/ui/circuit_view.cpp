@@ -1,8 +1,11 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
+#include "storage/settings_file.h"
+#include "ui/canvas_colours.h"
 #include "ui/canvas_legend.h"
 
+#include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -29,8 +32,10 @@ bool IsLarge(const Circuit& circuit) {
 
 } // namespace
 
-CircuitView::CircuitView(Session& session) : session_(session) {
+CircuitView::CircuitView(Session& session)
+    : session_(session), initialColours_(InitialSettings(session.Catalogue).Preferences.Colours) {
     setObjectName("picCircuit");
+    setAccessibleName("Drawing of the circuit");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(200, 200);
     rest_.setSingleShot(true);
@@ -52,9 +57,22 @@ void CircuitView::Invalidate(const Changes& changes) {
 
 void CircuitView::Redraw() {
     rest_.stop();
-    drawing_.Redraw(session_.Catalogue, session_.Project, session_.Background ? session_.Background->Image() : QImage(),
-                    Frame(), Look());
+    drawing_.Redraw(session_.Catalogue, Drawn(), session_.Background ? session_.Background->Image() : QImage(), Frame(),
+                    Look());
     stale_ = moved_ = false;
+}
+
+ColourScheme CircuitView::Colours() const {
+    return CanvasColours(session_.Project.Preferences.Colours, initialColours_, palette());
+}
+
+const Project& CircuitView::Drawn() {
+    const ColourScheme colours = Colours();
+    recoloured_.reset();
+    if (colours == session_.Project.Preferences.Colours) return session_.Project;
+    recoloured_ = session_.Project;
+    recoloured_->Preferences.Colours = colours;
+    return *recoloured_;
 }
 
 TrackLook CircuitView::Look() const { return session_.Looks.Surface ? TrackLook::Surface : TrackLook::Lines; }
@@ -68,7 +86,7 @@ const QImage& CircuitView::Picture() {
 
 void CircuitView::PaintMoved(QPainter& painter) {
     rest_.start();
-    if (drawing_.Shift(session_.Catalogue, session_.Project)) {
+    if (drawing_.Shift(session_.Catalogue, Drawn())) {
         moved_ = false;
         painter.drawImage(QPointF(0, 0), drawing_.Picture());
     } else {
@@ -87,11 +105,11 @@ void CircuitView::paintEvent(QPaintEvent*) {
     for (const auto& [owner, overlay] : overlays_)
         PaintOverlay(overlay, session_.Catalogue, View(), Frame(), painter);
     if (IsEmpty(session_.Project.Design.Circuit)) PaintInvitation(painter);
-    if (session_.Looks.Legend) PaintLegend(painter, session_.Project.Preferences.Colours, Look());
+    if (session_.Looks.Legend) PaintLegend(painter, Colours(), Look());
 }
 
 void CircuitView::PaintInvitation(QPainter& painter) {
-    const Colour ground = session_.Project.Preferences.Colours.Background;
+    const Colour ground = Colours().Background;
     QColor ink = ToQColor(TextColourOn(ground));
     ink.setAlpha(170);
     QFont large = font();
@@ -118,6 +136,13 @@ const Overlay& CircuitView::OverlayOf(const std::string& owner) const {
     static const Overlay none;
     const auto found = overlays_.find(owner);
     return found == overlays_.end() ? none : found->second;
+}
+
+void CircuitView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    stale_ = true;
+    update();
 }
 
 void CircuitView::resizeEvent(QResizeEvent*) { session_.PicturePixels = Frame().Square().width(); }

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <map>
+#include <optional>
 
 namespace pistaro {
 
@@ -40,10 +41,16 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     const ViewSettings& View() const { return session_.Project.Design.View; }
     TrackLook Look() const;
+
+    ColourScheme Colours() const;
+
+    /// What is drawn: the session's, in the colours of the desktop where they follow it.
+    const Project& Drawn();
     bool FitsFrame() const;
 
     /// Says in a line how an empty circuit is begun.
@@ -53,6 +60,8 @@ private:
     void PaintMoved(QPainter& painter);
 
     Session& session_;
+    const ColourScheme initialColours_;
+    std::optional<Project> recoloured_; ///< where what is drawn is not the session's
     KeptDrawing drawing_;
     std::map<std::string, Overlay> overlays_;
     bool stale_ = true;  ///< the drawing shows an earlier state

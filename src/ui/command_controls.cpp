@@ -6,6 +6,7 @@
 #include <QKeySequence>
 #include <QShortcut>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace pistaro {
@@ -26,6 +27,13 @@ void SetName(QObject& control, const Command& command) {
     control.setObjectName(Shown(command.Control));
     if (!command.Tag.empty()) control.setProperty("Tag", Shown(command.Tag));
     if (command.Index >= 0) control.setProperty("Index", command.Index);
+}
+
+/// What a screen reader calls a button: its caption, or where that is a sign, what it does.
+QString SpokenName(const Command& command) {
+    const QString caption = Shown(command.Caption);
+    if (std::ranges::any_of(caption, [](QChar sign) { return sign.isLetter(); })) return {};
+    return Shown(command.Id).replace(0, 1, QChar(command.Id.front()).toUpper());
 }
 
 QString TipWithKey(const std::string& tip, const std::string& key) {
@@ -80,6 +88,7 @@ void CommandControls::Bind(QAbstractButton& button, const std::function<const Co
     const Command& command = row();
     SetName(button, command);
     button.setText(Shown(command.Caption));
+    button.setAccessibleName(SpokenName(command));
     button.setCheckable(command.IsOn != nullptr);
     const auto run = [this, row] { session_.TryRun(row()); };
     QObject::connect(&button, &QAbstractButton::clicked, &button, run);

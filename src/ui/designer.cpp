@@ -3,6 +3,7 @@
 #include "commands/recovery.h"
 #include "platform/places.h"
 #include "platform/processes.h"
+#include "ui/desktop_colours.h"
 #include "ui/frmAbout.h"
 #include "ui/frmCorvel.h"
 #include "ui/frmRecovered.h"
@@ -64,6 +65,7 @@ int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const Designe
     QApplication application(argc, argv);
     QApplication::setApplicationName("Pistaro");
     QApplication::setDesktopFileName("pistaro");
+    const DesktopFollower follower(application);
     TerminationRequests(); // those that come before there is a window wait for it
     MessagePrompts prompts;
     const DesignerStart start = StartDesigner(catalogue, options.SettingsFile.value_or(SettingsPath()));

@@ -48,6 +48,7 @@ frmColorSelection::frmColorSelection(Colour& colourBeingEdited, QWidget* parent)
 void frmColorSelection::AddColour(int index, Colour colour) {
     auto* const cmdCol = Named(new ColourButton(colour), "cmdCol", index);
     cmdCol->setFixedSize(40, 32);
+    cmdCol->setAccessibleName(ToQColor(colour).name().toUpper());
     keyField_->addButton(cmdCol);
     connect(cmdCol, &QAbstractButton::clicked, this, [this, colour] {
         colourBeingEdited_ = colour;

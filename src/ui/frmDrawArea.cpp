@@ -141,6 +141,7 @@ QLayout* frmDrawArea::PointFields() {
     lblPNo_ = Named(new QLabel, "lblPNo");
     hscPnt_ = Named(new KeyScrollBar(Qt::Horizontal), "hscPnt");
     hscPnt_->setPageStep(1);
+    hscPnt_->setAccessibleName("Point");
     txtX_ = NewNumberBox("txtX", NumberDigits);
     txtY_ = NewNumberBox("txtY", NumberDigits);
     chkLine_ = Named(new QCheckBox("Lin&e"), "chkLine");

@@ -53,6 +53,7 @@ frmHistory::frmHistory(Session& session, QWidget* parent)
     setObjectName("frmHistory");
     setWindowTitle("History");
     lstHistory_->setModel(lines_);
+    lstHistory_->setAccessibleName("Steps");
     lstHistory_->setUniformItemSizes(true);
     lstHistory_->setToolTip("Click a step to go back to it, or forward");
     connect(lstHistory_, &QListView::clicked, this, [this](const QModelIndex& line) { GoTo(line); });

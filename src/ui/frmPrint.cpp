@@ -83,6 +83,7 @@ QGroupBox* frmPrint::PaperFrame() {
     optFit_->setChecked(true);
     spnScale_ = Named(new QDoubleSpinBox, "spnScale");
     spnScale_->setPrefix("1:");
+    spnScale_->setAccessibleName("Scale");
     spnScale_->setDecimals(1);
     spnScale_->setRange(1, 50);
     spnScale_->setValue(1);
@@ -105,6 +106,7 @@ QLayout* frmPrint::PreviewColumn() {
     picSheet_ = Named(new SheetPreview(*this), "picSheet");
     spnSheet_ = Named(new QSpinBox, "spnSheet");
     spnSheet_->setPrefix("Sheet ");
+    spnSheet_->setAccessibleName("Sheet shown");
     spnSheet_->setMinimum(1);
     connect(spnSheet_, &QSpinBox::valueChanged, this, [this] { picSheet_->update(); });
     lblSheets_ = Named(new QLabel, "lblSheets");

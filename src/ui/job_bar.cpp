@@ -20,6 +20,7 @@ JobBar::JobBar(Session& session, CommandControls& controls)
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(prgJob_);
+    prgJob_->setAccessibleName("Progress");
     row->addWidget(cmdCancelJob);
     session_.RunJobsBeside(
         [this](std::function<void()> call) { QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection); },

@@ -39,6 +39,10 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
     setObjectName("fraSuggestions");
     setAutoFillBackground(true);
     setCursor(Qt::ArrowCursor);
+    lstSuggestions_->setAccessibleName("Suggestions");
+    spnMostPieces_->setAccessibleName("Pieces at most");
+    spnTolerance_->setAccessibleName("Tolerance");
+    spnRun_->setAccessibleName("Elements to replace");
     lstSuggestions_->setFlow(QListView::LeftToRight);
     lstSuggestions_->setViewMode(QListView::ListMode);
     lstSuggestions_->setIconSize(IconSize);

@@ -1,6 +1,7 @@
 #include "ui/track_panel.h"
 
 #include "editor/track_editing.h"
+#include "ui/line_icon.h"
 #include "ui/named_controls.h"
 
 #include <QCheckBox>
@@ -64,24 +65,25 @@ QWidget* TrackPanel::ArrowPad() {
     grid->setSpacing(2);
     const int side = std::max(LeastArrowSide, fontMetrics().height() + 2 * ArrowMargin);
     QButtonGroup* const keyField = NewKeyField(box);
-    const auto add = [&](const char* id, int row, int column) {
+    const auto add = [&](const char* id, const char* icon, int row, int column) {
         auto* const button = new QToolButton;
         controls_.Bind(*button, id);
+        ShowIcon(*button, icon, Qt::ToolButtonIconOnly);
         button->setFixedSize(side, side);
         button->setFocusPolicy(Qt::StrongFocus);
         grid->addWidget(button, row, column);
         keyField->addButton(button);
     };
-    add("move up-left", 0, 0);
-    add("move up", 0, 1);
-    add("move up-right", 0, 2);
-    add("move left", 1, 0);
-    add("move right", 1, 2);
-    add("move down-left", 2, 0);
-    add("move down", 2, 1);
-    add("move down-right", 2, 2);
-    add("rotate left", 0, 4);
-    add("rotate right", 2, 4);
+    add("move up-left", "arrow-up-left", 0, 0);
+    add("move up", "arrow-up", 0, 1);
+    add("move up-right", "arrow-up-right", 0, 2);
+    add("move left", "arrow-left", 1, 0);
+    add("move right", "arrow-right", 1, 2);
+    add("move down-left", "arrow-down-left", 2, 0);
+    add("move down", "arrow-down", 2, 1);
+    add("move down-right", "arrow-down-right", 2, 2);
+    add("rotate left", "rotate-left", 0, 4);
+    add("rotate right", "rotate-right", 2, 4);
     grid->setColumnStretch(3, 1);
     return box;
 }
@@ -91,6 +93,7 @@ QWidget* TrackPanel::Elements() {
     auto* const column = new QVBoxLayout(box);
     lstTrack_->setObjectName("lstTrack");
     lstTrack_->setUniformItemSizes(true);
+    lstTrack_->setAccessibleName("Elements");
     connect(lstTrack_, &QListWidget::itemSelectionChanged, this, [this] {
         if (lstTrack_->selectedItems().isEmpty()) return RefreshList(); // Ctrl takes a selection away
         session_.Do([&] {

@@ -98,6 +98,37 @@ TEST_F(TrackSurfaces, CastAShadowWhereOnePassesOverAnother) {
     EXPECT_LT(over.lightness(), 150) << "the lower track's bed in the upper one's shadow";
 }
 
+TEST_F(TrackSurfaces, HaveSharpEdgesAlongTheGrid) {
+    Project project = ProjectOf("C160 C160");
+    project.Stock.Of(Pieces().FindRow("C160")).OwnedCount = 2;
+    project.EditState.CurrentTrack = 1; // so that its edges are a pixel wide
+    const QImage surface = Drawn(project);
+    int inked = 0;
+    for (int x = 395; x < 402; ++x)
+        inked += surface.pixelColor(x, 200) == ToQColor(project.Preferences.Colours.Inactive);
+
+    EXPECT_EQ(inked, 1);
+}
+
+TEST_F(TrackSurfaces, WriteANumberBesideAPieceThatHasNoRoomForIt) {
+    Project project = ProjectOf("C160");
+    project.EditState.ShowNumbers = true;
+    const auto dark = [&](double width, int from, int to) {
+        project.Design.View.Width = static_cast<float>(width);
+        project.Preferences.Grid.Type = 0;
+        KeptDrawing drawing;
+        drawing.Redraw(Pieces(), project, {}, {{800, 800}}, TrackLook::Surface);
+        int count = 0;
+        for (int x = from; x < to; ++x)
+            for (int y = 300; y < 400; ++y)
+                count += drawing.Picture().pixelColor(x, y).lightness() < 160;
+        return count;
+    };
+
+    EXPECT_EQ(dark(200, 470, 500), 0) << "62 pixels wide, and white on the bed";
+    EXPECT_GT(dark(1000, 414, 440), 5) << "12 pixels wide: dark on the ground beside it";
+}
+
 TEST_F(TrackSurfaces, ChangeNothingWhereTheyAreNotAskedFor) {
     const Project project = ProjectOf("C160 C151L", "N10105R");
     const std::string plain = CircuitPicture(Pieces(), project, 300, std::nullopt, PictureFormat::Png);

@@ -1,0 +1,57 @@
+// The style below tells frames by shades of the window's colour, of which black and white have none.
+#include "ui/contrast_style.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace pistaro {
+
+namespace {
+
+bool HasFrame(QStyle::PrimitiveElement element) {
+    switch (static_cast<int>(element)) {
+    case QStyle::PE_PanelButtonCommand:
+    case QStyle::PE_PanelButtonTool:
+    case QStyle::PE_PanelLineEdit:
+    case QStyle::PE_PanelMenu:
+    case QStyle::PE_Frame:
+    case QStyle::PE_IndicatorCheckBox:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Of the colour of its words; thick where the keyboard is.
+void PaintFrame(QPainter& painter, const QStyleOption& option, bool round) {
+    const bool focused = option.state & QStyle::State_HasFocus;
+    const double width = focused ? 2 : 1;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, round);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(option.palette.color(focused ? QPalette::Highlight : QPalette::WindowText), width));
+    const QRectF frame = QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    round ? painter.drawEllipse(frame) : painter.drawRect(frame);
+    painter.restore();
+}
+
+} // namespace
+
+void ContrastStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                  const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_IndicatorRadioButton) PaintFrame(*painter, *option, true);
+    if (HasFrame(element)) PaintFrame(*painter, *option, false);
+}
+
+void ContrastStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                       const QWidget* widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox || control == CC_SpinBox) PaintFrame(*painter, *option, false);
+    if (control != CC_ScrollBar) return;
+    QStyleOption slider(*option);
+    slider.rect = subControlRect(control, option, SC_ScrollBarSlider, widget);
+    PaintFrame(*painter, slider, false);
+}
+
+} // namespace pistaro

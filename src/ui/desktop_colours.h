@@ -1,0 +1,51 @@
+// Follows a desktop that likes its windows dark, or rich in contrast, where the toolkit does not do so by itself.
+#pragma once
+
+#include <QApplication>
+#include <QObject>
+#include <QPalette>
+
+namespace pistaro {
+
+struct DesktopWish {
+    bool Dark = false;
+    bool HighContrast = false;
+
+    bool operator==(const DesktopWish&) const = default;
+};
+
+/// What the desktop says that its user wishes; nothing where it says nothing.
+DesktopWish AskDesktop();
+
+/// Has `follower`'s slot Ask called when the desktop says that this has changed, where it can.
+void HearDesktop(QObject& follower);
+
+/// Whether a palette writes light on dark.
+bool IsDark(const QPalette& palette);
+
+/// Whether a palette writes in black and white, or nearly so.
+bool HasHighContrast(const QPalette& palette);
+
+/// The colours of windows that answer a wish.
+QPalette PaletteFor(const DesktopWish& wish);
+
+/// Gives the application's windows what is wished. Where the toolkit's own colours answer the wish already, or where
+/// there is none, they stay.
+void ShowAsWished(const DesktopWish& wish, const QPalette& toolkits);
+
+/// Follows the desktop as long as it lives.
+class DesktopFollower : public QObject {
+    Q_OBJECT
+
+public:
+    explicit DesktopFollower(QApplication& application);
+
+public slots:
+    void Ask();
+
+private:
+    QPalette toolkits_; ///< as they were before they were changed
+    DesktopWish wish_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,186 @@
+// Every window as those meet it who do not see it: each control says what it is, and Tab goes the way that one reads.
+#include "commands/recovery.h"
+#include "support/temporary_folder.h"
+#include "ui/frmAbout.h"
+#include "ui/frmColorSelection.h"
+#include "ui/frmColors.h"
+#include "ui/frmDrawArea.h"
+#include "ui/frmExport.h"
+#include "ui/frmHistory.h"
+#include "ui/frmPrint.h"
+#include "ui/frmRecovered.h"
+#include "ui/frmSets.h"
+#include "ui/frmStats.h"
+#include "ui/frmStock.h"
+#include "ui/window_fixture.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDockWidget>
+
+#include <gmock/gmock.h>
+
+namespace pistaro {
+namespace {
+
+using testing::Gt;
+using testing::IsEmpty;
+
+/// What of a window a user can press, type into or choose from.
+bool IsControl(QAccessible::Role role) {
+    switch (static_cast<int>(role)) {
+    case QAccessible::PushButton:
+    case QAccessible::CheckBox:
+    case QAccessible::RadioButton:
+    case QAccessible::EditableText:
+    case QAccessible::SpinBox:
+    case QAccessible::ComboBox:
+    case QAccessible::List:
+    case QAccessible::Tree:
+    case QAccessible::Table:
+    case QAccessible::ScrollBar:
+    case QAccessible::Slider:
+    case QAccessible::MenuItem:
+    case QAccessible::ButtonMenu:
+    case QAccessible::ProgressBar:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Parts that the toolkit makes and names by what they belong to.
+bool IsPartOfAControl(const QAccessibleInterface& control) {
+    const QObject* const object = control.object();
+    if (object == nullptr) return false;
+    const QObject* const parent = object->parent();
+    const bool scrolls = parent != nullptr && parent->objectName().startsWith("qt_scrollarea");
+    return scrolls || object->objectName().startsWith("qt_") || object->inherits("QComboBoxListView");
+}
+
+bool SaysSomething(const QString& name) {
+    return std::ranges::any_of(name, [](QChar sign) { return sign.isLetterOrNumber(); });
+}
+
+struct Walk {
+    int Controls = 0;
+    std::vector<std::string> Unnamed;
+};
+
+void WalkTree(QAccessibleInterface* item, Walk& walk) {
+    if (item == nullptr || !item->isValid()) return;
+    if (IsControl(item->role()) && !IsPartOfAControl(*item)) {
+        ++walk.Controls;
+        const QObject* const object = item->object();
+        if (!SaysSomething(item->text(QAccessible::Name)))
+            walk.Unnamed.push_back(object == nullptr ? "?"
+                                                     : object->objectName().toStdString() + " of " +
+                                                           object->metaObject()->className());
+    }
+    if (item->role() == QAccessible::Tree || item->role() == QAccessible::List) return; // what they list is texts
+    for (int child = 0; child < item->childCount(); ++child)
+        WalkTree(item->child(child), walk);
+}
+
+Walk WalkOf(QWidget& window) {
+    QApplication::processEvents();
+    Walk walk;
+    WalkTree(QAccessible::queryAccessibleInterface(&window), walk);
+    return walk;
+}
+
+/// The controls that Tab goes through, from the first on.
+std::vector<QWidget*> TabOrder(QWidget& window) {
+    std::vector<QWidget*> order;
+    QWidget* widget = &window;
+    while ((widget = widget->nextInFocusChain()) != &window)
+        if (widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) &&
+            widget->window() == &window && widget->focusProxy() == nullptr)
+            order.push_back(widget);
+    return order;
+}
+
+/// Where Tab leads to something that lies both above and to the left of where it was: against the way one reads.
+std::vector<std::string> StepsBack(QWidget& window) {
+    std::vector<std::string> steps;
+    const QWidget* before = nullptr;
+    for (const QWidget* const widget : TabOrder(window)) {
+        const auto place = [&](const QWidget& of) { return QRect(of.mapTo(&window, QPoint(0, 0)), of.size()); };
+        if (before != nullptr && place(*widget).bottom() < place(*before).top() &&
+            place(*widget).right() < place(*before).left())
+            steps.push_back(before->objectName().toStdString() + " to " + widget->objectName().toStdString());
+        before = widget;
+    }
+    return steps;
+}
+
+class Accessibility : public WindowTest {
+protected:
+    void ExpectReadable(QWidget& window, int leastControls) {
+        window.show();
+        const Walk walk = WalkOf(window);
+        EXPECT_THAT(walk.Controls, Gt(leastControls)) << window.objectName().toStdString();
+        EXPECT_THAT(walk.Unnamed, IsEmpty()) << window.objectName().toStdString();
+        EXPECT_THAT(StepsBack(window), IsEmpty()) << window.objectName().toStdString();
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(Accessibility, TheMainWindowNamesAllItsControls) {
+    Open(ProjectOf("C160 C151L C154L"));
+    ExpectReadable(*Window, 60);
+}
+
+TEST_F(Accessibility, TheDocksAndTheBarOfSuggestionsDo) {
+    Open(ProjectOf("C160 C151L C154L"));
+    Choose("mnuChecks");
+    Choose("mnuMoney");
+    Choose("mnuCloseLoop");
+
+    const Walk walk = WalkOf(*Window);
+
+    EXPECT_TRUE(Find<QWidget>("fraSuggestions").isVisible());
+    EXPECT_THAT(walk.Unnamed, IsEmpty());
+}
+
+TEST_F(Accessibility, EveryDialogDoes) {
+    Open(ProjectOf("C160 C151L C154L"));
+    Colour colour = 0;
+    frmAbout about(Pieces(), Window.get());
+    ExpectReadable(about, 0);
+    frmColors colours(*Session);
+    ExpectReadable(colours, 7);
+    frmColorSelection selection(colour);
+    ExpectReadable(selection, 40);
+    frmDrawArea area(*Session);
+    ExpectReadable(area, 15);
+    frmExport exports(*Session);
+    ExpectReadable(exports, 8);
+    frmHistory history(*Session, Window.get());
+    ExpectReadable(history, 0);
+    frmPrint print(*Session);
+    ExpectReadable(print, 8);
+    const Recovery recovery(*Session, folder_.Path(), [](const std::function<void()>&) {});
+    frmRecovered recovered(*Session, frmRecovered::Occasion::Menu);
+    ExpectReadable(recovered, 2);
+    frmSets sets(*Session);
+    ExpectReadable(sets, 5);
+    frmStats statistics(*Session);
+    ExpectReadable(statistics, 5);
+    frmStock stock(*Session);
+    ExpectReadable(stock, 50);
+}
+
+TEST_F(Accessibility, AButtonWhoseCaptionIsASignSaysWhatItDoes) {
+    Open();
+
+    EXPECT_EQ(Button("cmdMvUpLeft").text(), "↖");
+    EXPECT_EQ(Button("cmdMvUpLeft").accessibleName(), "Move up-left");
+    EXPECT_EQ(Button("cmdZoomIn").text(), "+");
+    EXPECT_EQ(Button("cmdZoomIn").accessibleName(), "Zoom in");
+    EXPECT_EQ(Button("cmdRotLeft").accessibleName(), "Rotate left");
+}
+
+} // namespace
+} // namespace pistaro
