@@ -9,12 +9,14 @@
 #include "support/plain_closing.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
 #include <map>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace pistaro {
@@ -34,7 +36,7 @@ constexpr NamedBox Boxes[] = {
     {"Ninco 20", "N10105=12,N10102=6,N10103=2"},
     {"Ninco 40", "N10105=16,N10102=12,N10103=4,N10107=4,N10104=4"},
     {"Ninco 80", "N10105=24,N10102=24,N10103=8,N10104=4,N10107=8,N10106=8,N10108=4"},
-    {"both 20", "C151=6,C160=3,C159=1,N10110=2,N10105=6,N10102=2"},
+    {"both 20", "C151=8,C160=4,C159=2,N10110=2,N10102=2,N10103=2"},
     {"both 40", "C151=12,C160=8,C159=4,N10110=2,N10102=4,N10105=8,N10103=2"},
     {"both 80", "C151=16,C160=16,C159=6,C153=4,N10110=4,N10102=14,N10105=14,N10103=4,N10107=2"},
 };
@@ -142,6 +144,38 @@ void Measure(const char* box, const char* pieces, const std::string& roomName, c
     std::fflush(stdout);
 }
 
+/// How long a search on another thread goes on after it was cancelled, milliseconds.
+double CancelledAfter(const LayingTask& task, std::chrono::milliseconds begun) {
+    std::jthread thread([&](const std::stop_token& stop) {
+        try {
+            CircuitSearch search(Pieces(), task);
+            while (search.Round({.Progress = {}, .Stop = stop}))
+                continue;
+        } catch (const Stopped&) {
+            return; // as it shall
+        }
+    });
+    std::this_thread::sleep_for(begun);
+    const auto asked = std::chrono::steady_clock::now();
+    thread.request_stop();
+    thread.join();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - asked).count();
+}
+
+void MeasureCancelling() {
+    std::vector<double> times;
+    for (const NamedBox& box : Boxes) {
+        LayingTask task;
+        task.Box = BoxOf(Pieces(), box.Pieces);
+        task.Room = Rectangle(400, 300);
+        for (const int begun : {0, 2, 5, 10, 20, 50, 100, 300})
+            times.push_back(CancelledAfter(task, std::chrono::milliseconds(begun)));
+    }
+    std::ranges::sort(times);
+    std::printf("Cancelled %d times: answered within %.1f ms (median), %.1f ms (worst)\n",
+                static_cast<int>(times.size()), times[times.size() / 2], times.back());
+}
+
 void Print(const char* what, const Sums& sums) {
     std::printf("%s: %d boxes, %d with ten circuits, %d with all there are, %d use 90 %%, slowest %.2f s, %d wrong\n\n",
                 what, sums.Boxes, sums.WithTen, sums.Complete, sums.UseMost, sums.Slowest, sums.Wrong);
@@ -165,4 +199,5 @@ int main() {
         Measure(box.Name, box.Pieces, "odd " + std::to_string(room + 1), OddRoom(numbers), odd);
     }
     Print("Rooms of odd shapes", odd);
+    MeasureCancelling();
 }

@@ -1,6 +1,7 @@
 #include "search/circuit_pool.h"
 
 #include "layout/built_lanes.h"
+#include "layout/exit.h"
 #include "search/same_circuit.h"
 #include "search/special_pieces.h"
 
@@ -10,14 +11,11 @@ namespace pistaro {
 
 namespace {
 
-/// Rotates the circuit to begin on a straight: the start's own piece, or the first of the longest stretch.
-void BeginOnStraight(const Catalogue& catalogue, Rows& rows) {
+/// The place at which a circuit begins best: on a straight, the start's own piece or the first of the longest stretch.
+std::size_t BestBeginning(const Catalogue& catalogue, const Rows& rows) {
     const auto startPiece =
         std::ranges::find_if(rows, [&](int row) { return catalogue[row].Kind.Marks == PieceMarks::ReverseStart; });
-    if (startPiece != rows.end()) {
-        std::rotate(rows.begin(), startPiece, rows.end());
-        return;
-    }
+    if (startPiece != rows.end()) return static_cast<std::size_t>(startPiece - rows.begin());
     const std::size_t count = rows.size();
     std::size_t best = 0;
     double longest = -1;
@@ -36,7 +34,15 @@ void BeginOnStraight(const Catalogue& catalogue, Rows& rows) {
     // Without straights: not on an adapter, whose way round the piece before it decides.
     while (catalogue[rows[best]].JoinsSystems())
         ++best;
-    std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(best), rows.end());
+    return best;
+}
+
+/// Where the first `count` of the pieces lead to.
+SearchPose PoseBehind(const Catalogue& catalogue, const Rows& rows, std::size_t count, const BuildCursor& start) {
+    Pose pose = start;
+    for (std::size_t place = 0; place < count; ++place)
+        pose = ExitOf(catalogue[rows[place]].Kind, pose);
+    return {pose.CursorX, pose.CursorY, NearestHeading(pose.CursorHeading)};
 }
 
 /// Rotates the circuit to begin with the part that is kept, which it holds.
@@ -82,10 +88,12 @@ std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const Search
     if (task_.Kept) {
         cursor = task_.Kept->At;
     } else {
-        BeginOnStraight(catalogue_, rows);
-        // The rotated chain starts elsewhere, so that it must find its place anew.
+        const std::size_t first = BestBeginning(catalogue_, rows);
+        loop.Start = PoseBehind(catalogue_, rows, first, cursor);
+        std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end());
+        // Loops that were grown lie in the room already; others must find their place.
         Random random(task_.Seed);
-        const auto shift = room_.ShiftInto(LayLoop(catalogue_, rows, cursor), random);
+        const auto shift = room_.ShiftInto(LayLoop(catalogue_, rows, loop.Cursor()), random);
         if (!shift) return std::nullopt;
         loop.Start.X += shift->X;
         loop.Start.Y += shift->Y;

@@ -6,7 +6,6 @@
 #include "search/special_pieces.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 #include <set>
 
@@ -14,7 +13,8 @@ namespace pistaro {
 
 namespace {
 
-constexpr int MostFailures = 400;   ///< in a row, before a loop is given up
+constexpr int MostFailures = 1500;  ///< in a row, before a loop is given up
+constexpr int FewFailures = 400;    ///< the same, when only more circuits are looked for
 constexpr int Reheatings = 2;       ///< times that a loop which grows no more may shrink again
 constexpr int HotChanges = 40;      ///< while it may
 constexpr int MostBeginnings = 400; ///< tries at a first loop
@@ -22,7 +22,10 @@ constexpr int AlikeRounds = 30;     ///< in a row in vain before a box is taken 
 constexpr std::size_t Parents = 4;  ///< of the largest loops, which others are made from
 
 /// The effort of one search: the pieces of all loops that a change was tried on.
-constexpr std::int64_t MostEffort = 2'400'000;
+constexpr std::int64_t MostEffort = 2'600'000;
+
+/// The same where it has not found so many circuits by then as were wished for: others are made from the largest ones.
+constexpr std::int64_t MostEffortForMore = 4'000'000;
 
 /// One search by growing loops.
 class GrowingSearch {
@@ -33,12 +36,15 @@ public:
     /// Adds one loop to the pool, or several. False when there is nothing to be found any more.
     bool Round(int wanted, const JobWatch& watch) {
         // Half of the rounds go on from large loops that were found.
-        auto loop = parents_.size() < Parents || random_.Happens(1, 2) ? Begun(watch) : Parent(watch);
+        const bool begins = parents_.empty() || (!IsLate() && (parents_.size() < Parents || random_.Happens(1, 2)));
+        auto loop = begins ? Begun(watch) : Parent(watch);
         if (!loop) return false;
         const std::size_t before = pool_.Found().size();
         Grow(*loop, watch);
         inVain_ = pool_.Found().size() > before ? 0 : inVain_ + 1;
-        return inVain_ < AlikeRounds && effort_ < MostEffort && pool_.CountOfWhole() < wanted;
+        const bool hasEnough = pool_.Found().size() >= static_cast<std::size_t>(wanted);
+        const std::int64_t most = hasEnough ? MostEffort : MostEffortForMore;
+        return inVain_ < AlikeRounds && effort_ < most && pool_.CountOfWhole() < wanted;
     }
 
     /// The effort begins anew.
@@ -68,6 +74,8 @@ private:
         return loop;
     }
 
+    bool IsLate() const { return effort_ >= MostEffort; }
+
     void Change(Loop& loop, int fewest, const JobWatch& watch) {
         if (watch.Stop.stop_requested()) throw Stopped();
         effort_ += static_cast<std::int64_t>(loop.Steps.size());
@@ -85,7 +93,7 @@ private:
         for (int round = 0;; ++round) {
             int failures = 0;
             int size = SizeOf(loop);
-            while (failures < MostFailures && size < most_) {
+            while (failures < (IsLate() ? FewFailures : MostFailures) && size < most_) {
                 Change(loop, size, watch);
                 failures = SizeOf(loop) > size ? 0 : failures + 1;
                 size = SizeOf(loop);
@@ -127,12 +135,6 @@ bool AddAll(const Catalogue& catalogue, const ShapeCounts& shapes, CircuitPool& 
         }
     }
     return true;
-}
-
-/// The heading of the lattice that lies nearest to a track's.
-int NearestHeading(double angle) {
-    const auto headings = static_cast<int>(std::lround(angle / AngleOf(1)) % HeadingCount);
-    return (headings + HeadingCount) % HeadingCount;
 }
 
 /// The shapes that lie about a part that is kept; its own comes last.

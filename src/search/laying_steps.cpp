@@ -44,6 +44,11 @@ GroundPoint ExitPoint(const PieceKind& kind) {
 
 } // namespace
 
+int NearestHeading(double angle) {
+    const auto headings = static_cast<int>(std::lround(angle / AngleOf(1)) % HeadingCount);
+    return (headings + HeadingCount) % HeadingCount;
+}
+
 SearchPose Beyond(const SearchPose& frame, const SearchPose& pose) {
     const GroundPoint turned = Turned({pose.X, pose.Y}, frame.Heading);
     return {frame.X + turned.X, frame.Y + turned.Y, (frame.Heading + pose.Heading) % HeadingCount};

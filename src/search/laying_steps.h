@@ -17,6 +17,9 @@ inline constexpr int HeadingCount = 32;
 /// The heading's angle, radians.
 constexpr double AngleOf(int heading) { return heading * (2 * PiValue / HeadingCount); }
 
+/// The heading that lies nearest to an angle.
+int NearestHeading(double angle);
+
 /// A cursor on that lattice of headings. Its point is in double precision: it is for looking for pieces, not for laying
 /// them.
 struct SearchPose {

@@ -33,8 +33,8 @@ struct MustHaveText {
 constexpr std::array<MustHaveText, 4> MustHaveTexts{{
     {&MustHaves::LapCounter, "chkLapCounter", "&Lap counter"},
     {&MustHaves::BankedCurve, "chkBankedCurve", "&Banked curve"},
-    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-&overs, in pairs"},
-    {&MustHaves::Chicane, "chkChicane", "C&hicane, complete"},
+    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-&over pair"},
+    {&MustHaves::Chicane, "chkChicane", "Complete c&hicane"},
 }};
 
 QSpinBox* NewLengthBox(const char* name, int value) {
@@ -90,7 +90,7 @@ QWidget* frmBox::Fields() {
     column->addWidget(RoomFields());
     column->addWidget(MustHaveFields());
     column->addLayout(SearchFields());
-    constexpr int width = 300;
+    constexpr int width = 310;
     fields->setFixedWidth(width);
     return fields;
 }

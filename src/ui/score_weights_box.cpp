@@ -31,6 +31,10 @@ constexpr std::array<Part, 7> Parts{{
 constexpr int StepsOfWeight = 10; ///< of a slider for a weight of 1
 constexpr int MostWeight = 10;
 
+/// The parts stand in two columns, the score below the second.
+constexpr int Lines = 4;
+constexpr int ColumnsOfPart = 4; ///< name, slider, part, space
+
 QString Hundredths(double part) { return QString::number(part, 'f', 2); }
 
 } // namespace
@@ -52,18 +56,21 @@ ScoreWeightsBox::ScoreWeightsBox(std::function<void()> changed)
         auto* const part = Named(new QLabel, "lblPart", row);
         part->setMinimumWidth(part->fontMetrics().horizontalAdvance("0.00"));
         part->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        grid->addWidget(name, row, 0);
-        grid->addWidget(slider, row, 1);
-        grid->addWidget(part, row, 2);
+        const int line = row % Lines;
+        const int column = row / Lines * ColumnsOfPart;
+        grid->addWidget(name, line, column);
+        grid->addWidget(slider, line, column + 1);
+        grid->addWidget(part, line, column + 2);
         connect(slider, &QSlider::valueChanged, this, changed);
         sliders_.push_back(slider);
         parts_.push_back(part);
     }
-    const int last = static_cast<int>(Parts.size());
     lblScore_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    grid->addWidget(new QLabel("Score"), last, 0);
-    grid->addWidget(lblScore_, last, 2);
-    grid->setColumnStretch(1, 1);
+    grid->addWidget(new QLabel("Score"), Lines - 1, ColumnsOfPart);
+    grid->addWidget(lblScore_, Lines - 1, ColumnsOfPart + 2);
+    for (const int column : {1, ColumnsOfPart + 1})
+        grid->setColumnStretch(column, 1);
+    grid->setColumnMinimumWidth(ColumnsOfPart - 1, 24);
 }
 
 ScoreWeights ScoreWeightsBox::Weights() const {
