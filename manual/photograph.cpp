@@ -9,6 +9,7 @@
 #include "platform/processes.h"
 #include "storage/settings_file.h"
 #include "ui/frmAbout.h"
+#include "ui/frmBox.h"
 #include "ui/frmCorvel.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmSamples.h"
@@ -176,6 +177,30 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     photographer.Take(about, "about");
 }
 
+/// Circuits from a box: the dialog with one of those found chosen, and twelve of them.
+void PhotographBox(const Catalogue& catalogue, const QString& folder) {
+    SilentUser user;
+    Session session(catalogue, user, StartUp(InitialSettings(catalogue)), "");
+    for (const auto& [code, owned] : {std::pair("C151L", 16), {"C160", 12}, {"C159", 4}, {"C153L", 4}, {"C158", 4}})
+        session.Project.Stock.Of(catalogue.FindRow(code)).OwnedCount = static_cast<std::int16_t>(owned);
+    frmBox dialog(session, frmBox::Purpose::Box);
+    dialog.show();
+    dialog.findChild<QSpinBox*>("spnRoomWidth")->setValue(300);
+    dialog.findChild<QSpinBox*>("spnRoomDepth")->setValue(200);
+    dialog.findChild<QSpinBox*>("spnCircuits")->setValue(12);
+    dialog.findChild<QPushButton*>("cmdSearch")->click();
+    constexpr int longest = 120'000; // milliseconds
+    const auto* const running = dialog.findChild<QPushButton*>("cmdCancelSearch");
+    if (!QTest::qWaitFor([&] { return !running->isEnabled(); }, longest))
+        throw std::runtime_error("the search for circuits does not end");
+    const Photographer photographer(folder);
+    auto* const circuits = dialog.findChild<QListWidget*>("lstCircuits");
+    photographer.Take(dialog, "my-box");
+    dialog.resize(1130, 940);
+    QApplication::processEvents();
+    photographer.Take(*circuits->viewport(), circuits->viewport()->rect(), "found-circuits");
+}
+
 /// The start that finds two samples unsaved, of which one was written last at half past nine and one the day before.
 void PhotographRecoveredWork(const Catalogue& catalogue, const std::filesystem::path& samples, const QString& folder) {
     using namespace std::chrono;
@@ -212,6 +237,7 @@ int main(int argc, char** argv) {
         pistaro::PhotographRules(catalogue, folder);
         const std::filesystem::path sample = pistaro::PathFromText(arguments.at(0));
         pistaro::PhotographWindows(catalogue, sample, folder);
+        pistaro::PhotographBox(catalogue, folder);
         pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);
     } catch (const std::exception& problem) {
         std::cerr << "manual_photograph: " << problem.what() << '\n';

@@ -2,13 +2,12 @@
 
 #include "cli/foreground.h"
 #include "cli/start.h"
+#include "commands/laying_commands.h"
 #include "exchange/json.h"
 #include "platform/fault.h"
 #include "platform/files.h"
-#include "search/laying.h"
 #include "storage/circuit_file.h"
 
-#include <algorithm>
 #include <charconv>
 #include <chrono>
 
@@ -16,26 +15,10 @@ namespace pistaro {
 
 namespace {
 
-/// An empty circuit in a room of that size around the origin, all of it in view.
-Design EmptyArea(Area area) {
-    const auto right = static_cast<std::int16_t>(area.Width / 2);
-    const auto top = static_cast<std::int16_t>(area.Height / 2);
-    const auto left = static_cast<std::int16_t>(right - area.Width);
-    const auto bottom = static_cast<std::int16_t>(top - area.Height);
-    Design design;
-    design.Room.Points = {{left, bottom, 0}, {right, bottom, 1}, {right, top, 1}, {left, top, 1}, {left, bottom, 1}};
-    constexpr int margin = 20; // cm, in all
-    const auto shown = static_cast<float>(std::max(area.Width, area.Height) + margin);
-    design.View = ViewAround(0, 0, shown, shown / 2);
-    return design;
-}
-
 Design RoomDesign(const GenerateOptions& options) {
     if (!options.RoomOf) return EmptyArea(options.Area);
     Design design = ReadCircuit(*options.RoomOf);
-    const auto isWall = [](const RoomPoint& point) { return point.Line == 1; };
-    if (std::ranges::none_of(design.Room.Points, isWall))
-        throw Fault("No room", TextFromPath(*options.RoomOf) + " holds no room with walls");
+    if (!HasWalls(design.Room)) throw Fault("No room", TextFromPath(*options.RoomOf) + " holds no room with walls");
     design.Circuit = EmptyCircuit();
     return design;
 }
@@ -140,8 +123,7 @@ void GenerateVerb(const VerbContext& context, const GenerateOptions& options) {
     const LayingTask task{.Box = BoxFor(context, start.Project, options),
                           .Room = design.Room,
                           .Seed = options.Seed,
-                          .Count = options.Count,
-                          .Weights = {}};
+                          .Count = options.Count};
     RefuseWhatHoldsSomething(options.Out);
     const Interruptions interruptions;
     const Laying laying = InForeground(interruptions, context.Errors, "generate", [&](const JobWatch& watch) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/verbs.h"
+#include "commands/laying_commands.h"
 
 #include <cstdint>
 #include <optional>
@@ -9,11 +10,6 @@
 #include <string_view>
 
 namespace pistaro {
-
-/// A rectangle, cm.
-struct Area {
-    int Width = 0, Height = 0;
-};
 
 /// "400x300": whole numbers of 1 to 30000 cm; nothing for any other text.
 std::optional<Area> AreaOf(std::string_view text);

@@ -1,7 +1,9 @@
 #include "commands/closing_commands.h"
 
+#include "layout/built_lanes.h"
 #include "layout/outline.h"
 #include "model/length_text.h"
+#include "model/money.h"
 #include "platform/fault.h"
 #include "search/ranking.h"
 #include "text/fixed_text.h"
@@ -51,6 +53,76 @@ std::vector<std::string> ToBuy(const Session& session, const Suggestion& suggest
     return lacking;
 }
 
+std::vector<std::string> CodesOfRun(const Session& session, const ElementRun& run) {
+    const auto first = CurrentTrack(session).ElementCodes.begin() + run.First;
+    return {first, first + run.Count};
+}
+
+/// Of both lanes together, as built; cm.
+double LengthOf(const Catalogue& catalogue, const std::vector<std::string>& codes) {
+    const BuiltLanes lanes = LanesAsBuilt(catalogue, Track{codes});
+    return lanes.Lengths[0] + lanes.Lengths[1];
+}
+
+float PriceOf(const Session& session, const std::vector<std::string>& codes) {
+    float price = 0;
+    for (const std::string& code : codes) {
+        if (const CatalogueEntry* const piece = session.Catalogue.Find(code))
+            price += session.Project.Stock[piece->StockIndex].Price;
+    }
+    return price;
+}
+
+/// Whether cars leave these pieces on the other lane.
+bool SwapsLanes(const Catalogue& catalogue, const std::vector<std::string>& codes) {
+    const auto changes = std::ranges::count_if(codes, [&](const std::string& code) {
+        const CatalogueEntry* const piece = catalogue.Find(code);
+        return piece != nullptr && piece->LaneChange;
+    });
+    return changes % 2 != 0;
+}
+
+/// Puts a change-over in the place of the first plain piece of its shape. False where there is none.
+bool PutChangeOver(const Session& session, Suggestion& suggestion) {
+    const Catalogue& catalogue = session.Catalogue;
+    for (std::string& code : suggestion.Edit.Insert) {
+        const CatalogueEntry& piece = *catalogue.Find(code);
+        const auto changeOver = std::ranges::find_if(catalogue, [&](const CatalogueEntry& other) {
+            return other.LaneChange && piece.IsBasic() && other.ShapeIndex == piece.StockIndex;
+        });
+        if (changeOver == catalogue.end()) continue;
+        code = changeOver->Code;
+        suggestion.Price = PriceOf(session, suggestion.Edit.Insert);
+        suggestion.IsOwned = ToBuy(session, suggestion).empty();
+        return true;
+    }
+    return false;
+}
+
+/// Drops the suggestions that are not what is wished for in the place of `codes`.
+void KeepWished(const Session& session, const std::vector<std::string>& codes, ReplacementWish wish,
+                std::vector<Suggestion>& suggestions) {
+    constexpr double notice = 0.05; // cm
+    const double length = LengthOf(session.Catalogue, codes);
+    const auto isUnwished = [&](Suggestion& suggestion) {
+        const std::vector<std::string>& others = suggestion.Edit.Insert;
+        switch (wish) {
+        case ReplacementWish::Any:
+            return false;
+        case ReplacementWish::Shorter:
+            return LengthOf(session.Catalogue, others) > length - notice;
+        case ReplacementWish::Longer:
+            return LengthOf(session.Catalogue, others) < length + notice;
+        case ReplacementWish::Cheaper:
+            return CentsOf(double{suggestion.Price}) >= CentsOf(double{PriceOf(session, codes)});
+        case ReplacementWish::LanesSwapped:
+            break;
+        }
+        return !SwapsLanes(session.Catalogue, codes) && !PutChangeOver(session, suggestion);
+    };
+    std::erase_if(suggestions, isUnwished);
+}
+
 /// How the misfit shows once all joints share it; empty where a usual joint takes it without notice.
 std::string JointText(const Session& session, const Suggestion& suggestion) {
     if (double{suggestion.Gap.Distance} <= ClosingOptions().Tolerance) return "";
@@ -78,12 +150,26 @@ Closings FindClosings(const Session& session, const ClosingOptions& options) {
     return closings;
 }
 
-Closings FindReplacements(const Session& session, int count, const ClosingOptions& options) {
+Closings FindReplacements(const Session& session, const ElementRun& run, ReplacementWish wish,
+                          const ClosingOptions& options) {
     const Project& project = session.Project;
-    const TrackPlace place{project.EditState.CurrentTrack, project.EditState.SelectedElement(), count};
-    Closings found{ReplaceRun(session.Closings, session.Catalogue, project.Design, project.Stock, place, options, {})};
-    if (found.Suggestions.empty()) found.WhyNone = "No other pieces lead to the same place.";
+    ClosingOptions wide = options;
+    constexpr int manyToChooseFrom = 60;
+    if (wish != ReplacementWish::Any) wide.Limit = manyToChooseFrom;
+    const TrackPlace place{project.EditState.CurrentTrack, run.First, run.Count};
+    Closings found{ReplaceRun(session.Closings, session.Catalogue, project.Design, project.Stock, place, wide, {})};
+    if (wish != ReplacementWish::Any) KeepWished(session, CodesOfRun(session, run), wish, found.Suggestions);
+    if (options.OwnedOnly) std::erase_if(found.Suggestions, [](const Suggestion& one) { return !one.IsOwned; });
+    const auto most = static_cast<std::size_t>(options.Limit);
+    if (found.Suggestions.size() > most) found.Suggestions.resize(most);
+    if (found.Suggestions.empty())
+        found.WhyNone = wish == ReplacementWish::Any ? "No other pieces lead to the same place."
+                                                     : "No such pieces lead to the same place.";
     return found;
+}
+
+ElementRun SelectedRun(const Session& session) {
+    return session.Project.EditState.SelectedRun(CurrentTrack(session).ElementLastIndex());
 }
 
 void LaySuggestion(Session& session, int number) {

@@ -14,8 +14,21 @@ std::string WhyNotClose(const Session& session);
 /// The closings of the current track.
 Closings FindClosings(const Session& session, const ClosingOptions& options);
 
-/// Other pieces for the selected element of the current track and those behind it, `count` together.
-Closings FindReplacements(const Session& session, int count, const ClosingOptions& options);
+/// What other pieces for a run shall be, beside leading to the same place.
+enum class ReplacementWish {
+    Any,
+    Shorter, ///< both lanes together, as built
+    Longer,
+    Cheaper,
+    LanesSwapped, ///< cars leave on the other lane than they leave on now
+};
+
+/// Other pieces for a run of the current track.
+Closings FindReplacements(const Session& session, const ElementRun& run, ReplacementWish wish,
+                          const ClosingOptions& options);
+
+/// The selected elements of the current track.
+ElementRun SelectedRun(const Session& session);
 
 /// Lays one of the suggestions that close the current track, by its number from 1, and selects the last piece laid.
 /// Fault "Refused" where there is none of that number.

@@ -6,6 +6,7 @@
 #include "commands/circuit_commands.h"
 #include "commands/clipboard_commands.h"
 #include "commands/closing_commands.h"
+#include "commands/laying_commands.h"
 #include "commands/money_commands.h"
 #include "commands/palette_commands.h"
 #include "commands/picture_commands.h"
@@ -399,7 +400,7 @@ void AddClosingCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "other pieces",
                     .Control = "mnuReplaceBy",
                     .Caption = "&Replace by…",
-                    .Tip = "Go through other pieces that lead from the selected one's begin to its end",
+                    .Tip = "Go through other pieces that lead from the selected ones' begin to their end",
                     .Key = "Ctrl+Shift+Return",
                     .From = Door::WindowOnly,
                     .WhyNot = ElementSelected,
@@ -411,6 +412,17 @@ void AddClosingCommands(std::vector<Command>& rows) {
                     .From = Door::WindowOnly,
                     .Run = [](Session& session) { session.Suggests ^= true; },
                     .IsOn = [](const Session& session) { return session.Suggests; }});
+}
+
+/// Circuits laid from pieces.
+void AddLayingCommands(std::vector<Command>& rows) {
+    rows.push_back(WindowRow("from my box", "mnuFromBox", "From My &Box…",
+                             "Lay circuits from the pieces that you own, in your room", "Ctrl+B", &Windows::ShowBox));
+    Command variations =
+        WindowRow("variations", "mnuVariations", "&Variations…",
+                  "Lay other circuits from the pieces of this one, or keep a part of it", "", &Windows::ShowVariations);
+    variations.WhyNot = WhyNotVary;
+    rows.push_back(std::move(variations));
 }
 
 void AddMoves(std::vector<Command>& rows) {
@@ -631,6 +643,7 @@ CommandTable::CommandTable(const Catalogue& catalogue) {
     AddPieceCommands(rows_, catalogue);
     AddTrackChanges(rows_);
     AddClosingCommands(rows_);
+    AddLayingCommands(rows_);
     AddMoves(rows_);
     AddTrackChoices(rows_);
     AddViewCommands(rows_);

@@ -102,7 +102,7 @@ void History::GoTo(std::size_t state, Project& project) {
     project.Design.View = *to.View;
     project.EditState.CurrentTrack = to.CurrentTrack;
     project.EditState.CurrentElement = to.CurrentElement;
-    project.EditState.AndAllAfter = false;
+    project.EditState.SelectItAlone();
     project.EditState.DataChanged = to.DataChanged;
     project.EditState.File = *to.File;
     project.EditState.Name = to.NameOfWork;

@@ -43,6 +43,10 @@ public:
     virtual void ShowClosings() = 0;
     virtual void ShowReplacements() = 0;
 
+    /// Circuits from pieces at hand; others from the pieces of the design.
+    virtual void ShowBox() = 0;
+    virtual void ShowVariations() = 0;
+
     virtual void ShowExport() = 0;
     virtual void ShowPrint() = 0;
     virtual void PutOnClipboard(const Clipping& clipping) = 0;

@@ -135,12 +135,12 @@ void PlaceStart(Design& design, EditState& edit, const BuildCursor& start) {
 void ChooseTrack(EditState& edit, int track) {
     edit.CurrentTrack = track;
     edit.InsertMode = false;
-    edit.AndAllAfter = false;
+    edit.SelectItAlone();
 }
 
 void ChooseAllTracks(EditState& edit) {
     edit.CurrentTrack = AllTracks;
-    edit.AndAllAfter = false;
+    edit.SelectItAlone();
 }
 
 void SelectElement(const Circuit& circuit, EditState& edit, int index) {
@@ -149,6 +149,13 @@ void SelectElement(const Circuit& circuit, EditState& edit, int index) {
         throw SubscriptOutOfRange("there is no element " + std::to_string(index) + " in the list");
     }
     edit.Select(index);
+}
+
+void ExtendSelection(EditState& edit, const EditState& before) {
+    if (edit.CurrentTrack != before.CurrentTrack || edit.SelectedElement() < 0) return;
+    const int from = before.RunFrom >= 0 ? before.RunFrom : before.SelectedElement();
+    edit.SelectItAlone();
+    if (from != edit.SelectedElement()) edit.RunFrom = from;
 }
 
 } // namespace pistaro

@@ -55,4 +55,8 @@ void ChooseAllTracks(EditState& edit);
 /// Selects an element of the current track. Fault when there is none of that index.
 void SelectElement(const Circuit& circuit, EditState& edit, int index);
 
+/// Makes a run of the elements from where `before` had its run begin, or its selected element, to the one that is
+/// selected now, where both are of the same track.
+void ExtendSelection(EditState& edit, const EditState& before);
+
 } // namespace pistaro

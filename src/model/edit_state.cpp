@@ -1,5 +1,8 @@
 #include "model/edit_state.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 #include "model/working_directory.h"
 #include "platform/files.h"
 #include "text/utf8.h"
@@ -8,6 +11,13 @@ namespace pistaro {
 
 int EditState::SelectedElement() const {
     return ShowsAllTracks() ? -1 : CurrentElement[static_cast<std::size_t>(CurrentTrack)];
+}
+
+ElementRun EditState::SelectedRun(int last) const {
+    const int selected = SelectedElement();
+    if (selected < 0 || selected > last) return {};
+    const int other = AndAllAfter ? last : RunFrom >= 0 ? std::min(RunFrom, last) : selected;
+    return {std::min(selected, other), std::abs(selected - other) + 1};
 }
 
 const Track* EditedTrack(const Circuit& circuit, const EditState& edit) {

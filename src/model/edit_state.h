@@ -11,11 +11,19 @@ namespace pistaro {
 
 inline constexpr const char* NewProjectName = "new project";
 
+/// Neighbouring elements of a track.
+struct ElementRun {
+    int First = 0, Count = 0;
+
+    bool operator==(const ElementRun&) const = default;
+};
+
 struct EditState {
     int CurrentTrack = 0;                                   ///< 0..2, or AllTracks
     std::array<int, TrackCount> CurrentElement{-1, -1, -1}; ///< each track's selected element, -1 when there is none
     TrackSystem System = TrackSystem::Scalextric;           ///< whose pieces are offered
     bool AndAllAfter = false;                               ///< the selection reaches on to the track's last element
+    int RunFrom = -1;                                       ///< where the run begins that the selected element ends
     bool InsertMode = false;                                ///< new pieces go before the selected element
     bool ShowNumbers = false;                               ///< element numbers are drawn
     bool DataChanged = false;                               ///< the circuit has changes not yet saved
@@ -30,8 +38,18 @@ struct EditState {
     /// Selects an element of the current track, which must be a single one.
     void Select(int element) {
         CurrentElement[static_cast<std::size_t>(CurrentTrack)] = element;
-        AndAllAfter = false;
+        SelectItAlone();
     }
+
+    /// Lets go of what was selected beside the selected element.
+    void SelectItAlone() {
+        AndAllAfter = false;
+        RunFrom = -1;
+    }
+
+    /// The selected elements of the current track, `last` being its last one: the selected one, with those to the other
+    /// end of the run or to the track's end. None where none is selected.
+    ElementRun SelectedRun(int last) const;
 
     bool operator==(const EditState&) const = default;
 };

@@ -22,7 +22,7 @@ void NewProject(Project& project) {
     const EditState fresh;
     project.EditState.CurrentTrack = fresh.CurrentTrack;
     project.EditState.CurrentElement = fresh.CurrentElement;
-    project.EditState.AndAllAfter = false;
+    project.EditState.SelectItAlone();
     project.EditState.DataChanged = false;
     project.EditState.File.clear();
     project.EditState.Name.clear();

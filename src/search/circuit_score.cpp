@@ -45,8 +45,9 @@ double Score(const ScoreParts& parts, const ScoreWeights& weights) {
     const double sum = weights.Used * parts.Used + weights.Lanes * parts.Lanes + weights.Straights * parts.Straights +
                        weights.Corners * parts.Corners + weights.Directions * parts.Directions +
                        weights.Start * parts.Start + weights.Walls * parts.Walls;
-    return sum / (weights.Used + weights.Lanes + weights.Straights + weights.Corners + weights.Directions +
-                  weights.Start + weights.Walls);
+    const double whole = weights.Used + weights.Lanes + weights.Straights + weights.Corners + weights.Directions +
+                         weights.Start + weights.Walls;
+    return whole > 0 ? sum / whole : 0;
 }
 
 ScoreParts ScorePartsOf(const Catalogue& catalogue, const Rows& rows, const LaidLoop& laid, const LoopRoom& room,

@@ -15,12 +15,12 @@ struct ScoreParts {
     double Walls = 0;      ///< 1 where its corners keep 10 cm from all walls
 };
 
-/// What each part counts for in the whole; at least one is above 0, and none below.
+/// What each part counts for in the whole; none is below 0.
 struct ScoreWeights {
     double Used = 6, Lanes = 1, Straights = 1, Corners = 1, Directions = 1, Start = 0.5, Walls = 0.5;
 };
 
-/// The weighted mean.
+/// The weighted mean; 0 where nothing weighs anything.
 double Score(const ScoreParts& parts, const ScoreWeights& weights);
 
 /// The parts of a closed circuit of a box of that many pieces. `lap` is its length and `laneDifference` that of its

@@ -5,21 +5,36 @@
 #include "model/job.h"
 #include "model/room_polygon.h"
 #include "search/circuit_score.h"
+#include "search/must_haves.h"
 #include "search/piece_box.h"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace pistaro {
+
+/// A part of a track that stays as it is and where it is. Its pieces are among those of the box.
+struct KeptPart {
+    std::vector<int> Rows;
+    BuildCursor At; ///< before its first piece
+};
+
+/// Whether circuits can be laid around such a part: it begins and ends within one system, and holds no piece that leads
+/// off the headings that pieces can have.
+bool CanKeep(const Catalogue& catalogue, const std::vector<int>& rows);
 
 struct LayingTask {
     PieceBox Box;
     RoomPolygon Room; ///< has walls
     std::uint64_t Seed = 1;
     int Count = 10; ///< of circuits wished for
-    ScoreWeights Weights;
+    ScoreWeights Weights = {};
+    MustHaves MustHave = {};
+    std::optional<KeptPart> Kept = {};
 };
 
 struct LaidCircuit {
@@ -29,6 +44,39 @@ struct LaidCircuit {
     TrackGap Gap;
     ScoreParts Parts;
     double Score = 0;
+};
+
+struct FoundCircuit {
+    LaidCircuit Circuit;
+    std::vector<int> Outline; ///< the same for circuits that look alike
+};
+
+/// Which of them are the best by these weights, best first: of different outlines before others, so many at most.
+std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const ScoreWeights& weights);
+
+/// A search that can be watched, and gone on with. Its rounds follow from the task alone.
+class CircuitSearch {
+public:
+    /// The catalogue must outlive it.
+    CircuitSearch(const Catalogue& catalogue, LayingTask task);
+    ~CircuitSearch();
+    CircuitSearch(const CircuitSearch&) = delete;
+    CircuitSearch& operator=(const CircuitSearch&) = delete;
+
+    /// Looks on for a moment. False when it has come to its end. Throws Stopped, and is of no use then.
+    bool Round(const JobWatch& watch);
+
+    /// Lets a search that has come to its end go on for as long again, and for as many circuits.
+    void Prolong();
+
+    const std::vector<FoundCircuit>& Found() const;
+
+    /// Whether these are all there are, however long one looks.
+    bool IsComplete() const;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
 };
 
 struct Laying {

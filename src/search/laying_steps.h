@@ -6,6 +6,7 @@
 #include "search/piece_box.h"
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace pistaro {
@@ -15,6 +16,9 @@ inline constexpr int HeadingCount = 32;
 
 /// The heading's angle, radians.
 constexpr double AngleOf(int heading) { return heading * (2 * PiValue / HeadingCount); }
+
+/// The heading that lies nearest to an angle.
+int NearestHeading(double angle);
 
 /// A cursor on that lattice of headings. Its point is in double precision: it is for looking for pieces, not for laying
 /// them.
@@ -37,11 +41,14 @@ struct LayingStep {
     int Turn = 0;                                 ///< in headings, to the left above 0
     std::array<GroundPoint, HeadingCount> Move{}; ///< from entry to exit, by the entry's heading
     bool IsStraight = false;
+    std::vector<int> Kept = {}; ///< of the step that stands for the part that is kept: its pieces' rows
 
+    /// Whether it stays where it is in a loop: it joins systems, or is what is kept.
+    bool Stays() const { return JoinsSystems() || !Kept.empty(); }
     bool JoinsSystems() const { return Entry != Exit; }
     SearchPose After(const SearchPose& pose) const {
         const GroundPoint move = Move[static_cast<std::size_t>(pose.Heading)];
-        return {pose.X + move.X, pose.Y + move.Y, (pose.Heading + Turn + HeadingCount) % HeadingCount};
+        return {pose.X + move.X, pose.Y + move.Y, ((pose.Heading + Turn) % HeadingCount + HeadingCount) % HeadingCount};
     }
 };
 
@@ -50,5 +57,9 @@ using ShapeCounts = std::vector<int>;
 
 /// The steps that pieces of these shapes can make, an adapter's two ways being two steps.
 std::vector<LayingStep> StepsOf(const Catalogue& catalogue, const ShapeCounts& shapes);
+
+/// The one step that stands for a part that is kept, of a shape of its own. Nothing where its pieces lead off the
+/// lattice, or the part does not begin and end within one system.
+std::optional<LayingStep> KeptStep(const Catalogue& catalogue, const std::vector<int>& rows, int shape);
 
 } // namespace pistaro

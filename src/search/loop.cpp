@@ -65,8 +65,14 @@ BuildCursor Loop::Cursor() const {
 Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run) {
     Rows rows;
     rows.reserve(run.size());
-    for (const std::uint8_t step : run)
-        rows.push_back(steps[step].Row);
+    for (const std::uint8_t index : run) {
+        const LayingStep& step = steps[index];
+        if (step.Kept.empty()) {
+            rows.push_back(step.Row);
+        } else {
+            rows.insert(rows.end(), step.Kept.begin(), step.Kept.end());
+        }
+    }
     return rows;
 }
 

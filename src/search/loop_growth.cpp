@@ -47,6 +47,13 @@ LoopGrowth::LoopGrowth(const Catalogue& catalogue, const ShapeCounts& shapes, co
       scalextric_(steps_, TrackSystem::Scalextric, shapes, MostRuns, RunTable::StraightsInOrder::One),
       ninco_(steps_, TrackSystem::Ninco, shapes, MostRuns, RunTable::StraightsInOrder::One) {}
 
+LoopGrowth::LoopGrowth(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed,
+                       const LayingStep& kept, const SearchPose& at)
+    : LoopGrowth(catalogue, shapes, room, seed) {
+    steps_.push_back(kept); // no table has a run with it
+    keptAt_ = at;
+}
+
 const RunTable& LoopGrowth::TableOf(TrackSystem system) const {
     return system == TrackSystem::Ninco ? ninco_ : scalextric_;
 }
@@ -142,10 +149,20 @@ Run LoopGrowth::RandomWalk(ShapeCounts& left, bool ofBoth) {
     return walk;
 }
 
+/// The part that is kept, and a few pieces behind it.
+Run LoopGrowth::KeptWalk(ShapeCounts& left) {
+    Run walk{static_cast<std::uint8_t>(steps_.size() - 1)};
+    const LayingStep& kept = steps_.back();
+    --left[static_cast<std::size_t>(kept.Shape)];
+    constexpr std::size_t most = 4;
+    AddRandomSteps(walk, left, kept.Exit, random_.Below(most + 1));
+    return walk;
+}
+
 std::optional<Loop> LoopGrowth::Begin(bool ofBoth) {
     if (steps_.empty()) return std::nullopt;
     ShapeCounts left = shapes_;
-    const Run walk = RandomWalk(left, ofBoth);
+    const Run walk = keptAt_ ? KeptWalk(left) : RandomWalk(left, ofBoth);
     if (walk.empty()) return std::nullopt;
     return Closed(walk);
 }
@@ -190,7 +207,7 @@ LoopGrowth::Opened LoopGrowth::Open(const Loop& loop, bool anew) {
     const std::size_t most = anew ? 2 : MostRemoved;
     const std::size_t wished = random_.Below(std::min(most, loop.Steps.size() - 1) + 1);
     std::size_t removed = 0;
-    while (removed < wished && !steps_[loop.Steps[removed]].JoinsSystems())
+    while (removed < wished && !steps_[loop.Steps[removed]].Stays())
         ++removed;
     Opened opened{.Steps = {}, .NewCount = 0, .Left = shapes_, .Poses = {}, .ToEnd = {}};
     const Run rest(loop.Steps.begin() + static_cast<std::ptrdiff_t>(removed), loop.Steps.end());
@@ -232,7 +249,7 @@ std::vector<LoopGrowth::Replacement> LoopGrowth::Replacements(Opened& opened, bo
         for (std::size_t removed = 0; removed <= MostRemoved && first + removed <= count; ++removed) {
             if (removed > 0) {
                 const LayingStep& taken = steps_[opened.Steps[first + removed - 1]];
-                if (taken.JoinsSystems()) break;
+                if (taken.Stays()) break;
                 ++left[static_cast<std::size_t>(taken.Shape)];
             }
             tryAt(first, removed, left);
@@ -254,7 +271,8 @@ bool LoopGrowth::Change(Loop& loop, int fewest) {
         const auto at = changed.Steps.begin() + static_cast<std::ptrdiff_t>(replacement.First);
         changed.Steps.insert(changed.Steps.erase(at, at + static_cast<std::ptrdiff_t>(replacement.Removed)),
                              run.begin(), run.end());
-        if (changed.Steps == loop.Steps || !IsWholeTurn(TurnOf(changed.Steps)) || IsTooWide(changed)) continue;
+        if (changed.Steps == loop.Steps || !IsWholeTurn(TurnOf(changed.Steps))) continue;
+        if (!keptAt_ && IsTooWide(changed)) continue;
         // What is new has a part of its own; so has what lies between and what follows.
         std::vector<int> parts(changed.Steps.size());
         for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -266,6 +284,22 @@ bool LoopGrowth::Change(Loop& loop, int fewest) {
         return true;
     }
     return false;
+}
+
+/// The steps' parts, for each of their pieces.
+std::vector<int> LoopGrowth::PartsOfRows(const Run& run, const std::vector<int>& parts) const {
+    std::vector<int> ofRows;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        ofRows.insert(ofRows.end(), std::max<std::size_t>(1, steps_[run[i]].Kept.size()), parts[i]);
+    return ofRows;
+}
+
+/// Starts the loop so that the part that is kept lies where it lay.
+void LoopGrowth::MoveKeptToItsPlace(Loop& loop) const {
+    SearchPose kept;
+    for (std::size_t i = 0; steps_[loop.Steps[i]].Kept.empty(); ++i)
+        kept = steps_[loop.Steps[i]].After(kept);
+    loop.Start = Beyond(*keptAt_, Relative(kept, SearchPose()));
 }
 
 /// Whether the pieces' entries alone reach farther than the room.
@@ -285,8 +319,10 @@ bool LoopGrowth::IsTooWide(const Loop& loop) const {
 /// Whether the loop closes as it is really laid, without overlaps, and finds a place in the room, where it then starts.
 bool LoopGrowth::Settle(Loop& loop, const std::vector<int>& parts) {
     const Rows rows = RowsOf(steps_, loop.Steps);
+    if (keptAt_) MoveKeptToItsPlace(loop);
     const LaidLoop laid = LayLoop(catalogue_, rows, loop.Cursor());
     if (!IsClosed(laid)) return false;
+    if (keptAt_) return room_.Holds(laid) && !OverlapsItself(laid, PartsOfRows(loop.Steps, parts));
     const auto shift = room_.ShiftInto(laid, random_);
     if (!shift || OverlapsItself(laid, parts)) return false;
     loop.Start.X += shift->X;

@@ -14,6 +14,11 @@ public:
     /// The catalogue, the shapes and the room must outlive it.
     LoopGrowth(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed);
 
+    /// The same with a part that is kept: `kept`, whose shape is the last one of the shapes, stays in every loop, and
+    /// lies at that pose.
+    LoopGrowth(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed,
+               const LayingStep& kept, const SearchPose& at);
+
     const std::vector<LayingStep>& Steps() const { return steps_; }
 
     /// A small loop, `ofBoth` systems where the box has adapters for that; nothing where this try found none.
@@ -57,6 +62,9 @@ private:
     Opened Open(const Loop& loop, bool anew);
     std::vector<Replacement> Replacements(Opened& opened, bool elsewhere, int fewest);
     bool IsTooWide(const Loop& loop) const;
+    Run KeptWalk(ShapeCounts& left);
+    std::vector<int> PartsOfRows(const Run& run, const std::vector<int>& parts) const;
+    void MoveKeptToItsPlace(Loop& loop) const;
     bool Settle(Loop& loop, const std::vector<int>& parts);
 
     const Catalogue& catalogue_;
@@ -65,6 +73,7 @@ private:
     Random random_;
     std::vector<LayingStep> steps_;
     RunTable scalextric_, ninco_;
+    std::optional<SearchPose> keptAt_; ///< where the last of the steps lies, which is the part that is kept
 };
 
 } // namespace pistaro

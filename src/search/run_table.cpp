@@ -52,19 +52,24 @@ bool RunTable::Allows(const std::vector<LayingStep>& steps, const ShapeCounts& s
     return left > 0;
 }
 
-std::size_t RunTable::BucketOf(int column, int row, int heading) const {
+std::uint32_t RunTable::HashOf(int column, int row, int heading) {
     const auto mixed = static_cast<std::uint64_t>(static_cast<std::uint32_t>(column)) * 0x9E3779B97F4A7C15 ^
                        static_cast<std::uint64_t>(static_cast<std::uint32_t>(row)) * 0xC2B2AE3D27D4EB4F ^
                        static_cast<std::uint64_t>(heading) * 0x165667B19E3779F9;
-    return static_cast<std::size_t>(mixed >> 32) & (firstOfBucket_.size() - 2);
+    return static_cast<std::uint32_t>(mixed >> 32);
 }
 
 void RunTable::Index() {
     const std::size_t buckets = std::bit_ceil(runs_.size());
     firstOfBucket_.assign(buckets + 1, 0);
+    constexpr std::size_t bitsOfRun = 16;
+    occupied_.assign(std::max<std::size_t>(1, buckets * bitsOfRun / BitsOfWord), 0);
     std::vector<std::uint32_t> bucketOf(runs_.size());
     for (std::size_t i = 0; i < runs_.size(); ++i) {
-        bucketOf[i] = static_cast<std::uint32_t>(BucketOf(CellOf(runs_[i].X), CellOf(runs_[i].Y), runs_[i].Heading));
+        const std::uint32_t hash = HashOf(CellOf(runs_[i].X), CellOf(runs_[i].Y), runs_[i].Heading);
+        constexpr std::uint64_t one = 1;
+        occupied_[hash / BitsOfWord & (occupied_.size() - 1)] |= one << hash % BitsOfWord;
+        bucketOf[i] = static_cast<std::uint32_t>(BucketOf(hash));
         ++firstOfBucket_[bucketOf[i] + 1];
     }
     std::partial_sum(firstOfBucket_.begin(), firstOfBucket_.end(), firstOfBucket_.begin());

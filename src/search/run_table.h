@@ -46,7 +46,9 @@ public:
     void ForEachTo(const SearchPose& pose, double tolerance, Visit visit) const {
         for (int row = CellOf(pose.Y - tolerance); row <= CellOf(pose.Y + tolerance); ++row) {
             for (int column = CellOf(pose.X - tolerance); column <= CellOf(pose.X + tolerance); ++column) {
-                const std::size_t bucket = BucketOf(column, row, pose.Heading);
+                const std::uint32_t hash = HashOf(column, row, pose.Heading);
+                if (!IsOccupied(hash)) continue;
+                const std::size_t bucket = BucketOf(hash);
                 for (std::uint32_t i = firstOfBucket_[bucket]; i < firstOfBucket_[bucket + 1]; ++i) {
                     const std::uint32_t index = entries_[i];
                     const Entry& run = runs_[index];
@@ -67,14 +69,22 @@ private:
     };
 
     static constexpr double CellsPerCm = 4;
+    static constexpr std::uint32_t BitsOfWord = 64;
     static int CellOf(double place) { return static_cast<int>(std::floor(place * CellsPerCm)); }
-    std::size_t BucketOf(int column, int row, int heading) const;
+    static std::uint32_t HashOf(int column, int row, int heading);
+    std::size_t BucketOf(std::uint32_t hash) const { return hash & (firstOfBucket_.size() - 2); }
+    bool IsOccupied(std::uint32_t hash) const {
+        constexpr std::uint64_t one = 1;
+        return (occupied_[hash / BitsOfWord & (occupied_.size() - 1)] & one << hash % BitsOfWord) != 0;
+    }
     bool Allows(const std::vector<LayingStep>& steps, const ShapeCounts& shapes, std::size_t run, int shape) const;
     void Index();
 
     std::vector<Entry> runs_;
     std::vector<std::size_t> firstOfLength_; ///< one more at the end
     std::vector<std::uint32_t> firstOfBucket_, entries_;
+    std::vector<std::uint64_t>
+        occupied_; ///< a bit for each of many hashes: small enough to stay in the processor's cache
 };
 
 } // namespace pistaro

@@ -23,8 +23,13 @@ int Placeable(const CatalogueEntry& piece, int owned) {
 
 class SpecialPlaces {
 public:
-    SpecialPlaces(const Catalogue& catalogue, const PieceBox& box, std::vector<int>& rows)
-        : catalogue_(catalogue), left_(box.Counts), rows_(rows) {}
+    SpecialPlaces(const Catalogue& catalogue, const PieceBox& box, std::vector<int>& rows, std::size_t kept)
+        : catalogue_(catalogue), left_(box.Counts), rows_(rows), kept_(kept) {
+        for (std::size_t place = 0; place < kept; ++place) {
+            const CatalogueEntry& piece = catalogue[rows[place]];
+            if (!piece.IsBasic()) --Left(piece.StockIndex);
+        }
+    }
 
     void Fill() {
         while (PlaceChicane()) {
@@ -51,6 +56,7 @@ private:
 
     /// Whether a plain piece stands there whose place the special one can take.
     bool Fits(int special, std::size_t place) {
+        if (place % rows_.size() < kept_) return false;
         const CatalogueEntry& piece = catalogue_[At(place)];
         return piece.IsBasic() && piece.StockIndex == catalogue_[special].ShapeIndex &&
                Hand(piece.Code) == Hand(catalogue_[special].Code);
@@ -154,6 +160,7 @@ private:
     const Catalogue& catalogue_;
     std::vector<int> left_;
     std::vector<int>& rows_;
+    const std::size_t kept_; ///< the first pieces, which stay
 };
 
 } // namespace
@@ -170,8 +177,8 @@ ShapeCounts ShapesOf(const Catalogue& catalogue, const PieceBox& box) {
 }
 
 std::optional<std::vector<int>> WithSpecialPieces(const Catalogue& catalogue, const PieceBox& box,
-                                                  std::vector<int> rows) {
-    SpecialPlaces places(catalogue, box, rows);
+                                                  std::vector<int> rows, std::size_t kept) {
+    SpecialPlaces places(catalogue, box, rows, kept);
     places.Fill();
     if (!places.HasPlainOnes()) return std::nullopt;
     return rows;

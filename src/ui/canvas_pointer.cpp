@@ -25,6 +25,8 @@ namespace pistaro {
 namespace {
 
 constexpr const char* HoverOverlay = "hover";
+constexpr const char* RunOverlay = "selected run";
+constexpr Colour RunColour = Rgb(0, 150, 60);
 constexpr const char* DragOverlay = "moved track";
 constexpr Colour HoverColour = Rgb(255, 140, 0);
 constexpr int PixelsPerTurn = 40; ///< of a drag that turns, each of the described steps
@@ -57,6 +59,21 @@ void CanvasPointer::Refresh(const Changes& changes) {
         PointAt(std::nullopt);
     }
     if (changes.EditState) Follow();
+    if (changes.EditState || changes.Circuit) ShowRun();
+}
+
+/// Tints the elements of a run; a selected element alone is known by its colour.
+void CanvasPointer::ShowRun() {
+    const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
+    const ElementRun run = track == nullptr ? ElementRun() : Now().EditState.SelectedRun(track->ElementLastIndex());
+    if (run.Count < 2) return view_.ClearOverlay(RunOverlay);
+    Overlay tinted;
+    WalkTrack(session_.Catalogue, *track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement == nullptr || element < run.First || element >= run.First + run.Count) return;
+        constexpr double tolerance = 0.1; // cm
+        tinted.push_back(OverlayArea{.Polygon = OutlinePolygon(*placement, tolerance), .InkColour = RunColour});
+    });
+    view_.SetOverlay(RunOverlay, std::move(tinted));
 }
 
 void CanvasPointer::Follow() {
@@ -121,9 +138,11 @@ bool CanvasPointer::Handle(QEvent& event) {
     }
 }
 
-void CanvasPointer::Select(QPointF place) {
+void CanvasPointer::Select(QPointF place, bool andAllBetween) {
     session_.Do([&] {
-        SelectAt(session_.Catalogue, Now().Design.Circuit, session_.Project.EditState, pieces_, view_.WorldAt(place));
+        EditState& edit = session_.Project.EditState;
+        SelectAt(session_.Catalogue, Now().Design.Circuit, edit, pieces_, view_.WorldAt(place));
+        if (andAllBetween) ExtendSelection(edit, before_);
     });
 }
 
@@ -137,7 +156,7 @@ void CanvasPointer::Press(const QMouseEvent& event) {
         view_.setCursor(Qt::ClosedHandCursor);
         return;
     }
-    Select(pressed_);
+    Select(pressed_, event.modifiers() & Qt::ShiftModifier);
     if (event.button() == Qt::MiddleButton) doing_ = Doing::Panning;
     held_ = event.button() == Qt::LeftButton && pieces_.OnlyPieceAt(grip_).has_value();
 }
@@ -175,6 +194,7 @@ void CanvasPointer::PanTo(QPointF place) {
         // What the press selected was not meant: it was the beginning of a pan.
         project.EditState.CurrentTrack = before_.CurrentTrack;
         project.EditState.CurrentElement = before_.CurrentElement;
+        project.EditState.RunFrom = before_.RunFrom;
         project.EditState.InsertMode = before_.InsertMode;
         project.EditState.System = before_.System;
         const WorldPoint under = view_.WorldAt(place);

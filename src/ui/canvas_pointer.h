@@ -46,7 +46,7 @@ private:
     void ShowTip(const QHelpEvent& event);
     void OpenMenu(const QContextMenuEvent& event);
 
-    void Select(QPointF place);
+    void Select(QPointF place, bool andAllBetween = false);
     void PanTo(QPointF place);
     void Zoom(QPointF place, double times);
     /// Where a drag to a place brings the current track's start; `freely` not in the described steps.
@@ -55,6 +55,7 @@ private:
     void EndDrag();
     /// Moves the view where what was selected since the last time lies outside of it.
     void Follow();
+    void ShowRun();
 
     const Project& Now() const { return session_.Project; }
 

@@ -65,6 +65,20 @@ void Dialogs::ShowStock() {
     BringUp(*stock_);
 }
 
+void Dialogs::ShowBox() { BringUpBox(frmBox::Purpose::Box); }
+
+void Dialogs::ShowVariations() { BringUpBox(frmBox::Purpose::Variations); }
+
+/// One search at a time: who wants another begins with another window.
+void Dialogs::BringUpBox(frmBox::Purpose purpose) {
+    if (!box_ || box_->WhatFor() != purpose || purpose == frmBox::Purpose::Variations) {
+        delete box_;
+        box_ = new frmBox(session_, purpose, &window_);
+        box_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    BringUp(*box_);
+}
+
 void Dialogs::ShowAbout() {
     if (!about_) about_ = new frmAbout(session_.Catalogue, &window_);
     BringUp(*about_);

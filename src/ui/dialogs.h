@@ -3,6 +3,7 @@
 
 #include "commands/session.h"
 #include "ui/frmAbout.h"
+#include "ui/frmBox.h"
 #include "ui/frmHistory.h"
 #include "ui/frmStock.h"
 #include "ui/suggestion_bar.h"
@@ -46,6 +47,8 @@ public:
     void ShowStock() override;
     void ShowAbout() override;
     void ShowHistory() override;
+    void ShowBox() override;
+    void ShowVariations() override;
 
     /// Has a panel shown and hidden by these from now on.
     struct PanelDoor {
@@ -57,11 +60,14 @@ public:
     bool IsPanelShown(Panel panel) const override { return panels_.at(panel).IsShown(); }
 
 private:
+    void BringUpBox(frmBox::Purpose purpose);
+
     Session& session_;
     QWidget& window_;
     SuggestionBar& suggestions_;
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
+    QPointer<frmBox> box_;
     std::map<Panel, PanelDoor> panels_;
     QPointer<frmHistory> history_;
     std::function<void()> findPiece_, showTour_;

@@ -1,5 +1,6 @@
 #include "ui/frmSets.h"
 
+#include "commands/laying_commands.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "storage/sets_file.h"
@@ -13,17 +14,8 @@
 
 namespace pistaro {
 
-namespace {
-
-BoxedSets SetsIn(const Catalogue& catalogue, const std::filesystem::path& file) {
-    return std::filesystem::exists(file) ? ReadSets(catalogue, file) : ExampleSets(catalogue);
-}
-
-} // namespace
-
 frmSets::frmSets(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session), file_(session.SettingsPath.parent_path() / SetsName),
-      sets_(SetsIn(session.Catalogue, file_)) {
+    : QDialog(parent), session_(session), file_(session.SettingsPath.parent_path() / SetsName), sets_(SetsOf(session)) {
     setObjectName("frmSets");
     setWindowTitle("Boxed Sets");
     setModal(true);

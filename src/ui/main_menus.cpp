@@ -31,6 +31,8 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     for (const char* const id : {"plain save", "save"})
         controls.AddEntry(circuit, id);
     circuit.addSeparator();
+    controls.AddEntry(circuit, "from my box");
+    circuit.addSeparator();
     controls.AddEntry(circuit, "export");
     controls.AddEntry(circuit, "print");
     circuit.addSeparator();
@@ -39,7 +41,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     controls.AddEntry(circuit, "quit", close);
     AddMenu(window, controls, "&Edit", {"undo", "redo", "history", "copy", "paste", "select rest"});
     AddMenu(window, controls, "&Track",
-            {"mirror", "invert", "mirror rest", "start here", "close loop", "other pieces", "balance"});
+            {"mirror", "invert", "mirror rest", "start here", "close loop", "other pieces", "variations", "balance"});
     QMenu& pieces = AddMenu(window, controls, "&Pieces", {"system", "find piece"});
     pieces.addSection("Replace the selected piece by");
     for (const int row : session.Catalogue.VariantRows())

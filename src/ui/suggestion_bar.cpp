@@ -14,6 +14,8 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace pistaro {
 
@@ -26,6 +28,13 @@ constexpr Colour FaultyGhost = Rgb(200, 60, 0);
 constexpr Colour TakenOut = Rgb(150, 150, 150);
 const char* const Owner = "suggestion"; ///< of the overlay
 
+constexpr std::array<std::pair<ReplacementWish, const char*>, 5> Wishes{
+    {{ReplacementWish::Any, "any pieces"},
+     {ReplacementWish::Shorter, "shorter"},
+     {ReplacementWish::Longer, "longer"},
+     {ReplacementWish::Cheaper, "cheaper"},
+     {ReplacementWish::LanesSwapped, "lanes swapped"}}};
+
 Colour ColourOf(const Suggestion& suggestion) { return suggestion.IsFree() ? FreeGhost : FaultyGhost; }
 
 } // namespace
@@ -35,7 +44,7 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
       lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
       chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
       spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")),
-      spnRun_(Named(new QSpinBox, "spnRun")) {
+      spnRun_(Named(new QSpinBox, "spnRun")), cboWish_(Named(new QComboBox, "cboWish")) {
     setObjectName("fraSuggestions");
     setAutoFillBackground(true);
     setCursor(Qt::ArrowCursor);
@@ -76,10 +85,14 @@ QWidget* SuggestionBar::Choices() {
     spnTolerance_->setPrefix("within ");
     spnTolerance_->setSuffix(" mm");
     spnRun_->setPrefix("in place of ");
-    spnRun_->setToolTip("How many elements are replaced, from the selected one on");
+    spnRun_->setToolTip("How many elements are replaced, from the first selected one on");
+    for (const auto& [wish, caption] : Wishes)
+        cboWish_->addItem(caption, static_cast<int>(wish));
+    cboWish_->setToolTip("What the other pieces shall be");
     auto* const cmdLay = Named(new QPushButton("&Lay"), "cmdLaySuggestion");
     auto* const cmdLeave = Named(new QPushButton("Cancel"), "cmdLeaveSuggestions");
-    for (QWidget* const widget : std::initializer_list<QWidget*>{spnRun_, chkOwnedOnly_, spnMostPieces_, spnTolerance_})
+    for (QWidget* const widget :
+         std::initializer_list<QWidget*>{spnRun_, cboWish_, chkOwnedOnly_, spnMostPieces_, spnTolerance_})
         row->addWidget(widget);
     row->addStretch();
     row->addWidget(cmdLay);
@@ -88,6 +101,7 @@ QWidget* SuggestionBar::Choices() {
     connect(spnMostPieces_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(spnTolerance_, &QDoubleSpinBox::valueChanged, this, [this] { Find(); });
     connect(spnRun_, &QSpinBox::valueChanged, this, [this] { Find(); });
+    connect(cboWish_, &QComboBox::currentIndexChanged, this, [this] { Find(); });
     connect(cmdLay, &QPushButton::clicked, this, [this] { Lay(); });
     connect(cmdLeave, &QPushButton::clicked, this, [this] { hide(); });
     return choices;
@@ -103,13 +117,16 @@ void SuggestionBar::ShowReplacements() {
     const Project& project = session_.Project;
     const QSignalBlocker quiet(spnRun_);
     const Track& track = *EditedTrack(project.Design.Circuit, project.EditState);
-    spnRun_->setRange(1, track.ElementLastIndex() + 1 - project.EditState.SelectedElement());
-    spnRun_->setValue(1);
+    const ElementRun run = SelectedRun(session_);
+    firstReplaced_ = run.First;
+    spnRun_->setRange(1, track.ElementLastIndex() + 1 - run.First);
+    spnRun_->setValue(run.Count);
     Open();
 }
 
 void SuggestionBar::Open() {
     spnRun_->setVisible(isReplacing_);
+    cboWish_->setVisible(isReplacing_);
     show();
     Place();
     raise();
@@ -132,8 +149,10 @@ ClosingOptions SuggestionBar::Options() const {
 
 void SuggestionBar::Find() {
     session_.Do([&] {
-        const Closings found =
-            isReplacing_ ? FindReplacements(session_, spnRun_->value(), Options()) : FindClosings(session_, Options());
+        const auto wish = static_cast<ReplacementWish>(cboWish_->currentData().toInt());
+        const Closings found = isReplacing_
+                                   ? FindReplacements(session_, {firstReplaced_, spnRun_->value()}, wish, Options())
+                                   : FindClosings(session_, Options());
         suggestions_ = found.Suggestions;
         lblSuggestion_->setText(QString::fromStdString(found.WhyNone));
     });

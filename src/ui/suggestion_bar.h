@@ -6,6 +6,7 @@
 #include "ui/circuit_view.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QListWidget>
@@ -21,7 +22,7 @@ public:
     /// Shows what closes the current track.
     void ShowClosings();
 
-    /// Shows other pieces for the selected element, and for those behind it as far as the strip's number says.
+    /// Shows other pieces for the selected elements; the strip's number says how many they are.
     void ShowReplacements();
 
     /// To be called after each change: what is shown stands for the circuit as it is, so the strip goes.
@@ -49,6 +50,8 @@ private:
     QSpinBox* const spnMostPieces_;
     QDoubleSpinBox* const spnTolerance_;
     QSpinBox* const spnRun_;
+    QComboBox* const cboWish_;
+    int firstReplaced_ = 0; ///< element of the current track
     bool isReplacing_ = false;
     std::vector<Suggestion> suggestions_;
 };

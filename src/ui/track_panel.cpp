@@ -7,6 +7,8 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -94,6 +96,8 @@ QWidget* TrackPanel::Elements() {
     lstTrack_->setObjectName("lstTrack");
     lstTrack_->setUniformItemSizes(true);
     lstTrack_->setAccessibleName("Elements");
+    lstTrack_->installEventFilter(this);
+    lstTrack_->viewport()->installEventFilter(this);
     connect(lstTrack_, &QListWidget::itemSelectionChanged, this, [this] {
         if (lstTrack_->selectedItems().isEmpty()) return RefreshList(); // Ctrl takes a selection away
         session_.Do([&] {
@@ -120,6 +124,41 @@ QWidget* TrackPanel::Elements() {
     return box;
 }
 
+bool TrackPanel::ExtendTo(int row) {
+    if (row < 0 || row >= lstTrack_->count()) return false;
+    return session_.Do([&] {
+        EditState& edit = session_.Project.EditState;
+        const EditState before = edit;
+        SelectElement(session_.Project.Design.Circuit, edit, row);
+        ExtendSelection(edit, before);
+    });
+}
+
+bool TrackPanel::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        const auto& click = static_cast<QMouseEvent&>(*event);
+        if (!(click.modifiers() & Qt::ShiftModifier)) return false;
+        lstTrack_->setFocus();
+        return ExtendTo(lstTrack_->indexAt(click.position().toPoint()).row());
+    }
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto& key = static_cast<QKeyEvent&>(*event);
+    const bool goesUp = key.key() == Qt::Key_Up;
+    if (!(key.modifiers() & Qt::ShiftModifier) || (!goesUp && key.key() != Qt::Key_Down)) return false;
+    return ExtendTo(session_.Project.EditState.SelectedElement() + (goesUp ? -1 : 1));
+}
+
+/// Tints the elements of a run.
+void TrackPanel::ShowRun(const ElementRun& run) {
+    QColor tint = palette().color(QPalette::Highlight);
+    constexpr int faint = 70;
+    tint.setAlpha(faint);
+    for (int row = 0; row < lstTrack_->count(); ++row) {
+        const bool isInRun = run.Count > 1 && row >= run.First && row < run.First + run.Count;
+        lstTrack_->item(row)->setBackground(isInRun ? QBrush(tint) : QBrush());
+    }
+}
+
 void TrackPanel::Refresh() {
     RefreshList();
     RefreshSelection();
@@ -142,6 +181,7 @@ void TrackPanel::RefreshList() {
     const int selected = session_.Project.EditState.SelectedElement();
     lstTrack_->setCurrentRow(selected);
     if (selected < 0) lstTrack_->clearSelection();
+    ShowRun(session_.Project.EditState.SelectedRun(count - 1));
 }
 
 void TrackPanel::RefreshSelection() {

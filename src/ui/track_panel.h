@@ -15,12 +15,18 @@ public:
     /// Shows the elements of the chosen track and the selected one.
     void Refresh();
 
+protected:
+    /// Shift and a click or an arrow key in the list select a run.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QWidget* TrackSelector();
     QWidget* ArrowPad();
     QWidget* Elements();
     void RefreshList();
     void RefreshSelection();
+    bool ExtendTo(int row);
+    void ShowRun(const ElementRun& run);
 
     Session& session_;
     CommandControls& controls_;

@@ -138,6 +138,8 @@ TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
                                                  "purchase",
                                                  "close loop",
                                                  "other pieces",
+                                                 "from my box",
+                                                 "variations",
                                                  "suggest",
                                                  "export",
                                                  "print",

@@ -26,6 +26,8 @@ public:
     void ShowTour() override { Opened += "tour "; }
     void ShowClosings() override { Opened += "closings "; }
     void ShowReplacements() override { Opened += "replacements "; }
+    void ShowBox() override { Opened += "box "; }
+    void ShowVariations() override { Opened += "variations "; }
     void ShowExport() override { Opened += "export "; }
     void ShowPrint() override { Opened += "print "; }
     void PutOnClipboard(const Clipping& clipping) override { Opened += "copy " + clipping.Text + " "; }

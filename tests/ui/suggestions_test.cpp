@@ -1,10 +1,14 @@
 // The strip of suggestions: ways to close the track, and other pieces for some of it, gone through and laid.
+#include "support/stock.h"
 #include "ui/window_fixture.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QSpinBox>
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 namespace pistaro {
 namespace {
@@ -122,6 +126,91 @@ TEST_F(Suggestions, ReplaceTheSelectedPieceAndThoseBehindIt) {
 
     EXPECT_EQ(Codes(), "C159 C159 C160 C151R");
     EXPECT_EQ(Project.EditState.CurrentElement[0], 2);
+}
+
+TEST_F(Suggestions, ReplaceARunThatIsSelectedInTheList) {
+    Open(ProjectOf("C160 C160 C151R C160"));
+    ClickLine(0);
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                      List().visualItemRect(List().item(1)).center());
+    EXPECT_EQ(Project.EditState.SelectedElement(), 1);
+    EXPECT_EQ(List().currentRow(), 1);
+    EXPECT_EQ(Canvas().OverlayOf("selected run").size(), 2U);
+
+    Choose("mnuReplaceBy");
+
+    EXPECT_EQ(Find<QSpinBox>("spnRun").value(), 2);
+    EXPECT_EQ(Find<QSpinBox>("spnRun").maximum(), 4);
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C159 C159 C160"));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Codes(), "C159 C159 C160 C151R C160");
+    EXPECT_TRUE(Canvas().OverlayOf("selected run").empty());
+}
+
+TEST_F(Suggestions, ReplaceARunThatIsSelectedInTheDrawing) {
+    Open(ProjectOf("C160 C160 C160 C160"));
+    ClickDrawing(5, 122.5F); // the last straight
+    const QPoint second = Canvas().PlaceOf({5, 52.5F}).toPoint();
+
+    QTest::mouseClick(&Picture(), Qt::LeftButton, Qt::ShiftModifier, second);
+
+    EXPECT_EQ(Project.EditState.SelectedRun(3), (ElementRun{1, 3}));
+    ClickDrawing(5, 52.5F);
+    EXPECT_EQ(Project.EditState.SelectedRun(3), (ElementRun{1, 1}));
+}
+
+TEST_F(Suggestions, ARunLeavesToTheOtherCommandsTheSelectedElement) {
+    Open(ProjectOf("C160 C159 C158 C157"));
+    ClickLine(3);
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                      List().visualItemRect(List().item(1)).center());
+
+    Click("cmdDelete");
+
+    EXPECT_EQ(Codes(), "C160 C158 C157");
+    EXPECT_EQ(Project.EditState.SelectedRun(2), (ElementRun{1, 1}));
+}
+
+TEST_F(Suggestions, ARunGrowsWithShiftAndTheArrowKeys) {
+    Open(ProjectOf("C160 C159 C158 C157"));
+    ClickLine(1);
+
+    QTest::keyClick(&List(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&List(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(Project.EditState.SelectedRun(3), (ElementRun{1, 3}));
+    QTest::keyClick(&List(), Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(Project.EditState.SelectedRun(3), (ElementRun{1, 2}));
+}
+
+TEST_F(Suggestions, OfCheaperOrShorterOrLongerPiecesAreOnlySuch) {
+    // A curve of 45 degrees costs 5, each half of it 2.
+    pistaro::Project project = ProjectOf("C160 C151R C160");
+    SetStock(project, "C151L", 0, 5);
+    SetStock(project, "C154L", 0, 2);
+    project.EditState.CurrentElement[0] = 1;
+    Open(project);
+    Choose("mnuReplaceBy");
+    auto& wish = Find<QComboBox>("cboWish");
+
+    wish.setCurrentIndex(wish.findText("cheaper"));
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C154R C154R"));
+    EXPECT_THAT(Text("lblSuggestion"), StartsWith("2 pieces: C154R, C154R. 4.00"));
+    wish.setCurrentIndex(wish.findText("longer"));
+    EXPECT_NE(Ghosts(), pistaro::Codes("C154R C154R")) << "they are as long";
+}
+
+TEST_F(Suggestions, WithTheLanesSwappedHoldAChangeOver) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R");
+    project.EditState.CurrentElement[0] = 1;
+    project.EditState.RunFrom = 0;
+    Open(project);
+    Choose("mnuReplaceBy");
+    auto& wish = Find<QComboBox>("cboWish");
+
+    wish.setCurrentIndex(wish.findText("lanes swapped"));
+
+    ASSERT_GT(Ways().count(), 0);
+    EXPECT_EQ(std::ranges::count(Ghosts(), "C8006"), 1);
 }
 
 TEST_F(Suggestions, AreShownFaintlyWhileOneBuilds) {

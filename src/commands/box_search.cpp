@@ -1,0 +1,95 @@
+#include "commands/box_search.h"
+
+#include <atomic>
+#include <iterator>
+#include <mutex>
+#include <utility>
+
+namespace pistaro {
+
+/// The search is the thread's while a job runs; what it found since it was last asked passes from there to here.
+struct BoxSearch::Shared {
+    Shared(const Catalogue& catalogue, const LayingTask& task) : Search(catalogue, task) {}
+
+    /// Gives whether there is anything new.
+    bool Publish() {
+        const std::vector<FoundCircuit>& found = Search.Found();
+        if (Published == found.size()) return false;
+        const std::scoped_lock lock(Mutex);
+        Fresh.insert(Fresh.end(), found.begin() + static_cast<std::ptrdiff_t>(Published), found.end());
+        Published = found.size();
+        return true;
+    }
+
+    std::vector<FoundCircuit> TakeFresh() {
+        const std::scoped_lock lock(Mutex);
+        return std::exchange(Fresh, {});
+    }
+
+    CircuitSearch Search;
+    std::size_t Published = 0;
+    bool HasEnded = false;
+    std::atomic<bool> Pauses = false;
+    std::mutex Mutex;
+    std::vector<FoundCircuit> Fresh;
+};
+
+BoxSearch::BoxSearch(const Catalogue& catalogue, Jobs::Post post, std::function<void()> heard,
+                     std::function<void(const JobEnd&)> contain)
+    : catalogue_(catalogue), heard_(std::move(heard)), contain_(std::move(contain)) {
+    jobs_.RunBeside(std::move(post));
+}
+
+void BoxSearch::Start(const LayingTask& task) {
+    Cancel();
+    found_.clear();
+    shared_ = std::make_shared<Shared>(catalogue_, task);
+    Run();
+}
+
+void BoxSearch::Pause() {
+    if (standing_ == BoxStanding::Runs) shared_->Pauses = true;
+}
+
+void BoxSearch::GoOn() {
+    if (standing_ == BoxStanding::Runs) shared_->Pauses = false;
+    if (standing_ == BoxStanding::Ended) shared_->Search.Prolong();
+    if (standing_ == BoxStanding::Ended || standing_ == BoxStanding::Paused) Run();
+}
+
+void BoxSearch::Cancel() {
+    jobs_.Cancel();
+    shared_.reset();
+    standing_ = BoxStanding::Idle;
+}
+
+void BoxSearch::Run() {
+    standing_ = BoxStanding::Runs;
+    shared_->Pauses = false;
+    const auto work = [this, shared = shared_](const JobWatch& watch) -> JobEnd {
+        bool goesOn = true;
+        while (goesOn && !shared->Pauses) {
+            goesOn = shared->Search.Round(watch);
+            if (shared->Publish()) watch.Step(static_cast<int>(shared->Published), 0);
+        }
+        shared->HasEnded = !goesOn;
+        return [this] { End(); };
+    };
+    jobs_.Start({"Circuits from my box", "Circuits are being looked for.", work}, contain_,
+                [this](int, int) { Collect(); });
+}
+
+void BoxSearch::Collect() {
+    std::vector<FoundCircuit> fresh = shared_->TakeFresh();
+    found_.insert(found_.end(), std::make_move_iterator(fresh.begin()), std::make_move_iterator(fresh.end()));
+    heard_();
+}
+
+void BoxSearch::End() {
+    standing_ = !shared_->HasEnded             ? BoxStanding::Paused
+                : shared_->Search.IsComplete() ? BoxStanding::Complete
+                                               : BoxStanding::Ended;
+    Collect();
+}
+
+} // namespace pistaro

@@ -1,0 +1,182 @@
+#include "commands/laying_commands.h"
+
+#include "commands/circuit_commands.h"
+#include "editor/view_commands.h"
+#include "model/length_text.h"
+#include "platform/fault.h"
+#include "platform/files.h"
+#include "storage/circuit_file.h"
+#include "storage/sets_file.h"
+#include "text/fixed_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace pistaro {
+
+namespace {
+
+std::string WithCurrency(const Session& session, Cents price) {
+    const std::string& currency = session.Project.Preferences.Units.Currency;
+    return MoneyText(price) + (currency.empty() ? "" : " " + currency);
+}
+
+Design WithTrack(Design design, const Track& track) {
+    design.Circuit = EmptyCircuit();
+    design.Circuit.Tracks.front() = track;
+    return design;
+}
+
+/// "found.trk" for one of one; "found-02.trk" for the second of several.
+std::filesystem::path NumberedFile(const std::filesystem::path& file, std::size_t number, std::size_t count) {
+    if (count == 1) return file;
+    const std::string digits = std::to_string(number);
+    std::filesystem::path numbered = file.parent_path() / file.stem();
+    numbered += "-" + std::string(digits.size() < 2, '0') + digits;
+    numbered += file.extension();
+    return numbered;
+}
+
+/// A file that is there already is overwritten only when the user says so.
+bool MayOverwrite(Session& session, const std::vector<std::filesystem::path>& files) {
+    for (const std::filesystem::path& file : files) {
+        CheckNotSettings(file, session.SettingsPath);
+        std::error_code toldByTheWrite;
+        if (!std::filesystem::exists(file, toldByTheWrite)) continue;
+        const std::string question = TextFromPath(file.filename()) + " already exists. Overwrite?";
+        if (session.Prompts.Ask(question, Buttons::YesNo) != Answer::Yes) return false;
+    }
+    return true;
+}
+
+} // namespace
+
+Design EmptyArea(Area area, int middleX, int middleY) {
+    const auto right = static_cast<std::int16_t>(middleX + area.Width / 2);
+    const auto top = static_cast<std::int16_t>(middleY + area.Height / 2);
+    const auto left = static_cast<std::int16_t>(right - area.Width);
+    const auto bottom = static_cast<std::int16_t>(top - area.Height);
+    Design design;
+    design.Room.Points = {{left, bottom, 0}, {right, bottom, 1}, {right, top, 1}, {left, top, 1}, {left, bottom, 1}};
+    constexpr int margin = 20; // cm, in all
+    const auto shown = static_cast<float>(std::max(area.Width, area.Height) + margin);
+    design.View = ViewAround(middleX, middleY, shown, shown / 2);
+    return design;
+}
+
+bool HasWalls(const RoomPolygon& room) {
+    return std::ranges::any_of(room.Points, [](const RoomPoint& point) { return point.Line == 1; });
+}
+
+Design RoomFor(const Session& session, const BoxWish& wish) {
+    if (wish.Area) return EmptyArea(*wish.Area, wish.MiddleX, wish.MiddleY);
+    Design design = session.Project.Design;
+    design.Circuit = EmptyCircuit();
+    return design;
+}
+
+LayingTask TaskFor(const Session& session, const BoxWish& wish) {
+    if (wish.Box.Total() == 0) throw Fault("Refused", "the box is empty");
+    const std::string lacking = WhyNot(session.Catalogue, wish.Box, wish.MustHave);
+    if (!lacking.empty()) throw Fault("Refused", lacking);
+    LayingTask task{.Box = wish.Box,
+                    .Room = RoomFor(session, wish).Room,
+                    .Seed = wish.Seed,
+                    .Count = wish.Count,
+                    .MustHave = wish.MustHave,
+                    .Kept = wish.Kept};
+    if (!HasWalls(task.Room)) throw Fault("Refused", "the design has no room with walls");
+    if (task.Kept && !CanKeep(session.Catalogue, task.Kept->Rows))
+        throw Fault("Refused", "the part that is kept must begin and end within one system");
+    return task;
+}
+
+PieceBox BoxOfDesign(const Session& session) { return {CountUsed(session.Catalogue, session.Project.Design.Circuit)}; }
+
+KeptPart PartOf(const Session& session, int first, int count) {
+    KeptPart part;
+    const Track& track = *EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
+    part.At = track.Start();
+    WalkTrack(session.Catalogue, track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement != nullptr && element < first) part.At = placement->Exit;
+    });
+    for (int element = first; element < first + count; ++element) {
+        const int row = session.Catalogue.FindRow(track.ElementCodes[static_cast<std::size_t>(element)]);
+        if (row >= 0) part.Rows.push_back(row);
+    }
+    return part;
+}
+
+BoxedSets SetsOf(const Session& session) {
+    const std::filesystem::path file = session.SettingsPath.parent_path() / SetsName;
+    std::error_code toldByTheRead;
+    const bool isThere = !session.SettingsPath.empty() && std::filesystem::exists(file, toldByTheRead);
+    return isThere ? ReadSets(session.Catalogue, file) : ExampleSets(session.Catalogue);
+}
+
+std::string WhyNotVary(const Session& session) {
+    if (session.Windows == nullptr) return "There is no window.";
+    return BoxOfDesign(session).Total() == 0 ? "There are no pieces to lay in another way." : "";
+}
+
+Cents PriceOfLacking(const Session& session, const Track& track) {
+    Circuit circuit;
+    circuit.Tracks.front() = track;
+    const UsedCounts used = CountUsed(session.Catalogue, circuit);
+    Cents price = 0;
+    for (const int row : session.Catalogue.HeadRows()) {
+        const ProductStock product = session.Project.Stock[row];
+        const int lacking = used[static_cast<std::size_t>(row)] - product.OwnedCount;
+        if (lacking > 0) price += lacking * CentsOf(product.Price);
+    }
+    return price;
+}
+
+std::string UseText(const LaidCircuit& circuit) {
+    constexpr double hundred = 100;
+    return std::to_string(std::lround(circuit.Used * hundred)) + " % of the box, " +
+           std::to_string(circuit.Track.ElementCodes.size()) + " pieces";
+}
+
+std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit) {
+    constexpr double cmInMetre = 100;
+    return FixedText(circuit.Length / cmInMetre, 2) + " m, " +
+           WithCurrency(session, PriceOfLacking(session, circuit.Track));
+}
+
+bool OpenAsNew(Session& session, const Design& room, const Track& track, std::optional<Circuit>& opened) {
+    const Design design = WithTrack(room, track);
+    Project& project = session.Project;
+    if (project.Design.Circuit == design.Circuit) return true;
+    if (project.Design.Circuit != opened && !MayReplace(session)) return false;
+    session.TellLeaving();
+    NewProject(project);
+    project.Design = design;
+    FitView(session.Catalogue, project.Design);
+    project.EditState.DataChanged = true;
+    session.BeginCircuit("Circuit from My Box");
+    opened = design.Circuit;
+    return true;
+}
+
+bool KeepAsFiles(Session& session, const Design& room, const std::vector<Track>& tracks) {
+    const auto file = session.Prompts.ChooseFile({.Saving = true,
+                                                  .Title = "Keep Circuits",
+                                                  .Filter = TrackFilter,
+                                                  .DefaultName = "circuit",
+                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+    if (!file) return false;
+    std::vector<std::filesystem::path> files;
+    for (std::size_t i = 0; i < tracks.size(); ++i)
+        files.push_back(NumberedFile(*file, i + 1, tracks.size()));
+    if (!MayOverwrite(session, files)) return false;
+    std::vector<std::unique_ptr<WrittenFile>> written;
+    for (std::size_t i = 0; i < tracks.size(); ++i)
+        written.push_back(std::make_unique<WrittenFile>(files[i], CircuitBytes(WithTrack(room, tracks[i]))));
+    for (const std::unique_ptr<WrittenFile>& one : written)
+        one->TakePlace();
+    return true;
+}
+
+} // namespace pistaro

@@ -1,0 +1,74 @@
+// Circuits from a box of pieces: what is asked for, what is told of those found, and what is done with them.
+#pragma once
+
+#include "commands/session.h"
+#include "model/boxed_set.h"
+#include "search/laying.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+/// A rectangle, cm.
+struct Area {
+    int Width = 0, Height = 0;
+
+    bool operator==(const Area&) const = default;
+};
+
+/// An empty circuit in a room of that size around a place, all of it in view.
+Design EmptyArea(Area area, int middleX = 0, int middleY = 0);
+
+/// Whether the room has a wall, so that circuits can be laid in it.
+bool HasWalls(const RoomPolygon& room);
+
+/// What is wished for.
+struct BoxWish {
+    PieceBox Box = {};
+    std::optional<pistaro::Area> Area = {}; ///< else the room of the design
+    int MiddleX = 0, MiddleY = 0;           ///< of the area, cm
+    pistaro::MustHaves MustHave = {};
+    std::optional<KeptPart> Kept = {}; ///< of the design
+    int Count = 10;
+    std::uint64_t Seed = 1;
+};
+
+/// What lies around the circuits that are found: the room and the view.
+Design RoomFor(const Session& session, const BoxWish& wish);
+
+/// The search's task. Fault "Refused" where nothing can come of it, which says why.
+LayingTask TaskFor(const Session& session, const BoxWish& wish);
+
+/// The pieces of all tracks of the design.
+PieceBox BoxOfDesign(const Session& session);
+
+/// The elements of the current track that shall stay as they are, with where they lie.
+KeptPart PartOf(const Session& session, int first, int count);
+
+/// The sets that a shop sells: those of the file beside the settings, else an example.
+BoxedSets SetsOf(const Session& session);
+
+/// Why no other circuits can be made of the design's pieces; empty when it can be tried.
+std::string WhyNotVary(const Session& session);
+
+/// What the circuit's pieces cost that are not owned.
+Cents PriceOfLacking(const Session& session, const Track& track);
+
+/// "96 % of the box, 24 pieces": what is told of a found circuit in a line.
+std::string UseText(const LaidCircuit& circuit);
+
+/// "12.34 m, 0.00 EUR": how long a lap is, and what would have to be bought.
+std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit);
+
+/// Puts a found circuit in the place of the design, which is asked for as by Load unless it is `opened`: what was put
+/// there like this before. One step of undo. Gives whether it is there now.
+bool OpenAsNew(Session& session, const Design& room, const Track& track, std::optional<Circuit>& opened);
+
+/// Writes found circuits into files that the user names by one name, all or none: a number is put behind it where they
+/// are several. Gives whether they were written.
+bool KeepAsFiles(Session& session, const Design& room, const std::vector<Track>& tracks);
+
+} // namespace pistaro

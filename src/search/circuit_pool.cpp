@@ -1,0 +1,123 @@
+#include "search/circuit_pool.h"
+
+#include "layout/built_lanes.h"
+#include "layout/exit.h"
+#include "search/same_circuit.h"
+#include "search/special_pieces.h"
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+/// The place at which a circuit begins best: on a straight, the start's own piece or the first of the longest stretch.
+std::size_t BestBeginning(const Catalogue& catalogue, const Rows& rows) {
+    const auto startPiece =
+        std::ranges::find_if(rows, [&](int row) { return catalogue[row].Kind.Marks == PieceMarks::ReverseStart; });
+    if (startPiece != rows.end()) return static_cast<std::size_t>(startPiece - rows.begin());
+    const std::size_t count = rows.size();
+    std::size_t best = 0;
+    double longest = -1;
+    for (std::size_t first = 0; first < count; ++first) {
+        const auto at = [&](std::size_t place) -> const CatalogueEntry& { return catalogue[rows[place % count]]; };
+        const auto isPlain = [&](std::size_t place) { return at(place).IsStraight() && !at(place).JoinsSystems(); };
+        if (!isPlain(first) || isPlain(first + count - 1)) continue;
+        double length = 0;
+        for (std::size_t place = first; place < first + count && isPlain(place); ++place)
+            length += at(place).Kind.Length;
+        if (length > longest) {
+            longest = length;
+            best = first;
+        }
+    }
+    // Without straights: not on an adapter, whose way round the piece before it decides.
+    while (catalogue[rows[best]].JoinsSystems())
+        ++best;
+    return best;
+}
+
+/// Where the first `count` of the pieces lead to.
+SearchPose PoseBehind(const Catalogue& catalogue, const Rows& rows, std::size_t count, const BuildCursor& start) {
+    Pose pose = start;
+    for (std::size_t place = 0; place < count; ++place)
+        pose = ExitOf(catalogue[rows[place]].Kind, pose);
+    return {pose.CursorX, pose.CursorY, NearestHeading(pose.CursorHeading)};
+}
+
+/// Rotates the circuit to begin with the part that is kept, which it holds.
+void BeginOnKept(const std::vector<int>& kept, Rows& rows) {
+    const std::size_t count = rows.size();
+    for (std::size_t first = 0; first < count; ++first) {
+        const auto isThere = [&] {
+            for (std::size_t i = 0; i < kept.size(); ++i) {
+                if (rows[(first + i) % count] != kept[i]) return false;
+            }
+            return true;
+        };
+        if (!isThere()) continue;
+        std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end());
+        return;
+    }
+}
+
+} // namespace
+
+CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, const LoopRoom& room)
+    : catalogue_(catalogue), task_(task), room_(room) {}
+
+bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
+    std::vector<int> key = CircuitKey(catalogue_, loopRows);
+    if (keys_.contains(key) || loopRows.size() > MaxElements) return false;
+    Rows plain = loopRows;
+    if (task_.Kept) BeginOnKept(task_.Kept->Rows, plain);
+    auto rows = WithSpecialPieces(catalogue_, task_.Box, plain, task_.Kept ? task_.Kept->Rows.size() : 0);
+    if (!rows || !HasAll(catalogue_, *rows, task_.MustHave)) return false;
+    const auto laid = LaidInRoom(std::move(*rows), start);
+    if (!laid) return false;
+    keys_.insert(std::move(key));
+    found_.push_back({CircuitOf(*laid), OutlineKey(catalogue_, loopRows)});
+    if (found_.back().Circuit.Used == 1) wholeOutlines_.insert(found_.back().Outline);
+    return true;
+}
+
+/// The circuit as it lies, free of faults, where there is a place for it.
+std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const SearchPose& start) const {
+    Loop loop{{}, {start.X, start.Y, start.Heading}};
+    BuildCursor cursor = loop.Cursor();
+    if (task_.Kept) {
+        cursor = task_.Kept->At;
+    } else {
+        const std::size_t first = BestBeginning(catalogue_, rows);
+        loop.Start = PoseBehind(catalogue_, rows, first, cursor);
+        std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end());
+        // Loops that were grown lie in the room already; others must find their place.
+        Random random(task_.Seed);
+        const auto shift = room_.ShiftInto(LayLoop(catalogue_, rows, loop.Cursor()), random);
+        if (!shift) return std::nullopt;
+        loop.Start.X += shift->X;
+        loop.Start.Y += shift->Y;
+        cursor = loop.Cursor();
+    }
+    LaidLoop laid = LayLoop(catalogue_, rows, cursor);
+    if (!IsClosed(laid) || OverlapsItself(laid, {}) || !room_.Holds(laid)) return std::nullopt;
+    return Laid{std::move(rows), cursor, std::move(laid)};
+}
+
+LaidCircuit CircuitPool::CircuitOf(const Laid& laid) const {
+    LaidCircuit circuit;
+    circuit.Track = {{}, laid.Start.CursorX, laid.Start.CursorY, laid.Start.CursorHeading};
+    circuit.Track.ElementCodes.reserve(laid.Rows.size());
+    for (const int row : laid.Rows)
+        circuit.Track.ElementCodes.push_back(catalogue_[row].Code);
+    const BuiltLanes lanes = LanesAsBuilt(catalogue_, circuit.Track);
+    circuit.Length = (lanes.Lengths[0] + lanes.Lengths[1]) / 2;
+    circuit.Gap = laid.Loop.Gap;
+    circuit.Parts = ScorePartsOf(catalogue_, laid.Rows, laid.Loop, room_, task_.Box.Total(), circuit.Length,
+                                 lanes.Lengths[0] - lanes.Lengths[1]);
+    circuit.Used = circuit.Parts.Used;
+    circuit.Score = Score(circuit.Parts, task_.Weights);
+    return circuit;
+}
+
+} // namespace pistaro

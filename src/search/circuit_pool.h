@@ -1,0 +1,43 @@
+// The circuits that a search has found: each laid, checked and scored once.
+#pragma once
+
+#include "search/laying.h"
+#include "search/loop.h"
+
+#include <set>
+#include <vector>
+
+namespace pistaro {
+
+class CircuitPool {
+public:
+    /// All three must outlive it.
+    CircuitPool(const Catalogue& catalogue, const LayingTask& task, const LoopRoom& room);
+
+    const std::vector<FoundCircuit>& Found() const { return found_; }
+
+    /// How many of different outlines use the whole box.
+    int CountOfWhole() const { return static_cast<int>(wholeOutlines_.size()); }
+
+    /// Takes a loop of basic pieces, and of those that are kept, where it is a circuit unlike those that are known and
+    /// has what it must have. Gives whether it is.
+    bool Add(const Rows& loopRows, const SearchPose& start);
+
+private:
+    struct Laid {
+        pistaro::Rows Rows;
+        BuildCursor Start;
+        LaidLoop Loop;
+    };
+
+    std::optional<Laid> LaidInRoom(Rows rows, const SearchPose& start) const;
+    LaidCircuit CircuitOf(const Laid& laid) const;
+
+    const Catalogue& catalogue_;
+    const LayingTask& task_;
+    const LoopRoom& room_;
+    std::vector<FoundCircuit> found_;
+    std::set<std::vector<int>> keys_, wholeOutlines_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,26 @@
+// What a circuit must have, whatever else it is laid from.
+#pragma once
+
+#include "search/piece_box.h"
+
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+struct MustHaves {
+    bool LapCounter = false;
+    bool BankedCurve = false;
+    bool ChangeOvers = false; ///< a pair of them
+    bool Chicane = false;     ///< complete: both its ends
+
+    bool operator==(const MustHaves&) const = default;
+};
+
+/// Whether a circuit of these rows has all of them.
+bool HasAll(const Catalogue& catalogue, const std::vector<int>& rows, const MustHaves& mustHave);
+
+/// "The box holds no lap counter.": the first of them that no circuit of the box can have; empty where there is none.
+std::string WhyNot(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave);
+
+} // namespace pistaro

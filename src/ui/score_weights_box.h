@@ -1,0 +1,32 @@
+// What a good circuit is: a slider for each part of the score, and how the chosen circuit does in it.
+#pragma once
+
+#include "search/circuit_score.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QSlider>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace pistaro {
+
+class ScoreWeightsBox : public QGroupBox {
+public:
+    /// `changed` is called when a weight was moved.
+    explicit ScoreWeightsBox(std::function<void()> changed);
+
+    ScoreWeights Weights() const;
+
+    /// Shows the parts of a circuit's score and the whole; nothing for none.
+    void Show(const std::optional<ScoreParts>& parts);
+
+private:
+    std::vector<QSlider*> sliders_;
+    std::vector<QLabel*> parts_;
+    QLabel* const lblScore_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,238 @@
+// Circuits from a box: the task that is made of a wish, what is told of a circuit, opening and keeping it, and the
+// search beside its owner.
+#include "commands/laying_commands.h"
+
+#include "commands/box_search.h"
+#include "posted_calls.h"
+#include "storage/circuit_file.h"
+#include "support/chain.h"
+#include "support/fault_of.h"
+#include "support/pieces.h"
+#include "support/scripted_prompts.h"
+#include "support/stock.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace pistaro {
+namespace {
+
+BoxWish WishOf(const char* box, Area area = {240, 160}) {
+    return {.Box = BoxOf(Pieces(), box), .Area = area};
+}
+
+class LayingCommands : public testing::Test {
+protected:
+    std::string WhyRefused(const BoxWish& wish) {
+        return FaultOf([&] { TaskFor(session_, wish); });
+    }
+
+    TemporaryFolder folder_;
+    ScriptedPrompts prompts_;
+    Session session_{Pieces(), prompts_, ProjectOf("C160 C160 C151R"), ""};
+    Design room_ = EmptyArea({240, 160});
+    std::optional<Circuit> opened_;
+};
+
+TEST_F(LayingCommands, MakeATaskOfARectangleAroundItsMiddle) {
+    BoxWish wish = WishOf("C151=8,C160=4");
+    wish.MiddleX = 100;
+    wish.MiddleY = -50;
+
+    const LayingTask task = TaskFor(session_, wish);
+
+    const RoomPolygon around{{{-20, -130, 0}, {220, -130, 1}, {220, 30, 1}, {-20, 30, 1}, {-20, -130, 1}}, 0};
+    EXPECT_EQ(task.Room, around);
+    EXPECT_EQ(task.Box.Total(), 12);
+}
+
+TEST_F(LayingCommands, RefuseWhatCannotBeLaid) {
+    EXPECT_EQ(WhyRefused(WishOf("C160=0")), "Refused: the box is empty");
+    BoxWish inDesign = WishOf("C151=8");
+    inDesign.Area.reset();
+    EXPECT_EQ(WhyRefused(inDesign), "Refused: the design has no room with walls");
+    BoxWish counted = WishOf("C151=8");
+    counted.MustHave.LapCounter = true;
+    EXPECT_EQ(WhyRefused(counted), "Refused: The box holds no lap counter.");
+    BoxWish keepsAdapter = WishOf("C151=8,N10110=2");
+    keepsAdapter.Kept = KeptPart{{Pieces().FindRow("N10110")}, {}};
+    EXPECT_EQ(WhyRefused(keepsAdapter), "Refused: the part that is kept must begin and end within one system");
+}
+
+TEST_F(LayingCommands, TakeThePiecesOfAllTracks) {
+    session_.Project.Design.Circuit.Tracks[1] = Chain("C160 C277");
+
+    const PieceBox box = BoxOfDesign(session_);
+
+    EXPECT_EQ(box, BoxOf(Pieces(), "C160=3,C151=1,C277=1"));
+}
+
+TEST_F(LayingCommands, PriceOnlyWhatIsNotOwned) {
+    SetStock(session_.Project, "C160", 3, 2.5F);
+    SetStock(session_.Project, "C151L", 4, 4);
+    const Track track = Chain("C160 C160 C160 C160 C160 C151L C151R");
+
+    EXPECT_EQ(PriceOfLacking(session_, track), 500);
+}
+
+TEST_F(LayingCommands, TellHowMuchOfTheBoxACircuitUses) {
+    LaidCircuit circuit;
+    circuit.Track = Chain("C160 C160 C160");
+    circuit.Used = 0.956;
+    circuit.Length = 1234.5;
+    session_.Project.Preferences.Units.Currency = "EUR";
+
+    EXPECT_EQ(UseText(circuit), "96 % of the box, 3 pieces");
+    EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m, 0.00 EUR");
+}
+
+TEST_F(LayingCommands, OpenACircuitAsOneStepThatUndoTakesBack) {
+    const Circuit before = session_.Project.Design.Circuit;
+
+    session_.Do([&] { OpenAsNew(session_, room_, Chain("C151L C151L"), opened_); });
+
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151L C151L");
+    EXPECT_EQ(session_.Project.Design.Room, room_.Room);
+    EXPECT_TRUE(session_.Project.EditState.DataChanged);
+    EXPECT_EQ(session_.History().Caption(session_.History().Present()), "Circuit from My Box");
+    session_.GoTo(session_.History().Present() - 1);
+    EXPECT_EQ(session_.Project.Design.Circuit, before);
+    EXPECT_FALSE(session_.History().CanUndo());
+}
+
+TEST_F(LayingCommands, AskBeforeUnsavedWorkGivesWayButNotForWhatWasOpenedBefore) {
+    session_.Project.EditState.DataChanged = true;
+    prompts_.Answers = {Answer::Cancel, Answer::Ok};
+
+    EXPECT_FALSE(OpenAsNew(session_, room_, Chain("C151L"), opened_));
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C160 C160 C151R");
+    EXPECT_TRUE(OpenAsNew(session_, room_, Chain("C151L C160"), opened_));
+    EXPECT_TRUE(OpenAsNew(session_, room_, Chain("C151R C160"), opened_));
+
+    EXPECT_EQ(prompts_.Asked.size(), 2U);
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151R C160");
+}
+
+TEST_F(LayingCommands, KeepOneCircuitUnderItsNameAndSeveralWithNumbers) {
+    prompts_.Files = {folder_ / "one.trk", folder_ / "many.trk"};
+
+    EXPECT_TRUE(KeepAsFiles(session_, room_, {Chain("C151L")}));
+    EXPECT_TRUE(KeepAsFiles(session_, room_, {Chain("C160"), Chain("C159")}));
+
+    EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "one.trk").Circuit.Tracks[0]), "C151L");
+    EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-01.trk").Circuit.Tracks[0]), "C160");
+    EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-02.trk").Circuit.Tracks[0]), "C159");
+    EXPECT_EQ(ReadCircuit(folder_ / "many-02.trk").Room, room_.Room);
+}
+
+TEST_F(LayingCommands, LeaveAllFilesWhereOneShallNotBeOverwritten) {
+    prompts_.Files = {folder_ / "kept.trk", folder_ / "kept.trk"};
+    KeepAsFiles(session_, room_, {Chain("C151L"), Chain("C160")});
+    prompts_.Answers = {Answer::Yes, Answer::No};
+
+    EXPECT_FALSE(KeepAsFiles(session_, room_, {Chain("C159"), Chain("C159")}));
+
+    EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "kept-01.trk").Circuit.Tracks[0]), "C151L");
+    EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "kept-02.trk").Circuit.Tracks[0]), "C160");
+}
+
+TEST_F(LayingCommands, TakeThePartThatIsKeptFromWhereItLies) {
+    const KeptPart part = PartOf(session_, 1, 2);
+
+    EXPECT_EQ(part.Rows, (std::vector<int>{Pieces().FindRow("C160"), Pieces().FindRow("C151R")}));
+    // A standard straight leads up by 35 cm.
+    EXPECT_FLOAT_EQ(part.At.CursorX, session_.Project.Design.Circuit.Tracks[0].TrackStartX);
+    EXPECT_FLOAT_EQ(part.At.CursorY, session_.Project.Design.Circuit.Tracks[0].TrackStartY + 35);
+}
+
+/// A search whose calls are made on the test's thread.
+class BoxSearches : public testing::Test {
+protected:
+    LayingTask Task(const char* box) {
+        LayingTask task;
+        task.Box = BoxOf(Pieces(), box);
+        task.Room = EmptyArea({240, 160}).Room;
+        return task;
+    }
+
+    /// Makes what calls come until the search has come to a stop.
+    void WaitForTheEnd() {
+        while (search_.Standing() == BoxStanding::Runs)
+            calls_.Take()();
+    }
+
+    std::vector<Track> Tracks() const {
+        std::vector<Track> tracks;
+        for (const FoundCircuit& found : search_.Found())
+            tracks.push_back(found.Circuit.Track);
+        return tracks;
+    }
+
+    PostedCalls calls_;
+    int heard_ = 0;
+    BoxSearch search_{Pieces(), [this](std::function<void()> call) { calls_.Put(std::move(call)); },
+                      [this] { ++heard_; }, [](const JobEnd& end) { end(); }};
+};
+
+constexpr const char* LargerBox = "C151=12,C160=6,C159=2";
+
+TEST_F(BoxSearches, EndWithAllThatASmallBoxMakes) {
+    search_.Start(Task("C151=8,C160=4"));
+    WaitForTheEnd();
+
+    EXPECT_EQ(search_.Standing(), BoxStanding::Complete);
+    EXPECT_EQ(search_.Found().size(), 5U);
+}
+
+TEST_F(BoxSearches, FindTheSameWhetherTheyAreStoppedOrNot) {
+    search_.Start(Task(LargerBox));
+    WaitForTheEnd();
+    const std::vector<Track> whole = Tracks();
+
+    search_.Start(Task(LargerBox));
+    int pauses = 0;
+    while (search_.Standing() == BoxStanding::Runs) {
+        search_.Pause();
+        WaitForTheEnd();
+        if (search_.Standing() != BoxStanding::Paused) break;
+        ++pauses;
+        search_.GoOn();
+    }
+
+    EXPECT_GT(pauses, 0);
+    EXPECT_EQ(search_.Standing(), BoxStanding::Ended);
+    EXPECT_EQ(Tracks(), whole);
+}
+
+TEST_F(BoxSearches, FindMoreWhenTheyGoOnBehindTheirEnd) {
+    search_.Start(Task(LargerBox));
+    WaitForTheEnd();
+    const std::size_t before = search_.Found().size();
+
+    search_.GoOn();
+    WaitForTheEnd();
+
+    EXPECT_GT(search_.Found().size(), before);
+}
+
+TEST_F(BoxSearches, StopAtOnceWhenTheyAreCancelledAndKeepWhatWasFound) {
+    search_.Start(Task("C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
+    while (search_.Found().empty())
+        calls_.Take()();
+    const std::size_t before = search_.Found().size();
+
+    const auto asked = std::chrono::steady_clock::now();
+    search_.Cancel();
+    const auto waited = std::chrono::steady_clock::now() - asked;
+
+    EXPECT_LT(waited, std::chrono::seconds(2)); // on a machine under load; it is a few milliseconds
+    EXPECT_EQ(search_.Standing(), BoxStanding::Idle);
+    calls_.MakeAll();
+    EXPECT_EQ(search_.Found().size(), before);
+    EXPECT_EQ(search_.Standing(), BoxStanding::Idle);
+}
+
+} // namespace
+} // namespace pistaro

@@ -1,0 +1,244 @@
+// Circuits from a box in the window: the box, the room and what a circuit must have, the search beside the window, and
+// what is done with the circuits that it finds.
+#include "ui/frmBox.h"
+
+#include "storage/circuit_file.h"
+#include "support/stock.h"
+#include "support/temporary_folder.h"
+#include "ui/window_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace pistaro {
+namespace {
+
+using testing::HasSubstr;
+
+class MyBox : public WindowTest {
+protected:
+    void OpenBox(pistaro::Project project = ProjectOf("")) {
+        Open(std::move(project));
+        Choose("mnuFromBox");
+    }
+
+    frmBox& Dialog() { return *Window->findChild<frmBox*>(); }
+    QListWidget& Circuits() { return Find<QListWidget>("lstCircuits"); }
+    PieceCounts& Box() { return *Dialog().findChild<PieceCounts*>("lstBox"); }
+
+    /// A control of an array by its place.
+    template <typename Control>
+    Control& At(const char* name, int index) {
+        for (Control* const control : Dialog().findChildren<Control*>(name)) {
+            if (control->property("Index").toInt() == index) return *control;
+        }
+        throw std::logic_error(name);
+    }
+
+    void PressHere(const char* name) { QTest::mouseClick(&Find<QPushButton>(name), Qt::LeftButton); }
+
+    /// Looks for circuits of these pieces, and waits for the end.
+    void Search(const char* box) {
+        Box().Show(BoxOf(Pieces(), box));
+        PressHere("cmdSearch");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Find<QPushButton>("cmdCancelSearch").isEnabled(); }, 60'000));
+    }
+
+    void ClickCircuit(int row, Qt::KeyboardModifiers keys = {}) {
+        QTest::mouseClick(Circuits().viewport(), Qt::LeftButton, keys,
+                          Circuits().visualItemRect(Circuits().item(row)).center());
+    }
+};
+
+TEST_F(MyBox, BeginsWithWhatIsOwned) {
+    pistaro::Project project = ProjectOf("");
+    SetStock(project, "C151L", 8);
+    SetStock(project, "C160", 4);
+
+    OpenBox(project);
+
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=8,C160=4"));
+    EXPECT_FALSE(Dialog().isModal());
+    EXPECT_FALSE(Find<QRadioButton>("optRoomDesign").isEnabled());
+    EXPECT_TRUE(Find<QRadioButton>("optRoomArea").isChecked());
+}
+
+TEST_F(MyBox, IsEmptiedFilledAndFilledWithSets) {
+    pistaro::Project project = ProjectOf("");
+    SetStock(project, "C160", 4);
+    OpenBox(project);
+
+    PressHere("cmdNoPieces");
+    EXPECT_EQ(Box().Box().Total(), 0);
+    PressHere("cmdAddSet");
+    const int set = Box().Box().Total();
+    PressHere("cmdAddSet");
+    EXPECT_GT(set, 0);
+    EXPECT_EQ(Box().Box().Total(), 2 * set);
+    PressHere("cmdAllOwned");
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C160=4"));
+}
+
+TEST_F(MyBox, TakesCountsThatAreTyped) {
+    OpenBox();
+    QTreeWidgetItem* const first = Box().topLevelItem(0);
+
+    QTest::mouseClick(Box().viewport(), Qt::LeftButton, {}, Box().visualItemRect(first).center());
+    auto* const editor = Box().findChild<QSpinBox*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(editor, "12");
+    QTest::keyClick(editor, Qt::Key_Return);
+
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=12"));
+}
+
+TEST_F(MyBox, ShowsAllCircuitsOfASmallBoxAsPictures) {
+    OpenBox();
+
+    Search("C151=8,C160=4");
+
+    ASSERT_EQ(Circuits().count(), 5);
+    EXPECT_EQ(Text("lblFound"), "5 circuits found; there are no others.");
+    EXPECT_EQ(Circuits().item(0)->text().toStdString(), "100 % of the box, 12 pieces\n3.26 m, 0.00 EUR");
+    EXPECT_FALSE(Circuits().item(0)->icon().isNull());
+    EXPECT_FALSE(Find<QPushButton>("cmdStop").isEnabled());
+}
+
+TEST_F(MyBox, OpensAClickedCircuitAsOneStep) {
+    OpenBox(ProjectOf("C160"));
+    Search("C151=8,C160=4");
+
+    ClickCircuit(0);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 12U);
+    EXPECT_FALSE(Project.Design.Room.Points.empty());
+    EXPECT_EQ(At<QLabel>("lblPart", 0).text(), "1.00");
+    ClickCircuit(4);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 8U);
+
+    EXPECT_TRUE(Prompts.Asked.empty()) << "a single piece is no work, nor is what was opened here";
+    Choose("mnuUndo");
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), "C160");
+}
+
+TEST_F(MyBox, KeepsChosenCircuitsAsFiles) {
+    const TemporaryFolder folder;
+    OpenBox();
+    Search("C151=8,C160=4");
+    Circuits().setCurrentRow(0);
+    ClickCircuit(2, Qt::ControlModifier);
+    Prompts.Files = {folder / "mine.trk"};
+
+    PressHere("cmdKeepCircuits");
+
+    EXPECT_EQ(ReadCircuit(folder / "mine-01.trk").Circuit.Tracks[0].ElementCodes.size(), 12U);
+    EXPECT_EQ(ReadCircuit(folder / "mine-02.trk").Circuit.Tracks[0].ElementCodes.size(), 12U);
+    EXPECT_TRUE(Codes().empty()) << "choosing with Ctrl opens nothing";
+}
+
+TEST_F(MyBox, FollowsTheWeightsAtOnce) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    Circuits().setCurrentRow(0);
+    EXPECT_EQ(Circuits().item(4)->text().toStdString().substr(0, 4), "67 %");
+
+    At<QSlider>("sldWeight", 0).setValue(0); // the use of the box
+    for (int part = 1; part < 7; ++part)
+        At<QSlider>("sldWeight", part).setValue(part == 6 ? 100 : 0); // the distance to the walls alone
+
+    EXPECT_EQ(Find<QLabel>("lblScore").text(), At<QLabel>("lblPart", 6).text());
+}
+
+TEST_F(MyBox, IsSearchedWhileTheWindowIsWorkedIn) {
+    OpenBox();
+    Box().Show(BoxOf(Pieces(), "C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
+
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0; }, 60'000));
+    EXPECT_THAT(Text("lblFound"), HasSubstr("looking on"));
+    Project.EditState.System = TrackSystem::Scalextric;
+    Click("cmdElement", "C160");
+    EXPECT_EQ(Codes(), "C160");
+
+    PressHere("cmdStop");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStop").text() == "&Go On"; }, 60'000));
+    const int before = Circuits().count();
+    PressHere("cmdStop");
+    EXPECT_EQ(Find<QPushButton>("cmdStop").text(), "S&top");
+    PressHere("cmdCancelSearch");
+    EXPECT_GE(Circuits().count(), before);
+    EXPECT_FALSE(Find<QPushButton>("cmdCancelSearch").isEnabled());
+}
+
+TEST_F(MyBox, TellsWhatTheBoxLacks) {
+    OpenBox();
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4"));
+    Find<QCheckBox>("chkChicane").setChecked(true);
+
+    PressHere("cmdSearch");
+
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_EQ(Prompts.Told[0].Text, "Refused: The box holds no two ends of a chicane.");
+}
+
+TEST_F(MyBox, HoldsOnlyCircuitsWithWhatTheyMustHave) {
+    OpenBox();
+    Find<QCheckBox>("chkLapCounter").setChecked(true);
+
+    Search("C151=8,C160=4,C277=1,C159=1");
+
+    ASSERT_GT(Circuits().count(), 0);
+    for (int row = 0; row < Circuits().count(); ++row) {
+        ClickCircuit(row);
+        EXPECT_THAT(Codes(), HasSubstr("C277"));
+    }
+}
+
+TEST_F(MyBox, FitsOnASmallScreen) {
+    OpenBox();
+
+    EXPECT_LE(Dialog().width(), 1024);
+    EXPECT_LE(Dialog().height(), 700);
+}
+
+class VariationsOfADesign : public MyBox {};
+
+TEST_F(VariationsOfADesign, AreNotOfferedWithoutPieces) {
+    Open(ProjectOf(""));
+
+    EXPECT_FALSE(Entry("mnuVariations").isEnabled());
+}
+
+TEST_F(VariationsOfADesign, AreLaidFromItsPieces) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+
+    Choose("mnuVariations");
+
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=8,C160=4"));
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
+    EXPECT_GT(Circuits().count(), 1);
+}
+
+TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
+    pistaro::Project project = ProjectOf("C160 C159 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R C159");
+    project.EditState.CurrentElement[0] = 3;
+    project.EditState.RunFrom = 0;
+    Open(project);
+    Choose("mnuVariations");
+    EXPECT_TRUE(Find<QCheckBox>("chkKeepPart").isChecked());
+
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Find<QPushButton>("cmdCancelSearch").isEnabled(); }, 60'000));
+
+    ASSERT_GT(Circuits().count(), 1);
+    const BuildCursor start = project.Design.Circuit.Tracks[0].Start();
+    for (int row = 0; row < Circuits().count(); ++row) {
+        ClickCircuit(row);
+        EXPECT_EQ(Codes().substr(0, 21), "C160 C159 C151R C151R");
+        EXPECT_EQ(Project.Design.Circuit.Tracks[0].Start(), start);
+    }
+}
+
+} // namespace
+} // namespace pistaro
