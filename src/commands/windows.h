@@ -1,6 +1,8 @@
 // The windows that commands open. A script has none.
 #pragma once
 
+#include "model/scaled_background.h"
+
 #include <string>
 
 namespace pistaro {
@@ -35,6 +37,9 @@ public:
     /// What closes the current track, and other pieces for some of it: to be gone through and laid.
     virtual void ShowClosings() = 0;
     virtual void ShowReplacements() = 0;
+
+    /// Where a picture is to lie under the circuit, and how large it is; its size may be open yet.
+    virtual void ShowBackground(const ScaledBackground& proposed) = 0;
 
     virtual void ShowExport() = 0;
     virtual void ShowPrint() = 0;

@@ -6,6 +6,7 @@
 #include "model/view_settings.h"
 
 #include <string>
+#include <vector>
 
 namespace pistaro {
 
@@ -34,6 +35,8 @@ public:
     virtual void Draw(const LineSegment& line, Colour colour) = 0;
     virtual void Draw(const ArcSegment& arc, Colour colour) = 0;
     virtual void Draw(const Ellipse& ellipse, Colour colour) = 0;
+    /// Fills a polygon that is not closed by a repeated point; what knows strokes alone leaves it out.
+    virtual void Fill(const std::vector<WorldPoint>&, Colour) {}
     /// Plots a point, which is then the text position.
     virtual void DrawPoint(WorldPoint point, Colour colour) = 0;
     /// Prints at the text position, which is the text's top left.

@@ -1,6 +1,7 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
+#include "platform/fault.h"
 #include "ui/canvas_legend.h"
 
 #include <QPainter>
@@ -53,8 +54,18 @@ void CircuitView::Invalidate(const Changes& changes) {
 void CircuitView::Redraw() {
     rest_.stop();
     drawing_.Redraw(session_.Catalogue, session_.Project, session_.Background ? session_.Background->Image() : QImage(),
-                    Frame(), Look());
+                    Frame(), Look(), ScaledPicture());
     stale_ = moved_ = false;
+}
+
+QImage CircuitView::ScaledPicture() const {
+    const auto& background = session_.Project.Background;
+    if (!background) return {};
+    try {
+        return session_.Pictures.Of(background->Picture, "background").Image();
+    } catch (const Fault&) {
+        return {}; // as was told when the circuit was loaded
+    }
 }
 
 TrackLook CircuitView::Look() const { return session_.Looks.Surface ? TrackLook::Surface : TrackLook::Lines; }

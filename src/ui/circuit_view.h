@@ -44,6 +44,8 @@ protected:
 private:
     const ViewSettings& View() const { return session_.Project.Design.View; }
     TrackLook Look() const;
+    /// The pixels of the background that is to scale; none where there is none, or it is no picture.
+    QImage ScaledPicture() const;
     bool FitsFrame() const;
 
     /// Says in a line how an empty circuit is begun.

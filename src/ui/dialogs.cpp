@@ -1,5 +1,6 @@
 #include "ui/dialogs.h"
 
+#include "ui/frmBackground.h"
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
 #include "ui/frmExport.h"
@@ -37,6 +38,8 @@ void Dialogs::ShowColours() { frmColors(session_, &window_).exec(); }
 void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
 
 void Dialogs::ShowSets() { frmSets(session_, &window_).exec(); }
+void Dialogs::ShowBackground(const ScaledBackground& proposed) { frmBackground(session_, proposed, &window_).exec(); }
+
 void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
 
 void Dialogs::ShowPrint() { frmPrint(session_, &window_).exec(); }

@@ -10,6 +10,7 @@ namespace pistaro {
 class NamedWindows : public Windows {
 public:
     std::string Opened; ///< each with a blank after it
+    ScaledBackground Background;
 
     void ShowRecovered() override { Opened += "recovered "; }
     void ShowDrawArea() override { Opened += "draw area "; }
@@ -23,6 +24,10 @@ public:
     void ShowHistory() override { Opened += "history "; }
     void ShowClosings() override { Opened += "closings "; }
     void ShowReplacements() override { Opened += "replacements "; }
+    void ShowBackground(const ScaledBackground& proposed) override {
+        Opened += "background ";
+        Background = proposed;
+    }
     void ShowExport() override { Opened += "export "; }
     void ShowPrint() override { Opened += "print "; }
     void PutOnClipboard(const Clipping& clipping) override { Opened += "copy " + clipping.Text + " "; }
