@@ -9,13 +9,17 @@
 #include "platform/processes.h"
 #include "storage/settings_file.h"
 #include "ui/frmAbout.h"
+#include "ui/frmBackground.h"
 #include "ui/frmBox.h"
 #include "ui/frmCorvel.h"
+#include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmSamples.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QBuffer>
+#include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -77,12 +81,13 @@ private:
 };
 
 /// The dialogs by the menu entries that open them.
-constexpr std::array<std::pair<const char*, const char*>, 5> Dialogs{{
+constexpr std::array<std::pair<const char*, const char*>, 6> Dialogs{{
     {"mnuDrawArea", "draw-area"},
     {"mnuColors", "colours"},
     {"mnuTrackStock", "loose-track"},
     {"mnuStats", "statistics"},
     {"mnuSets", "boxed-sets"},
+    {"mnuExport", "export"},
 }};
 
 /// The circuit of the first chapter after each of its steps: what was laid last is selected, as in the window.
@@ -134,6 +139,54 @@ void PhotographTour(const Photographer& photographer, Session& session, frmCorve
     QTest::mouseClick(window.findChild<QAbstractButton*>("cmdEndTour"), Qt::LeftButton);
 }
 
+/// The overview of the tiles that the floor takes at 1:4.
+void PhotographPrinting(Session& session, const Photographer& photographer) {
+    frmPrint dialog(session);
+    dialog.show();
+    dialog.findChild<QDoubleSpinBox*>("spnScale")->setValue(4);
+    for (QRadioButton* const choice : dialog.findChildren<QRadioButton*>("optSize"))
+        choice->setChecked(choice->property("Index").toInt() == 1);
+    photographer.Take(dialog, "print");
+}
+
+/// A plan of a room with a door and a table.
+std::string FloorPlan() {
+    QImage plan(720, 540, QImage::Format_RGB32);
+    plan.fill(QColor(250, 248, 240));
+    QPainter painter(&plan);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(70, 74, 80), 9, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawPolyline(QPolygonF({{500, 20}, {20, 20}, {20, 520}, {700, 520}, {700, 20}, {620, 20}}));
+    painter.setPen(QPen(QColor(150, 154, 160), 3));
+    painter.drawArc(QRectF(500, -100, 240, 240), 180 * 16, 90 * 16);
+    painter.drawLine(620, 20, 620, 140);
+    painter.setBrush(QColor(238, 226, 204));
+    painter.drawRoundedRect(QRectF(36, 380, 200, 124), 8, 8);
+    painter.end();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    plan.save(&buffer, "PNG");
+    return bytes.toStdString();
+}
+
+/// The floor plan whose longer wall is clicked at both ends, and the circuit on it.
+void PhotographBackground(Session& session, frmCorvel& window, const Photographer& photographer) {
+    frmBackground dialog(session, {.Picture = std::make_shared<const std::string>(FloorPlan())});
+    dialog.show();
+    auto& picture = *dialog.findChild<MarkedPicture*>("picBackground");
+    QApplication::processEvents();
+    const double scale = std::min(picture.width() / 720.0, picture.height() / 540.0);
+    const QPointF corner = QPointF(picture.width() - 720 * scale, picture.height() - 540 * scale) / 2;
+    for (const QPointF end : {QPointF(20, 520), QPointF(700, 520)})
+        QTest::mouseClick(&picture, Qt::LeftButton, {}, (corner + end * scale).toPoint());
+    dialog.findChild<QDoubleSpinBox*>("spnDistance")->setValue(480);
+    photographer.Take(dialog, "background");
+    dialog.findChild<QPushButton*>("cmdOk")->click();
+    QApplication::processEvents();
+    photographer.Take(window.Canvas(), "background-canvas");
+    session.Do([&] { session.Project.Background.reset(); });
+}
+
 void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& sample, const QString& folder) {
     const Photographer photographer(folder);
     SilentUser user;
@@ -172,6 +225,8 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     photographer.Take(samples, "samples");
     samples.close();
     PhotographTour(photographer, session, window);
+    PhotographPrinting(session, photographer);
+    PhotographBackground(session, window, photographer);
     frmAbout about(session.Catalogue, &window);
     about.show();
     photographer.Take(about, "about");

@@ -32,6 +32,7 @@ ExportOptions OptionsOf(const ExportArguments& arguments) {
     options.Parts.Numbers = arguments.Numbers;
     options.Parts.Grid = arguments.Grid;
     options.Parts.Room = arguments.Room;
+    options.Parts.Surface = arguments.Surface;
     options.Sheets.Scale = ScaleIn(arguments.Scale);
     options.Sheets.Paper = FindPaper(arguments.Paper);
     options.Sheets.Tiles = arguments.Tiles;
@@ -76,6 +77,7 @@ std::string WhyNotTogether(const ExportArguments& arguments) {
         return "--scale goes with .png, .svg and .pdf alone; in other files the circuit has its full size";
     if ((arguments.Numbers || arguments.Grid || arguments.Room) && !drawn)
         return "--numbers, --grid and --room go with drawings alone";
+    if (arguments.Surface && !onPaper) return "--surface goes with .png, .svg and .pdf alone";
     return {};
 }
 

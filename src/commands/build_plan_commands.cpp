@@ -3,17 +3,18 @@
 #include "commands/export_commands.h"
 #include "imaging/build_plan_pdf.h"
 #include "platform/fault.h"
-#include "platform/files.h"
+#include "platform/file_endings.h"
 #include "report/build_plan.h"
 #include "report/viewer.h"
+
+#include <array>
 
 namespace pistaro {
 
 std::optional<PlanFormat> PlanFormatOf(const std::filesystem::path& file) {
-    const std::string ending = EndingIn(file);
-    if (ending == ".html") return PlanFormat::Html;
-    if (ending == ".pdf") return PlanFormat::Pdf;
-    return std::nullopt;
+    constexpr std::array endings{FileEnding<PlanFormat>{".html", PlanFormat::Html},
+                                 FileEnding<PlanFormat>{".pdf", PlanFormat::Pdf}};
+    return FormatIn(endings, file);
 }
 
 std::string BuildPlanBytes(const Catalogue& catalogue, const Project& project, int track, PlanFormat format,

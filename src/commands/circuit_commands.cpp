@@ -1,5 +1,6 @@
 #include "commands/circuit_commands.h"
 
+#include "commands/background_commands.h"
 #include "editor/building.h"
 #include "editor/circuit_files.h"
 #include "platform/fault.h"
@@ -32,11 +33,19 @@ void Load(Session& session, const std::filesystem::path& file) {
     session.TellLeaving();
     session.NoteLoaded(LoadCircuit(session.Project, file));
     OfferItsSystem(session);
+    LoadBackground(session);
     RememberFolder(session);
 }
 
-void Save(Session& session, const std::filesystem::path& file) {
+/// The circuit and, beside it, the picture under it.
+void SaveDesign(Session& session, const std::filesystem::path& file) {
+    BackgroundToSave background(session, file);
     session.NoteSaved(SaveCircuit(session.Project, file));
+    background.TakePlace();
+}
+
+void Save(Session& session, const std::filesystem::path& file) {
+    SaveDesign(session, file);
     RememberFolder(session);
 }
 
@@ -138,7 +147,7 @@ void PlainSaveCommand(Session& session) {
         session.Prompts.Ask(ChangedText(file) + " Overwrite it?", Buttons::YesNo) != Answer::Yes)
         return;
     const std::string folder = session.Project.Preferences.WorkingDirectory;
-    session.NoteSaved(SaveCircuit(session.Project, file));
+    SaveDesign(session, file);
     if (session.Project.Preferences.WorkingDirectory != folder) RememberFolder(session);
 }
 

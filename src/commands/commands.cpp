@@ -1,6 +1,7 @@
 // The table's rows, group by group. It is long because it is the one place that lists every command.
 #include "commands/commands.h"
 
+#include "commands/background_commands.h"
 #include "commands/build_plan_commands.h"
 #include "commands/canvas_commands.h"
 #include "commands/circuit_commands.h"
@@ -52,6 +53,10 @@ std::string HasBackground(const Session& session) {
 }
 
 std::string HasWindows(const Session& session) { return session.Windows == nullptr ? "There is no window." : ""; }
+
+std::string HasScaledBackground(const Session& session) {
+    return session.Project.Background ? HasWindows(session) : "No picture lies under the circuit at its true size.";
+}
 
 std::string KeepsWork(const Session& session) {
     return session.Windows == nullptr || session.Recovery == nullptr ? "There is no folder to keep unsaved work in."
@@ -497,6 +502,27 @@ void AddBackgroundCommands(std::vector<Command>& rows) {
                     .From = Door::WindowOnly,
                     .WhyNot = HasBackground,
                     .Run = [](Session& session) { session.Background.reset(); }});
+    rows.push_back({.Id = "background import",
+                    .Control = "mnuBackgroundImport",
+                    .Caption = "&Import Background to Scale…",
+                    .Tip = "Lay a picture under the circuit at its true size, and keep it with the circuit",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasWindows,
+                    .Run = ImportBackgroundCommand});
+    rows.push_back({.Id = "background place",
+                    .Control = "mnuBackgroundPlace",
+                    .Caption = "&Place Background…",
+                    .Tip = "Move, turn or scale the picture that lies under the circuit at its true size",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasScaledBackground,
+                    .Run = [](Session& session) { session.Windows->ShowBackground(*session.Project.Background); }});
+    rows.push_back({.Id = "background remove",
+                    .Control = "mnuBackgroundRemove",
+                    .Caption = "&Remove Background to Scale",
+                    .Tip = "Take the picture away that lies under the circuit at its true size",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasScaledBackground,
+                    .Run = [](Session& session) { SetBackground(session, nullptr); }});
 }
 
 /// A row that shows a panel, or hides it.

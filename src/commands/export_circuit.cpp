@@ -5,7 +5,7 @@
 #include "imaging/pdf_file.h"
 #include "imaging/sheet_picture.h"
 #include "imaging/svg_file.h"
-#include "platform/files.h"
+#include "platform/file_endings.h"
 
 #include <algorithm>
 #include <array>
@@ -14,14 +14,11 @@ namespace pistaro {
 
 namespace {
 
-struct Ending {
-    const char* Text;
-    ExportFormat Format;
-};
+using ExportEnding = FileEnding<ExportFormat>;
 
-constexpr std::array Endings{Ending{".png", ExportFormat::Png}, Ending{".svg", ExportFormat::Svg},
-                             Ending{".pdf", ExportFormat::Pdf}, Ending{".dxf", ExportFormat::Dxf},
-                             Ending{".csv", ExportFormat::Csv}, Ending{".json", ExportFormat::Json}};
+constexpr std::array Endings{ExportEnding{".png", ExportFormat::Png}, ExportEnding{".svg", ExportFormat::Svg},
+                             ExportEnding{".pdf", ExportFormat::Pdf}, ExportEnding{".dxf", ExportFormat::Dxf},
+                             ExportEnding{".csv", ExportFormat::Csv}, ExportEnding{".json", ExportFormat::Json}};
 
 /// What the format makes of what was left open.
 SheetOptions SheetsFor(ExportFormat format, const SheetOptions& given, const Box& extent) {
@@ -46,27 +43,11 @@ std::string DrawingBytes(const CircuitDrawing& drawing, ExportFormat format, con
 
 } // namespace
 
-std::string ExportEndings() {
-    std::string text;
-    for (const Ending& ending : Endings)
-        text += (text.empty() ? "" : ", ") + std::string(ending.Text);
-    return text;
-}
+std::string ExportEndings() { return EndingsText(Endings); }
 
-const char* EndingOf(ExportFormat format) { return std::ranges::find(Endings, format, &Ending::Format)->Text; }
+const char* EndingOf(ExportFormat format) { return EndingOf(Endings, format); }
 
-std::string EndingIn(const std::filesystem::path& file) {
-    std::string text = TextFromPath(file.extension());
-    std::ranges::transform(text, text.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
-
-std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) {
-    const std::string text = EndingIn(file);
-    const auto found = std::ranges::find_if(Endings, [&](const Ending& ending) { return text == ending.Text; });
-    return found == Endings.end() ? std::nullopt : std::optional(found->Format);
-}
+std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) { return FormatIn(Endings, file); }
 
 std::string ExportBytes(const Catalogue& catalogue, const Project& project, ExportFormat format,
                         const ExportOptions& options) {

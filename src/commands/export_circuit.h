@@ -11,9 +11,6 @@
 
 namespace pistaro {
 
-/// A file's ending with its point, in small letters.
-std::string EndingIn(const std::filesystem::path& file);
-
 enum class ExportFormat { Png, Svg, Pdf, Dxf, Csv, Json };
 
 /// ".png".

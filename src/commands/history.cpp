@@ -68,7 +68,8 @@ std::size_t OwnBytes(const std::shared_ptr<Value>& block) {
 void History::Record(const Project& before, const Project& after, const StepName& name) {
     const bool viewChanged = before.Design.View != after.Design.View;
     const bool designChanged = before.Design.Circuit != after.Design.Circuit ||
-                               before.Design.Room != after.Design.Room || (name.EditsView && viewChanged);
+                               before.Design.Room != after.Design.Room || before.Background != after.Background ||
+                               (name.EditsView && viewChanged);
     const bool otherCircuit = name.BeginsCircuit && before.EditState != after.EditState;
     if (!designChanged && !otherCircuit) return;
 
@@ -99,6 +100,7 @@ void History::GoTo(std::size_t state, Project& project) {
         track.TrackStartHeading = to.Starts[at].CursorHeading;
     }
     project.Design.Room = *to.Room;
+    project.Background = to.Background;
     project.Design.View = *to.View;
     project.EditState.CurrentTrack = to.CurrentTrack;
     project.EditState.CurrentElement = to.CurrentElement;
@@ -132,6 +134,7 @@ History::State History::StateOf(const Project& project, const StepName& name, co
         state.Starts[at] = track.Start();
     }
     state.Room = Shared(last ? last->Room : nullptr, RoomPolygon(project.Design.Room));
+    state.Background = project.Background;
     state.View = last && !setsView ? last->View : std::make_shared<ViewSettings>();
     state.File = last && !name.BeginsCircuit ? last->File : std::make_shared<std::filesystem::path>();
     Leave(state, project);

@@ -61,6 +61,7 @@ private:
         std::array<std::shared_ptr<const std::string>, TrackCount> Codes; ///< each followed by a line feed
         std::array<BuildCursor, TrackCount> Starts;
         std::shared_ptr<const RoomPolygon> Room;
+        std::shared_ptr<const ScaledBackground> Background;
         std::shared_ptr<ViewSettings> View;          ///< one for all states between two that set it
         std::shared_ptr<std::filesystem::path> File; ///< one for all states of a circuit
         std::string NameOfWork;                      ///< that of recovered work

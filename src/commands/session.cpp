@@ -97,7 +97,7 @@ void Session::Finish(const pistaro::Project& before, const std::optional<Picture
     if (!moved_) history_.Record(before, Project, step_);
     if (newInFile_) history_.NoteOnlyOneInFile(Project.EditState.File);
     Changes changes = Difference(before, Project);
-    changes.Background = Background != background;
+    changes.Background = Background != background || Project.Background != before.Background;
     changes.Looks = Looks != looks;
     changes.Saved = noted_.Saved;
     changes.Discarded = noted_.Discarded;

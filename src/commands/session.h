@@ -38,6 +38,12 @@ struct Changes {
 
 class Recovery;
 
+/// The picture under the circuit as its file holds it.
+struct KeptBackground {
+    std::filesystem::path File;
+    std::shared_ptr<const ScaledBackground> Value;
+};
+
 using Observer = std::function<void(const Changes&)>;
 
 /// Its holder hears of changes as long as he holds it, and the session lives.
@@ -56,14 +62,16 @@ public:
     pistaro::Prompts& Prompts;
     pistaro::Project Project;
     const std::filesystem::path SettingsPath;
-    KnownFiles Files;                      ///< as they were read and written
-    RecentCircuits Recent;                 ///< kept nowhere in a script
-    std::optional<Picture> Background;     ///< behind the drawing
-    pistaro::Looks Looks;                  ///< of the window
-    bool Suggests = false;                 ///< the window shows the best closing of the current track
-    int PicturePixels;                     ///< width and height of the drawing as it is shown
-    pistaro::Windows* Windows = nullptr;   ///< null in a script
-    pistaro::Recovery* Recovery = nullptr; ///< what keeps unsaved work, where something does
+    KnownFiles Files;                       ///< as they were read and written
+    RecentCircuits Recent;                  ///< kept nowhere in a script
+    std::optional<Picture> Background;      ///< behind the drawing
+    pistaro::KeptBackground KeptBackground; ///< of the circuit's file, as it was read or written last
+    DecodedPicture Pictures;                ///< under the circuit
+    pistaro::Looks Looks;                   ///< of the window
+    bool Suggests = false;                  ///< the window shows the best closing of the current track
+    int PicturePixels;                      ///< width and height of the drawing as it is shown
+    pistaro::Windows* Windows = nullptr;    ///< null in a script
+    pistaro::Recovery* Recovery = nullptr;  ///< what keeps unsaved work, where something does
     std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
 
     /// Calls `observer` once after each piece of work, done or faulted, with what it has changed; and when a job has

@@ -1,6 +1,8 @@
 // The windows that commands open. A script has none.
 #pragma once
 
+#include "model/scaled_background.h"
+
 #include <string>
 
 namespace pistaro {
@@ -46,6 +48,9 @@ public:
     /// Circuits from pieces at hand; others from the pieces of the design.
     virtual void ShowBox() = 0;
     virtual void ShowVariations() = 0;
+
+    /// Where a picture is to lie under the circuit, and how large it is; its size may be open yet.
+    virtual void ShowBackground(const ScaledBackground& proposed) = 0;
 
     virtual void ShowExport() = 0;
     virtual void ShowPrint() = 0;

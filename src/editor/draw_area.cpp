@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <vector>
 
 namespace pistaro {
 
@@ -73,7 +75,25 @@ DrawArea DrawAreaOf(const DrawAreaFields& fields) {
     return area;
 }
 
+/// A room whose points have all moved alike takes the picture under it along.
+void FollowRoom(Project& project, const RoomPolygon& moved) {
+    const std::vector<RoomPoint>& from = project.Design.Room.Points;
+    const std::vector<RoomPoint>& to = moved.Points;
+    if (!project.Background || from.empty() || from.size() != to.size()) return;
+    const auto right = [&](std::size_t point) { return to[point].X - from[point].X; };
+    const auto up = [&](std::size_t point) { return to[point].Y - from[point].Y; };
+    for (std::size_t point = 0; point < from.size(); ++point) {
+        if (right(point) != right(0) || up(point) != up(0)) return;
+    }
+    if (right(0) == 0 && up(0) == 0) return;
+    ScaledBackground background = *project.Background;
+    background.X += right(0);
+    background.Y += up(0);
+    project.Background = std::make_shared<const ScaledBackground>(std::move(background));
+}
+
 void Put(Project& project, DrawArea&& area) {
+    FollowRoom(project, area.Room);
     project.Design.View = area.View;
     project.Design.Room = std::move(area.Room);
     project.Preferences.Grid = area.Grid;

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 
 namespace pistaro {
 
@@ -36,9 +37,11 @@ struct CanvasSurface {
 };
 
 void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const ViewSettings& view,
-                  const CanvasFrame& frame, const ViewRectangle& covered, TrackLook look) {
+                  const CanvasFrame& frame, const ViewRectangle& covered, TrackLook look,
+                  const std::function<void(QPainter&, const PainterSurface&)>& paintScaled) {
     canvas.Surface.Clear(preferences.Colours.Background);
     ShowView(view, canvas.Surface);
+    paintScaled(canvas.Painter, canvas.Surface);
     const ViewRectangle shown = ShownRectangle(view);
     canvas.Surface.RoundDots();
     const double width = double{shown.ViewRight} - shown.ViewLeft;
@@ -89,7 +92,12 @@ void KeptDrawing::DrawGroundOf(const QImage& backdrop) {
     picture_ = EmptyPicture(key_.Frame);
     hasBackdrop_ = !backdrop.isNull();
     CanvasSurface canvas(ground_, key_.Frame, {}, WholeOf(key_.Frame), backdrop);
-    DrawGroundOn(canvas, key_.Preferences, key_.View, key_.Frame, key_.Frame.Covered(key_.View), key_.Look);
+    DrawGroundOn(canvas, key_.Preferences, key_.View, key_.Frame, key_.Frame.Covered(key_.View), key_.Look,
+                 [this](QPainter& painter, const PainterSurface& surface) { PaintScaled(painter, surface); });
+}
+
+void KeptDrawing::PaintScaled(QPainter& painter, const PainterSurface& surface) const {
+    if (key_.Background) scaled_.Paint(painter, surface, *key_.Background, key_.Room);
 }
 
 void KeptDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part) {
@@ -114,10 +122,13 @@ const std::set<PlaceInCircuit>& KeptDrawing::BridgesIn(const Catalogue& catalogu
 }
 
 void KeptDrawing::Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop,
-                         const CanvasFrame& frame, TrackLook look) {
-    const GroundKey key{project.Preferences, project.Design.View, backdrop.cacheKey(), frame, look};
+                         const CanvasFrame& frame, TrackLook look, const QImage& scaled) {
+    GroundKey key{project.Preferences, project.Design.View, backdrop.cacheKey(), frame, look,
+                  project.Background,  RoomPolygon(),       scaled.cacheKey()};
+    if (key.Background) key.Room = project.Design.Room;
+    if (key.Scaled != key_.Scaled) scaled_ = ScaledBackdrop(scaled);
     if (key != key_ || !offset_.isNull() || ground_.isNull()) {
-        key_ = key;
+        key_ = std::move(key);
         offset_ = {};
         DrawGroundOf(backdrop);
     }
@@ -154,7 +165,8 @@ bool KeptDrawing::Shift(const Catalogue& catalogue, const Project& project) {
     for (const QRect& part : Uncovered(frame, by) + label + movedLabel) {
         {
             CanvasSurface ground(ground_, frame, offset_, part, {});
-            DrawGroundOn(ground, key_.Preferences, view, frame, covered, key_.Look);
+            DrawGroundOn(ground, key_.Preferences, view, frame, covered, key_.Look,
+                         [this](QPainter& painter, const PainterSurface& surface) { PaintScaled(painter, surface); });
         }
         QPainter(&picture_).drawImage(
             part, ground_, QRectF(QPointF(part.topLeft()) * frame.PixelRatio, QSizeF(part.size()) * frame.PixelRatio));

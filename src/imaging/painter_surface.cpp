@@ -167,6 +167,19 @@ void PainterSurface::DrawGridDots(const GridLines& columns, const GridLines& row
     }
 }
 
+void PainterSurface::Fill(const std::vector<WorldPoint>& polygon, Colour colour) {
+    QPolygonF places;
+    for (const WorldPoint point : polygon)
+        places << Mapped(point);
+    const QRectF around = places.boundingRect();
+    if (!IsVisible(around.center(), std::hypot(around.width(), around.height()) / 2)) return;
+    ForgetPen();
+    painter_.setPen(QPen(ToQColor(colour), 1)); // closes the seam to what lies beside it
+    painter_.setBrush(ToQColor(colour));
+    painter_.drawPolygon(places);
+    painter_.setBrush(Qt::NoBrush);
+}
+
 void PainterSurface::DrawPoint(WorldPoint point, Colour colour) {
     textPosition_ = Mapped(point);
     if (!IsVisible(textPosition_, 1)) return;

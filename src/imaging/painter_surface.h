@@ -47,6 +47,7 @@ public:
 
     /// Where a point of the world lies on the target's plane.
     QPointF PlaceOf(WorldPoint point) const { return Mapped(point); }
+    const QRectF& Part() const { return part_; }
     double DotsPerCm() const { return dotsPerCm_; }
     bool Shows(WorldPoint centre, double radius) const { return IsVisible(Mapped(centre), radius * dotsPerCm_); }
 
@@ -59,6 +60,7 @@ public:
     void Draw(const Ellipse& ellipse, Colour colour) override;
     void DrawGridLines(const GridLines& columns, const GridLines& rows, Colour colour) override;
     void DrawGridDots(const GridLines& columns, const GridLines& rows, double radius, Colour colour) override;
+    void Fill(const std::vector<WorldPoint>& polygon, Colour colour) override;
     void DrawPoint(WorldPoint point, Colour colour) override;
     void DrawText(const std::string& text, Colour colour) override;
     void SetFontSize(double points) override;

@@ -11,6 +11,7 @@ namespace pistaro {
 
 namespace {
 
+constexpr int AreaDecimals = 3; ///< of a cm; edges are chords anyhow
 constexpr double CmPerPoint = 2.54 / 72;
 
 QString Decimal(double value) {
@@ -52,6 +53,20 @@ public:
         xml_.writeAttribute(QStringLiteral("rx"), Decimal(ellipse.Radius));
         xml_.writeAttribute(QStringLiteral("ry"), Decimal(ellipse.Radius * ellipse.Aspect));
         xml_.writeAttribute(QStringLiteral("stroke"), ColourText(colour));
+    }
+
+    void Fill(const std::vector<WorldPoint>& polygon, Colour colour) override {
+        Flush();
+        std::string points;
+        for (const WorldPoint point : polygon) {
+            if (!points.empty()) points += ' ';
+            AppendDecimal(points, point.X, AreaDecimals);
+            points += ',';
+            AppendDecimal(points, -point.Y, AreaDecimals);
+        }
+        xml_.writeEmptyElement(QStringLiteral("polygon"));
+        xml_.writeAttribute(QStringLiteral("fill"), ColourText(colour));
+        xml_.writeAttribute(QStringLiteral("points"), QString::fromStdString(points));
     }
 
     void DrawPoint(WorldPoint point, Colour) override { textPosition_ = point; }
@@ -165,7 +180,7 @@ private:
             Attribute("data-code", QString::fromStdString(piece.Code));
             Attribute("data-index", QString::number(piece.Index));
             Attribute("data-track", QString::number(piece.Track + 1));
-            DrawPiece(piece.Placement, piece.Outline, drawing_.Preferences.Colours.Rail, surface_);
+            DrawPieceOf(drawing_, piece, surface_);
             surface_.Flush();
             xml_.writeEndElement();
         }

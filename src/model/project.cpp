@@ -19,6 +19,8 @@ void NewProject(Project& project) {
     project.Design.Circuit = std::move(empty);
     project.Design.View = ViewAround(0, 0, ViewSettings().Width, project.Preferences.MWid);
 
+    project.Background.reset();
+
     const EditState fresh;
     project.EditState.CurrentTrack = fresh.CurrentTrack;
     project.EditState.CurrentElement = fresh.CurrentElement;

@@ -3,6 +3,7 @@
 #include "layout/room_fit.h"
 #include "platform/fault.h"
 #include "render/redraw.h"
+#include "render/track_bed.h"
 #include "text/number_text.h"
 
 #include <cmath>
@@ -25,6 +26,12 @@ ColourScheme PaperColours(const ColourScheme& chosen, bool blackAndWhite) {
     }
     colours.Background = White;
     return colours;
+}
+
+/// A colour's brightness as a grey.
+Colour GreyOf(Colour colour) {
+    const auto light = static_cast<int>(0.299 * Red(colour) + 0.587 * Green(colour) + 0.114 * Blue(colour));
+    return Rgb(light, light, light);
 }
 
 Box ExtentOfStrokes(const PiecePlacement& placement) {
@@ -93,11 +100,19 @@ CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, con
     return drawing;
 }
 
+void DrawPieceOf(const CircuitDrawing& drawing, const DrawnPiece& piece, Surface& surface) {
+    if (drawing.Parts.Surface) {
+        for (const FilledArea& area : BedOf(piece.Placement, piece.Index == 0))
+            surface.Fill(area.Polygon, drawing.Parts.BlackAndWhite ? GreyOf(area.Fill) : area.Fill);
+    }
+    DrawPiece(piece.Placement, piece.Outline, drawing.Preferences.Colours.Rail, surface);
+}
+
 void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface) {
     const ColourScheme& colours = drawing.Preferences.Colours;
     if (drawing.Parts.Grid) DrawGrid(drawing.Preferences, part.Shown(), part.Width(), surface);
     for (const DrawnPiece& piece : drawing.Pieces) {
-        if (piece.Extent.Meets(part)) DrawPiece(piece.Placement, piece.Outline, colours.Rail, surface);
+        if (piece.Extent.Meets(part)) DrawPieceOf(drawing, piece, surface);
     }
     DrawRoom(drawing.Room, surface);
     if (!drawing.Parts.Numbers) return;

@@ -18,7 +18,8 @@ struct DrawnParts {
     bool Numbers = false;
     bool Grid = false;
     bool Room = false;
-    bool BlackAndWhite = false;
+    bool Surface = false;       ///< tracks as they look, under their lines
+    bool BlackAndWhite = false; ///< areas in grey
 
     bool operator==(const DrawnParts&) const = default;
 };
@@ -46,6 +47,9 @@ struct CircuitDrawing {
 /// selected. On paper the background is white: where the user's is dark, colours that show on it are replaced by those
 /// of a first run. Fault: the drawing reaches further than numbers do.
 CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, const DrawnParts& parts);
+
+/// A piece as its drawing shows it: its bed, where surfaces are drawn, and its lines.
+void DrawPieceOf(const CircuitDrawing& drawing, const DrawnPiece& piece, Surface& surface);
 
 /// Draws what of the drawing lies within a part of the world, pieces whole, onto a surface that shows that part.
 void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface);

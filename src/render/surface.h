@@ -7,6 +7,7 @@
 #include "render/grid_lines.h"
 
 #include <string>
+#include <vector>
 
 namespace pistaro {
 
@@ -35,6 +36,8 @@ public:
     virtual void Draw(const LineSegment& line, Colour colour) = 0;
     virtual void Draw(const ArcSegment& arc, Colour colour) = 0;
     virtual void Draw(const Ellipse& ellipse, Colour colour) = 0;
+    /// Fills a polygon that is not closed by a repeated point; what knows strokes alone leaves it out.
+    virtual void Fill(const std::vector<WorldPoint>&, Colour) {}
     /// A grid's lines, first the upright ones; or a circle at each of its crossings. One by one, unless the target
     /// knows a faster way to the same.
     virtual void DrawGridLines(const GridLines& columns, const GridLines& rows, Colour colour);

@@ -1,6 +1,7 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
+#include "platform/fault.h"
 #include "storage/settings_file.h"
 #include "ui/canvas_colours.h"
 #include "ui/canvas_legend.h"
@@ -58,7 +59,7 @@ void CircuitView::Invalidate(const Changes& changes) {
 void CircuitView::Redraw() {
     rest_.stop();
     drawing_.Redraw(session_.Catalogue, Drawn(), session_.Background ? session_.Background->Image() : QImage(), Frame(),
-                    Look());
+                    Look(), ScaledPicture());
     stale_ = moved_ = false;
 }
 
@@ -73,6 +74,16 @@ const Project& CircuitView::Drawn() {
     recoloured_ = session_.Project;
     recoloured_->Preferences.Colours = colours;
     return *recoloured_;
+}
+
+QImage CircuitView::ScaledPicture() const {
+    const auto& background = session_.Project.Background;
+    if (!background) return {};
+    try {
+        return session_.Pictures.Of(background->Picture, "background").Image();
+    } catch (const Fault&) {
+        return {}; // as was told when the circuit was loaded
+    }
 }
 
 TrackLook CircuitView::Look() const { return session_.Looks.Surface ? TrackLook::Surface : TrackLook::Lines; }

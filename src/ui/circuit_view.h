@@ -51,6 +51,9 @@ private:
 
     /// What is drawn: the session's, in the colours of the desktop where they follow it.
     const Project& Drawn();
+
+    /// The pixels of the background that is to scale; none where there is none, or it is no picture.
+    QImage ScaledPicture() const;
     bool FitsFrame() const;
 
     /// Says in a line how an empty circuit is begun.

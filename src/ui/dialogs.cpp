@@ -1,6 +1,7 @@
 #include "ui/dialogs.h"
 
 #include "editor/start_up.h"
+#include "ui/frmBackground.h"
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
 #include "ui/frmExport.h"
@@ -41,6 +42,8 @@ void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
 void Dialogs::ShowSets() { frmSets(session_, &window_).exec(); }
 
 void Dialogs::ShowSamples() { frmSamples(session_, SampleFolder(), &window_).exec(); }
+
+void Dialogs::ShowBackground(const ScaledBackground& proposed) { frmBackground(session_, proposed, &window_).exec(); }
 
 void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
 

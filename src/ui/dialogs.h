@@ -25,6 +25,7 @@ public:
     void ShowColours() override;
     void ShowStatistics() override;
     void ShowSets() override;
+    void ShowBackground(const ScaledBackground& proposed) override;
     void ShowExport() override;
     void ShowPrint() override;
     void PutOnClipboard(const Clipping& clipping) override;

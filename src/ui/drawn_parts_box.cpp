@@ -10,7 +10,7 @@ namespace pistaro {
 DrawnPartsBox::DrawnPartsBox(std::function<void()> changed)
     : QGroupBox("Contents"), cboTrack_(Named(new QComboBox, "cboTrack")),
       chkNumbers_(Named(new QCheckBox("&Numbers"), "chkNumbers")), chkGrid_(Named(new QCheckBox("&Grid"), "chkGrid")),
-      chkRoom_(Named(new QCheckBox("R&oom"), "chkRoom")),
+      chkRoom_(Named(new QCheckBox("R&oom"), "chkRoom")), chkSurface_(Named(new QCheckBox("S&urface"), "chkSurface")),
       chkBlackAndWhite_(Named(new QCheckBox("&Black and white"), "chkBlackAndWhite")) {
     auto* const form = new QFormLayout(this);
     for (int track = 0; track < TrackCount; ++track)
@@ -19,7 +19,7 @@ DrawnPartsBox::DrawnPartsBox(std::function<void()> changed)
     cboTrack_->setCurrentIndex(0);
     form->addRow("&Tracks:", cboTrack_);
     connect(cboTrack_, &QComboBox::currentIndexChanged, this, [changed] { changed(); });
-    for (QCheckBox* const choice : {chkNumbers_, chkGrid_, chkRoom_, chkBlackAndWhite_}) {
+    for (QCheckBox* const choice : {chkNumbers_, chkGrid_, chkRoom_, chkSurface_, chkBlackAndWhite_}) {
         form->addRow(choice);
         connect(choice, &QCheckBox::toggled, this, [changed] { changed(); });
     }
@@ -30,12 +30,14 @@ DrawnParts DrawnPartsBox::Chosen() const {
             .Numbers = chkNumbers_->isChecked(),
             .Grid = chkGrid_->isChecked(),
             .Room = chkRoom_->isChecked(),
+            .Surface = chkSurface_->isChecked() && chkSurface_->isEnabled(),
             .BlackAndWhite = chkBlackAndWhite_->isChecked()};
 }
 
-void DrawnPartsBox::EnableDrawing(bool draws) {
+void DrawnPartsBox::EnableDrawing(bool draws, bool fills) {
     for (QCheckBox* const choice : {chkNumbers_, chkGrid_, chkRoom_, chkBlackAndWhite_})
         choice->setEnabled(draws);
+    chkSurface_->setEnabled(fills);
 }
 
 QComboBox* NewPaperList() {

@@ -1,4 +1,4 @@
-// What of a circuit is printed or exported: tracks, numbers, grid, room, in black and white.
+// What of a circuit is printed or exported: tracks, numbers, grid, room, surface, in black and white.
 #pragma once
 
 #include "paper/circuit_drawing.h"
@@ -17,12 +17,12 @@ public:
     explicit DrawnPartsBox(std::function<void()> changed);
 
     DrawnParts Chosen() const;
-    /// For formats that draw nothing only the track can be chosen.
-    void EnableDrawing(bool draws);
+    /// For formats that draw nothing only the track can be chosen, and surfaces only where areas are filled.
+    void EnableDrawing(bool draws, bool fills);
 
 private:
     QComboBox* cboTrack_;
-    QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkBlackAndWhite_;
+    QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkSurface_, *chkBlackAndWhite_;
 };
 
 /// A list of the papers with their names as data, A4 chosen.

@@ -132,7 +132,7 @@ void frmExport::FollowFormat() {
         if (Offers(format, size.Value)) cboSize_->addItem(size.Caption, static_cast<int>(size.Value));
     }
     fraSize_->setEnabled(cboSize_->count() > 0);
-    parts_->EnableDrawing(format != ExportFormat::Csv && format != ExportFormat::Json);
+    parts_->EnableDrawing(format != ExportFormat::Csv && format != ExportFormat::Json, Offers(format, Size::OnPaper));
 }
 
 } // namespace pistaro

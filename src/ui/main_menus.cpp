@@ -48,7 +48,7 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
     AddMenu(window, controls, "&View",
             {"surface", "legend", "lanes", "suggest", "columns", "checks", "stock and price", "background select",
-             "background clear"});
+             "background clear", "background import", "background place", "background remove"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track", "boxed sets"});
     AddMenu(window, controls, "&Reports", {"statistics", "purchase", "guide", "build plan", "save picture"});
     AddMenu(window, controls, "&Help", {"tour", "manual", "about"});

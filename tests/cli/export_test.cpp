@@ -76,6 +76,17 @@ TEST_F(Export, TakesItsOptions) {
     EXPECT_EQ(BytesOf(program_ / "a.csv").find("C160"), std::string::npos);
 }
 
+TEST_F(Export, FillsTheTracksOnlyWhenTheirSurfaceIsAskedFor) {
+    EXPECT_EQ(Run({"--out", "lines.svg"}).ExitStatus, 0);
+    EXPECT_EQ(Run({"--out", "surface.svg", "--surface"}).ExitStatus, 0);
+    EXPECT_EQ(Run({"--out", "surface.pdf", "--surface"}).ExitStatus, 0);
+    EXPECT_EQ(Run({"--out", "surface.png", "--surface", "--dpi", "40"}).ExitStatus, 0);
+
+    constexpr const char* asphalt = "<polygon fill=\"#6e747c\"";
+    EXPECT_EQ(BytesOf(program_ / "lines.svg").find(asphalt), std::string::npos);
+    EXPECT_NE(BytesOf(program_ / "surface.svg").find(asphalt), std::string::npos);
+}
+
 TEST_F(Export, RefusesACommandLineThatMakesNoSense) {
     const std::vector<std::pair<std::vector<std::string>, std::string>> refusals{
         {{"--out", "a.bmp"}, "--out: a.bmp: the file's ending is none of .png, .svg, .pdf, .dxf, .csv, .json"},
@@ -90,6 +101,7 @@ TEST_F(Export, RefusesACommandLineThatMakesNoSense) {
         {{"--out", "a.csv", "--paper", "A4"}, "--paper goes with .png, .svg and .pdf alone"},
         {{"--out", "a.dxf", "--scale", "1:10"},
          "--scale goes with .png, .svg and .pdf alone; in other files the circuit has its full size"},
+        {{"--out", "a.dxf", "--surface"}, "--surface goes with .png, .svg and .pdf alone"},
         {{"--out", "a.json", "--numbers"}, "--numbers, --grid and --room go with drawings alone"},
     };
     for (const auto& [options, reason] : refusals) {

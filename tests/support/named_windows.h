@@ -10,6 +10,7 @@ namespace pistaro {
 class NamedWindows : public Windows {
 public:
     std::string Opened; ///< each with a blank after it
+    ScaledBackground Background;
 
     void ShowRecovered() override { Opened += "recovered "; }
     void ShowDrawArea() override { Opened += "draw area "; }
@@ -28,6 +29,10 @@ public:
     void ShowReplacements() override { Opened += "replacements "; }
     void ShowBox() override { Opened += "box "; }
     void ShowVariations() override { Opened += "variations "; }
+    void ShowBackground(const ScaledBackground& proposed) override {
+        Opened += "background ";
+        Background = proposed;
+    }
     void ShowExport() override { Opened += "export "; }
     void ShowPrint() override { Opened += "print "; }
     void PutOnClipboard(const Clipping& clipping) override { Opened += "copy " + clipping.Text + " "; }

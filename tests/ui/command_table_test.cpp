@@ -88,6 +88,8 @@ protected:
     void Prepare(pistaro::Session& session, const Command& command) const {
         if (command.Id == "undo" || command.Id == "redo") session.Run(*session.Commands.Find("mirror"));
         if (command.Id == "redo") session.Run(*session.Commands.Find("undo"));
+        if (command.Id == "background place" || command.Id == "background remove")
+            session.Do([&] { session.Project.Background = Carpet(); });
         LayRecent(session, command);
     }
     void LayRecent(pistaro::Session& session, const Command& command) const {
@@ -168,6 +170,12 @@ private:
         WriteBytes(Folder / "manual" / "help.html", "the manual");
     }
 
+    /// What lies under the circuit to scale: no picture, which shows as nothing.
+    static std::shared_ptr<const ScaledBackground> Carpet() {
+        return std::make_shared<const ScaledBackground>(
+            ScaledBackground{.Picture = std::make_shared<const std::string>("no picture"), .CmPerPixel = 1});
+    }
+
     /// A picture to lay behind the circuit.
     pistaro::Picture Floor() const {
         QImage floor(8, 8, QImage::Format_RGB32);
@@ -196,6 +204,7 @@ private:
         std::string text = Snapshot(session.Project) + (*notified ? "\nnotified" : "") + windows.Opened;
         text += "\nnumbers " + std::to_string(session.Project.EditState.ShowNumbers);
         text += "\nbackground " + std::to_string(session.Background.has_value());
+        text += session.Project.Background ? " to scale" : "";
         for (const Message& message : user.Told)
             text += "\ntold " + message.Text;
         for (const auto& question : user.Asked)

@@ -47,6 +47,7 @@ TEST_F(FrmExport, EnablesWhatTheFormatHasAUseFor) {
     Choose("cboFormat", Dxf);
     EXPECT_FALSE(IsEnabled("cboSize"));
     EXPECT_TRUE(IsEnabled("chkNumbers"));
+    EXPECT_FALSE(IsEnabled("chkSurface")) << "it knows no areas";
 
     Choose("cboFormat", Csv);
     EXPECT_FALSE(IsEnabled("chkNumbers"));

@@ -1,0 +1,98 @@
+#include "commands/background_commands.h"
+
+#include "platform/fault.h"
+#include "storage/background_file.h"
+
+#include <cmath>
+
+namespace pistaro {
+
+namespace {
+
+bool IsThere(const std::filesystem::path& file) {
+    std::error_code unknown; // which is told when it is read
+    return std::filesystem::status(file, unknown).type() != std::filesystem::file_type::not_found;
+}
+
+/// The picture in the middle of the view, upright.
+ScaledBackground InMiddleOf(const Design& design, std::string&& picture) {
+    const double cosine = std::cos(double{design.Room.Angle});
+    const double sine = std::sin(double{design.Room.Angle});
+    return {.Picture = std::make_shared<const std::string>(std::move(picture)),
+            .X = design.View.MidX * cosine - design.View.MidY * sine,
+            .Y = design.View.MidY * cosine + design.View.MidX * sine,
+            .Angle = -double{design.Room.Angle}};
+}
+
+std::string Told(const std::string& reason) { return reason + "\nThe circuit is loaded without the picture under it."; }
+
+} // namespace
+
+void ImportBackgroundCommand(Session& session) {
+    const auto file = session.Prompts.ChooseFile({.Saving = false,
+                                                  .Title = "Import Background to Scale",
+                                                  .Filter = "Pictures (*.png,*.jpg,*.jpeg,*.bmp,*.gif)|"
+                                                            "*.png;*.jpg;*.jpeg;*.bmp;*.gif",
+                                                  .DefaultName = "",
+                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+    if (!file) return;
+    const ScaledBackground proposed = InMiddleOf(session.Project.Design, ReadFile(*file, MostPictureBytes));
+    session.Pictures.Of(proposed.Picture, TextFromPath(*file)); // a fault when it is none
+    session.Windows->ShowBackground(proposed);
+}
+
+void SetBackground(Session& session, std::shared_ptr<const ScaledBackground> background) {
+    session.Project.Background = std::move(background);
+    session.Project.EditState.DataChanged = true;
+}
+
+void LoadBackground(Session& session) {
+    const std::filesystem::path file = BackgroundFileOf(session.Project.EditState.File);
+    const bool wasThere = session.KeptBackground.File == file && session.KeptBackground.Value;
+    session.KeptBackground = {};
+    try {
+        if (!IsThere(file)) {
+            if (wasThere) throw Fault("File not found", TextFromPath(file));
+            return;
+        }
+        session.Project.Background = std::make_shared<const ScaledBackground>(ReadBackground(file));
+        session.KeptBackground = {file, session.Project.Background};
+        // A script shows no picture: it goes along as it is.
+        if (session.Windows != nullptr) session.Pictures.Of(session.Project.Background->Picture, TextFromPath(file));
+    } catch (const Fault& fault) {
+        session.Prompts.Tell({Icon::Exclamation, Told(fault.what())});
+    }
+}
+
+BackgroundToSave::BackgroundToSave(Session& session, const std::filesystem::path& circuit)
+    : session_(session), file_(BackgroundFileOf(std::filesystem::absolute(circuit).lexically_normal())) {
+    const auto& background = session.Project.Background;
+    const KeptBackground& kept = session.KeptBackground;
+    const bool stands = kept.File == file_ && kept.Value == background && IsThere(file_);
+    if (background && !stands) written_.emplace(file_, BackgroundBytes(*background));
+}
+
+void BackgroundToSave::TakePlace() {
+    try {
+        if (written_) written_->TakePlace();
+    } catch (const Fault&) {
+        session_.Project.EditState.DataChanged = true;
+        throw;
+    }
+    const auto& background = session_.Project.Background;
+    if (background || !IsThere(file_)) {
+        session_.KeptBackground = {file_, background};
+        return;
+    }
+    try {
+        ReadBackground(file_);
+    } catch (const Fault&) {
+        return; // it is none of ours
+    }
+    std::error_code reason;
+    std::filesystem::remove(file_, reason);
+    if (reason) throw Fault("Permission denied", TextFromPath(file_) + ": the old background stays there");
+    session_.KeptBackground = {};
+}
+
+} // namespace pistaro

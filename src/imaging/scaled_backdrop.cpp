@@ -1,0 +1,53 @@
+#include "imaging/scaled_backdrop.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace pistaro {
+
+WorldPoint MiddleOf(const ScaledBackground& background, const RoomPolygon& room) {
+    const double cosine = std::cos(double{room.Angle});
+    const double sine = std::sin(double{room.Angle});
+    return {static_cast<float>(background.X * cosine + background.Y * sine),
+            static_cast<float>(background.Y * cosine - background.X * sine)};
+}
+
+ScaledBackdrop::ScaledBackdrop(QImage picture) {
+    constexpr int least = 256; // pixels
+    while (!picture.isNull()) {
+        levels_.push_back(picture);
+        if (picture.width() < 2 * least || picture.height() < 2 * least) return;
+        picture = picture.scaled(picture.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+}
+
+void ScaledBackdrop::Paint(QPainter& painter, const PainterSurface& surface, const ScaledBackground& background,
+                           const RoomPolygon& room) const {
+    if (levels_.empty()) return;
+    const double dots = background.CmPerPixel * surface.DotsPerCm(); // of the target, a pixel
+    if (!std::isfinite(dots)) return;
+    std::size_t level = 0;
+    while (level + 1 < levels_.size() && dots * static_cast<double>(std::size_t{2} << level) <= 1)
+        ++level;
+    const QImage& picture = levels_[level];
+    const QSizeF whole = levels_.front().size();
+    const QPointF middle = surface.PlaceOf(MiddleOf(background, room));
+    QTransform place = QTransform::fromTranslate(middle.x(), middle.y());
+    place.rotate((double{room.Angle} + background.Angle) * 180 / std::numbers::pi);
+    place.scale(dots * whole.width() / picture.width(), dots * whole.height() / picture.height());
+    place.translate(-picture.width() / 2.0, -picture.height() / 2.0);
+    bool canBeSeen = false;
+    const QTransform back = place.inverted(&canBeSeen);
+    if (!canBeSeen) return;
+    // Of a picture that is far larger than the view only what is seen: painters count no further than some thousand
+    // dots.
+    const QRect seen = back.mapRect(surface.Part()).toAlignedRect().adjusted(-2, -2, 2, 2) & picture.rect();
+    if (seen.isEmpty()) return;
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setTransform(place, true);
+    painter.drawImage(seen.topLeft(), picture, seen);
+    painter.restore();
+}
+
+} // namespace pistaro
