@@ -130,7 +130,7 @@ RoomPolygon RoomOfTheManual() {
 
 /// The tour's third step: a straight is laid, and a 4 was typed.
 void PhotographTour(const Photographer& photographer, Session& session, frmCorvel& window) {
-    session.Do([&] { NewProject(session.Project); });
+    session.Do([&] { session.Project = StartUp(InitialSettings(session.Catalogue)); });
     window.findChild<QAction*>("mnuTour")->trigger();
     QApplication::processEvents();
     session.Run(*session.Commands.Find("add C160"));

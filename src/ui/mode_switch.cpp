@@ -3,6 +3,9 @@
 #include <QStyleOptionButton>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
+#include <QTextOption>
+
+#include <algorithm>
 
 namespace pistaro {
 
@@ -35,7 +38,7 @@ void ModeSwitch::PaintLabel(QPainter& painter, const QRect& place, Qt::Alignment
     QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
     if (!inForce) ink.setAlphaF(0.7F);
     painter.setPen(ink);
-    painter.drawText(place, Qt::AlignVCenter | side, label);
+    painter.drawText(QRectF(place), label, QTextOption(Qt::AlignVCenter | side));
 }
 
 void ModeSwitch::paintEvent(QPaintEvent*) {

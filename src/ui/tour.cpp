@@ -180,20 +180,23 @@ void Tour::Refresh() {
 
 void Tour::Watch(QWidget* control) {
     if (watched_ == control) return;
-    if (watched_) watched_->removeEventFilter(this);
+    // A column that scrolls moves what the control stands in.
+    for (QWidget* part = watched_; part != nullptr && part != &window_; part = part->parentWidget())
+        part->removeEventFilter(this);
     watched_ = control;
-    if (watched_) watched_->installEventFilter(this);
+    for (QWidget* part = control; part != nullptr && part != &window_; part = part->parentWidget()) {
+        part->installEventFilter(this);
+        if (auto* const scrolled = qobject_cast<QScrollArea*>(part)) scrolled->ensureWidgetVisible(control);
+    }
 }
 
 void Tour::Stand() {
     if (!bubble_ || !control_) return;
-    for (QWidget* place = control_->parentWidget(); place != nullptr; place = place->parentWidget())
-        if (auto* const scrolled = qobject_cast<QScrollArea*>(place)) scrolled->ensureWidgetVisible(control_);
     const QRect place(control_->mapTo(&window_, QPoint()), control_->size());
     const bool isDrawing = control_->objectName() == "picCircuit";
     isDrawing ? bubble_->StandIn(place) : bubble_->PointTo(place.adjusted(-4, -4, 4, 4));
     ring_->setGeometry(place.adjusted(-4, -4, 4, 4));
-    ring_->setVisible(!isDrawing);
+    ring_->setVisible(!isDrawing && !control_->visibleRegion().isEmpty());
     ring_->raise();
     bubble_->show();
     bubble_->raise();

@@ -7,6 +7,7 @@
 #include "ui/frmSamples.h"
 
 #include <QLineEdit>
+#include <QWheelEvent>
 
 #include <gmock/gmock.h>
 
@@ -111,6 +112,25 @@ TEST_F(TourTest, StandsInsideTheWindowBesideTheControlWhateverItsSize) {
     Click("cmdElement", "C160");
     EXPECT_TRUE(Window->rect().contains(Bubble().geometry()));
     EXPECT_FALSE(Bubble().geometry().intersects(PlaceOf(Find<QLabel>("lblStatus"))));
+}
+
+TEST_F(TourTest, TheRingFollowsAColumnThatScrolls) {
+    Open();
+    Window->resize(1024, 500);
+    Begin();
+    Click("cmdElement", "C160");
+    Digit(Qt::Key_4);
+    Settle();
+    const QRect before = Ring();
+
+    QWidget& column = *Find<QWidget>("fraBankedCurves").parentWidget()->parentWidget();
+    ASSERT_EQ(column.objectName(), "qt_scrollarea_viewport");
+    QWheelEvent turn({5, 5}, column.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&column, &turn);
+    Settle();
+
+    EXPECT_TRUE(Ring().contains(PlaceOf(Piece("C151L"))));
+    EXPECT_NE(Ring(), before);
 }
 
 TEST_F(TourTest, TakesTheKeyboardFromTheListSoThatDigitsCount) {
