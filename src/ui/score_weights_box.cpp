@@ -39,7 +39,7 @@ QString Hundredths(double part) { return QString::number(part, 'f', 2); }
 
 } // namespace
 
-ScoreWeightsBox::ScoreWeightsBox(std::function<void()> changed)
+ScoreWeightsBox::ScoreWeightsBox(const std::function<void()>& changed)
     : QGroupBox("A good circuit"), lblScore_(Named(new QLabel, "lblScore")) {
     auto* const grid = new QGridLayout(this);
     const ScoreWeights usual;

@@ -16,7 +16,7 @@ namespace pistaro {
 class ScoreWeightsBox : public QGroupBox {
 public:
     /// `changed` is called when a weight was moved.
-    explicit ScoreWeightsBox(std::function<void()> changed);
+    explicit ScoreWeightsBox(const std::function<void()>& changed);
 
     ScoreWeights Weights() const;
 
