@@ -133,6 +133,18 @@ TEST_F(FailingCalls, OfASave) {
     EXPECT_THAT(BytesOf(desk_.Settings()), HasSubstr("[Working Directory]\r\n" + desk_.Folder().string() + "/\r\n"));
 }
 
+TEST_F(FailingCalls, OfASaveWithAPictureUnderTheCircuit) {
+    const Operation save = [](Desk& desk) {
+        desk.Prompts().Files = {desk.Circuit()};
+        desk.Prompts().Answers = {Answer::Yes};
+        desk.Session().Project.Background = std::make_shared<const ScaledBackground>(
+            ScaledBackground{.Picture = std::make_shared<const std::string>("a picture"), .CmPerPixel = 0.5});
+        desk.Session().TryRun(*desk.Session().Commands.Find("save"));
+    };
+
+    TryEachCall(save, {"oval.trk", "oval.background", "corvel.ini"});
+}
+
 TEST_F(FailingCalls, OfTheColourDialogsSave) {
     const Operation save = [](Desk& desk) {
         ColourScheme colours;
