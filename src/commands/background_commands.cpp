@@ -10,8 +10,9 @@ namespace pistaro {
 namespace {
 
 bool IsThere(const std::filesystem::path& file) {
-    std::error_code unknown; // which is told when it is read
-    return std::filesystem::status(file, unknown).type() != std::filesystem::file_type::not_found;
+    std::error_code reason;
+    if (std::filesystem::status(file, reason).type() == std::filesystem::file_type::not_found) return false;
+    return reason != std::errc::filename_too_long; // any other reason is told when it is read
 }
 
 /// The picture in the middle of the view, upright.

@@ -511,7 +511,7 @@ void AddBackgroundCommands(std::vector<Command>& rows) {
                     .Run = ImportBackgroundCommand});
     rows.push_back({.Id = "background place",
                     .Control = "mnuBackgroundPlace",
-                    .Caption = "&Place Background…",
+                    .Caption = "Place Backgroun&d…",
                     .Tip = "Move, turn or scale the picture that lies under the circuit at its true size",
                     .From = Door::WindowOnly,
                     .WhyNot = HasScaledBackground,

@@ -19,7 +19,7 @@ std::size_t HeadOf(const std::string& bytes, const std::string& name) {
     std::size_t end = 0;
     for (int line = 0; line < HeadLines; ++line) {
         end = bytes.find('\n', end);
-        if (end == std::string::npos || end > LongestHead) throw BadFileFormat(name + ": this is no background file");
+        if (end > LongestHead) throw BadFileFormat(name + ": this is no background file");
         ++end;
     }
     return end;
@@ -48,7 +48,7 @@ std::filesystem::path BackgroundFileOf(const std::filesystem::path& circuit) {
     return file += ".background";
 }
 
-ScaledBackground ParseBackground(std::string bytes, const std::string& name) {
+ScaledBackground ParseBackground(const std::string& bytes, const std::string& name) {
     if (bytes.empty()) throw BadFileFormat(name + ": the file is empty");
     const std::size_t head = HeadOf(bytes, name);
     LineReader lines(std::string_view(bytes).substr(0, head), name);

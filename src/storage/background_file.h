@@ -13,7 +13,7 @@ std::filesystem::path BackgroundFileOf(const std::filesystem::path& circuit);
 
 /// The bytes of such a file as a value; `name` is the file's in faults. What the picture's own bytes hold is not looked
 /// at.
-ScaledBackground ParseBackground(std::string bytes, const std::string& name);
+ScaledBackground ParseBackground(const std::string& bytes, const std::string& name);
 
 /// The same of a file. Faults: it cannot be read, or is too large.
 ScaledBackground ReadBackground(const std::filesystem::path& file);

@@ -141,6 +141,18 @@ TEST_F(FailingCalls, OfASaveToTheCircuitsOwnFile) {
     EXPECT_EQ(BytesOf(desk_.Circuit()), CircuitText("C160 C159"));
 }
 
+TEST_F(FailingCalls, OfASaveWithAPictureUnderTheCircuit) {
+    const Operation save = [](Desk& desk) {
+        desk.Prompts().Files = {desk.Circuit()};
+        desk.Prompts().Answers = {Answer::Yes};
+        desk.Session().Project.Background = std::make_shared<const ScaledBackground>(
+            ScaledBackground{.Picture = std::make_shared<const std::string>("a picture"), .CmPerPixel = 0.5});
+        desk.Session().TryRun(*desk.Session().Commands.Find("save"));
+    };
+
+    TryEachCall(save, {"oval.trk", "oval.background", "corvel.ini"});
+}
+
 TEST_F(FailingCalls, OfTheColourDialogsSave) {
     const Operation save = [](Desk& desk) {
         ColourScheme colours;
