@@ -60,16 +60,18 @@ void PaintNumber(const StandingPiece& piece, Colour background, QPainter& painte
     WorldPoint place{static_cast<float>(middle.X), static_cast<float>(middle.Y)};
     const QString text = QString::number(piece.Element);
     const QFontMetricsF metrics(painter.font());
-    const double half = std::hypot(metrics.horizontalAdvance(text), metrics.capHeight()) / 2;
+    const QPointF across = Across(piece.Placement.Corners);
+    const double half =
+        (std::fabs(across.x()) * metrics.horizontalAdvance(text) + std::fabs(across.y()) * metrics.capHeight()) /
+        2; // of what it takes across the track
     const bool isClear = LaneDistance(piece.Placement, middle) * surface.DotsPerCm() > half;
     if (!isClear) {
-        const QPointF across = Across(piece.Placement.Corners);
         const double breadth = Distance({piece.Placement.Corners.Entry.X, piece.Placement.Corners.Entry.Y},
                                         piece.Placement.Corners.OtherEntry);
         const double way = breadth / 2 + (Aside + half / 2) / surface.DotsPerCm();
         place = {static_cast<float>(middle.X + way * across.x()), static_cast<float>(middle.Y + way * across.y())};
     }
-    if (!surface.Shows(place, 2 * half / surface.DotsPerCm())) return;
+    if (!surface.Shows(place, metrics.horizontalAdvance(text) / surface.DotsPerCm())) return;
     QPainterPath path;
     path.addText(surface.PlaceOf(place) - QPointF(metrics.horizontalAdvance(text) / 2, -metrics.capHeight() / 2),
                  painter.font(), text);

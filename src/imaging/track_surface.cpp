@@ -44,10 +44,12 @@ void FillBed(QPainter& painter, const QPolygonF& polygon, PieceStanding standing
     painter.drawPolygon(polygon);
 }
 
-/// Of those on pieces that are not owned.
-QColor StripeColour(const ColourScheme& colours) {
-    constexpr double part = 0.5;
-    return ToQColor(Mixed(AsphaltColour, OutlineColour(PieceStanding::NonOwned, colours), part));
+/// Of those on pieces that are not owned: lighter than the bed, too, so that they need no eye for red.
+QPen StripePen(const ColourScheme& colours) {
+    constexpr double light = 0.4;
+    constexpr double part = 0.45;
+    const Colour ink = Mixed(OutlineColour(PieceStanding::NonOwned, colours), KerbWhite, light);
+    return {ToQColor(Mixed(AsphaltColour, ink, part)), 1, Qt::SolidLine, Qt::FlatCap};
 }
 
 /// Slanting stripes over a bed of that length and breadth; `at` gives the place of a point of it, both 0 to 1. Lines
@@ -96,7 +98,7 @@ private:
 
     void PaintStripes(const PiecePlacement& placement) {
         const double spacing = std::max(StripeSpacing, LeastStripes / scale_);
-        painter_.setPen(QPen(StripeColour(colours_), 1));
+        painter_.setPen(StripePen(colours_));
         const auto* const inner = std::get_if<ArcSegment>(&placement.Outline[0]);
         const auto* const outer = std::get_if<ArcSegment>(&placement.Outline[1]);
         if (inner != nullptr && outer != nullptr) {
@@ -304,7 +306,7 @@ void DrawRecedingGrid(const Preferences& preferences, const ViewRectangle& cover
 void PaintSampleBed(QPainter& painter, const QRectF& place, PieceStanding standing, const ColourScheme& colours) {
     FillBed(painter, QPolygonF(place), standing, colours);
     if (standing != PieceStanding::NonOwned) return;
-    painter.setPen(QPen(StripeColour(colours), 1));
+    painter.setPen(StripePen(colours));
     painter.drawLines(Stripes(place.width(), place.height(), LeastStripes, [&](double along, double across) {
         return place.topLeft() + QPointF(along * place.width(), across * place.height());
     }));

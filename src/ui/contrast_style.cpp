@@ -1,5 +1,7 @@
-// The style below tells frames by shades of the window's colour, of which black and white have none.
+// The style below tells frames by darker shades of the window's colour, of which black has none and dark grey few.
 #include "ui/contrast_style.h"
+
+#include "ui/desktop_colours.h"
 
 #include <QPainter>
 #include <QStyleOption>
@@ -8,28 +10,31 @@ namespace pistaro {
 
 namespace {
 
-bool HasFrame(QStyle::PrimitiveElement element) {
+/// What can be typed into or switched must be seen on a dark window, too; of high contrast is all that can be pressed.
+bool HasFrame(QStyle::PrimitiveElement element, bool highContrast) {
     switch (static_cast<int>(element)) {
-    case QStyle::PE_PanelButtonCommand:
-    case QStyle::PE_PanelButtonTool:
     case QStyle::PE_PanelLineEdit:
-    case QStyle::PE_PanelMenu:
-    case QStyle::PE_Frame:
     case QStyle::PE_IndicatorCheckBox:
         return true;
+    case QStyle::PE_PanelButtonCommand:
+    case QStyle::PE_PanelButtonTool:
+    case QStyle::PE_PanelMenu:
+    case QStyle::PE_Frame:
+        return highContrast;
     default:
         return false;
     }
 }
 
-/// Of the colour of its words; thick where the keyboard is.
+/// Of the colour of words where contrast is high, else a shade of it; thick where the keyboard is.
 void PaintFrame(QPainter& painter, const QStyleOption& option, bool round) {
     const bool focused = option.state & QStyle::State_HasFocus;
     const double width = focused ? 2 : 1;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, round);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(option.palette.color(focused ? QPalette::Highlight : QPalette::WindowText), width));
+    const QPalette::ColorRole plain = HasHighContrast(option.palette) ? QPalette::WindowText : QPalette::Mid;
+    painter.setPen(QPen(option.palette.color(focused ? QPalette::Highlight : plain), width));
     const QRectF frame = QRectF(option.rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
     round ? painter.drawEllipse(frame) : painter.drawRect(frame);
     painter.restore();
@@ -41,12 +46,13 @@ void ContrastStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_IndicatorRadioButton) PaintFrame(*painter, *option, true);
-    if (HasFrame(element)) PaintFrame(*painter, *option, false);
+    if (HasFrame(element, HasHighContrast(option->palette))) PaintFrame(*painter, *option, false);
 }
 
 void ContrastStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                        const QWidget* widget) const {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (!HasHighContrast(option->palette)) return;
     if (control == CC_ComboBox || control == CC_SpinBox) PaintFrame(*painter, *option, false);
     if (control != CC_ScrollBar) return;
     QStyleOption slider(*option);

@@ -1,4 +1,4 @@
-// Windows of high contrast: what the style below draws, with a frame that can be seen.
+// Windows on dark grounds and of high contrast: what the style below draws, with frames that can be seen.
 #pragma once
 
 #include <QProxyStyle>

@@ -106,8 +106,8 @@ bool IsDark(const QPalette& palette) {
 
 bool HasHighContrast(const QPalette& palette) {
     constexpr int nearly = 250; // of 255
-    return std::abs(palette.color(QPalette::Window).lightness() - palette.color(QPalette::WindowText).lightness()) >=
-           nearly;
+    const int ground = palette.color(QPalette::Active, QPalette::Window).lightness();
+    return std::abs(ground - palette.color(QPalette::Active, QPalette::WindowText).lightness()) >= nearly;
 }
 
 QPalette PaletteFor(const DesktopWish& wish) {
@@ -121,8 +121,7 @@ void ShowAsWished(const DesktopWish& wish, const QPalette& toolkits) {
         if (QApplication::palette() != toolkits) QApplication::setPalette(toolkits);
         return;
     }
-    QStyle* const fusion = QStyleFactory::create("Fusion"); // other styles paint in colours of their own
-    QApplication::setStyle(wish.HighContrast ? new ContrastStyle(fusion) : fusion);
+    QApplication::setStyle(new ContrastStyle(QStyleFactory::create("Fusion"))); // others paint in colours of their own
     QApplication::setPalette(PaletteFor(wish));
 }
 

@@ -23,6 +23,10 @@ constexpr NamedLook NamedLooks[] = {{"window/surface", &Looks::Surface, true},
                                     {"window/columns", &Looks::Columns, true}};
 constexpr const char* PlaceKey = "window/place";
 
+bool HasRoomForColumns(const QMainWindow& window) {
+    return window.screen()->availableSize().width() >= LeastWidthForColumns;
+}
+
 QString FileName(const std::filesystem::path& path) { return Shown(TextFromPath(path)); }
 
 } // namespace
@@ -37,15 +41,17 @@ void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Sessi
             looks.*named.Look = settings.value(named.Key, named.AtFirst).toBool();
         window.restoreGeometry(settings.value(PlaceKey).toByteArray());
     }
-    if (window.screen()->availableSize().width() < LeastWidthForColumns) looks.Columns = false;
+    if (!HasRoomForColumns(window)) looks.Columns = false;
     session.Do([&] { session.Looks = looks; });
 }
 
 void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, const Session& session) {
     if (path.empty()) return;
     QSettings settings(FileName(path), QSettings::IniFormat);
-    for (const NamedLook& named : NamedLooks)
-        settings.setValue(named.Key, session.Looks.*named.Look);
+    for (const NamedLook& named : NamedLooks) {
+        const bool isUsersChoice = named.Look != &Looks::Columns || HasRoomForColumns(window);
+        if (isUsersChoice) settings.setValue(named.Key, session.Looks.*named.Look);
+    }
     settings.setValue(PlaceKey, window.saveGeometry());
 }
 

@@ -4,6 +4,9 @@
 #include "support/temporary_folder.h"
 #include "ui/window_fixture.h"
 
+#include <QScreen>
+#include <QSettings>
+
 namespace pistaro {
 namespace {
 
@@ -35,6 +38,18 @@ TEST_F(WindowSettings, BringLooksAndSizeBack) {
 
     EXPECT_EQ(Session->Looks, (Looks{.Surface = false, .Legend = true, .Columns = Session->Looks.Columns}));
     EXPECT_EQ(Window->size(), QSize(1000, 640));
+}
+
+TEST_F(WindowSettings, ColumnsThatANarrowScreenFoldedAwayComeBackOnAWiderOne) {
+    Open();
+    ASSERT_LT(Window->screen()->availableSize().width(), 900) << "the platform without a display is narrow";
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+    EXPECT_FALSE(Session->Looks.Columns);
+
+    KeepWindow(folder_ / "window.ini", *Window, *Session);
+
+    EXPECT_FALSE(QSettings(QString::fromStdString((folder_ / "window.ini").string()), QSettings::IniFormat)
+                     .contains("window/columns"));
 }
 
 TEST_F(WindowSettings, WithoutAHomeNothingIsWritten) {
