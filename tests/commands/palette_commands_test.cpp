@@ -1,6 +1,6 @@
 // Special pieces laid from the palette, the system that a loaded circuit is made of, samples, and the tour's begin.
 #include "commands/circuit_commands.h"
-#include "commands/palette_commands.h"
+#include "commands/commands.h"
 
 #include "support/chain.h"
 #include "support/circuit_text.h"

@@ -1,5 +1,7 @@
-#include "commands/canvas_commands.h"
+// Rows of the drawing's own menu, and of how the window looks.
+#include "commands/command_groups.h"
 
+#include "commands/row_parts.h"
 #include "commands/session.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
@@ -7,11 +9,6 @@
 namespace pistaro {
 
 namespace {
-
-std::string ElementSelected(const Session& session) {
-    if (session.Project.EditState.ShowsAllTracks()) return "Choose a single track first.";
-    return session.Project.EditState.SelectedElement() < 0 ? "Select an element first." : "";
-}
 
 std::string RingSelected(const Session& session) {
     std::string whyNot = ElementSelected(session);

@@ -1,6 +1,8 @@
-#include "commands/palette_commands.h"
+// Rows of the palette's special pieces and its search, of the tour and of the samples.
+#include "commands/command_groups.h"
 
 #include "commands/circuit_commands.h"
+#include "commands/row_parts.h"
 #include "commands/session.h"
 #include "editor/building.h"
 #include "editor/tour.h"
@@ -10,8 +12,6 @@
 namespace pistaro {
 
 namespace {
-
-std::string HasWindows(const Session& session) { return session.Windows == nullptr ? "There is no window." : ""; }
 
 bool IsEmpty(const Circuit& circuit) {
     return std::ranges::all_of(circuit.Tracks, [](const Track& track) { return track.ElementCodes.empty(); });
@@ -34,9 +34,7 @@ Command SpecialRow(const CatalogueEntry& piece) {
             .Tag = code,
             .Caption = std::string(ProductCode(code)) + "  " + piece.LongName,
             .Tip = "Put this piece in the selected one's place where it fits, else lay it",
-            .WhyNot = [](const Session& session) -> std::string {
-                return session.Project.EditState.ShowsAllTracks() ? "Choose a single track first." : "";
-            },
+            .WhyNot = OneTrackChosen,
             .Run =
                 [code](Session& session) {
                     LaySpecial(session.Catalogue, session.Project.Design, session.Project.EditState, code);

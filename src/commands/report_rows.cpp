@@ -1,0 +1,147 @@
+// Rows that lead out of the drawing: settings, reports, checks, paper and files, help.
+#include "commands/command_groups.h"
+
+#include "commands/build_plan_commands.h"
+#include "commands/clipboard_commands.h"
+#include "commands/money_commands.h"
+#include "commands/picture_commands.h"
+#include "commands/row_parts.h"
+#include "commands/session.h"
+#include "report/viewer.h"
+
+namespace pistaro {
+
+namespace {
+
+std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
+
+/// A row that shows a panel, or hides it.
+Command PanelRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
+                 Panel panel) {
+    return {.Id = id,
+            .Control = control,
+            .Caption = caption,
+            .Tip = tip,
+            .Key = key,
+            .From = Door::WindowOnly,
+            .WhyNot = HasWindows,
+            .Run = [panel](Session& session) { session.Windows->TogglePanel(panel); },
+            .IsOn =
+                [panel](const Session& session) {
+                    return session.Windows != nullptr && session.Windows->IsPanelShown(panel);
+                }};
+}
+
+/// The circuit on paper, in other programs, and pieces from there.
+
+} // namespace
+
+void AddCheckCommands(std::vector<Command>& rows) {
+    rows.push_back(PanelRow("checks", "mnuChecks", "&Checks", "Tell beside the drawing what is wrong with the design",
+                            "F8", Panel::Checks));
+    rows.push_back(PanelRow("stock and price", "mnuMoney", "Stock and &Price",
+                            "Show beside the drawing what its pieces cost", "", Panel::Money));
+    rows.push_back(PanelRow("lanes", "mnuLanes", "&Lanes",
+                            "Paint each lane in its own colour, through every change-over", "", Panel::Lanes));
+    rows.push_back({.Id = "balance",
+                    .Control = "mnuBalance",
+                    .Caption = "&Balance Lanes…",
+                    .Tip = "Find the fewest changes that make both lanes of the track equally long",
+                    .From = Door::WindowOnly,
+                    .WhyNot = TrackHasElements,
+                    .Run = BalanceCommand});
+    rows.push_back(WindowRow("boxed sets", "mnuSets", "&Boxed Sets…", "Tell what your shop sells in boxes", "",
+                             &Windows::ShowSets));
+    rows.push_back({.Id = "purchase",
+                    .Control = "mnuPurchase",
+                    .Caption = "&Cheapest Purchase",
+                    .Tip = "Find the cheapest way to buy what is missing, from boxes and single pieces",
+                    .From = Door::WindowOnly,
+                    .WhyNot = NoJobRuns,
+                    .Run = PurchaseCommand});
+}
+
+void AddSettingsCommands(std::vector<Command>& rows) {
+    rows.push_back(WindowRow("draw area", "mnuDrawArea", "&Draw Area…",
+                             "Set the window, the grid, the units and your room's outline", "F2",
+                             &Windows::ShowDrawArea));
+    rows.push_back(WindowRow("choose colours", "mnuColors", "&Colours…", "Choose the colours of the drawing", "",
+                             &Windows::ShowColours));
+    rows.push_back(WindowRow("loose track", "mnuTrackStock", "&Loose Track…",
+                             "Tell how many pieces you own, and what one costs", "F3", &Windows::ShowStock));
+}
+
+void AddReportCommands(std::vector<Command>& rows) {
+    rows.push_back(WindowRow("statistics", "mnuStats", "&Statistics…", "Show lengths, prices and what is to buy", "F4",
+                             &Windows::ShowStatistics));
+    rows.push_back({.Id = "guide",
+                    .Control = "mnuReport",
+                    .Caption = "Design &Guide",
+                    .Tip = "Write the guide, a page with the layout and every piece in its order",
+                    .Key = "Ctrl+G",
+                    .From = Door::WindowOnly,
+                    .WhyNot = NoJobRuns,
+                    .Run = GuideCommand});
+    rows.push_back({.Id = "cancel job",
+                    .Control = "cmdCancelJob",
+                    .Caption = "Cancel",
+                    .Tip = "End this work; files stay as they were",
+                    .From = Door::WindowOnly,
+                    .WhyNot = JobRuns,
+                    .Run = [](Session& session) { session.CancelJob(); }});
+    rows.push_back({.Id = "save picture",
+                    .Control = "mnuWMF",
+                    .Caption = "Save &Picture",
+                    .Tip = "Write the drawing into the working directory as track.bmp",
+                    .Key = "Ctrl+Shift+P",
+                    .From = Door::WindowOnly,
+                    .Run = SavePictureCommand});
+}
+
+void AddExchangeCommands(std::vector<Command>& rows) {
+    rows.push_back(WindowRow("export", "mnuExport", "&Export…", "Write the circuit as a picture, a drawing or a table",
+                             "Ctrl+E", &Windows::ShowExport));
+    rows.push_back(WindowRow("print", "mnuPrint", "&Print…", "Print the circuit on a sheet, or to scale in tiles",
+                             "Ctrl+P", &Windows::ShowPrint));
+    rows.push_back({.Id = "build plan",
+                    .Control = "mnuBuildPlan",
+                    .Caption = "&Build Plan…",
+                    .Tip = "Write in which steps the circuit is laid, and what is needed",
+                    .From = Door::WindowOnly,
+                    .Run = BuildPlanCommand});
+    rows.push_back({.Id = "copy",
+                    .Control = "mnuCopy",
+                    .Caption = "&Copy",
+                    .Tip = "Put the picture and the list of pieces on the clipboard",
+                    .Key = "Ctrl+C",
+                    .From = Door::WindowOnly,
+                    .WhyNot = HasWindows,
+                    .Run = CopyCommand});
+    rows.push_back(
+        {.Id = "paste",
+         .Control = "mnuPaste",
+         .Caption = "&Paste Pieces",
+         .Tip = "Lay the pieces that a list on the clipboard names, such as C160 x3, at the end of the track",
+         .Key = "Ctrl+V",
+         .From = Door::WindowOnly,
+         .WhyNot =
+             [](const Session& session) {
+                 const std::string whyNot = HasWindows(session);
+                 return whyNot.empty() ? OneTrackChosen(session) : whyNot;
+             },
+         .Run = PasteCommand});
+}
+
+void AddHelpCommands(std::vector<Command>& rows) {
+    rows.push_back({.Id = "manual",
+                    .Control = "mnuManual",
+                    .Caption = "&Manual",
+                    .Tip = "Open the manual",
+                    .Key = "F1",
+                    .From = Door::WindowOnly,
+                    .Run = [](Session& session) { OpenManual(session.Project.Preferences); }});
+    rows.push_back(
+        WindowRow("about", "mnuAbout", "&About Pistaro", "Tell what this program is", "", &Windows::ShowAbout));
+}
+
+} // namespace pistaro

@@ -1,0 +1,49 @@
+#include "commands/row_parts.h"
+
+#include "commands/session.h"
+
+namespace pistaro {
+
+std::string OneTrackChosen(const Session& session) {
+    return session.Project.EditState.ShowsAllTracks() ? "Choose a single track first." : "";
+}
+
+std::string TrackHasElements(const Session& session) {
+    const Track* const track = EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
+    if (track == nullptr) return OneTrackChosen(session);
+    return track->ElementCodes.empty() ? "The track is empty." : "";
+}
+
+std::string ElementSelected(const Session& session) {
+    std::string whyNot = TrackHasElements(session);
+    if (!whyNot.empty()) return whyNot;
+    return session.Project.EditState.SelectedElement() < 0 ? "Select an element first." : "";
+}
+
+std::string HasWindows(const Session& session) { return session.Windows == nullptr ? "There is no window." : ""; }
+
+std::string NoJobRuns(const Session& session) {
+    const Job* const job = session.CurrentJob();
+    return job == nullptr ? "" : job->IsUnderWay;
+}
+
+std::string MenuText(const std::string& words) {
+    std::string text;
+    for (const char c : words)
+        text += c == '&' ? "&&" : std::string(1, c);
+    return text;
+}
+
+Command WindowRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
+                  void (Windows::*show)()) {
+    return {.Id = id,
+            .Control = control,
+            .Caption = caption,
+            .Tip = tip,
+            .Key = key,
+            .From = Door::WindowOnly,
+            .WhyNot = HasWindows,
+            .Run = [show](Session& session) { (session.Windows->*show)(); }};
+}
+
+} // namespace pistaro
