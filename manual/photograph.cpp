@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "storage/settings_file.h"
+#include "ui/desktop_colours.h"
 #include "ui/frmAbout.h"
 #include "ui/frmBackground.h"
 #include "ui/frmBox.h"
@@ -256,6 +257,28 @@ void PhotographBox(const Catalogue& catalogue, const QString& folder) {
     photographer.Take(*circuits->viewport(), circuits->viewport()->rect(), "found-circuits");
 }
 
+/// The window on a dark desktop, with three tracks of which some pieces are owned.
+void PhotographDarkWindow(const Catalogue& catalogue, const std::filesystem::path& samples, const QString& folder) {
+    const QPalette toolkits = QApplication::palette();
+    ShowAsWished({.Dark = true}, toolkits);
+    SilentUser user;
+    Session session(catalogue, user, StartUp(InitialSettings(catalogue)), "");
+    Project& project = session.Project;
+    LoadCircuit(project, samples / "three-tracks.trk");
+    for (const char* const piece : {"C160", "C151L", "C8006"})
+        project.Stock.Of(catalogue.FindRow(piece)).OwnedCount = 3;
+    project.EditState.Select(5);
+    project.EditState.ShowNumbers = true;
+    session.Looks.Surface = session.Looks.Legend = true;
+    {
+        frmCorvel window(session);
+        window.resize(1366, 768);
+        window.show();
+        Photographer(folder).Take(window, "dark");
+    }
+    ShowAsWished({}, toolkits);
+}
+
 /// The start that finds two samples unsaved, of which one was written last at half past nine and one the day before.
 void PhotographRecoveredWork(const Catalogue& catalogue, const std::filesystem::path& samples, const QString& folder) {
     using namespace std::chrono;
@@ -293,6 +316,9 @@ int main(int argc, char** argv) {
         const std::filesystem::path sample = pistaro::PathFromText(arguments.at(0));
         pistaro::PhotographWindows(catalogue, sample, folder);
         pistaro::PhotographBox(catalogue, folder);
+}
+
+        pistaro::PhotographDarkWindow(catalogue, sample.parent_path(), folder);
         pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);
     } catch (const std::exception& problem) {
         std::cerr << "manual_photograph: " << problem.what() << '\n';

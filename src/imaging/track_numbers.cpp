@@ -14,8 +14,9 @@ namespace {
 
 constexpr Colour NumberColour = Rgb(255, 255, 255);
 constexpr Colour NumberHalo = Rgb(0x20, 0x23, 0x27);
-constexpr double HaloWidth = 3; ///< pixels, of its pen
-constexpr double Aside = 9;     ///< pixels from a piece's edge to the middle of a number beside it
+constexpr double HaloWidth = 3;  ///< pixels, of its pen
+constexpr double Overlap = 0.85; ///< of a number's half that must keep clear of a lane: its corners may touch it
+constexpr double Aside = 9;      ///< pixels from a piece's edge to the middle of a number beside it
 
 double Distance(GroundPoint from, WorldPoint to) { return std::hypot(from.X - to.X, from.Y - to.Y); }
 
@@ -64,7 +65,7 @@ void PaintNumber(const StandingPiece& piece, Colour background, QPainter& painte
     const double half =
         (std::fabs(across.x()) * metrics.horizontalAdvance(text) + std::fabs(across.y()) * metrics.capHeight()) /
         2; // of what it takes across the track
-    const bool isClear = LaneDistance(piece.Placement, middle) * surface.DotsPerCm() > half;
+    const bool isClear = LaneDistance(piece.Placement, middle) * surface.DotsPerCm() > Overlap * half;
     if (!isClear) {
         const double breadth = Distance({piece.Placement.Corners.Entry.X, piece.Placement.Corners.Entry.Y},
                                         piece.Placement.Corners.OtherEntry);

@@ -59,7 +59,9 @@ QList<QLineF> Stripes(double length, double breadth, double spacing, At at) {
     QList<QLineF> stripes;
     const double slant = breadth / length;
     const double step = spacing / length;
-    for (double start = step / 2 - slant; start < 1; start += step) {
+    const int count = static_cast<int>(std::lround((1 + slant) / step));
+    for (int stripe = 0; stripe < count; ++stripe) {
+        const double start = (stripe + 0.5) * step - slant;
         const double from = std::max(0.0, -start / slant);
         const double to = std::min(1.0, (1 - start) / slant);
         if (from < to) stripes.emplace_back(at(start + from * slant, from), at(start + to * slant, to));

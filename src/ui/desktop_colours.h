@@ -40,8 +40,8 @@ class DesktopFollower : public QObject {
 public:
     explicit DesktopFollower(QApplication& application);
 
-public slots:
-    void Ask();
+    /// Asks the desktop, and shows the windows as it wishes.
+    Q_SLOT void Ask();
 
 private:
     QPalette toolkits_; ///< as they were before they were changed

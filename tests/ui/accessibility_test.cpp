@@ -42,7 +42,6 @@ bool IsControl(QAccessible::Role role) {
     case QAccessible::Slider:
     case QAccessible::MenuItem:
     case QAccessible::ButtonMenu:
-    case QAccessible::ProgressBar:
         return true;
     default:
         return false;
