@@ -180,7 +180,10 @@ void PhotographBox(const Catalogue& catalogue, const QString& folder) {
     photographer.Take(dialog, "my-box");
     dialog.resize(1130, 940);
     QApplication::processEvents();
-    photographer.Take(*circuits->viewport(), circuits->viewport()->rect(), "found-circuits");
+    QRect shown;
+    for (int row = 0; row < circuits->count(); ++row)
+        shown |= circuits->visualItemRect(circuits->item(row));
+    photographer.Take(*circuits->viewport(), shown, "found-circuits");
 }
 
 /// The start that finds two samples unsaved, of which one was written last at half past nine and one the day before.
