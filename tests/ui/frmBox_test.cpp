@@ -164,7 +164,7 @@ TEST_F(MyBox, IsSearchedWhileTheWindowIsWorkedIn) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStop").text() == "&Go On"; }, 60'000));
     const int before = Circuits().count();
     PressHere("cmdStop");
-    EXPECT_EQ(Find<QPushButton>("cmdStop").text(), "S&top");
+    EXPECT_EQ(Find<QPushButton>("cmdStop").text(), "St&op");
     PressHere("cmdCancelSearch");
     EXPECT_GE(Circuits().count(), before);
     EXPECT_FALSE(Find<QPushButton>("cmdCancelSearch").isEnabled());
