@@ -254,7 +254,10 @@ void PhotographBox(const Catalogue& catalogue, const QString& folder) {
     photographer.Take(dialog, "my-box");
     dialog.resize(1130, 940);
     QApplication::processEvents();
-    photographer.Take(*circuits->viewport(), circuits->viewport()->rect(), "found-circuits");
+    QRect shown;
+    for (int row = 0; row < circuits->count(); ++row)
+        shown |= circuits->visualItemRect(circuits->item(row));
+    photographer.Take(*circuits->viewport(), shown, "found-circuits");
 }
 
 /// The window on a dark desktop, with three tracks of which some pieces are owned.

@@ -33,7 +33,7 @@ struct MustHaveText {
 constexpr std::array<MustHaveText, 4> MustHaveTexts{{
     {&MustHaves::LapCounter, "chkLapCounter", "&Lap counter"},
     {&MustHaves::BankedCurve, "chkBankedCurve", "&Banked curve"},
-    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-&over pair"},
+    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-o&ver pair"},
     {&MustHaves::Chicane, "chkChicane", "Complete c&hicane"},
 }};
 
@@ -196,8 +196,8 @@ void frmBox::OfferPart() {
     chkKeepPart_->setEnabled(canKeep);
     chkKeepPart_->setChecked(canKeep && run.Count > 1);
     chkKeepPart_->setText(canKeep && run.Count > 1
-                              ? QString("The &selected part: %1 to %2").arg(run.First).arg(run.First + run.Count - 1)
-                              : QString("The &selected part"));
+                              ? QString("The selected pa&rt: %1 to %2").arg(run.First).arg(run.First + run.Count - 1)
+                              : QString("The selected pa&rt"));
     chkKeepPart_->setToolTip(canKeep ? "These elements stay as they are, where they are"
                                      : "Select elements first: a click, then Shift and a click");
 }
@@ -212,7 +212,7 @@ QLayout* frmBox::SearchFields() {
     txtSeed_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{1,18}"), txtSeed_));
     txtSeed_->setToolTip("The same number finds the same circuits; another one finds others");
     cmdSearch_ = NewButton("cmdSearch", "&Search");
-    cmdStop_ = NewButton("cmdStop", "S&top");
+    cmdStop_ = NewButton("cmdStop", "St&op");
     cmdCancelSearch_ = NewButton("cmdCancelSearch", "Cancel");
     cmdSearch_->setToolTip("Look for circuits from the beginning");
     cmdSearch_->setDefault(true);
@@ -372,7 +372,7 @@ void frmBox::ShowStanding() {
         break;
     }
     lblFound_->setText(text);
-    cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "S&top" : "&Go On");
+    cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "St&op" : "&Go On");
     cmdStop_->setEnabled(standing != BoxStanding::Idle && standing != BoxStanding::Complete);
     cmdCancelSearch_->setEnabled(standing == BoxStanding::Runs);
 }

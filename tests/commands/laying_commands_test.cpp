@@ -19,9 +19,7 @@
 namespace pistaro {
 namespace {
 
-BoxWish WishOf(const char* box, Area area = {240, 160}) {
-    return {.Box = BoxOf(Pieces(), box), .Area = area};
-}
+BoxWish WishOf(const char* box, Area area = {240, 160}) { return {.Box = BoxOf(Pieces(), box), .Area = area}; }
 
 class LayingCommands : public testing::Test {
 protected:

@@ -89,7 +89,7 @@ TEST_F(MyBox, TakesCountsThatAreTyped) {
     QTest::keyClicks(editor, "12");
     QTest::keyClick(editor, Qt::Key_Return);
 
-    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=12"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Box().Box() == BoxOf(Pieces(), "C151=12"); }));
 }
 
 TEST_F(MyBox, ShowsAllCircuitsOfASmallBoxAsPictures) {
@@ -164,7 +164,7 @@ TEST_F(MyBox, IsSearchedWhileTheWindowIsWorkedIn) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStop").text() == "&Go On"; }, 60'000));
     const int before = Circuits().count();
     PressHere("cmdStop");
-    EXPECT_EQ(Find<QPushButton>("cmdStop").text(), "S&top");
+    EXPECT_EQ(Find<QPushButton>("cmdStop").text(), "St&op");
     PressHere("cmdCancelSearch");
     EXPECT_GE(Circuits().count(), before);
     EXPECT_FALSE(Find<QPushButton>("cmdCancelSearch").isEnabled());
@@ -221,7 +221,8 @@ TEST_F(VariationsOfADesign, AreLaidFromItsPieces) {
 }
 
 TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
-    pistaro::Project project = ProjectOf("C160 C159 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R C159");
+    pistaro::Project project = ProjectOf("C160 C159 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R C159",
+                                         "C160 C160 C159 C159 C151L C151L C151L C151L");
     project.EditState.CurrentElement[0] = 3;
     project.EditState.RunFrom = 0;
     Open(project);
