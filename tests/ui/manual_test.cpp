@@ -67,9 +67,9 @@ std::string Shown(const QKeySequence& key) {
 }
 
 TEST_F(Manual, ShowsItsPicturesAndEachOfThemIsThere) {
-    // Eight samples, 28 pieces, three steps of the first circuit; the window, its pieces, two panels, the tour, eight
-    // dialogs; the box, the window in the dark; printing, a build plan, a background and its dialog; twelve circuits from a box; the lanes, tracks as
-    // they look, and 17 rules.
+    // Eight samples, 28 pieces, three steps of the first circuit; the window, in the dark too, its pieces, two panels,
+    // the tour, nine dialogs; printing, a build plan, a background and its dialog; twelve circuits from a box; the
+    // lanes, tracks as they look, and 17 rules.
     EXPECT_EQ(ValuesOf("src", Page).size(), 78U);
     EXPECT_THAT(MissingPictures(Page), IsEmpty());
 }
