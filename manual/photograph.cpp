@@ -319,14 +319,11 @@ int main(int argc, char** argv) {
         const std::filesystem::path sample = pistaro::PathFromText(arguments.at(0));
         pistaro::PhotographWindows(catalogue, sample, folder);
         pistaro::PhotographBox(catalogue, folder);
+        pistaro::PhotographDarkWindow(catalogue, sample.parent_path(), folder);
+        pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);
+    } catch (const std::exception& problem) {
+        std::cerr << "manual_photograph: " << problem.what() << '\n';
+        return 1;
     }
-
-    pistaro::PhotographDarkWindow(catalogue, sample.parent_path(), folder);
-    pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);
-}
-catch (const std::exception& problem) {
-    std::cerr << "manual_photograph: " << problem.what() << '\n';
-    return 1;
-}
-return 0;
+    return 0;
 }

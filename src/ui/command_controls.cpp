@@ -88,7 +88,7 @@ void CommandControls::Bind(QAbstractButton& button, const std::function<const Co
     const Command& command = row();
     SetName(button, command);
     button.setText(Shown(command.Caption));
-    button.setAccessibleName(SpokenName(command));
+    if (button.accessibleName().isEmpty()) button.setAccessibleName(SpokenName(command));
     button.setCheckable(command.IsOn != nullptr);
     const auto run = [this, row] { session_.TryRun(row()); };
     QObject::connect(&button, &QAbstractButton::clicked, &button, run);
