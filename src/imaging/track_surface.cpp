@@ -14,19 +14,12 @@ namespace {
 
 constexpr double OutlineTolerance = 0.2; ///< pixels that a bed's edge may stray from its arc
 constexpr double FarthestPiece = 60;     ///< cm from a piece's middle to its farthest point
-constexpr double RailWidth = 1.3;        ///< cm, of both rails with the slot between them
-constexpr double SlotWidth = 0.5;
-constexpr double LeastSlot = 0.6; ///< pixels; of a narrower one the rails alone are shown
-constexpr double KerbWidth = 1.2;
-constexpr double KerbBlock = 3.2;     ///< cm along the edge
-constexpr double LeastKerb = 1.2;     ///< pixels; a narrower one would be an even tint
-constexpr double StripeSpacing = 3.2; ///< cm
-constexpr double LeastStripes = 7;    ///< pixels; closer ones would be an even tint
-constexpr double ShadowReach = 2.4;   ///< cm beside a bridge
-constexpr double Receding = 0.55;     ///< of the way to the background, for tracks that are not chosen
-constexpr Colour SlotColour = Rgb(0x20, 0x23, 0x27);
-constexpr Colour KerbWhite = Rgb(0xF2, 0xF2, 0xF0);
-constexpr Colour KerbRed = Rgb(0xC8, 0x3C, 0x36);
+constexpr double LeastSlot = 0.6;        ///< pixels; of a narrower one the rails alone are shown
+constexpr double LeastKerb = 1.2;        ///< pixels; a narrower one would be an even tint
+constexpr double StripeSpacing = 3.2;    ///< cm
+constexpr double LeastStripes = 7;       ///< pixels; closer ones would be an even tint
+constexpr double ShadowReach = 2.4;      ///< cm beside a bridge
+constexpr double Receding = 0.55;        ///< of the way to the background, for tracks that are not chosen
 
 int Brightness(Colour colour) { return 2 * Red(colour) + 5 * Green(colour) + Blue(colour); }
 
@@ -206,30 +199,16 @@ private:
         return part;
     }
 
-    /// The chequered line across the track, and an arrow the way the cars go.
     void PaintStart(const PiecePlacement& placement) {
-        constexpr int squares = 10;
-        constexpr double side = 1.55; // cm
-        const Corners& corners = placement.Corners;
-        const double heading =
-            std::atan2(double{corners.OtherEntry.Y} - corners.Entry.Y, double{corners.OtherEntry.X} - corners.Entry.X);
-        painter_.save();
-        painter_.translate(surface_.PlaceOf(corners.Entry));
-        painter_.rotate(-heading * 180 / PiValue);
-        painter_.scale(scale_, scale_);
         painter_.setPen(Qt::NoPen);
-        const double width =
-            std::hypot(double{corners.OtherEntry.X} - corners.Entry.X, double{corners.OtherEntry.Y} - corners.Entry.Y);
-        const double step = width / squares;
-        painter_.fillRect(QRectF(0, -2 * side, width, 2 * side), Qt::white);
-        for (int column = 0; column < squares; ++column)
-            painter_.fillRect(QRectF(column * step, -side * (1 + column % 2), step, side), Qt::black);
-        painter_.setBrush(Qt::white);
-        const double middle = width / 2;
-        const double tip = -2 * side - 6.5;
-        painter_.drawPolygon(QPolygonF({QPointF(middle - 2.4, -2 * side - 1.2), QPointF(middle, -2 * side - 2.4),
-                                        QPointF(middle + 2.4, -2 * side - 1.2), QPointF(middle, tip)}));
-        painter_.restore();
+        for (const FilledArea& area : StartMarksOf(placement.Corners)) {
+            QPolygonF polygon;
+            for (const WorldPoint point : area.Polygon)
+                polygon << surface_.PlaceOf(point);
+            painter_.setBrush(ToQColor(area.Fill));
+            painter_.drawPolygon(polygon);
+        }
+        painter_.setBrush(Qt::NoBrush);
         surface_.ForgetPen();
     }
 

@@ -7,12 +7,9 @@
 #include "imaging/track_look.h"
 #include "model/project.h"
 #include "render/redraw.h"
+#include "render/track_bed.h"
 
 namespace pistaro {
-
-inline constexpr Colour AsphaltColour = Rgb(0x58, 0x5E, 0x67);
-inline constexpr Colour LeftLaneColour = Rgb(0xFF, 0xD5, 0x4A);
-inline constexpr Colour RightLaneColour = Rgb(0x7F, 0xD6, 0xFF);
 
 /// Something of both colours: all of one where `part` is 0, of the other where it is 1.
 Colour Mixed(Colour one, Colour other, double part);

@@ -10,15 +10,6 @@ namespace pistaro {
 
 namespace {
 
-constexpr Colour Asphalt = Rgb(0x6E, 0x74, 0x7C);
-constexpr Colour LeftRail = Rgb(0xFF, 0xD5, 0x4A);
-constexpr Colour RightRail = Rgb(0x7F, 0xD6, 0xFF);
-constexpr Colour Slot = Rgb(0x20, 0x23, 0x27);
-constexpr Colour KerbRed = Rgb(0xC8, 0x3C, 0x36);
-constexpr Colour White = Rgb(255, 255, 255);
-constexpr double RailWidth = 1.3; ///< cm, of both rails with the slot between them
-constexpr double SlotWidth = 0.5;
-constexpr double KerbWidth = 1.2;
 constexpr double Tolerance = 0.01; ///< cm that an edge may stray from its arc
 
 WorldPoint PointBy(double x, double y) { return {static_cast<float>(x), static_cast<float>(y)}; }
@@ -56,23 +47,22 @@ FilledArea BandAlong(const LineSegment& line, double width, Colour fill) {
 }
 
 void AddKerb(std::vector<FilledArea>& areas, const ArcSegment& kerb) {
-    constexpr double block = 4; // cm
-    const int pairs = std::max(1, static_cast<int>(std::lround(SpanOf(kerb) * kerb.Radius / (2 * block))));
+    const int pairs = std::max(1, static_cast<int>(std::lround(SpanOf(kerb) * kerb.Radius / (2 * KerbBlock))));
     const int blocks = 2 * pairs; // so that they go on from piece to piece
     const double step = SpanOf(kerb) / blocks;
-    areas.push_back(BandAlong(kerb, KerbWidth, White));
+    areas.push_back(BandAlong(kerb, KerbWidth, KerbWhite));
     for (int at = 0; at < blocks; at += 2)
         areas.push_back(BandAlong(kerb, kerb.Start + at * step, step, KerbWidth, KerbRed));
 }
 
 void AddLane(std::vector<FilledArea>& areas, const Lane& lane) {
-    const Colour rail = lane.Side == LaneSide::Left ? LeftRail : RightRail;
+    const Colour rail = lane.Side == LaneSide::Left ? LeftLaneColour : RightLaneColour;
     const auto add = [&](double width, Colour fill) {
         for (const Segment& segment : lane.Path)
             areas.push_back(std::visit([&](const auto& shape) { return BandAlong(shape, width, fill); }, segment));
     };
     add(RailWidth, rail);
-    add(SlotWidth, Slot);
+    add(SlotWidth, SlotColour);
 }
 
 /// The middle of the kerb along a curve's outer edge; nothing for other pieces.
@@ -84,10 +74,12 @@ std::optional<ArcSegment> KerbOf(const PiecePlacement& placement) {
     return kerb;
 }
 
-/// The chequered line across the track where it begins, and an arrow the way the cars go.
+} // namespace
+
 std::vector<FilledArea> StartMarksOf(const Corners& corners) {
     constexpr int squares = 10;
     constexpr double side = 1.55; // cm
+    constexpr Colour white = Rgb(255, 255, 255);
     const double right = double{corners.OtherEntry.X} - corners.Entry.X;
     const double up = double{corners.OtherEntry.Y} - corners.Entry.Y;
     const double width = std::hypot(right, up);
@@ -103,20 +95,18 @@ std::vector<FilledArea> StartMarksOf(const Corners& corners) {
     const double step = width / squares;
     std::vector<FilledArea> marks;
     marks.reserve(squares + 2);
-    marks.push_back(box(0, 0, width, 2 * side, White));
+    marks.push_back(box(0, 0, width, 2 * side, white));
     for (int column = 0; column < squares; ++column)
         marks.push_back(box(column * step, column % 2 * side, step, side, Rgb(0, 0, 0)));
     const double middle = width / 2;
-    marks.push_back(
-        {{place(middle - 1.6, 2 * side + 1.2), place(middle + 1.6, 2 * side + 1.2), place(middle, 2 * side + 5)},
-         White});
+    marks.push_back({{place(middle - 2.4, 2 * side + 1.2), place(middle, 2 * side + 2.4),
+                      place(middle + 2.4, 2 * side + 1.2), place(middle, 2 * side + 6.5)},
+                     white});
     return marks;
 }
 
-} // namespace
-
 std::vector<FilledArea> BedOf(const PiecePlacement& placement, bool isFirst) {
-    std::vector<FilledArea> areas{{OutlinePolygon(placement, Tolerance), Asphalt}};
+    std::vector<FilledArea> areas{{OutlinePolygon(placement, Tolerance), AsphaltColour}};
     if (const auto kerb = KerbOf(placement)) AddKerb(areas, *kerb);
     for (const Lane& lane : placement.Lanes)
         AddLane(areas, lane);

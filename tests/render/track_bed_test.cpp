@@ -11,7 +11,7 @@
 namespace pistaro {
 namespace {
 
-constexpr Colour Asphalt = Rgb(0x6E, 0x74, 0x7C);
+constexpr Colour Asphalt = Rgb(0x58, 0x5E, 0x67);
 constexpr Colour LeftRail = Rgb(0xFF, 0xD5, 0x4A);
 constexpr Colour RightRail = Rgb(0x7F, 0xD6, 0xFF);
 constexpr Colour Slot = Rgb(0x20, 0x23, 0x27);
@@ -51,7 +51,7 @@ TEST(TheBedOfACurve, HasAKerbOfRedAndWhiteAlongItsOuterEdge) {
     const auto bed = BedOf(Placed("C151L"), false);
 
     const double whole = 3.14159265 / 4 * (37.3 - 0.6) * 1.2;
-    EXPECT_NEAR(SizeOfAll(bed, Rgb(255, 255, 255)), whole, 0.02 * whole);
+    EXPECT_NEAR(SizeOfAll(bed, Rgb(0xF2, 0xF2, 0xF0)), whole, 0.02 * whole);
     EXPECT_NEAR(SizeOfAll(bed, KerbRed), whole / 2, 0.02 * whole) << "every other block";
 }
 
