@@ -6,6 +6,7 @@
 #include "search/special_pieces.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pistaro {
 
@@ -61,6 +62,18 @@ void BeginOnKept(const std::vector<int>& kept, Rows& rows) {
     }
 }
 
+/// The squares of the floor in which its pieces end.
+std::vector<std::pair<int, int>> SquaresOf(const Catalogue& catalogue, const Rows& rows, Pose pose) {
+    constexpr double side = 25; // cm
+    std::set<std::pair<int, int>> squares;
+    for (const int row : rows) {
+        pose = ExitOf(catalogue[row].Kind, pose);
+        squares.emplace(static_cast<int>(std::floor(pose.CursorX / side)),
+                        static_cast<int>(std::floor(pose.CursorY / side)));
+    }
+    return {squares.begin(), squares.end()};
+}
+
 } // namespace
 
 CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, const LoopRoom& room)
@@ -76,7 +89,8 @@ bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
     const auto laid = LaidInRoom(std::move(*rows), start);
     if (!laid) return false;
     keys_.insert(std::move(key));
-    found_.push_back({CircuitOf(*laid), OutlineKey(catalogue_, loopRows)});
+    found_.push_back(
+        {CircuitOf(*laid), OutlineKey(catalogue_, loopRows), SquaresOf(catalogue_, laid->Rows, laid->Start)});
     if (found_.back().Circuit.Used == 1) wholeOutlines_.insert(found_.back().Outline);
     return true;
 }

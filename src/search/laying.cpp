@@ -6,8 +6,8 @@
 #include "search/special_pieces.h"
 
 #include <algorithm>
-#include <numeric>
-#include <set>
+#include <iterator>
+#include <limits>
 
 namespace pistaro {
 
@@ -147,6 +147,16 @@ ShapeCounts ShapesAround(const Catalogue& catalogue, ShapeCounts shapes, const s
     return shapes;
 }
 
+using Squares = std::vector<std::pair<int, int>>;
+
+/// How many of the squares that one of two passes the other does, too.
+double SharedPart(const Squares& one, const Squares& other) {
+    Squares shared;
+    std::ranges::set_intersection(one, other, std::back_inserter(shared));
+    const std::size_t together = one.size() + other.size() - shared.size();
+    return together == 0 ? 1 : static_cast<double>(shared.size()) / static_cast<double>(together);
+}
+
 } // namespace
 
 bool CanKeep(const Catalogue& catalogue, const std::vector<int>& rows) {
@@ -158,16 +168,21 @@ std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int coun
     scores.reserve(found.size());
     for (const FoundCircuit& circuit : found)
         scores.push_back(Score(circuit.Circuit.Parts, weights));
-    std::vector<std::size_t> order(found.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    const auto isBetter = [&](std::size_t a, std::size_t b) { return scores[a] > scores[b]; };
-    std::ranges::stable_sort(order, isBetter);
-    std::set<std::vector<int>> outlines;
-    std::stable_partition(order.begin(), order.end(),
-                          [&](std::size_t place) { return outlines.insert(found[place].Outline).second; });
-    if (order.size() > static_cast<std::size_t>(count)) order.resize(static_cast<std::size_t>(count));
-    std::ranges::stable_sort(order, isBetter);
-    return order;
+    constexpr double mostForNew = 0.2; // of a score, that a circuit unlike all others is preferred by
+    std::vector<double> worth = scores;
+    std::vector<std::size_t> best;
+    while (best.size() < std::min(found.size(), static_cast<std::size_t>(count))) {
+        const auto place = static_cast<std::size_t>(std::ranges::max_element(worth) - worth.begin());
+        best.push_back(place);
+        for (std::size_t other = 0; other < found.size(); ++other) {
+            const double likeness = SharedPart(found[place].Squares, found[other].Squares);
+            const bool sameOutline = found[place].Outline == found[other].Outline;
+            worth[other] = std::min(worth[other], scores[other] - mostForNew * likeness - (sameOutline ? 1 : 0));
+        }
+        worth[place] = -std::numeric_limits<double>::infinity();
+    }
+    std::ranges::stable_sort(best, [&](std::size_t a, std::size_t b) { return scores[a] > scores[b]; });
+    return best;
 }
 
 struct CircuitSearch::State {

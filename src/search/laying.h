@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace pistaro {
@@ -48,10 +49,12 @@ struct LaidCircuit {
 
 struct FoundCircuit {
     LaidCircuit Circuit;
-    std::vector<int> Outline; ///< the same for circuits that look alike
+    std::vector<int> Outline;                 ///< the same for circuits that look alike
+    std::vector<std::pair<int, int>> Squares; ///< of the floor that it passes, in order
 };
 
-/// Which of them are the best by these weights, best first: of different outlines before others, so many at most.
+/// Which of them are the best by these weights, best first, so many at most: of different outlines before others, and
+/// those that pass other squares of the floor before those that are much like a better one.
 std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const ScoreWeights& weights);
 
 /// A search that can be watched, and gone on with. Its rounds follow from the task alone.

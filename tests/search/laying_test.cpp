@@ -236,6 +236,25 @@ TEST(LaidCircuits, BeginOnAStraight) {
         EXPECT_TRUE(Pieces().Find(circuit.Track.ElementCodes.front())->IsStraight());
 }
 
+TEST(BestOf, PrefersACircuitElsewhereToOneMuchLikeABetterOne) {
+    const auto found = [](double used, std::vector<int> outline, std::vector<std::pair<int, int>> squares) {
+        FoundCircuit circuit{{}, std::move(outline), std::move(squares)};
+        circuit.Circuit.Parts.Used = used;
+        return circuit;
+    };
+    const ScoreWeights usedAlone{1, 0, 0, 0, 0, 0, 0};
+    const std::vector<FoundCircuit> circuits{found(0.85, {1}, {{5, 5}, {6, 5}}),
+                                             found(0.95, {2}, {{0, 0}, {0, 1}, {1, 0}, {1, 1}}),
+                                             found(0.94, {3}, {{0, 0}, {0, 1}, {1, 0}, {2, 1}}),
+                                             found(0.7, {4}, {{8, 8}, {9, 8}}), found(0.95, {2}, {{7, 7}})};
+
+    EXPECT_EQ(BestOf(circuits, 1, usedAlone), (std::vector<std::size_t>{1}));
+    EXPECT_EQ(BestOf(circuits, 2, usedAlone), (std::vector<std::size_t>{1, 0})) << "three squares of five are the same";
+    EXPECT_EQ(BestOf(circuits, 3, usedAlone), (std::vector<std::size_t>{1, 2, 0}));
+    EXPECT_EQ(BestOf(circuits, 9, usedAlone), (std::vector<std::size_t>{1, 4, 2, 0, 3}))
+        << "the same outline last of all";
+}
+
 TEST(Laying, GivesWhatItHasWhenTheTimeIsUp) {
     int asked = 0;
     const LayingTask task = TaskOf("C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4", {400, 300});
