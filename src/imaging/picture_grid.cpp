@@ -60,6 +60,7 @@ private:
 
     QImage RowOf(int width, int down) const {
         std::vector<Stamp> circles;
+        circles.reserve(Eighths);
         for (int across = 0; across < Eighths; ++across)
             circles.emplace_back(circles_.copy(across * Size(), down * Size(), Size(), Size()));
         QImage row(width, Size(), QImage::Format_ARGB32_Premultiplied);
