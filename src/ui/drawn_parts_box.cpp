@@ -7,7 +7,7 @@
 
 namespace pistaro {
 
-DrawnPartsBox::DrawnPartsBox(std::function<void()> changed)
+DrawnPartsBox::DrawnPartsBox(const std::function<void()>& changed)
     : QGroupBox("Contents"), cboTrack_(Named(new QComboBox, "cboTrack")),
       chkNumbers_(Named(new QCheckBox("&Numbers"), "chkNumbers")), chkGrid_(Named(new QCheckBox("&Grid"), "chkGrid")),
       chkRoom_(Named(new QCheckBox("R&oom"), "chkRoom")), chkSurface_(Named(new QCheckBox("S&urface"), "chkSurface")),

@@ -14,7 +14,7 @@ namespace pistaro {
 class DrawnPartsBox : public QGroupBox {
 public:
     /// Calls `changed` after each change by the user.
-    explicit DrawnPartsBox(std::function<void()> changed);
+    explicit DrawnPartsBox(const std::function<void()>& changed);
 
     DrawnParts Chosen() const;
     /// For formats that draw nothing only the track can be chosen, and surfaces only where areas are filled.
