@@ -43,7 +43,7 @@ std::string FindingsTable(const std::vector<Finding>& findings) {
                  Padded(finding.Rule, 19) + finding.Text + '\n';
     return table + CountOf(findings, Severity::Error, "error", "errors") + ", " +
            CountOf(findings, Severity::Warning, "warning", "warnings") + ", " +
-           CountOf(findings, Severity::Advice, "advice", "advices") + '\n';
+           CountOf(findings, Severity::Advice, "piece of advice", "pieces of advice") + '\n';
 }
 
 Json RulesJson() {

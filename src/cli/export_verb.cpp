@@ -85,6 +85,7 @@ void ExportVerb(const VerbContext& context, const std::filesystem::path& circuit
     const std::filesystem::path file = PathFromText(arguments.Out);
     const Project project = StartWithCircuit(context, circuit);
     CheckMayWrite(file, arguments.Force);
+    CheckNotInput(context, circuit, file);
     const OffscreenGraphics graphics;
     ReplaceFile(file, ExportBytes(context.Catalogue, project, *ExportFormatOf(file), OptionsOf(arguments)));
     context.Output << TextFromPath(file) << '\n';

@@ -102,6 +102,17 @@ int TakeLength(std::string_view& text) {
     return length;
 }
 
+const char* WhyNone(const Laying& laying) {
+    if (laying.AreAll) return "these pieces make none in this room";
+    return laying.TimeWasUp ? "none was found from these pieces in this room before the time was up"
+                            : "none was found from these pieces in this room";
+}
+
+const char* WhyNoMore(const Laying& laying) {
+    if (laying.AreAll) return "there are no others";
+    return laying.TimeWasUp ? "the time was up" : "no others were found";
+}
+
 } // namespace
 
 std::optional<Area> AreaOf(std::string_view text) {
@@ -129,9 +140,7 @@ void GenerateVerb(const VerbContext& context, const GenerateOptions& options) {
     const Laying laying = InForeground(interruptions, context.Errors, "generate", [&](const JobWatch& watch) {
         return LayCircuits(context.Catalogue, task, watch, TimeUpAfter(options.Seconds));
     });
-    if (laying.Circuits.empty())
-        throw Fault("No circuit", laying.AreAll ? "these pieces make none in this room"
-                                                : "none was found from these pieces in this room");
+    if (laying.Circuits.empty()) throw Fault("No circuit", WhyNone(laying));
     CircuitFolder folder(options.Out);
     for (const LaidCircuit& circuit : laying.Circuits) {
         design.Circuit.Tracks.front() = circuit.Track;
@@ -141,8 +150,8 @@ void GenerateVerb(const VerbContext& context, const GenerateOptions& options) {
     for (std::size_t i = 0; i < files.size(); ++i)
         context.Output << Line(CircuitJson(files[i], laying.Circuits[i])) << '\n';
     if (static_cast<int>(files.size()) < options.Count)
-        context.Errors << "pistaro: " << files.size() << " of " << options.Count
-                       << " circuits: " << (laying.AreAll ? "there are no others" : "no others were found") << '\n';
+        context.Errors << "pistaro: " << files.size() << " of " << options.Count << " circuits: " << WhyNoMore(laying)
+                       << '\n';
 }
 
 } // namespace pistaro

@@ -17,6 +17,7 @@ void PlanVerb(const VerbContext& context, const std::filesystem::path& circuit, 
     const Project project = StartWithCircuit(context, circuit);
     CheckMayWrite(file, arguments.Force);
     const OffscreenGraphics graphics;
+    CheckNotInput(context, circuit, file);
     ReplaceFile(file, BuildPlanBytes(context.Catalogue, project, TrackIn(arguments.Track), *PlanFormatOf(file),
                                      *FindPaper(arguments.Paper)));
     context.Output << TextFromPath(file) << '\n';

@@ -1,6 +1,9 @@
 #include "cli/start.h"
 
+#include "commands/circuit_commands.h"
 #include "editor/circuit_files.h"
+#include "platform/fault.h"
+#include "platform/files.h"
 #include "platform/places.h"
 #include "storage/settings_file.h"
 
@@ -22,6 +25,13 @@ Project StartWithCircuit(const VerbContext& context, const std::filesystem::path
     PrintMessages(start.Messages, context.Errors);
     LoadCircuit(start.Project, circuit);
     return std::move(start.Project);
+}
+
+void CheckNotInput(const VerbContext& context, const std::filesystem::path& circuit, const std::filesystem::path& out) {
+    std::error_code notThereYet;
+    if (std::filesystem::equivalent(circuit, out, notThereYet))
+        throw Fault("Permission denied", TextFromPath(out) + ": is the circuit that is read");
+    if (context.SettingsFile) CheckNotSettings(out, *context.SettingsFile);
 }
 
 void PrintMessages(const std::vector<Message>& messages, std::ostream& errors) {

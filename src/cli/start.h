@@ -18,6 +18,9 @@ VerbStart StartVerb(const VerbContext& context);
 /// The same with the warnings printed and the circuit loaded.
 Project StartWithCircuit(const VerbContext& context, const std::filesystem::path& circuit);
 
+/// Fault where a verb is about to write into the circuit that it reads, or into the settings file that was named.
+void CheckNotInput(const VerbContext& context, const std::filesystem::path& circuit, const std::filesystem::path& out);
+
 /// Prints warnings on the error stream.
 void PrintMessages(const std::vector<Message>& messages, std::ostream& errors);
 

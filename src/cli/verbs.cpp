@@ -23,6 +23,7 @@
 #include "storage/line_reader.h"
 #include "storage/sets_file.h"
 
+#include <list>
 #include <sstream>
 
 namespace pistaro {
@@ -109,20 +110,27 @@ void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, 
         return ShowDetail(context.Catalogue, project.Stock, project.Design.Circuit, options.Track,
                           options.IncludeOwned);
     });
-    const std::filesystem::path list = folder.value_or(circuit.parent_path()) / ShoppingListName;
-    ReplaceFile(list, ShoppingListBytes(context.Catalogue, project.Stock, project.Preferences.Units, detail));
-    context.Output << TextFromPath(list) << '\n';
-    if (!csv) return;
-    const std::filesystem::path table = folder.value_or(circuit.parent_path()) / ShoppingTableName;
-    ReplaceFile(table, ShoppingTableBytes(project.Stock, project.Preferences.Units, detail));
-    context.Output << TextFromPath(table) << '\n';
+    const std::filesystem::path into = folder.value_or(circuit.parent_path());
+    std::list<WrittenFile> written; // both of them before the first takes its place
+    std::string names;
+    const auto write = [&](const char* name, const std::string& bytes) {
+        const std::filesystem::path file = into / name;
+        CheckNotInput(context, circuit, file);
+        written.emplace_back(file, bytes);
+        names += TextFromPath(file) + '\n';
+    };
+    write(ShoppingListName, ShoppingListBytes(context.Catalogue, project.Stock, project.Preferences.Units, detail));
+    if (csv) write(ShoppingTableName, ShoppingTableBytes(project.Stock, project.Preferences.Units, detail));
+    for (WrittenFile& file : written)
+        file.TakePlace();
+    context.Output << names;
 }
 
 void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit, const OptionalPath& folder) {
     Project project = StartWithCircuit(context, circuit);
     const std::filesystem::path into = folder.value_or(circuit.parent_path());
     project.Preferences.WorkingDirectory = TextFromPath((into.empty() ? "." : into) / "");
-    GuidePageFile(project.Preferences);
+    CheckNotInput(context, circuit, GuidePageFile(project.Preferences));
     const OffscreenGraphics graphics;
     const Interruptions interruptions; // one that comes while the files are written comes too late
     const GuidePictures pictures = GuidePicturesOf(context.Catalogue, DefaultPicturePixels, std::nullopt);
@@ -135,6 +143,7 @@ void GuideVerb(const VerbContext& context, const std::filesystem::path& circuit,
 
 void PictureVerb(const VerbContext& context, const std::filesystem::path& circuit, const PictureOptions& options) {
     Project project = StartWithCircuit(context, circuit);
+    CheckNotInput(context, circuit, options.Out);
     project.EditState.ShowNumbers = options.Numbers;
     std::optional<Picture> background;
     if (options.Background) background = Picture::Read(*options.Background);

@@ -142,7 +142,13 @@ void SaveCommand(Session& session) {
 
 void PlainSaveCommand(Session& session) {
     const std::filesystem::path file = session.Project.EditState.File;
-    if (file.empty()) return SaveCommand(session);
+    if (file.empty()) {
+        const bool unsaved = session.Project.EditState.DataChanged;
+        SaveCommand(session);
+        // The dialog that is left without a name lets the work pass for saved; this command does not.
+        if (session.Project.EditState.File.empty()) session.Project.EditState.DataChanged = unsaved;
+        return;
+    }
     if (session.Files.IsChanged(file) &&
         session.Prompts.Ask(ChangedText(file) + " Overwrite it?", Buttons::YesNo) != Answer::Yes)
         return;

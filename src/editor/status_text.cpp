@@ -91,7 +91,7 @@ std::string FiguresText(const Catalogue& catalogue, const Project& project) {
     std::string text;
     if (const Track* const track = EditedTrack(project.Design.Circuit, project.EditState)) {
         const BuiltLanes lanes = LanesAsBuilt(catalogue, *track);
-        text = "lanes " + LengthLabel(lanes.Lengths[0], units) + " and " + LengthLabel(lanes.Lengths[1], units) + " " +
+        text = "lanes " + FineLength(lanes.Lengths[0], units) + " and " + FineLength(lanes.Lengths[1], units) + " " +
                units.Name() + " as built" + Between;
     }
     if (bill.Price > 0) text += NumberText(static_cast<float>(bill.Price)) + " " + units.Currency + Between;

@@ -240,11 +240,13 @@ Laying LayCircuits(const Catalogue& catalogue, const LayingTask& task, const Job
                    const std::function<bool()>& isTimeUp) {
     CircuitSearch search(catalogue, task);
     bool goesOn = true;
-    while (goesOn) {
-        goesOn = search.Round(watch) && !(isTimeUp && isTimeUp());
+    bool timeWasUp = false;
+    while (goesOn && !timeWasUp) {
+        goesOn = search.Round(watch);
+        timeWasUp = goesOn && isTimeUp && isTimeUp();
         watch.Step(std::min(static_cast<int>(search.Found().size()), task.Count), task.Count);
     }
-    Laying laying{.Circuits = {}, .AreAll = search.IsComplete()};
+    Laying laying{.Circuits = {}, .AreAll = search.IsComplete(), .TimeWasUp = timeWasUp};
     for (const std::size_t place : BestOf(search.Found(), task.Count, task.Weights))
         laying.Circuits.push_back(search.Found()[place].Circuit);
     return laying;

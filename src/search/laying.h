@@ -85,6 +85,7 @@ private:
 struct Laying {
     std::vector<LaidCircuit> Circuits; ///< the best ones first; no two are alike
     bool AreAll = false;               ///< more there are not, however long one looks
+    bool TimeWasUp = false;            ///< before the search had come to its end
 };
 
 /// Lays circuits. The effort is counted in steps: the same task gives the same circuits on every machine. `isTimeUp`,

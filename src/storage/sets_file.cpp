@@ -54,7 +54,8 @@ private:
         if (pieces == nullptr || !pieces->is_table())
             throw Wrong(pieces == nullptr ? table : *pieces, "\"" + set.Name + "\" wants pieces = { CODE = COUNT }");
         for (const auto& [code, count] : *pieces->as_table())
-            set.Pieces[ProductIn(std::string(code.str()), count)] = CountIn(count);
+            if (!set.Pieces.emplace(ProductIn(std::string(code.str()), count), CountIn(count)).second)
+                throw Wrong(count, "\"" + std::string(code.str()) + "\" is a product named before");
         return set;
     }
 

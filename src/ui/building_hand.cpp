@@ -39,6 +39,7 @@ BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vecto
     for (QAction* const special : view.window()->findChildren<QAction*>("mnuSpecial"))
         connect(special, &QAction::triggered, this, [this, special] { LayFurther(TagOf(*special)); });
     view.window()->installEventFilter(this);
+    view.installEventFilter(this);
     ShowEnds();
 }
 
@@ -57,8 +58,15 @@ bool BuildingHand::eventFilter(QObject* watched, QEvent* event) {
         TakeDigit(key.key() - Qt::Key_0);
         return true;
     }
+    // A menu or a dialog that opened under the mouse took the button's end of hovering.
+    if (watched == &view_ && event->type() == QEvent::Enter && !dragged_) PutDown();
     auto* const button = qobject_cast<QToolButton*>(watched);
     return button != nullptr && OnPiece(*button, *event);
+}
+
+void BuildingHand::PutDown() {
+    code_.clear();
+    ShowGhost(std::nullopt);
 }
 
 bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
@@ -66,8 +74,7 @@ bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
         code_ = TagOf(button);
         ShowGhost(ButtonPlace(session_.Catalogue, Now()));
     } else if (event.type() == QEvent::Leave && !dragged_) {
-        code_.clear();
-        ShowGhost(std::nullopt);
+        PutDown();
     } else if (event.type() == QEvent::MouseMove && button.isEnabled()) {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
         if (!(mouse.buttons() & Qt::LeftButton)) return false;

@@ -29,6 +29,7 @@ public:
 
 private:
     bool OnPiece(QToolButton& button, const QEvent& event);
+    void PutDown();
     void TakeDigit(int digit);
     /// Lays as many more as the digit says.
     void LayFurther(const std::string& code);

@@ -57,7 +57,7 @@ QString SummaryOf(const std::vector<Finding>& findings) {
     };
     return text(count(Severity::Error), "error", "errors") + ", " +
            text(count(Severity::Warning), "warning", "warnings") + ", " +
-           text(count(Severity::Advice), "advice", "advices");
+           text(count(Severity::Advice), "piece of advice", "pieces of advice");
 }
 
 } // namespace

@@ -150,7 +150,8 @@ void frmCorvel::ShowStatus() {
     if (hand_ != nullptr && hand_->Times() > 1)
         text += " · the next piece " + std::to_string(hand_->Times()) + " times";
     status_->setText(QString::fromStdString(text));
-    figures_->setText(QString::fromStdString(FiguresText(session_.Catalogue, session_.Project)));
+    const std::string figures = FiguresText(session_.Catalogue, session_.Project);
+    figures_->setText(QString::fromStdString(figures.empty() ? "" : "· " + figures));
 }
 
 void frmCorvel::Open(const std::filesystem::path& file) {

@@ -94,6 +94,8 @@ QWidget* SuggestionBar::Choices() {
     for (QWidget* const widget :
          std::initializer_list<QWidget*>{spnRun_, cboWish_, chkOwnedOnly_, spnMostPieces_, spnTolerance_})
         row->addWidget(widget);
+    for (QWidget* const box : std::initializer_list<QWidget*>{spnRun_, spnMostPieces_, spnTolerance_})
+        box->setMinimumWidth(box->sizeHint().width()); // what stands before and after the number shows whole
     row->addStretch();
     row->addWidget(cmdLay);
     row->addWidget(cmdLeave);

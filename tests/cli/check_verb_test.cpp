@@ -50,7 +50,7 @@ TEST_F(CheckVerb, PrintsATableForAPerson) {
     EXPECT_EQ(run.Output,
               "warning  track 1  odd-change-overs   1 change-over: each lane leads into the other, one way of "
               "71.8 cm in two laps.\n"
-              "0 errors, 1 warning, 0 advices\n");
+              "0 errors, 1 warning, 0 pieces of advice\n");
 }
 
 TEST_F(CheckVerb, ListsItsRules) {

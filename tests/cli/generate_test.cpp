@@ -141,6 +141,13 @@ TEST_F(Generate, WritesIntoAnEmptyFolderButNotAmongOtherFiles) {
     EXPECT_EQ(FilesIn("found"), 1U);
 }
 
+TEST_F(Generate, SaysThatTheTimeWasUp) {
+    const Finished finished = Run({"--area", "400x300", "--pieces", "C160=20,C151=24,C152=8,C153=8,C154=8", "--count",
+                                   "100", "--seconds", "0.2", "--out", "found"});
+
+    EXPECT_THAT(finished.Errors, testing::HasSubstr("the time was up\n"));
+}
+
 TEST_F(Generate, RefusesAWrongCommandLine) {
     const std::vector<std::vector<std::string>> wrong{
         {"--pieces", "C151=8", "--out", "found"},                                         // neither room nor area

@@ -43,6 +43,47 @@ TEST(HostileScript, DoesNotSaveOverTheSettingsFileThatIsNamed) {
     EXPECT_EQ(BytesOf(program / "my.ini"), WholeSettings());
 }
 
+TEST(Verbs, WriteNeitherOverTheCircuitThatTheyReadNorOverTheSettingsThatAreNamed) {
+    const ProgramFolder program;
+    const auto refusal = [&](const std::vector<std::string>& arguments) {
+        const Finished finished = program.Run(arguments);
+        EXPECT_EQ(finished.ExitStatus, 1) << arguments[0];
+        EXPECT_EQ(finished.Output, "") << arguments[0];
+        return finished.Errors;
+    };
+    for (const char* const name : {"c.png", "c.svg", "c.html", "guide.html", "shoppingList.txt"})
+        WriteBytes(program / name, CircuitText("C160"));
+    WriteBytes(program / "my.csv", WholeSettings());
+
+    EXPECT_EQ(refusal({"picture", "c.png", "--out", "c.png"}),
+              "pistaro: Permission denied: c.png: is the circuit that is read\n");
+    EXPECT_EQ(refusal({"export", "c.svg", "--force", "--out", "./c.svg"}),
+              "pistaro: Permission denied: ./c.svg: is the circuit that is read\n");
+    EXPECT_EQ(refusal({"plan", "c.html", "--force", "--out", "c.html"}),
+              "pistaro: Permission denied: c.html: is the circuit that is read\n");
+    EXPECT_THAT(refusal({"guide", "guide.html"}), HasSubstr("guide.html: is the circuit that is read\n"));
+    EXPECT_EQ(refusal({"shop", "shoppingList.txt"}),
+              "pistaro: Permission denied: shoppingList.txt: is the circuit that is read\n");
+    EXPECT_EQ(refusal({"export", "c.svg", "--settings", "my.csv", "--force", "--out", "my.csv"}),
+              "pistaro: Permission denied: my.csv: is the settings file\n");
+    for (const char* const name : {"c.png", "c.svg", "c.html", "guide.html", "shoppingList.txt"})
+        EXPECT_EQ(BytesOf(program / name), CircuitText("C160")) << name;
+    EXPECT_EQ(BytesOf(program / "my.csv"), WholeSettings());
+}
+
+TEST(ShoppingList, IsNotReplacedWhereItsTableCannotBe) {
+    const ProgramFolder program;
+    WriteBytes(program / "oval.trk", CircuitText("C160"));
+    WriteBytes(program / "shoppingList.txt", "an older list");
+    std::filesystem::create_directory(program / "shoppingList.csv");
+
+    const Finished finished = program.Run({"shop", "oval.trk", "--csv"});
+
+    EXPECT_EQ(finished.ExitStatus, 1);
+    EXPECT_EQ(finished.Output, "");
+    EXPECT_EQ(BytesOf(program / "shoppingList.txt"), "an older list");
+}
+
 TEST(HostileScript, DoesNotSaveOverTheUsualSettingsFileThereOrNot) {
     const ProgramFolder program;
     const std::string usual = TextFromPath(program.UsualSettings());

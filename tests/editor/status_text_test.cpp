@@ -145,13 +145,13 @@ TEST(StatusText, CountsAllTracksTogetherWhenAllAreChosen) {
 TEST(Figures, TellLanesAsBuiltPriceAndWhatIsToBuy) {
     Project project = ProjectOf("C160 C159");
     project.Preferences.Units.Currency = "EUR";
-    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.5 and 52.5 cm as built · 2 to buy");
+    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.50 and 52.50 cm as built · 2 to buy");
 
     ProductStock& straight = project.Stock.Of(Pieces().FindRow("C160"));
     straight = {.OwnedCount = 1, .Price = 2.5F};
-    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.5 and 52.5 cm as built · 2.5 EUR · 1 to buy");
+    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.50 and 52.50 cm as built · 2.5 EUR · 1 to buy");
     project.Stock.Of(Pieces().FindRow("C159")).OwnedCount = 1;
-    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.5 and 52.5 cm as built · 2.5 EUR · all owned");
+    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.50 and 52.50 cm as built · 2.5 EUR · all owned");
 }
 
 TEST(Figures, OfAllTracksAreThoseOfAllPieces) {

@@ -47,6 +47,8 @@ TEST(SetsFile, TellsTheLineOfAFault) {
               "Bad file format: sets.toml, line 4: a count is a whole number from 0 to 10000");
     EXPECT_EQ(fault("[[set]]\nname = \"a\"\ncolour = 1"),
               "Bad file format: sets.toml, line 3: a set has no \"colour\"");
+    EXPECT_EQ(fault("[[set]]\nname = \"a\"\nprice = 1\npieces = { C151 = 2, C151L = 1 }"),
+              "Bad file format: sets.toml, line 4: \"C151L\" is a product named before");
     EXPECT_EQ(fault("sets = 1"), "Bad file format: sets.toml, line 1: \"sets\" is no [[set]]");
     EXPECT_THAT(fault("[[set]\n"), HasSubstr("Bad file format: sets.toml, line 1: "));
 }

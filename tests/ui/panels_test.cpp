@@ -54,7 +54,7 @@ TEST_F(Panels, ChecksAreShownAndHiddenByTheirKey) {
     EXPECT_TRUE(dock.isVisible());
     EXPECT_TRUE(Entry("mnuChecks").isChecked());
     QTest::qWait(1);
-    EXPECT_EQ(Text("lblChecks"), "0 errors, 1 warning, 0 advices");
+    EXPECT_EQ(Text("lblChecks"), "0 errors, 1 warning, 0 pieces of advice");
 
     QTest::keyClick(Window.get(), Qt::Key_F8);
     EXPECT_FALSE(dock.isVisible());
