@@ -9,12 +9,13 @@ namespace pistaro {
 
 namespace {
 
-/// The head row of a product, which may be named by the code of either hand; -1 for anything else.
+/// The head row of a product, or of the one hand of it that is a product of its own; -1 for anything else.
 int HeadRowOf(const Catalogue& catalogue, std::string_view product) {
     for (const int row : catalogue.ProductRows()) {
         if (ProductCode(catalogue[row].Code) == product) return row;
     }
-    return catalogue.FindRow(product) < 0 ? -1 : catalogue.FindHeadRow(ProductCode(product));
+    const int row = catalogue.FindRow(product);
+    return row >= 0 && catalogue.IsHeadRow(row) ? row : -1;
 }
 
 int CountIn(std::string_view entry, std::string_view text) {

@@ -82,7 +82,7 @@ TEST_F(Export, FillsTheTracksOnlyWhenTheirSurfaceIsAskedFor) {
     EXPECT_EQ(Run({"--out", "surface.pdf", "--surface"}).ExitStatus, 0);
     EXPECT_EQ(Run({"--out", "surface.png", "--surface", "--dpi", "40"}).ExitStatus, 0);
 
-    constexpr const char* asphalt = "<polygon fill=\"#6e747c\"";
+    constexpr const char* asphalt = "<polygon fill=\"#585e67\"";
     EXPECT_EQ(BytesOf(program_ / "lines.svg").find(asphalt), std::string::npos);
     EXPECT_NE(BytesOf(program_ / "surface.svg").find(asphalt), std::string::npos);
 }
