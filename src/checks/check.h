@@ -6,8 +6,8 @@
 
 namespace pistaro {
 
-/// What all rules find: errors first, then warnings and pieces of advice, each by track and place. The stock tells what is owned
-/// and what a piece costs, the units in which lengths and money are told.
+/// What all rules find: errors first, then warnings and pieces of advice, each by track and place. The stock tells what
+/// is owned and what a piece costs, the units in which lengths and money are told.
 std::vector<Finding> CheckDesign(const Catalogue& catalogue, const Design& design, const Stock& stock,
                                  const Units& units);
 
