@@ -1,8 +1,24 @@
 #include "commands/late_writer.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pistaro {
+
+LateWriter::~LateWriter() {
+    thread_.request_stop();
+    changed_.notify_all();
+}
+
+/// Looks by itself, too, now and then: not every system passes on each notice that comes while a wait begins or ends.
+template <typename Condition>
+void LateWriter::WaitUntil(std::unique_lock<std::mutex>& lock, Condition condition) {
+    constexpr std::chrono::milliseconds nap{500};
+    while (!condition()) {
+        const auto now = std::chrono::steady_clock::now();
+        changed_.wait_until(lock, waiting_ && due_ > now ? std::min(due_, now + nap) : now + nap);
+    }
+}
 
 void LateWriter::Later(Write write) {
     const std::scoped_lock lock(mutex_);
@@ -13,7 +29,7 @@ void LateWriter::Later(Write write) {
 }
 
 LateWriter::Write LateWriter::Take(std::unique_lock<std::mutex>& lock) {
-    changed_.wait(lock, [this] { return !writes_; });
+    WaitUntil(lock, [this] { return !writes_; });
     return std::exchange(waiting_, nullptr);
 }
 
@@ -35,10 +51,10 @@ void LateWriter::Forget() {
 
 void LateWriter::Run(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
-    while (changed_.wait(lock, stop, [this] { return waiting_ != nullptr; })) {
-        const bool taken = changed_.wait_until(lock, stop, due_, [this] { return waiting_ == nullptr; });
+    const auto isDue = [this] { return waiting_ != nullptr && std::chrono::steady_clock::now() >= due_; };
+    while (true) {
+        WaitUntil(lock, [&] { return stop.stop_requested() || isDue(); });
         if (stop.stop_requested()) return; // what could not be written waits still
-        if (taken) continue;
         const Write write = std::exchange(waiting_, nullptr);
         writes_ = true;
         lock.unlock();

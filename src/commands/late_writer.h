@@ -17,7 +17,7 @@ public:
     explicit LateWriter(std::chrono::milliseconds delay) : delay_(delay) {}
 
     /// Does not do what still waits.
-    ~LateWriter() = default;
+    ~LateWriter();
     LateWriter(const LateWriter&) = delete;
     LateWriter& operator=(const LateWriter&) = delete;
 
@@ -34,12 +34,14 @@ public:
 private:
     void Run(const std::stop_token& stop);
     void TryAgainLater(Write write);
+    template <typename Condition>
+    void WaitUntil(std::unique_lock<std::mutex>& lock, Condition condition);
     /// What waits, when no other write is being done.
     Write Take(std::unique_lock<std::mutex>& lock);
 
     const std::chrono::milliseconds delay_;
     std::mutex mutex_;
-    std::condition_variable_any changed_;
+    std::condition_variable changed_;
     Write waiting_;
     std::chrono::steady_clock::time_point due_;
     bool writes_ = false;

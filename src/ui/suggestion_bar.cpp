@@ -89,6 +89,7 @@ QWidget* SuggestionBar::Choices() {
     for (const auto& [wish, caption] : Wishes)
         cboWish_->addItem(caption, static_cast<int>(wish));
     cboWish_->setToolTip("What the other pieces shall be");
+    cboWish_->setAccessibleName(cboWish_->toolTip());
     auto* const cmdLay = Named(new QPushButton("&Lay"), "cmdLaySuggestion");
     auto* const cmdLeave = Named(new QPushButton("Cancel"), "cmdLeaveSuggestions");
     for (QWidget* const widget :

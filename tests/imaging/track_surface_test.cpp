@@ -121,7 +121,7 @@ TEST_F(TrackSurfaces, WriteANumberBesideAPieceThatHasNoRoomForIt) {
         int count = 0;
         for (int x = from; x < to; ++x)
             for (int y = 300; y < 400; ++y)
-                count += drawing.Picture().pixelColor(x, y).lightness() < 160;
+                count += drawing.Picture().pixelColor(x, y).lightness() < 220;
         return count;
     };
 

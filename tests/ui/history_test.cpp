@@ -215,8 +215,8 @@ TEST_F(HistoryInTheWindow, MenuRecentOpensWhatWasLoadedAndSavedLast) {
     Prompts.Files = {Folder / "R&D.trk"};
     Choose("mnuCircuitSave");
 
-    const std::string folder = Folder.Path().filename().string();
-    EXPECT_THAT(Recents(), ElementsAre("&1 " + folder + "/R&&D.trk", "&2 " + folder + "/oval.trk"));
+    const std::filesystem::path folder = Folder.Path().filename();
+    EXPECT_THAT(Recents(), ElementsAre("&1 " + (folder / "R&&D.trk").string(), "&2 " + (folder / "oval.trk").string()));
     EXPECT_EQ(Entry("mnuRecent", "2").toolTip().toStdString(), (Folder / "oval.trk").string());
     Choose("mnuRecent", "2");
     EXPECT_EQ(Codes(), "C187L");
