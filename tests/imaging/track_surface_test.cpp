@@ -126,7 +126,7 @@ TEST_F(TrackSurfaces, WriteANumberBesideAPieceThatHasNoRoomForIt) {
     };
 
     EXPECT_EQ(dark(200, 470, 500), 0) << "62 pixels wide, and white on the bed";
-    EXPECT_GT(dark(1600, 410, 440), 5) << "8 pixels wide: dark on the ground beside it";
+    EXPECT_GT(dark(4000, 406, 440), 5) << "3 pixels wide: dark on the ground beside it";
 }
 
 TEST_F(TrackSurfaces, ChangeNothingWhereTheyAreNotAskedFor) {
