@@ -67,10 +67,10 @@ TEST_F(Generate, WritesCircuitsThatCloseAndTellsOfEach) {
 TEST_F(Generate, HasItsKeysInOrder) {
     const Finished finished = Run({"--area", "200x200", "--pieces", "C151=8", "--count", "1", "--out", "found"});
 
-    const std::string file = (std::filesystem::path("found") / "circuit-01.trk").string();
+    const std::string file = Json((std::filesystem::path("found") / "circuit-01.trk").string()).dump();
     EXPECT_THAT(finished.Output,
-                StartsWith(R"({"file":")" + file +
-                           R"(","pieces":["C151L","C151L","C151L","C151L","C151L","C151L","C151L","C151L"],"count":8,)"
+                StartsWith(R"({"file":)" + file +
+                           R"(,"pieces":["C151L","C151L","C151L","C151L","C151L","C151L","C151L","C151L"],"count":8,)"
                            R"("used":1,"length":185.66809,"gap":{"distance":)"));
     EXPECT_THAT(finished.Output, HasSubstr(R"("score":)"));
 }

@@ -103,7 +103,9 @@ TEST(HostileName, WithALineFeedLeavesTheErrorOnOneLine) {
     const Finished finished = program.Run({"layout", "no\nsuch\x1B[31m.trk"});
 
     EXPECT_EQ(finished.ExitStatus, 1);
-    EXPECT_EQ(finished.Errors, "pistaro: File not found: no?such?[31m.trk\n");
+    // Windows has no files of such names at all.
+    EXPECT_THAT(finished.Errors, testing::AnyOf("pistaro: File not found: no?such?[31m.trk\n",
+                                                "pistaro: Path not found: no?such?[31m.trk\n"));
 }
 
 TEST(HostileName, InAWrongCommandLineStaysOnTheFirstLineToo) {
