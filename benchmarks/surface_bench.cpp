@@ -43,6 +43,7 @@ struct BareCall {
     QPen Pen;
     QBrush Brush;
     QTransform Transform;
+    double Opacity;
 };
 
 /// Writes down what reaches a painter.
@@ -59,6 +60,7 @@ public:
         if (now.state() & DirtyPen) pen_ = now.pen();
         if (now.state() & DirtyBrush) brush_ = now.brush();
         if (now.state() & DirtyTransform) transform_ = now.transform();
+        if (now.state() & DirtyOpacity) opacity_ = now.opacity();
     }
     void drawPath(const QPainterPath& path) override { Add(BarePath{path}); }
     void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override {
@@ -77,12 +79,13 @@ private:
     }
     template <typename Shape>
     void Add(Shape shape) {
-        Calls.push_back({std::move(shape), pen_, brush_, transform_});
+        Calls.push_back({std::move(shape), pen_, brush_, transform_, opacity_});
     }
 
     QPen pen_;
     QBrush brush_;
     QTransform transform_;
+    double opacity_ = 1;
 };
 
 class RecordingDevice : public QPaintDevice {
@@ -166,6 +169,7 @@ void BareSurface(benchmark::State& state) {
             painter.setPen(call.Pen);
             painter.setBrush(call.Brush);
             painter.setTransform(call.Transform);
+            painter.setOpacity(call.Opacity);
             std::visit(Caller{painter}, call.Shape);
         }
     }
