@@ -74,6 +74,12 @@ char Hand(std::string_view code) {
 
 std::string_view ProductCode(std::string_view code) { return Hand(code) == 0 ? code : code.substr(0, code.size() - 1); }
 
+std::string SwappedHand(std::string_view code) {
+    const char hand = Hand(code);
+    if (hand == 0) return std::string(code);
+    return std::string(ProductCode(code)) + (hand == 'L' ? 'R' : 'L');
+}
+
 bool IsOfSystem(std::string_view code, TrackSystem system) {
     return code.starts_with(system == TrackSystem::Ninco ? 'N' : 'C');
 }

@@ -113,6 +113,9 @@ char Hand(std::string_view code);
 /// The code without its hand: "C151" for "C151R", "C160" for "C160".
 std::string_view ProductCode(std::string_view code);
 
+/// The same piece bent the other way; a code without a hand as it is.
+std::string SwappedHand(std::string_view code);
+
 /// Whether the piece belongs to the system, as its code's first letter tells ("C" or "N"); unknown codes belong to
 /// none.
 bool IsOfSystem(std::string_view code, TrackSystem system);

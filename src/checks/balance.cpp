@@ -40,30 +40,29 @@ std::string TurnText(const Track& track, int first, int last) {
     return "the bend " + NameOf(track, first) + " to " + NameOf(track, last) + " turned round";
 }
 
-std::string Mirrored(const std::string& code) {
-    const char hand = Hand(code);
-    if (hand == 0) return code;
-    return std::string(ProductCode(code)) + (hand == 'L' ? 'R' : 'L');
+bool IsPlainStraight(const CatalogueEntry& piece) {
+    return piece.IsStraight() && piece.Kind.Marks == PieceMarks::None && piece.IsBasic() && !piece.LaneChange;
 }
 
-/// The change-over of the same system, length and width, or null.
-const CatalogueEntry* ChangeOverLike(const Catalogue& catalogue, const CatalogueEntry& piece) {
+/// The change-over for a plain straight, the plain straight for a change-over: of the same system, length and width.
+/// Null where there is none, and for all other pieces.
+const CatalogueEntry* SwapOf(const Catalogue& catalogue, const CatalogueEntry& piece) {
+    if (!piece.LaneChange && !IsPlainStraight(piece)) return nullptr;
     const auto found = std::ranges::find_if(catalogue, [&](const CatalogueEntry& other) {
-        return other.LaneChange && other.System == piece.System && other.Kind.Length == piece.Kind.Length &&
-               other.Kind.Width == piece.Kind.Width;
+        return (piece.LaneChange ? IsPlainStraight(other) : other.LaneChange) && other.System == piece.System &&
+               other.Kind.Length == piece.Kind.Length && other.Kind.Width == piece.Kind.Width;
     });
     return found == catalogue.end() ? nullptr : &*found;
 }
 
+/// Change-overs in place of plain straights, and the other way about.
 std::vector<Change> ChangeOversFor(const Catalogue& catalogue, const Track& track) {
     std::vector<Change> changes;
     for (int element = 0; element <= track.ElementLastIndex(); ++element) {
         const CatalogueEntry* const piece = catalogue.Find(track.ElementCodes[static_cast<std::size_t>(element)]);
-        if (piece == nullptr || !piece->IsStraight() || piece->Kind.Marks != PieceMarks::None || !piece->IsBasic())
-            continue;
-        if (const CatalogueEntry* const changeOver = ChangeOverLike(catalogue, *piece))
-            changes.push_back(
-                {element, {changeOver->Code}, changeOver->Code + " in place of " + NameOf(track, element)});
+        if (piece == nullptr) continue;
+        if (const CatalogueEntry* const other = SwapOf(catalogue, *piece))
+            changes.push_back({element, {other->Code}, other->Code + " in place of " + NameOf(track, element)});
     }
     return changes;
 }
@@ -77,8 +76,8 @@ BuildCursor EndOf(const Catalogue& catalogue, const std::vector<std::string>& co
 }
 
 bool IsSamePlace(const BuildCursor& a, const BuildCursor& b) {
-    const TrackGap gap = GapBetween(a, b);
-    return gap.Distance <= 0.02F && std::fabs(gap.Angle) <= 0.001F;
+    constexpr float samePlace = 0.02F; // cm
+    return IsWithin(GapBetween(a, b), samePlace);
 }
 
 /// Runs of curves, both hands among them, that can be turned round: mirrored, they end where they ended.
@@ -94,7 +93,7 @@ std::vector<Change> TurnsFor(const Catalogue& catalogue, const Track& track) {
             if (piece == nullptr || piece->IsChicane() || piece->JoinsSystems()) break;
             if (run.empty() && piece->IsStraight()) break;
             run.push_back(code);
-            mirrored.push_back(Mirrored(code));
+            mirrored.push_back(SwappedHand(code));
             if (piece->IsStraight() || run == mirrored) continue;
             if (!IsSamePlace(EndOf(catalogue, run), EndOf(catalogue, mirrored))) continue;
             changes.push_back({first, mirrored, TurnText(track, first, last)});
@@ -161,7 +160,7 @@ public:
     }
 
     Balance Find() const {
-        Balance balance{std::fabs(Difference(lanes_)), IsEven(lanes_), {}};
+        Balance balance{std::fabs(Difference(lanes_)), lanes_.Joined, IsEven(lanes_), {}};
         if (balance.IsBalanced || track_.ElementCodes.empty()) return balance;
         const std::vector<std::vector<Change>> turns = Turns();
         for (const std::size_t size : {1U, 2U, 3U}) {
@@ -191,7 +190,7 @@ private:
     static constexpr std::size_t MostTurns = 30;        ///< beside each of which every change-over is tried
 
     long ErrorsOf(const Design& design) const {
-        return std::ranges::count(CheckDesign(catalogue_, design, {}, {}), Severity::Error, &Finding::Weight);
+        return std::ranges::count(CheckDesign(catalogue_, design, {}, {}), Severity::Error, &Finding::Severity);
     }
 
     /// By how much the lanes would differ from here on, were they not swapped here.
@@ -248,7 +247,7 @@ private:
 
     Change TurnOf(const Bend& bend) const {
         std::vector<std::string> codes = CodesOf(track_, bend);
-        std::ranges::transform(codes, codes.begin(), Mirrored);
+        std::ranges::transform(codes, codes.begin(), SwappedHand);
         return {bend.First, codes, TurnText(track_, bend.First, bend.First + bend.Size - 1)};
     }
 
@@ -279,7 +278,7 @@ private:
         Design design = design_;
         design.Circuit.Tracks[at_] = Changed(changes);
         const TrackGap gap = GapOf(catalogue_, design.Circuit.Tracks[at_]);
-        if (gap.Distance > gap_.Distance + 0.05F || std::fabs(gap.Angle) > std::fabs(gap_.Angle) + 0.001F) return false;
+        if (!IsWithin(gap, gap_.Distance + ClosedDistance, std::fabs(gap_.Angle) + ClosedAngle)) return false;
         return ErrorsOf(design) <= errors_;
     }
 
@@ -312,9 +311,10 @@ Balance BalanceLanes(const Catalogue& catalogue, const Design& design, int track
 }
 
 std::string BalanceText(const Balance& balance, const Units& units) {
-    const std::string before = "The lanes differ by " + LengthText(balance.Before, units);
+    const std::string before =
+        balance.Joined ? "Each lane leads into the other" : "The lanes differ by " + LengthText(balance.Before, units);
     if (balance.IsBalanced) return before + ": they are balanced.";
-    if (balance.Steps.empty()) return before + ", or lead into each other. No three changes balance them.";
+    if (balance.Steps.empty()) return before + ". One to three changes that balance them were not found.";
     std::string text = "These changes balance the lanes:";
     int number = 0;
     for (const BalanceStep& step : balance.Steps) {

@@ -24,14 +24,15 @@ struct BalanceStep {
 
 struct Balance {
     double Before = 0;              ///< by how much the lanes differ, cm
+    bool Joined = false;            ///< each of them leads into the other
     bool IsBalanced = false;        ///< the track needs no change
     std::vector<BalanceStep> Steps; ///< none when it needs none, or when no few changes help
 };
 
-/// Looks for at most three steps: a change-over in place of a plain straight of its length, a run of curves turned
-/// round that ends where it ended, two bends that lie opposite ways exchanged. The track stays closed as it was, and no
-/// error is found in the circuit that was none before. The fewest steps, of these the ones after which the lanes differ
-/// least.
+/// Looks for at most three steps: a change-over in place of a plain straight of its length or the reverse, a run of
+/// curves turned round that ends where it ended, two bends that lie opposite ways exchanged. The track stays closed as
+/// it was, and no error is found in the circuit that was none before. The fewest steps, of these the ones after which
+/// the lanes differ least.
 Balance BalanceLanes(const Catalogue& catalogue, const Design& design, int track);
 
 /// What it proposes as a sentence, with a line for each step and its effect.

@@ -31,13 +31,13 @@ std::vector<Finding> CheckDesign(const Catalogue& catalogue, const Design& desig
         }
     }
     std::ranges::stable_sort(findings, [](const Finding& a, const Finding& b) {
-        return std::tie(a.Weight, a.Track, a.Pieces.front()) < std::tie(b.Weight, b.Track, b.Pieces.front());
+        return std::tie(a.Severity, a.Track, a.Pieces.front()) < std::tie(b.Severity, b.Track, b.Pieces.front());
     });
     return findings;
 }
 
 bool HasErrors(const std::vector<Finding>& findings) {
-    return std::ranges::any_of(findings, [](const Finding& finding) { return finding.Weight == Severity::Error; });
+    return std::ranges::any_of(findings, [](const Finding& finding) { return finding.Severity == Severity::Error; });
 }
 
 } // namespace pistaro

@@ -9,18 +9,13 @@ namespace pistaro {
 
 namespace {
 
-/// Within this the ends are one place: what hundreds of pieces add up to by rounding is less, and so is what can be
-/// seen.
-constexpr float ClosedDistance = 0.05F; // cm
-constexpr float ClosedAngle = 0.001F;
 /// Track gives by so much when it is pressed together.
 constexpr float PressedDistance = 2; // cm
 constexpr float PressedAngle = static_cast<float>(3 * PiValue / 180);
 
 Closing ClosingOf(const TrackGap& gap) {
-    const float angle = std::fabs(gap.Angle);
-    if (gap.Distance <= ClosedDistance && angle <= ClosedAngle) return Closing::Closed;
-    return gap.Distance <= PressedDistance && angle <= PressedAngle ? Closing::Pressed : Closing::Open;
+    if (IsWithin(gap, ClosedDistance)) return Closing::Closed;
+    return IsWithin(gap, PressedDistance, PressedAngle) ? Closing::Pressed : Closing::Open;
 }
 
 double Between(WorldPoint a, WorldPoint b) { return std::hypot(double{a.X} - b.X, double{a.Y} - b.Y); }
@@ -29,7 +24,7 @@ double Between(WorldPoint a, WorldPoint b) { return std::hypot(double{a.X} - b.X
 
 CheckedCircuit::CheckedCircuit(const Catalogue& catalogue, const Design& design, const Stock& stock, const Units& units)
     : Kinds(catalogue), Owned(stock), Shown(units), Room(design.Room),
-      Described(DesignWarnings(catalogue, stock, design.Circuit)), circuit_(design.Circuit) {
+      StatisticsWarnings(DesignWarnings(catalogue, stock, design.Circuit)), circuit_(design.Circuit) {
     std::vector<Ground> grounds;
     for (int index = 0; index < TrackCount; ++index) {
         const auto at = static_cast<std::size_t>(index);
@@ -59,15 +54,16 @@ void CheckedCircuit::Lay(CheckedTrack& track, std::vector<Ground>& grounds) {
     track.Lanes = LanesAsBuilt(Kinds, *track.Track);
 }
 
-std::string CheckedCircuit::NameOf(PieceAt place) const {
+std::string CheckedCircuit::NameOf(PieceAddress place) const {
     const Track& track = circuit_.Tracks[static_cast<std::size_t>(place.Track)];
     return track.ElementCodes[static_cast<std::size_t>(place.Element)] + " (" + std::to_string(place.Element) + ")";
 }
 
-const DesignWarning* CheckedCircuit::FindDescribed(DesignCheck check, int track) const {
-    const auto found = std::ranges::find_if(
-        Described, [&](const DesignWarning& warning) { return warning.Check == check && warning.Track == track; });
-    return found == Described.end() ? nullptr : &*found;
+const DesignWarning* CheckedCircuit::FindStatisticsWarning(DesignCheck check, int track) const {
+    const auto found = std::ranges::find_if(StatisticsWarnings, [&](const DesignWarning& warning) {
+        return warning.Check == check && warning.Track == track;
+    });
+    return found == StatisticsWarnings.end() ? nullptr : &*found;
 }
 
 std::vector<std::vector<int>> RunsOf(const std::vector<int>& elements) {

@@ -50,16 +50,16 @@ struct CheckedCircuit {
     const Stock& Owned;
     const Units& Shown;
     std::array<CheckedTrack, TrackCount> Tracks;
-    GroundGrid Grounds;           ///< of all pieces, track by track
-    std::vector<PieceAt> PlaceOf; ///< of each ground
+    GroundGrid Grounds;                ///< of all pieces, track by track
+    std::vector<PieceAddress> PlaceOf; ///< of each ground
     RoomFit Room;
-    std::vector<DesignWarning> Described; ///< what the statistics warn of
+    std::vector<DesignWarning> StatisticsWarnings; ///< what the statistics warn of
 
     const CatalogueEntry& PieceOf(std::size_t ground) const { return *pieceOf_[ground]; }
     /// "C160 (3)"
-    std::string NameOf(PieceAt place) const;
+    std::string NameOf(PieceAddress place) const;
     /// The first thing that the statistics warn of in this way on this track, or null.
-    const DesignWarning* FindDescribed(DesignCheck check, int track) const;
+    const DesignWarning* FindStatisticsWarning(DesignCheck check, int track) const;
 
 private:
     void Lay(CheckedTrack& track, std::vector<Ground>& grounds);

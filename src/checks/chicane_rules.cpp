@@ -122,7 +122,7 @@ std::vector<Finding> FindStrangersInChicanes(const CheckedCircuit& circuit) {
                                     NamesOf(circuit, track.Index, strangers) + "."});
         // The statistics pair them as they come, whatever stands between.
         const bool isTold = !chicanes.Strangers.empty() || !chicanes.Lone.empty();
-        if (isTold || circuit.FindDescribed(DesignCheck::Chicane, track.Index) == nullptr) continue;
+        if (isTold || circuit.FindStatisticsWarning(DesignCheck::Chicane, track.Index) == nullptr) continue;
         findings.push_back({"", Severity::Warning, track.Index, {0}, "The statistics find strangers in its chicanes."});
     }
     return findings;

@@ -5,7 +5,9 @@
 
 namespace pistaro {
 
+/// Chicanes without a second one to lead the lanes apart again, and chicane extensions outside a pair.
 std::vector<Finding> FindLoneChicanes(const CheckedCircuit& circuit);
+/// Pieces other than chicane extensions between the two chicanes of a pair.
 std::vector<Finding> FindStrangersInChicanes(const CheckedCircuit& circuit);
 
 } // namespace pistaro

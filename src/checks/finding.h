@@ -1,6 +1,8 @@
 // What a check has found.
 #pragma once
 
+#include "model/circuit.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,21 +19,13 @@ enum class Severity {
 /// "error", "warning", "advice"
 std::string_view NameOf(Severity severity);
 
-/// An element of a circuit.
-struct PieceAt {
-    int Track = 0; ///< 0..2
-    int Element = 0;
-
-    bool operator==(const PieceAt&) const = default;
-};
-
 struct Finding {
     std::string_view Rule; ///< its id, which lives as long as the program
-    Severity Weight = Severity::Error;
+    pistaro::Severity Severity = pistaro::Severity::Error;
     int Track = 0;           ///< 0..2
     std::vector<int> Pieces; ///< of that track, in their order; of a whole track its first and perhaps its last
     std::string Text;        ///< a sentence with figures
-    std::optional<PieceAt> Other = std::nullopt; ///< a piece of another track that takes part
+    std::optional<PieceAddress> Other = std::nullopt; ///< a piece of another track that takes part
 
     bool operator==(const Finding&) const = default;
 };

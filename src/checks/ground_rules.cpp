@@ -15,7 +15,7 @@ namespace pistaro {
 
 namespace {
 
-constexpr std::size_t MostFindings = 100;
+constexpr std::size_t MostOfATrack = 100; ///< overlaps, and curves near other tracks, that are told
 constexpr int MostOfAPiece = 8;
 
 std::string AreaText(double area, const Units& units) {
@@ -46,10 +46,12 @@ struct Overlap {
     double Area;               ///< cm²
 };
 
-std::vector<Overlap> OverlapsOf(const CheckedCircuit& circuit) {
+/// Those of a track's pieces with later ones.
+std::vector<Overlap> OverlapsOf(const CheckedCircuit& circuit, const CheckedTrack& track) {
     const std::vector<Ground>& grounds = circuit.Grounds.Grounds();
+    const std::size_t end = track.FirstGround + track.Pieces.size();
     std::vector<Overlap> overlaps;
-    for (std::size_t first = 0; first < grounds.size() && overlaps.size() < MostFindings; ++first) {
+    for (std::size_t first = track.FirstGround; first < end && overlaps.size() < MostOfATrack; ++first) {
         int found = 0;
         circuit.Grounds.ForEachMeeting(grounds[first].Box, [&](int other, const Ground& ground) {
             const auto second = static_cast<std::size_t>(other);
@@ -57,7 +59,7 @@ std::vector<Overlap> OverlapsOf(const CheckedCircuit& circuit) {
             const double area = SharedArea(grounds[first], ground);
             if (area <= NoOverlap) return true;
             overlaps.push_back({first, second, area});
-            return ++found < MostOfAPiece && overlaps.size() < MostFindings;
+            return ++found < MostOfAPiece && overlaps.size() < MostOfATrack;
         });
     }
     return overlaps;
@@ -85,8 +87,8 @@ void AllowBridges(const CheckedCircuit& circuit, std::vector<Overlap>& overlaps)
 }
 
 Finding FindingOf(const CheckedCircuit& circuit, const Overlap& overlap) {
-    const PieceAt first = circuit.PlaceOf[overlap.First];
-    const PieceAt second = circuit.PlaceOf[overlap.Second];
+    const PieceAddress first = circuit.PlaceOf[overlap.First];
+    const PieceAddress second = circuit.PlaceOf[overlap.Second];
     const bool sameTrack = first.Track == second.Track;
     Finding finding{"",
                     Severity::Error,
@@ -173,12 +175,23 @@ std::optional<Slide> NearestSlide(const CheckedCircuit& circuit, std::size_t cur
 } // namespace
 
 std::vector<Finding> FindOverlaps(const CheckedCircuit& circuit) {
-    std::vector<Overlap> overlaps = OverlapsOf(circuit);
+    std::vector<Overlap> overlaps;
+    std::array<bool, TrackCount> hasMore{};
+    for (const CheckedTrack& track : circuit.Tracks) {
+        const std::vector<Overlap> ofTrack = OverlapsOf(circuit, track);
+        overlaps.insert(overlaps.end(), ofTrack.begin(), ofTrack.end());
+        hasMore[static_cast<std::size_t>(track.Index)] = ofTrack.size() == MostOfATrack;
+    }
     AllowBridges(circuit, overlaps);
     std::vector<Finding> findings;
     findings.reserve(overlaps.size());
     for (const Overlap& overlap : overlaps)
         findings.push_back(FindingOf(circuit, overlap));
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        const bool isLast = i + 1 == findings.size() || findings[i + 1].Track != findings[i].Track;
+        if (isLast && hasMore[static_cast<std::size_t>(findings[i].Track)])
+            findings[i].Text += " There may be more; they are left out.";
+    }
     return findings;
 }
 
@@ -226,11 +239,11 @@ std::vector<Finding> FindPiecesNearWalls(const CheckedCircuit& circuit) {
 
 std::vector<Finding> FindSlidesIntoTracks(const CheckedCircuit& circuit) {
     std::vector<Finding> findings;
-    std::size_t curves = 0;
     for (const CheckedTrack& track : circuit.Tracks) {
+        std::size_t curves = 0;
         std::map<int, std::size_t> meets; // by element: the piece that is met
         const auto near = MeasuredPieces(track, [&](std::size_t ground) -> std::optional<double> {
-            if (!circuit.Grounds.Grounds()[ground].IsCurved || curves == MostFindings) return std::nullopt;
+            if (!circuit.Grounds.Grounds()[ground].IsCurved || curves == MostOfATrack) return std::nullopt;
             const std::optional<Slide> slide = NearestSlide(circuit, ground);
             if (!slide) return std::nullopt;
             ++curves;
@@ -239,7 +252,7 @@ std::vector<Finding> FindSlidesIntoTracks(const CheckedCircuit& circuit) {
         });
         const auto less = [](double a, double b) { return std::min(a, b); };
         TellRuns(near, less, [&](const std::vector<int>& run, double distance) {
-            const PieceAt other = circuit.PlaceOf[meets.at(run.front())];
+            const PieceAddress other = circuit.PlaceOf[meets.at(run.front())];
             findings.push_back({"", Severity::Advice, track.Index, run,
                                 RunText(circuit, track.Index, run) + ": a car that slides out meets track " +
                                     std::to_string(other.Track + 1) + " after " + LengthText(distance, circuit.Shown) +

@@ -140,7 +140,7 @@ std::vector<Finding> FindUnconvertedJoints(const CheckedCircuit& circuit) {
     std::vector<Finding> findings = UnevenJoints(circuit, false, ": an adapter must stand between them.");
     for (const CheckedTrack& track : circuit.Tracks) {
         // The statistics take every track to be closed, and unknown codes to be of the system that they begin like.
-        const DesignWarning* const told = circuit.FindDescribed(DesignCheck::SystemJoins, track.Index);
+        const DesignWarning* const told = circuit.FindStatisticsWarning(DesignCheck::SystemJoins, track.Index);
         const auto isHere = [&](const Finding& finding) { return finding.Track == track.Index; };
         if (told == nullptr || std::ranges::any_of(findings, isHere)) continue;
         findings.push_back({"",
@@ -159,7 +159,7 @@ std::vector<Finding> FindReversedAdapters(const CheckedCircuit& circuit) {
 std::vector<Finding> FindOddChangeOvers(const CheckedCircuit& circuit) {
     std::vector<Finding> findings;
     for (const CheckedTrack& track : circuit.Tracks) {
-        const bool told = circuit.FindDescribed(DesignCheck::ChangeOvers, track.Index) != nullptr;
+        const bool told = circuit.FindStatisticsWarning(DesignCheck::ChangeOvers, track.Index) != nullptr;
         if (!track.Lanes.Joined && !told) continue;
         std::vector<int> changers = ElementsWhere(track, [](const CatalogueEntry& piece) { return piece.LaneChange; });
         const double length = track.Lanes.Lengths[0] + track.Lanes.Lengths[1];

@@ -15,7 +15,7 @@ std::string Padded(std::string_view text, std::size_t width) {
 }
 
 std::string CountOf(const std::vector<Finding>& findings, Severity severity, const char* one, const char* several) {
-    const auto count = std::ranges::count(findings, severity, &Finding::Weight);
+    const auto count = std::ranges::count(findings, severity, &Finding::Severity);
     return std::to_string(count) + " " + (count == 1 ? one : several);
 }
 
@@ -29,7 +29,7 @@ Json FindingsJson(const std::vector<Finding>& findings) {
     Json all = Json::array();
     for (const Finding& finding : findings)
         all.push_back({{"rule", finding.Rule},
-                       {"severity", NameOf(finding.Weight)},
+                       {"severity", NameOf(finding.Severity)},
                        {"track", finding.Track + 1},
                        {"pieces", finding.Pieces},
                        {"text", finding.Text}});
@@ -39,7 +39,7 @@ Json FindingsJson(const std::vector<Finding>& findings) {
 std::string FindingsTable(const std::vector<Finding>& findings) {
     std::string table;
     for (const Finding& finding : findings)
-        table += Padded(NameOf(finding.Weight), 9) + "track " + std::to_string(finding.Track + 1) + "  " +
+        table += Padded(NameOf(finding.Severity), 9) + "track " + std::to_string(finding.Track + 1) + "  " +
                  Padded(finding.Rule, 19) + finding.Text + '\n';
     return table + CountOf(findings, Severity::Error, "error", "errors") + ", " +
            CountOf(findings, Severity::Warning, "warning", "warnings") + ", " +

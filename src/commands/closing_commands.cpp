@@ -2,10 +2,11 @@
 
 #include "layout/built_lanes.h"
 #include "layout/outline.h"
+#include "layout/track_gap.h"
 #include "model/length_text.h"
 #include "model/money.h"
 #include "platform/fault.h"
-#include "search/ranking.h"
+
 #include "text/fixed_text.h"
 
 #include <algorithm>
@@ -138,7 +139,7 @@ std::string WhyNotClose(const Session& session) {
     const Track& track = CurrentTrack(session);
     if (track.ElementCodes.empty()) return "The track is empty.";
     const TrackGap gap = GapOf(session.Catalogue, track);
-    const bool isClosed = IsClosed(gap, ClosingOptions().Tolerance);
+    const bool isClosed = IsWithin(gap, ClosingOptions().Tolerance);
     return isClosed ? "The track is closed." : "";
 }
 

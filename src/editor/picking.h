@@ -11,13 +11,6 @@
 
 namespace pistaro {
 
-/// A piece by its track and its place in it.
-struct PieceAddress {
-    int Track = 0, Element = 0;
-
-    bool operator==(const PieceAddress&) const = default;
-};
-
 /// The pieces of a circuit by the ground that they cover. It is of the circuit that it was made of: another one takes a
 /// new map.
 class PickMap {

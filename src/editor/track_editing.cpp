@@ -26,20 +26,15 @@ float Turned(float angle, double by) {
     return (by > 0 ? turned > TwoPi : turned < 0) ? NormaliseAngle(turned) : turned;
 }
 
-void SwapHand(std::string& code) {
-    const char hand = Hand(code);
-    if (hand != 0) code.back() = hand == 'L' ? 'R' : 'L';
-}
-
 } // namespace
 
 void DeleteElement(Design& design, EditState& edit) {
-    const int selected = edit.SelectedElement();
-    if (selected < 0) return;
+    if (edit.SelectedElement() < 0) return;
     Track& track = *EditedTrack(design.Circuit, edit);
-    const auto first = track.ElementCodes.begin() + selected;
-    track.ElementCodes.erase(first, edit.AndAllAfter ? track.ElementCodes.end() : first + 1);
-    edit.Select(std::min(selected, track.ElementLastIndex()));
+    const ElementRun run = edit.SelectedRun(track.ElementLastIndex());
+    const auto first = track.ElementCodes.begin() + run.First;
+    track.ElementCodes.erase(first, first + run.Count);
+    edit.Select(std::min(run.First, track.ElementLastIndex()));
     edit.DataChanged = true;
 }
 
@@ -66,7 +61,7 @@ void Rotate(Design& design, EditState& edit, Rotation rotation) {
 void MirrorTrack(Design& design, EditState& edit) {
     Track* const track = EditedTrack(design.Circuit, edit);
     if (track == nullptr) return;
-    std::ranges::for_each(track->ElementCodes, SwapHand);
+    std::ranges::transform(track->ElementCodes, track->ElementCodes.begin(), SwappedHand);
     edit.DataChanged = true;
 }
 
@@ -81,7 +76,7 @@ void MirrorFromSelected(Design& design, EditState& edit) {
     const int selected = edit.SelectedElement();
     if (selected < 0) return;
     std::vector<std::string>& codes = EditedTrack(design.Circuit, edit)->ElementCodes;
-    std::for_each(codes.begin() + selected, codes.end(), SwapHand);
+    std::transform(codes.begin() + selected, codes.end(), codes.begin() + selected, SwappedHand);
     edit.DataChanged = true;
 }
 

@@ -110,7 +110,7 @@ void KeptDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& projec
     }
 }
 
-const std::set<PlaceInCircuit>& KeptDrawing::BridgesIn(const Catalogue& catalogue, const Project& project) {
+const std::set<PieceAddress>& KeptDrawing::BridgesIn(const Catalogue& catalogue, const Project& project) {
     const Circuit& circuit = project.Design.Circuit;
     const int track = project.EditState.CurrentTrack;
     if (circuit != bridged_ || track != bridgedTrack_) {

@@ -50,7 +50,7 @@ private:
     /// The background that is to scale, for the ground.
     void PaintScaled(QPainter& painter, const PainterSurface& surface) const;
     void DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part);
-    const std::set<PlaceInCircuit>& BridgesIn(const Catalogue& catalogue, const Project& project);
+    const std::set<PieceAddress>& BridgesIn(const Catalogue& catalogue, const Project& project);
     QRect AreaLabelPlace() const;
 
     GroundKey key_;
@@ -59,7 +59,7 @@ private:
     QPointF offset_;  ///< where the drawing lies beside its place, after shifts, device-independent pixels
     Circuit bridged_; ///< whose bridges are kept, and its chosen track
     int bridgedTrack_ = 0;
-    std::set<PlaceInCircuit> bridges_;
+    std::set<PieceAddress> bridges_;
     QImage ground_;
     QImage picture_;
 };

@@ -245,11 +245,11 @@ private:
 
 /// A piece that may be seen, kept for the passes that draw it.
 struct SeenPiece {
-    PlaceInCircuit Address;
+    PieceAddress Address;
     PiecePlacement Placement;
     PieceStanding Standing;
 
-    StandingPiece AsDrawn() const { return {Address.first, Address.second, Placement, Standing}; }
+    StandingPiece AsDrawn() const { return {Address.Track, Address.Element, Placement, Standing}; }
 };
 
 std::vector<SeenPiece> SeenPieces(const Catalogue& catalogue, const Project& project, PainterSurface& surface) {
@@ -298,7 +298,7 @@ double EdgeWidth(PieceStanding standing) {
     return standing == PieceStanding::Inactive ? 1 : 1.5;
 }
 
-void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, const std::set<PlaceInCircuit>& bridges,
+void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, const std::set<PieceAddress>& bridges,
                         QPainter& painter, PainterSurface& surface) {
     const ColourScheme& colours = project.Preferences.Colours;
     const std::vector<SeenPiece> pieces = SeenPieces(catalogue, project, surface);

@@ -2,9 +2,9 @@
 // by patterns, too.
 #pragma once
 
-#include "imaging/bridges.h"
 #include "imaging/painter_surface.h"
 #include "imaging/track_look.h"
+#include "layout/bridges.h"
 #include "model/project.h"
 #include "render/redraw.h"
 #include "render/track_bed.h"
@@ -23,7 +23,7 @@ void DrawRecedingGrid(const Preferences& preferences, const ViewRectangle& cover
 
 /// What DrawCircuit draws, on beds. The painter must be the surface's, which shows the view; `bridges` are the
 /// circuit's.
-void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, const std::set<PlaceInCircuit>& bridges,
+void DrawCircuitSurface(const Catalogue& catalogue, const Project& project, const std::set<PieceAddress>& bridges,
                         QPainter& painter, PainterSurface& surface);
 
 /// The bed of a piece of that standing, for a legend: what tells it from others.

@@ -14,6 +14,10 @@ TrackGap GapBetween(const BuildCursor& start, const BuildCursor& end) {
             static_cast<float>(angle - 2 * PiValue * std::round(angle / (2 * PiValue)))};
 }
 
+bool IsWithin(const TrackGap& gap, double distance, float angle) {
+    return gap.Distance <= distance && std::fabs(gap.Angle) <= angle;
+}
+
 TrackGap GapOf(const Catalogue& catalogue, const Track& track) {
     Pose pose = track.Start();
     for (const std::string& code : track.ElementCodes) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,14 @@ struct Circuit {
     std::array<Track, TrackCount> Tracks;
 
     bool operator==(const Circuit&) const = default;
+};
+
+/// A piece by its track and its place there.
+struct PieceAddress {
+    int Track = 0; ///< 0..2
+    int Element = 0;
+
+    auto operator<=>(const PieceAddress&) const = default;
 };
 
 /// A circuit of three empty tracks with their start points: track 1 at 0, tracks 2 and 3 one spacing to the right and

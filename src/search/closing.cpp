@@ -113,7 +113,7 @@ private:
             if (known != chains.end() && known->second < Representative{0, chain}) return true;
             if (options_.OwnedOnly && known == chains.end() && !market_.CanSupply(chain)) return true;
             const TrackGap gap = GapWith(chain);
-            if (!IsClosed(gap, options_.Tolerance)) return true;
+            if (!IsWithin(gap, options_.Tolerance)) return true;
             constexpr float grain = 0.005F; // cm
             const Representative shown{static_cast<int>(gap.Distance / grain), chain};
             if (known != chains.end() && known->second < shown) return true;
@@ -125,7 +125,7 @@ private:
     bool HasAny(int count) {
         bool has = false;
         any_.ForEachChain(count, watch_, [&](const ShapeChain& chain) {
-            has = (!options_.OwnedOnly || market_.CanSupply(chain)) && IsClosed(GapWith(chain), options_.Tolerance);
+            has = (!options_.OwnedOnly || market_.CanSupply(chain)) && IsWithin(GapWith(chain), options_.Tolerance);
             return !has;
         });
         return has;
@@ -136,7 +136,7 @@ private:
         constexpr double withTwoTables = 2; // there are so many chains that one comes nearer than that if any does
         std::optional<NearestMiss> nearest;
         const TrackGap asItIs = GapBetween(ends_.Goal, ends_.End);
-        if (FitsTogether(ends_) && std::fabs(asItIs.Angle) <= static_cast<float>(ClosedAngle))
+        if (FitsTogether(ends_) && std::fabs(asItIs.Angle) <= ClosedAngle)
             nearest = NearestMiss{.Distance = asItIs.Distance};
         for (int count = 1; count <= mostPieces; ++count) {
             const double within = count <= ClosingTables::UsualLevel ? farthest : withTwoTables;
@@ -252,7 +252,7 @@ Closings CloseTrack(const ClosingTables& tables, const Catalogue& catalogue, con
     const Track& open = design.Circuit.Tracks[static_cast<std::size_t>(track)];
     const int size = open.ElementLastIndex() + 1;
     if (size == 0) return {.WhyNone = "the track is empty"};
-    if (IsClosed(GapOf(catalogue, open), options.Tolerance)) return {.WhyNone = "the track is closed"};
+    if (IsWithin(GapOf(catalogue, open), options.Tolerance)) return {.WhyNone = "the track is closed"};
     const auto ends = TrackEnds(catalogue, open).ToClose(size, 0);
     const auto goal = ends ? GoalOnLattice(*ends) : std::nullopt;
     if (!goal) return {.WhyNone = "no piece turns by so little as the track's end is turned against its start"};

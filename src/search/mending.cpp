@@ -44,7 +44,7 @@ private:
         const auto ends = ends_.ToClose(at, remove);
         const auto goal = ends ? GoalOnLattice(*ends) : std::nullopt;
         if (!goal) return;
-        if (remove > 0 && FitsTogether(*ends) && IsClosed(GapBetween(ends->Goal, ends->End), options_.Tolerance))
+        if (remove > 0 && FitsTogether(*ends) && IsWithin(GapBetween(ends->Goal, ends->End), options_.Tolerance))
             Add(at, remove, ShapeChain());
         ChainSearch search(tables_, *ends, *goal, {.Tolerance = options_.Tolerance});
         const int room = MaxElements - (track_.ElementLastIndex() + 1 - remove);
@@ -94,7 +94,7 @@ private:
             Suggestion& change = mend.Change;
             const Track mended = Mended(change);
             change.Gap = GapOf(catalogue_, mended);
-            if (!IsClosed(change.Gap, options_.Tolerance)) continue;
+            if (!IsWithin(change.Gap, options_.Tolerance)) continue;
             const TrackFaults faults = checks_.FaultsOf(mended);
             change.Overlaps = faults.Overlaps;
             change.IsOutside = faults.IsOutside;

@@ -1,6 +1,7 @@
 #include "search/open_ends.h"
 
 #include "catalogue/track_geometry.h"
+#include "layout/track_gap.h"
 
 #include <algorithm>
 #include <cmath>

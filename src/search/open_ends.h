@@ -55,7 +55,4 @@ struct LatticeGoal {
 };
 std::optional<LatticeGoal> GoalOnLattice(const OpenEnds& ends);
 
-/// How far headings may differ where a track counts as closed, radians.
-inline constexpr double ClosedAngle = 0.001;
-
 } // namespace pistaro

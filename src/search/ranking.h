@@ -1,19 +1,14 @@
-// In which order suggestions come, and what counts as closed.
+// In which order suggestions come.
 #pragma once
 
 #include "search/closing.h"
 #include "search/open_ends.h"
 
 #include <algorithm>
-#include <cmath>
 #include <tuple>
 #include <vector>
 
 namespace pistaro {
-
-inline bool IsClosed(const TrackGap& gap, double tolerance) {
-    return double{gap.Distance} <= tolerance && std::fabs(gap.Angle) <= static_cast<float>(ClosedAngle);
-}
 
 /// Whether two ends that lie together belong together.
 inline bool FitsTogether(const OpenEnds& ends) {

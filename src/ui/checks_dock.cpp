@@ -1,6 +1,7 @@
 #include "ui/checks_dock.h"
 
 #include "checks/check.h"
+#include "editor/picking.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "layout/ground.h"
@@ -51,7 +52,7 @@ QIcon IconOf(Severity severity) {
 
 QString SummaryOf(const std::vector<Finding>& findings) {
     if (findings.empty()) return "Nothing is found.";
-    const auto count = [&](Severity severity) { return std::ranges::count(findings, severity, &Finding::Weight); };
+    const auto count = [&](Severity severity) { return std::ranges::count(findings, severity, &Finding::Severity); };
     const auto text = [](auto number, const char* one, const char* several) {
         return QString::number(number) + " " + (number == 1 ? one : several);
     };
@@ -134,8 +135,8 @@ void ChecksDock::List() {
     list_->clear();
     for (const Finding& finding : findings_) {
         auto* const item = new QTreeWidgetItem(list_, {QString::number(finding.Track + 1), Shown(finding.Text)});
-        item->setIcon(0, IconOf(finding.Weight));
-        item->setToolTip(0, Shown(NameOf(finding.Weight)));
+        item->setIcon(0, IconOf(finding.Severity));
+        item->setToolTip(0, Shown(NameOf(finding.Severity)));
         item->setToolTip(1, Shown(finding.Rule));
     }
 }
@@ -154,16 +155,26 @@ void ChecksDock::Show(const Finding& finding) {
     session_.Do([&] {
         Project& project = session_.Project;
         const Track& track = project.Design.Circuit.Tracks[static_cast<std::size_t>(finding.Track)];
-        const int element = finding.Pieces.front();
-        if (element > track.ElementLastIndex()) return;
+        const int first = finding.Pieces.front();
+        const int last = finding.Pieces.back();
+        if (last > track.ElementLastIndex()) return;
         if (project.EditState.CurrentTrack != finding.Track) ChooseTrack(project.EditState, finding.Track);
-        SelectElement(project.Design.Circuit, project.EditState, element);
-        WalkTrack(session_.Catalogue, track, [&](int at, const PiecePlacement* placement, const BuildCursor&) {
-            if (at != element || placement == nullptr) return;
-            const GroundPoint middle = MiddleOf(GroundOf(*placement));
-            BringIntoView(project.Design.View, middle.X, middle.Y);
-        });
+        SelectElement(project.Design.Circuit, project.EditState, first);
+        const bool isRun = last > first && last - first + 1 == static_cast<int>(finding.Pieces.size());
+        if (isRun) project.EditState.RunFrom = last;
+        // The first piece comes last, so that it is seen even where not all of them can be.
+        if (finding.Other) BringPieceIntoView(*finding.Other);
+        for (auto element = finding.Pieces.rbegin(); element != finding.Pieces.rend(); ++element)
+            BringPieceIntoView({finding.Track, *element});
     });
+}
+
+void ChecksDock::BringPieceIntoView(PieceAddress piece) {
+    Design& design = session_.Project.Design;
+    const auto placement = PlacementOf(session_.Catalogue, design.Circuit, piece);
+    if (!placement) return;
+    const GroundPoint middle = MiddleOf(GroundOf(*placement));
+    BringIntoView(design.View, middle.X, middle.Y);
 }
 
 } // namespace pistaro

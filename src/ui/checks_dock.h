@@ -33,6 +33,7 @@ private:
     void List();
     void Mark();
     void Show(const Finding& finding);
+    void BringPieceIntoView(PieceAddress piece);
     const Finding* Chosen() const;
 
     Session& session_;

@@ -43,7 +43,7 @@ public:
     }
 
     /// Null where it lies nowhere.
-    const PiecePlacement* At(PieceAt place) const {
+    const PiecePlacement* At(PieceAddress place) const {
         const auto& track = laid_[static_cast<std::size_t>(place.Track)];
         const auto element = static_cast<std::size_t>(place.Element);
         return element < track.size() && track[element] ? &*track[element] : nullptr;
@@ -76,8 +76,8 @@ std::vector<WorldPoint> PointsOf(const QPolygonF& polygon) {
 }
 
 void AddSharedGround(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
-    const PieceAt first{finding.Track, finding.Pieces.front()};
-    const PieceAt second = finding.Other.value_or(PieceAt{finding.Track, finding.Pieces.back()});
+    const PieceAddress first{finding.Track, finding.Pieces.front()};
+    const PieceAddress second = finding.Other.value_or(PieceAddress{finding.Track, finding.Pieces.back()});
     const PiecePlacement* const a = pieces.At(first);
     const PiecePlacement* const b = pieces.At(second);
     if (a == nullptr || b == nullptr) return;
@@ -95,7 +95,7 @@ void AddGap(Overlay& overlay, const LaidPieces& pieces, const Circuit& circuit, 
     constexpr double width = 15.5; // of most track: the line need not hit the middle to the millimetre
     const LineSegment gap{MiddleAt(pieces.EndOf(finding.Track), width),
                           MiddleAt(circuit.Tracks[static_cast<std::size_t>(finding.Track)].Start(), width)};
-    overlay.push_back(OverlayPath{{gap}, ColourOf(finding.Weight), 3, true});
+    overlay.push_back(OverlayPath{{gap}, ColourOf(finding.Severity), 3, true});
 }
 
 void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
@@ -106,14 +106,14 @@ void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding
 }
 
 void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
-    std::vector<PieceAt> places;
+    std::vector<PieceAddress> places;
     places.reserve(finding.Pieces.size() + 1);
     for (const int element : finding.Pieces)
         places.push_back({finding.Track, element});
     if (finding.Other) places.push_back(*finding.Other);
-    for (const PieceAt place : places) {
+    for (const PieceAddress place : places) {
         if (const PiecePlacement* const piece = pieces.At(place))
-            overlay.push_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Weight), false});
+            overlay.push_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false});
     }
 }
 

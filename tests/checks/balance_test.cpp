@@ -42,7 +42,16 @@ TEST(Balance, NeedsNoChangeWhereLanesAreEven) {
 
 TEST(Balance, IsNotFoundWithoutStraightsOfAChangeOversLength) {
     EXPECT_EQ(Told("C159 " + HalfTurn + "C159 " + HalfTurn),
-              "The lanes differ by 49.6 cm, or lead into each other. No three changes balance them.");
+              "The lanes differ by 49.6 cm. One to three changes that balance them were not found.");
+    EXPECT_EQ(Told("C8006 " + HalfTurn + "C159 C159 " + HalfTurn + "C151R"),
+              "Each lane leads into the other. One to three changes that balance them were not found.");
+}
+
+TEST(Balance, TakesAChangeOverOutOfAFigureOfEight) {
+    EXPECT_EQ(Told("C8006 C159 C159 C159 C158 C151L C151L C151L C159 C151L C151L C151L C159 C248 C159 C159 C158 "
+                   "C151R C151R C151R C159 C159 C151R C151R C151R"),
+              "These changes balance the lanes:\n"
+              "1. C160 in place of C8006 (0): the lanes then differ by 0.0 cm");
 }
 
 TEST(Balance, TurnsABendRoundThatHoldsAChangeOver) {

@@ -28,13 +28,13 @@ std::string Told(const std::vector<Finding>& findings) {
 /// What a planted fault shall be told as.
 struct Expected {
     const char* Rule;
-    Severity Weight;
+    pistaro::Severity Severity;
     std::vector<int> Pieces; ///< of track 1, among those of one finding
 };
 
 bool IsFound(const std::vector<Finding>& findings, const Expected& expected) {
     return std::ranges::any_of(findings, [&](const Finding& finding) {
-        return finding.Rule == expected.Rule && finding.Weight == expected.Weight && finding.Track == 0 &&
+        return finding.Rule == expected.Rule && finding.Severity == expected.Severity && finding.Track == 0 &&
                std::ranges::all_of(expected.Pieces,
                                    [&](int piece) { return std::ranges::count(finding.Pieces, piece) == 1; });
     });

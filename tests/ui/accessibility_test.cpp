@@ -1,7 +1,10 @@
 // Every window as those meet it who do not see it: each control says what it is, and Tab goes the way that one reads.
+#include "commands/bitmaps.h"
 #include "commands/recovery.h"
 #include "support/temporary_folder.h"
 #include "ui/frmAbout.h"
+#include "ui/frmBackground.h"
+#include "ui/frmBox.h"
 #include "ui/frmColorSelection.h"
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
@@ -9,6 +12,7 @@
 #include "ui/frmHistory.h"
 #include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
+#include "ui/frmSamples.h"
 #include "ui/frmSets.h"
 #include "ui/frmStats.h"
 #include "ui/frmStock.h"
@@ -131,7 +135,7 @@ TEST_F(Accessibility, TheMainWindowNamesAllItsControls) {
     ExpectReadable(*Window, 60);
 }
 
-TEST_F(Accessibility, TheDocksAndTheBarOfSuggestionsDo) {
+TEST_F(Accessibility, TheDocksAndTheBarOfSuggestionsNameTheirControls) {
     Open(ProjectOf("C160 C151L C154L"));
     Choose("mnuChecks");
     Choose("mnuMoney");
@@ -143,11 +147,15 @@ TEST_F(Accessibility, TheDocksAndTheBarOfSuggestionsDo) {
     EXPECT_THAT(walk.Unnamed, IsEmpty());
 }
 
-TEST_F(Accessibility, EveryDialogDoes) {
+TEST_F(Accessibility, EveryDialogNamesItsControls) {
     Open(ProjectOf("C160 C151L C154L"));
     Colour colour = 0;
     frmAbout about(Pieces(), Window.get());
     ExpectReadable(about, 0);
+    frmBackground background(*Session, {.Picture = std::make_shared<const std::string>(Bitmap(40, 32, 0))});
+    ExpectReadable(background, 5);
+    frmBox box(*Session, frmBox::Purpose::Box);
+    ExpectReadable(box, 20);
     frmColors colours(*Session);
     ExpectReadable(colours, 7);
     frmColorSelection selection(colour);
@@ -163,6 +171,8 @@ TEST_F(Accessibility, EveryDialogDoes) {
     const Recovery recovery(*Session, folder_.Path(), [](const std::function<void()>&) {});
     frmRecovered recovered(*Session, frmRecovered::Occasion::Menu);
     ExpectReadable(recovered, 2);
+    frmSamples samples(*Session, folder_.Path());
+    ExpectReadable(samples, 1);
     frmSets sets(*Session);
     ExpectReadable(sets, 5);
     frmStats statistics(*Session);

@@ -95,6 +95,24 @@ TEST_F(Panels, AClickOnAFindingSelectsItsPiece) {
     EXPECT_FALSE(Project.EditState.DataChanged);
 }
 
+TEST_F(Panels, AClickOnAFindingSelectsAllItsNeighbouringPieces) {
+    pistaro::Project project = ProjectOf("C160 C160 C160 C160");
+    project.Design.Room.Points = {{-5, -5, 0}, {20, -5, 1}, {20, 60, 1}, {-5, 60, 1}, {-5, -5, 1}};
+    Open(project);
+    ShowPanel("mnuChecks");
+    const Texts texts = Column("lstChecks", 1);
+    const auto outside = std::ranges::find_if(
+        texts, [](const std::string& text) { return text.find("leave the room") != std::string::npos; });
+    ASSERT_NE(outside, texts.end());
+
+    QTreeWidget& list = Tree("lstChecks");
+    QTreeWidgetItem* const line = list.topLevelItem(static_cast<int>(outside - texts.begin()));
+    list.scrollToItem(line);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(line).center());
+
+    EXPECT_EQ(Project.EditState.SelectedRun(3), (ElementRun{1, 3}));
+}
+
 TEST_F(Panels, HiddenChecksLeaveNoMarks) {
     Open(ProjectOf("C151L C151L C151L"));
     ShowPanel("mnuChecks");

@@ -159,7 +159,7 @@ TEST_F(Suggestions, ReplaceARunThatIsSelectedInTheDrawing) {
     EXPECT_EQ(Project.EditState.SelectedRun(3), (ElementRun{1, 1}));
 }
 
-TEST_F(Suggestions, ARunLeavesToTheOtherCommandsTheSelectedElement) {
+TEST_F(Suggestions, ARunIsDeletedAsAWhole) {
     Open(ProjectOf("C160 C159 C158 C157"));
     ClickLine(3);
     QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ShiftModifier,
@@ -167,8 +167,8 @@ TEST_F(Suggestions, ARunLeavesToTheOtherCommandsTheSelectedElement) {
 
     Click("cmdDelete");
 
-    EXPECT_EQ(Codes(), "C160 C158 C157");
-    EXPECT_EQ(Project.EditState.SelectedRun(2), (ElementRun{1, 1}));
+    EXPECT_EQ(Codes(), "C160");
+    EXPECT_EQ(Project.EditState.SelectedRun(0), (ElementRun{0, 1}));
 }
 
 TEST_F(Suggestions, ARunGrowsWithShiftAndTheArrowKeys) {

@@ -1,5 +1,5 @@
 // Which of two pieces lies above.
-#include "imaging/bridges.h"
+#include "layout/bridges.h"
 
 #include "support/chain.h"
 
@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::set<PlaceInCircuit> BridgesIn(const Project& project) {
+std::set<PieceAddress> BridgesIn(const Project& project) {
     return BridgesOf(Pieces(), project.Design.Circuit, project.EditState.CurrentTrack);
 }
 
@@ -24,10 +24,10 @@ TEST(Bridges, TheChosenTrackPassesOverTheOthers) {
     Project project = ProjectOf("C160", "C160");
     project.Design.Circuit.Tracks[1].TrackStartX = 4;
     project.EditState.CurrentTrack = 0;
-    EXPECT_THAT(BridgesIn(project), ElementsAre(PlaceInCircuit(0, 0)));
+    EXPECT_THAT(BridgesIn(project), ElementsAre(PieceAddress{0, 0}));
 
     project.EditState.CurrentTrack = 1;
-    EXPECT_THAT(BridgesIn(project), ElementsAre(PlaceInCircuit(1, 0)));
+    EXPECT_THAT(BridgesIn(project), ElementsAre(PieceAddress{1, 0}));
 }
 
 TEST(Bridges, AHumpBackBridgeIsTheUpperOneThoughItIsDrawnFirst) {
@@ -35,7 +35,7 @@ TEST(Bridges, AHumpBackBridgeIsTheUpperOneThoughItIsDrawnFirst) {
     project.Design.Circuit.Tracks[1].TrackStartX = 4;
     project.EditState.CurrentTrack = 0;
 
-    EXPECT_THAT(BridgesIn(project), ElementsAre(PlaceInCircuit(1, 0)));
+    EXPECT_THAT(BridgesIn(project), ElementsAre(PieceAddress{1, 0}));
 }
 
 } // namespace

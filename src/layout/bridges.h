@@ -2,18 +2,14 @@
 #pragma once
 
 #include "catalogue/catalogue.h"
-#include "model/project.h"
+#include "model/circuit.h"
 
 #include <set>
-#include <utility>
 
 namespace pistaro {
 
-/// A piece by its track and its place there.
-using PlaceInCircuit = std::pair<int, int>;
-
 /// Of two pieces that cover the same ground, the one that is made to be passed under, else the one drawn later, as the
 /// chosen track is. What only follows on another in its track, from the last piece to the first, too, is no bridge.
-std::set<PlaceInCircuit> BridgesOf(const Catalogue& catalogue, const Circuit& circuit, int currentTrack);
+std::set<PieceAddress> BridgesOf(const Catalogue& catalogue, const Circuit& circuit, int currentTrack);
 
 } // namespace pistaro

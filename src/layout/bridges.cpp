@@ -1,4 +1,4 @@
-#include "imaging/bridges.h"
+#include "layout/bridges.h"
 
 #include "layout/ground_grid.h"
 #include "layout/overlap.h"
@@ -13,7 +13,7 @@ constexpr float Touching = 10; ///< cm between a last piece's end and the start 
 
 /// A piece where it lies, in the order of drawing.
 struct LaidPiece {
-    PlaceInCircuit Address;
+    PieceAddress Address;
     bool IsBridge;
     bool LeadsToStart; ///< the last of a track that closes
 };
@@ -38,29 +38,27 @@ void Lay(const Catalogue& catalogue, const Track& track, int number, LaidCircuit
 
 /// Whether the upper of two pieces follows on the lower, or leads to it.
 bool AreNeighbours(const LaidPiece& lower, const LaidPiece& upper) {
-    const auto [lowerTrack, lowerElement] = lower.Address;
-    const auto [upperTrack, upperElement] = upper.Address;
-    if (lowerTrack != upperTrack) return false;
-    return upperElement - lowerElement <= 1 || (lowerElement == 0 && upper.LeadsToStart);
+    if (lower.Address.Track != upper.Address.Track) return false;
+    return upper.Address.Element - lower.Address.Element <= 1 || (lower.Address.Element == 0 && upper.LeadsToStart);
 }
 
 } // namespace
 
-std::set<PlaceInCircuit> BridgesOf(const Catalogue& catalogue, const Circuit& circuit, int currentTrack) {
+std::set<PieceAddress> BridgesOf(const Catalogue& catalogue, const Circuit& circuit, int currentTrack) {
     LaidCircuit laid;
     for (int track = 0; track < TrackCount; ++track)
         if (track != currentTrack) Lay(catalogue, circuit.Tracks[static_cast<std::size_t>(track)], track, laid);
     if (currentTrack != AllTracks)
         Lay(catalogue, circuit.Tracks[static_cast<std::size_t>(currentTrack)], currentTrack, laid);
     const GroundGrid grid(std::move(laid.Grounds));
-    std::set<PlaceInCircuit> bridges;
+    std::set<PieceAddress> bridges;
     for (std::size_t upper = 0; upper < laid.Pieces.size(); ++upper) {
         const Ground& ground = grid.Grounds()[upper];
         grid.ForEachMeeting(ground.Box, [&](int other, const Ground& otherGround) {
             if (other >= static_cast<int>(upper)) return true;
             const LaidPiece& below = laid.Pieces[static_cast<std::size_t>(other)];
             const LaidPiece& above = laid.Pieces[upper];
-            const PlaceInCircuit& bridge = below.IsBridge && !above.IsBridge ? below.Address : above.Address;
+            const PieceAddress& bridge = below.IsBridge && !above.IsBridge ? below.Address : above.Address;
             if (bridges.contains(bridge) || AreNeighbours(below, above)) return true;
             if (Overlaps(ground, otherGround)) bridges.insert(bridge);
             return true;
