@@ -2,22 +2,19 @@
 #include "cli/command_line.h"
 
 #include "cli/close.h"
+#include "cli/exit_status.h"
 #include "cli/export_verb.h"
 #include "cli/generate.h"
 #include "cli/option_checks.h"
 #include "cli/plan_verb.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
-#include "model/job.h"
-#include "platform/fault.h"
-#include "platform/fault_words.h"
 #include "platform/files.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <functional>
 
 namespace pistaro {
 
@@ -47,8 +44,6 @@ OptionalPath PathIn(const std::string& text) {
 OptionalPath PathIn(const std::optional<std::string>& text) {
     return text ? OptionalPath(PathFromText(*text)) : OptionalPath();
 }
-
-using VerbJob = std::function<void(const VerbContext&)>;
 
 /// The verbs as the parser knows them, each with the job that it stands for.
 class VerbParser {
@@ -344,31 +339,6 @@ const CLI::Option* AddProgramOptions(CLI::App& app, Arguments& values) {
     app.require_subcommand(0, 1);
     app.footer("--settings FILE goes with every verb: that file in place of the usual settings file.");
     return app.add_option("CIRCUIT", values.DesignerCircuit, "The circuit that the designer opens");
-}
-
-/// A fault's words as one line, whatever stands in the name of a file among them.
-std::string OnOneLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
-    return text;
-}
-
-/// Does a verb's job, and gives the exit status.
-int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
-    try {
-        job(context);
-        if (!context.Output.flush()) throw Fault("Disk full", "the standard output");
-        return 0;
-    } catch (const Stopped&) {
-        constexpr int interrupted = 130; // 128 and the number of the signal, as shells tell it
-        return interrupted;
-    } catch (const BadResult&) {
-        context.Output.flush();
-        return 1;
-    } catch (const std::exception& fault) {
-        context.Errors << "pistaro: " << OnOneLine(WordsOf(fault)) << '\n';
-        return 1;
-    }
 }
 
 } // namespace
