@@ -91,7 +91,8 @@ private:
 
     void AddCheck() {
         const VerbJob job = [this](const VerbContext& context) {
-            given_.Rules ? RulesVerb(context, given_.Json) : CheckVerb(context, Circuit(), given_.Json);
+            given_.Rules ? RulesVerb(context, PathIn(given_.Circuit), given_.Json)
+                         : CheckVerb(context, Circuit(), given_.Json);
         };
         CLI::App* const verb = Add("check", "Tell what is wrong with the circuit", job);
         const CLI::Option* const circuit = TakeCircuit(verb, false);
