@@ -22,8 +22,8 @@ namespace {
 
 /// What the arguments say, filled in by the parser.
 struct Arguments {
-    std::optional<std::string> SettingsFile, Background, OutFolder, RecoveredWork;
-    std::string DesignerCircuit, Circuit, Script, Out;
+    std::optional<std::string> SettingsFile, Circuit, Background, OutFolder, RecoveredWork;
+    std::string DesignerCircuit, Script, Out;
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
     std::optional<std::string> SetsFile;
@@ -31,7 +31,7 @@ struct Arguments {
     bool IncludeOwned = false, Numbers = false, Surface = false, Json = false, NoSplash = false;
     ClosingOptions Closing;
     GenerateOptions Generate;
-    std::string RoomOf;
+    std::optional<std::string> RoomOf;
     std::string ClosedTrack = "1", Tolerance = "0.5";
     ExportArguments Export;
     PlanArguments Plan;
@@ -296,7 +296,7 @@ private:
 
     void TakeJson(CLI::App* verb) { verb->add_flag("--json", given_.Json, "Print one line of JSON"); }
 
-    std::filesystem::path Circuit() const { return PathFromText(given_.Circuit); }
+    std::filesystem::path Circuit() const { return PathFromText(given_.Circuit.value_or("")); }
 
     DetailOptions Detail() const {
         return {given_.Track == "all" ? AllTracks : given_.Track.front() - '1', given_.IncludeOwned};
