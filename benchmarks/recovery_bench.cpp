@@ -2,6 +2,7 @@
 // again, against that without, and the start with twenty works to look at.
 #include "commands/recovery.h"
 #include "full_circuit.h"
+#include "no_prompts.h"
 #include "platform/files.h"
 #include "storage/circuit_file.h"
 #include "ui/frmCorvel.h"
@@ -11,23 +12,12 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-#include <stdexcept>
 
 namespace pistaro {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
-
-/// Nobody is asked anything here.
-class NoPrompts : public Prompts {
-public:
-    void Tell(const Message& message) override { throw std::logic_error(message.Text); }
-    Answer Ask(const std::string& question, Buttons) override { throw std::logic_error(question); }
-    std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) override {
-        throw std::logic_error(choice.Title);
-    }
-};
 
 void Nowhere(const std::function<void()>&) {}
 

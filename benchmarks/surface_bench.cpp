@@ -3,6 +3,7 @@
 #include "editor/view_commands.h"
 #include "full_circuit.h"
 #include "imaging/kept_drawing.h"
+#include "no_prompts.h"
 #include "ui/circuit_view.h"
 
 #include <benchmark/benchmark.h>
@@ -185,15 +186,6 @@ void RedrawSurface(benchmark::State& state) {
         drawing.Redraw(Pieces(), project, {}, Frame, TrackLook::Surface);
     }
 }
-
-class NoPrompts : public Prompts {
-public:
-    void Tell(const Message& message) override { throw std::logic_error(message.Text); }
-    Answer Ask(const std::string& question, Buttons) override { throw std::logic_error(question); }
-    std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) override {
-        throw std::logic_error(choice.Title);
-    }
-};
 
 struct Canvas {
     Canvas() {

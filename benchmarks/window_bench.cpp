@@ -2,6 +2,7 @@
 // where.
 #include "bare_calls.h"
 #include "full_circuit.h"
+#include "no_prompts.h"
 #include "render/redraw.h"
 #include "ui/circuit_view.h"
 #include "ui/frmCorvel.h"
@@ -17,16 +18,6 @@ namespace pistaro {
 namespace {
 
 constexpr int Side = 700;
-
-/// Nobody is asked anything here.
-class NoPrompts : public Prompts {
-public:
-    void Tell(const Message& message) override { throw std::logic_error(message.Text); }
-    Answer Ask(const std::string& question, Buttons) override { throw std::logic_error(question); }
-    std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) override {
-        throw std::logic_error(choice.Title);
-    }
-};
 
 /// The window with the full circuit in a drawing area of Side x Side pixels.
 struct FullWindow {

@@ -13,6 +13,7 @@
 #include "ui/frmBackground.h"
 #include "ui/frmBox.h"
 #include "ui/frmCorvel.h"
+#include "ui/frmHistory.h"
 #include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmSamples.h"
@@ -260,6 +261,19 @@ void PhotographBox(const Catalogue& catalogue, const QString& folder) {
     photographer.Take(*circuits->viewport(), shown, "found-circuits");
 }
 
+/// The list of steps, of which the last two are undone.
+void PhotographHistory(const Catalogue& catalogue, const QString& folder) {
+    SilentUser user;
+    Session session(catalogue, user, StartUp(InitialSettings(catalogue)), "");
+    for (const char* const command :
+         {"add C160", "add C160", "add C151L", "move up", "add C153R", "delete", "add C158", "mirror", "undo", "undo"})
+        session.Run(*session.Commands.Find(command));
+    QWidget window;
+    frmHistory dialog(session, &window);
+    dialog.show();
+    Photographer(folder).Take(dialog, "history");
+}
+
 /// The window on a dark desktop, with three tracks of which some pieces are owned.
 void PhotographDarkWindow(const Catalogue& catalogue, const std::filesystem::path& samples, const QString& folder) {
     const QPalette toolkits = QApplication::palette();
@@ -318,6 +332,7 @@ int main(int argc, char** argv) {
         pistaro::PhotographRules(catalogue, folder);
         const std::filesystem::path sample = pistaro::PathFromText(arguments.at(0));
         pistaro::PhotographWindows(catalogue, sample, folder);
+        pistaro::PhotographHistory(catalogue, folder);
         pistaro::PhotographBox(catalogue, folder);
         pistaro::PhotographDarkWindow(catalogue, sample.parent_path(), folder);
         pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);

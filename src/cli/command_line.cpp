@@ -2,22 +2,19 @@
 #include "cli/command_line.h"
 
 #include "cli/close.h"
+#include "cli/exit_status.h"
 #include "cli/export_verb.h"
 #include "cli/generate.h"
 #include "cli/option_checks.h"
 #include "cli/plan_verb.h"
 #include "cli/recover.h"
 #include "cli/verbs.h"
-#include "model/job.h"
-#include "platform/fault.h"
-#include "platform/fault_words.h"
 #include "platform/files.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <functional>
 
 namespace pistaro {
 
@@ -25,8 +22,8 @@ namespace {
 
 /// What the arguments say, filled in by the parser.
 struct Arguments {
-    std::optional<std::string> SettingsFile, Background, OutFolder, RecoveredWork;
-    std::string DesignerCircuit, Circuit, Script, Out;
+    std::optional<std::string> SettingsFile, Circuit, Background, OutFolder, RecoveredWork;
+    std::string DesignerCircuit, Script, Out;
     int Pixels = PictureOptions().Pixels;
     std::string Track = "all";
     std::optional<std::string> SetsFile;
@@ -34,7 +31,7 @@ struct Arguments {
     bool IncludeOwned = false, Numbers = false, Surface = false, Json = false, NoSplash = false;
     ClosingOptions Closing;
     GenerateOptions Generate;
-    std::string RoomOf;
+    std::optional<std::string> RoomOf;
     std::string ClosedTrack = "1", Tolerance = "0.5";
     ExportArguments Export;
     PlanArguments Plan;
@@ -47,8 +44,6 @@ OptionalPath PathIn(const std::string& text) {
 OptionalPath PathIn(const std::optional<std::string>& text) {
     return text ? OptionalPath(PathFromText(*text)) : OptionalPath();
 }
-
-using VerbJob = std::function<void(const VerbContext&)>;
 
 /// The verbs as the parser knows them, each with the job that it stands for.
 class VerbParser {
@@ -96,7 +91,8 @@ private:
 
     void AddCheck() {
         const VerbJob job = [this](const VerbContext& context) {
-            given_.Rules ? RulesVerb(context, given_.Json) : CheckVerb(context, Circuit(), given_.Json);
+            given_.Rules ? RulesVerb(context, PathIn(given_.Circuit), given_.Json)
+                         : CheckVerb(context, Circuit(), given_.Json);
         };
         CLI::App* const verb = Add("check", "Tell what is wrong with the circuit", job);
         const CLI::Option* const circuit = TakeCircuit(verb, false);
@@ -300,7 +296,7 @@ private:
 
     void TakeJson(CLI::App* verb) { verb->add_flag("--json", given_.Json, "Print one line of JSON"); }
 
-    std::filesystem::path Circuit() const { return PathFromText(given_.Circuit); }
+    std::filesystem::path Circuit() const { return PathFromText(given_.Circuit.value_or("")); }
 
     DetailOptions Detail() const {
         return {given_.Track == "all" ? AllTracks : given_.Track.front() - '1', given_.IncludeOwned};
@@ -344,31 +340,6 @@ const CLI::Option* AddProgramOptions(CLI::App& app, Arguments& values) {
     app.require_subcommand(0, 1);
     app.footer("--settings FILE goes with every verb: that file in place of the usual settings file.");
     return app.add_option("CIRCUIT", values.DesignerCircuit, "The circuit that the designer opens");
-}
-
-/// A fault's words as one line, whatever stands in the name of a file among them.
-std::string OnOneLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
-    return text;
-}
-
-/// Does a verb's job, and gives the exit status.
-int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
-    try {
-        job(context);
-        if (!context.Output.flush()) throw Fault("Disk full", "the standard output");
-        return 0;
-    } catch (const Stopped&) {
-        constexpr int interrupted = 130; // 128 and the number of the signal, as shells tell it
-        return interrupted;
-    } catch (const BadResult&) {
-        context.Output.flush();
-        return 1;
-    } catch (const std::exception& fault) {
-        context.Errors << "pistaro: " << OnOneLine(WordsOf(fault)) << '\n';
-        return 1;
-    }
 }
 
 } // namespace

@@ -46,7 +46,7 @@ int TrackIn(const std::string& text) { return text == "all" ? AllTracks : text.f
 
 void CheckMayWrite(const std::filesystem::path& file, bool force) {
     std::error_code toldByTheWrite;
-    if (!force && std::filesystem::exists(file, toldByTheWrite))
+    if (!force && std::filesystem::exists(file, toldByTheWrite) && !std::filesystem::is_directory(file, toldByTheWrite))
         throw Fault("File exists", TextFromPath(file) + ": --force replaces it");
 }
 

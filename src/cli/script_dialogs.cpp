@@ -155,7 +155,9 @@ void RunRoom(Script& script, const Words& words) {
         AddPoint(room, prompts);
     } else if (button == "delete") {
         RequireWords(words, 3);
-        ScrollToPoint(room, IntegerIn(words[2], 1, static_cast<int>(room.Points.size())));
+        const int point = IntegerIn(words[2], 1, MaxRoomPoints);
+        if (point > static_cast<int>(room.Points.size())) throw Refused("the room has no point " + words[2]);
+        ScrollToPoint(room, point);
         DeletePoint(room);
     } else {
         throw Refused("\"room\" knows add, set and delete, not \"" + button + "\"");

@@ -73,7 +73,11 @@ void CheckVerb(const VerbContext& context, const std::filesystem::path& circuit,
     if (HasErrors(findings)) throw BadResult();
 }
 
-void RulesVerb(const VerbContext& context, bool json) {
+void RulesVerb(const VerbContext& context, const OptionalPath& circuit, bool json) {
+    if (circuit)
+        StartWithCircuit(context, *circuit);
+    else
+        PrintMessages(StartVerb(context).Messages, context.Errors);
     context.Output << (json ? Line(RulesJson()) + '\n' : RulesTable());
 }
 

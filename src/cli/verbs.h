@@ -51,8 +51,8 @@ void StatsVerb(const VerbContext& context, const std::filesystem::path& circuit,
                bool json);
 /// Prints what the checks find in the circuit, as one JSON line or as a table. Throws BadResult where an error is.
 void CheckVerb(const VerbContext& context, const std::filesystem::path& circuit, bool json);
-/// Prints the rules by which is checked.
-void RulesVerb(const VerbContext& context, bool json);
+/// Prints the rules by which is checked. A circuit that is named is read, so that a slip in its name is told.
+void RulesVerb(const VerbContext& context, const OptionalPath& circuit, bool json);
 /// Prints the fewest changes that balance the lanes of a track, or of each that has pieces.
 void BalanceVerb(const VerbContext& context, const std::filesystem::path& circuit, int track, bool json);
 /// Prints the cheapest way to buy what is missing. `sets` is the file of boxed sets, or none for the one beside the

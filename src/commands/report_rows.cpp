@@ -32,8 +32,6 @@ Command PanelRow(const char* id, const char* control, const char* caption, const
                 }};
 }
 
-/// The circuit on paper, in other programs, and pieces from there.
-
 } // namespace
 
 void AddCheckCommands(std::vector<Command>& rows) {

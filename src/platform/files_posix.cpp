@@ -22,7 +22,7 @@ std::filesystem::path FolderOf(const std::filesystem::path& path) {
 }
 
 Fault FileFault(int error, const std::filesystem::path& path) {
-    const std::string name = path.string();
+    const std::string name = path.empty() ? "a file without a name" : path.string();
     std::error_code ignored;
     switch (error) {
     case ENOENT:

@@ -15,7 +15,7 @@ namespace pistaro {
 namespace {
 
 Fault FileFault(DWORD error, const std::filesystem::path& path) {
-    const std::string name = TextFromPath(path);
+    const std::string name = path.empty() ? "a file without a name" : TextFromPath(path);
     switch (error) {
     case ERROR_FILE_NOT_FOUND:
         return {"File not found", name};

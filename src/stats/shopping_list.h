@@ -18,7 +18,7 @@ std::string ShoppingListBytes(const Catalogue& catalogue, const Stock& stock, co
 inline constexpr const char* ShoppingTableName = "shoppingList.csv";
 
 /// The same pieces for spreadsheets: UTF-8, lines of "count,code,name,price,sum", each product once, sums in whole
-/// cents, the total last.
+/// cents, the total last. N10111, which the list never counts, is not here either.
 std::string ShoppingTableBytes(const Stock& stock, const Units& units, const Detail& detail);
 
 /// Writes the list into the working directory and gives the message that tells so. Faults of writing leave the old

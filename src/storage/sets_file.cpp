@@ -3,8 +3,8 @@
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "storage/line_reader.h"
+#include "storage/toml_text.h"
 
-#include <algorithm>
 #include <cmath>
 #include <sstream>
 
@@ -102,33 +102,10 @@ std::string Quoted(const std::string& text) {
     return quoted + '"';
 }
 
-/// Fault where a table's bracket is followed by no name: the library takes for granted that one comes.
-void CheckTableNames(std::string_view text, const std::string& name) {
-    constexpr std::string_view blanks = " \t";
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-    for (int line = 1; !text.empty(); ++line) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view words = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
-        const auto skip = [&](std::size_t count) {
-            words.remove_prefix(count);
-            words.remove_prefix(std::min(words.find_first_not_of(blanks), words.size()));
-        };
-        skip(0);
-        if (!words.starts_with('[')) continue;
-        skip(words.starts_with("[[") ? 2 : 1);
-        constexpr std::string_view signs = "_-\"'[]";
-        const char first = words.empty() ? '#' : words.front();
-        const bool isName = (first >= '0' && first <= '9') || (first >= 'A' && first <= 'Z') ||
-                            (first >= 'a' && first <= 'z') || signs.find(first) != std::string_view::npos;
-        if (!isName) throw BadFileFormat(name + ", line " + std::to_string(line) + ": a table wants a name");
-    }
-}
-
 } // namespace
 
 BoxedSets ParseSets(const Catalogue& catalogue, std::string_view text, const std::string& name) {
-    CheckTableNames(text, name);
+    CheckTomlText(text, name);
     try {
         return SetsReader(catalogue, name).Read(toml::parse(text));
     } catch (const toml::parse_error& error) {

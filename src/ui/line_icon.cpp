@@ -1,8 +1,8 @@
 #include "ui/line_icon.h"
 
+#include "ui/painted_icon.h"
+
 #include <QApplication>
-#include <QIconEngine>
-#include <QPainter>
 #include <QPalette>
 
 #include <array>
@@ -22,7 +22,7 @@ QImage DrawingFor(const QString& name, int side) {
     return QImage(":/buttons/" + name + "-" + QString::number(best) + ".png");
 }
 
-class LineIconEngine : public QIconEngine {
+class LineIconEngine : public PaintedIconEngine {
 public:
     explicit LineIconEngine(QString name) : name_(std::move(name)) {}
 
@@ -40,14 +40,6 @@ public:
         painter->setRenderHint(QPainter::SmoothPixmapTransform);
         painter->drawImage(rect, drawing);
         painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return picture;
     }
 
     QIconEngine* clone() const override { return new LineIconEngine(*this); }

@@ -3,9 +3,9 @@
 #include "imaging/painter_surface.h"
 #include "layout/piece_extent.h"
 #include "render/redraw.h"
+#include "ui/painted_icon.h"
 
 #include <QApplication>
-#include <QIconEngine>
 #include <QPalette>
 
 #include <algorithm>
@@ -28,7 +28,7 @@ double LargestSide(const Catalogue& catalogue) {
     return side;
 }
 
-class PieceIconEngine : public QIconEngine {
+class PieceIconEngine : public PaintedIconEngine {
 public:
     PieceIconEngine(const PieceKind& kind, double largestSide) : kind_(kind), largestSide_(largestSide) {}
 
@@ -48,14 +48,6 @@ public:
         DrawPiece(placement, FromQColor(palette.color(group, QPalette::ButtonText)),
                   FromQColor(palette.color(group, QPalette::Mid)), surface);
         painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return picture;
     }
 
     QIconEngine* clone() const override { return new PieceIconEngine(*this); }

@@ -64,6 +64,19 @@ TEST_F(CheckVerb, ListsItsRules) {
     EXPECT_THAT(json.Output, EndsWith("}]}\n"));
 }
 
+TEST_F(CheckVerb, ReadsTheCircuitBesideItsRulesSoThatASlipInItsNameIsTold) {
+    const Finished rules = folder_.Run({"check", "--rules"});
+    const Finished both = folder_.Run({"check", Circuit("C160 C160 C160"), "--rules"});
+    const Finished missing = folder_.Run({"check", "--rules", "missing.trk"});
+
+    EXPECT_EQ(both.ExitStatus, 0);
+    EXPECT_EQ(both.Output, rules.Output);
+    EXPECT_EQ(missing.ExitStatus, 1);
+    EXPECT_THAT(missing.Output, IsEmpty());
+    EXPECT_THAT(missing.Errors, HasSubstr("missing.trk"));
+    EXPECT_EQ(folder_.Run({"check", "--rules", "--settings", "missing.ini"}).ExitStatus, 1);
+}
+
 TEST_F(CheckVerb, WantsACircuit) {
     EXPECT_EQ(folder_.Run({"check"}).ExitStatus, 2);
     const Finished missing = folder_.Run({"check", "missing.trk"});

@@ -65,6 +65,16 @@ TEST_F(Export, ReplacesAFileOnlyWhenItIsForced) {
     EXPECT_NE(BytesOf(program_ / "a.csv"), "old");
 }
 
+TEST_F(Export, NeverReplacesAFolder) {
+    std::filesystem::create_directory(program_ / "a.csv");
+
+    for (const char* const option : {"--numbers=false", "--force"}) {
+        const Finished refused = Run({"--out", "a.csv", option});
+        EXPECT_EQ(refused.ExitStatus, 1);
+        EXPECT_EQ(refused.Errors, "pistaro: Path/File access error: a.csv: is a folder\n");
+    }
+}
+
 TEST_F(Export, TakesItsOptions) {
     EXPECT_EQ(Run({"--out", "tiles.pdf", "--scale", "1:1", "--tiles", "--paper", "a3", "--numbers", "--grid", "--room"})
                   .ExitStatus,

@@ -12,6 +12,7 @@
 namespace pistaro {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -41,6 +42,30 @@ TEST(HostileScript, DoesNotSaveOverTheSettingsFileThatIsNamed) {
                   std::string("pistaro: -, line 2: Permission denied: ") + name + ": is the settings file\n");
     }
     EXPECT_EQ(BytesOf(program / "my.ini"), WholeSettings());
+}
+
+TEST(Verbs, RefuseAFileWithoutAName) {
+    const ProgramFolder program;
+    WriteBytes(program / "c.trk", CircuitText("C160"));
+    const std::vector<std::vector<std::string>> commands{
+        {"layout", ""},
+        {"check", "", "--rules"},
+        {"script", ""},
+        {"script", "c.trk", ""},
+        {"generate", "--room", "", "--pieces", "C160=4,C151=8", "--out", "new"},
+        {"layout", "c.trk", "--settings", ""},
+        {"buy", "c.trk", "--sets", ""},
+        {"picture", "c.trk", "--out", "c.png", "--background", ""},
+    };
+
+    for (const std::vector<std::string>& command : commands) {
+        const Finished finished = program.Run(command);
+
+        EXPECT_EQ(finished.ExitStatus, 1) << testing::PrintToString(command);
+        EXPECT_THAT(finished.Errors, AllOf(StartsWith("pistaro: "), HasSubstr(" not found: a file without a name")))
+            << testing::PrintToString(command);
+        EXPECT_EQ(finished.Output, "") << testing::PrintToString(command);
+    }
 }
 
 TEST(Verbs, WriteNeitherOverTheCircuitThatTheyReadNorOverTheSettingsThatAreNamed) {

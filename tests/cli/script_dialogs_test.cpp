@@ -169,7 +169,8 @@ TEST_F(ScriptDialogs, RefuseWhatNoDialogOffers) {
     ExpectRefused("area step=32768 save", "Overflow: the grid step, 32768, is larger than 32767");
     ExpectRefused("room add 1 2", "Refused: \"room add\" wants other words after it");
     ExpectRefused("room set 2 1 1 1", "Refused: \"2\" is no whole number from 1 to 1");
-    ExpectRefused("room delete 1", "Refused: \"1\" is no whole number from 1 to 0");
+    ExpectRefused("room delete 1", "Refused: the room has no point 1");
+    ExpectRefused("room delete 21", "Refused: \"21\" is no whole number from 1 to 20");
     ExpectRefused("room turn 1", "Refused: \"room\" knows add, set and delete, not \"turn\"");
     ExpectRefused("room add far 0 1", "Type mismatch: the room point's X, \"far\", is no number");
 }

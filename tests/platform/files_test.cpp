@@ -6,7 +6,7 @@
 #include "support/fault_of.h"
 #include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <filesystem>
 #include <string>
@@ -40,6 +40,10 @@ TEST(ReadFile, NamesAMissingFileAndAMissingFolder) {
               "Path not found: " + TextFromPath(folder / "no" / "a.trk"));
     EXPECT_EQ(FaultOf([&] { ReadFile(folder / "file" / "a.trk", 9); }),
               "Path not found: " + TextFromPath(folder / "file" / "a.trk"));
+}
+
+TEST(ReadFile, CallsAMissingNameOne) {
+    EXPECT_THAT(FaultOf([] { ReadFile("", 9); }), testing::EndsWith(" not found: a file without a name"));
 }
 
 TEST(ReadFile, RefusesAFolder) {

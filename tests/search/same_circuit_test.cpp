@@ -8,13 +8,6 @@
 namespace pistaro {
 namespace {
 
-std::vector<int> RowsOf(const std::string& codes) {
-    std::vector<int> rows;
-    for (const std::string& code : Codes(codes))
-        rows.push_back(Pieces().FindRow(code));
-    return rows;
-}
-
 std::vector<int> Key(const std::string& codes) { return CircuitKey(Pieces(), RowsOf(codes)); }
 std::vector<int> Outline(const std::string& codes) { return OutlineKey(Pieces(), RowsOf(codes)); }
 

@@ -11,13 +11,6 @@
 namespace pistaro {
 namespace {
 
-std::vector<int> RowsOf(const std::string& codes) {
-    std::vector<int> rows;
-    for (const std::string& code : Codes(codes))
-        rows.push_back(Pieces().FindRow(code));
-    return rows;
-}
-
 /// The circuit's codes with special pieces; "none" where there is no such circuit.
 std::string WithSpecials(const std::string& box, const std::string& codes) {
     const auto rows = WithSpecialPieces(Pieces(), BoxOf(Pieces(), box), RowsOf(codes));

@@ -102,7 +102,11 @@ TEST(ShoppingList, ListsTheCurvedChicaneTwiceAtEachHandsPrice) {
 }
 
 TEST(ShoppingList, NeverListsTheNincoChangeOver) {
-    EXPECT_EQ(ListOf(ProjectOf("N10111")), Head + Rule + Total + "0EUR\r\n");
+    const Project project = ProjectOf("N10111");
+
+    EXPECT_EQ(ListOf(project), Head + Rule + Total + "0EUR\r\n");
+    EXPECT_EQ(ShoppingTableBytes(project.Stock, project.Preferences.Units, AllPieces(project)),
+              "count,code,name,price,sum\r\n,,\"Total, EUR\",,0.00\r\n");
 }
 
 TEST(ShoppingList, ListsWhatTheDetailShowsAndNothingElse) {

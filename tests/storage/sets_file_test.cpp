@@ -51,6 +51,8 @@ TEST(SetsFile, TellsTheLineOfAFault) {
               "Bad file format: sets.toml, line 4: \"C151L\" is a product named before");
     EXPECT_EQ(fault("# a\n [ # B"), "Bad file format: sets.toml, line 2: a table wants a name");
     EXPECT_EQ(fault("[["), "Bad file format: sets.toml, line 1: a table wants a name");
+    EXPECT_EQ(fault("\n\xCE\xBB = 1"),
+              "Bad file format: sets.toml, line 2: a letter outside ASCII stands outside quotation marks");
     EXPECT_EQ(fault("sets = 1"), "Bad file format: sets.toml, line 1: \"sets\" is no [[set]]");
     EXPECT_THAT(fault("[[set]\n"), HasSubstr("Bad file format: sets.toml, line 1: "));
 }

@@ -15,6 +15,13 @@ std::vector<std::string> Codes(const std::string& text) {
     return codes;
 }
 
+std::vector<int> RowsOf(const std::string& codes) {
+    std::vector<int> rows;
+    for (const std::string& code : Codes(codes))
+        rows.push_back(Pieces().FindRow(code));
+    return rows;
+}
+
 Track Chain(const std::string& codes) {
     Track track;
     track.ElementCodes = Codes(codes);

@@ -12,6 +12,9 @@ namespace pistaro {
 /// The codes in a text, parted by blanks.
 std::vector<std::string> Codes(const std::string& text);
 
+/// Their rows of the catalogue.
+std::vector<int> RowsOf(const std::string& codes);
+
 /// A track that starts at 0, 0 with heading 0 and holds these pieces.
 Track Chain(const std::string& codes);
 
