@@ -42,10 +42,7 @@ auto NamingFile(const std::filesystem::path& circuit, Compute compute) {
 
 /// Those of the file beside the settings; none where it is not there.
 BoxedSets SetsBesideSettings(const VerbContext& context) {
-    const std::filesystem::path file = context.SettingsFile.value_or(SettingsPath()).parent_path() / SetsName;
-    std::error_code toldByTheRead;
-    if (!std::filesystem::exists(file, toldByTheRead) && !toldByTheRead) return {};
-    return ReadSets(context.Catalogue, file);
+    return SetsBeside(context.Catalogue, context.SettingsFile.value_or(SettingsPath())).value_or(BoxedSets());
 }
 
 } // namespace

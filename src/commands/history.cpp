@@ -57,6 +57,41 @@ std::size_t SizeOf(const ViewSettings& view) { return sizeof(view); }
 /// A path's length may change while the states hold it: as much as a usual one.
 std::size_t SizeOf(const std::filesystem::path&) { return 512; }
 
+/// The background with the picture of an earlier state that holds the same bytes, as where its circuit was loaded
+/// again.
+template <typename States>
+std::shared_ptr<const ScaledBackground> Shared(const States& states,
+                                               const std::shared_ptr<const ScaledBackground>& background) {
+    if (!background || !background->Picture) return background;
+    for (const auto& state : states) {
+        if (state.Background == background) return background;
+        const auto& picture = state.Background ? state.Background->Picture : nullptr;
+        if (!picture || picture == background->Picture || *picture != *background->Picture) continue;
+        ScaledBackground shared = *background;
+        shared.Picture = picture;
+        return std::make_shared<const ScaledBackground>(std::move(shared));
+    }
+    return background;
+}
+
+/// Whether one state alone holds the picture. Who else does, such as the project, is none of the history's memory.
+template <typename States>
+bool OneHolds(const States& states, const std::shared_ptr<const std::string>& picture) {
+    const auto holds = [&](const auto& state) { return state.Background && state.Background->Picture == picture; };
+    const auto first = std::ranges::find_if(states, holds);
+    return first != states.end() && std::none_of(std::next(first), states.end(), holds);
+}
+
+/// What a state of these takes for the picture under its circuit: the place, which is small, in each of them; the bytes
+/// with the last that holds them.
+template <typename States, typename State>
+std::size_t BackgroundBytes(const States& states, const State& state) {
+    if (!state.Background) return 0;
+    const auto& picture = state.Background->Picture;
+    const std::size_t place = BlockBytes + sizeof(*state.Background);
+    return picture && OneHolds(states, picture) ? place + BlockBytes + SizeOf(*picture) : place;
+}
+
 /// What goes when the block's last owner goes.
 template <typename Value>
 std::size_t OwnBytes(const std::shared_ptr<Value>& block) {
@@ -77,21 +112,26 @@ void History::Record(const Project& before, const Project& after, const StepName
     if (ContinuesRun(before, name)) {
         --present_;
     } else {
-        Leave(states_[present_], before);
+        State& left = states_[present_];
+        bytes_ -= left.NameOfWork.capacity();
+        Leave(left, before);
+        bytes_ += left.NameOfWork.capacity();
     }
     DropFrom(present_ + 1);
     Append(StateOf(after, name, &states_[present_], viewChanged));
     present_ = states_.size() - 1;
     for (; bytes_ > mostBytes_ && present_ > 0; --present_) {
-        bytes_ -= BytesOf(states_.front());
+        bytes_ -= BytesOf(states_.front()) + BackgroundBytes(states_, states_.front());
         states_.pop_front();
     }
 }
 
 void History::GoTo(std::size_t state, Project& project) {
-    const State& from = states_[present_];
+    State& from = states_[present_];
     const State& to = states_[state];
-    Leave(states_[present_], project);
+    bytes_ -= from.NameOfWork.capacity();
+    Leave(from, project);
+    bytes_ += from.NameOfWork.capacity();
     for (std::size_t at = 0; at < to.Codes.size(); ++at) {
         Track& track = project.Design.Circuit.Tracks[at];
         if (from.Codes[at] != to.Codes[at]) track.ElementCodes = Parted(*to.Codes[at]);
@@ -158,7 +198,8 @@ bool History::ContinuesRun(const Project& before, const StepName& name) const {
 }
 
 std::size_t History::BytesOf(const State& state) {
-    std::size_t bytes = sizeof(state) + state.Name.Caption.capacity() + state.Name.Run.capacity();
+    std::size_t bytes =
+        sizeof(state) + state.Name.Caption.capacity() + state.Name.Run.capacity() + state.NameOfWork.capacity();
     for (const auto& codes : state.Codes)
         bytes += OwnBytes(codes);
     return bytes + OwnBytes(state.Room) + OwnBytes(state.View) + OwnBytes(state.File);
@@ -166,12 +207,13 @@ std::size_t History::BytesOf(const State& state) {
 
 void History::DropFrom(std::size_t state) {
     for (; states_.size() > state; states_.pop_back())
-        bytes_ -= BytesOf(states_.back());
+        bytes_ -= BytesOf(states_.back()) + BackgroundBytes(states_, states_.back());
 }
 
 void History::Append(State&& state) {
+    state.Background = Shared(states_, state.Background);
     states_.push_back(std::move(state));
-    bytes_ += BytesOf(states_.back());
+    bytes_ += BytesOf(states_.back()) + BackgroundBytes(states_, states_.back());
 }
 
 } // namespace pistaro

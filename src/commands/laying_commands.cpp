@@ -109,10 +109,7 @@ KeptPart PartOf(const Session& session, int first, int count) {
 }
 
 BoxedSets SetsOf(const Session& session) {
-    const std::filesystem::path file = session.SettingsPath.parent_path() / SetsName;
-    std::error_code toldByTheRead;
-    const bool isThere = !session.SettingsPath.empty() && std::filesystem::exists(file, toldByTheRead);
-    return isThere ? ReadSets(session.Catalogue, file) : ExampleSets(session.Catalogue);
+    return SetsBeside(session.Catalogue, session.SettingsPath).value_or(ExampleSets(session.Catalogue));
 }
 
 std::string WhyNotVary(const Session& session) {

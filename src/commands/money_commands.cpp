@@ -19,10 +19,7 @@ void BalanceCommand(Session& session) {
 }
 
 void PurchaseCommand(Session& session) {
-    const std::filesystem::path file = session.SettingsPath.parent_path() / SetsName;
-    std::error_code toldByTheRead;
-    const bool isThere = !session.SettingsPath.empty() && std::filesystem::exists(file, toldByTheRead);
-    const BoxedSets sets = isThere ? ReadSets(session.Catalogue, file) : BoxedSets();
+    const BoxedSets sets = SetsBeside(session.Catalogue, session.SettingsPath).value_or(BoxedSets());
     const Catalogue& catalogue = session.Catalogue;
     const JobWork work = [&session, &catalogue, project = session.Project, sets](const JobWatch& watch) -> JobEnd {
         const std::vector<int> missing = MissingPieces(catalogue, project.Stock, project.Design.Circuit);

@@ -22,6 +22,7 @@ bool KnownFiles::IsNewlyChanged(const std::filesystem::path& file) {
     return true;
 }
 
+/// Of a file that cannot be read, why: that tells one such change from the next.
 std::optional<std::string> KnownFiles::OtherBytes(const std::filesystem::path& file) const {
     const auto known = files_.find(file);
     std::error_code gone;
@@ -29,8 +30,8 @@ std::optional<std::string> KnownFiles::OtherBytes(const std::filesystem::path& f
     try {
         std::string bytes = ReadFile(file, MostFileBytes);
         if (bytes != known->second.Bytes) return bytes;
-    } catch (const Fault&) {
-        return std::nullopt; // told when it is loaded or written
+    } catch (const Fault& fault) {
+        return fault.what(); // it could be read when it became known
     }
     return std::nullopt;
 }

@@ -13,8 +13,8 @@ public:
     /// The program has just read or written these bytes. Gives whether it knew something else of that file.
     bool Remember(const std::filesystem::path& file, std::string bytes);
 
-    /// Whether something else stands in the file than the program knows of. A file that it does not know, one that is
-    /// gone and one that cannot be read are not changed.
+    /// Whether something else stands in the file than the program knows of, as there does in one that cannot be read. A
+    /// file that it does not know and one that is gone are not changed.
     bool IsChanged(const std::filesystem::path& file) const { return OtherBytes(file).has_value(); }
 
     /// The same, true once for each change.

@@ -2,13 +2,31 @@
 
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "platform/locks.h"
 #include "storage/folder_line.h"
 #include "storage/line_reader.h"
 #include "text/crlf_lines.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace pistaro {
+
+namespace {
+
+/// Keeps other windows from the list. The lock is that of its folder, since the list itself may not be there yet. Null
+/// where nothing is kept or nothing can be locked: no reason to do without the list.
+std::unique_ptr<RewriteLock> Locked(const std::filesystem::path& list) {
+    if (list.empty()) return nullptr;
+    try {
+        std::filesystem::create_directories(list.parent_path());
+        return std::make_unique<RewriteLock>(list.parent_path());
+    } catch (const std::exception&) {
+        return nullptr;
+    }
+}
+
+} // namespace
 
 void RecentCircuits::Read() {
     if (keptIn_.empty()) return;
@@ -26,6 +44,7 @@ void RecentCircuits::Read() {
 }
 
 void RecentCircuits::Add(const std::filesystem::path& circuit) {
+    const std::unique_ptr<RewriteLock> lock = Locked(keptIn_);
     Read();
     if (!list_.empty() && list_.front() == circuit) return;
     std::erase(list_, circuit);
@@ -35,6 +54,7 @@ void RecentCircuits::Add(const std::filesystem::path& circuit) {
 }
 
 void RecentCircuits::Clear() {
+    const std::unique_ptr<RewriteLock> lock = Locked(keptIn_);
     list_.clear();
     Write();
 }
@@ -45,7 +65,6 @@ void RecentCircuits::Write() const {
     for (const std::filesystem::path& circuit : list_)
         lines << FolderLine(TextFromPath(circuit));
     try {
-        std::filesystem::create_directories(keptIn_.parent_path());
         ReplaceFile(keptIn_, lines.Take());
     } catch (const std::exception&) {
         return; // the list of this window is right all the same

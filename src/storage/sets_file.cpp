@@ -118,6 +118,14 @@ BoxedSets ReadSets(const Catalogue& catalogue, const std::filesystem::path& file
     return ParseSets(catalogue, ReadFile(file, MostFileBytes), TextFromPath(file));
 }
 
+std::optional<BoxedSets> SetsBeside(const Catalogue& catalogue, const std::filesystem::path& settings) {
+    if (settings.empty()) return std::nullopt;
+    const std::filesystem::path file = settings.parent_path() / SetsName;
+    std::error_code toldByTheRead;
+    if (!std::filesystem::exists(file, toldByTheRead) && !toldByTheRead) return std::nullopt;
+    return ReadSets(catalogue, file);
+}
+
 std::string SetsText(const Catalogue& catalogue, const BoxedSets& sets) {
     std::ostringstream text;
     text << "# Boxed sets: what is in each, and what it costs. Pieces are counted by their code without its hand.\n";

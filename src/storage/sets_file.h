@@ -5,6 +5,7 @@
 #include "model/boxed_set.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,10 @@ BoxedSets ParseSets(const Catalogue& catalogue, std::string_view text, const std
 
 /// The same of a file. Faults: it cannot be read.
 BoxedSets ReadSets(const Catalogue& catalogue, const std::filesystem::path& file);
+
+/// Those of the file beside the settings; nothing where there is none, or no settings file to be beside. Faults: it
+/// cannot be read.
+std::optional<BoxedSets> SetsBeside(const Catalogue& catalogue, const std::filesystem::path& settings);
 
 /// The sets' text, with a comment at its head that tells how it is written.
 std::string SetsText(const Catalogue& catalogue, const BoxedSets& sets);

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 namespace pistaro {
 namespace {
 
@@ -56,6 +58,19 @@ TEST_F(MoneyVerbs, BuyTakesTheSetsBesideTheSettings) {
                            "In no set and without a price: 1 C164\n"
                            "Left over from the sets: 1 C159\n"));
 }
+
+#ifndef _WIN32
+TEST_F(MoneyVerbs, BuyTakesNoSetsFromTheCurrentFolderWithoutAHome) {
+    WriteBytes(folder_ / "sets.toml", "no file of sets");
+
+    const std::string command = "cd '" + folder_.Path().string() +
+                                "' && env -u HOME -u XDG_CONFIG_HOME '" PROGRAM "' buy circuit.trk >output 2>errors";
+    const int status = std::system(command.c_str());
+
+    EXPECT_EQ(status, 0) << BytesOf(folder_ / "errors");
+    EXPECT_THAT(BytesOf(folder_ / "output"), HasSubstr("In no set and without a price"));
+}
+#endif
 
 TEST_F(MoneyVerbs, BuyTakesAnotherFileOfSets) {
     WriteBytes(folder_ / "mine.toml", Sets);

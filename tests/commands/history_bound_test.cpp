@@ -35,6 +35,17 @@ std::size_t Allocated() {
 #endif
 }
 
+/// Records a step that lays a picture of that many bytes under the circuit.
+void LayPicture(History& history, Project& project, const std::shared_ptr<const std::string>& picture, double x = 0) {
+    const Project before = project;
+    project.Background = std::make_shared<const ScaledBackground>(ScaledBackground{.Picture = picture, .X = x});
+    history.Record(before, project, {.Caption = "Background"});
+}
+
+std::shared_ptr<const std::string> PictureOf(std::size_t bytes, char filledWith) {
+    return std::make_shared<const std::string>(bytes, filledWith);
+}
+
 /// Records a step that swaps the hand of one piece of track 1.
 void RecordStep(History& history, Project& project, int number) {
     const Project before = project;
@@ -104,6 +115,67 @@ TEST(TheHistorysBound, CountsWhatIsDroppedWithUndoneStepsAsGone) {
 
     EXPECT_EQ(history.Count(), 2U);
     EXPECT_EQ(history.Bytes(), two);
+}
+
+TEST(TheHistorysBound, CountsThePicturesUnderTheCircuit) {
+    History history;
+    Project project = ProjectOf("");
+    for (const char fill : {'a', 'b', 'c', 'd', 'e'})
+        LayPicture(history, project, PictureOf(20 * MegaByte, fill));
+
+    EXPECT_EQ(history.Count(), 3U) << "three of 20 MB and no fourth";
+    EXPECT_GT(history.Bytes(), 60 * MegaByte);
+    EXPECT_LT(history.Bytes(), 61 * MegaByte);
+    history.GoTo(0, project);
+    EXPECT_EQ(project.Background->Picture->front(), 'c');
+}
+
+TEST(TheHistorysBound, CountsAPictureOnceHoweverManyStatesHoldItAndWhoeverElseDoes) {
+    History history;
+    Project project = ProjectOf("C160");
+    const auto picture = PictureOf(20 * MegaByte, 'a'); // held by the project and here, too
+
+    for (int move = 0; move < 100; ++move)
+        LayPicture(history, project, picture, move);
+    EXPECT_EQ(history.Count(), 101U);
+    EXPECT_GT(history.Bytes(), 20 * MegaByte);
+    EXPECT_LT(history.Bytes(), 21 * MegaByte);
+
+    history.GoTo(0, project);
+    LayPicture(history, project, nullptr);
+    EXPECT_EQ(history.Count(), 2U);
+    EXPECT_LT(history.Bytes(), MegaByte) << "it went with the last state that held it";
+}
+
+TEST(TheHistorysBound, HoldsAPictureOnceThatIsLoadedAgain) {
+    History history;
+    Project project = ProjectOf("");
+    for (int load = 0; load < 5; ++load) {
+        LayPicture(history, project, PictureOf(20 * MegaByte, 'a'), load);
+        LayPicture(history, project, PictureOf(10 * MegaByte, 'b'), load);
+    }
+
+    EXPECT_EQ(history.Count(), 11U);
+    EXPECT_LT(history.Bytes(), 31 * MegaByte);
+    history.GoTo(1, project);
+    const auto first = project.Background->Picture;
+    history.GoTo(9, project);
+    EXPECT_EQ(project.Background->Picture, first);
+    EXPECT_EQ(project.Background->X, 4);
+}
+
+TEST(TheHistorysBound, CountsTheNamesOfRecoveredWork) {
+    History history;
+    Project project = ProjectOf("C160");
+    RecordStep(history, project, 0);
+    const std::size_t unnamed = history.Bytes();
+    project.EditState.Name = std::string(1000, 'n');
+
+    history.GoTo(0, project);
+    EXPECT_GE(history.Bytes(), unnamed + 900);
+
+    RecordStep(history, project, 0);
+    EXPECT_EQ(history.Count(), 2U);
 }
 
 TEST(TheHistorysBound, KeepsTheStepAtHandHoweverLargeItIs) {

@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 namespace pistaro {
 
 namespace {
@@ -113,6 +115,54 @@ TEST_F(PlainSave, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
     EXPECT_FALSE(IsUnsaved());
     Run("plain save");
     EXPECT_EQ(prompts_.Asked.size(), 2U) << "it is this program's own again";
+}
+
+TEST_F(PlainSave, AsksBeforeItOverwritesWhatIsTooLargeToBeRead) {
+    Load();
+    Run("add C159");
+    const std::string foreign(5'000'000, 'x');
+    WriteBytes(file_, foreign);
+    prompts_.Answers = {Answer::No, Answer::Yes};
+
+    Run("plain save");
+
+    ASSERT_EQ(prompts_.Asked.size(), 1U);
+    EXPECT_EQ(prompts_.Asked[0].Text, "oval.trk was changed by another program. Overwrite it?");
+    EXPECT_EQ(BytesOf(file_), foreign);
+    EXPECT_TRUE(IsUnsaved());
+
+    Run("plain save");
+    EXPECT_THAT(BytesOf(file_), HasSubstr("C160\r\nC159"));
+}
+
+TEST_F(PlainSave, AsksBeforeItOverwritesWhatItMayNotRead) {
+    Load();
+    Run("add C159");
+    WriteBytes(file_, "another program's");
+    std::filesystem::permissions(file_, std::filesystem::perms::none);
+    if (std::ifstream(file_).is_open()) GTEST_SKIP() << "this user may read everything";
+    prompts_.Answers = {Answer::No};
+
+    Run("plain save");
+
+    ASSERT_EQ(prompts_.Asked.size(), 1U);
+    EXPECT_EQ(prompts_.Asked[0].Text, "oval.trk was changed by another program. Overwrite it?");
+    std::filesystem::permissions(file_, std::filesystem::perms::owner_all);
+    EXPECT_EQ(BytesOf(file_), "another program's");
+}
+
+TEST_F(PlainSave, OffersWhatIsTooLargeOnceAndTellsSoWhenItIsLoaded) {
+    Load();
+    WriteBytes(file_, std::string(5'000'000, 'x'));
+    prompts_.Answers = {Answer::Yes};
+
+    EXPECT_FALSE(session_.Do([&] { OfferChangedFile(session_); }));
+    ComeBack();
+
+    EXPECT_EQ(prompts_.Asked.size(), 1U);
+    ASSERT_EQ(prompts_.Told.size(), 1U);
+    EXPECT_THAT(prompts_.Told[0].Text, HasSubstr("oval.trk"));
+    EXPECT_EQ(Codes(), "C160");
 }
 
 TEST_F(PlainSave, ThatFailsKeepsFileAndMark) {

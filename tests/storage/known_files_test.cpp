@@ -61,15 +61,22 @@ TEST_F(AKnownFile, IsAsItWasWhenTheBytesComeBack) {
     EXPECT_FALSE(files_.IsChanged(file_));
 }
 
-TEST_F(AKnownFile, ThatIsGoneOrAFolderOrTooLargeIsNotChanged) {
+TEST_F(AKnownFile, ThatIsGoneOrAFolderIsNotChanged) {
     std::filesystem::remove(file_);
     EXPECT_FALSE(files_.IsChanged(file_));
 
     std::filesystem::create_directory(file_);
     EXPECT_FALSE(files_.IsChanged(file_));
+}
 
-    std::filesystem::remove(file_);
-    WriteBytes(file_, std::string((4 << 20) + 1, 'x'));
+TEST_F(AKnownFile, ThatCannotBeReadAnyMoreIsChangedByAnother) {
+    WriteBytes(file_, std::string(5'000'000, 'x'));
+
+    EXPECT_TRUE(files_.IsChanged(file_));
+    EXPECT_TRUE(files_.IsNewlyChanged(file_));
+    EXPECT_FALSE(files_.IsNewlyChanged(file_)) << "told once";
+
+    WriteBytes(file_, "one");
     EXPECT_FALSE(files_.IsChanged(file_));
 }
 

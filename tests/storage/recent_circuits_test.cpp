@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
 namespace pistaro {
 
 namespace {
@@ -68,6 +70,23 @@ TEST_F(Recent, SharesTheFileWithAnotherWindow) {
     other.Add(b_);
 
     EXPECT_THAT(Kept(), ElementsAre(b_, a_));
+}
+
+TEST_F(Recent, LosesNothingWhenWindowsAddAtTheSameTime) {
+    for (int round = 0; round < 20; ++round) {
+        std::filesystem::remove_all(file_.parent_path());
+        std::vector<std::thread> windows;
+        for (int window = 0; window < 5; ++window)
+            windows.emplace_back([&, window] {
+                RecentCircuits recent(file_);
+                recent.Add(folder_ / (std::to_string(window) + " first.trk"));
+                recent.Add(folder_ / (std::to_string(window) + " second.trk"));
+            });
+        for (std::thread& window : windows)
+            window.join();
+
+        EXPECT_EQ(Kept().size(), 10U);
+    }
 }
 
 TEST_F(Recent, IsClearedForEveryone) {

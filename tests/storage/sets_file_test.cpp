@@ -3,6 +3,7 @@
 
 #include "support/fault_of.h"
 #include "support/pieces.h"
+#include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 
@@ -33,6 +34,30 @@ TEST(SetsFile, ReadsBackWhatIsWritten) {
 
     EXPECT_EQ(Parsed(SetsText(Pieces(), sets)), sets);
     EXPECT_TRUE(Parsed(SetsText(Pieces(), {})).empty());
+}
+
+TEST(SetsFile, IsLookedForBesideTheSettings) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(SetsBeside(Pieces(), folder / "my.ini"), std::nullopt);
+
+    WriteBytes(folder / "sets.toml", "[[set]]\nname = \"Box\"\nprice = 1\npieces = {}\n");
+    EXPECT_EQ(SetsBeside(Pieces(), folder / "my.ini"), (BoxedSets{{"Box", 100, {}}}));
+
+    std::filesystem::remove(folder / "sets.toml");
+    std::filesystem::create_directory(folder / "sets.toml");
+    EXPECT_THAT(FaultOf([&] { SetsBeside(Pieces(), folder / "my.ini"); }), HasSubstr("sets.toml"));
+}
+
+TEST(SetsFile, IsLookedForNowhereWithoutSettings) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    const TemporaryFolder folder;
+    WriteBytes(folder / "sets.toml", "[[set]]\nname = \"Box\"\nprice = 1\npieces = {}\n");
+    std::filesystem::current_path(folder.Path());
+
+    const std::optional<BoxedSets> sets = SetsBeside(Pieces(), {});
+
+    std::filesystem::current_path(before);
+    EXPECT_EQ(sets, std::nullopt);
 }
 
 TEST(SetsFile, TellsTheLineOfAFault) {
