@@ -74,3 +74,28 @@ TEST_F(WindowSettings, TheLegendStandsOnTheDrawingWhileItIsChosen) {
 
 } // namespace
 } // namespace pistaro
+TEST_F(WindowSettings, TheLegendStandsInTheCornerWhereTheCircuitIsNot) {
+    Open(ProjectOf("C160"));
+    Window->resize(1024, 640);
+    QApplication::processEvents();
+    const auto corner = [this](bool left) {
+        const QImage drawing = Picture().grab().toImage();
+        return drawing.copy(left ? 13 : drawing.width() - 60, 40, 40, 40);
+    };
+    const QImage nothing = corner(true);
+    Choose("mnuLegend");
+    EXPECT_NE(corner(true), nothing);
+    const WorldPoint upperLeft = Canvas().WorldAt({40, 60});
+    Choose("mnuLegend");
+
+    Project.Design.Circuit.Tracks[0].TrackStartX = upperLeft.X;
+    Project.Design.Circuit.Tracks[0].TrackStartY = upperLeft.Y;
+    Canvas().Invalidate({.Circuit = true});
+    const QImage circuit = corner(true);
+    const QImage right = corner(false);
+    Choose("mnuLegend");
+
+    EXPECT_EQ(corner(true), circuit) << "it hides no piece";
+    EXPECT_NE(corner(false), right);
+}
+
