@@ -48,7 +48,7 @@ frmCorvel::frmCorvel(Session& session)
       pointer_(new CanvasPointer(session, controls_, circuit_->View())),
       suggestions_(new SuggestionBar(session, circuit_->View())), suggester_(session, circuit_->View()),
       dialogs_(session, *this, *suggestions_), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
-      figures_(new QLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
+      figures_(new ElidedLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
       money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
     new CanvasKeys(session, *pointer_, circuit_->View());
@@ -65,7 +65,7 @@ frmCorvel::frmCorvel(Session& session)
     status_->setObjectName("lblStatus");
     statusBar()->addWidget(status_);
     figures_->setObjectName("lblFigures");
-    statusBar()->addWidget(figures_);
+    statusBar()->addWidget(figures_, 1);
     place_->setObjectName("lblPlace");
     statusBar()->addPermanentWidget(jobBar_);
     statusBar()->addPermanentWidget(place_);

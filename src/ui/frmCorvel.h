@@ -7,6 +7,7 @@
 #include "ui/circuit_panel.h"
 #include "ui/command_controls.h"
 #include "ui/dialogs.h"
+#include "ui/elided_label.h"
 #include "ui/job_bar.h"
 #include "ui/money_dock.h"
 #include "ui/piece_palette.h"
@@ -61,7 +62,7 @@ private:
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;
-    QLabel* const figures_;
+    ElidedLabel* const figures_;
     QLabel* const place_;
     ChecksDock* const checks_;
     MoneyDock* const money_;

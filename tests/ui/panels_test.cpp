@@ -179,6 +179,24 @@ TEST_F(Panels, WhatIsNoNumberIsToldAndLeftAsItWas) {
     Tree("lstMoney").topLevelItem(0)->setText(3, "many");
     QTest::qWait(1);
 
+TEST_F(Panels, APriceThatNobodyKnowsIsNoneAndIsCounted) {
+    pistaro::Project project = ProjectOf("C160 C160 C151L");
+    SetStock(project, "C151L", 0, 2.99F);
+    Open(project);
+    ShowPanel("mnuMoney");
+
+    EXPECT_EQ(Column("lstMoney", 5), (Texts{"2.99", ""}));
+    EXPECT_EQ(Column("lstMoney", 6), (Texts{"2.99", ""}));
+    EXPECT_EQ(Text("lblMoney"), "To buy: 2.99 €, and 2 without a price");
+}
+
+TEST_F(Panels, WhereNoPriceIsKnownNoneIsAdded) {
+    Open(ProjectOf("C160 C160"));
+    ShowPanel("mnuMoney");
+
+    EXPECT_EQ(Text("lblMoney"), "To buy: 2 without a price");
+}
+
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(Tree("lstMoney").topLevelItem(0)->text(3), "0");
 }
