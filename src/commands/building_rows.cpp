@@ -203,13 +203,6 @@ void AddClosingCommands(std::vector<Command>& rows) {
                     .From = Door::WindowOnly,
                     .WhyNot = ElementSelected,
                     .Run = [](Session& session) { session.Windows->ShowReplacements(); }});
-    rows.push_back({.Id = "suggest",
-                    .Control = "mnuSuggest",
-                    .Caption = "&Suggest",
-                    .Tip = "Show the best closing of the track in the drawing as soon as six pieces or fewer would do",
-                    .From = Door::WindowOnly,
-                    .Run = [](Session& session) { session.Suggests ^= true; },
-                    .IsOn = [](const Session& session) { return session.Suggests; }});
 }
 
 void AddLayingCommands(std::vector<Command>& rows) {

@@ -23,6 +23,7 @@ namespace {
 
 constexpr int Spacing = 8;
 constexpr int TitleBarHeight = 32;
+constexpr const char* LanesOverlayName = "built lanes"; ///< below ghosts, of which it hides no word
 
 /// The first circuit file among what is dragged; empty when there is none.
 QString CircuitFileIn(const QMimeData& data) {
@@ -40,12 +41,21 @@ QIcon ProgramIcon() {
     return icon;
 }
 
+/// Of panels that stand behind each other the toolkit keeps all but one beside the window.
+bool IsInFront(const QDockWidget& panel) { return panel.isVisible() && panel.geometry().right() >= 0; }
+
+void Toggle(QDockWidget& panel) {
+    if (IsInFront(panel)) return panel.hide();
+    panel.show();
+    panel.raise();
+}
+
 } // namespace
 
 frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
-      circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
-      pointer_(new CanvasPointer(session, controls_, circuit_->View())),
+      circuit_(new CircuitPanel(session, controls_)), middle_(new QMainWindow),
+      track_(new TrackPanel(session, controls_)), pointer_(new CanvasPointer(session, controls_, circuit_->View())),
       suggestions_(new SuggestionBar(session, circuit_->View())), suggester_(session, circuit_->View()),
       dialogs_(session, *this, *suggestions_), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
       figures_(new ElidedLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
@@ -54,12 +64,15 @@ frmCorvel::frmCorvel(Session& session)
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
+    middle_->setObjectName("fraMiddle");
+    middle_->setWindowFlags(Qt::Widget);
+    middle_->setCentralWidget(circuit_);
     auto* const columns = new QWidget;
     auto* const row = new QHBoxLayout(columns);
     row->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
     row->setSpacing(Spacing);
     row->addWidget(new SideColumn(palette_));
-    row->addWidget(circuit_, 1);
+    row->addWidget(middle_, 1);
     row->addWidget(new SideColumn(track_));
     setCentralWidget(columns);
     status_->setObjectName("lblStatus");
@@ -90,20 +103,17 @@ frmCorvel::~frmCorvel() {
 }
 
 void frmCorvel::AddPanels() {
+    middle_->setDockOptions(QMainWindow::AllowTabbedDocks | QMainWindow::AnimatedDocks);
     const auto add = [&](Panel panel, QDockWidget* dock) {
-        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        middle_->addDockWidget(Qt::BottomDockWidgetArea, dock);
         dock->hide();
         // By its own button it is closed without a command: the menu's mark follows.
         connect(dock, &QDockWidget::visibilityChanged, this, [this] { controls_.Refresh(); });
-        dialogs_.Offer(panel, {[dock] { dock->setVisible(!dock->isVisible()); }, [dock] { return dock->isVisible(); }});
+        dialogs_.Offer(panel, {[dock] { Toggle(*dock); }, [dock] { return IsInFront(*dock); }});
     };
     add(Panel::Checks, checks_);
     add(Panel::Money, money_);
-    const auto toggleLanes = [this] {
-        lanesShown_ = !lanesShown_;
-        ShowLanes();
-    };
-    dialogs_.Offer(Panel::Lanes, {toggleLanes, [this] { return lanesShown_; }});
+    middle_->tabifyDockWidget(checks_, money_);
 }
 
 void frmCorvel::AddHand() {
@@ -116,10 +126,11 @@ void frmCorvel::AddHand() {
 }
 
 void frmCorvel::ShowLanes() {
-    if (lanesShown_)
-        circuit_->View().SetOverlay("lanes", LanesOverlay(session_.Catalogue, session_.Project.Design.Circuit));
+    if (session_.Looks.Lanes)
+        circuit_->View().SetOverlay(LanesOverlayName,
+                                    LanesOverlay(session_.Catalogue, session_.Project.Design.Circuit));
     else
-        circuit_->View().ClearOverlay("lanes");
+        circuit_->View().ClearOverlay(LanesOverlayName);
 }
 
 void frmCorvel::Refresh(const Changes& changes) {
@@ -134,7 +145,7 @@ void frmCorvel::Refresh(const Changes& changes) {
     track_->Refresh();
     checks_->Refresh(changes);
     money_->Refresh(changes);
-    if (changes.Circuit) ShowLanes();
+    if (changes.Circuit || changes.Looks) ShowLanes();
     for (QWidget* const column : {palette_->parentWidget()->parentWidget(), track_->parentWidget()->parentWidget()})
         column->setVisible(session_.Looks.Columns);
     // "[*]" would be taken for the toolkit's mark of modified documents.

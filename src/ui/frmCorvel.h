@@ -37,7 +37,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// Puts checks and money beside the drawing, hidden at first, and has all panels shown by their commands.
+    /// Puts checks and money below the drawing, hidden at first, and has them shown by their commands.
     void AddPanels();
     void ShowLanes();
 
@@ -55,6 +55,7 @@ private:
     CommandControls controls_;
     PiecePalette* const palette_;
     CircuitPanel* const circuit_;
+    QMainWindow* const middle_; ///< the drawing with the panels below it, between the columns
     TrackPanel* const track_;
     CanvasPointer* const pointer_;
     SuggestionBar* const suggestions_;
@@ -66,7 +67,6 @@ private:
     QLabel* const place_;
     ChecksDock* const checks_;
     MoneyDock* const money_;
-    bool lanesShown_ = false;
     BuildingHand* hand_ = nullptr;
     Tour* tour_ = nullptr;
     bool closing_ = false;

@@ -50,7 +50,7 @@ std::string PlainNumber(const QString& typed) {
 } // namespace
 
 MoneyDock::MoneyDock(Session& session)
-    : QDockWidget("Stock and Price"), session_(session), list_(Named(new QTreeWidget, "lstMoney")),
+    : QDockWidget("Stock and Price"), session_(session), list_(Named(new PanelList, "lstMoney")),
       total_(Named(new QLabel, "lblMoney")) {
     setObjectName("fraMoney");
     auto* const content = new QWidget;
@@ -62,8 +62,6 @@ MoneyDock::MoneyDock(Session& session)
     total_->setWordWrap(true);
     list_->setColumnCount(ColumnCount);
     list_->setHeaderLabels({"Code", "Piece", "Used", "Owned", "Missing", "Price", "Sum"});
-    list_->setRootIsDecorated(false);
-    list_->setAlternatingRowColors(true);
     list_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     list_->header()->setStretchLastSection(false);
     list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |

@@ -40,6 +40,30 @@ TEST_F(WindowSettings, BringLooksAndSizeBack) {
     EXPECT_EQ(Window->size(), QSize(1000, 640));
 }
 
+TEST_F(WindowSettings, BringBackWhatIsShownInTheDrawingAndBelowIt) {
+    Open(ProjectOf("C160 C8006"));
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+    EXPECT_FALSE(Button("chkNumbers").isChecked());
+    Choose("mnuLanes");
+    Choose("mnuSuggest");
+    Choose("mnuMoney");
+    Session->Run(*Session->Commands.Find("numbers"));
+    KeepWindow(folder_ / "window.ini", *Window, *Session);
+
+    Open(ProjectOf("C160 C8006"));
+    EXPECT_TRUE(Canvas().OverlayOf("built lanes").empty());
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+
+    EXPECT_TRUE(Entry("mnuLanes").isChecked());
+    EXPECT_FALSE(Canvas().OverlayOf("built lanes").empty());
+    EXPECT_TRUE(Entry("mnuSuggest").isChecked());
+    EXPECT_TRUE(Button("chkNumbers").isChecked());
+    EXPECT_TRUE(Find<QDockWidget>("fraMoney").isVisible());
+    EXPECT_TRUE(Entry("mnuMoney").isChecked());
+    EXPECT_FALSE(Find<QDockWidget>("fraChecks").isVisible());
+    EXPECT_FALSE(Entry("mnuChecks").isChecked());
+}
+
 TEST_F(WindowSettings, ColumnsThatANarrowScreenFoldedAwayComeBackOnAWiderOne) {
     Open();
     ASSERT_LT(Window->screen()->availableSize().width(), 900) << "the platform without a display is narrow";
@@ -72,8 +96,6 @@ TEST_F(WindowSettings, TheLegendStandsOnTheDrawingWhileItIsChosen) {
     EXPECT_EQ(Picture().grab().toImage(), without);
 }
 
-} // namespace
-} // namespace pistaro
 TEST_F(WindowSettings, TheLegendStandsInTheCornerWhereTheCircuitIsNot) {
     Open(ProjectOf("C160"));
     Window->resize(1024, 640);
@@ -99,3 +121,5 @@ TEST_F(WindowSettings, TheLegendStandsInTheCornerWhereTheCircuitIsNot) {
     EXPECT_NE(corner(false), right);
 }
 
+} // namespace
+} // namespace pistaro
