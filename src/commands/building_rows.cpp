@@ -43,13 +43,11 @@ Command AddRow(const CatalogueEntry& piece, int row) {
             },
             .Run =
                 [code](Session& session) {
-                    AddPiece(session.Catalogue, session.Project.Design, session.Project.EditState, code);
+                    AddPiece(session.Catalogue, session.Project.Design, session.Project.EditState, code,
+                             session.TakeTimes());
                 },
-            .Step =
-                [product = std::string(ProductCode(code))](const Session& session) {
-                    const EditState& edit = session.Project.EditState;
-                    return (edit.InsertMode && edit.SelectedElement() >= 0 ? "Insert " : "Add ") + product;
-                }};
+            .Step = [product = std::string(ProductCode(code))](
+                        const Session& session) { return StepOfLaying(session, product); }};
 }
 
 Command ReplaceRow(const CatalogueEntry& piece) {

@@ -121,7 +121,8 @@ void frmCorvel::AddHand() {
         ShowStatus();
         if (tour_ != nullptr) tour_->Refresh();
     });
-    tour_ = new Tour(session_, *this, [this] { return hand_->Times(); });
+    palette_->PointedAt = [this](const std::string& code) { hand_->PointAt(code); };
+    tour_ = new Tour(session_, *this, circuit_->View());
     dialogs_.OfferSearchAndTour([this] { palette_->FindPiece(); }, [this] { tour_->Begin(); });
 }
 
@@ -158,8 +159,7 @@ void frmCorvel::Refresh(const Changes& changes) {
 
 void frmCorvel::ShowStatus() {
     std::string text = StatusText(session_.Catalogue, session_.Project);
-    if (hand_ != nullptr && hand_->Times() > 1)
-        text += " · the next piece " + std::to_string(hand_->Times()) + " times";
+    if (session_.Times > 1) text += " · the next piece " + std::to_string(session_.Times) + " times";
     status_->setText(QString::fromStdString(text));
     const std::string figures = FiguresText(session_.Catalogue, session_.Project);
     figures_->setText(QString::fromStdString(figures.empty() ? "" : "· " + figures));
