@@ -17,6 +17,8 @@ const QColor TooFew(198, 40, 40);
 
 class PaletteTest : public WindowTest {
 protected:
+    void TearDown() override { QCursor::setPos(0, 0); } // for whoever comes next
+
     PieceButton& Palette(const std::string& code) { return dynamic_cast<PieceButton&>(Piece(code)); }
     QLineEdit& Line() { return Find<QLineEdit>("txtFindPiece"); }
     QListWidget& FoundPieces() { return Find<QListWidget>("lstFoundPieces"); }

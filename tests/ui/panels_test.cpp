@@ -76,11 +76,12 @@ TEST_F(Panels, LeaveTheDrawingItsRoomAndStandBehindEachOther) {
     EXPECT_TRUE(Entry("mnuMoney").isChecked());
     EXPECT_FALSE(Entry("mnuChecks").isChecked()) << "it stands behind";
     EXPECT_GE(Picture().height(), height - 32) << "the tabs take a line";
-    EXPECT_TRUE(money.visibleRegion() == QRegion(money.rect()));
+    EXPECT_FALSE(money.visibleRegion().isEmpty());
+    EXPECT_TRUE(checks.visibleRegion().isEmpty());
 
     ShowPanel("mnuChecks");
     EXPECT_TRUE(Entry("mnuChecks").isChecked()) << "its key brings it to the front";
-    EXPECT_TRUE(checks.visibleRegion() == QRegion(checks.rect()));
+    EXPECT_FALSE(checks.visibleRegion().isEmpty());
     ShowPanel("mnuChecks");
     EXPECT_FALSE(checks.isVisible());
     EXPECT_TRUE(Entry("mnuMoney").isChecked());

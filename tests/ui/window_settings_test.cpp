@@ -110,9 +110,10 @@ TEST_F(WindowSettings, TheLegendStandsInTheCornerWhereTheCircuitIsNot) {
     const WorldPoint upperLeft = Canvas().WorldAt({40, 60});
     Choose("mnuLegend");
 
-    Project.Design.Circuit.Tracks[0].TrackStartX = upperLeft.X;
-    Project.Design.Circuit.Tracks[0].TrackStartY = upperLeft.Y;
-    Canvas().Invalidate({.Circuit = true});
+    Session->Do([&] {
+        Project.Design.Circuit.Tracks[0].TrackStartX = upperLeft.X;
+        Project.Design.Circuit.Tracks[0].TrackStartY = upperLeft.Y;
+    });
     const QImage circuit = corner(true);
     const QImage right = corner(false);
     Choose("mnuLegend");
