@@ -43,13 +43,11 @@ Command AddRow(const CatalogueEntry& piece, int row) {
             },
             .Run =
                 [code](Session& session) {
-                    AddPiece(session.Catalogue, session.Project.Design, session.Project.EditState, code);
+                    AddPiece(session.Catalogue, session.Project.Design, session.Project.EditState, code,
+                             session.TakeTimes());
                 },
-            .Step =
-                [product = std::string(ProductCode(code))](const Session& session) {
-                    const EditState& edit = session.Project.EditState;
-                    return (edit.InsertMode && edit.SelectedElement() >= 0 ? "Insert " : "Add ") + product;
-                }};
+            .Step = [product = std::string(ProductCode(code))](
+                        const Session& session) { return StepOfLaying(session, product); }};
 }
 
 Command ReplaceRow(const CatalogueEntry& piece) {
@@ -203,13 +201,6 @@ void AddClosingCommands(std::vector<Command>& rows) {
                     .From = Door::WindowOnly,
                     .WhyNot = ElementSelected,
                     .Run = [](Session& session) { session.Windows->ShowReplacements(); }});
-    rows.push_back({.Id = "suggest",
-                    .Control = "mnuSuggest",
-                    .Caption = "&Suggest",
-                    .Tip = "Show the best closing of the track in the drawing as soon as six pieces or fewer would do",
-                    .From = Door::WindowOnly,
-                    .Run = [](Session& session) { session.Suggests ^= true; },
-                    .IsOn = [](const Session& session) { return session.Suggests; }});
 }
 
 void AddLayingCommands(std::vector<Command>& rows) {

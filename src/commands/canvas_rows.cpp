@@ -18,19 +18,6 @@ std::string RingSelected(const Session& session) {
     return ring ? "" : "The track is not closed.";
 }
 
-/// A choice of the window's looks, on or off.
-Command LookRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
-                bool Looks::*look) {
-    return {.Id = id,
-            .Control = control,
-            .Caption = caption,
-            .Tip = tip,
-            .Key = key,
-            .From = Door::WindowOnly,
-            .Run = [look](Session& session) { session.Looks.*look ^= true; },
-            .IsOn = [look](const Session& session) { return session.Looks.*look; }};
-}
-
 } // namespace
 
 void AddCanvasCommands(std::vector<Command>& rows) {
@@ -63,12 +50,18 @@ void AddCanvasCommands(std::vector<Command>& rows) {
                     .Run = [](Session& session) {
                         StartAtSelected(session.Catalogue, session.Project.Design, session.Project.EditState);
                     }});
-    rows.push_back(LookRow("surface", "mnuSurface", "&Surface",
-                           "Draw the tracks as they look, with bed, slots and kerbs", "Ctrl+U", &Looks::Surface));
-    rows.push_back(LookRow("legend", "mnuLegend", "&Legend", "Tell what the colours and patterns of the drawing mean",
-                           "", &Looks::Legend));
-    rows.push_back(LookRow("columns", "mnuColumns", "Side &Columns", "Show the columns at both sides of the drawing",
-                           "F9", &Looks::Columns));
+    rows.push_back(WindowRow("surface", "mnuSurface", "&Surface",
+                             "Draw the tracks as they look, with bed, slots and kerbs", "Ctrl+U", &Looks::Surface));
+    rows.push_back(WindowRow("legend", "mnuLegend", "&Legend", "Tell what the colours and patterns of the drawing mean",
+                             "", &Looks::Legend));
+    rows.push_back(WindowRow("lanes", "mnuLanes", "&Lanes",
+                             "Paint each lane in its own colour, through every change-over", "", &Looks::Lanes));
+    rows.push_back(
+        WindowRow("suggest", "mnuSuggest", "&Suggest",
+                  "Show the best closing of the track in the drawing as soon as six pieces or fewer would do", "",
+                  &Looks::Suggestions));
+    rows.push_back(WindowRow("columns", "mnuColumns", "Side &Columns", "Show the columns at both sides of the drawing",
+                             "F9", &Looks::Columns));
 }
 
 } // namespace pistaro

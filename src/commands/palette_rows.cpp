@@ -22,9 +22,9 @@ std::string StepOf(const Session& session, const std::string& code) {
     const EditState& edit = session.Project.EditState;
     const Circuit& circuit = session.Project.Design.Circuit;
     const std::string product(ProductCode(code));
-    if (FitsSelected(session.Catalogue, circuit, edit, code))
-        return "Replace " + std::string(ProductCode(SelectedCode(circuit, edit))) + " by " + product;
-    return (edit.InsertMode && edit.SelectedElement() >= 0 ? "Insert " : "Add ") + product;
+    const bool replaces = session.Times == 1 && FitsSelected(session.Catalogue, circuit, edit, code);
+    return replaces ? "Replace " + std::string(ProductCode(SelectedCode(circuit, edit))) + " by " + product
+                    : StepOfLaying(session, product);
 }
 
 Command SpecialRow(const CatalogueEntry& piece) {
@@ -37,7 +37,8 @@ Command SpecialRow(const CatalogueEntry& piece) {
             .WhyNot = OneTrackChosen,
             .Run =
                 [code](Session& session) {
-                    LaySpecial(session.Catalogue, session.Project.Design, session.Project.EditState, code);
+                    LaySpecial(session.Catalogue, session.Project.Design, session.Project.EditState, code,
+                               session.TakeTimes());
                 },
             .Step = [code](const Session& session) { return StepOf(session, code); }};
 }

@@ -15,32 +15,13 @@ namespace {
 
 std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
 
-/// A row that shows a panel, or hides it.
-Command PanelRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
-                 Panel panel) {
-    return {.Id = id,
-            .Control = control,
-            .Caption = caption,
-            .Tip = tip,
-            .Key = key,
-            .From = Door::WindowOnly,
-            .WhyNot = HasWindows,
-            .Run = [panel](Session& session) { session.Windows->TogglePanel(panel); },
-            .IsOn =
-                [panel](const Session& session) {
-                    return session.Windows != nullptr && session.Windows->IsPanelShown(panel);
-                }};
-}
-
 } // namespace
 
 void AddCheckCommands(std::vector<Command>& rows) {
-    rows.push_back(PanelRow("checks", "mnuChecks", "&Checks", "Tell beside the drawing what is wrong with the design",
-                            "F8", Panel::Checks));
-    rows.push_back(PanelRow("stock and price", "mnuMoney", "Stock and &Price",
-                            "Show beside the drawing what its pieces cost", "", Panel::Money));
-    rows.push_back(PanelRow("lanes", "mnuLanes", "&Lanes",
-                            "Paint each lane in its own colour, through every change-over", "", Panel::Lanes));
+    rows.push_back(WindowRow("checks", "mnuChecks", "&Checks", "Tell beside the drawing what is wrong with the design",
+                             "F8", Panel::Checks));
+    rows.push_back(WindowRow("stock and price", "mnuMoney", "Stock and &Price",
+                             "Show beside the drawing what its pieces cost", "", Panel::Money));
     rows.push_back({.Id = "balance",
                     .Control = "mnuBalance",
                     .Caption = "&Balance Lanes…",

@@ -34,8 +34,25 @@ std::string MenuText(const std::string& words) {
     return text;
 }
 
+std::string StepOfLaying(const Session& session, const std::string& product) {
+    const EditState& edit = session.Project.EditState;
+    const std::string times = session.Times > 1 ? std::to_string(session.Times) + " " : "";
+    return (edit.InsertMode && edit.SelectedElement() >= 0 ? "Insert " : "Add ") + times + product;
+}
+
+WindowWork::WindowWork(void (Windows::*show)()) : Run([show](Session& session) { (session.Windows->*show)(); }) {}
+
+WindowWork::WindowWork(Panel panel)
+    : Run([panel](Session& session) { session.Windows->TogglePanel(panel); }), IsOn([panel](const Session& session) {
+          return session.Windows != nullptr && session.Windows->IsPanelShown(panel);
+      }) {}
+
+WindowWork::WindowWork(bool Looks::*look)
+    : Run([look](Session& session) { session.Looks.*look ^= true; }),
+      IsOn([look](const Session& session) { return session.Looks.*look; }) {}
+
 Command WindowRow(const char* id, const char* control, const char* caption, const char* tip, const char* key,
-                  void (Windows::*show)()) {
+                  WindowWork work) {
     return {.Id = id,
             .Control = control,
             .Caption = caption,
@@ -43,7 +60,8 @@ Command WindowRow(const char* id, const char* control, const char* caption, cons
             .Key = key,
             .From = Door::WindowOnly,
             .WhyNot = HasWindows,
-            .Run = [show](Session& session) { (session.Windows->*show)(); }};
+            .Run = std::move(work.Run),
+            .IsOn = std::move(work.IsOn)};
 }
 
 } // namespace pistaro

@@ -17,6 +17,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace pistaro {
@@ -68,11 +69,14 @@ public:
     pistaro::KeptBackground KeptBackground; ///< of the circuit's file, as it was read or written last
     DecodedPicture Pictures;                ///< under the circuit
     pistaro::Looks Looks;                   ///< of the window
-    bool Suggests = false;                  ///< the window shows the best closing of the current track
+    int Times = 1;                          ///< so many pieces the next press of a piece's button lays
     int PicturePixels;                      ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr;    ///< null in a script
     pistaro::Recovery* Recovery = nullptr;  ///< what keeps unsaved work, where something does
     std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
+
+    /// What laying a piece takes: the number is for one press.
+    int TakeTimes() { return std::exchange(Times, 1); }
 
     /// Calls `observer` once after each piece of work, done or faulted, with what it has changed; and when a job has
     /// ended, before its end is run.

@@ -7,11 +7,10 @@
 
 namespace pistaro {
 
-/// What can be shown beside the drawing, or in it.
+/// What can be shown beside the drawing.
 enum class Panel {
     Checks, ///< what is wrong with the design
     Money,  ///< what its pieces cost
-    Lanes,  ///< each lane in its own colour
 };
 
 /// What is copied, in the forms that other programs take.

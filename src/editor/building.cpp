@@ -7,12 +7,28 @@
 
 namespace pistaro {
 
+namespace {
+
+/// After a conversion piece that follows Ninco track, Scalextric is what is wanted next.
+void FollowConversion(const Catalogue& catalogue, const Track& track, EditState& edit, const std::string& code) {
+    const CatalogueEntry* const piece = catalogue.Find(code);
+    if (piece == nullptr || !piece->JoinsSystems() || track.ElementLastIndex() < 1) return;
+    const std::string& beforeLast = track.ElementCodes[track.ElementCodes.size() - 2];
+    if (IsOfSystem(beforeLast, TrackSystem::Ninco)) SwitchTrackSystem(edit);
+}
+
+} // namespace
+
+void RequireRoom(const Track& track, int pieces) {
+    const std::size_t all = track.ElementCodes.size() + static_cast<std::size_t>(pieces);
+    if (all > MaxElements)
+        throw SubscriptOutOfRange("a track holds at most " + std::to_string(MaxElements) + " elements");
+}
+
 void AddElement(Design& design, EditState& edit, const std::string& code) {
     Track* const track = EditedTrack(design.Circuit, edit);
     if (track == nullptr) return;
-    if (track->ElementCodes.size() >= MaxElements) {
-        throw SubscriptOutOfRange("a track holds at most " + std::to_string(MaxElements) + " elements");
-    }
+    RequireRoom(*track, 1);
     const int selected = edit.SelectedElement();
     if (edit.InsertMode && selected >= 0) {
         track->ElementCodes.insert(track->ElementCodes.begin() + selected, code);
@@ -24,13 +40,14 @@ void AddElement(Design& design, EditState& edit, const std::string& code) {
     edit.DataChanged = true;
 }
 
-void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code) {
-    AddElement(design, edit, code);
+void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code, int times) {
     const Track* const track = EditedTrack(design.Circuit, edit);
-    const CatalogueEntry* const piece = catalogue.Find(code);
-    if (track == nullptr || piece == nullptr || !piece->JoinsSystems() || track->ElementLastIndex() < 1) return;
-    const std::string& beforeLast = track->ElementCodes[track->ElementCodes.size() - 2];
-    if (IsOfSystem(beforeLast, TrackSystem::Ninco)) SwitchTrackSystem(edit);
+    if (track == nullptr) return;
+    RequireRoom(*track, times);
+    for (int i = 0; i < times; ++i) {
+        AddElement(design, edit, code);
+        FollowConversion(catalogue, *track, edit, code);
+    }
 }
 
 int OwnedLessUsedPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code) {
@@ -77,11 +94,11 @@ bool FitsSelected(const Catalogue& catalogue, const Circuit& circuit, const Edit
            Hand(selected) == Hand(special);
 }
 
-void LaySpecial(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& special) {
-    if (FitsSelected(catalogue, design.Circuit, edit, special))
+void LaySpecial(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& special, int times) {
+    if (times == 1 && FitsSelected(catalogue, design.Circuit, edit, special))
         ReplaceSelected(catalogue, design, edit, ProductCode(special));
     else
-        AddPiece(catalogue, design, edit, special);
+        AddPiece(catalogue, design, edit, special, times);
 }
 
 void OfferOnlySystem(const Catalogue& catalogue, const Circuit& circuit, EditState& edit) {

@@ -10,12 +10,16 @@
 
 namespace pistaro {
 
+/// Fault when a track has no room for so many pieces more.
+void RequireRoom(const Track& track, int pieces);
+
 /// Puts a piece at the end of the current track (Build) or before its selected element (Insert, which keeps the
 /// selection on the element it was on). Fault when the track is full; nothing changes then.
 void AddElement(Design& design, EditState& edit, const std::string& code);
 
-/// What a piece button does: adds its piece; a conversion piece laid after Ninco track leads back to Scalextric.
-void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code);
+/// What a piece button does: adds its piece, so many times; a conversion piece laid after Ninco track leads back to
+/// Scalextric. Fault when the track has no room for all of them; nothing changes then.
+void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code, int times = 1);
 
 /// What remains of the owned pieces of a button's shape: the number it shows while it is held, never below 0.
 int RemainingPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code);
@@ -40,7 +44,8 @@ void ReplaceSelected(const Catalogue& catalogue, Design& design, EditState& edit
 bool FitsSelected(const Catalogue& catalogue, const Circuit& circuit, const EditState& edit, std::string_view special);
 
 /// What a special piece's entry in the palette does: replaces the selected element where it fits, else adds the piece.
-void LaySpecial(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& special);
+/// More than one are added.
+void LaySpecial(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& special, int times = 1);
 
 /// Offers the pieces of the system that the whole circuit is made of; leaves the choice where it is made of both.
 void OfferOnlySystem(const Catalogue& catalogue, const Circuit& circuit, EditState& edit);

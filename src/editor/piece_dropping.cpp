@@ -1,6 +1,7 @@
 #include "editor/piece_dropping.h"
 
 #include "catalogue/track_geometry.h"
+#include "editor/building.h"
 #include "editor/status_text.h"
 #include "editor/track_editing.h"
 #include "layout/track_gap.h"
@@ -12,12 +13,15 @@ namespace pistaro {
 
 namespace {
 
-/// The cursor from which a piece leads to a start.
-BuildCursor Before(const PieceKind& kind, const BuildCursor& start) {
+/// The cursor from which a piece leads to a start, so many times.
+BuildCursor Before(const PieceKind& kind, BuildCursor start, int times) {
     const float turn = ExitOf(kind, BuildCursor{}).CursorHeading;
-    const float heading = NormaliseAngle(static_cast<float>(double{start.CursorHeading} - turn));
-    const BuildCursor exit = ExitOf(kind, BuildCursor{0, 0, heading});
-    return {start.CursorX - exit.CursorX, start.CursorY - exit.CursorY, heading};
+    for (int i = 0; i < times; ++i) {
+        const float heading = NormaliseAngle(static_cast<float>(double{start.CursorHeading} - turn));
+        const BuildCursor exit = ExitOf(kind, BuildCursor{0, 0, heading});
+        start = {start.CursorX - exit.CursorX, start.CursorY - exit.CursorY, heading};
+    }
+    return start;
 }
 
 /// The middle of the track where a piece ends or begins.
@@ -48,26 +52,35 @@ Track& TrackOf(Design& design, const DropPlace& place) {
     return design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
 }
 
+void Insert(Track& track, const DropPlace& place, const HeldPiece& held) {
+    track.ElementCodes.insert(track.ElementCodes.begin() + place.Element, static_cast<std::size_t>(held.Times),
+                              held.Code);
+}
+
 bool IsBeforeStart(const Track& track, const DropPlace& place) {
     return place.Element == 0 && !track.ElementCodes.empty() && place.At != track.Start();
 }
 
 } // namespace
 
-std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project) {
+std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& held) {
     const EditState& edit = project.EditState;
-    if (edit.ShowsAllTracks()) return std::nullopt;
+    const CatalogueEntry* const piece = catalogue.Find(held.Code);
+    if (piece == nullptr || edit.ShowsAllTracks()) return std::nullopt;
+    const bool replaces =
+        held.Times == 1 && !piece->IsBasic() && FitsSelected(catalogue, project.Design.Circuit, edit, held.Code);
     const bool inserts = edit.InsertMode && edit.SelectedElement() >= 0;
     std::optional<DropPlace> found;
     ForEachJoint(catalogue, project.Design.Circuit, edit.CurrentTrack, [&](const DropPlace& place) {
-        if (!inserts || place.Element == edit.SelectedElement()) found = place;
+        if ((!replaces && !inserts) || place.Element == edit.SelectedElement()) found = place;
     });
+    found->Replaces = replaces;
     return found;
 }
 
-std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project& project, const std::string& code,
+std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& held,
                                       WorldPoint point, double reach) {
-    const CatalogueEntry* const piece = catalogue.Find(code);
+    const CatalogueEntry* const piece = catalogue.Find(held.Code);
     const EditState& edit = project.EditState;
     if (piece == nullptr || edit.ShowsAllTracks()) return std::nullopt;
     std::optional<DropPlace> nearest;
@@ -82,34 +95,35 @@ std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project&
             reach = distance;
             nearest = place;
             const bool before = place.Element == 0 && !track.ElementCodes.empty() && !ring;
-            if (before) nearest->At = Before(piece->Kind, place.At);
+            if (before) nearest->At = Before(piece->Kind, place.At, held.Times);
         });
     }
     return nearest;
 }
 
-void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& place, const std::string& code) {
+void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& place, const HeldPiece& held) {
     Track& track = TrackOf(project.Design, place);
-    if (catalogue.Find(code) == nullptr) throw InvalidProcedureCall("there is no piece " + code);
-    if (track.ElementCodes.size() >= MaxElements)
-        throw SubscriptOutOfRange("a track holds at most " + std::to_string(MaxElements) + " elements");
+    if (catalogue.Find(held.Code) == nullptr) throw InvalidProcedureCall("there is no piece " + held.Code);
+    RequireRoom(track, held.Times);
     EditState& edit = project.EditState;
     if (place.Track != edit.CurrentTrack) ChooseTrack(edit, place.Track);
     if (IsBeforeStart(track, place)) PlaceStart(project.Design, edit, place.At);
-    track.ElementCodes.insert(track.ElementCodes.begin() + place.Element, code);
-    edit.Select(place.Element);
+    Insert(track, place, held);
+    edit.Select(place.Element + held.Times - 1);
     edit.DataChanged = true;
 }
 
-std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place,
-                    const std::string& code) {
+std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held) {
     Track track = project.Design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
     if (IsBeforeStart(track, place)) {
         track.TrackStartX = place.At.CursorX;
         track.TrackStartY = place.At.CursorY;
         track.TrackStartHeading = place.At.CursorHeading;
     }
-    track.ElementCodes.insert(track.ElementCodes.begin() + place.Element, code);
+    if (place.Replaces)
+        track.ElementCodes[static_cast<std::size_t>(place.Element)] = held.Code;
+    else
+        Insert(track, place, held);
     return GapText(GapOf(catalogue, track), project.Preferences.Units);
 }
 

@@ -15,25 +15,31 @@ struct DropPlace {
     int Element = 0;        ///< the place that the piece gets in its track
     BuildCursor At;         ///< where it would lie
     std::string CodeBefore; ///< of the piece before it; empty where there is none
+    bool Replaces = false;  ///< the piece that lies there
 
     bool operator==(const DropPlace&) const = default;
 };
 
-/// Where a press of the piece's button would lay it: at the end of the current track, or before the selected element in
-/// Insert mode. Nothing with all tracks chosen.
-std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project);
+/// A piece that is held in hand, once or as often as a digit says.
+struct HeldPiece {
+    std::string Code = {};
+    int Times = 1;
+};
+
+/// Where a press of the piece's button would lay it: at the end of the current track, before the selected element in
+/// Insert mode, or, one special piece, in the selected element's place where it fits. Nothing with all tracks chosen.
+std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& piece);
 
 /// The joint nearest to a point of all tracks that may have it: an end, a start, before which the piece then comes to
 /// lie, or between two pieces. Of empty tracks the current one's start alone. Nothing beyond `reach` (cm).
-std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project& project, const std::string& code,
+std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& held,
                                       WorldPoint point, double reach);
 
 /// Puts a piece in, which becomes the selected one of its track. Before the start it takes the start back, so that all
-/// others stay where they lie. Fault when the track is full; nothing changes then.
-void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& place, const std::string& code);
+/// others stay where they lie. Fault when the track has no room for it; nothing changes then.
+void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& place, const HeldPiece& held);
 
 /// The track's gap with the piece laid there.
-std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place,
-                    const std::string& code);
+std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held);
 
 } // namespace pistaro

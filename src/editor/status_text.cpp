@@ -4,8 +4,8 @@
 #include "layout/built_lanes.h"
 #include "layout/track_gap.h"
 #include "model/length_text.h"
+#include "model/money.h"
 #include "text/fixed_text.h"
-#include "text/number_text.h"
 
 #include <cmath>
 
@@ -59,34 +59,58 @@ std::string StatusText(const Catalogue& catalogue, const Project& project) {
 
 namespace {
 
-/// What the pieces of one track or more cost, and how many the owned ones do not cover.
+/// What some pieces cost together, and how many of them nobody knows the price of.
 struct Bill {
-    double Price = 0;
-    int Pieces = 0, ToBuy = 0;
+    int Pieces = 0, Unpriced = 0;
+    Cents Sum = 0;
+
+    void Add(Cents price) {
+        ++Pieces;
+        if (price == 0) ++Unpriced;
+        Sum += price;
+    }
+    bool HasPrices() const { return Unpriced < Pieces; }
 };
 
-Bill BillOf(const Catalogue& catalogue, const Project& project) {
-    Bill bill;
+/// Of one track or more: all pieces, and those that the owned ones do not cover.
+struct Bills {
+    Bill All, ToBuy;
+};
+
+Bills BillsOf(const Catalogue& catalogue, const Project& project) {
+    Bills bills;
     const StockColours covered = AssignStockColours(catalogue, project.Stock, project.Design.Circuit);
     for (std::size_t track = 0; track < TrackCount; ++track) {
         const EditState& edit = project.EditState;
         if (!edit.ShowsAllTracks() && static_cast<int>(track) != edit.CurrentTrack) continue;
         const std::vector<std::string>& codes = project.Design.Circuit.Tracks[track].ElementCodes;
         for (std::size_t element = 0; element < codes.size(); ++element) {
-            ++bill.Pieces;
-            if (!covered[track][element]) ++bill.ToBuy;
             const CatalogueEntry* const piece = catalogue.Find(codes[element]);
-            if (piece != nullptr) bill.Price += double{project.Stock[piece->StockIndex].Price};
+            const Cents price = piece == nullptr ? 0 : CentsOf(double{project.Stock[piece->StockIndex].Price});
+            bills.All.Add(price);
+            if (!covered[track][element]) bills.ToBuy.Add(price);
         }
     }
-    return bill;
+    return bills;
+}
+
+/// "43.50 €, 2 without a price"
+std::string SumText(const Bill& bill, const Units& units) {
+    const std::string sum = MoneyText(bill.Sum) + " " + CurrencySign(units.Currency);
+    return bill.Unpriced == 0 ? sum : sum + ", " + std::to_string(bill.Unpriced) + " without a price";
+}
+
+std::string ToBuyText(const Bill& bill, const Units& units) {
+    if (bill.Pieces == 0) return "all owned";
+    const std::string text = std::to_string(bill.Pieces) + " to buy";
+    return bill.HasPrices() ? text + ": " + SumText(bill, units) : text + ", without a price";
 }
 
 } // namespace
 
 std::string FiguresText(const Catalogue& catalogue, const Project& project) {
-    const Bill bill = BillOf(catalogue, project);
-    if (bill.Pieces == 0) return {};
+    const Bills bills = BillsOf(catalogue, project);
+    if (bills.All.Pieces == 0) return {};
     const Units& units = project.Preferences.Units;
     std::string text;
     if (const Track* const track = EditedTrack(project.Design.Circuit, project.EditState)) {
@@ -94,8 +118,8 @@ std::string FiguresText(const Catalogue& catalogue, const Project& project) {
         text = "lanes " + FineLength(lanes.Lengths[0], units) + " and " + FineLength(lanes.Lengths[1], units) + " " +
                units.Name() + " as built" + Between;
     }
-    if (bill.Price > 0) text += NumberText(static_cast<float>(bill.Price)) + " " + units.Currency + Between;
-    return text + (bill.ToBuy == 0 ? "all owned" : std::to_string(bill.ToBuy) + " to buy");
+    if (bills.All.HasPrices()) text += "price " + SumText(bills.All, units) + Between;
+    return text + ToBuyText(bills.ToBuy, units);
 }
 
 std::string PlaceText(const Project& project, WorldPoint place) {

@@ -18,8 +18,8 @@ std::string StatusText(const Catalogue& catalogue, const Project& project);
 /// "gap 17.5 cm, 11.3°", or "closed".
 std::string GapText(const TrackGap& gap, const Units& units);
 
-/// "lanes 560.2 and 487.1 cm as built · 43.5 EUR · 3 to buy": what the chosen track, or all, comes to; empty where
-/// there are no pieces. Prices that are not known count as 0, and none is told where none is known.
+/// "lanes 560.20 and 487.10 cm as built · price 43.50 € · 3 to buy: 7.50 €, 1 without a price": what the chosen track,
+/// or all, comes to; empty where there are no pieces. To the cent; what has no price is counted beside each sum.
 std::string FiguresText(const Catalogue& catalogue, const Project& project);
 
 /// "12.3, -4.5 cm · view 320 cm": a place of the drawing and how much of the world it shows.

@@ -6,7 +6,9 @@ namespace pistaro {
 struct Looks {
     bool Surface = false; ///< tracks are drawn as they look, under the described lines
     bool Legend = false;
-    bool Columns = true; ///< at both sides of the drawing
+    bool Lanes = false;       ///< each lane is painted in its own colour
+    bool Suggestions = false; ///< the best closing of the current track is shown
+    bool Columns = true;      ///< at both sides of the drawing
 
     bool operator==(const Looks&) const = default;
 };

@@ -16,4 +16,11 @@ std::string MoneyText(Cents cents) {
     return (cents < 0 ? "-" : "") + padded.substr(0, padded.size() - 2) + "." + padded.substr(padded.size() - 2);
 }
 
+std::string CurrencySign(const std::string& currency) {
+    if (currency == "EUR") return "€";
+    if (currency == "GBP") return "£";
+    if (currency == "USD") return "$";
+    return currency;
+}
+
 } // namespace pistaro

@@ -14,4 +14,7 @@ Cents CentsOf(double price);
 /// "12.50"
 std::string MoneyText(Cents cents);
 
+/// The currency's sign where it has one that everybody knows: "€" for "EUR".
+std::string CurrencySign(const std::string& currency);
+
 } // namespace pistaro

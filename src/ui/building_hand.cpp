@@ -1,11 +1,11 @@
 #include "ui/building_hand.h"
 
 #include "editor/building.h"
+#include "editor/palette_pieces.h"
 #include "editor/track_editing.h"
 #include "layout/track_gap.h"
 #include "ui/named_controls.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -32,12 +32,8 @@ WorldPoint MiddleAt(const BuildCursor& cursor, double width) {
 BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vector<QToolButton*>& pieces,
                            std::function<void()> told)
     : QObject(&view), session_(session), view_(view), told_(std::move(told)) {
-    for (QToolButton* const piece : pieces) {
+    for (QToolButton* const piece : pieces)
         piece->installEventFilter(this);
-        connect(piece, &QToolButton::clicked, this, [this, piece] { LayFurther(TagOf(*piece)); });
-    }
-    for (QAction* const special : view.window()->findChildren<QAction*>("mnuSpecial"))
-        connect(special, &QAction::triggered, this, [this, special] { LayFurther(TagOf(*special)); });
     view.window()->installEventFilter(this);
     view.installEventFilter(this);
     ShowEnds();
@@ -45,8 +41,7 @@ BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vecto
 
 void BuildingHand::Refresh() {
     ShowEnds();
-    if (code_.empty()) return;
-    if (!dragged_) ShowGhost(ButtonPlace(session_.Catalogue, Now()));
+    if (!code_.empty() && !dragged_) PointAt(code_);
 }
 
 bool BuildingHand::eventFilter(QObject* watched, QEvent* event) {
@@ -59,22 +54,21 @@ bool BuildingHand::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     // A menu or a dialog that opened under the mouse took the button's end of hovering.
-    if (watched == &view_ && event->type() == QEvent::Enter && !dragged_) PutDown();
+    if (watched == &view_ && event->type() == QEvent::Enter && !dragged_) PointAt("");
     auto* const button = qobject_cast<QToolButton*>(watched);
     return button != nullptr && OnPiece(*button, *event);
 }
 
-void BuildingHand::PutDown() {
-    code_.clear();
-    ShowGhost(std::nullopt);
+void BuildingHand::PointAt(const std::string& code) {
+    code_ = code;
+    ShowGhost(ButtonPlace(session_.Catalogue, Now(), Held()));
 }
 
 bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
     if (event.type() == QEvent::Enter && button.isEnabled()) {
-        code_ = TagOf(button);
-        ShowGhost(ButtonPlace(session_.Catalogue, Now()));
+        PointAt(TagOf(button));
     } else if (event.type() == QEvent::Leave && !dragged_) {
-        PutDown();
+        PointAt("");
     } else if (event.type() == QEvent::MouseMove && button.isEnabled()) {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
         if (!(mouse.buttons() & Qt::LeftButton)) return false;
@@ -89,60 +83,57 @@ bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
 }
 
 void BuildingHand::TakeDigit(int digit) {
-    times_ = digit;
-    told_();
-}
-
-void BuildingHand::LayFurther(const std::string& code) {
-    const int further = times_ - 1;
-    times_ = 1;
-    if (further > 0) {
-        session_.Do([&] {
-            session_.NameStep("Add " + std::to_string(further) + " " + code);
-            for (int i = 0; i < further; ++i)
-                AddPiece(session_.Catalogue, session_.Project.Design, session_.Project.EditState, code);
-        });
-    }
+    session_.Times = digit;
+    Refresh();
     told_();
 }
 
 std::optional<DropPlace> BuildingHand::PlaceUnder(QPointF global) const {
     const QPointF place = view_.mapFromGlobal(global);
     if (!QRectF(view_.rect()).contains(place)) return std::nullopt;
-    return NearestPlace(session_.Catalogue, Now(), code_, view_.WorldAt(place), DropReach);
+    return NearestPlace(session_.Catalogue, Now(), Held(), view_.WorldAt(place), DropReach);
 }
 
 void BuildingHand::Drop() {
     const std::optional<DropPlace> place = place_;
-    const std::string code = code_;
+    const HeldPiece held = Held();
     dragged_ = false;
-    code_.clear();
-    ShowGhost(std::nullopt);
+    PointAt("");
     if (!place) return;
     session_.Do([&] {
-        session_.NameStep("Lay " + code);
-        DropPiece(session_.Catalogue, session_.Project, *place, code);
+        const int times = session_.TakeTimes();
+        session_.NameStep("Lay " + (times > 1 ? std::to_string(times) + " " : "") + held.Code);
+        DropPiece(session_.Catalogue, session_.Project, *place, held);
     });
+}
+
+std::string BuildingHand::WordsAt(const DropPlace& place) const {
+    const Circuit& circuit = Now().Design.Circuit;
+    const CatalogueEntry& piece = *session_.Catalogue.Find(code_);
+    const int left = LeftInBox(session_.Catalogue, CountUsed(session_.Catalogue, circuit), Now().Stock, piece);
+    std::string words = (session_.Times > 1 ? std::to_string(session_.Times) + " × " : "") + PieceCaption(code_);
+    if (place.Replaces) words += " in place of " + PieceCaption(SelectedCode(circuit, Now().EditState));
+    return words + " · " + std::to_string(left) + " left · " + GapWith(session_.Catalogue, Now(), place, Held());
 }
 
 void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
     place_ = place;
     if (!place) return view_.ClearOverlay(GhostOverlay);
-    const Colour colour = Now().Preferences.Colours.Active;
-    const int left = OwnedLessUsedPieces(session_.Catalogue, Now().Design.Circuit, Now().Stock, code_);
-    const std::string words = PieceCaption(code_) + " · " + std::to_string(left) + " left · " +
-                              GapWith(session_.Catalogue, Now(), *place, code_);
-    const CatalogueEntry* const piece = session_.Catalogue.Find(code_);
-    view_.SetOverlay(GhostOverlay,
-                     {OverlayPieces{{code_}, place->At, place->CodeBefore, colour},
-                      OverlayText{MiddleAt(ExitOf(piece->Kind, place->At), piece->Kind.Width), words, colour}});
+    const Colour colour = view_.Colours().Active;
+    const PieceKind& kind = session_.Catalogue.Find(code_)->Kind;
+    BuildCursor end = place->At;
+    for (int i = 0; i < session_.Times; ++i)
+        end = ExitOf(kind, end);
+    const std::vector<std::string> codes(static_cast<std::size_t>(session_.Times), code_);
+    view_.SetOverlay(GhostOverlay, {OverlayPieces{codes, place->At, place->CodeBefore, colour},
+                                    OverlayText{MiddleAt(end, kind.Width), WordsAt(*place), colour}});
 }
 
 void BuildingHand::ShowEnds() {
     const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
     if (track == nullptr || track->ElementCodes.empty() || IsRing(session_.Catalogue, *track))
         return view_.ClearOverlay(EndsOverlay);
-    const Colour colour = Now().Preferences.Colours.Active;
+    const Colour colour = view_.Colours().Active;
     BuildCursor end = track->Start();
     double width = TrackGeometry::ScalextricWidth;
     end = WalkTrack(session_.Catalogue, *track, [&](int, const PiecePlacement* placement, const BuildCursor&) {

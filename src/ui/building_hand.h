@@ -1,5 +1,5 @@
-// Building by hand: the ghost of the piece whose button the mouse is on, pieces dragged from their buttons onto the
-// drawing, digits that lay so many, and the handles of the current track's open ends.
+// Building by hand: the ghost of the piece that the mouse is on, pieces dragged from their buttons onto the drawing,
+// digits that lay so many, and the handles of the current track's open ends.
 #pragma once
 
 #include "editor/piece_dropping.h"
@@ -22,18 +22,17 @@ public:
     /// Brings handles and ghost up to date.
     void Refresh();
 
-    /// So many pieces the next button lays; 1 where no digit was typed.
-    int Times() const { return times_; }
+    /// Shows the ghost of a piece that somebody points at, in whatever list or menu; none where there is no code.
+    void PointAt(const std::string& code);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     bool OnPiece(QToolButton& button, const QEvent& event);
-    void PutDown();
     void TakeDigit(int digit);
-    /// Lays as many more as the digit says.
-    void LayFurther(const std::string& code);
 
+    HeldPiece Held() const { return {code_, session_.Times}; }
+    std::string WordsAt(const DropPlace& place) const;
     void ShowGhost(const std::optional<DropPlace>& place);
     void ShowEnds();
     std::optional<DropPlace> PlaceUnder(QPointF global) const;
@@ -44,10 +43,9 @@ private:
     Session& session_;
     CircuitView& view_;
     std::function<void()> told_;
-    std::string code_;               ///< of the piece whose button the mouse is on, or that is dragged
+    std::string code_;               ///< of the piece that is pointed at or dragged
     bool dragged_ = false;           ///< it is held over the drawing
     std::optional<DropPlace> place_; ///< where it would go
-    int times_ = 1;
 };
 
 } // namespace pistaro

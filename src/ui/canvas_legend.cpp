@@ -1,5 +1,6 @@
 #include "ui/canvas_legend.h"
 
+#include <algorithm>
 #include <array>
 
 namespace pistaro {
@@ -10,10 +11,13 @@ struct Entry {
     PieceStanding Standing;
     const char* Words;
 };
-constexpr std::array<Entry, 4> Entries{{{PieceStanding::Active, "the selected piece"},
-                                        {PieceStanding::Owned, "covered by the pieces you own"},
-                                        {PieceStanding::NonOwned, "to buy: you own too few"},
-                                        {PieceStanding::Inactive, "of a track that is not chosen"}}};
+constexpr std::array<Entry, 4> Entries{{{PieceStanding::Active, "selected"},
+                                        {PieceStanding::Owned, "you own it"},
+                                        {PieceStanding::NonOwned, "to buy"},
+                                        {PieceStanding::Inactive, "another track"}}};
+
+constexpr double Margin = 12;
+constexpr double SampleWidth = 34;
 
 void PaintSample(QPainter& painter, const QRectF& place, PieceStanding standing, const ColourScheme& colours,
                  TrackLook look) {
@@ -24,18 +28,27 @@ void PaintSample(QPainter& painter, const QRectF& place, PieceStanding standing,
     painter.drawRect(place);
 }
 
+double LineHeight(const QFontMetricsF& letters) { return letters.height() + 8; }
+
 } // namespace
 
-void PaintLegend(QPainter& painter, const ColourScheme& colours, TrackLook look) {
-    constexpr double margin = 12;
-    constexpr double sampleWidth = 34;
-    const QFontMetricsF metrics(painter.font());
-    const double line = metrics.height() + 8;
+QRectF LegendPlace(QSizeF drawing, const QFontMetricsF& letters, const std::vector<QPointF>& busy) {
     double widest = 0;
     for (const Entry& entry : Entries)
-        widest = std::max(widest, metrics.horizontalAdvance(entry.Words));
-    const QRectF plate(margin, margin, sampleWidth + widest + 3 * margin,
-                       static_cast<double>(Entries.size()) * line + margin);
+        widest = std::max(widest, letters.horizontalAdvance(entry.Words));
+    const QSizeF size(SampleWidth + widest + 3 * Margin,
+                      static_cast<double>(Entries.size()) * LineHeight(letters) + Margin);
+    const double right = drawing.width() - Margin - size.width();
+    const double bottom = drawing.height() - Margin - size.height();
+    const std::array<QPointF, 4> corners{{{Margin, Margin}, {right, Margin}, {right, bottom}, {Margin, bottom}}};
+    const auto hidden = [&](QPointF corner) {
+        return std::ranges::count_if(busy, [&](QPointF place) { return QRectF(corner, size).contains(place); });
+    };
+    return {*std::ranges::min_element(corners, {}, hidden), size};
+}
+
+void PaintLegend(QPainter& painter, const QRectF& plate, const ColourScheme& colours, TrackLook look) {
+    const double line = LineHeight(QFontMetricsF(painter.font()));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(ToQColor(colours.Inactive), 1));
@@ -43,12 +56,13 @@ void PaintLegend(QPainter& painter, const ColourScheme& colours, TrackLook look)
     ground.setAlpha(235);
     painter.setBrush(ground);
     painter.drawRoundedRect(plate, 6, 6);
-    double top = plate.top() + margin / 2;
+    double top = plate.top() + Margin / 2;
     for (const Entry& entry : Entries) {
-        const QRectF sample(plate.left() + margin, top + 5, sampleWidth, line - 10);
+        const QRectF sample(plate.left() + Margin, top + 5, SampleWidth, line - 10);
         PaintSample(painter, sample, entry.Standing, colours, look);
         painter.setPen(ToQColor(TextColourOn(colours.Background)));
-        painter.drawText(QRectF(sample.right() + margin, top, widest + margin, line), Qt::AlignVCenter, entry.Words);
+        painter.drawText(QRectF(QPointF(sample.right() + Margin, top), QPointF(plate.right(), top + line)),
+                         Qt::AlignVCenter, entry.Words);
         top += line;
     }
     painter.restore();

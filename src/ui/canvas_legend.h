@@ -3,9 +3,18 @@
 
 #include "imaging/track_surface.h"
 
+#include <QFontMetricsF>
+#include <QRectF>
+
+#include <vector>
+
 namespace pistaro {
 
-/// Paints it into the upper left corner of the painter's plane, for tracks drawn in that way.
-void PaintLegend(QPainter& painter, const ColourScheme& colours, TrackLook look);
+/// Where it stands on a drawing of that size: in the corner where it hides the fewest of these places, the upper left
+/// one before others.
+QRectF LegendPlace(QSizeF drawing, const QFontMetricsF& letters, const std::vector<QPointF>& busy);
+
+/// Paints it there, for tracks drawn in that way.
+void PaintLegend(QPainter& painter, const QRectF& plate, const ColourScheme& colours, TrackLook look);
 
 } // namespace pistaro

@@ -268,8 +268,9 @@ void CanvasPointer::OpenMenu(const QContextMenuEvent& event) {
     menu->setToolTipsVisible(true);
     for (const int row : session_.Catalogue.VariantRows()) {
         const std::string product(ProductCode(session_.Catalogue[row].Code));
-        if (IsVariantOfSelected(session_.Catalogue, Now().Design.Circuit, Now().EditState, product))
-            controls_.AddTransient(*menu, "replace " + product);
+        if (!IsVariantOfSelected(session_.Catalogue, Now().Design.Circuit, Now().EditState, product)) continue;
+        if (menu->isEmpty()) menu->addSection("Replace by");
+        controls_.AddTransient(*menu, "replace " + product);
     }
     menu->addSeparator();
     for (const char* const id : {"insert", "delete", "select rest", "start here", "mirror rest"})
@@ -293,10 +294,10 @@ BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers key
 
 void CanvasPointer::ShowDragged() {
     const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
-    view_.SetOverlay(DragOverlay, {OverlayPieces{.Codes = track->ElementCodes,
-                                                 .Start = dragged_,
-                                                 .CodeBefore = {},
-                                                 .InkColour = Now().Preferences.Colours.Active}});
+    view_.SetOverlay(
+        DragOverlay,
+        {OverlayPieces{
+            .Codes = track->ElementCodes, .Start = dragged_, .CodeBefore = {}, .InkColour = view_.Colours().Active}});
 }
 
 void CanvasPointer::EndDrag() {

@@ -64,7 +64,7 @@ QString SummaryOf(const std::vector<Finding>& findings) {
 } // namespace
 
 ChecksDock::ChecksDock(Session& session, CircuitView& view)
-    : QDockWidget("Checks"), session_(session), view_(view), list_(Named(new QTreeWidget, "lstChecks")),
+    : QDockWidget("Checks"), session_(session), view_(view), list_(Named(new PanelList, "lstChecks")),
       summary_(Named(new QLabel, "lblChecks")) {
     setObjectName("fraChecks");
     auto* const content = new QWidget;
@@ -73,10 +73,8 @@ ChecksDock::ChecksDock(Session& session, CircuitView& view)
     column->addWidget(summary_);
     column->addWidget(list_);
     list_->setHeaderLabels({"Track", "Finding"});
-    list_->setRootIsDecorated(false);
     list_->setWordWrap(true);
     list_->setTextElideMode(Qt::ElideNone);
-    list_->setAlternatingRowColors(true);
     list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list_->setMinimumWidth(240);

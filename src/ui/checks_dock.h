@@ -4,10 +4,10 @@
 #include "checks/finding.h"
 #include "commands/session.h"
 #include "ui/circuit_view.h"
+#include "ui/panel_list.h"
 
 #include <QDockWidget>
 #include <QLabel>
-#include <QTreeWidget>
 
 #include <vector>
 
@@ -38,7 +38,7 @@ private:
 
     Session& session_;
     CircuitView& view_;
-    QTreeWidget* const list_;
+    PanelList* const list_;
     QLabel* const summary_;
     std::vector<Finding> findings_;
     bool waiting_ = false; ///< a check is due

@@ -1,6 +1,7 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
+#include "layout/placement.h"
 #include "platform/fault.h"
 #include "storage/settings_file.h"
 #include "ui/canvas_colours.h"
@@ -60,7 +61,20 @@ void CircuitView::Redraw() {
     rest_.stop();
     drawing_.Redraw(session_.Catalogue, Drawn(), session_.Background ? session_.Background->Image() : QImage(), Frame(),
                     Look(), ScaledPicture());
+    if (session_.Looks.Legend) legend_ = PlaceOfLegend();
     stale_ = moved_ = false;
+}
+
+QRectF CircuitView::PlaceOfLegend() const {
+    std::vector<QPointF> corners;
+    for (const Track& track : session_.Project.Design.Circuit.Tracks) {
+        WalkTrack(session_.Catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+            if (placement == nullptr) return;
+            for (const WorldPoint& corner : placement->Corners.InOrder())
+                corners.push_back(PlaceOf(corner));
+        });
+    }
+    return LegendPlace(size(), fontMetrics(), corners);
 }
 
 ColourScheme CircuitView::Colours() const {
@@ -116,7 +130,7 @@ void CircuitView::paintEvent(QPaintEvent*) {
     for (const auto& [owner, overlay] : overlays_)
         PaintOverlay(overlay, session_.Catalogue, View(), Frame(), painter);
     if (IsEmpty(session_.Project.Design.Circuit)) PaintInvitation(painter);
-    if (session_.Looks.Legend) PaintLegend(painter, Colours(), Look());
+    if (session_.Looks.Legend) PaintLegend(painter, legend_, Colours(), Look());
 }
 
 void CircuitView::PaintInvitation(QPainter& painter) {

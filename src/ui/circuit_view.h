@@ -33,6 +33,9 @@ public:
     void ClearOverlay(const std::string& owner);
     const Overlay& OverlayOf(const std::string& owner) const;
 
+    /// In which the circuit is drawn: the desktop's where they follow it.
+    ColourScheme Colours() const;
+
     /// Where the view's square lies, and what of the world is shown beside it.
     CanvasFrame Frame() const { return {size(), devicePixelRatioF()}; }
     WorldPoint WorldAt(QPointF place) const;
@@ -47,14 +50,15 @@ private:
     const ViewSettings& View() const { return session_.Project.Design.View; }
     TrackLook Look() const;
 
-    ColourScheme Colours() const;
-
     /// What is drawn: the session's, in the colours of the desktop where they follow it.
     const Project& Drawn();
 
     /// The pixels of the background that is to scale; none where there is none, or it is no picture.
     QImage ScaledPicture() const;
     bool FitsFrame() const;
+
+    /// Where the legend hides the least of what is drawn.
+    QRectF PlaceOfLegend() const;
 
     /// Says in a line how an empty circuit is begun.
     void PaintInvitation(QPainter& painter);
@@ -66,6 +70,7 @@ private:
     const ColourScheme initialColours_;
     std::optional<Project> recoloured_; ///< where what is drawn is not the session's
     KeptDrawing drawing_;
+    QRectF legend_; ///< its place on the drawing
     std::map<std::string, Overlay> overlays_;
     bool stale_ = true;  ///< the drawing shows an earlier state
     bool moved_ = false; ///< the view alone is another than the drawing's

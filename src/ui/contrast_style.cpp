@@ -15,10 +15,10 @@ bool HasFrame(QStyle::PrimitiveElement element, bool highContrast) {
     switch (static_cast<int>(element)) {
     case QStyle::PE_PanelLineEdit:
     case QStyle::PE_IndicatorCheckBox:
+    case QStyle::PE_PanelMenu: // over a window of the same colour
         return true;
     case QStyle::PE_PanelButtonCommand:
     case QStyle::PE_PanelButtonTool:
-    case QStyle::PE_PanelMenu:
     case QStyle::PE_Frame:
         return highContrast;
     default:

@@ -1,21 +1,20 @@
 #include "ui/fold_out.h"
 
 #include "editor/palette_pieces.h"
+#include "ui/contrast_style.h"
 #include "ui/named_controls.h"
 #include "ui/piece_badge.h"
 #include "ui/piece_icon.h"
-
-#include <QProxyStyle>
 
 namespace pistaro {
 
 namespace {
 
 /// Menus have small icons, in which pieces could not be told apart.
-class PieceMenuStyle : public QProxyStyle {
+class PieceMenuStyle : public ContrastStyle {
 public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        return metric == PM_SmallIconSize ? PieceIconSide : QProxyStyle::pixelMetric(metric, option, widget);
+        return metric == PM_SmallIconSize ? PieceIconSide : ContrastStyle::pixelMetric(metric, option, widget);
     }
 };
 

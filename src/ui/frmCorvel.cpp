@@ -23,6 +23,7 @@ namespace {
 
 constexpr int Spacing = 8;
 constexpr int TitleBarHeight = 32;
+constexpr const char* LanesOverlayName = "built lanes"; ///< below ghosts, of which it hides no word
 
 /// The first circuit file among what is dragged; empty when there is none.
 QString CircuitFileIn(const QMimeData& data) {
@@ -40,32 +41,44 @@ QIcon ProgramIcon() {
     return icon;
 }
 
+/// Of panels that stand behind each other the toolkit keeps all but one beside the window.
+bool IsInFront(const QDockWidget& panel) { return panel.isVisible() && panel.geometry().right() >= 0; }
+
+void Toggle(QDockWidget& panel) {
+    if (IsInFront(panel)) return panel.hide();
+    panel.show();
+    panel.raise();
+}
+
 } // namespace
 
 frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
-      circuit_(new CircuitPanel(session, controls_)), track_(new TrackPanel(session, controls_)),
-      pointer_(new CanvasPointer(session, controls_, circuit_->View())),
+      circuit_(new CircuitPanel(session, controls_)), middle_(new QMainWindow),
+      track_(new TrackPanel(session, controls_)), pointer_(new CanvasPointer(session, controls_, circuit_->View())),
       suggestions_(new SuggestionBar(session, circuit_->View())), suggester_(session, circuit_->View()),
       dialogs_(session, *this, *suggestions_), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
-      figures_(new QLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
+      figures_(new ElidedLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
       money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
+    middle_->setObjectName("fraMiddle");
+    middle_->setWindowFlags(Qt::Widget);
+    middle_->setCentralWidget(circuit_);
     auto* const columns = new QWidget;
     auto* const row = new QHBoxLayout(columns);
     row->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
     row->setSpacing(Spacing);
     row->addWidget(new SideColumn(palette_));
-    row->addWidget(circuit_, 1);
+    row->addWidget(middle_, 1);
     row->addWidget(new SideColumn(track_));
     setCentralWidget(columns);
     status_->setObjectName("lblStatus");
     statusBar()->addWidget(status_);
     figures_->setObjectName("lblFigures");
-    statusBar()->addWidget(figures_);
+    statusBar()->addWidget(figures_, 1);
     place_->setObjectName("lblPlace");
     statusBar()->addPermanentWidget(jobBar_);
     statusBar()->addPermanentWidget(place_);
@@ -90,20 +103,17 @@ frmCorvel::~frmCorvel() {
 }
 
 void frmCorvel::AddPanels() {
+    middle_->setDockOptions(QMainWindow::AllowTabbedDocks | QMainWindow::AnimatedDocks);
     const auto add = [&](Panel panel, QDockWidget* dock) {
-        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        middle_->addDockWidget(Qt::BottomDockWidgetArea, dock);
         dock->hide();
         // By its own button it is closed without a command: the menu's mark follows.
         connect(dock, &QDockWidget::visibilityChanged, this, [this] { controls_.Refresh(); });
-        dialogs_.Offer(panel, {[dock] { dock->setVisible(!dock->isVisible()); }, [dock] { return dock->isVisible(); }});
+        dialogs_.Offer(panel, {[dock] { Toggle(*dock); }, [dock] { return IsInFront(*dock); }});
     };
     add(Panel::Checks, checks_);
     add(Panel::Money, money_);
-    const auto toggleLanes = [this] {
-        lanesShown_ = !lanesShown_;
-        ShowLanes();
-    };
-    dialogs_.Offer(Panel::Lanes, {toggleLanes, [this] { return lanesShown_; }});
+    middle_->tabifyDockWidget(checks_, money_);
 }
 
 void frmCorvel::AddHand() {
@@ -111,15 +121,17 @@ void frmCorvel::AddHand() {
         ShowStatus();
         if (tour_ != nullptr) tour_->Refresh();
     });
-    tour_ = new Tour(session_, *this, [this] { return hand_->Times(); });
+    palette_->PointedAt = [this](const std::string& code) { hand_->PointAt(code); };
+    tour_ = new Tour(session_, *this, circuit_->View());
     dialogs_.OfferSearchAndTour([this] { palette_->FindPiece(); }, [this] { tour_->Begin(); });
 }
 
 void frmCorvel::ShowLanes() {
-    if (lanesShown_)
-        circuit_->View().SetOverlay("lanes", LanesOverlay(session_.Catalogue, session_.Project.Design.Circuit));
+    if (session_.Looks.Lanes)
+        circuit_->View().SetOverlay(LanesOverlayName,
+                                    LanesOverlay(session_.Catalogue, session_.Project.Design.Circuit));
     else
-        circuit_->View().ClearOverlay("lanes");
+        circuit_->View().ClearOverlay(LanesOverlayName);
 }
 
 void frmCorvel::Refresh(const Changes& changes) {
@@ -134,7 +146,7 @@ void frmCorvel::Refresh(const Changes& changes) {
     track_->Refresh();
     checks_->Refresh(changes);
     money_->Refresh(changes);
-    if (changes.Circuit) ShowLanes();
+    if (changes.Circuit || changes.Looks) ShowLanes();
     for (QWidget* const column : {palette_->parentWidget()->parentWidget(), track_->parentWidget()->parentWidget()})
         column->setVisible(session_.Looks.Columns);
     // "[*]" would be taken for the toolkit's mark of modified documents.
@@ -147,8 +159,7 @@ void frmCorvel::Refresh(const Changes& changes) {
 
 void frmCorvel::ShowStatus() {
     std::string text = StatusText(session_.Catalogue, session_.Project);
-    if (hand_ != nullptr && hand_->Times() > 1)
-        text += " · the next piece " + std::to_string(hand_->Times()) + " times";
+    if (session_.Times > 1) text += " · the next piece " + std::to_string(session_.Times) + " times";
     status_->setText(QString::fromStdString(text));
     const std::string figures = FiguresText(session_.Catalogue, session_.Project);
     figures_->setText(QString::fromStdString(figures.empty() ? "" : "· " + figures));

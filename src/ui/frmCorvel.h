@@ -7,6 +7,7 @@
 #include "ui/circuit_panel.h"
 #include "ui/command_controls.h"
 #include "ui/dialogs.h"
+#include "ui/elided_label.h"
 #include "ui/job_bar.h"
 #include "ui/money_dock.h"
 #include "ui/piece_palette.h"
@@ -36,7 +37,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// Puts checks and money beside the drawing, hidden at first, and has all panels shown by their commands.
+    /// Puts checks and money below the drawing, hidden at first, and has them shown by their commands.
     void AddPanels();
     void ShowLanes();
 
@@ -54,6 +55,7 @@ private:
     CommandControls controls_;
     PiecePalette* const palette_;
     CircuitPanel* const circuit_;
+    QMainWindow* const middle_; ///< the drawing with the panels below it, between the columns
     TrackPanel* const track_;
     CanvasPointer* const pointer_;
     SuggestionBar* const suggestions_;
@@ -61,11 +63,10 @@ private:
     Dialogs dialogs_;
     JobBar* const jobBar_;
     QLabel* const status_;
-    QLabel* const figures_;
+    ElidedLabel* const figures_;
     QLabel* const place_;
     ChecksDock* const checks_;
     MoneyDock* const money_;
-    bool lanesShown_ = false;
     BuildingHand* hand_ = nullptr;
     Tour* tour_ = nullptr;
     bool closing_ = false;

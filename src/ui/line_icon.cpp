@@ -3,7 +3,6 @@
 #include "ui/painted_icon.h"
 
 #include <QApplication>
-#include <QPalette>
 
 #include <array>
 
@@ -22,7 +21,7 @@ QImage DrawingFor(const QString& name, int side) {
     return QImage(":/buttons/" + name + "-" + QString::number(best) + ".png");
 }
 
-class LineIconEngine : public PaintedIconEngine {
+class LineIconEngine : public PaintedIcon<LineIconEngine> {
 public:
     explicit LineIconEngine(QString name) : name_(std::move(name)) {}
 
@@ -33,16 +32,13 @@ public:
         {
             QPainter ink(&drawing);
             ink.setCompositionMode(QPainter::CompositionMode_SourceIn);
-            const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-            ink.fillRect(drawing.rect(), QApplication::palette().color(group, QPalette::ButtonText));
+            ink.fillRect(drawing.rect(), QApplication::palette().color(GroupOf(mode), QPalette::ButtonText));
         }
         painter->save();
         painter->setRenderHint(QPainter::SmoothPixmapTransform);
         painter->drawImage(rect, drawing);
         painter->restore();
     }
-
-    QIconEngine* clone() const override { return new LineIconEngine(*this); }
 
 private:
     QString name_;

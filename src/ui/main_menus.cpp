@@ -11,13 +11,17 @@ namespace pistaro {
 
 namespace {
 
-/// A menu of these rows.
+/// A menu of these rows, with a line across it where there is no id.
 QMenu& AddMenu(QMainWindow& window, CommandControls& controls, const char* title,
                std::initializer_list<std::string_view> ids) {
     QMenu* const menu = window.menuBar()->addMenu(title);
     menu->setToolTipsVisible(true);
-    for (const std::string_view id : ids)
-        controls.AddEntry(*menu, id);
+    for (const std::string_view id : ids) {
+        if (id.empty())
+            menu->addSeparator();
+        else
+            controls.AddEntry(*menu, id);
+    }
     return *menu;
 }
 
@@ -47,8 +51,8 @@ void AddMainMenus(QMainWindow& window, CommandControls& controls, Session& sessi
     for (const int row : session.Catalogue.VariantRows())
         controls.AddEntry(pieces, "replace " + std::string(ProductCode(session.Catalogue[row].Code)));
     AddMenu(window, controls, "&View",
-            {"surface", "legend", "lanes", "suggest", "columns", "checks", "stock and price", "background select",
-             "background clear", "background import", "background place", "background remove"});
+            {"surface", "legend", "lanes", "suggest", "", "columns", "checks", "stock and price", "",
+             "background select", "background clear", "background import", "background place", "background remove"});
     AddMenu(window, controls, "&Settings", {"draw area", "choose colours", "loose track", "boxed sets"});
     AddMenu(window, controls, "&Reports", {"statistics", "purchase", "guide", "build plan", "save picture"});
     AddMenu(window, controls, "&Help", {"tour", "manual", "about"});

@@ -34,16 +34,11 @@ private:
     std::vector<int> columns_;
 };
 
-/// The currency's sign where it has one that everybody knows.
-QString CurrencySign(const std::string& currency) {
-    if (currency == "EUR") return "€";
-    if (currency == "GBP") return "£";
-    if (currency == "USD") return "$";
-    return Shown(currency);
-}
-
 /// As the desktop writes numbers.
 QString Amount(Cents cents) { return QLocale::system().toString(static_cast<double>(cents) / 100, 'f', 2); }
+
+/// A price of 0 is none: nobody has entered one.
+QString AmountIfKnown(Cents price, Cents amount) { return price == 0 ? QString() : Amount(amount); }
 
 /// What was typed as the number texts of the core, whatever the desktop's decimal sign.
 std::string PlainNumber(const QString& typed) {
@@ -55,7 +50,7 @@ std::string PlainNumber(const QString& typed) {
 } // namespace
 
 MoneyDock::MoneyDock(Session& session)
-    : QDockWidget("Stock and Price"), session_(session), list_(Named(new QTreeWidget, "lstMoney")),
+    : QDockWidget("Stock and Price"), session_(session), list_(Named(new PanelList, "lstMoney")),
       total_(Named(new QLabel, "lblMoney")) {
     setObjectName("fraMoney");
     auto* const content = new QWidget;
@@ -67,8 +62,6 @@ MoneyDock::MoneyDock(Session& session)
     total_->setWordWrap(true);
     list_->setColumnCount(ColumnCount);
     list_->setHeaderLabels({"Code", "Piece", "Used", "Owned", "Missing", "Price", "Sum"});
-    list_->setRootIsDecorated(false);
-    list_->setAlternatingRowColors(true);
     list_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     list_->header()->setStretchLastSection(false);
     list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
@@ -117,9 +110,11 @@ void MoneyDock::Count() {
         toBuy += CentsOf(product.Price) * missing;
         if (product.Price == 0) unpriced += missing;
     }
-    QString text = "To buy: " + Amount(toBuy) + " " + CurrencySign(project.Preferences.Units.Currency);
-    if (unpriced > 0) text += ", and " + QString::number(unpriced) + " without a price";
-    total_->setText(text);
+    QStringList parts;
+    if (toBuy > 0 || unpriced == 0)
+        parts += Amount(toBuy) + " " + Shown(CurrencySign(project.Preferences.Units.Currency));
+    if (unpriced > 0) parts += QString::number(unpriced) + " without a price";
+    total_->setText("To buy: " + parts.join(", and "));
 }
 
 void MoneyDock::AddProduct(int row, int used) {
@@ -127,9 +122,10 @@ void MoneyDock::AddProduct(int row, int used) {
     const ProductStock stock = session_.Project.Stock[row];
     const int missing = std::max(0, used - stock.OwnedCount);
     const Cents price = CentsOf(stock.Price);
-    auto* const item = new QTreeWidgetItem(list_, {Shown(ProductCode(product.Code)), Shown(product.LongName),
-                                                   QString::number(used), QString::number(stock.OwnedCount),
-                                                   QString::number(missing), Amount(price), Amount(price * missing)});
+    auto* const item =
+        new QTreeWidgetItem(list_, {Shown(ProductCode(product.Code)), Shown(product.LongName), QString::number(used),
+                                    QString::number(stock.OwnedCount), QString::number(missing),
+                                    AmountIfKnown(price, price), AmountIfKnown(price, price * missing)});
     for (int column = Used; column < ColumnCount; ++column)
         item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     item->setFlags(item->flags() | Qt::ItemIsEditable);

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "commands/session.h"
+#include "ui/panel_list.h"
 
 #include <QDockWidget>
 #include <QLabel>
-#include <QTreeWidget>
 
 #include <vector>
 
@@ -31,7 +31,7 @@ private:
     void Edited(const QTreeWidgetItem& item, int column);
 
     Session& session_;
-    QTreeWidget* const list_;
+    PanelList* const list_;
     QLabel* const total_;
     bool waiting_ = false; ///< a count is due
 };

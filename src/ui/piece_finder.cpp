@@ -22,8 +22,9 @@ QString LineOf(const CatalogueEntry& piece) {
 
 } // namespace
 
-PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void()> turned)
-    : QObject(&palette), session_(session), turned_(std::move(turned)),
+PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void()> turned,
+                         std::function<void(const std::string&)> pointedAt)
+    : QObject(&palette), session_(session), turned_(std::move(turned)), pointedAt_(std::move(pointedAt)),
       txtFindPiece_(Named(new QLineEdit, "txtFindPiece")), lstFoundPieces_(Named(new QListWidget, "lstFoundPieces")) {
     txtFindPiece_->setPlaceholderText("Find: chic, C80, 45 … (Ctrl+F)");
     txtFindPiece_->setAccessibleName("Find a piece");
@@ -40,6 +41,13 @@ PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void(
     connect(lstFoundPieces_, &QListWidget::itemClicked, this, [this](const QListWidgetItem* item) { Lay(item); });
     connect(txtFindPiece_, &QLineEdit::returnPressed, this, [this] { Lay(lstFoundPieces_->currentItem()); });
     lstFoundPieces_->installEventFilter(this);
+    lstFoundPieces_->setMouseTracking(true);
+    lstFoundPieces_->viewport()->installEventFilter(this);
+    connect(lstFoundPieces_, &QListWidget::itemEntered, this, [this](const QListWidgetItem* item) {
+        const CatalogueEntry* const piece = PieceOf(item);
+        pointedAt_(piece == nullptr ? "" : piece->Code);
+    });
+    connect(lstFoundPieces_, &QListWidget::viewportEntered, this, [this] { pointedAt_(""); });
 }
 
 void PieceFinder::Begin() {
@@ -49,6 +57,7 @@ void PieceFinder::Begin() {
 
 void PieceFinder::Find() {
     lstFoundPieces_->clear();
+    pointedAt_("");
     const std::vector<int> rows =
         FindPieces(session_.Catalogue, txtFindPiece_->text().toStdString(), session_.Project.EditState.System);
     for (const int row : rows) {
@@ -68,15 +77,16 @@ void PieceFinder::Refresh() {
     const UsedCounts used = CountUsed(session_.Catalogue, project.Design.Circuit);
     for (int line = 0; line < lstFoundPieces_->count(); ++line) {
         QListWidgetItem& item = *lstFoundPieces_->item(line);
-        if (!item.data(Qt::UserRole).isValid()) continue;
-        const CatalogueEntry& piece = session_.Catalogue[item.data(Qt::UserRole).toInt()];
-        const int left = LeftInBox(session_.Catalogue, used, project.Stock, piece);
-        item.setIcon(BadgedPieceIcon(piece, session_.Catalogue, left, *lstFoundPieces_));
+        const CatalogueEntry* const piece = PieceOf(&item);
+        if (piece == nullptr) continue;
+        const int left = LeftInBox(session_.Catalogue, used, project.Stock, *piece);
+        item.setIcon(BadgedPieceIcon(*piece, session_.Catalogue, left, *lstFoundPieces_));
         item.setData(Qt::AccessibleDescriptionRole, QString("%1 left").arg(left));
     }
 }
 
 bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Leave && watched == lstFoundPieces_->viewport()) pointedAt_("");
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<const QKeyEvent&>(*event).key();
     if (key == Qt::Key_Escape) {
@@ -96,13 +106,18 @@ bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PieceFinder::Lay(const QListWidgetItem* item) {
-    if (item == nullptr || !item->data(Qt::UserRole).isValid()) return;
-    const CatalogueEntry& piece = session_.Catalogue[item->data(Qt::UserRole).toInt()];
+    const CatalogueEntry* const piece = PieceOf(item);
+    if (piece == nullptr) return;
     session_.Do([&] {
         EditState& edit = session_.Project.EditState;
-        if (piece.IsBasic()) edit.System = piece.System;
-        session_.Run(*session_.Commands.Find((piece.IsBasic() ? "add " : "special ") + piece.Code));
+        if (piece->IsBasic()) edit.System = piece->System;
+        session_.Run(*session_.Commands.Find((piece->IsBasic() ? "add " : "special ") + piece->Code));
     });
+}
+
+const CatalogueEntry* PieceFinder::PieceOf(const QListWidgetItem* item) const {
+    if (item == nullptr || !item->data(Qt::UserRole).isValid()) return nullptr;
+    return &session_.Catalogue[item->data(Qt::UserRole).toInt()];
 }
 
 } // namespace pistaro

@@ -7,13 +7,16 @@
 #include <QListWidget>
 
 #include <functional>
+#include <string>
 
 namespace pistaro {
 
 class PieceFinder : public QObject {
 public:
-    /// `turned` is called when the search begins and when it ends.
-    PieceFinder(Session& session, QWidget& palette, std::function<void()> turned);
+    /// `turned` is called when the search begins and when it ends, `pointedAt` with the code of the piece found that
+    /// the mouse is on, empty when it is on none.
+    PieceFinder(Session& session, QWidget& palette, std::function<void()> turned,
+                std::function<void(const std::string&)> pointedAt);
 
     QLineEdit& Line() { return *txtFindPiece_; }
     QListWidget& List() { return *lstFoundPieces_; }
@@ -33,8 +36,12 @@ private:
     void Find();
     void Lay(const QListWidgetItem* item);
 
+    /// What a line stands for; null where nothing was found.
+    const CatalogueEntry* PieceOf(const QListWidgetItem* item) const;
+
     Session& session_;
     const std::function<void()> turned_;
+    const std::function<void(const std::string&)> pointedAt_;
     QLineEdit* const txtFindPiece_;
     QListWidget* const lstFoundPieces_;
 };

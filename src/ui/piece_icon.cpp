@@ -6,7 +6,6 @@
 #include "ui/painted_icon.h"
 
 #include <QApplication>
-#include <QPalette>
 
 #include <algorithm>
 
@@ -28,7 +27,7 @@ double LargestSide(const Catalogue& catalogue) {
     return side;
 }
 
-class PieceIconEngine : public PaintedIconEngine {
+class PieceIconEngine : public PaintedIcon<PieceIconEngine> {
 public:
     PieceIconEngine(const PieceKind& kind, double largestSide) : kind_(kind), largestSide_(largestSide) {}
 
@@ -38,19 +37,19 @@ public:
         const double scale = static_cast<double>(std::min(rect.width(), rect.height())) / PieceIconSide;
         const double half = largestSide_ / 2 * PieceIconSide / (PieceIconSide - 2); // a pixel to spare on each side
         const QPalette palette = QApplication::palette();
-        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QPalette::ColorGroup group = GroupOf(mode);
         painter->save();
         painter->translate(rect.topLeft());
         painter->scale(scale, scale);
         PainterSurface surface(*painter, TargetSize::Square(PieceIconSide));
         surface.SetScale({static_cast<float>(middle.X - half), static_cast<float>(middle.Y + half),
                           static_cast<float>(middle.X + half), static_cast<float>(middle.Y - half)});
-        DrawPiece(placement, FromQColor(palette.color(group, QPalette::ButtonText)),
-                  FromQColor(palette.color(group, QPalette::Mid)), surface);
+        const bool isChosen = mode == QIcon::Selected; // on the ground of what is chosen in a list
+        DrawPiece(placement,
+                  FromQColor(palette.color(group, isChosen ? QPalette::HighlightedText : QPalette::ButtonText)),
+                  FromQColor(palette.color(group, isChosen ? QPalette::HighlightedText : QPalette::Mid)), surface);
         painter->restore();
     }
-
-    QIconEngine* clone() const override { return new PieceIconEngine(*this); }
 
 private:
     PieceKind kind_;

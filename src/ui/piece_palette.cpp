@@ -66,7 +66,8 @@ std::vector<const CatalogueEntry*> PiecesIn(const PieceFrame& frame, const Catal
 
 PiecePalette::PiecePalette(Session& session, CommandControls& controls)
     : session_(session), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new ModeSwitch),
-      finder_(session, *this, [this] { ShowFrames(); }),
+      finder_(
+          session, *this, [this] { ShowFrames(); }, [this](const std::string& code) { PointedAt(code); }),
       cmdSeeRemaining_(new QPushButton), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
                                                     {TrackSystem::Ninco, NewKeyField(this)}} {
     column_->setContentsMargins(0, 0, 0, 0);
@@ -114,11 +115,18 @@ QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
     return pair;
 }
 
+FoldOut* PiecePalette::NewFoldOut(const CatalogueEntry& basic, const std::vector<int>& specials) {
+    auto* const foldOut = new FoldOut(session_, controls_, basic.Code, specials, this);
+    connect(foldOut, &QMenu::hovered, this, [this](const QAction* special) { PointedAt(TagOf(*special)); });
+    connect(foldOut, &QMenu::aboutToHide, this, [this] { PointedAt(""); });
+    return foldOut;
+}
+
 PieceButton* PiecePalette::AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column) {
     auto* const button = new PieceButton(piece, session_.Catalogue, &frame);
     controls_.Bind(*button, "add " + piece.Code);
     if (const std::vector<int> specials = SpecialsOf(session_.Catalogue, piece); !specials.empty())
-        button->SetFoldOut(*new FoldOut(session_, controls_, piece.Code, specials, this));
+        button->SetFoldOut(*NewFoldOut(piece, specials));
     connect(button, &QToolButton::pressed, this, [this, button] { ShowNumber(*button, RemainingPieces); });
     connect(button, &QToolButton::released, this, [button] { button->setText(CaptionOf(*button)); });
     static_cast<QGridLayout*>(frame.layout())->addWidget(button, row, column);

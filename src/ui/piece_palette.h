@@ -11,10 +11,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <functional>
 #include <map>
 
 namespace pistaro {
 
+class FoldOut;
 struct PieceFrame;
 
 class PiecePalette : public QWidget {
@@ -27,12 +29,16 @@ public:
     /// Leads the keyboard to the line that pieces are looked for in.
     void FindPiece() { finder_.Begin(); }
 
+    /// Called with the code of the piece that the mouse is on in a fold-out or among those found, empty when it leaves.
+    std::function<void(const std::string&)> PointedAt = [](const std::string&) {};
+
     /// The buttons of all basic pieces.
     std::vector<QToolButton*> Pieces() const { return {pieces_.begin(), pieces_.end()}; }
 
 private:
     QWidget* Frame(const PieceFrame& frame);
     QWidget* PairOfFrames(QWidget* left, QWidget* right);
+    FoldOut* NewFoldOut(const CatalogueEntry& basic, const std::vector<int>& specials);
     PieceButton* AddPieceButton(QGroupBox& frame, const CatalogueEntry& piece, int row, int column);
 
     /// What cmdInsert does now.

@@ -21,8 +21,8 @@ Suggester::Suggester(Session& session, CircuitView& view) : session_(session), v
 
 void Suggester::Refresh(const Changes& changes) {
     const bool isConcerned = changes.Circuit || changes.Room || changes.Stock || changes.EditState;
-    if (shown_ == session_.Suggests && !(shown_ && isConcerned)) return;
-    shown_ = session_.Suggests;
+    if (shown_ == session_.Looks.Suggestions && !(shown_ && isConcerned)) return;
+    shown_ = session_.Looks.Suggestions;
     jobs_.Cancel();
     view_.ClearOverlay(Owner);
     if (!shown_ || !WhyNotClose(session_).empty()) return;

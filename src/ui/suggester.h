@@ -21,7 +21,7 @@ private:
 
     Session& session_;
     CircuitView& view_;
-    bool shown_ = false; ///< as Session::Suggests was when it was last looked at
+    bool shown_ = false; ///< as Looks::Suggestions was when it was last looked at
     Jobs jobs_;
 };
 

@@ -4,7 +4,6 @@
 
 #include <QEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -15,8 +14,8 @@ namespace pistaro {
 
 namespace {
 
-constexpr int Arrow = 12;
 constexpr int Padding = 12;
+constexpr int RingRoom = 4; ///< between the ring and its control
 constexpr int TextWidth = 250;
 const QColor Accent(242, 169, 59);
 
@@ -74,77 +73,41 @@ void TourBubble::Tell(const QString& heading, const QString& text, const QString
     setAccessibleDescription(QStringList{heading, remark, text}.join(" "));
 }
 
-void TourBubble::Fit(Side side) {
-    side_ = side;
-    const auto room = [&](Side of) { return Padding + (side == of ? Arrow : 0); };
-    layout()->setContentsMargins(room(Side::Left), Padding, room(Side::Right), room(Side::Bottom));
+void TourBubble::StandIn(const QRect& place, Qt::Corner corner) {
     layout()->activate();
     const int width = layout()->sizeHint().width();
     resize(width, layout()->hasHeightForWidth() ? layout()->heightForWidth(width) : layout()->sizeHint().height());
-}
-
-void TourBubble::PointTo(const QRect& place) {
-    const QRect window = parentWidget()->rect();
-    Fit(Side::Left);
-    QPoint corner(place.right() + 1, place.center().y() - height() / 2);
-    if (place.bottom() > window.bottom() - 40) { // the line at the window's foot
-        Fit(Side::Bottom);
-        corner = QPoint(place.left(), place.top() - height());
-    } else if (corner.x() + width() > window.right()) {
-        Fit(Side::Right);
-        corner.setX(place.left() - width());
-    }
-    corner.setX(std::clamp(corner.x(), 0, std::max(0, window.width() - width())));
-    corner.setY(std::clamp(corner.y(), 0, std::max(0, window.height() - height())));
-    move(corner);
-    const QPoint middle = place.center() - corner;
-    tip_ = side_ == Side::Left    ? QPoint(0, middle.y())
-           : side_ == Side::Right ? QPoint(width(), middle.y())
-                                  : QPoint(std::min(middle.x(), width() / 2), height());
-    update();
-}
-
-void TourBubble::StandIn(const QRect& place) {
-    Fit(Side::None);
-    move(place.topLeft() + QPoint(Padding, Padding));
-    update();
+    QRect stand(QPoint(), size());
+    const QRect inside = place.adjusted(Padding, Padding, -Padding, -Padding);
+    const bool right = corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner;
+    const bool bottom = corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner;
+    right ? stand.moveRight(inside.right()) : stand.moveLeft(inside.left());
+    bottom ? stand.moveBottom(inside.bottom()) : stand.moveTop(inside.top());
+    move(stand.topLeft());
 }
 
 void TourBubble::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF body = QRectF(rect()).adjusted(side_ == Side::Left ? Arrow : 1, 1, side_ == Side::Right ? -Arrow : -1,
-                                                side_ == Side::Bottom ? -Arrow : -1);
-    QPainterPath shape;
-    shape.addRoundedRect(body, 8, 8);
-    if (side_ != Side::None) {
-        const QPointF across = side_ == Side::Bottom ? QPointF(Arrow * 0.7, 0) : QPointF(0, Arrow * 0.7);
-        const QPointF foot(std::clamp(double(tip_.x()), body.left() + 2, body.right() - 2),
-                           std::clamp(double(tip_.y()), body.top() + 2, body.bottom() - 2));
-        QPainterPath arrow;
-        arrow.addPolygon(QPolygonF{QPointF(tip_), foot - across, foot + across});
-        arrow.closeSubpath();
-        shape = shape.united(arrow);
-    }
     painter.setPen(QPen(Accent, 2));
     painter.setBrush(palette().color(QPalette::Base));
-    painter.drawPath(shape);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 8, 8);
 }
 
-Tour::Tour(Session& session, QWidget& window, std::function<int()> times)
-    : QObject(&window), session_(session), window_(window), times_(std::move(times)) {}
+Tour::Tour(Session& session, QWidget& window, QWidget& drawing)
+    : QObject(&window), session_(session), window_(window), drawing_(drawing) {}
 
 void Tour::Begin() {
     End();
     bubble_ = new TourBubble(window_, [this] { End(); });
     ring_ = new TourRing(window_);
-    window_.installEventFilter(this);
-    window_.findChild<QWidget*>("picCircuit")->setFocus(); // digits typed go to no line and no list
-    QTimer::singleShot(0, this, [this] { Refresh(); });    // when the columns have been laid out
+    drawing_.installEventFilter(this);
+    drawing_.setFocus();                                // digits typed go to no line and no list
+    QTimer::singleShot(0, this, [this] { Refresh(); }); // when the columns have been laid out
 }
 
 void Tour::End() {
-    window_.removeEventFilter(this);
+    drawing_.removeEventFilter(this);
     Watch(nullptr);
     for (QWidget* const part : {static_cast<QWidget*>(bubble_.data()), ring_.data()}) {
         if (part == nullptr) continue;
@@ -163,7 +126,7 @@ QWidget* Tour::ControlOf(const TourStop& stop) const {
 
 void Tour::Refresh() {
     if (!bubble_) return;
-    const TourStop stop = TourStopOf(session_.Project, times_());
+    const TourStop stop = TourStopOf(session_.Project, session_.Times);
     const bool last = stop.Step > TourSteps;
     QString remark = Shown(stop.Remark);
     control_ = ControlOf(stop);
@@ -171,7 +134,7 @@ void Tour::Refresh() {
     if (control_ != nullptr && !control_->isVisible()) {
         remark = session_.Looks.Columns ? "The pieces make way for the search: Esc in its line ends it."
                                         : "The columns are folded away: F9 brings them back.";
-        control_ = ControlOf({.Control = "picCircuit"});
+        control_ = &drawing_;
     }
     bubble_->Tell(last ? "Done" : QString("Step %1 of %2").arg(stop.Step).arg(TourSteps), Shown(stop.Text), remark,
                   last);
@@ -188,15 +151,19 @@ void Tour::Watch(QWidget* control) {
         part->installEventFilter(this);
         if (auto* const scrolled = qobject_cast<QScrollArea*>(part)) scrolled->ensureWidgetVisible(control);
     }
+    if (bubble_) drawing_.installEventFilter(this); // it may have been the one before
 }
 
 void Tour::Stand() {
     if (!bubble_ || !control_) return;
-    const QRect place(control_->mapTo(&window_, QPoint()), control_->size());
-    const bool isDrawing = control_->objectName() == "picCircuit";
-    isDrawing ? bubble_->StandIn(place) : bubble_->PointTo(place.adjusted(-4, -4, 4, 4));
-    ring_->setGeometry(place.adjusted(-4, -4, 4, 4));
-    ring_->setVisible(!isDrawing && !control_->visibleRegion().isEmpty());
+    const QRect room = PlaceOf(drawing_);
+    const QRect ring = PlaceOf(*control_).adjusted(-RingRoom, -RingRoom, RingRoom, RingRoom);
+    const bool right = ring.left() > room.right();
+    const bool low = control_ != &drawing_ && ring.center().y() > room.center().y();
+    bubble_->StandIn(room, right ? (low ? Qt::BottomRightCorner : Qt::TopRightCorner)
+                                 : (low ? Qt::BottomLeftCorner : Qt::TopLeftCorner));
+    ring_->setGeometry(ring);
+    ring_->setVisible(control_ != &drawing_ && !control_->visibleRegion().isEmpty());
     ring_->raise();
     bubble_->show();
     bubble_->raise();

@@ -1,5 +1,5 @@
-// The tour through a first oval: a bubble beside the control concerned, a ring around it, and each step waits for its
-// user's own press.
+// The tour through a first oval: a bubble in a corner of the drawing, a ring around the control concerned, an arrow
+// from one to the other, and each step waits for its user's own press.
 #pragma once
 
 #include "commands/session.h"
@@ -20,29 +20,23 @@ public:
 
     void Tell(const QString& heading, const QString& text, const QString& remark, bool last);
 
-    /// Stands beside a place of the window and points to it; `within` a place it stands in its upper corner.
-    void PointTo(const QRect& place);
-    void StandIn(const QRect& place);
+    /// Stands in that corner of a place of the window.
+    void StandIn(const QRect& place, Qt::Corner corner);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    enum class Side { None, Left, Right, Bottom };
-    void Fit(Side side);
-
     QLabel* const lblTourStep_;
     QLabel* const lblTour_;
     QLabel* const lblTourRemark_;
     QPushButton* const cmdEndTour_;
-    Side side_ = Side::None; ///< that its arrow is on
-    QPoint tip_;             ///< of the arrow
 };
 
 class Tour : public QObject {
 public:
-    /// `times` tells the digit that was typed for the next piece.
-    Tour(Session& session, QWidget& window, std::function<int()> times);
+    /// It is told in the drawing, which covers no button.
+    Tour(Session& session, QWidget& window, QWidget& drawing);
 
     /// From the first step; nothing may be laid yet.
     void Begin();
@@ -58,14 +52,15 @@ private:
     /// Heeds where the control goes, and whether it can be seen.
     void Watch(QWidget* control);
     void Stand();
+    QRect PlaceOf(const QWidget& part) const { return {part.mapTo(&window_, QPoint()), part.size()}; }
 
     Session& session_;
     QWidget& window_;
-    const std::function<int()> times_;
+    QWidget& drawing_;
     QPointer<TourBubble> bubble_;
     QPointer<QWidget> ring_;
-    QPointer<QWidget> control_; ///< beside which the bubble stands
-    QPointer<QWidget> watched_; ///< the one concerned
+    QPointer<QWidget> control_; ///< that the ring is around
+    QPointer<QWidget> watched_; ///< the one concerned, seen or not
 };
 
 } // namespace pistaro

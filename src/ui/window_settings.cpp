@@ -20,12 +20,19 @@ struct NamedLook {
 };
 constexpr NamedLook NamedLooks[] = {{"window/surface", &Looks::Surface, true},
                                     {"window/legend", &Looks::Legend, false},
+                                    {"window/lanes", &Looks::Lanes, false},
+                                    {"window/suggestions", &Looks::Suggestions, false},
                                     {"window/columns", &Looks::Columns, true}};
+constexpr const char* NumbersKey = "window/numbers";
 constexpr const char* PlaceKey = "window/place";
+constexpr const char* PanelsKey = "window/panels";
 
 bool HasRoomForColumns(const QMainWindow& window) {
     return window.screen()->availableSize().width() >= LeastWidthForColumns;
 }
+
+/// Which panels are shown, and where.
+QMainWindow& PanelsOf(const QMainWindow& window) { return *window.findChild<QMainWindow*>("fraMiddle"); }
 
 QString FileName(const std::filesystem::path& path) { return Shown(TextFromPath(path)); }
 
@@ -33,16 +40,22 @@ QString FileName(const std::filesystem::path& path) { return Shown(TextFromPath(
 
 void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Session& session) {
     Looks looks;
+    bool numbers = false;
     for (const NamedLook& named : NamedLooks)
         looks.*named.Look = named.AtFirst;
     if (!path.empty()) {
         const QSettings settings(FileName(path), QSettings::IniFormat);
         for (const NamedLook& named : NamedLooks)
             looks.*named.Look = settings.value(named.Key, named.AtFirst).toBool();
+        numbers = settings.value(NumbersKey, numbers).toBool();
         window.restoreGeometry(settings.value(PlaceKey).toByteArray());
+        PanelsOf(window).restoreState(settings.value(PanelsKey).toByteArray());
     }
     if (!HasRoomForColumns(window)) looks.Columns = false;
-    session.Do([&] { session.Looks = looks; });
+    session.Do([&] {
+        session.Looks = looks;
+        session.Project.EditState.ShowNumbers = numbers;
+    });
 }
 
 void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, const Session& session) {
@@ -52,7 +65,9 @@ void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, co
         const bool isUsersChoice = named.Look != &Looks::Columns || HasRoomForColumns(window);
         if (isUsersChoice) settings.setValue(named.Key, session.Looks.*named.Look);
     }
+    settings.setValue(NumbersKey, session.Project.EditState.ShowNumbers);
     settings.setValue(PlaceKey, window.saveGeometry());
+    settings.setValue(PanelsKey, PanelsOf(window).saveState());
 }
 
 } // namespace pistaro

@@ -116,6 +116,28 @@ TEST(Building, ATrackHolds501ElementsAndThe502ndIsAnErrorThatChangesNothing) {
     }
 }
 
+TEST(Building, WhereNotAllOfSeveralPiecesHaveRoomNoneIsLaid) {
+    Project project = ProjectOf("");
+    AddPiece(Pieces(), project.Design, project.EditState, "C160", 498);
+    const std::string before = Snapshot(project);
+
+    EXPECT_THROW(AddPiece(Pieces(), project.Design, project.EditState, "C151L", 4), Fault);
+    EXPECT_EQ(Snapshot(project), before);
+    AddPiece(Pieces(), project.Design, project.EditState, "C151L", 3);
+    EXPECT_EQ(FirstTrack(project).ElementCodes.size(), 501U);
+}
+
+TEST(Building, SeveralSpecialPiecesAreAddedWhereOneWouldReplace) {
+    Project project = ProjectOf("C160");
+    project.EditState.Select(0);
+
+    LaySpecial(Pieces(), project.Design, project.EditState, "C8009", 2);
+    EXPECT_EQ(CodesOf(FirstTrack(project)), "C160 C8009 C8009");
+    project.EditState.Select(0);
+    LaySpecial(Pieces(), project.Design, project.EditState, "C8009");
+    EXPECT_EQ(CodesOf(FirstTrack(project)), "C8009 C8009 C8009");
+}
+
 TEST(Building, AnAdapterAsTheFirstElementLeavesTheTrackSystem) {
     Project project = NincoProject();
 

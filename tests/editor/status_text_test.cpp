@@ -145,20 +145,26 @@ TEST(StatusText, CountsAllTracksTogetherWhenAllAreChosen) {
 TEST(Figures, TellLanesAsBuiltPriceAndWhatIsToBuy) {
     Project project = ProjectOf("C160 C159");
     project.Preferences.Units.Currency = "EUR";
-    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.50 and 52.50 cm as built · 2 to buy");
+    const std::string lanes = "lanes 52.50 and 52.50 cm as built · ";
+    EXPECT_EQ(FiguresText(Pieces(), project), lanes + "2 to buy, without a price");
 
     ProductStock& straight = project.Stock.Of(Pieces().FindRow("C160"));
-    straight = {.OwnedCount = 1, .Price = 2.5F};
-    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.50 and 52.50 cm as built · 2.5 EUR · 1 to buy");
+    straight = {.OwnedCount = 0, .Price = 2.5F};
+    EXPECT_EQ(FiguresText(Pieces(), project),
+              lanes + "price 2.50 €, 1 without a price · 2 to buy: 2.50 €, 1 without a price");
+    straight.OwnedCount = 1;
+    EXPECT_EQ(FiguresText(Pieces(), project), lanes + "price 2.50 €, 1 without a price · 1 to buy, without a price");
+    project.Stock.Of(Pieces().FindRow("C159")) = {.OwnedCount = 0, .Price = 1.99F};
+    EXPECT_EQ(FiguresText(Pieces(), project), lanes + "price 4.49 € · 1 to buy: 1.99 €");
     project.Stock.Of(Pieces().FindRow("C159")).OwnedCount = 1;
-    EXPECT_EQ(FiguresText(Pieces(), project), "lanes 52.50 and 52.50 cm as built · 2.5 EUR · all owned");
+    EXPECT_EQ(FiguresText(Pieces(), project), lanes + "price 4.49 € · all owned");
 }
 
 TEST(Figures, OfAllTracksAreThoseOfAllPieces) {
     Project project = ProjectOf("C160", "C160 C160");
     ChooseAllTracks(project.EditState);
 
-    EXPECT_EQ(FiguresText(Pieces(), project), "3 to buy");
+    EXPECT_EQ(FiguresText(Pieces(), project), "3 to buy, without a price");
     EXPECT_EQ(FiguresText(Pieces(), ProjectOf("")), "");
 }
 

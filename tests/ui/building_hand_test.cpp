@@ -99,6 +99,57 @@ TEST_F(BuildingByHand, ADigitLaysSoManyAndAnOvalTakesSixActions) {
     EXPECT_EQ(Text("lblStatus"), "Track 1 · 10 pieces · closed · unsaved");
 }
 
+TEST_F(BuildingByHand, WhatADigitLaidIsOneStepOfUndo) {
+    Open(ProjectOf("C160"));
+
+    QTest::keyClick(Window.get(), Qt::Key_4);
+    Click("cmdElement", "C151L");
+    EXPECT_EQ(Codes(), "C160 C151L C151L C151L C151L");
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Add 4 C151");
+
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), "C160");
+    EXPECT_FALSE(Entry("mnuUndo").isEnabled());
+    Choose("mnuRedo");
+    EXPECT_EQ(Codes(), "C160 C151L C151L C151L C151L");
+}
+
+TEST_F(BuildingByHand, WhatADigitInsertsIsOneStepOfUndo) {
+    Open(ProjectOf("C160 C159"));
+    ClickLine(1);
+    Click("cmdInsert");
+
+    QTest::keyClick(Window.get(), Qt::Key_2);
+    Piece("C158").setFocus();
+    QTest::keyClick(&Piece("C158"), Qt::Key_Space);
+    EXPECT_EQ(Codes(), "C160 C158 C158 C159");
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Insert 2 C158");
+
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), "C160 C159");
+}
+
+TEST_F(BuildingByHand, ADigitShowsSoManyGhostsAndADragLaysThem) {
+    Open(ProjectOf("C160"));
+
+    QTest::keyClick(Window.get(), Qt::Key_3);
+    Enter("C159");
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C159", "C159", "C159"}));
+    EXPECT_EQ(GhostWords(), "3 × C159 · 0 left · gap 87.5 cm");
+    QTest::keyClick(Window.get(), Qt::Key_2);
+    EXPECT_EQ(GhostWords(), "2 × C159 · 0 left · gap 70.0 cm") << "the digit typed last";
+
+    Drag("C159", 8, -12);
+    EXPECT_EQ(Codes(), "C159 C159 C160");
+    EXPECT_FLOAT_EQ(First().TrackStartY, -35) << "before the start, which they take back";
+    EXPECT_EQ(Project.EditState.SelectedElement(), 1);
+    Drag("C158", 12, 35);
+    EXPECT_EQ(Codes(), "C159 C159 C160 C158") << "the digit was for one drag";
+    Choose("mnuUndo");
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), "C160");
+}
+
 TEST_F(BuildingByHand, EscapeForgetsTheDigit) {
     Open();
 

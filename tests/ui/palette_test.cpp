@@ -17,6 +17,8 @@ const QColor TooFew(198, 40, 40);
 
 class PaletteTest : public WindowTest {
 protected:
+    void TearDown() override { QCursor::setPos(0, 0); } // for whoever comes next
+
     PieceButton& Palette(const std::string& code) { return dynamic_cast<PieceButton&>(Piece(code)); }
     QLineEdit& Line() { return Find<QLineEdit>("txtFindPiece"); }
     QListWidget& FoundPieces() { return Find<QListWidget>("lstFoundPieces"); }
@@ -50,6 +52,18 @@ protected:
         EXPECT_TRUE(menu.isVisible());
         return menu;
     }
+    /// Moves the mouse onto an entry of a menu that is open.
+    static void PointAt(QMenu& menu, int entry) {
+        QTest::mouseMove(&menu, menu.actionGeometry(menu.actions().at(entry)).center() - QPoint(0, 2));
+        QTest::mouseMove(&menu, menu.actionGeometry(menu.actions().at(entry)).center());
+        QApplication::processEvents();
+    }
+    void PointAtFound(int line) {
+        QTest::mouseMove(FoundPieces().viewport(), FoundPieces().visualItemRect(FoundPieces().item(line)).center());
+        QApplication::processEvents();
+    }
+    const OverlayPieces& Ghost() { return std::get<OverlayPieces>(Canvas().OverlayOf("ghost").at(0)); }
+    std::string GhostWords() { return std::get<OverlayText>(Canvas().OverlayOf("ghost").at(1)).Text; }
     static void Press(QMenu& menu, int entry) {
         QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(entry)).center());
     }
@@ -99,6 +113,61 @@ TEST_F(PaletteTest, ADigitBeforeASpecialPieceLaysSoMany) {
     Press(Unfold("C160"), 5);
 
     EXPECT_EQ(Codes(), "C8009 C8009 C8009");
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), "") << "as one step";
+}
+
+TEST_F(PaletteTest, ADigitBeforeASearchLaysSoManyOfThePieceFound) {
+    Open();
+
+    QTest::keyClick(Window.get(), Qt::Key_2);
+    Search("hump");
+    QTest::keyClick(&Line(), Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), "C248 C248");
+}
+
+TEST_F(PaletteTest, AFoldedOutPieceAppearsAsAGhostWhereAPressWouldPutIt) {
+    pistaro::Project project = ProjectOf("C160 C160");
+    SetStock(project, "C8007", 2);
+    Open(project);
+    QMenu& menu = Unfold("C160");
+
+    PointAt(menu, 4);
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C8007"}));
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 70, 0}));
+    EXPECT_EQ(GhostWords(), "C8007 · 2 left · gap 105.0 cm");
+    menu.close();
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+
+    ClickLine(0);
+    Unfold("C159");
+    PointAt(Find<QMenu>("mnuFoldOut", "C159"), 0);
+    EXPECT_EQ(GhostWords(), "C277 · 0 left · gap 87.5 cm") << "of another shape than the selected piece";
+    Find<QMenu>("mnuFoldOut", "C159").close();
+    PointAt(Unfold("C160"), 4);
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 0, 0}));
+    EXPECT_EQ(GhostWords(), "C8007 in place of C160 · 2 left · gap 70.0 cm");
+}
+
+TEST_F(PaletteTest, APieceFoundAppearsAsAGhostWhileTheMouseIsOnIt) {
+    pistaro::Project project = ProjectOf("C160");
+    SetStock(project, "C159", 3);
+    Open(project);
+    Search("c159");
+    QApplication::processEvents();
+
+    PointAtFound(0);
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+    EXPECT_EQ(GhostWords(), "C159 · 3 left · gap 52.5 cm");
+
+    QTest::mouseMove(FoundPieces().viewport(), {20, FoundPieces().viewport()->height() - 5});
+    QApplication::processEvents();
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty()) << "below the lines";
+    PointAtFound(0);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(FoundPieces().viewport(), &leave);
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
 }
 
 TEST_F(PaletteTest, AltDownUnfoldsWithoutTheMouse) {

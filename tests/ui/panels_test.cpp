@@ -61,6 +61,32 @@ TEST_F(Panels, ChecksAreShownAndHiddenByTheirKey) {
     EXPECT_FALSE(Entry("mnuChecks").isChecked());
 }
 
+TEST_F(Panels, LeaveTheDrawingItsRoomAndStandBehindEachOther) {
+    Open(ProjectOf("C8006"));
+    auto& checks = Find<QDockWidget>("fraChecks");
+    auto& money = Find<QDockWidget>("fraMoney");
+    Window->resize(1024, 640);
+    ShowPanel("mnuChecks");
+    EXPECT_LE(checks.height(), 192) << "three tenths of the window";
+    EXPECT_GE(Picture().height(), 352) << "more than half of it";
+    EXPECT_GE(Picture().width(), 400);
+    const int height = Picture().height();
+
+    ShowPanel("mnuMoney");
+    EXPECT_TRUE(Entry("mnuMoney").isChecked());
+    EXPECT_FALSE(Entry("mnuChecks").isChecked()) << "it stands behind";
+    EXPECT_GE(Picture().height(), height - 32) << "the tabs take a line";
+    EXPECT_FALSE(money.visibleRegion().isEmpty());
+    EXPECT_TRUE(checks.visibleRegion().isEmpty());
+
+    ShowPanel("mnuChecks");
+    EXPECT_TRUE(Entry("mnuChecks").isChecked()) << "its key brings it to the front";
+    EXPECT_FALSE(checks.visibleRegion().isEmpty());
+    ShowPanel("mnuChecks");
+    EXPECT_FALSE(checks.isVisible());
+    EXPECT_TRUE(Entry("mnuMoney").isChecked());
+}
+
 TEST_F(Panels, ChecksFollowEveryEdit) {
     Open(ProjectOf("C8006"));
     ShowPanel("mnuChecks");
@@ -146,16 +172,16 @@ TEST_F(Panels, LanesAreFollowedInTheDrawing) {
     Open(ProjectOf("C160 C8006 C151L"));
     ShowPanel("mnuLanes");
 
-    const Overlay& lanes = Canvas().OverlayOf("lanes");
+    const Overlay& lanes = Canvas().OverlayOf("built lanes");
     ASSERT_EQ(lanes.size(), 6U);
     const auto& left = std::get<OverlayPath>(lanes[0]);
     EXPECT_EQ(left.Path.size(), 3U);
     EXPECT_EQ(left.InkColour, std::get<OverlayPath>(lanes[1]).InkColour) << "one change-over makes them one lane";
 
     Click("cmdElement", "C160");
-    EXPECT_EQ(std::get<OverlayPath>(Canvas().OverlayOf("lanes")[0]).Path.size(), 4U);
+    EXPECT_EQ(std::get<OverlayPath>(Canvas().OverlayOf("built lanes")[0]).Path.size(), 4U);
     ShowPanel("mnuLanes");
-    EXPECT_TRUE(Canvas().OverlayOf("lanes").empty());
+    EXPECT_TRUE(Canvas().OverlayOf("built lanes").empty());
 }
 
 TEST_F(Panels, MoneyIsCountedToTheCent) {
@@ -170,6 +196,24 @@ TEST_F(Panels, MoneyIsCountedToTheCent) {
     EXPECT_EQ(Column("lstMoney", 4), (Texts{"2", "2"}));
     EXPECT_EQ(Column("lstMoney", 6), (Texts{"5.98", "6.70"}));
     EXPECT_EQ(Text("lblMoney"), "To buy: 12.68 €");
+}
+
+TEST_F(Panels, APriceThatNobodyKnowsIsNoneAndIsCounted) {
+    pistaro::Project project = ProjectOf("C160 C160 C151L");
+    SetStock(project, "C151L", 0, 2.99F);
+    Open(project);
+    ShowPanel("mnuMoney");
+
+    EXPECT_EQ(Column("lstMoney", 5), (Texts{"2.99", ""}));
+    EXPECT_EQ(Column("lstMoney", 6), (Texts{"2.99", ""}));
+    EXPECT_EQ(Text("lblMoney"), "To buy: 2.99 €, and 2 without a price");
+}
+
+TEST_F(Panels, WhereNoPriceIsKnownNoneIsAdded) {
+    Open(ProjectOf("C160 C160"));
+    ShowPanel("mnuMoney");
+
+    EXPECT_EQ(Text("lblMoney"), "To buy: 2 without a price");
 }
 
 TEST_F(Panels, WhatIsTypedIntoTheMoneyPanelIsSaved) {

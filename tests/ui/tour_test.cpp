@@ -114,6 +114,35 @@ TEST_F(TourTest, StandsInsideTheWindowBesideTheControlWhateverItsSize) {
     EXPECT_FALSE(Bubble().geometry().intersects(PlaceOf(Find<QLabel>("lblStatus"))));
 }
 
+TEST_F(TourTest, CoversNoControlAtAnyStep) {
+    Open();
+    Begin();
+    const auto expectClear = [&] {
+        Settle();
+        EXPECT_TRUE(PlaceOf(Picture()).contains(Bubble().geometry())) << Text("lblTourStep");
+        EXPECT_NE(Window->childAt(Ring().center()), &Find<QWidget>("fraTourRing")) << "the mouse reaches what is in it";
+    };
+    for (const QSize size : {QSize(1024, 640), QSize(1920, 1080)}) {
+        Window->resize(size);
+        for (const char* const code : {"C160", "C151L", "C160", "C151L"}) {
+            expectClear();
+            if (std::string(code) == "C151L") {
+                Digit(Qt::Key_4);
+                expectClear();
+            }
+            Click("cmdElement", code);
+        }
+        expectClear();
+        Choose("mnuUndo");
+        Choose("mnuUndo");
+        Choose("mnuUndo");
+        Choose("mnuUndo");
+        EXPECT_EQ(Text("lblTourStep"), "Step 1 of 6");
+    }
+    Choose("mnuChecks");
+    expectClear();
+}
+
 TEST_F(TourTest, TheRingFollowsAColumnThatScrolls) {
     Open();
     Window->resize(1024, 500);

@@ -40,6 +40,30 @@ TEST_F(WindowSettings, BringLooksAndSizeBack) {
     EXPECT_EQ(Window->size(), QSize(1000, 640));
 }
 
+TEST_F(WindowSettings, BringBackWhatIsShownInTheDrawingAndBelowIt) {
+    Open(ProjectOf("C160 C8006"));
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+    EXPECT_FALSE(Button("chkNumbers").isChecked());
+    Choose("mnuLanes");
+    Choose("mnuSuggest");
+    Choose("mnuMoney");
+    Session->Run(*Session->Commands.Find("numbers"));
+    KeepWindow(folder_ / "window.ini", *Window, *Session);
+
+    Open(ProjectOf("C160 C8006"));
+    EXPECT_TRUE(Canvas().OverlayOf("built lanes").empty());
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+
+    EXPECT_TRUE(Entry("mnuLanes").isChecked());
+    EXPECT_FALSE(Canvas().OverlayOf("built lanes").empty());
+    EXPECT_TRUE(Entry("mnuSuggest").isChecked());
+    EXPECT_TRUE(Button("chkNumbers").isChecked());
+    EXPECT_TRUE(Find<QDockWidget>("fraMoney").isVisible());
+    EXPECT_TRUE(Entry("mnuMoney").isChecked());
+    EXPECT_FALSE(Find<QDockWidget>("fraChecks").isVisible());
+    EXPECT_FALSE(Entry("mnuChecks").isChecked());
+}
+
 TEST_F(WindowSettings, ColumnsThatANarrowScreenFoldedAwayComeBackOnAWiderOne) {
     Open();
     ASSERT_LT(Window->screen()->availableSize().width(), 900) << "the platform without a display is narrow";
@@ -70,6 +94,32 @@ TEST_F(WindowSettings, TheLegendStandsOnTheDrawingWhileItIsChosen) {
     EXPECT_NE(Picture().grab().toImage(), without);
     Choose("mnuLegend");
     EXPECT_EQ(Picture().grab().toImage(), without);
+}
+
+TEST_F(WindowSettings, TheLegendStandsInTheCornerWhereTheCircuitIsNot) {
+    Open(ProjectOf("C160"));
+    Window->resize(1024, 640);
+    QApplication::processEvents();
+    const auto corner = [this](bool left) {
+        const QImage drawing = Picture().grab().toImage();
+        return drawing.copy(left ? 13 : drawing.width() - 60, 40, 40, 40);
+    };
+    const QImage nothing = corner(true);
+    Choose("mnuLegend");
+    EXPECT_NE(corner(true), nothing);
+    const WorldPoint upperLeft = Canvas().WorldAt({40, 60});
+    Choose("mnuLegend");
+
+    Session->Do([&] {
+        Project.Design.Circuit.Tracks[0].TrackStartX = upperLeft.X;
+        Project.Design.Circuit.Tracks[0].TrackStartY = upperLeft.Y;
+    });
+    const QImage circuit = corner(true);
+    const QImage right = corner(false);
+    Choose("mnuLegend");
+
+    EXPECT_EQ(corner(true), circuit) << "it hides no piece";
+    EXPECT_NE(corner(false), right);
 }
 
 } // namespace

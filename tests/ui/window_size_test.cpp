@@ -1,4 +1,5 @@
 // The window on low screens and with large letters, and where the keyboard is.
+#include "support/stock.h"
 #include "ui/window_fixture.h"
 
 #include <QApplication>
@@ -67,6 +68,36 @@ TEST_F(WindowSize, OnALowScreenTheSideColumnsScroll) {
     EXPECT_TRUE(ShowsWholly(Button("cmdSeeRemaining")));
     TurnWheelDown(Button("cmdMvUp"));
     EXPECT_TRUE(ShowsWholly(Button("cmdDelete")));
+}
+
+TEST_F(WindowSize, OnAWideScreenMostOfTheWidthIsDrawing) {
+    Open(ProjectOf("C160"));
+
+    Window->resize(1920, 1080);
+    QApplication::processEvents();
+
+    EXPECT_GE(Picture().width(), 1344) << "seven tenths";
+}
+
+TEST_F(WindowSize, AStatusLineThatIsTooLongGivesWayAndTellsAllInItsTip) {
+    pistaro::Project project = ProjectOf("C160 C151L C151L C151L C8006");
+    project.Preferences.Units.Currency = "shillings of the club's own house";
+    SetStock(project, "C160", 0, 2.5F);
+    Open(project);
+    Window->resize(1024, 640);
+    QApplication::processEvents();
+    EXPECT_EQ(Window->width(), 1024) << "it does not widen the window";
+    Picture().grab();
+    auto& figures = Find<QLabel>("lblFigures");
+    figures.grab();
+
+    EXPECT_EQ(figures.toolTip(), figures.text());
+    EXPECT_GE(Find<QLabel>("lblStatus").width(), Find<QLabel>("lblStatus").sizeHint().width());
+
+    Window->resize(1920, 1080);
+    QApplication::processEvents();
+    figures.grab();
+    EXPECT_EQ(figures.toolTip(), "");
 }
 
 TEST_F(WindowSize, TheKeyboardScrollsToWhatItReaches) {
