@@ -2,29 +2,19 @@
 #pragma once
 
 #include "commands/box_search.h"
-#include "commands/laying_commands.h"
-#include "ui/piece_counts.h"
+#include "ui/box_fields.h"
 #include "ui/score_weights_box.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDialog>
 #include <QListWidget>
-#include <QRadioButton>
-#include <QSpinBox>
 #include <QTimer>
-
-#include <array>
 
 namespace pistaro {
 
 /// Stays beside the window. The search runs on a thread of its own; what it finds is shown as it is found.
 class frmBox : public QDialog {
 public:
-    enum class Purpose {
-        Box,        ///< begins with the pieces that are owned
-        Variations, ///< begins with the pieces of the design, of which the selected ones can be kept
-    };
+    using Purpose = BoxPurpose;
 
     frmBox(Session& session, Purpose purpose, QWidget* parent = nullptr);
 
@@ -36,17 +26,10 @@ protected:
 
 private:
     QWidget* Fields();
-    QLayout* BoxFields();
-    QWidget* RoomFields();
-    QWidget* MustHaveFields();
-    QLayout* SearchFields();
+    QLayout* SearchButtons();
     QLayout* Circuits();
     QLayout* Buttons();
-    void AddSet();
-    void OfferRoom();
-    void OfferPart();
 
-    BoxWish Wish() const;
     void Search();
     void StopOrGoOn();
     void Hear();
@@ -60,16 +43,7 @@ private:
 
     Session& session_;
     const Purpose purpose_;
-    PieceCounts* lstBox_ = nullptr;
-    QComboBox* cboSets_ = nullptr;
-    BoxedSets sets_;
-    QRadioButton *optRoomDesign_ = nullptr, *optRoomArea_ = nullptr;
-    QSpinBox *spnWidth_ = nullptr, *spnDepth_ = nullptr, *spnCount_ = nullptr;
-    QLineEdit* txtSeed_ = nullptr;
-    std::array<QCheckBox*, 4> mustHaves_{};
-    QCheckBox* chkKeepPart_ = nullptr;
-    std::optional<KeptPart> part_;  ///< of the design, as it was selected
-    int middleX_ = 0, middleY_ = 0; ///< of an area as the room, cm
+    BoxFields* const fields_;
     QListWidget* lstCircuits_ = nullptr;
     ScoreWeightsBox* weights_ = nullptr;
     QLabel* lblFound_ = nullptr;
