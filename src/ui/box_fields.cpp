@@ -5,12 +5,12 @@
 #include "ui/named_controls.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pistaro {
 
@@ -41,18 +41,33 @@ QSpinBox* NewLengthBox(const char* name, int value) {
 
 } // namespace
 
-BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()> countChanged)
-    : session_(session), purpose_(purpose), countChanged_(std::move(countChanged)), sets_(SetsOf(session)) {
+BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()> boxChanged,
+                     std::function<void()> countChanged)
+    : session_(session), purpose_(purpose), boxChanged_(std::move(boxChanged)), countChanged_(std::move(countChanged)),
+      owned_(OwnedBox(session.Catalogue, session.Project.Stock)), sets_(SetsOf(session)) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(PieceFields(), 1);
     column->addWidget(RoomFields());
     column->addWidget(MustHaveFields());
     column->addLayout(NumberFields());
-    lstBox_->Show(purpose == BoxPurpose::Variations ? BoxOfDesign(session)
-                                                    : OwnedBox(session.Catalogue, session.Project.Stock));
+    lstBox_->Show(purpose == BoxPurpose::Variations ? BoxOfDesign(session) : owned_);
+    ShowTotal();
     OfferRoom();
+    ChooseRoom();
+    connect(lstBox_, &QTreeWidget::itemChanged, this, [this] {
+        ShowTotal();
+        boxChanged_();
+    });
 }
+
+void BoxFields::Refresh() {
+    OfferRoom();
+    const PieceBox before = std::exchange(owned_, OwnedBox(session_.Catalogue, session_.Project.Stock));
+    if (purpose_ == BoxPurpose::Box && lstBox_->Box() == before && before != owned_) lstBox_->Show(owned_);
+}
+
+void BoxFields::ShowTotal() { lblTotal_->setText(Shown(PieceCountText(lstBox_->Box().Total()) + " in the box")); }
 
 QLayout* BoxFields::PieceFields() {
     lstBox_ = Named(new PieceCounts(session_.Catalogue), "lstBox");
@@ -67,10 +82,10 @@ QLayout* BoxFields::PieceFields() {
     for (const BoxedSet& set : sets_)
         cboSets_->addItem(Shown(set.Name));
     cmdAddSet->setEnabled(!sets_.empty());
-    connect(cmdAllOwned, &QPushButton::clicked, this,
-            [this] { lstBox_->Show(OwnedBox(session_.Catalogue, session_.Project.Stock)); });
+    connect(cmdAllOwned, &QPushButton::clicked, this, [this] { lstBox_->Show(owned_); });
     connect(cmdNoPieces, &QPushButton::clicked, this, [this] { lstBox_->Show(OwnedBox(session_.Catalogue, Stock())); });
     connect(cmdAddSet, &QPushButton::clicked, this, [this] { AddSet(); });
+    lblTotal_ = Named(new QLabel, "lblTotal");
     auto* const contents = new QHBoxLayout;
     contents->addWidget(cmdAllOwned);
     contents->addWidget(cmdNoPieces);
@@ -79,6 +94,7 @@ QLayout* BoxFields::PieceFields() {
     set->addWidget(cmdAddSet);
     auto* const column = new QVBoxLayout;
     column->addWidget(lstBox_, 1);
+    column->addWidget(lblTotal_);
     column->addLayout(contents);
     column->addLayout(set);
     return column;
@@ -113,12 +129,17 @@ QWidget* BoxFields::RoomFields() {
     return frame;
 }
 
-/// Begins with the design's room, where there is one; else with an area in which its circuit has room.
 void BoxFields::OfferRoom() {
+    const bool isThere = HasWalls(session_.Project.Design.Room);
+    optRoomDesign_->setEnabled(isThere);
+    optRoomDesign_->setToolTip(isThere ? "The walls of the design that is open" : "The design has no room with walls");
+    if (!isThere) optRoomArea_->setChecked(true);
+}
+
+/// Begins with the design's room, where there is one; else with an area in which its circuit has room.
+void BoxFields::ChooseRoom() {
     const Design& design = session_.Project.Design;
     const bool isThere = HasWalls(design.Room);
-    optRoomDesign_->setEnabled(isThere);
-    if (!isThere) optRoomDesign_->setToolTip("The design has no room with walls");
     const auto extent = ExtentOf(session_.Catalogue, design);
     if (purpose_ == BoxPurpose::Variations && extent && !isThere) {
         constexpr double spare = 60; // cm

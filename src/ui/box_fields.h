@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -22,8 +23,13 @@ enum class BoxPurpose {
 
 class BoxFields : public QWidget {
 public:
-    /// `countChanged` is called when another number of circuits is wished for.
-    BoxFields(Session& session, BoxPurpose purpose, std::function<void()> countChanged);
+    /// `boxChanged` is called when other pieces are in the box, `countChanged` when another number of circuits is
+    /// wished for.
+    BoxFields(Session& session, BoxPurpose purpose, std::function<void()> boxChanged,
+              std::function<void()> countChanged);
+
+    /// To be called when other pieces are owned, or the room is another: a box of all that is owned stays so.
+    void Refresh();
 
     BoxWish Wish() const;
 
@@ -36,13 +42,17 @@ private:
     QWidget* MustHaveFields();
     QLayout* NumberFields();
     void AddSet();
+    void ShowTotal();
     void OfferRoom();
+    void ChooseRoom();
     void OfferPart();
 
     Session& session_;
     const BoxPurpose purpose_;
-    const std::function<void()> countChanged_;
+    const std::function<void()> boxChanged_, countChanged_;
+    PieceBox owned_; ///< as it was last looked at
     PieceCounts* lstBox_ = nullptr;
+    QLabel* lblTotal_ = nullptr;
     QComboBox* cboSets_ = nullptr;
     BoxedSets sets_;
     QRadioButton *optRoomDesign_ = nullptr, *optRoomArea_ = nullptr;

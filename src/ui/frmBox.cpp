@@ -1,32 +1,49 @@
 #include "ui/frmBox.h"
 
+#include "commands/closing_commands.h"
 #include "ui/named_controls.h"
-#include "ui/work_picture.h"
 
 #include <QEvent>
-#include <QKeyEvent>
-#include <QSignalBlocker>
+#include <QScreen>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace pistaro {
 
 namespace {
 
-constexpr int PictureSide = 132;
-constexpr int PlaceRole = Qt::UserRole; ///< of a circuit's line: its place among those found
-constexpr int TogetherWithin = 60;      ///< milliseconds
+constexpr int TogetherWithin = 60; ///< milliseconds
 
 QString CountText(std::size_t count) {
     return QString::number(count) + (count == 1 ? " circuit found" : " circuits found");
 }
 
+/// What was found, how the search stands, and what can be done next.
+QString StandingText(BoxStanding standing, std::size_t count, bool isBoxEmpty) {
+    switch (standing) {
+    case BoxStanding::Idle:
+        if (count > 0) return CountText(count) + ".";
+        return isBoxEmpty ? "Put pieces into the box: type their counts, or add a set."
+                          : "Press Search to see what these pieces make in this room.";
+    case BoxStanding::Runs:
+        return CountText(count) + ", and looking on …";
+    case BoxStanding::Paused:
+        return CountText(count) + " so far.";
+    case BoxStanding::Ended:
+        return CountText(count) + "; there may be others.";
+    case BoxStanding::Complete:
+        break;
+    }
+    return count == 0 ? "These pieces make no circuit in this room." : CountText(count) + "; there are no others.";
+}
+
 } // namespace
 
 frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
-    : QDialog(parent), session_(session), purpose_(purpose),
-      fields_(new BoxFields(session, purpose, [this] { ShowFound(); })),
+    : QDialog(parent), session_(session), begunWith_(session.Project.Design.Circuit), begunRun_(SelectedRun(session)),
+      fields_(new BoxFields(
+          session, purpose, [this] { ShowStanding(); }, [this] { ShowFound(); })),
+      lstCircuits_(new FoundCircuits(session)), preview_(new CircuitPreview(session)),
+      weights_(new ScoreWeightsBox([this] { ShowFound(); })),
       search_(
           session.Catalogue,
           [this](std::function<void()> call) {
@@ -36,20 +53,35 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
     const bool varies = purpose == Purpose::Variations;
     setObjectName(varies ? "frmVariations" : "frmBox");
     setWindowTitle(varies ? "Variations" : "Circuits from My Box");
+    auto* const found = new QHBoxLayout;
+    found->addLayout(Circuits(), 3);
+    found->addLayout(Chosen(varies ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 2);
+    auto* const right = new QVBoxLayout;
+    right->addLayout(found, 1);
+    right->addWidget(weights_);
     auto* const columns = new QHBoxLayout;
     columns->addWidget(Fields());
-    columns->addLayout(Circuits(), 1);
+    columns->addLayout(right, 1);
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(columns, 1);
     layout->addLayout(Buttons());
-    resize(980, 640);
+    constexpr QSize comfortable(1180, 700), titleBar(0, 40);
+    resize(comfortable.boundedTo(screen()->availableSize() - titleBar));
     showing_.setSingleShot(true);
     showing_.setInterval(TogetherWithin);
     connect(&showing_, &QTimer::timeout, this, [this] { ShowFound(); });
     observation_ = session.Observe([this](const Changes& changes) {
-        if (changes.Stock || changes.Preferences) ShowFound(); // prices and colours
+        if (changes.Stock || changes.Room) fields_->Refresh();
+        if (changes.Preferences) lstCircuits_->ForgetPictures(); // their colours
+        if (changes.Stock || changes.Preferences) ShowFound();
     });
     ShowStanding();
+    ShowChosen();
+}
+
+bool frmBox::IsAboutTheDesign() const {
+    const Circuit& circuit = session_.Project.Design.Circuit;
+    return circuit == opened_ || (circuit == begunWith_ && SelectedRun(session_) == begunRun_);
 }
 
 QWidget* frmBox::Fields() {
@@ -67,7 +99,8 @@ QLayout* frmBox::SearchButtons() {
     cmdSearch_ = NewButton("cmdSearch", "&Search");
     cmdStop_ = NewButton("cmdStop", "St&op");
     cmdCancelSearch_ = NewButton("cmdCancelSearch", "Cancel");
-    cmdSearch_->setToolTip("Look for circuits from the beginning");
+    cmdStop_->setToolTip("Stop for now, and go on later from there");
+    cmdCancelSearch_->setToolTip("End the search at once; what it has found stays");
     cmdSearch_->setDefault(true);
     connect(cmdSearch_, &QPushButton::clicked, this, [this] { Search(); });
     connect(cmdStop_, &QPushButton::clicked, this, [this] { StopOrGoOn(); });
@@ -82,52 +115,47 @@ QLayout* frmBox::SearchButtons() {
 }
 
 QLayout* frmBox::Circuits() {
-    lstCircuits_ = Named(new QListWidget, "lstCircuits");
-    lstCircuits_->setViewMode(QListView::IconMode);
-    lstCircuits_->setMovement(QListView::Static);
-    lstCircuits_->setResizeMode(QListView::Adjust);
-    lstCircuits_->setIconSize(QSize(PictureSide, PictureSide));
-    lstCircuits_->setSpacing(6);
-    lstCircuits_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    lstCircuits_->setAccessibleName("Circuits");
-    lstCircuits_->setToolTip("Click a circuit to open it as a new design; with Ctrl, only choose it");
-    lstCircuits_->installEventFilter(this);
-    connect(lstCircuits_, &QListWidget::itemClicked, this, [this] {
-        if (lstCircuits_->selectedItems().size() == 1) OpenChosen();
-    });
-    connect(lstCircuits_, &QListWidget::itemSelectionChanged, this, [this] { ShowParts(); });
-    weights_ = new ScoreWeightsBox([this] { ShowFound(); });
+    lstCircuits_->ChosenChanged = [this] { ShowChosen(); };
+    lstCircuits_->Opened = [this] { OpenChosen(); };
     lblFound_ = Named(new QLabel, "lblFound");
     auto* const column = new QVBoxLayout;
     column->addWidget(lblFound_);
     column->addWidget(lstCircuits_, 1);
-    column->addWidget(weights_);
+    return column;
+}
+
+QLayout* frmBox::Chosen(const QString& entry) {
+    cmdOpen_ = NewButton("cmdOpenCircuit", "O&pen This Circuit");
+    connect(cmdOpen_, &QPushButton::clicked, this, [this] { OpenChosen(); });
+    auto* const lblComesBack = new QLabel(QString("%1 brings all the circuits back.").arg(entry));
+    lblComesBack->setEnabled(false);
+    lblComesBack->setWordWrap(true);
+    auto* const column = new QVBoxLayout;
+    column->addWidget(preview_, 1);
+    column->addWidget(cmdOpen_);
+    column->addWidget(lblComesBack);
     return column;
 }
 
 QLayout* frmBox::Buttons() {
-    cmdOpen_ = NewButton("cmdOpenCircuit", "O&pen");
     cmdKeep_ = NewButton("cmdKeepCircuits", "&Keep as Files…");
     QPushButton* const cmdClose = NewButton("cmdCloseBox", "Close");
-    cmdOpen_->setToolTip("Open the chosen circuit as a new design");
-    cmdKeep_->setToolTip("Write the chosen circuits into files");
-    connect(cmdOpen_, &QPushButton::clicked, this, [this] { OpenChosen(); });
     connect(cmdKeep_, &QPushButton::clicked, this, [this] { KeepChosen(); });
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
-    return ButtonRow({cmdOpen_, cmdKeep_, cmdClose});
+    return ButtonRow({cmdKeep_, cmdClose});
 }
 
 void frmBox::Search() {
     session_.Do([&] {
         const BoxWish wish = fields_->Wish();
         const LayingTask task = TaskFor(session_, wish);
-        wish_ = wish;
+        box_ = wish.Box;
         room_ = RoomFor(session_, wish);
-        pictures_.clear();
-        lstCircuits_->clear();
+        lstCircuits_->Begin(room_);
         search_.Start(task);
-        ShowStanding();
     });
+    ShowStanding();
+    ShowChosen();
 }
 
 void frmBox::StopOrGoOn() {
@@ -144,107 +172,75 @@ void frmBox::Hear() {
     if (!showing_.isActive()) showing_.start();
 }
 
-/// Brings the list up to date: its lines stay where the order has not changed.
 void frmBox::ShowFound() {
     const std::vector<FoundCircuit>& found = search_.Found();
-    pictures_.resize(found.size());
-    const std::vector<std::size_t> best = BestOf(found, fields_->Count(), weights_->Weights());
-    const std::vector<std::size_t> chosen = Chosen();
-    {
-        const QSignalBlocker quiet(lstCircuits_);
-        while (lstCircuits_->count() > static_cast<int>(best.size()))
-            delete lstCircuits_->takeItem(lstCircuits_->count() - 1);
-        for (std::size_t i = 0; i < best.size(); ++i) {
-            const int row = static_cast<int>(i);
-            if (row == lstCircuits_->count()) lstCircuits_->addItem(QString());
-            FillLine(*lstCircuits_->item(row), best[i]);
-            lstCircuits_->item(row)->setSelected(std::ranges::find(chosen, best[i]) != chosen.end());
-        }
-    }
+    const ScoreWeights weights = weights_->Weights();
+    lstCircuits_->Show(found, BestOf(found, fields_->Count(), weights), weights);
     ShowStanding();
-    ShowParts();
-}
-
-void frmBox::FillLine(QListWidgetItem& line, std::size_t place) {
-    const LaidCircuit& circuit = search_.Found()[place].Circuit;
-    if (pictures_[place].isNull()) {
-        Design design = room_;
-        design.Circuit.Tracks.front() = circuit.Track;
-        pictures_[place] = QPixmap::fromImage(
-            WorkPicture(session_.Catalogue, design, session_.Project.Preferences, PictureSide, devicePixelRatioF()));
-    }
-    line.setData(PlaceRole, static_cast<qulonglong>(place));
-    line.setIcon(pictures_[place]);
-    line.setText(Shown(UseText(circuit) + "\n" + LengthAndPriceText(session_, circuit)));
+    ShowChosen();
 }
 
 void frmBox::ShowStanding() {
     const BoxStanding standing = search_.Standing();
-    const std::size_t count = search_.Found().size();
-    QString text;
-    switch (standing) {
-    case BoxStanding::Idle:
-        text = count == 0 ? "Press Search to see what these pieces make in this room." : CountText(count) + ".";
-        break;
-    case BoxStanding::Runs:
-        text = CountText(count) + ", and looking on …";
-        break;
-    case BoxStanding::Paused:
-        text = CountText(count) + " so far.";
-        break;
-    case BoxStanding::Ended:
-        text = CountText(count) + "; there may be others.";
-        break;
-    case BoxStanding::Complete:
-        text = count == 0 ? "These pieces make no circuit in this room." : CountText(count) + "; there are no others.";
-        break;
-    }
-    lblFound_->setText(text);
+    const bool isBoxEmpty = fields_->Wish().Box.Total() == 0;
+    lblFound_->setText(StandingText(standing, search_.Found().size(), isBoxEmpty));
+    cmdSearch_->setEnabled(!isBoxEmpty);
+    cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Look for circuits from the beginning");
     cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "St&op" : "&Go On");
     cmdStop_->setEnabled(standing != BoxStanding::Idle && standing != BoxStanding::Complete);
     cmdCancelSearch_->setEnabled(standing == BoxStanding::Runs);
 }
 
-void frmBox::ShowParts() {
-    const std::vector<std::size_t> chosen = Chosen();
-    cmdOpen_->setEnabled(chosen.size() == 1);
+void frmBox::ShowChosen() {
+    const std::vector<std::size_t> chosen = lstCircuits_->Chosen();
+    const bool isOne = chosen.size() == 1;
+    cmdOpen_->setEnabled(isOne);
+    cmdOpen_->setToolTip(isOne ? "Put it in the place of the design, as one step that Undo takes back"
+                               : "Choose one circuit first");
     cmdKeep_->setEnabled(!chosen.empty());
-    weights_->Show(chosen.size() == 1 ? std::optional(search_.Found()[chosen.front()].Circuit.Parts) : std::nullopt);
-}
-
-std::vector<std::size_t> frmBox::Chosen() const {
-    std::vector<std::size_t> chosen;
-    for (int row = 0; row < lstCircuits_->count(); ++row) {
-        const QListWidgetItem& line = *lstCircuits_->item(row);
-        if (line.isSelected()) chosen.push_back(static_cast<std::size_t>(line.data(PlaceRole).toULongLong()));
+    cmdKeep_->setToolTip(chosen.empty() ? "Choose circuits first: a click, and others with Ctrl or Shift"
+                                        : "Write the chosen circuits into files");
+    if (!isOne) {
+        weights_->Show(std::nullopt);
+        return preview_->ShowNone(chosen.empty() ? "The chosen circuit is shown here."
+                                                 : QString("%1 circuits are chosen.").arg(chosen.size()));
     }
-    return chosen;
+    const LaidCircuit& circuit = search_.Found()[chosen.front()].Circuit;
+    weights_->Show(circuit.Parts);
+    preview_->Show(lstCircuits_->DesignOf(circuit), FiguresOf(session_, box_, circuit));
 }
 
+/// The window goes, so that the design is seen; it comes back as it was.
 void frmBox::OpenChosen() {
-    const std::vector<std::size_t> chosen = Chosen();
+    const std::vector<std::size_t> chosen = lstCircuits_->Chosen();
     if (chosen.size() != 1) return;
-    session_.Do([&] { OpenAsNew(session_, room_, search_.Found()[chosen.front()].Circuit.Track, opened_); });
+    bool isOpen = false;
+    session_.Do([&] { isOpen = OpenAsNew(session_, room_, search_.Found()[chosen.front()].Circuit.Track, opened_); });
+    if (isOpen) close();
 }
 
 void frmBox::KeepChosen() {
     std::vector<Track> tracks;
-    for (const std::size_t place : Chosen())
+    for (const std::size_t place : lstCircuits_->Chosen())
         tracks.push_back(search_.Found()[place].Circuit.Track);
     session_.Do([&] { KeepAsFiles(session_, room_, tracks); });
 }
 
-bool frmBox::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
-    OpenChosen();
-    return true;
+void frmBox::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!search_.Found().empty()) lstCircuits_->setFocus();
 }
 
 void frmBox::hideEvent(QHideEvent* event) {
-    search_.Cancel();
+    search_.Pause();
     QDialog::hideEvent(event);
+}
+
+void frmBox::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || cmdKeep_ == nullptr) return;
+    lstCircuits_->ForgetPictures();
+    ShowFound();
 }
 
 } // namespace pistaro

@@ -3,31 +3,37 @@
 
 #include "commands/box_search.h"
 #include "ui/box_fields.h"
+#include "ui/circuit_preview.h"
+#include "ui/found_circuits.h"
 #include "ui/score_weights_box.h"
 
 #include <QDialog>
-#include <QListWidget>
 #include <QTimer>
 
 namespace pistaro {
 
-/// Stays beside the window. The search runs on a thread of its own; what it finds is shown as it is found.
+/// Stays beside the window until one of the circuits is opened, and comes back with all of them. The search runs on a
+/// thread of its own; what it finds is shown as it is found.
 class frmBox : public QDialog {
 public:
     using Purpose = BoxPurpose;
 
     frmBox(Session& session, Purpose purpose, QWidget* parent = nullptr);
 
-    Purpose WhatFor() const { return purpose_; }
+    /// Whether the design is the one that this window was opened for, with the same elements selected, or one that was
+    /// opened from it.
+    bool IsAboutTheDesign() const;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QWidget* Fields();
     QLayout* SearchButtons();
     QLayout* Circuits();
+    QLayout* Chosen(const QString& entry);
     QLayout* Buttons();
 
     void Search();
@@ -35,24 +41,23 @@ private:
     void Hear();
     void ShowFound();
     void ShowStanding();
-    void ShowParts();
-    void FillLine(QListWidgetItem& line, std::size_t place);
+    void ShowChosen();
     void OpenChosen();
     void KeepChosen();
-    std::vector<std::size_t> Chosen() const;
 
     Session& session_;
-    const Purpose purpose_;
+    const Circuit begunWith_;
+    const ElementRun begunRun_;
     BoxFields* const fields_;
-    QListWidget* lstCircuits_ = nullptr;
-    ScoreWeightsBox* weights_ = nullptr;
+    FoundCircuits* const lstCircuits_;
+    CircuitPreview* const preview_;
+    ScoreWeightsBox* const weights_;
     QLabel* lblFound_ = nullptr;
     QPushButton *cmdSearch_ = nullptr, *cmdStop_ = nullptr, *cmdCancelSearch_ = nullptr, *cmdOpen_ = nullptr,
                 *cmdKeep_ = nullptr;
-    BoxWish wish_;                  ///< of the search whose circuits are shown
+    PieceBox box_;                  ///< of the search whose circuits are shown
     Design room_;                   ///< that they lie in
     std::optional<Circuit> opened_; ///< that stands in the window because it was opened here
-    std::vector<QIcon> pictures_;   ///< by place among those found; those never shown have none
     QTimer showing_;                ///< so that many circuits found at once are shown together
     Observation observation_;
     BoxSearch search_;
