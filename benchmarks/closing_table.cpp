@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <functional>
 #include <spawn.h>
@@ -43,6 +45,13 @@ struct ProcessCost {
     long Kilobytes = 0;
 };
 
+/// A figure of a run that did not come to its end would be a false one.
+[[noreturn]] void StopFor(const std::string& reason) {
+    std::fflush(stdout);
+    std::fprintf(stderr, "closing_table: %s %s\n", PROGRAM, reason.c_str());
+    std::exit(1);
+}
+
 /// Runs the program with its output thrown away.
 ProcessCost CostOf(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), PROGRAM);
@@ -55,11 +64,14 @@ ProcessCost CostOf(std::vector<std::string> arguments) {
     posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", 1, 0);
     posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", 1, 0);
     pid_t child = 0;
-    posix_spawn(&child, PROGRAM, &actions, nullptr, pointers.data(), environ);
+    const int error = posix_spawn(&child, PROGRAM, &actions, nullptr, pointers.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
+    if (error != 0) StopFor(std::string("cannot be started: ") + std::strerror(error));
     int status = 0;
     rusage usage{};
-    wait4(child, &status, 0, &usage);
+    if (wait4(child, &status, 0, &usage) != child) StopFor("was lost sight of");
+    if (!WIFEXITED(status)) StopFor("was ended by signal " + std::to_string(WTERMSIG(status)));
+    if (WEXITSTATUS(status) != 0) StopFor(arguments[1] + " ended with status " + std::to_string(WEXITSTATUS(status)));
     const auto milliseconds = [](const timeval& time) {
         return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
     };
@@ -219,6 +231,7 @@ void NothingPossible(const ClosingTables& tables) {
 
 int main(int count, char** arguments) {
     using namespace pistaro;
+    CostOf({"--version"}); // before minutes of work for nothing
     const bool isShort = count > 1 && std::string(arguments[1]) == "--short";
     const ClosingTables tables(Pieces());
     std::printf("tables up to 4 pieces: %.1f ms\n", Timed([&] {

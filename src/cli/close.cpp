@@ -4,6 +4,9 @@
 #include "cli/start.h"
 #include "exchange/json.h"
 
+#include <set>
+#include <string_view>
+
 namespace pistaro {
 
 namespace {
@@ -28,6 +31,28 @@ Json SuggestionJson(const Suggestion& suggestion, const Track& track) {
     return json;
 }
 
+/// The products of the suggested pieces that have no price.
+std::set<std::string_view> UnpricedOf(const VerbContext& context, const Stock& stock,
+                                      const std::vector<Suggestion>& suggestions) {
+    std::set<std::string_view> products;
+    for (const Suggestion& suggestion : suggestions) {
+        for (const std::string& code : suggestion.Edit.Insert) {
+            const CatalogueEntry& piece = *context.Catalogue.Find(code);
+            if (stock[piece.StockIndex].Price == 0) products.insert(ProductCode(piece.Code));
+        }
+    }
+    return products;
+}
+
+/// Whoever reads the lines himself shall not take a sum for a price that is not known.
+void TellUnpriced(const VerbContext& context, const std::set<std::string_view>& products) {
+    if (products.empty() || !StandardErrorIsTerminal()) return;
+    context.Errors << "pistaro: without a price, and counted as 0:";
+    for (const std::string_view product : products)
+        context.Errors << ' ' << product;
+    context.Errors << '\n';
+}
+
 } // namespace
 
 void CloseVerb(const VerbContext& context, const std::filesystem::path& circuit, int track,
@@ -42,6 +67,7 @@ void CloseVerb(const VerbContext& context, const std::filesystem::path& circuit,
         context.Output << Line(SuggestionJson(suggestion,
                                               project.Design.Circuit.Tracks[static_cast<std::size_t>(track)]))
                        << '\n';
+    TellUnpriced(context, UnpricedOf(context, project.Stock, closings.Suggestions));
     if (closings.Suggestions.empty()) {
         context.Errors << "pistaro: track " << track + 1 << ": " << closings.WhyNone << '\n';
     }

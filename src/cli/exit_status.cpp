@@ -11,7 +11,7 @@ namespace pistaro {
 int ExitStatusOf(const VerbJob& job, const VerbContext& context) {
     try {
         job(context);
-        if (!context.Output.flush()) throw Fault("Disk full", "the standard output");
+        FlushOutput(context);
         return 0;
     } catch (const Stopped&) {
         constexpr int interrupted = 130; // 128 and the number of the signal, as shells tell it

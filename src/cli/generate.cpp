@@ -65,10 +65,10 @@ public:
         files_.push_back(file);
     }
 
-    const std::vector<std::filesystem::path>& Whole() {
-        whole_ = true;
-        return files_;
-    }
+    const std::vector<std::filesystem::path>& Files() const { return files_; }
+
+    /// They stay.
+    void Keep() { whole_ = true; }
 
 private:
     std::filesystem::path folder_;
@@ -108,9 +108,33 @@ const char* WhyNone(const Laying& laying) {
                             : "none was found from these pieces in this room";
 }
 
-const char* WhyNoMore(const Laying& laying) {
+const char* WhyNoMore(const Laying& laying, bool wasInterrupted) {
     if (laying.AreAll) return "there are no others";
+    if (wasInterrupted) return "it was interrupted";
     return laying.TimeWasUp ? "the time was up" : "no others were found";
+}
+
+/// Ctrl+C ends the search as the time does, with what is found by then.
+Laying Lay(const VerbContext& context, const LayingTask& task, const Interruptions& interruptions,
+           const std::function<bool()>& isTimeUp) {
+    const auto ends = [&] { return interruptions.Stop().stop_requested() || (isTimeUp && isTimeUp()); };
+    return InForeground(interruptions, context.Errors, "generate, circuits found", [&](const JobWatch& watch) {
+        return LayCircuits(context.Catalogue, task, {.Progress = watch.Progress, .Stop = {}}, ends);
+    });
+}
+
+/// The files stay only when every line of them was printed, too.
+void WriteAndTell(const VerbContext& context, const std::filesystem::path& out,
+                  const std::vector<LaidCircuit>& circuits, Design design) {
+    CircuitFolder folder(out);
+    for (const LaidCircuit& circuit : circuits) {
+        design.Circuit.Tracks.front() = circuit.Track;
+        folder.Write(design);
+    }
+    for (std::size_t i = 0; i < circuits.size(); ++i)
+        context.Output << Line(CircuitJson(folder.Files()[i], circuits[i])) << '\n';
+    FlushOutput(context);
+    folder.Keep();
 }
 
 } // namespace
@@ -137,21 +161,15 @@ void GenerateVerb(const VerbContext& context, const GenerateOptions& options) {
                           .Count = options.Count};
     RefuseWhatHoldsSomething(options.Out);
     const Interruptions interruptions;
-    const Laying laying = InForeground(interruptions, context.Errors, "generate", [&](const JobWatch& watch) {
-        return LayCircuits(context.Catalogue, task, watch, TimeUpAfter(options.Seconds));
-    });
+    const Laying laying = Lay(context, task, interruptions, TimeUpAfter(options.Seconds));
+    const bool wasInterrupted = interruptions.Stop().stop_requested();
+    if (laying.Circuits.empty() && wasInterrupted) throw Stopped();
     if (laying.Circuits.empty()) throw Fault("No circuit", WhyNone(laying));
-    CircuitFolder folder(options.Out);
-    for (const LaidCircuit& circuit : laying.Circuits) {
-        design.Circuit.Tracks.front() = circuit.Track;
-        folder.Write(design);
-    }
-    const std::vector<std::filesystem::path>& files = folder.Whole();
-    for (std::size_t i = 0; i < files.size(); ++i)
-        context.Output << Line(CircuitJson(files[i], laying.Circuits[i])) << '\n';
-    if (static_cast<int>(files.size()) < options.Count)
-        context.Errors << "pistaro: " << files.size() << " of " << options.Count << " circuits: " << WhyNoMore(laying)
-                       << '\n';
+    WriteAndTell(context, options.Out, laying.Circuits, std::move(design));
+    if (static_cast<int>(laying.Circuits.size()) < options.Count)
+        context.Errors << "pistaro: " << laying.Circuits.size() << " of " << options.Count
+                       << " circuits: " << WhyNoMore(laying, wasInterrupted) << '\n';
+    if (wasInterrupted) throw Stopped();
 }
 
 } // namespace pistaro

@@ -47,6 +47,10 @@ BoxedSets SetsBesideSettings(const VerbContext& context) {
 
 } // namespace
 
+void FlushOutput(const VerbContext& context) {
+    if (!context.Output.flush()) throw Fault("Disk full", "the standard output");
+}
+
 void LayoutVerb(const VerbContext& context, const std::filesystem::path& circuit) {
     const Project project = StartWithCircuit(context, circuit);
     context.Output << Line(LayoutJson(context.Catalogue, project.Design.Circuit)) << '\n';

@@ -30,6 +30,9 @@ struct VerbContext {
     std::ostream& Errors;
 };
 
+/// Has all that was printed reach where it goes. Fault "Disk full" when it cannot.
+void FlushOutput(const VerbContext& context);
+
 struct PictureOptions {
     std::filesystem::path Out;
     int Pixels = DefaultPicturePixels;

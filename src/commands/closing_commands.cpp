@@ -1,13 +1,12 @@
 #include "commands/closing_commands.h"
 
+#include "commands/piece_texts.h"
 #include "layout/built_lanes.h"
 #include "layout/outline.h"
 #include "layout/track_gap.h"
 #include "model/length_text.h"
 #include "model/money.h"
 #include "platform/fault.h"
-
-#include "text/fixed_text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -26,13 +25,6 @@ std::string Sentence(std::string words) {
     return words + ".";
 }
 
-std::string Listed(const std::vector<std::string>& words) {
-    std::string list;
-    for (const std::string& word : words)
-        list += (list.empty() ? "" : ", ") + word;
-    return list;
-}
-
 /// The products that would have to be bought for a suggestion, each with its number where that is not 1.
 std::vector<std::string> ToBuy(const Session& session, const Suggestion& suggestion) {
     const Project& project = session.Project;
@@ -48,8 +40,7 @@ std::vector<std::string> ToBuy(const Session& session, const Suggestion& suggest
         const auto at = static_cast<std::size_t>(row);
         const int count = std::min(laid[at], used[at] - project.Stock[row].OwnedCount);
         if (count <= 0) continue;
-        const std::string product(ProductCode(catalogue[row].Code));
-        lacking.push_back(count == 1 ? product : std::to_string(count) + " × " + product);
+        lacking.push_back(CountedPiece(session, row, count));
     }
     return lacking;
 }
@@ -72,6 +63,14 @@ float PriceOf(const Session& session, const std::vector<std::string>& codes) {
             price += session.Project.Stock[piece->StockIndex].Price;
     }
     return price;
+}
+
+/// How many of these pieces have no price: they count as 0.
+int UnpricedOf(const Session& session, const std::vector<std::string>& codes) {
+    return static_cast<int>(std::ranges::count_if(codes, [&](const std::string& code) {
+        const CatalogueEntry* const piece = session.Catalogue.Find(code);
+        return piece != nullptr && session.Project.Stock[piece->StockIndex].Price == 0;
+    }));
 }
 
 /// Whether cars leave these pieces on the other lane.
@@ -170,7 +169,8 @@ Closings FindReplacements(const Session& session, const ElementRun& run, Replace
 }
 
 ElementRun SelectedRun(const Session& session) {
-    return session.Project.EditState.SelectedRun(CurrentTrack(session).ElementLastIndex());
+    const EditState& edit = session.Project.EditState;
+    return edit.ShowsAllTracks() ? ElementRun() : edit.SelectedRun(CurrentTrack(session).ElementLastIndex());
 }
 
 void LaySuggestion(Session& session, int number) {
@@ -200,11 +200,20 @@ void LaySuggestion(Session& session, const Suggestion& suggestion) {
 
 std::string PieceCountText(int count) { return std::to_string(count) + (count == 1 ? " piece" : " pieces"); }
 
+std::string CaptionOf(const Session& session, const Suggestion& suggestion) {
+    const int unpriced = UnpricedOf(session, suggestion.Edit.Insert);
+    const std::string known = PriceText(session, CentsOf(double{suggestion.Price}), 0);
+    const std::string price = unpriced == 0                    ? known
+                              : unpriced == suggestion.Count() ? "price unknown"
+                                                               : "from " + known;
+    return PieceCountText(suggestion.Count()) + "\n" + price + "\n" +
+           (suggestion.IsOwned ? "all owned" : "not all owned");
+}
+
 std::string TextOf(const Session& session, const Suggestion& suggestion) {
-    const std::string& currency = session.Project.Preferences.Units.Currency;
     const std::vector<std::string> lacking = ToBuy(session, suggestion);
     std::string text = PieceCountText(suggestion.Count()) + ": " + Listed(suggestion.Edit.Insert) + ".";
-    text += " " + FixedText(double{suggestion.Price}, 2) + (currency.empty() ? "" : " " + currency);
+    text += " " + PriceText(session, CentsOf(double{suggestion.Price}), UnpricedOf(session, suggestion.Edit.Insert));
     text += lacking.empty() ? ", all owned." : "; to buy: " + Listed(lacking) + ".";
     text += JointText(session, suggestion);
     if (suggestion.Overlaps) text += " Overlaps other track.";

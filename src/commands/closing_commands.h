@@ -40,6 +40,9 @@ void LaySuggestion(Session& session, const Suggestion& suggestion);
 /// "2 pieces: C160, C151L. 7.50 EUR; to buy: C160. Each joint gives 0.1 mm." and what is wrong with it.
 std::string TextOf(const Session& session, const Suggestion& suggestion);
 
+/// The same in short, three lines: "2 pieces", "7.50 EUR", "all owned".
+std::string CaptionOf(const Session& session, const Suggestion& suggestion);
+
 /// "1 piece", "2 pieces".
 std::string PieceCountText(int count);
 

@@ -1,7 +1,9 @@
 #include "commands/laying_commands.h"
 
 #include "commands/circuit_commands.h"
+#include "commands/piece_texts.h"
 #include "editor/view_commands.h"
+#include "layout/built_lanes.h"
 #include "model/length_text.h"
 #include "platform/fault.h"
 #include "platform/files.h"
@@ -10,6 +12,7 @@
 #include "text/fixed_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 
@@ -17,9 +20,49 @@ namespace pistaro {
 
 namespace {
 
-std::string WithCurrency(const Session& session, Cents price) {
-    const std::string& currency = session.Project.Preferences.Units.Currency;
-    return MoneyText(price) + (currency.empty() ? "" : " " + currency);
+constexpr double CmInMetre = 100;
+
+/// How many of each product the track uses, by head row.
+UsedCounts UsedBy(const Session& session, const Track& track) {
+    Circuit circuit;
+    circuit.Tracks.front() = track;
+    return CountUsed(session.Catalogue, circuit);
+}
+
+/// What there is of each product beyond what is used, by head row: "2 × C160, C151"; empty where there is nothing.
+std::string Beyond(const Session& session, const std::vector<int>& there, const UsedCounts& used) {
+    std::vector<std::string> pieces;
+    for (const int row : session.Catalogue.HeadRows()) {
+        const auto at = static_cast<std::size_t>(row);
+        if (there[at] > used[at]) pieces.push_back(CountedPiece(session, row, there[at] - used[at]));
+    }
+    return Listed(pieces);
+}
+
+/// The pieces that would have to be bought, with their price.
+std::string LackingText(const Session& session, const Track& track) {
+    const Stock& stock = session.Project.Stock;
+    const UsedCounts used = UsedBy(session, track);
+    const PieceBox owned = OwnedBox(session.Catalogue, stock);
+    const std::string lacking = Beyond(session, used, owned.Counts);
+    if (lacking.empty()) return "nothing";
+    int unpriced = 0;
+    for (const int row : session.Catalogue.HeadRows()) {
+        const auto at = static_cast<std::size_t>(row);
+        if (stock[row].Price == 0) unpriced += std::max(0, used[at] - owned.Counts[at]);
+    }
+    return lacking + "; " + PriceText(session, PriceOfLacking(session, track), unpriced);
+}
+
+std::string PercentText(const LaidCircuit& circuit) {
+    constexpr double hundred = 100;
+    return std::to_string(std::lround(circuit.Used * hundred)) + " %";
+}
+
+std::string PiecesText(const LaidCircuit& circuit) { return std::to_string(circuit.Track.ElementCodes.size()); }
+
+std::array<double, 2> LanesOf(const Session& session, const LaidCircuit& circuit) {
+    return LanesAsBuilt(session.Catalogue, circuit.Track).Lengths;
 }
 
 Design WithTrack(Design design, const Track& track) {
@@ -118,9 +161,7 @@ std::string WhyNotVary(const Session& session) {
 }
 
 Cents PriceOfLacking(const Session& session, const Track& track) {
-    Circuit circuit;
-    circuit.Tracks.front() = track;
-    const UsedCounts used = CountUsed(session.Catalogue, circuit);
+    const UsedCounts used = UsedBy(session, track);
     Cents price = 0;
     for (const int row : session.Catalogue.HeadRows()) {
         const ProductStock product = session.Project.Stock[row];
@@ -131,15 +172,29 @@ Cents PriceOfLacking(const Session& session, const Track& track) {
 }
 
 std::string UseText(const LaidCircuit& circuit) {
-    constexpr double hundred = 100;
-    return std::to_string(std::lround(circuit.Used * hundred)) + " % of the box, " +
-           std::to_string(circuit.Track.ElementCodes.size()) + " pieces";
+    return PercentText(circuit) + " of the box, " + PiecesText(circuit) + " pieces";
 }
 
 std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit) {
-    constexpr double cmInMetre = 100;
-    return FixedText(circuit.Length / cmInMetre, 2) + " m, " +
-           WithCurrency(session, PriceOfLacking(session, circuit.Track));
+    return FixedText(circuit.Length / CmInMetre, 2) + " m, " +
+           PriceText(session, PriceOfLacking(session, circuit.Track), 0);
+}
+
+std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights) {
+    const std::array<double, 2> lanes = LanesOf(session, circuit);
+    return "lanes " + FixedText(std::abs(lanes[0] - lanes[1]), 1) + " cm, score " +
+           FixedText(Score(circuit.Parts, weights), 2);
+}
+
+std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit) {
+    const std::array<double, 2> lanes = LanesOf(session, circuit);
+    const std::string left = Beyond(session, box.Counts, UsedBy(session, circuit.Track));
+    return {{"Box used",
+             PercentText(circuit) + ", " + PiecesText(circuit) + " of " + std::to_string(box.Total()) + " pieces"},
+            {"Left over", left.empty() ? "nothing" : left},
+            {"Lap", FixedText(circuit.Length / CmInMetre, 2) + " m"},
+            {"Lanes", FixedText(lanes[0] / CmInMetre, 2) + " m and " + FixedText(lanes[1] / CmInMetre, 2) + " m"},
+            {"To buy", LackingText(session, circuit.Track)}};
 }
 
 bool OpenAsNew(Session& session, const Design& room, const Track& track, std::optional<Circuit>& opened) {

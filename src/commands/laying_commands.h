@@ -63,6 +63,17 @@ std::string UseText(const LaidCircuit& circuit);
 /// "12.34 m, 0.00 EUR": how long a lap is, and what would have to be bought.
 std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit);
 
+/// "lanes 2.4 cm, score 0.91": by how much its lanes differ, as built, and how good it is by these weights.
+std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights);
+
+/// One of the figures that are told of a found circuit at length.
+struct CircuitFigure {
+    std::string Name, Value;
+
+    bool operator==(const CircuitFigure&) const = default;
+};
+std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit);
+
 /// Puts a found circuit in the place of the design, which is asked for as by Load unless it is `opened`: what was put
 /// there like this before. One step of undo. Gives whether it is there now.
 bool OpenAsNew(Session& session, const Design& room, const Track& track, std::optional<Circuit>& opened);

@@ -18,6 +18,7 @@ namespace {
 
 std::string Millimetres(float centimetres) {
     const long tenths = std::lround(double{centimetres} * 100);
+    if (tenths == 0) return "less than 0.1 mm";
     const std::string whole = std::to_string(tenths / 10);
     return (tenths % 10 == 0 ? whole : whole + "." + std::to_string(tenths % 10)) + " mm";
 }

@@ -187,8 +187,8 @@ std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int coun
 
 struct CircuitSearch::State {
     State(const Catalogue& catalogue, LayingTask task)
-        : Catalogue(catalogue), Task(std::move(task)), Shapes(ShapesOf(catalogue, Task.Box)), Room(Task.Room),
-          Pool(catalogue, Task, Room), Wanted(Task.Count) {
+        : Catalogue(catalogue), Task(std::move(task)), Shapes(ShapesOf(catalogue, Task.Box)),
+          Room(Task.Room, Task.Kept ? LoopRoom::UsersTouch : 0), Pool(catalogue, Task, Room), Wanted(Task.Count) {
         if (Task.Kept) Shapes = ShapesAround(catalogue, std::move(Shapes), Task.Kept->Rows);
     }
 

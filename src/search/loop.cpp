@@ -1,6 +1,7 @@
 #include "search/loop.h"
 
 #include "layout/overlap.h"
+#include "layout/wall_contact.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,6 +10,8 @@
 namespace pistaro {
 
 namespace {
+
+constexpr double StartStep = 0.01; ///< of a loop's start, cm
 
 void Move(GroundPoint& point, GroundPoint shift) {
     point.X += shift.X;
@@ -58,7 +61,7 @@ double DistanceTo(const Wall& wall, GroundPoint point) {
 
 BuildCursor Loop::Cursor() const {
     const auto rounded = [](double value, double step) { return static_cast<float>(std::round(value * step) / step); };
-    constexpr double perCm = 100, perRadian = 1e6;
+    constexpr double perCm = 1 / StartStep, perRadian = 1e6;
     return {rounded(Start.X, perCm), rounded(Start.Y, perCm), rounded(AngleOf(Start.Heading), perRadian)};
 }
 
@@ -110,17 +113,23 @@ bool OverlapsItself(const LaidLoop& laid, const std::vector<int>& parts) {
     return false;
 }
 
-LoopRoom::LoopRoom(const RoomPolygon& room) : fit_(room), extent_(Nothing()) {
+LoopRoom::LoopRoom(const RoomPolygon& room, double touch) : fit_(room), touch_(touch), extent_(Nothing()) {
     for (const Wall& wall : fit_.Walls()) {
         for (const GroundPoint end : {wall.From, wall.To})
             Include(extent_, {end.X, end.X, end.Y, end.Y});
     }
+    extent_ = extent_.Grown(-StartStep);
 }
 
 bool LoopRoom::Holds(const LaidLoop& laid) const { return Holds(laid, {0, 0}); }
 
 bool LoopRoom::Holds(const LaidLoop& laid, GroundPoint shift) const {
-    return std::ranges::all_of(laid.Grounds, [&](const Ground& ground) { return fit_.Holds(Moved(ground, shift)); });
+    return std::ranges::all_of(laid.Grounds, [&](const Ground& ground) { return Holds(Moved(ground, shift)); });
+}
+
+bool LoopRoom::Holds(const Ground& ground) const {
+    const auto runsThrough = [&](const Wall& wall) { return RunsThrough(wall, ground, touch_); };
+    return std::ranges::none_of(fit_.Walls(), runsThrough) && fit_.Holds(MiddleOf(ground));
 }
 
 std::optional<GroundPoint> LoopRoom::ShiftInto(const LaidLoop& laid, Random& random) const {

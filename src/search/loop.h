@@ -47,9 +47,13 @@ bool OverlapsItself(const LaidLoop& laid, const std::vector<int>& parts);
 /// The room that loops must lie in.
 class LoopRoom {
 public:
-    explicit LoopRoom(const RoomPolygon& room);
+    /// Loops may reach into a wall by a touch, cm: by nothing where they are laid anew.
+    explicit LoopRoom(const RoomPolygon& room, double touch = 0);
 
-    /// Of the box around its walls, cm.
+    /// A touch that a part is allowed which its user has laid.
+    static constexpr double UsersTouch = 0.01;
+
+    /// Of the box around its walls, less what a loop may be moved by as its start is rounded; cm.
     double Width() const { return extent_.Right - extent_.Left; }
     double Height() const { return extent_.Top - extent_.Bottom; }
 
@@ -65,8 +69,10 @@ public:
 
 private:
     bool Holds(const LaidLoop& laid, GroundPoint shift) const;
+    bool Holds(const Ground& ground) const;
 
     RoomFit fit_;
+    double touch_;
     GroundBox extent_;
 };
 

@@ -4,6 +4,7 @@
 #include "ui/key_scroll_bar.h"
 #include "ui/line_icon.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QSignalBlocker>
 #include <QToolButton>
@@ -71,15 +72,33 @@ void CircuitPanel::Refresh() {
     SetUp(*vMov_, view.VMov, smallStep, largeStep);
 }
 
-void CircuitPanel::resizeEvent(QResizeEvent*) {
+void CircuitPanel::TakeStrip(QWidget& strip) {
+    strip_ = &strip;
+    strip.setParent(this);
+    strip.installEventFilter(this);
+}
+
+bool CircuitPanel::eventFilter(QObject*, QEvent* event) {
+    const bool changesHeight = event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent ||
+                               event->type() == QEvent::LayoutRequest;
+    if (changesHeight) Arrange();
+    return false;
+}
+
+void CircuitPanel::resizeEvent(QResizeEvent*) { Arrange(); }
+
+void CircuitPanel::Arrange() {
     const int barWidth = vMov_->sizeHint().width();
     const int barHeight = hMov_->sizeHint().height();
     const QSize tools = tools_->sizeHint();
-    const QSize canvas(std::max(0, width() - barWidth), std::max(0, height() - tools.height() - Gap));
+    const bool hasStrip = strip_ != nullptr && !strip_->isHidden();
+    const int stripHeight = hasStrip ? strip_->sizeHint().height() + Gap : 0;
+    const QSize canvas(std::max(0, width() - barWidth), std::max(0, height() - tools.height() - Gap - stripHeight));
     view_->setGeometry(QRect(QPoint(0, 0), canvas));
     vMov_->setGeometry(canvas.width(), 0, barWidth, canvas.height());
     tools_->setGeometry(width() - tools.width(), canvas.height() + Gap, tools.width(), tools.height());
     hMov_->setGeometry(0, canvas.height() + Gap + (tools.height() - barHeight) / 2, tools_->x() - 2 * Gap, barHeight);
+    if (hasStrip) strip_->setGeometry(0, height() - stripHeight + Gap, width(), stripHeight - Gap);
 }
 
 } // namespace pistaro

@@ -14,6 +14,9 @@ public:
 
     CircuitView& View() { return *view_; }
 
+    /// From now on the strip stands below the drawing while it is shown, and leaves it less height.
+    void TakeStrip(QWidget& strip);
+
     /// Brings the scroll bars to the view's ranges, values and steps.
     void Refresh();
 
@@ -21,15 +24,18 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* Tools(CommandControls& controls);
+    void Arrange();
 
     Session& session_;
     CircuitView* const view_;
     QScrollBar* const hMov_;
     QScrollBar* const vMov_;
     QWidget* const tools_;
+    QWidget* strip_ = nullptr;
 };
 
 } // namespace pistaro

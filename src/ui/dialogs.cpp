@@ -68,18 +68,17 @@ void Dialogs::ShowStock() {
     BringUp(*stock_);
 }
 
-void Dialogs::ShowBox() { BringUpBox(frmBox::Purpose::Box); }
-
-void Dialogs::ShowVariations() { BringUpBox(frmBox::Purpose::Variations); }
-
-/// One search at a time: who wants another begins with another window.
-void Dialogs::BringUpBox(frmBox::Purpose purpose) {
-    if (!box_ || box_->WhatFor() != purpose || purpose == frmBox::Purpose::Variations) {
-        delete box_;
-        box_ = new frmBox(session_, purpose, &window_);
-        box_->setAttribute(Qt::WA_DeleteOnClose);
-    }
+void Dialogs::ShowBox() {
+    if (!box_) box_ = new frmBox(session_, frmBox::Purpose::Box, &window_);
     BringUp(*box_);
+}
+
+void Dialogs::ShowVariations() {
+    if (!variations_ || !variations_->IsAboutTheDesign()) {
+        delete variations_;
+        variations_ = new frmBox(session_, frmBox::Purpose::Variations, &window_);
+    }
+    BringUp(*variations_);
 }
 
 void Dialogs::ShowAbout() {

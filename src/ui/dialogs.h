@@ -61,14 +61,12 @@ public:
     bool IsPanelShown(Panel panel) const override { return panels_.at(panel).IsShown(); }
 
 private:
-    void BringUpBox(frmBox::Purpose purpose);
-
     Session& session_;
     QWidget& window_;
     SuggestionBar& suggestions_;
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
-    QPointer<frmBox> box_;
+    QPointer<frmBox> box_, variations_;
     std::map<Panel, PanelDoor> panels_;
     QPointer<frmHistory> history_;
     std::function<void()> findPiece_, showTour_;

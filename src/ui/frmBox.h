@@ -2,83 +2,62 @@
 #pragma once
 
 #include "commands/box_search.h"
-#include "commands/laying_commands.h"
-#include "ui/piece_counts.h"
+#include "ui/box_fields.h"
+#include "ui/circuit_preview.h"
+#include "ui/found_circuits.h"
 #include "ui/score_weights_box.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDialog>
-#include <QListWidget>
-#include <QRadioButton>
-#include <QSpinBox>
 #include <QTimer>
-
-#include <array>
 
 namespace pistaro {
 
-/// Stays beside the window. The search runs on a thread of its own; what it finds is shown as it is found.
+/// Stays beside the window until one of the circuits is opened, and comes back with all of them. The search runs on a
+/// thread of its own; what it finds is shown as it is found.
 class frmBox : public QDialog {
 public:
-    enum class Purpose {
-        Box,        ///< begins with the pieces that are owned
-        Variations, ///< begins with the pieces of the design, of which the selected ones can be kept
-    };
+    using Purpose = BoxPurpose;
 
     frmBox(Session& session, Purpose purpose, QWidget* parent = nullptr);
 
-    Purpose WhatFor() const { return purpose_; }
+    /// Whether the design is the one that this window was opened for, with the same elements selected, or one that was
+    /// opened from it.
+    bool IsAboutTheDesign() const;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QWidget* Fields();
-    QLayout* BoxFields();
-    QWidget* RoomFields();
-    QWidget* MustHaveFields();
-    QLayout* SearchFields();
+    QLayout* SearchButtons();
     QLayout* Circuits();
+    QLayout* Chosen(const QString& entry);
     QLayout* Buttons();
-    void AddSet();
-    void OfferRoom();
-    void OfferPart();
 
-    BoxWish Wish() const;
     void Search();
     void StopOrGoOn();
     void Hear();
     void ShowFound();
     void ShowStanding();
-    void ShowParts();
-    void FillLine(QListWidgetItem& line, std::size_t place);
+    void ShowChosen();
     void OpenChosen();
     void KeepChosen();
-    std::vector<std::size_t> Chosen() const;
 
     Session& session_;
-    const Purpose purpose_;
-    PieceCounts* lstBox_ = nullptr;
-    QComboBox* cboSets_ = nullptr;
-    BoxedSets sets_;
-    QRadioButton *optRoomDesign_ = nullptr, *optRoomArea_ = nullptr;
-    QSpinBox *spnWidth_ = nullptr, *spnDepth_ = nullptr, *spnCount_ = nullptr;
-    QLineEdit* txtSeed_ = nullptr;
-    std::array<QCheckBox*, 4> mustHaves_{};
-    QCheckBox* chkKeepPart_ = nullptr;
-    std::optional<KeptPart> part_;  ///< of the design, as it was selected
-    int middleX_ = 0, middleY_ = 0; ///< of an area as the room, cm
-    QListWidget* lstCircuits_ = nullptr;
-    ScoreWeightsBox* weights_ = nullptr;
+    const Circuit begunWith_;
+    const ElementRun begunRun_;
+    BoxFields* const fields_;
+    FoundCircuits* const lstCircuits_;
+    CircuitPreview* const preview_;
+    ScoreWeightsBox* const weights_;
     QLabel* lblFound_ = nullptr;
     QPushButton *cmdSearch_ = nullptr, *cmdStop_ = nullptr, *cmdCancelSearch_ = nullptr, *cmdOpen_ = nullptr,
                 *cmdKeep_ = nullptr;
-    BoxWish wish_;                  ///< of the search whose circuits are shown
+    PieceBox box_;                  ///< of the search whose circuits are shown
     Design room_;                   ///< that they lie in
     std::optional<Circuit> opened_; ///< that stands in the window because it was opened here
-    std::vector<QIcon> pictures_;   ///< by place among those found; those never shown have none
     QTimer showing_;                ///< so that many circuits found at once are shown together
     Observation observation_;
     BoxSearch search_;

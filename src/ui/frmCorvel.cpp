@@ -61,6 +61,7 @@ frmCorvel::frmCorvel(Session& session)
       figures_(new ElidedLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
       money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
+    circuit_->TakeStrip(*suggestions_);
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);

@@ -84,8 +84,9 @@ void frmRecovered::Fill() {
     for (const RecoveredWork& work : works_) {
         auto* const item = new QListWidgetItem(Description(work), lstWorks_);
         if (!work.Content) continue;
-        item->setIcon(QIcon(QPixmap::fromImage(WorkPicture(
-            session_.Catalogue, *work.Content, session_.Project.Preferences, PictureSide, devicePixelRatioF()))));
+        item->setIcon(
+            QIcon(QPixmap::fromImage(WorkPicture(session_.Catalogue, *work.Content, session_.Project.Preferences,
+                                                 lstWorks_->iconSize(), devicePixelRatioF()))));
     }
     lstWorks_->setCurrentRow(std::clamp(before, 0, std::max(0, lstWorks_->count() - 1)));
     Enable(lstWorks_->currentRow());

@@ -59,8 +59,8 @@ void frmSamples::Add(const std::filesystem::path& sample) {
     try {
         const Design design = ReadCircuit(sample);
         auto* const item = new QListWidgetItem(Description(sample, design), lstSamples_);
-        item->setIcon(QIcon(QPixmap::fromImage(
-            WorkPicture(session_.Catalogue, design, session_.Project.Preferences, PictureSide, devicePixelRatioF()))));
+        item->setIcon(QIcon(QPixmap::fromImage(WorkPicture(session_.Catalogue, design, session_.Project.Preferences,
+                                                           lstSamples_->iconSize(), devicePixelRatioF()))));
         samples_.push_back(sample);
     } catch (const std::exception&) {
         return; // what is no circuit is no sample

@@ -1,20 +1,20 @@
 #include "ui/suggestion_bar.h"
 
+#include "editor/view_commands.h"
 #include "imaging/overlay.h"
-#include "layout/ground.h"
 #include "ui/named_controls.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace pistaro {
@@ -40,14 +40,17 @@ Colour ColourOf(const Suggestion& suggestion) { return suggestion.IsFree() ? Fre
 } // namespace
 
 SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
-    : QWidget(&view), session_(session), view_(view), lblSuggestion_(Named(new QLabel, "lblSuggestion")),
+    : session_(session), view_(view), lblSuggestion_(Named(new QLabel, "lblSuggestion")),
       lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
       chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
       spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")),
-      spnRun_(Named(new QSpinBox, "spnRun")), cboWish_(Named(new QComboBox, "cboWish")) {
+      spnRun_(Named(new QSpinBox, "spnRun")), cboWish_(Named(new QComboBox, "cboWish")),
+      cmdLay_(NewButton("cmdLaySuggestion", "&Lay")) {
     setObjectName("fraSuggestions");
     setAutoFillBackground(true);
-    setCursor(Qt::ArrowCursor);
+    lblSuggestion_->setWordWrap(true);
+    lblSuggestion_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblSuggestion_->setFixedHeight(2 * lblSuggestion_->fontMetrics().lineSpacing());
     lstSuggestions_->setAccessibleName("Suggestions");
     spnMostPieces_->setAccessibleName("Pieces at most");
     spnTolerance_->setAccessibleName("Tolerance");
@@ -66,7 +69,6 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
     column->addWidget(Choices());
     connect(lstSuggestions_, &QListWidget::currentRowChanged, this, [this] { ShowGhost(); });
     connect(lstSuggestions_, &QListWidget::itemDoubleClicked, this, [this] { Lay(); });
-    view_.installEventFilter(this);
     hide();
 }
 
@@ -90,23 +92,24 @@ QWidget* SuggestionBar::Choices() {
         cboWish_->addItem(caption, static_cast<int>(wish));
     cboWish_->setToolTip("What the other pieces shall be");
     cboWish_->setAccessibleName(cboWish_->toolTip());
-    auto* const cmdLay = Named(new QPushButton("&Lay"), "cmdLaySuggestion");
-    auto* const cmdLeave = Named(new QPushButton("Cancel"), "cmdLeaveSuggestions");
+    QPushButton* const cmdLeave = NewButton("cmdLeaveSuggestions", "Cancel");
     for (QWidget* const widget :
          std::initializer_list<QWidget*>{spnRun_, cboWish_, chkOwnedOnly_, spnMostPieces_, spnTolerance_})
         row->addWidget(widget);
     for (QWidget* const box : std::initializer_list<QWidget*>{spnRun_, spnMostPieces_, spnTolerance_})
         box->setMinimumWidth(box->sizeHint().width()); // what stands before and after the number shows whole
     row->addStretch();
-    row->addWidget(cmdLay);
+    row->addWidget(cmdLay_);
     row->addWidget(cmdLeave);
     connect(chkOwnedOnly_, &QCheckBox::toggled, this, [this] { Find(); });
     connect(spnMostPieces_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(spnTolerance_, &QDoubleSpinBox::valueChanged, this, [this] { Find(); });
     connect(spnRun_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(cboWish_, &QComboBox::currentIndexChanged, this, [this] { Find(); });
-    connect(cmdLay, &QPushButton::clicked, this, [this] { Lay(); });
-    connect(cmdLeave, &QPushButton::clicked, this, [this] { hide(); });
+    connect(cmdLay_, &QPushButton::clicked, this, [this] { Lay(); });
+    connect(cmdLeave, &QPushButton::clicked, this, [this] { Leave(); });
+    for (QPushButton* const button : {cmdLay_, cmdLeave})
+        button->setAutoDefault(true); // Enter presses the one that has the focus
     return choices;
 }
 
@@ -131,15 +134,9 @@ void SuggestionBar::Open() {
     spnRun_->setVisible(isReplacing_);
     cboWish_->setVisible(isReplacing_);
     show();
-    Place();
-    raise();
+    viewBefore_ = viewShown_ = session_.Project.Design.View;
     Find();
     lstSuggestions_->setFocus();
-}
-
-void SuggestionBar::Place() {
-    const int height = sizeHint().height();
-    setGeometry(0, view_.height() - height, view_.width(), height);
 }
 
 ClosingOptions SuggestionBar::Options() const {
@@ -157,15 +154,17 @@ void SuggestionBar::Find() {
                                    ? FindReplacements(session_, {firstReplaced_, spnRun_->value()}, wish, Options())
                                    : FindClosings(session_, Options());
         suggestions_ = found.Suggestions;
-        lblSuggestion_->setText(QString::fromStdString(found.WhyNone));
+        lblSuggestion_->setText(Shown(found.WhyNone));
     });
     const QSignalBlocker quiet(lstSuggestions_);
     lstSuggestions_->clear();
     for (const Suggestion& suggestion : suggestions_) {
-        const QString pieces = QString::fromStdString(PieceCountText(suggestion.Count()));
-        new QListWidgetItem(IconOf(suggestion), pieces, lstSuggestions_);
+        auto* const item =
+            new QListWidgetItem(IconOf(suggestion), Shown(CaptionOf(session_, suggestion)), lstSuggestions_);
+        item->setToolTip(Shown(TextOf(session_, suggestion)));
     }
     lstSuggestions_->setCurrentRow(0);
+    cmdLay_->setEnabled(!suggestions_.empty());
     ShowGhost();
 }
 
@@ -179,10 +178,24 @@ void SuggestionBar::ShowGhost() {
         overlay.push_back(OverlayArea{.Polygon = ground, .InkColour = TakenOut, .Hatched = true});
     overlay.push_back(OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)});
     view_.SetOverlay(Owner, std::move(overlay));
-    lblSuggestion_->setText(QString::fromStdString(TextOf(session_, suggestion)));
+    lblSuggestion_->setText(Shown(TextOf(session_, suggestion)));
+    BringIntoSight(suggestion);
 }
 
-QIcon SuggestionBar::IconOf(const Suggestion& suggestion) const {
+/// Moves the user's view no further than it takes, and zooms out where the ghost is larger than it.
+void SuggestionBar::BringIntoSight(const Suggestion& suggestion) {
+    if (session_.Project.Design.View != viewShown_) viewBefore_ = session_.Project.Design.View; // moved by the user
+    constexpr double around = 10;                                                               // cm
+    const GroundBox box = BoxOf(suggestion).Grown(around);
+    ViewSettings view = *viewBefore_;
+    const double side = std::max(box.Right - box.Left, box.Top - box.Bottom);
+    if (side > double{view.Width}) view.Width = static_cast<float>(std::ceil(side));
+    FollowTo(view, box, view_.Frame().Covered(view));
+    session_.Do([&] { session_.Project.Design.View = view; });
+    viewShown_ = view;
+}
+
+GroundBox SuggestionBar::BoxOf(const Suggestion& suggestion) const {
     const GhostPlace place = PlaceOf(session_, suggestion);
     GroundBox box{place.Start.CursorX, place.Start.CursorX, place.Start.CursorY, place.Start.CursorY};
     Track track{suggestion.Edit.Insert, place.Start.CursorX, place.Start.CursorY, place.Start.CursorHeading};
@@ -192,6 +205,12 @@ QIcon SuggestionBar::IconOf(const Suggestion& suggestion) const {
         box = {std::min(box.Left, piece.Left), std::max(box.Right, piece.Right), std::min(box.Bottom, piece.Bottom),
                std::max(box.Top, piece.Top)};
     });
+    return box;
+}
+
+QIcon SuggestionBar::IconOf(const Suggestion& suggestion) const {
+    const GhostPlace place = PlaceOf(session_, suggestion);
+    const GroundBox box = BoxOf(suggestion);
     constexpr double spare = 1.1;
     const double aspect = static_cast<double>(IconSize.width()) / IconSize.height();
     ViewSettings view;
@@ -201,11 +220,14 @@ QIcon SuggestionBar::IconOf(const Suggestion& suggestion) const {
     const qreal ratio = devicePixelRatioF();
     QPixmap picture(IconSize * ratio);
     picture.setDevicePixelRatio(ratio);
-    picture.fill(Qt::transparent);
+    picture.fill(palette().color(QPalette::Base)); // that of the chosen one, too, is seen on its own ground
     QPainter painter(&picture);
     PaintOverlay({OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)}},
                  session_.Catalogue, view, CanvasFrame{IconSize, ratio}, painter);
-    return picture;
+    painter.end();
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
 }
 
 void SuggestionBar::Lay() {
@@ -225,11 +247,33 @@ void SuggestionBar::hideEvent(QHideEvent*) {
     view_.setFocus();
 }
 
-bool SuggestionBar::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == &view_) {
-        if (event->type() == QEvent::Resize && isVisible()) Place();
+/// Goes with all as it was.
+void SuggestionBar::Leave() {
+    hide();
+    if (session_.Project.Design.View == viewShown_) session_.Do([&] { session_.Project.Design.View = *viewBefore_; });
+}
+
+bool SuggestionBar::TakesKey(int key) {
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Lay();
+        return true;
+    case Qt::Key_Escape:
+        Leave();
+        return true;
+    default:
         return false;
     }
+}
+
+/// Keys that the strip's boxes leave alone.
+void SuggestionBar::keyPressEvent(QKeyEvent* event) {
+    if (!TakesKey(event->key())) QWidget::keyPressEvent(event);
+}
+
+/// The list's.
+bool SuggestionBar::eventFilter(QObject*, QEvent* event) {
     const auto goBy = [&](int rows) {
         const int row = lstSuggestions_->currentRow() + rows;
         lstSuggestions_->setCurrentRow(std::clamp(row, 0, std::max(0, lstSuggestions_->count() - 1)));
@@ -237,21 +281,9 @@ bool SuggestionBar::eventFilter(QObject* watched, QEvent* event) {
     };
     if (event->type() == QEvent::Wheel) return goBy(static_cast<QWheelEvent*>(event)->angleDelta().y() < 0 ? 1 : -1);
     if (event->type() != QEvent::KeyPress) return false;
-    switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Up:
-        return goBy(-1);
-    case Qt::Key_Down:
-        return goBy(1);
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        Lay();
-        return true;
-    case Qt::Key_Escape:
-        hide();
-        return true;
-    default:
-        return false;
-    }
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Up || key == Qt::Key_Down) return goBy(key == Qt::Key_Up ? -1 : 1);
+    return TakesKey(key);
 }
 
 } // namespace pistaro

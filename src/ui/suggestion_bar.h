@@ -1,8 +1,9 @@
-// The strip at the drawing's lower edge that goes through ways to close the track, or other pieces for a run of it:
+// The strip below the drawing that goes through ways to close the track, or other pieces for a run of it:
 // each with a small picture, the chosen one as a ghost in the drawing.
 #pragma once
 
 #include "commands/closing_commands.h"
+#include "layout/ground.h"
 #include "ui/circuit_view.h"
 
 #include <QCheckBox>
@@ -10,13 +11,16 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QSpinBox>
+
+#include <optional>
 
 namespace pistaro {
 
 class SuggestionBar : public QWidget {
 public:
-    /// Lies within the view, at its lower edge.
+    /// Its ghosts are shown in the view, which it moves where they would be out of sight.
     SuggestionBar(Session& session, CircuitView& view);
 
     /// Shows what closes the current track.
@@ -30,6 +34,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
@@ -37,8 +42,11 @@ private:
     void Open();
     void Find();
     void ShowGhost();
+    void BringIntoSight(const Suggestion& suggestion);
     void Lay();
-    void Place();
+    void Leave();
+    bool TakesKey(int key);
+    GroundBox BoxOf(const Suggestion& suggestion) const;
     ClosingOptions Options() const;
     QIcon IconOf(const Suggestion& suggestion) const;
 
@@ -51,7 +59,9 @@ private:
     QDoubleSpinBox* const spnTolerance_;
     QSpinBox* const spnRun_;
     QComboBox* const cboWish_;
-    int firstReplaced_ = 0; ///< element of the current track
+    QPushButton* const cmdLay_;
+    std::optional<ViewSettings> viewBefore_, viewShown_; ///< the user's, and what was made of it to show a ghost
+    int firstReplaced_ = 0;                              ///< element of the current track
     bool isReplacing_ = false;
     std::vector<Suggestion> suggestions_;
 };

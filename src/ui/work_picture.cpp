@@ -3,6 +3,10 @@
 #include "imaging/painter_surface.h"
 #include "layout/piece_extent.h"
 #include "render/redraw.h"
+#include "storage/settings_file.h"
+#include "ui/canvas_colours.h"
+
+#include <QApplication>
 
 #include <algorithm>
 
@@ -10,8 +14,8 @@ namespace pistaro {
 
 namespace {
 
-/// The square around all pieces and the room, with a margin.
-ViewSettings ViewOfAll(const Catalogue& catalogue, const Design& design) {
+/// A square view in whose middle part, of this size, all pieces and the room are seen with a margin.
+ViewSettings ViewOfAll(const Catalogue& catalogue, const Design& design, QSize size) {
     constexpr float margin = 10; // cm
     constexpr float least = 60;
     std::vector<WorldPoint> places;
@@ -23,37 +27,41 @@ ViewSettings ViewOfAll(const Catalogue& catalogue, const Design& design) {
             places.push_back({extent.Right, extent.Top});
         });
     }
-    if (!design.Room.Points.empty()) {
-        const ViewRectangle room = RoomRectangle(design.Room);
-        places.push_back({room.ViewLeft, room.ViewBottom});
-        places.push_back({room.ViewRight, room.ViewTop});
-    }
+    for (const RoomPoint& point : design.Room.Points)
+        places.push_back(RoomCorner(design.Room, point));
     if (places.empty()) return design.View;
     const auto [left, right] = std::ranges::minmax(places, {}, &WorldPoint::X);
     const auto [bottom, top] = std::ranges::minmax(places, {}, &WorldPoint::Y);
     ViewSettings view;
     view.MidX = (left.X + right.X) / 2;
     view.MidY = (bottom.Y + top.Y) / 2;
-    view.Width = std::max({least, right.X - left.X, top.Y - bottom.Y}) + 2 * margin;
+    const auto side = static_cast<float>(std::max(size.width(), size.height()));
+    const float across = (right.X - left.X + 2 * margin) * side / static_cast<float>(size.width());
+    const float up = (top.Y - bottom.Y + 2 * margin) * side / static_cast<float>(size.height());
+    view.Width = std::max({least, across, up});
     return view;
 }
 
 } // namespace
 
-QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, int side,
+QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
                    double pixelRatio) {
-    const int pixels = static_cast<int>(side * pixelRatio);
-    QImage image(pixels, pixels, QImage::Format_RGB32);
+    const int side = std::max(size.width(), size.height());
+    QImage image(size * pixelRatio, QImage::Format_RGB32);
     image.setDevicePixelRatio(pixelRatio);
+    const ColourScheme colours =
+        CanvasColours(preferences.Colours, InitialSettings(catalogue).Preferences.Colours, QApplication::palette());
     Project project;
     project.Design = design;
-    project.Design.View = ViewOfAll(catalogue, design);
+    project.Design.View = ViewOfAll(catalogue, design, size);
     project.Stock.Products.resize(static_cast<std::size_t>(catalogue.Count()));
     project.Preferences = preferences;
+    project.Preferences.Colours = colours;
     project.EditState.CurrentTrack = AllTracks;
     QPainter painter(&image);
+    painter.fillRect(QRect(QPoint(0, 0), size), ToQColor(colours.Background));
+    painter.translate((size.width() - side) / 2.0, (size.height() - side) / 2.0);
     PainterSurface surface(painter, TargetSize::Square(side));
-    surface.Clear(preferences.Colours.Background);
     ShowView(project.Design.View, surface);
     DrawCircuit(catalogue, project, surface);
     return image;

@@ -7,9 +7,9 @@
 
 namespace pistaro {
 
-/// All pieces and the room of `design`, in a square of so many device-independent pixels, in the colours of the
-/// preferences.
-QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, int side,
+/// All pieces and the room of `design`, as large as they go into a picture of that size, device-independent pixels, in
+/// the colours of the preferences as the window's drawing shows them.
+QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
                    double pixelRatio);
 
 } // namespace pistaro

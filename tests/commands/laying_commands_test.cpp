@@ -86,6 +86,47 @@ TEST_F(LayingCommands, TellHowMuchOfTheBoxACircuitUses) {
     EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m, 0.00 EUR");
 }
 
+TEST_F(LayingCommands, TellHowACircuitDiffersFromOthers) {
+    LaidCircuit circuit;
+    circuit.Track = Chain("C160 C151L C151L C151L C151L C160 C151L C151L C151L C151L");
+    circuit.Parts.Used = 1;
+
+    // Lanes that lie 7.9 cm apart differ by 2 pi times that, once round.
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 1.00");
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 0.50");
+}
+
+TEST_F(LayingCommands, TellTheFiguresOfACircuit) {
+    SetStock(session_.Project, "C160", 1, 2.5F);
+    session_.Project.Preferences.Units.Currency = "EUR";
+    LaidCircuit circuit;
+    circuit.Track = Chain("C160 C160 C160");
+    circuit.Used = 0.6;
+    circuit.Length = 105;
+
+    const std::vector<CircuitFigure> figures = FiguresOf(session_, BoxOf(Pieces(), "C160=3,C151=2"), circuit);
+
+    EXPECT_EQ(figures, (std::vector<CircuitFigure>{{"Box used", "60 %, 3 of 5 pieces"},
+                                                   {"Left over", "2 × C151"},
+                                                   {"Lap", "1.05 m"},
+                                                   {"Lanes", "1.05 m and 1.05 m"},
+                                                   {"To buy", "2 × C160; 5.00 EUR"}}));
+}
+
+TEST_F(LayingCommands, TellWhatLacksAndHasNoPrice) {
+    session_.Project.Preferences.Units.Currency = "EUR";
+    SetStock(session_.Project, "C160", 3, 2.5F);
+    SetStock(session_.Project, "C151L", 0, 0);
+    LaidCircuit circuit;
+    circuit.Track = Chain("C160 C151L C151R");
+    const PieceBox box = BoxOf(Pieces(), "C160=1,C151=2");
+
+    EXPECT_EQ(FiguresOf(session_, box, circuit).back(),
+              (CircuitFigure{"To buy", "2 × C151; 0.00 EUR + 2 without a price"}));
+    SetStock(session_.Project, "C151L", 2, 0);
+    EXPECT_EQ(FiguresOf(session_, box, circuit).back(), (CircuitFigure{"To buy", "nothing"}));
+}
+
 TEST_F(LayingCommands, OpenACircuitAsOneStepThatUndoTakesBack) {
     const Circuit before = session_.Project.Design.Circuit;
 

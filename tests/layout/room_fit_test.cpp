@@ -1,5 +1,5 @@
 // Which pieces lie inside a room: walls, gaps, pillars, angles.
-#include "layout/room_fit.h"
+#include "layout/wall_contact.h"
 
 #include "catalogue/track_geometry.h"
 #include "support/pieces.h"
@@ -47,6 +47,13 @@ TEST(Room, LetsPiecesTouchItsWalls) {
     EXPECT_TRUE(Holds(Square, "C160", {84.5F, 0, 0}));
     EXPECT_TRUE(Holds(Square, "C160", {84.508F, 0, 0}));
     EXPECT_FALSE(Holds(Square, "C160", {84.52F, 0, 0}));
+}
+
+TEST(Room, HasWallsThatWhoAllowsNoTouchReachesIntoByTheLeast) {
+    const Wall right{{100, -100}, {100, 100}};
+    EXPECT_FALSE(RunsThrough(right, At("C160", {84.5F, 0, 0}), 0));
+    EXPECT_TRUE(RunsThrough(right, At("C160", {84.501F, 0, 0}), 0));
+    EXPECT_FALSE(RunsThrough(right, At("C160", {84.501F, 0, 0}), 0.01));
 }
 
 TEST(Room, IsLeftByACurveThatBulgesOverItsWall) {

@@ -177,6 +177,18 @@ TEST(Closing, TellsTheNearestMissWhereNothingCloses) {
     EXPECT_EQ(far.WhyNone, "nothing closes it with one piece; the nearest miss is 10.9 mm short, with C158");
 }
 
+TEST(Closings, TellAMissThatCannotBeMeasuredAsSmallNotAsNone) {
+    // Three straights and a half circle, of which the last curve lacks; no closing is exact to the last bit.
+    Project project;
+    project.Design.Circuit.Tracks[0] = Chain("C160 C160 C160 C151R C151R C151R C151R C160 C160 C160 C151R C151R C151R");
+    project.Design.Circuit.Tracks[0].TrackStartX = 46.5F;
+
+    const Closings none =
+        CloseTrack(Tables(), Pieces(), project.Design, project.Stock, 0, {.MostPieces = 1, .Tolerance = 0}, {});
+
+    EXPECT_EQ(none.WhyNone, "nothing closes it with one piece; the nearest miss is less than 0.1 mm short, with C151R");
+}
+
 TEST(Closing, AtAWiderToleranceTakesWhatNearlyFits) {
     const Project project = ProjectOf(ShortOval);
     EXPECT_THAT(Close(project, {.MostPieces = 1, .Tolerance = 1.0}).Suggestions, IsEmpty());

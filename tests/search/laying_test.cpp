@@ -41,10 +41,10 @@ LayingTask TaskOf(const std::string& box, Rectangle room, std::uint64_t seed = 1
 
 Laying Lay(const LayingTask& task) { return LayCircuits(Pieces(), task, {}, {}); }
 
-std::vector<Polygon> OutlinesOf(const Track& track) {
+std::vector<Polygon> OutlinesOf(const Track& track, double tolerance = 0.01) {
     std::vector<Polygon> outlines;
     WalkTrack(Pieces(), track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
-        outlines.push_back(OutlinePolygon(*placement, 0.01));
+        outlines.push_back(OutlinePolygon(*placement, tolerance));
     });
     return outlines;
 }
@@ -82,14 +82,18 @@ void ExpectNoOverlaps(const std::vector<Polygon>& outlines) {
     }
 }
 
-void ExpectInside(const std::vector<Polygon>& outlines, Rectangle room) {
-    constexpr double touch = 0.05;
-    for (const Polygon& outline : outlines) {
+/// Never outside, by however little.
+void ExpectInside(const Track& track, Rectangle room) {
+    constexpr double fine = 0.0001; // cm
+    double across = 0, up = 0;
+    for (const Polygon& outline : OutlinesOf(track, fine)) {
         for (const WorldPoint point : outline) {
-            EXPECT_LE(std::abs(point.X), room.Width / 2.0 + touch);
-            EXPECT_LE(std::abs(point.Y), room.Height / 2.0 + touch);
+            across = std::max(across, std::abs(double{point.X}));
+            up = std::max(up, std::abs(double{point.Y}));
         }
     }
+    EXPECT_LE(across, room.Width / 2.0);
+    EXPECT_LE(up, room.Height / 2.0);
 }
 
 void ExpectFromBox(const Track& track, const PieceBox& box) {
@@ -106,9 +110,8 @@ void ExpectSound(const LayingTask& task, const Laying& laying, Rectangle room) {
         const TrackGap gap = GapOf(Pieces(), circuit.Track);
         EXPECT_LE(gap.Distance, 0.05);
         EXPECT_LE(std::abs(gap.Angle), 0.001);
-        const std::vector<Polygon> outlines = OutlinesOf(circuit.Track);
-        ExpectNoOverlaps(outlines);
-        ExpectInside(outlines, room);
+        ExpectNoOverlaps(OutlinesOf(circuit.Track));
+        ExpectInside(circuit.Track, room);
         ExpectFromBox(circuit.Track, task.Box);
         std::vector<int> rows;
         for (const std::string& code : circuit.Track.ElementCodes)

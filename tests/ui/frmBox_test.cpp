@@ -13,6 +13,7 @@ namespace pistaro {
 namespace {
 
 using testing::HasSubstr;
+using testing::StartsWith;
 
 class MyBox : public WindowTest {
 protected:
@@ -21,7 +22,12 @@ protected:
         Choose("mnuFromBox");
     }
 
-    frmBox& Dialog() { return *Window->findChild<frmBox*>(); }
+    frmBox& Dialog() {
+        for (frmBox* const dialog : Window->findChildren<frmBox*>()) {
+            if (dialog->isVisible()) return *dialog;
+        }
+        throw std::logic_error("no window of circuits is open");
+    }
     QListWidget& Circuits() { return Find<QListWidget>("lstCircuits"); }
     PieceCounts& Box() { return *Dialog().findChild<PieceCounts*>("lstBox"); }
 
@@ -35,6 +41,13 @@ protected:
     }
 
     void PressHere(const char* name) { QTest::mouseClick(&Find<QPushButton>(name), Qt::LeftButton); }
+
+    /// Has the window come back with the circuits that it found, and opens one of them.
+    void OpenCircuit(int row, const char* entry = "mnuFromBox") {
+        Choose(entry); // brings it up where it is open
+        ClickCircuit(row);
+        PressHere("cmdOpenCircuit");
+    }
 
     /// Looks for circuits of these pieces, and waits for the end.
     void Search(const char* box) {
@@ -99,26 +112,116 @@ TEST_F(MyBox, ShowsAllCircuitsOfASmallBoxAsPictures) {
 
     ASSERT_EQ(Circuits().count(), 5);
     EXPECT_EQ(Text("lblFound"), "5 circuits found; there are no others.");
-    EXPECT_EQ(Circuits().item(0)->text().toStdString(), "100 % of the box, 12 pieces\n3.26 m, 0.00 EUR");
+    EXPECT_THAT(Circuits().item(0)->text().toStdString(),
+                StartsWith("100 % of the box, 12 pieces\n3.26 m, 0.00 EUR\nlanes 49.6 cm, score 0."));
     EXPECT_FALSE(Circuits().item(0)->icon().isNull());
     EXPECT_FALSE(Find<QPushButton>("cmdStop").isEnabled());
 }
 
-TEST_F(MyBox, OpensAClickedCircuitAsOneStep) {
+TEST_F(MyBox, ShowsTheBestCircuitUntilOneIsClickedAndThenThatOne) {
+    OpenBox(ProjectOf("C160"));
+    Search("C151=8,C160=4");
+    EXPECT_TRUE(Circuits().item(0)->isSelected());
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "100 %, 12 of 12 pieces");
+    EXPECT_EQ(At<QLabel>("lblFigure", 1).text(), "nothing");
+    EXPECT_EQ(At<QLabel>("lblPart", 0).text(), "1.00");
+
+    ClickCircuit(4);
+
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "67 %, 8 of 12 pieces");
+    EXPECT_EQ(At<QLabel>("lblFigure", 1).text(), "4 × C160");
+    EXPECT_EQ(At<QLabel>("lblPart", 0).text(), "0.67");
+    EXPECT_EQ(Codes(), "C160") << "looking at a circuit opens nothing";
+    EXPECT_TRUE(Dialog().isVisible());
+}
+
+TEST_F(MyBox, OpensTheChosenCircuitAsOneStep) {
     OpenBox(ProjectOf("C160"));
     Search("C151=8,C160=4");
 
-    ClickCircuit(0);
+    OpenCircuit(0);
     EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 12U);
     EXPECT_FALSE(Project.Design.Room.Points.empty());
-    EXPECT_EQ(At<QLabel>("lblPart", 0).text(), "1.00");
-    ClickCircuit(4);
+    OpenCircuit(4);
     EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 8U);
 
     EXPECT_TRUE(Prompts.Asked.empty()) << "a single piece is no work, nor is what was opened here";
     Choose("mnuUndo");
     Choose("mnuUndo");
     EXPECT_EQ(Codes(), "C160");
+}
+
+TEST_F(MyBox, OpensACircuitByADoubleClickAndByEnter) {
+    OpenBox();
+    Search("C151=8,C160=4");
+
+    ClickCircuit(4);
+    QTest::mouseDClick(Circuits().viewport(), Qt::LeftButton, {},
+                       Circuits().visualItemRect(Circuits().item(4)).center());
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 8U);
+    Choose("mnuFromBox");
+    QTest::keyClick(&Circuits(), Qt::Key_Home);
+    QTest::keyClick(&Circuits(), Qt::Key_Return);
+
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 12U);
+}
+
+TEST_F(MyBox, GoesWhenACircuitIsOpenedAndComesBackWithAllOfThem) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    frmBox& dialog = Dialog();
+
+    OpenCircuit(2);
+    EXPECT_FALSE(dialog.isVisible()) << "so that the design is seen";
+    Choose("mnuFromBox");
+
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(Circuits().count(), 5);
+    EXPECT_TRUE(Circuits().item(2)->isSelected());
+    EXPECT_EQ(Text("lblFound"), "5 circuits found; there are no others.");
+    PressHere("cmdCloseBox");
+    Choose("mnuFromBox");
+    EXPECT_EQ(Circuits().count(), 5) << "by Close, too";
+}
+
+TEST_F(MyBox, StaysWithItsCircuitsWhenTheWorkThatWouldGiveWayIsKept) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R");
+    project.EditState.DataChanged = true;
+    OpenBox(project);
+    Search("C151=8,C160=4");
+    Prompts.Answers = {Answer::Cancel};
+
+    OpenCircuit(0);
+
+    EXPECT_EQ(Codes(), "C160 C160 C151R");
+    EXPECT_TRUE(Dialog().isVisible());
+    EXPECT_EQ(Circuits().count(), 5);
+}
+
+TEST_F(MyBox, AsksForPiecesWhileTheBoxIsEmpty) {
+    OpenBox();
+    EXPECT_EQ(Text("lblFound"), "Put pieces into the box: type their counts, or add a set.");
+    EXPECT_EQ(Text("lblTotal"), "0 pieces in the box");
+    EXPECT_FALSE(Find<QPushButton>("cmdSearch").isEnabled());
+
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4"));
+
+    EXPECT_EQ(Text("lblFound"), "Press Search to see what these pieces make in this room.");
+    EXPECT_EQ(Text("lblTotal"), "12 pieces in the box");
+    EXPECT_TRUE(Find<QPushButton>("cmdSearch").isEnabled());
+}
+
+TEST_F(MyBox, FollowsWhatIsOwnedUntilItsCountsAreTyped) {
+    pistaro::Project project = ProjectOf("");
+    SetStock(project, "C160", 4);
+    OpenBox(project);
+
+    Session->Do([&] { SetStock(Project, "C160", 6); });
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C160=6"));
+    Box().Show(BoxOf(Pieces(), "C160=5"));
+    Session->Do([&] { SetStock(Project, "C160", 7); });
+
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C160=5"));
 }
 
 TEST_F(MyBox, KeepsChosenCircuitsAsFiles) {
@@ -133,7 +236,7 @@ TEST_F(MyBox, KeepsChosenCircuitsAsFiles) {
 
     EXPECT_EQ(ReadCircuit(folder / "mine-01.trk").Circuit.Tracks[0].ElementCodes.size(), 12U);
     EXPECT_EQ(ReadCircuit(folder / "mine-02.trk").Circuit.Tracks[0].ElementCodes.size(), 12U);
-    EXPECT_TRUE(Codes().empty()) << "choosing with Ctrl opens nothing";
+    EXPECT_TRUE(Codes().empty()) << "choosing opens nothing";
 }
 
 TEST_F(MyBox, FollowsTheWeightsAtOnce) {
@@ -188,8 +291,9 @@ TEST_F(MyBox, HoldsOnlyCircuitsWithWhatTheyMustHave) {
     Search("C151=8,C160=4,C277=1,C159=1");
 
     ASSERT_GT(Circuits().count(), 0);
-    for (int row = 0; row < Circuits().count(); ++row) {
-        ClickCircuit(row);
+    const int count = Circuits().count();
+    for (int row = 0; row < count; ++row) {
+        OpenCircuit(row);
         EXPECT_THAT(Codes(), HasSubstr("C277"));
     }
 }
@@ -235,11 +339,30 @@ TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return !Find<QPushButton>("cmdCancelSearch").isEnabled(); }, 60'000));
 
     const BuildCursor start = project.Design.Circuit.Tracks[0].Start();
-    for (int row = 0; row < Circuits().count(); ++row) {
-        ClickCircuit(row);
+    const int count = Circuits().count();
+    for (int row = 0; row < count; ++row) {
+        OpenCircuit(row, "mnuVariations");
         EXPECT_EQ(Codes().substr(0, 21), "C160 C159 C151R C151R");
         EXPECT_EQ(Project.Design.Circuit.Tracks[0].Start(), start);
     }
+}
+
+TEST_F(VariationsOfADesign, AreLookedForAnewWhereTheDesignIsAnother) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+    Choose("mnuVariations");
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
+    const int found = Circuits().count();
+    OpenCircuit(1, "mnuVariations");
+    Choose("mnuVariations");
+    EXPECT_EQ(Circuits().count(), found) << "one of those that were found";
+    PressHere("cmdCloseBox");
+
+    Session->Do([&] { Project.Design.Circuit.Tracks[0].ElementCodes = {"C160", "C159"}; });
+    Choose("mnuVariations");
+
+    EXPECT_EQ(Circuits().count(), 0);
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C159=1,C160=1"));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // The strip of suggestions: ways to close the track, and other pieces for some of it, gone through and laid.
+#include "editor/view_commands.h"
 #include "support/stock.h"
 #include "ui/window_fixture.h"
 
@@ -43,7 +44,7 @@ TEST_F(Suggestions, AreHiddenUntilTheyAreAskedFor) {
     EXPECT_TRUE(Strip().isVisible());
     EXPECT_EQ(Ways().count(), 10);
     EXPECT_EQ(Ghosts(), pistaro::Codes("C151R"));
-    EXPECT_EQ(Text("lblSuggestion"), "1 piece: C151R. 0.00 EUR; to buy: C151.");
+    EXPECT_EQ(Text("lblSuggestion"), "1 piece: C151R. 0.00 EUR + 1 without a price; to buy: C151.");
 }
 
 TEST_F(Suggestions, AreGoneThroughByKeysAndWheel) {
@@ -72,6 +73,95 @@ TEST_F(Suggestions, AreLaidByEnterAsOneStep) {
     EXPECT_EQ(Codes(), OpenOval);
 }
 
+TEST_F(Suggestions, TellHowManyOfTheirPiecesHaveNoPrice) {
+    pistaro::Project project = ProjectOf("C160 C151R C160");
+    SetStock(project, "C159", 2, 1.5F);
+    SetStock(project, "C151L", 0, 5);
+    project.EditState.CurrentElement[0] = 0;
+    Open(project);
+    Choose("mnuReplaceBy");
+
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C159 C159"));
+    EXPECT_EQ(Text("lblSuggestion"), "2 pieces: C159, C159. 3.00 EUR, all owned.");
+    EXPECT_EQ(Ways().item(0)->text().toStdString(), "2 pieces\n3.00 EUR\nall owned");
+    Press(Qt::Key_Down);
+    EXPECT_THAT(Text("lblSuggestion"), HasSubstr("without a price; to buy: "));
+    EXPECT_THAT(Ways().item(1)->text().toStdString(), HasSubstr("from 1.50 EUR\nnot all owned"));
+}
+
+TEST_F(Suggestions, StandBelowTheDrawingAndCoverNothingOfIt) {
+    Open(ProjectOf(OpenOval));
+    const int before = Picture().height();
+
+    Choose("mnuCloseLoop");
+
+    const auto place = [&](QWidget& widget) { return QRect(widget.mapTo(Window.get(), QPoint(0, 0)), widget.size()); };
+    EXPECT_FALSE(place(Strip()).intersects(place(Picture())));
+    EXPECT_FALSE(place(Strip()).intersects(place(Find<QWidget>("hMov"))));
+    EXPECT_GE(place(Strip()).top(), place(Picture()).bottom());
+    EXPECT_TRUE(Window->rect().contains(place(Strip())));
+    EXPECT_LT(Picture().height(), before);
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(Picture().height(), before);
+}
+
+TEST_F(Suggestions, BringTheirGhostIntoSightAndTheViewBackByEscape) {
+    Open(ProjectOf(OpenOval));
+    ViewSettings& view = Project.Design.View;
+    Session->Do([&] { CentreView(view, 900, -700); });
+    const ViewSettings before = view;
+
+    Choose("mnuCloseLoop");
+
+    // The gap lies about the track's start.
+    const ViewRectangle shown = Canvas().Frame().Covered(view);
+    const Track& track = Project.Design.Circuit.Tracks[0];
+    EXPECT_LT(shown.ViewLeft, track.TrackStartX);
+    EXPECT_GT(shown.ViewRight, track.TrackStartX);
+    EXPECT_LT(shown.ViewBottom, track.TrackStartY);
+    EXPECT_GT(shown.ViewTop, track.TrackStartY);
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(view, before);
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(Suggestions, LeaveTheViewThatTheUserHasChosenMeanwhile) {
+    Open(ProjectOf(OpenOval));
+    ViewSettings& view = Project.Design.View;
+    Session->Do([&] { CentreView(view, 900, -700); });
+    Choose("mnuCloseLoop");
+
+    Session->Do([&] { ZoomOut(view); });
+    const ViewSettings zoomed = view;
+    Press(Qt::Key_Escape);
+
+    EXPECT_EQ(view, zoomed);
+}
+
+TEST_F(Suggestions, TakeEnterAndEscapeFromTheirBoxesToo) {
+    Open(ProjectOf(OpenOval));
+    Choose("mnuCloseLoop");
+    auto& most = Find<QSpinBox>("spnMostPieces");
+    QTest::keyClick(&most, Qt::Key_Escape);
+    EXPECT_FALSE(Strip().isVisible());
+    EXPECT_EQ(Codes(), OpenOval);
+
+    Choose("mnuCloseLoop");
+    QTest::keyClick(&most, Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), std::string(OpenOval) + " C151R");
+}
+
+TEST_F(Suggestions, AreLeftByEnterOnCancel) {
+    Open(ProjectOf(OpenOval));
+    Choose("mnuCloseLoop");
+
+    QTest::keyClick(&Find<QPushButton>("cmdLeaveSuggestions"), Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), OpenOval);
+    EXPECT_FALSE(Strip().isVisible());
+}
+
 TEST_F(Suggestions, LeaveAllAsItWasByEscape) {
     Open(ProjectOf(OpenOval));
     Choose("mnuCloseLoop");
@@ -91,6 +181,7 @@ TEST_F(Suggestions, OfOwnedPiecesOnlyTellWhenThereAreNone) {
     Find<QCheckBox>("chkOwnedOnly").setChecked(true);
 
     EXPECT_EQ(Ways().count(), 0);
+    EXPECT_FALSE(Find<QPushButton>("cmdLaySuggestion").isEnabled());
     EXPECT_TRUE(Ghosts().empty());
     EXPECT_THAT(Text("lblSuggestion"),
                 StartsWith("Nothing closes it with up to 8 pieces of those that are owned and not used"));

@@ -1,0 +1,219 @@
+#include "ui/box_fields.h"
+
+#include "commands/closing_commands.h"
+#include "editor/view_commands.h"
+#include "ui/named_controls.h"
+
+#include <QGroupBox>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace pistaro {
+
+namespace {
+
+struct MustHaveText {
+    bool MustHaves::*Is;
+    const char* Name;
+    const char* Caption;
+};
+
+constexpr std::array<MustHaveText, 4> MustHaveTexts{{
+    {&MustHaves::LapCounter, "chkLapCounter", "&Lap counter"},
+    {&MustHaves::BankedCurve, "chkBankedCurve", "&Banked curve"},
+    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-o&ver pair"},
+    {&MustHaves::Chicane, "chkChicane", "Complete c&hicane"},
+}};
+
+QSpinBox* NewLengthBox(const char* name, int value) {
+    constexpr int shortest = 50, longest = 5000; // cm
+    auto* const box = Named(new QSpinBox, name);
+    box->setRange(shortest, longest);
+    box->setSingleStep(10);
+    box->setValue(value);
+    box->setSuffix(" cm");
+    return box;
+}
+
+} // namespace
+
+BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()> boxChanged,
+                     std::function<void()> countChanged)
+    : session_(session), purpose_(purpose), boxChanged_(std::move(boxChanged)), countChanged_(std::move(countChanged)),
+      owned_(OwnedBox(session.Catalogue, session.Project.Stock)), sets_(SetsOf(session)) {
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(PieceFields(), 1);
+    column->addWidget(RoomFields());
+    column->addWidget(MustHaveFields());
+    column->addLayout(NumberFields());
+    lstBox_->Show(purpose == BoxPurpose::Variations ? BoxOfDesign(session) : owned_);
+    ShowTotal();
+    OfferRoom();
+    ChooseRoom();
+    connect(lstBox_, &QTreeWidget::itemChanged, this, [this] {
+        ShowTotal();
+        boxChanged_();
+    });
+}
+
+void BoxFields::Refresh() {
+    OfferRoom();
+    const PieceBox before = std::exchange(owned_, OwnedBox(session_.Catalogue, session_.Project.Stock));
+    if (purpose_ == BoxPurpose::Box && lstBox_->Box() == before && before != owned_) lstBox_->Show(owned_);
+}
+
+void BoxFields::ShowTotal() { lblTotal_->setText(Shown(PieceCountText(lstBox_->Box().Total()) + " in the box")); }
+
+QLayout* BoxFields::PieceFields() {
+    lstBox_ = Named(new PieceCounts(session_.Catalogue), "lstBox");
+    QPushButton* const cmdAllOwned = NewButton("cmdAllOwned", "&All I Own");
+    QPushButton* const cmdNoPieces = NewButton("cmdNoPieces", "&Empty");
+    QPushButton* const cmdAddSet = NewButton("cmdAddSet", "Add Se&t");
+    cmdAllOwned->setToolTip("Have in the box what you own, and nothing else");
+    cmdAddSet->setToolTip("Put one more such set into the box");
+    cboSets_ = Named(new QComboBox, "cboSets");
+    cboSets_->setAccessibleName("Boxed sets");
+    cboSets_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    for (const BoxedSet& set : sets_)
+        cboSets_->addItem(Shown(set.Name));
+    cmdAddSet->setEnabled(!sets_.empty());
+    connect(cmdAllOwned, &QPushButton::clicked, this, [this] { lstBox_->Show(owned_); });
+    connect(cmdNoPieces, &QPushButton::clicked, this, [this] { lstBox_->Show(OwnedBox(session_.Catalogue, Stock())); });
+    connect(cmdAddSet, &QPushButton::clicked, this, [this] { AddSet(); });
+    lblTotal_ = Named(new QLabel, "lblTotal");
+    auto* const contents = new QHBoxLayout;
+    contents->addWidget(cmdAllOwned);
+    contents->addWidget(cmdNoPieces);
+    auto* const set = new QHBoxLayout;
+    set->addWidget(cboSets_, 1);
+    set->addWidget(cmdAddSet);
+    auto* const column = new QVBoxLayout;
+    column->addWidget(lstBox_, 1);
+    column->addWidget(lblTotal_);
+    column->addLayout(contents);
+    column->addLayout(set);
+    return column;
+}
+
+void BoxFields::AddSet() {
+    PieceBox box = lstBox_->Box();
+    for (const auto& [row, count] : sets_[static_cast<std::size_t>(cboSets_->currentIndex())].Pieces) {
+        int& there = box.Counts[static_cast<std::size_t>(row)];
+        there = std::min(there + count, MostOfProduct);
+    }
+    lstBox_->Show(box);
+}
+
+QWidget* BoxFields::RoomFields() {
+    auto* const frame = new QGroupBox("Room");
+    auto* const column = new QVBoxLayout(frame);
+    optRoomDesign_ = Named(new QRadioButton("The &design's"), "optRoomDesign");
+    optRoomArea_ = Named(new QRadioButton, "optRoomArea");
+    optRoomArea_->setAccessibleName("Width and depth");
+    spnWidth_ = NewLengthBox("spnRoomWidth", 400);
+    spnDepth_ = NewLengthBox("spnRoomDepth", 300);
+    auto* const area = new QHBoxLayout;
+    area->addWidget(optRoomArea_);
+    area->addWidget(spnWidth_, 1);
+    area->addWidget(new QLabel("×"));
+    area->addWidget(spnDepth_, 1);
+    column->addWidget(optRoomDesign_);
+    column->addLayout(area);
+    for (QSpinBox* const length : {spnWidth_, spnDepth_})
+        connect(length, &QSpinBox::valueChanged, this, [this] { optRoomArea_->setChecked(true); });
+    return frame;
+}
+
+void BoxFields::OfferRoom() {
+    const bool isThere = HasWalls(session_.Project.Design.Room);
+    optRoomDesign_->setEnabled(isThere);
+    optRoomDesign_->setToolTip(isThere ? "The walls of the design that is open" : "The design has no room with walls");
+    if (!isThere) optRoomArea_->setChecked(true);
+}
+
+/// Begins with the design's room, where there is one; else with an area in which its circuit has room.
+void BoxFields::ChooseRoom() {
+    const Design& design = session_.Project.Design;
+    const bool isThere = HasWalls(design.Room);
+    const auto extent = ExtentOf(session_.Catalogue, design);
+    if (purpose_ == BoxPurpose::Variations && extent && !isThere) {
+        constexpr double spare = 60; // cm
+        spnWidth_->setValue(static_cast<int>(std::ceil(extent->Right - extent->Left + spare)));
+        spnDepth_->setValue(static_cast<int>(std::ceil(extent->Top - extent->Bottom + spare)));
+        middleX_ = static_cast<int>(std::lround((extent->Left + extent->Right) / 2));
+        middleY_ = static_cast<int>(std::lround((extent->Bottom + extent->Top) / 2));
+    }
+    (isThere ? optRoomDesign_ : optRoomArea_)->setChecked(true);
+}
+
+QWidget* BoxFields::MustHaveFields() {
+    auto* const frame = new QGroupBox("Must have");
+    auto* const grid = new QGridLayout(frame);
+    for (std::size_t i = 0; i < MustHaveTexts.size(); ++i) {
+        mustHaves_[i] = Named(new QCheckBox(MustHaveTexts[i].Caption), MustHaveTexts[i].Name);
+        grid->addWidget(mustHaves_[i], static_cast<int>(i / 2), static_cast<int>(i % 2));
+    }
+    if (purpose_ == BoxPurpose::Variations) {
+        chkKeepPart_ = Named(new QCheckBox, "chkKeepPart");
+        OfferPart();
+        grid->addWidget(chkKeepPart_, 2, 0, 1, 2);
+    }
+    return frame;
+}
+
+/// Offers to keep the elements that are selected as the window opens.
+void BoxFields::OfferPart() {
+    const EditState& edit = session_.Project.EditState;
+    const ElementRun run = edit.ShowsAllTracks() ? ElementRun() : SelectedRun(session_);
+    const Track* const track = EditedTrack(session_.Project.Design.Circuit, edit);
+    const bool canKeep = run.Count > 0 && run.Count <= track->ElementLastIndex();
+    if (canKeep) part_ = PartOf(session_, run.First, run.Count);
+    chkKeepPart_->setEnabled(canKeep);
+    chkKeepPart_->setChecked(canKeep && run.Count > 1);
+    chkKeepPart_->setText(canKeep && run.Count > 1
+                              ? QString("The selected pa&rt: %1 to %2").arg(run.First).arg(run.First + run.Count - 1)
+                              : QString("The selected pa&rt"));
+    chkKeepPart_->setToolTip(canKeep ? "These elements stay as they are, where they are"
+                                     : "Select elements first: a click, then Shift and a click");
+}
+
+QLayout* BoxFields::NumberFields() {
+    spnCount_ = Named(new QSpinBox, "spnCircuits");
+    spnCount_->setRange(1, 100);
+    spnCount_->setValue(10);
+    spnCount_->setToolTip("How many circuits are shown, the best of all that are found");
+    connect(spnCount_, &QSpinBox::valueChanged, this, countChanged_);
+    txtSeed_ = Named(new QLineEdit("1"), "txtSeed");
+    txtSeed_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{1,18}"), txtSeed_));
+    txtSeed_->setToolTip("The same number finds the same circuits; another one finds others");
+    auto* const numbers = new QHBoxLayout;
+    auto* const lblCount = new QLabel("&Circuits:");
+    auto* const lblSeed = new QLabel("Seed:");
+    lblCount->setBuddy(spnCount_);
+    lblSeed->setBuddy(txtSeed_);
+    numbers->addWidget(lblCount);
+    numbers->addWidget(spnCount_);
+    numbers->addWidget(lblSeed);
+    numbers->addWidget(txtSeed_, 1);
+    return numbers;
+}
+
+BoxWish BoxFields::Wish() const {
+    BoxWish wish{.Box = lstBox_->Box()};
+    if (optRoomArea_->isChecked()) wish.Area = Area{spnWidth_->value(), spnDepth_->value()};
+    wish.MiddleX = middleX_;
+    wish.MiddleY = middleY_;
+    for (std::size_t i = 0; i < MustHaveTexts.size(); ++i)
+        wish.MustHave.*MustHaveTexts[i].Is = mustHaves_[i]->isChecked();
+    if (chkKeepPart_ != nullptr && chkKeepPart_->isChecked()) wish.Kept = part_;
+    wish.Count = spnCount_->value();
+    wish.Seed = txtSeed_->text().toULongLong();
+    return wish;
+}
+
+} // namespace pistaro

@@ -1,0 +1,67 @@
+// What circuits are laid from and where: the box of pieces, the room, what they must have, how many are wished for.
+#pragma once
+
+#include "commands/laying_commands.h"
+#include "ui/piece_counts.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSpinBox>
+
+#include <array>
+#include <functional>
+
+namespace pistaro {
+
+enum class BoxPurpose {
+    Box,        ///< begins with the pieces that are owned
+    Variations, ///< begins with the pieces of the design, of which the selected ones can be kept
+};
+
+class BoxFields : public QWidget {
+public:
+    /// `boxChanged` is called when other pieces are in the box, `countChanged` when another number of circuits is
+    /// wished for.
+    BoxFields(Session& session, BoxPurpose purpose, std::function<void()> boxChanged,
+              std::function<void()> countChanged);
+
+    /// To be called when other pieces are owned, or the room is another: a box of all that is owned stays so.
+    void Refresh();
+
+    BoxWish Wish() const;
+
+    /// How many circuits are wished for.
+    int Count() const { return spnCount_->value(); }
+
+private:
+    QLayout* PieceFields();
+    QWidget* RoomFields();
+    QWidget* MustHaveFields();
+    QLayout* NumberFields();
+    void AddSet();
+    void ShowTotal();
+    void OfferRoom();
+    void ChooseRoom();
+    void OfferPart();
+
+    Session& session_;
+    const BoxPurpose purpose_;
+    const std::function<void()> boxChanged_, countChanged_;
+    PieceBox owned_; ///< as it was last looked at
+    PieceCounts* lstBox_ = nullptr;
+    QLabel* lblTotal_ = nullptr;
+    QComboBox* cboSets_ = nullptr;
+    BoxedSets sets_;
+    QRadioButton *optRoomDesign_ = nullptr, *optRoomArea_ = nullptr;
+    QSpinBox *spnWidth_ = nullptr, *spnDepth_ = nullptr, *spnCount_ = nullptr;
+    QLineEdit* txtSeed_ = nullptr;
+    std::array<QCheckBox*, 4> mustHaves_{};
+    QCheckBox* chkKeepPart_ = nullptr;
+    std::optional<KeptPart> part_;  ///< of the design, as it was selected
+    int middleX_ = 0, middleY_ = 0; ///< of an area as the room, cm
+};
+
+} // namespace pistaro

@@ -1,0 +1,93 @@
+#include "ui/circuit_preview.h"
+
+#include "ui/named_controls.h"
+#include "ui/work_picture.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace pistaro {
+
+/// Drawn anew for each size that it gets.
+class CircuitPreview::Picture : public QWidget {
+public:
+    explicit Picture(Session& session) : session_(session) {
+        setObjectName("picChosen");
+        setAccessibleName("The chosen circuit");
+        constexpr int least = 160;
+        setMinimumSize(least, least * 3 / 4);
+    }
+
+    void Show(std::optional<Design> design, const QString& instead) {
+        design_ = std::move(design);
+        instead_ = instead;
+        drawn_ = {};
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        if (!design_) {
+            painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, instead_);
+            return;
+        }
+        const qreal ratio = devicePixelRatioF();
+        if (drawn_.isNull() || drawn_.deviceIndependentSize() != QSizeF(size()) || drawn_.devicePixelRatioF() != ratio)
+            drawn_ = WorkPicture(session_.Catalogue, *design_, session_.Project.Preferences, size(), ratio);
+        painter.drawImage(QPointF(0, 0), drawn_);
+    }
+
+    void changeEvent(QEvent* event) override {
+        QWidget::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange) drawn_ = {};
+    }
+
+private:
+    Session& session_;
+    std::optional<Design> design_;
+    QString instead_;
+    QImage drawn_;
+};
+
+CircuitPreview::CircuitPreview(Session& session) : picture_(new Picture(session)), grid_(new QGridLayout) {
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(picture_, 1);
+    column->addLayout(grid_);
+    grid_->setColumnStretch(1, 1);
+    grid_->setVerticalSpacing(2);
+    constexpr int betweenColumns = 12;
+    grid_->setHorizontalSpacing(betweenColumns);
+}
+
+void CircuitPreview::Show(const Design& design, const std::vector<CircuitFigure>& figures) {
+    picture_->Show(design, {});
+    ShowFigures(figures);
+}
+
+void CircuitPreview::ShowNone(const QString& why) {
+    picture_->Show(std::nullopt, why);
+    ShowFigures({});
+}
+
+void CircuitPreview::ShowFigures(const std::vector<CircuitFigure>& figures) {
+    for (std::size_t i = figures_.size(); i < figures.size(); ++i) {
+        const int row = static_cast<int>(i);
+        auto* const name = Named(new QLabel, "lblFigureName", row);
+        auto* const value = Named(new QLabel, "lblFigure", row);
+        value->setWordWrap(true);
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        grid_->addWidget(name, row, 0, Qt::AlignTop);
+        grid_->addWidget(value, row, 1);
+        figures_.emplace_back(name, value);
+    }
+    for (std::size_t i = 0; i < figures_.size(); ++i) {
+        const bool isThere = i < figures.size();
+        figures_[i].first->setText(isThere ? Shown(figures[i].Name) : QString());
+        figures_[i].second->setText(isThere ? Shown(figures[i].Value) : QString());
+    }
+}
+
+} // namespace pistaro

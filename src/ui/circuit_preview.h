@@ -1,0 +1,36 @@
+// A circuit large, with its figures below.
+#pragma once
+
+#include "commands/laying_commands.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPixmap>
+#include <QWidget>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace pistaro {
+
+class CircuitPreview : public QWidget {
+public:
+    explicit CircuitPreview(Session& session);
+
+    void Show(const Design& design, const std::vector<CircuitFigure>& figures);
+
+    /// Says in the picture's place why there is none.
+    void ShowNone(const QString& why);
+
+private:
+    class Picture;
+
+    void ShowFigures(const std::vector<CircuitFigure>& figures);
+
+    Picture* const picture_;
+    QGridLayout* const grid_;
+    std::vector<std::pair<QLabel*, QLabel*>> figures_; ///< names and values
+};
+
+} // namespace pistaro
