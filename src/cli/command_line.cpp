@@ -178,6 +178,7 @@ private:
         verb->add_flag("--grid", given.Grid, "Draw the grid");
         verb->add_flag("--room", given.Room, "Draw the room");
         verb->add_flag("--surface", given.Surface, "Draw the tracks as they look: beds, kerbs and lanes");
+        verb->add_flag("--background", given.Background, "Draw the picture that lies under the circuit to scale");
         TakeTrack(verb, given.Track);
         verb->add_flag("--force", given.Force, "Replace a file that is there already");
     }
