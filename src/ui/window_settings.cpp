@@ -21,6 +21,13 @@ struct NamedLook {
 constexpr NamedLook NamedLooks[] = {{"window/surface", &Looks::Surface, true},
                                     {"window/legend", &Looks::Legend, false},
                                     {"window/columns", &Looks::Columns, true}};
+struct NamedHabit {
+    const char* Key;
+    std::string Habits::*Habit;
+};
+constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFolder},
+                                      {"habits/exportEnding", &Habits::ExportEnding},
+                                      {"habits/paper", &Habits::Paper}};
 constexpr const char* PlaceKey = "window/place";
 
 bool HasRoomForColumns(const QMainWindow& window) {
@@ -39,6 +46,8 @@ void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Sessi
         const QSettings settings(FileName(path), QSettings::IniFormat);
         for (const NamedLook& named : NamedLooks)
             looks.*named.Look = settings.value(named.Key, named.AtFirst).toBool();
+        for (const NamedHabit& named : NamedHabits)
+            session.Habits.*named.Habit = settings.value(named.Key).toString().toStdString();
         window.restoreGeometry(settings.value(PlaceKey).toByteArray());
     }
     if (!HasRoomForColumns(window)) looks.Columns = false;
@@ -52,6 +61,8 @@ void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, co
         const bool isUsersChoice = named.Look != &Looks::Columns || HasRoomForColumns(window);
         if (isUsersChoice) settings.setValue(named.Key, session.Looks.*named.Look);
     }
+    for (const NamedHabit& named : NamedHabits)
+        settings.setValue(named.Key, Shown(session.Habits.*named.Habit));
     settings.setValue(PlaceKey, window.saveGeometry());
 }
 

@@ -9,9 +9,9 @@ class QMainWindow;
 
 namespace pistaro {
 
-/// Brings the window to its place and size and the session to its looks as they were kept; at a first start tracks are
-/// drawn as they look. Where the screen has no room for them the side columns are folded away. Without a path nothing
-/// was kept.
+/// Brings the window to its place and size and the session to its looks and habits as they were kept; at a first start
+/// tracks are drawn as they look. Where the screen has no room for them the side columns are folded away. Without a
+/// path nothing was kept.
 void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Session& session);
 
 /// Keeps them. Without a path, or where the file cannot be written, nothing is kept.

@@ -72,5 +72,17 @@ TEST_F(WindowSettings, TheLegendStandsOnTheDrawingWhileItIsChosen) {
     EXPECT_EQ(Picture().grab().toImage(), without);
 }
 
+TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
+    Open();
+    EXPECT_EQ(Session->Habits, Habits());
+    Session->Habits = {.ExportFolder = "/tmp/Übung", .ExportEnding = ".svg", .Paper = "Letter"};
+    KeepWindow(folder_ / "window.ini", *Window, *Session);
+
+    Open();
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+
+    EXPECT_EQ(Session->Habits, (Habits{.ExportFolder = "/tmp/Übung", .ExportEnding = ".svg", .Paper = "Letter"}));
+}
+
 } // namespace
 } // namespace pistaro
