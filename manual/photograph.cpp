@@ -226,9 +226,9 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     samples.show();
     photographer.Take(samples, "samples");
     samples.close();
-    PhotographTour(photographer, session, window);
     PhotographPrinting(session, photographer);
     PhotographBackground(session, window, photographer);
+    PhotographTour(photographer, session, window); // which leaves a circuit of its own
     frmAbout about(session.Catalogue, &window);
     about.show();
     photographer.Take(about, "about");

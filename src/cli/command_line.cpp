@@ -160,13 +160,10 @@ private:
 
     void AddExport() {
         ExportArguments& given = given_.Export;
-        CLI::App* const verb =
-            app_.add_subcommand("export", "Write the circuit as a file for other programs or for paper");
-        verb->final_callback([this, &given] {
-            const std::string reason = WhyNotTogether(given);
-            if (!reason.empty()) throw CLI::ValidationError(reason);
-            named_ = [this](const VerbContext& context) { ExportVerb(context, Circuit(), given_.Export); };
-        });
+        CLI::App* const verb = AddChecked(
+            "export", "Write the circuit as a file for other programs or for paper",
+            [&given] { return WhyNotTogether(given); },
+            [this](const VerbContext& context) { ExportVerb(context, Circuit(), given_.Export); });
         TakeCircuit(verb);
         verb->add_option("--out", given.Out, "The file: " + ExportEndings())->required()->check(WhyNoExportFile);
         verb->add_option("--scale", given.Scale, "1:N, such as 1:10")->check(WhyNoScale);
@@ -177,15 +174,17 @@ private:
         verb->add_flag("--grid", given.Grid, "Draw the grid");
         verb->add_flag("--room", given.Room, "Draw the room");
         verb->add_flag("--surface", given.Surface, "Draw the tracks as they look: beds, kerbs and lanes");
+        verb->add_flag("--background", given.Background, "Draw the picture that lies under the circuit to scale");
         TakeTrack(verb, given.Track);
         verb->add_flag("--force", given.Force, "Replace a file that is there already");
     }
 
     void AddPlan() {
         PlanArguments& given = given_.Plan;
-        CLI::App* const verb =
-            Add("plan", "Write the build plan: what is needed, and the pieces in steps with pictures",
-                [this](const VerbContext& context) { PlanVerb(context, Circuit(), given_.Plan); });
+        CLI::App* const verb = AddChecked(
+            "plan", "Write the build plan: what is needed, and the pieces in steps with pictures",
+            [&given] { return WhyNotTogether(given); },
+            [this](const VerbContext& context) { PlanVerb(context, Circuit(), given_.Plan); });
         TakeCircuit(verb);
         verb->add_option("--out", given.Out, "The file: .html, .pdf")->required()->check(WhyNoPlanFile);
         verb->add_option("--paper", given.Paper, "The paper of a PDF: " + PaperNames())->check(WhyNoPaper);
@@ -278,6 +277,18 @@ private:
     CLI::App* Add(const char* name, const char* description, const VerbJob& job) {
         CLI::App* const verb = app_.add_subcommand(name, description);
         verb->final_callback([this, job] { named_ = job; });
+        return verb;
+    }
+
+    /// A verb whose options do not all go together.
+    CLI::App* AddChecked(const char* name, const char* description, const std::function<std::string()>& whyNot,
+                         const VerbJob& job) {
+        CLI::App* const verb = app_.add_subcommand(name, description);
+        verb->final_callback([this, whyNot, job] {
+            const std::string reason = whyNot();
+            if (!reason.empty()) throw CLI::ValidationError(reason);
+            named_ = job;
+        });
         return verb;
     }
 

@@ -6,6 +6,7 @@
 #include "paper/paper_size.h"
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "storage/background_file.h"
 
 namespace pistaro {
 
@@ -33,6 +34,7 @@ ExportOptions OptionsOf(const ExportArguments& arguments) {
     options.Parts.Grid = arguments.Grid;
     options.Parts.Room = arguments.Room;
     options.Parts.Surface = arguments.Surface;
+    options.Parts.Background = arguments.Background;
     options.Sheets.Scale = ScaleIn(arguments.Scale);
     options.Sheets.Paper = FindPaper(arguments.Paper);
     options.Sheets.Tiles = arguments.Tiles;
@@ -78,12 +80,15 @@ std::string WhyNotTogether(const ExportArguments& arguments) {
     if ((arguments.Numbers || arguments.Grid || arguments.Room) && !drawn)
         return "--numbers, --grid and --room go with drawings alone";
     if (arguments.Surface && !onPaper) return "--surface goes with .png, .svg and .pdf alone";
+    if (arguments.Background && !onPaper) return "--background goes with .png, .svg and .pdf alone";
     return {};
 }
 
 void ExportVerb(const VerbContext& context, const std::filesystem::path& circuit, const ExportArguments& arguments) {
     const std::filesystem::path file = PathFromText(arguments.Out);
-    const Project project = StartWithCircuit(context, circuit);
+    Project project = StartWithCircuit(context, circuit);
+    if (arguments.Background)
+        project.Background = std::make_shared<const ScaledBackground>(ReadBackground(BackgroundFileOf(circuit)));
     CheckMayWrite(file, arguments.Force);
     CheckNotInput(context, circuit, file);
     const OffscreenGraphics graphics;

@@ -9,7 +9,7 @@ namespace pistaro {
 /// The verb's options as they were typed.
 struct ExportArguments {
     std::string Out, Scale, Paper, DotsPerInch, Track = "all";
-    bool Tiles = false, Numbers = false, Grid = false, Room = false, Surface = false, Force = false;
+    bool Tiles = false, Numbers = false, Grid = false, Room = false, Surface = false, Background = false, Force = false;
 };
 
 /// Options' checks: empty for what can be taken.

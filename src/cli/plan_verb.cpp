@@ -12,6 +12,11 @@ std::string WhyNoPlanFile(const std::string& name) {
     return PlanFormatOf(PathFromText(name)) ? "" : name + ": the file's ending is neither .html nor .pdf";
 }
 
+std::string WhyNotTogether(const PlanArguments& arguments) {
+    const bool onPaper = PlanFormatOf(PathFromText(arguments.Out)) == PlanFormat::Pdf;
+    return arguments.Paper.empty() || onPaper ? "" : "--paper goes with .pdf alone";
+}
+
 void PlanVerb(const VerbContext& context, const std::filesystem::path& circuit, const PlanArguments& arguments) {
     const std::filesystem::path file = PathFromText(arguments.Out);
     const Project project = StartWithCircuit(context, circuit);
@@ -19,7 +24,7 @@ void PlanVerb(const VerbContext& context, const std::filesystem::path& circuit, 
     const OffscreenGraphics graphics;
     CheckNotInput(context, circuit, file);
     ReplaceFile(file, BuildPlanBytes(context.Catalogue, project, TrackIn(arguments.Track), *PlanFormatOf(file),
-                                     *FindPaper(arguments.Paper)));
+                                     FindPaper(arguments.Paper).value_or(PaperA4)));
     context.Output << TextFromPath(file) << '\n';
 }
 

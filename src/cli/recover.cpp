@@ -1,9 +1,11 @@
 #include "cli/recover.h"
 
 #include "cli/start.h"
+#include "commands/background_commands.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "platform/places.h"
+#include "storage/background_file.h"
 #include "storage/circuit_file.h"
 #include "storage/recovery_file.h"
 
@@ -53,6 +55,10 @@ void CopyRecoveredVerb(const VerbContext& context, const std::string& handle, co
     std::error_code toldByTheWrite;
     if (std::filesystem::exists(std::filesystem::symlink_status(out, toldByTheWrite)))
         throw Fault("File already exists", TextFromPath(out));
+    if (std::filesystem::exists(BackgroundFileOf(work.File), toldByTheWrite) &&
+        std::filesystem::exists(BackgroundFileOf(out), toldByTheWrite))
+        throw Fault("File already exists", TextFromPath(BackgroundFileOf(out)));
+    CopyBackground(work.File, out);
     WriteCircuit(out, design);
     context.Output << TextFromPath(out) << '\n';
 }

@@ -25,7 +25,33 @@ ScaledBackground InMiddleOf(const Design& design, std::string&& picture) {
             .Angle = -double{design.Room.Angle}};
 }
 
-std::string Told(const std::string& reason) { return reason + "\nThe circuit is loaded without the picture under it."; }
+void TellingFaults(Session& session, const std::function<void()>& read) {
+    try {
+        read();
+    } catch (const Fault& fault) {
+        session.Prompts.Tell(
+            {Icon::Exclamation, std::string(fault.what()) + "\nThe circuit is loaded without the picture under it."});
+    }
+}
+
+/// A script shows no picture: it goes along as it is.
+void Decode(Session& session, const ScaledBackground& background, const std::filesystem::path& file) {
+    if (session.Windows != nullptr) session.Pictures.Of(background.Picture, TextFromPath(file));
+}
+
+/// Of a circuit that was replaced by one without. What is no background is left alone. Gives whether it is gone.
+bool RemoveBackground(const std::filesystem::path& file) {
+    if (!IsThere(file)) return false;
+    try {
+        ReadBackground(file);
+    } catch (const Fault&) {
+        return false; // it is none of ours
+    }
+    std::error_code reason;
+    std::filesystem::remove(file, reason);
+    if (reason) throw Fault("Permission denied", TextFromPath(file) + ": the old background stays there");
+    return true;
+}
 
 } // namespace
 
@@ -51,17 +77,34 @@ void LoadBackground(Session& session) {
     const std::filesystem::path file = BackgroundFileOf(session.Project.EditState.File);
     const bool wasThere = session.KeptBackground.File == file && session.KeptBackground.Value;
     session.KeptBackground = {};
-    try {
+    TellingFaults(session, [&] {
         if (!IsThere(file)) {
             if (wasThere) throw Fault("File not found", TextFromPath(file));
             return;
         }
         session.Project.Background = std::make_shared<const ScaledBackground>(ReadBackground(file));
         session.KeptBackground = {file, session.Project.Background};
-        // A script shows no picture: it goes along as it is.
-        if (session.Windows != nullptr) session.Pictures.Of(session.Project.Background->Picture, TextFromPath(file));
-    } catch (const Fault& fault) {
-        session.Prompts.Tell({Icon::Exclamation, Told(fault.what())});
+        Decode(session, *session.Project.Background, file);
+    });
+}
+
+std::shared_ptr<const ScaledBackground> BackgroundBeside(Session& session, const std::filesystem::path& work) {
+    const std::filesystem::path file = BackgroundFileOf(work);
+    std::shared_ptr<const ScaledBackground> background;
+    TellingFaults(session, [&] {
+        if (!IsThere(file)) return;
+        background = std::make_shared<const ScaledBackground>(ReadBackground(file));
+        Decode(session, *background, file);
+    });
+    return background;
+}
+
+void CopyBackground(const std::filesystem::path& from, const std::filesystem::path& to) {
+    const std::filesystem::path source = BackgroundFileOf(from);
+    if (IsThere(source)) {
+        ReplaceFile(BackgroundFileOf(to), BackgroundBytes(ReadBackground(source)));
+    } else {
+        RemoveBackground(BackgroundFileOf(to));
     }
 }
 
@@ -85,15 +128,7 @@ void BackgroundToSave::TakePlace() {
         session_.KeptBackground = {file_, background};
         return;
     }
-    try {
-        ReadBackground(file_);
-    } catch (const Fault&) {
-        return; // it is none of ours
-    }
-    std::error_code reason;
-    std::filesystem::remove(file_, reason);
-    if (reason) throw Fault("Permission denied", TextFromPath(file_) + ": the old background stays there");
-    session_.KeptBackground = {};
+    if (RemoveBackground(file_)) session_.KeptBackground = {};
 }
 
 } // namespace pistaro

@@ -19,6 +19,17 @@ void SetBackground(Session& session, std::shared_ptr<const ScaledBackground> bac
 /// since the program last saw it, is told.
 void LoadBackground(Session& session);
 
+/// The picture that lies beside recovered work; null where there is none, or it cannot be read, which is told.
+std::shared_ptr<const ScaledBackground> BackgroundBeside(Session& session, const std::filesystem::path& circuit);
+
+/// The picture that lies beside unsaved work which was found; null where there is none, or it cannot be read, which is
+/// told.
+std::shared_ptr<const ScaledBackground> BackgroundBeside(Session& session, const std::filesystem::path& work);
+
+/// Lays a copy of the picture beside one circuit's file beside another's. Where there is none, one that stands there
+/// belongs to the circuit that was replaced and is removed. Faults where it cannot be read or written.
+void CopyBackground(const std::filesystem::path& from, const std::filesystem::path& to);
+
 /// The picture of a design that is about to be saved as that file: on disk already, but not in its place. Goes there by
 /// TakePlace, when the circuit is saved. Where the design has none, one that stands there belongs to the circuit that
 /// was replaced and is removed then; what is no background is left alone.

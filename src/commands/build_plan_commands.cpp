@@ -28,7 +28,7 @@ void BuildPlanCommand(Session& session) {
                                                   .Title = "Build Plan",
                                                   .Filter = "Web page (*.html)|*.html|PDF (*.pdf)|*.pdf",
                                                   .DefaultName = FileTitleOf(session) + "-plan.html",
-                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+                                                  .Folder = ExportFolderOf(session)});
     if (!file) return;
     const auto format = PlanFormatOf(*file);
     if (!format) throw Fault("Unknown format", TextFromPath(*file) + ": the file's ending is neither .html nor .pdf");

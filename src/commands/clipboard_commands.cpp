@@ -2,6 +2,12 @@
 
 #include "commands/export_circuit.h"
 #include "editor/piece_list.h"
+#include "editor/status_text.h"
+#include "editor/track_editing.h"
+#include "layout/track_gap.h"
+
+#include <algorithm>
+#include <optional>
 
 namespace pistaro {
 
@@ -18,6 +24,27 @@ std::string PieceListOf(const Session& session) {
     return text;
 }
 
+/// A track without pieces, from 0; nothing where each has some.
+std::optional<int> EmptyTrack(const Circuit& circuit) {
+    const auto empty =
+        std::ranges::find_if(circuit.Tracks, [](const Track& track) { return track.ElementCodes.empty(); });
+    if (empty == circuit.Tracks.end()) return std::nullopt;
+    return static_cast<int>(empty - circuit.Tracks.begin());
+}
+
+/// Behind the last piece of a closed track others would lie over its first ones: an empty track is offered instead.
+void LeaveClosedTrack(Session& session) {
+    const Circuit& circuit = session.Project.Design.Circuit;
+    EditState& edit = session.Project.EditState;
+    const Track& track = *EditedTrack(circuit, edit);
+    const auto empty = EmptyTrack(circuit);
+    if (!empty || track.ElementCodes.empty() || !IsClosed(GapOf(session.Catalogue, track))) return;
+    const std::string question = "Track " + std::to_string(edit.CurrentTrack + 1) +
+                                 " is closed: pieces at its end would lie over its first ones. Lay them on track " +
+                                 std::to_string(*empty + 1) + ", which is empty?";
+    if (session.Prompts.Ask(question, Buttons::YesNo) == Answer::Yes) ChooseTrack(edit, *empty);
+}
+
 } // namespace
 
 void CopyCommand(Session& session) {
@@ -32,8 +59,9 @@ void CopyCommand(Session& session) {
 }
 
 void PasteCommand(Session& session) {
-    AppendPieces(session.Project.Design, session.Project.EditState,
-                 ParsePieceList(session.Catalogue, session.Windows->ClipboardText()));
+    const std::vector<std::string> codes = ParsePieceList(session.Catalogue, session.Windows->ClipboardText());
+    LeaveClosedTrack(session);
+    AppendPieces(session.Project.Design, session.Project.EditState, codes);
 }
 
 } // namespace pistaro

@@ -9,7 +9,8 @@ namespace pistaro {
 /// each track a line when all are chosen.
 void CopyCommand(Session& session);
 
-/// Lays the pieces that a list on the clipboard names at the end of the current track. Faults: it is no such list; the
+/// Lays the pieces that a list on the clipboard names at the end of the current track; where that is closed and another
+/// one empty, on that one after a question. Faults: it is no such list; the
 /// track has no room for them.
 void PasteCommand(Session& session);
 

@@ -2,6 +2,7 @@
 
 #include "exchange/dxf_file.h"
 #include "exchange/layout_files.h"
+#include "imaging/backdrop.h"
 #include "imaging/pdf_file.h"
 #include "imaging/sheet_picture.h"
 #include "imaging/svg_file.h"
@@ -31,14 +32,14 @@ SheetOptions SheetsFor(ExportFormat format, const SheetOptions& given, const Box
     return sheets;
 }
 
-std::string DrawingBytes(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options) {
+std::string DrawingBytes(CircuitDrawing drawing, ExportFormat format, const ExportOptions& options) {
     if (format == ExportFormat::Dxf) return DxfOf(drawing);
-    const SheetPlan plan = PlanSheets(drawing, SheetsFor(format, options.Sheets, drawing.Extent));
-    if (format == ExportFormat::Svg) return SvgOf(drawing, plan);
-    if (format == ExportFormat::Pdf) return PdfOf(drawing, plan);
-    constexpr double cmPerInch = 2.54;
-    return SheetPng(drawing, plan,
-                    options.PixelWidth ? *options.PixelWidth * cmPerInch / plan.Width : options.DotsPerInch);
+    DecodedPicture pictures;
+    const auto backdrop = TakeBackdrop(drawing, pictures);
+    const SheetPlan plan = PlanExport(drawing, format, options);
+    if (format == ExportFormat::Svg) return SvgOf(drawing, plan, backdrop.get());
+    if (format == ExportFormat::Pdf) return PdfOf(drawing, plan, {}, backdrop.get());
+    return SheetPng(drawing, plan, DotsPerInchOf(plan, options), backdrop.get());
 }
 
 } // namespace
@@ -48,6 +49,16 @@ std::string ExportEndings() { return EndingsText(Endings); }
 const char* EndingOf(ExportFormat format) { return EndingOf(Endings, format); }
 
 std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) { return FormatIn(Endings, file); }
+
+SheetPlan PlanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options) {
+    if (format == ExportFormat::Dxf) return PlanSheets(drawing, {.Scale = 1, .Header = false});
+    return PlanSheets(drawing, SheetsFor(format, options.Sheets, drawing.Whole()));
+}
+
+double DotsPerInchOf(const SheetPlan& plan, const ExportOptions& options) {
+    constexpr double cmPerInch = 2.54;
+    return options.PixelWidth ? *options.PixelWidth * cmPerInch / plan.Width : options.DotsPerInch;
+}
 
 std::string ExportBytes(const Catalogue& catalogue, const Project& project, ExportFormat format,
                         const ExportOptions& options) {

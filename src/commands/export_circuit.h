@@ -29,6 +29,13 @@ struct ExportOptions {
     std::optional<int> PixelWidth = {}; ///< of a PNG, whatever its dots per inch
 };
 
+/// The sheets that such a file shows of a drawing: of a DXF one at its full size. Not for CSV and JSON. Fault: a scale
+/// that needs too many tiles, or paper.
+SheetPlan PlanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options);
+
+/// The dots an inch of a PNG of that plan.
+double DotsPerInchOf(const SheetPlan& plan, const ExportOptions& options);
+
 /// The bytes of such a file. DXF, CSV and JSON tell of the circuit at its full size, whatever the sheets. A PNG without
 /// scale and paper is as large as A4 paper takes it, a PDF is on A4 paper. Graphics must be there for PNG, SVG and PDF.
 /// Faults: a scale that needs too many tiles, pixels, or paper.

@@ -38,6 +38,13 @@ std::string FileTitleOf(const Session& session) {
     return name == NewProjectName ? "circuit" : name;
 }
 
+std::string ExportFolderOf(const Session& session) {
+    const std::string& last = session.Habits.ExportFolder;
+    std::error_code gone;
+    return std::filesystem::is_directory(PathFromText(last), gone) ? last
+                                                                   : session.Project.Preferences.WorkingDirectory;
+}
+
 std::optional<std::filesystem::path> ChooseFileToWrite(Session& session, const FileChoice& choice) {
     auto file = session.Prompts.ChooseFile(choice);
     if (file && !MayReplace(session, *file)) file.reset();
@@ -50,15 +57,20 @@ bool ExportToChosenFile(Session& session, ExportFormat format, const std::functi
                                                   .Title = "Export",
                                                   .Filter = std::string(CaptionOf(format)) + "|*" + ending,
                                                   .DefaultName = FileTitleOf(session) + ending,
-                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+                                                  .Folder = ExportFolderOf(session)});
     if (!file) return false;
     ReplaceFile(*file, bytes());
+    session.Habits.ExportFolder = TextFromPath(std::filesystem::absolute(*file).parent_path());
+    session.Prompts.TellWritten(*file);
     return true;
 }
 
 bool ExportCommand(Session& session, ExportFormat format, const ExportOptions& options) {
-    return ExportToChosenFile(session, format,
-                              [&] { return ExportBytes(session.Catalogue, session.Project, format, options); });
+    if (!ExportToChosenFile(session, format,
+                            [&] { return ExportBytes(session.Catalogue, session.Project, format, options); }))
+        return false;
+    session.Habits.ExportEnding = EndingOf(format);
+    return true;
 }
 
 } // namespace pistaro

@@ -6,6 +6,7 @@
 #include "platform/folders.h"
 #include "platform/locks.h"
 #include "platform/processes.h"
+#include "storage/background_file.h"
 #include "storage/circuit_file.h"
 #include "storage/line_reader.h"
 
@@ -26,8 +27,10 @@ std::string NewOwner() {
     return std::to_string(ProcessNumber()) + "." + std::to_string(start);
 }
 
+/// A work, and the picture under it.
 void Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
     std::error_code staysAsItIs; // and is found under the old name
+    std::filesystem::rename(BackgroundFileOf(from), BackgroundFileOf(to), staysAsItIs);
     std::filesystem::rename(from, to, staysAsItIs);
 }
 
@@ -55,13 +58,31 @@ public:
     }
 
     /// Gives whether it could be written. What cannot is told when it begins, and not at each try.
-    static bool Write(const std::shared_ptr<Files>& files, const std::filesystem::path& file, const Design& design) {
-        if (!Begun(files) || !Try(files, [&] { ReplaceFile(file, CircuitBytes(design)); })) return false;
-        files->told_ = false;
-        return true;
+    static bool Write(const std::shared_ptr<Files>& files, const std::filesystem::path& file, const Design& design,
+                      const std::shared_ptr<const ScaledBackground>& background) {
+        const bool written = Begun(files) && Try(files, [&] {
+                                 files->WriteBackground(BackgroundFileOf(file), background);
+                                 ReplaceFile(file, CircuitBytes(design));
+                             });
+        if (written) files->told_ = false;
+        return written;
     }
 
 private:
+    /// A picture has megabytes: it is written when it has changed.
+    void WriteBackground(const std::filesystem::path& file, const std::shared_ptr<const ScaledBackground>& background) {
+        if (backgroundFile_ == file && background_ == background) return;
+        backgroundFile_.clear(); // until it stands there
+        std::error_code neverWritten;
+        if (background) {
+            ReplaceFile(file, BackgroundBytes(*background));
+        } else {
+            std::filesystem::remove(file, neverWritten);
+        }
+        backgroundFile_ = file;
+        background_ = background;
+    }
+
     static bool Try(const std::shared_ptr<Files>& files, const std::function<void()>& work) {
         try {
             work();
@@ -80,6 +101,8 @@ private:
     const Jobs::Post post_;
     const std::function<void(std::string)> tell_;
     std::unique_ptr<LifeSign> sign_;
+    std::filesystem::path backgroundFile_; ///< as it was written last
+    std::shared_ptr<const ScaledBackground> background_;
     std::atomic<bool> told_ = false;
 };
 
@@ -111,7 +134,7 @@ void Recovery::Heed(const Changes& changes) {
     }
     if (!session_.Project.EditState.DataChanged) {
         if (current_ && (changes.Saved || IsOnDisk())) Remove();
-    } else if (!current_ || changes.Circuit || changes.Room || changes.View) {
+    } else if (!current_ || changes.Circuit || changes.Room || changes.View || changes.Background) {
         WriteLater();
     }
 }
@@ -119,9 +142,8 @@ void Recovery::Heed(const Changes& changes) {
 void Recovery::WriteLater() {
     if (!current_) current_ = NewName();
     writer_.Later(
-        [files = files_, file = PathOf(*current_), design = std::make_shared<const Design>(session_.Project.Design)] {
-            return Files::Write(files, file, *design);
-        });
+        [files = files_, file = PathOf(*current_), design = std::make_shared<const Design>(session_.Project.Design),
+         background = session_.Project.Background] { return Files::Write(files, file, *design, background); });
 }
 
 void Recovery::Leave(std::optional<RecoveryName>& work, bool knowingly) {
@@ -133,8 +155,7 @@ void Recovery::Leave(std::optional<RecoveryName>& work, bool knowingly) {
 
 void Recovery::Remove() {
     writer_.Forget();
-    std::error_code neverWritten;
-    std::filesystem::remove(PathOf(*current_), neverWritten);
+    RemoveRecoveredWork(PathOf(*current_));
     current_.reset();
 }
 

@@ -1,5 +1,6 @@
 #include "commands/recovery_commands.h"
 
+#include "commands/background_commands.h"
 #include "commands/circuit_commands.h"
 #include "commands/recovery.h"
 #include "platform/fault.h"
@@ -13,9 +14,11 @@ bool OpenRecovered(Session& session, const RecoveredWork& work) {
     Design design = ReadCircuit(work.File);
     if (!MayReplace(session)) return false;
     session.TellLeaving();
+    auto background = BackgroundBeside(session, work.File); // before the work changes its place
     if (session.Recovery != nullptr) session.Recovery->Adopt(work);
     NewProject(session.Project);
     session.Project.Design = std::move(design);
+    session.Project.Background = std::move(background);
     session.Project.EditState.Name = work.Name.Design;
     session.Project.EditState.DataChanged = true;
     session.BeginCircuit("Recover " + ProjectName(session.Project.EditState));
@@ -35,6 +38,7 @@ bool CopyRecovered(Session& session, const RecoveredWork& work) {
         session.Prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo) != Answer::Yes) {
         return false;
     }
+    CopyBackground(work.File, *file);
     ReplaceFile(*file, bytes);
     return true;
 }
@@ -42,7 +46,7 @@ bool CopyRecovered(Session& session, const RecoveredWork& work) {
 bool DeleteRecovered(Session& session, const RecoveredWork& work) {
     if (session.Prompts.Ask("Delete \"" + work.Name.Design + "\" for good?", Buttons::YesNo) != Answer::Yes)
         return false;
-    if (!std::filesystem::remove(work.File)) throw Fault("File not found", TextFromPath(work.File));
+    if (!RemoveRecoveredWork(work.File)) throw Fault("File not found", TextFromPath(work.File));
     return true;
 }
 

@@ -9,11 +9,40 @@
 #include "commands/session.h"
 #include "report/viewer.h"
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
 
 std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
+
+bool HasPieces(const Circuit& circuit) {
+    return std::ranges::any_of(circuit.Tracks, [](const Track& track) { return !track.ElementCodes.empty(); });
+}
+
+std::string AnyPieces(const Session& session) {
+    return HasPieces(session.Project.Design.Circuit) ? "" : "There are no pieces yet.";
+}
+
+/// A room alone can be drawn, too.
+std::string AnythingToDraw(const Session& session) {
+    const std::string whyNot = HasWindows(session);
+    if (!whyNot.empty()) return whyNot;
+    return session.Project.Design.Room.Points.empty() ? AnyPieces(session) : "";
+}
+
+std::string AnythingToCopy(const Session& session) {
+    const std::string whyNot = HasWindows(session);
+    if (!whyNot.empty()) return whyNot;
+    return session.Project.EditState.ShowsAllTracks() ? AnyPieces(session) : TrackHasElements(session);
+}
+
+/// A row that opens a window on what is drawn.
+Command DrawingRow(Command row) {
+    row.WhyNot = AnythingToDraw;
+    return row;
+}
 
 } // namespace
 
@@ -78,15 +107,18 @@ void AddReportCommands(std::vector<Command>& rows) {
 }
 
 void AddExchangeCommands(std::vector<Command>& rows) {
-    rows.push_back(WindowRow("export", "mnuExport", "&Export…", "Write the circuit as a picture, a drawing or a table",
-                             "Ctrl+E", &Windows::ShowExport));
-    rows.push_back(WindowRow("print", "mnuPrint", "&Print…", "Print the circuit on a sheet, or to scale in tiles",
-                             "Ctrl+P", &Windows::ShowPrint));
+    rows.push_back(
+        DrawingRow(WindowRow("export", "mnuExport", "&Export…", "Write the circuit as a picture, a drawing or a table",
+                             "Ctrl+E", &Windows::ShowExport)));
+    rows.push_back(
+        DrawingRow(WindowRow("print", "mnuPrint", "&Print…", "Print the circuit on a sheet, or to scale in tiles",
+                             "Ctrl+P", &Windows::ShowPrint)));
     rows.push_back({.Id = "build plan",
                     .Control = "mnuBuildPlan",
                     .Caption = "&Build Plan…",
                     .Tip = "Write in which steps the circuit is laid, and what is needed",
                     .From = Door::WindowOnly,
+                    .WhyNot = AnyPieces,
                     .Run = BuildPlanCommand});
     rows.push_back({.Id = "copy",
                     .Control = "mnuCopy",
@@ -94,7 +126,7 @@ void AddExchangeCommands(std::vector<Command>& rows) {
                     .Tip = "Put the picture and the list of pieces on the clipboard",
                     .Key = "Ctrl+C",
                     .From = Door::WindowOnly,
-                    .WhyNot = HasWindows,
+                    .WhyNot = AnythingToCopy,
                     .Run = CopyCommand});
     rows.push_back(
         {.Id = "paste",

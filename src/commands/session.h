@@ -6,6 +6,7 @@
 #include "commands/jobs.h"
 #include "commands/windows.h"
 #include "imaging/picture.h"
+#include "model/habits.h"
 #include "model/looks.h"
 #include "model/project.h"
 #include "model/prompts.h"
@@ -69,6 +70,7 @@ public:
     pistaro::KeptBackground KeptBackground; ///< of the circuit's file, as it was read or written last
     DecodedPicture Pictures;                ///< under the circuit
     pistaro::Looks Looks;                   ///< of the window
+    pistaro::Habits Habits;                 ///< of its user
     int Times = 1;                          ///< so many pieces the next press of a piece's button lays
     int PicturePixels;                      ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr;    ///< null in a script

@@ -19,12 +19,7 @@ std::string PieceCount(std::size_t pieces) {
     return pieces == 0 ? "empty" : pieces == 1 ? "1 piece" : std::to_string(pieces) + " pieces";
 }
 
-/// A gap of which neither the distance nor the angle can be seen.
-bool IsClosed(const TrackGap& gap, double degrees) {
-    constexpr double mostCm = 0.05;
-    constexpr double mostDegrees = 0.1;
-    return gap.Distance <= mostCm && degrees <= mostDegrees;
-}
+double DegreesOf(const TrackGap& gap) { return std::fabs(gap.Angle) * 180 / PiValue; }
 
 std::string TrackText(const Catalogue& catalogue, const Project& project, const Track& track) {
     std::string text =
@@ -42,10 +37,15 @@ std::string AllTracksText(const Circuit& circuit) {
 
 } // namespace
 
+bool IsClosed(const TrackGap& gap) {
+    constexpr double mostCm = 0.05;
+    constexpr double mostDegrees = 0.1;
+    return gap.Distance <= mostCm && DegreesOf(gap) <= mostDegrees;
+}
+
 std::string GapText(const TrackGap& gap, const Units& units) {
-    const double degrees = std::fabs(gap.Angle) * 180 / PiValue;
-    if (IsClosed(gap, degrees)) return "closed";
-    const std::string angle = FixedText(degrees, 1);
+    if (IsClosed(gap)) return "closed";
+    const std::string angle = FixedText(DegreesOf(gap), 1);
     return "gap " + LengthText(gap.Distance, units) + (angle == "0.0" ? "" : ", " + angle + "°");
 }
 

@@ -15,6 +15,9 @@ namespace pistaro {
 /// With all tracks chosen the pieces of all.
 std::string StatusText(const Catalogue& catalogue, const Project& project);
 
+/// Whether neither distance nor angle of a gap can be seen.
+bool IsClosed(const TrackGap& gap);
+
 /// "gap 17.5 cm, 11.3°", or "closed".
 std::string GapText(const TrackGap& gap, const Units& units);
 

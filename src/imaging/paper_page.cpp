@@ -21,7 +21,7 @@ public:
 } // namespace
 
 void PaperPage::InArea(const Box& area, const Box& part, const Box& world, double scale,
-                       const std::function<void(Surface&)>& draw) {
+                       const std::function<void(PainterSurface&)>& draw) {
     Box whole = world;
     whole.Include(part);
     const ViewRectangle shown = whole.Shown();

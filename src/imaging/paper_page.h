@@ -21,13 +21,15 @@ public:
     /// 1:`scale`, cut at the area's edge. Strokes within `world` are drawn whole even where they are cut, so that the
     /// lengths in a file are those of the pieces.
     void InArea(const Box& area, const Box& part, const Box& world, double scale,
-                const std::function<void(Surface&)>& draw);
+                const std::function<void(PainterSurface&)>& draw);
 
     /// Thin lines and such in cm of the paper.
     void OnPaper(const Box& area, const std::function<void(Surface&)>& draw);
 
     /// A line of words at the top of an area; what is too long for it is cut.
     void Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points = 9);
+
+    QPainter& Painter() const { return painter_; }
 
 private:
     QPointF Place(double x, double y) const { return {x * dotsPerCm_, (height_ - y) * dotsPerCm_}; }

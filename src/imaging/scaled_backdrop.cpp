@@ -1,5 +1,7 @@
 #include "imaging/scaled_backdrop.h"
 
+#include "imaging/backdrop.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -11,6 +13,20 @@ WorldPoint MiddleOf(const ScaledBackground& background, const RoomPolygon& room)
     return {static_cast<float>(background.X * cosine + background.Y * sine),
             static_cast<float>(background.Y * cosine - background.X * sine)};
 }
+
+namespace {
+
+Box ExtentOf(const ScaledBackground& background, const RoomPolygon& room, QSizeF pixels) {
+    const double angle = double{room.Angle} + background.Angle;
+    const double cosine = std::fabs(std::cos(angle));
+    const double sine = std::fabs(std::sin(angle));
+    const QSizeF size = pixels * background.CmPerPixel;
+    const WorldPoint middle = MiddleOf(background, room);
+    return BoxAround(middle.X, middle.Y, size.width() * cosine + size.height() * sine,
+                     size.width() * sine + size.height() * cosine);
+}
+
+} // namespace
 
 ScaledBackdrop::ScaledBackdrop(QImage picture) {
     constexpr int least = 256; // pixels
@@ -48,6 +64,14 @@ void ScaledBackdrop::Paint(QPainter& painter, const PainterSurface& surface, con
     painter.setTransform(place, true);
     painter.drawImage(seen.topLeft(), picture, seen);
     painter.restore();
+}
+
+std::shared_ptr<const ScaledBackdrop> TakeBackdrop(CircuitDrawing& drawing, DecodedPicture& pictures) {
+    if (!drawing.Background) return {};
+    QImage picture = pictures.Of(drawing.Background->Picture, "background").Image();
+    drawing.BackgroundExtent = ExtentOf(*drawing.Background, drawing.Room, picture.size());
+    if (drawing.Parts.BlackAndWhite) picture.convertTo(QImage::Format_Grayscale8);
+    return std::make_shared<const ScaledBackdrop>(picture);
 }
 
 } // namespace pistaro

@@ -18,6 +18,9 @@ public:
     /// Without pixels draws nothing.
     explicit ScaledBackdrop(QImage picture);
 
+    /// Where it has pixels.
+    const QImage& Picture() const { return levels_.front(); }
+
     /// Draws what falls into the surface's part, whose painter it is.
     void Paint(QPainter& painter, const PainterSurface& surface, const ScaledBackground& background,
                const RoomPolygon& room) const;

@@ -1,6 +1,7 @@
 #include "imaging/sheet_painter.h"
 
 #include "imaging/paper_page.h"
+#include "imaging/scaled_backdrop.h"
 #include "render/redraw.h"
 
 #include <cmath>
@@ -70,6 +71,7 @@ void SheetPainter::Paint(QPainter& painter, double dotsPerInch, int number) cons
 }
 
 void SheetPainter::PaintSheet(PaperPage& page, const Sheet& sheet) const {
+    PaintBackdrop(page, sheet.Part, plan_.Scale);
     page.InArea(plan_.Area(), sheet.Part, drawing_.Extent, plan_.Scale,
                 [&](Surface& surface) { DrawPart(drawing_, sheet.Part, surface); });
     if (plan_.Tiled) DrawCutMarks(page, plan_, sheet);
@@ -79,13 +81,21 @@ void SheetPainter::PaintSheet(PaperPage& page, const Sheet& sheet) const {
     DrawRule(page, FooterOf(plan_));
 }
 
+void SheetPainter::PaintBackdrop(PaperPage& page, const Box& part, double scale) const {
+    if (backdrop_ == nullptr || !drawing_.Background) return;
+    page.InArea(plan_.Area(), part, part, scale, [&](const PainterSurface& surface) {
+        backdrop_->Paint(page.Painter(), surface, *drawing_.Background, drawing_.Room);
+    });
+}
+
 void SheetPainter::PaintOverview(PaperPage& page) const {
     const Box area = plan_.Area();
     const double scale = std::max(plan_.Whole.Width() / area.Width(), plan_.Whole.Height() / area.Height());
     const Box part =
         BoxAround(plan_.Whole.MiddleX(), plan_.Whole.MiddleY(), area.Width() * scale, area.Height() * scale);
-    CircuitDrawing bare = drawing_; // numbers and grid would hide the tiles' names
-    bare.Parts.Numbers = bare.Parts.Grid = false;
+    PaintBackdrop(page, part, scale);
+    CircuitDrawing bare = drawing_; // numbers, grid and surface would hide the tiles' names
+    bare.Parts.Numbers = bare.Parts.Grid = bare.Parts.Surface = false;
     page.InArea(area, part, part, scale, [&](Surface& surface) {
         for (const Sheet& sheet : plan_.Sheets)
             DrawCell(sheet, surface);

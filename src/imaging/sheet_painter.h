@@ -8,12 +8,15 @@
 namespace pistaro {
 
 class PaperPage;
+class ScaledBackdrop;
 
 class SheetPainter {
 public:
-    /// `date` stands in the header; an empty one does not. All must outlive it but the date.
-    SheetPainter(const CircuitDrawing& drawing, const SheetPlan& plan, std::string date = {})
-        : drawing_(drawing), plan_(plan), date_(std::move(date)) {}
+    /// `date` stands in the header; an empty one does not. `backdrop` is the picture of the drawing's background, if it
+    /// has one. All must outlive it but the date.
+    SheetPainter(const CircuitDrawing& drawing, const SheetPlan& plan, std::string date = {},
+                 const ScaledBackdrop* backdrop = nullptr)
+        : drawing_(drawing), plan_(plan), date_(std::move(date)), backdrop_(backdrop) {}
 
     /// Sheets of the plan, before them for tiles a sheet that shows all of them with their names.
     int Count() const { return static_cast<int>(plan_.Sheets.size()) + (HasOverview() ? 1 : 0); }
@@ -25,10 +28,12 @@ private:
     bool HasOverview() const { return plan_.Tiled && plan_.Sheets.size() > 1; }
     void PaintOverview(PaperPage& page) const;
     void PaintSheet(PaperPage& page, const Sheet& sheet) const;
+    void PaintBackdrop(PaperPage& page, const Box& part, double scale) const;
 
     const CircuitDrawing& drawing_;
     const SheetPlan& plan_;
     std::string date_;
+    const ScaledBackdrop* backdrop_;
 };
 
 } // namespace pistaro

@@ -1,11 +1,15 @@
 #include "imaging/svg_file.h"
 
+#include "imaging/image_file.h"
+#include "imaging/scaled_backdrop.h"
 #include "paper/path_data.h"
 #include "render/redraw.h"
 #include "text/decimal_text.h"
 #include "text/number_text.h"
 
 #include <QXmlStreamWriter>
+
+#include <numbers>
 
 namespace pistaro {
 
@@ -34,6 +38,7 @@ public:
     double PixelsPerCm() const override { return 96 / 2.54 / scale_; }
     void SetPen(PenWidth) override {}
     void SetFontSize(double) override {}
+    double FontSize() const { return fontSize_; } ///< cm of the world
 
     void Draw(const LineSegment& line, Colour colour) override {
         UseColour(colour);
@@ -110,16 +115,18 @@ private:
 /// An SVG of one drawing on one sheet.
 class SvgWriter {
 public:
-    SvgWriter(const CircuitDrawing& drawing, const SheetPlan& plan)
-        : drawing_(drawing), plan_(plan), xml_(&bytes_), surface_(xml_, plan.Scale, Size(NormalFont * CmPerPoint, 80)) {
-    }
+    SvgWriter(const CircuitDrawing& drawing, const SheetPlan& plan, const ScaledBackdrop* backdrop)
+        : drawing_(drawing), plan_(plan), backdrop_(drawing.Background ? backdrop : nullptr), whole_(drawing.Whole()),
+          xml_(&bytes_), surface_(xml_, plan.Scale, Size(NormalFont * CmPerPoint, 80)) {}
 
     std::string Write() {
         xml_.writeStartDocument();
         Begin();
+        if (backdrop_ != nullptr) {
+            Group("background", [&] { WriteBackdrop(); });
+        }
         if (drawing_.Parts.Grid) {
-            Group("grid",
-                  [&] { DrawGrid(drawing_.Preferences, drawing_.Extent.Shown(), drawing_.Extent.Width(), surface_); });
+            Group("grid", [&] { DrawGrid(drawing_.Preferences, whole_.Shown(), whole_.Width(), surface_); });
         }
         if (!drawing_.Room.Points.empty()) {
             Group("room", [&] { DrawRoom(drawing_.Room, surface_); });
@@ -137,7 +144,7 @@ private:
     /// What is so large on paper, in cm of the world; never less than a part of the whole, so that it is seen where all
     /// of a large circuit is shown on a screen.
     double Size(double onPaper, double parts) const {
-        return std::max(onPaper * plan_.Scale, std::max(drawing_.Extent.Width(), drawing_.Extent.Height()) / parts);
+        return std::max(onPaper * plan_.Scale, std::max(whole_.Width(), whole_.Height()) / parts);
     }
 
     void Attribute(const char* name, const QString& value) { xml_.writeAttribute(QLatin1String(name), value); }
@@ -146,6 +153,7 @@ private:
         const Box& part = plan_.Sheets.front().Part;
         xml_.writeStartElement(QStringLiteral("svg"));
         Attribute("xmlns", QStringLiteral("http://www.w3.org/2000/svg"));
+        if (backdrop_ != nullptr) Attribute("xmlns:xlink", QStringLiteral("http://www.w3.org/1999/xlink"));
         Attribute("width", Decimal(plan_.Width) + QStringLiteral("cm"));
         Attribute("height", Decimal(plan_.Height) + QStringLiteral("cm"));
         const Box paper = part.Wider(SheetMargin * plan_.Scale);
@@ -174,6 +182,28 @@ private:
         xml_.writeEndElement();
     }
 
+    /// By the older name of its reference, which every reader knows. A photograph stays one, without what its camera
+    /// wrote of how it was held.
+    void WriteBackdrop() {
+        const ScaledBackground& background = *drawing_.Background;
+        const QImage& picture = backdrop_->Picture();
+        const WorldPoint middle = MiddleOf(background, drawing_.Room);
+        const double degrees = (double{drawing_.Room.Angle} + background.Angle) * 180 / std::numbers::pi;
+        const bool photograph = background.Picture->starts_with("\xFF\xD8");
+        const std::string bytes = EncodeImage(picture, photograph ? PictureFormat::Jpeg : PictureFormat::Png);
+        xml_.writeEmptyElement(QStringLiteral("image"));
+        Attribute("width", QString::number(picture.width()));
+        Attribute("height", QString::number(picture.height()));
+        Attribute("preserveAspectRatio", QStringLiteral("none"));
+        Attribute("transform", QStringLiteral("translate(%1 %2) rotate(%3) scale(%4) translate(%5 %6)")
+                                   .arg(Decimal(middle.X), Decimal(-middle.Y), Decimal(degrees))
+                                   .arg(QString::number(background.CmPerPixel, 'g', 9), Decimal(-picture.width() / 2.0),
+                                        Decimal(-picture.height() / 2.0)));
+        Attribute("xlink:href",
+                  QStringLiteral("data:image/%1;base64,").arg(QLatin1String(photograph ? "jpeg" : "png")) +
+                      QString::fromLatin1(QByteArray::fromStdString(bytes).toBase64()));
+    }
+
     void WritePieces() {
         for (const DrawnPiece& piece : drawing_.Pieces) {
             xml_.writeStartElement(QStringLiteral("g"));
@@ -189,6 +219,9 @@ private:
     void WriteNumbers() {
         const Colour ink = TextColourOn(drawing_.Preferences.Colours.Background);
         for (const DrawnPiece& piece : drawing_.Pieces) {
+            if (drawing_.Parts.Surface)
+                surface_.Fill(NumberPlate(piece.Placement.Label, NumberText(piece.Index).size(), surface_.FontSize()),
+                              drawing_.Preferences.Colours.Background);
             surface_.DrawPoint(piece.Placement.Label, ink);
             surface_.DrawText(NumberText(piece.Index), ink);
         }
@@ -196,6 +229,8 @@ private:
 
     const CircuitDrawing& drawing_;
     const SheetPlan& plan_;
+    const ScaledBackdrop* backdrop_;
+    const Box whole_;
     QByteArray bytes_;
     QXmlStreamWriter xml_;
     SvgSurface surface_;
@@ -203,6 +238,8 @@ private:
 
 } // namespace
 
-std::string SvgOf(const CircuitDrawing& drawing, const SheetPlan& plan) { return SvgWriter(drawing, plan).Write(); }
+std::string SvgOf(const CircuitDrawing& drawing, const SheetPlan& plan, const ScaledBackdrop* backdrop) {
+    return SvgWriter(drawing, plan, backdrop).Write();
+}
 
 } // namespace pistaro

@@ -32,6 +32,8 @@ class Prompts {
 public:
     virtual ~Prompts() = default;
     virtual void Tell(const Message& message) = 0;
+    /// Tells that a file that its user asked for is written.
+    virtual void TellWritten(const std::filesystem::path& file);
     virtual Answer Ask(const std::string& question, Buttons buttons) = 0;
     /// The chosen file; nothing when the dialog was cancelled.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) = 0;

@@ -84,10 +84,12 @@ CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, con
     const Circuit& circuit = project.Design.Circuit;
     CircuitDrawing drawing{.Name = ProjectName(project.EditState),
                            .Pieces = {},
-                           .Room = parts.Room ? project.Design.Room : RoomPolygon(),
+                           .Room = project.Design.Room,
                            .Preferences = project.Preferences,
                            .Parts = parts,
                            .Extent = {}};
+    if (!parts.Room) drawing.Room.Points.clear(); // but for its angle, with which the background turns
+    if (parts.Background) drawing.Background = project.Background;
     drawing.Preferences.Colours = PaperColours(project.Preferences.Colours, parts.BlackAndWhite);
     drawing.Preferences.Grid = GridToDraw(project.Preferences);
     const StockColours covered = AssignStockColours(catalogue, project.Stock, circuit);
@@ -100,12 +102,28 @@ CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, con
     return drawing;
 }
 
+Box CircuitDrawing::Whole() const {
+    Box whole = Extent;
+    whole.Include(BackgroundExtent);
+    return whole;
+}
+
 void DrawPieceOf(const CircuitDrawing& drawing, const DrawnPiece& piece, Surface& surface) {
     if (drawing.Parts.Surface) {
         for (const FilledArea& area : BedOf(piece.Placement, piece.Index == 0))
             surface.Fill(area.Polygon, drawing.Parts.BlackAndWhite ? GreyOf(area.Fill) : area.Fill);
     }
     DrawPiece(piece.Placement, piece.Outline, drawing.Preferences.Colours.Rail, surface);
+}
+
+std::vector<WorldPoint> NumberPlate(WorldPoint label, std::size_t digits, double fontSize) {
+    constexpr double digitWidth = 0.64; // of a font's size
+    constexpr double lineHeight = 1.16;
+    constexpr double margin = 0.1;
+    const auto left = static_cast<float>(label.X - margin * fontSize);
+    const auto right = static_cast<float>(label.X + (digitWidth * static_cast<double>(digits) + margin) * fontSize);
+    const auto bottom = static_cast<float>(label.Y - lineHeight * fontSize);
+    return {{left, label.Y}, {right, label.Y}, {right, bottom}, {left, bottom}};
 }
 
 void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface) {
@@ -118,8 +136,13 @@ void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface) 
     if (!drawing.Parts.Numbers) return;
     const Colour ink = TextColourOn(colours.Background);
     const Box around = part.Wider(WidestNumber / surface.PixelsPerCm());
+    constexpr double pixelsPerPoint = 96.0 / 72;
     for (const DrawnPiece& piece : drawing.Pieces) {
         if (!BoxOf(piece.Placement.Label).Meets(around)) continue;
+        if (drawing.Parts.Surface) {
+            const double fontSize = NormalFont * pixelsPerPoint / surface.PixelsPerCm();
+            surface.Fill(NumberPlate(piece.Placement.Label, NumberText(piece.Index).size(), fontSize), White);
+        }
         surface.DrawPoint(piece.Placement.Label, ink);
         surface.DrawText(NumberText(piece.Index), ink);
     }

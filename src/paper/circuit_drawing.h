@@ -7,6 +7,7 @@
 #include "paper/box.h"
 #include "render/surface.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,7 @@ struct DrawnParts {
     bool Room = false;
     bool Surface = false;       ///< tracks as they look, under their lines
     bool BlackAndWhite = false; ///< areas in grey
+    bool Background = false;    ///< the picture that lies under the circuit to scale
 
     bool operator==(const DrawnParts&) const = default;
 };
@@ -41,6 +43,11 @@ struct CircuitDrawing {
     pistaro::Preferences Preferences;
     DrawnParts Parts;
     Box Extent; ///< of all strokes and numbers' places; of an empty drawing a square of 100 cm
+    std::shared_ptr<const ScaledBackground> Background = {}; ///< null when none is drawn
+    Box BackgroundExtent = {};                               ///< what it covers; empty until somebody has decoded it
+
+    /// Of strokes and background.
+    Box Whole() const;
 };
 
 /// The pieces of the chosen tracks, each in the colour that it takes when its track is being edited and it is not
@@ -50,6 +57,10 @@ CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, con
 
 /// A piece as its drawing shows it: its bed, where surfaces are drawn, and its lines.
 void DrawPieceOf(const CircuitDrawing& drawing, const DrawnPiece& piece, Surface& surface);
+
+/// The ground that a number of so many digits stands on where surfaces are drawn, whose asphalt is as dark as it;
+/// `fontSize` in cm of the world.
+std::vector<WorldPoint> NumberPlate(WorldPoint label, std::size_t digits, double fontSize);
 
 /// Draws what of the drawing lies within a part of the world, pieces whole, onto a surface that shows that part.
 void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface);

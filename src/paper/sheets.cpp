@@ -126,7 +126,7 @@ std::string SheetPlan::ScaleText() const { return ScaleName(Scale); }
 
 SheetPlan PlanSheets(const CircuitDrawing& drawing, const SheetOptions& options) {
     if (options.Tiles) return BestTilePlan(drawing, options);
-    return options.Paper ? PaperPlan(drawing.Extent, options) : OwnSizePlan(drawing.Extent, options);
+    return options.Paper ? PaperPlan(drawing.Whole(), options) : OwnSizePlan(drawing.Whole(), options);
 }
 
 } // namespace pistaro

@@ -45,7 +45,8 @@ inline constexpr double SheetMargin = 1;   ///< cm of paper that stay white on e
 inline constexpr double StripHeight = 0.8; ///< of the words above and of the rule below, cm
 inline constexpr double TileOverlap = 1;   ///< of neighbouring tiles, cm of paper
 
-/// Faults: more than MostTiles tiles; a single sheet that cannot hold the drawing at that scale.
+/// A single sheet shows all of a background, tiles what of it lies around strokes. Faults: more than MostTiles tiles; a
+/// single sheet that cannot hold the drawing at that scale.
 SheetPlan PlanSheets(const CircuitDrawing& drawing, const SheetOptions& options);
 
 } // namespace pistaro

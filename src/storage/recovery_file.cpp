@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "platform/locks.h"
 #include "platform/temporary_files.h"
+#include "storage/background_file.h"
 #include "storage/circuit_file.h"
 #include "text/utf8.h"
 
@@ -185,6 +186,12 @@ std::vector<RecoveredWork> WithContent(std::vector<RecoveredWork> works) {
     return works;
 }
 
+bool RemoveRecoveredWork(const std::filesystem::path& file) {
+    std::error_code notThere;
+    std::filesystem::remove(BackgroundFileOf(file), notThere);
+    return std::filesystem::remove(file, notThere);
+}
+
 std::filesystem::path LifeSignOf(const std::filesystem::path& folder, const std::string& owner) {
     return folder / PathFromText(owner + std::string(LifeSignEnding));
 }
@@ -193,7 +200,7 @@ void TidyRecoveredWork(const std::filesystem::path& folder) {
     std::size_t works = 0;
     std::error_code gone;
     for (const RecoveredWork& work : FindRecoveredWork(folder)) {
-        if (!work.OwnerLives && ++works > MostWorks) std::filesystem::remove(work.File, gone);
+        if (!work.OwnerLives && ++works > MostWorks) RemoveRecoveredWork(work.File);
     }
     ForEachFile(folder, LifeSignEnding, [&](const std::filesystem::path& sign) {
         if (!LifeSign::Lives(sign)) std::filesystem::remove(sign, gone);

@@ -1,5 +1,5 @@
 // Unsaved work in a folder of its own: circuit files whose names tell what the work is called, when it began, and which
-// program it belongs to.
+// program it belongs to. Beside each lies the picture under it, if there is one, as beside any circuit file.
 #pragma once
 
 #include "model/design.h"
@@ -49,6 +49,9 @@ std::vector<RecoveredWork> FindRecoveredWork(const std::filesystem::path& folder
 
 /// The same with their content.
 std::vector<RecoveredWork> WithContent(std::vector<RecoveredWork> works);
+
+/// Removes a work's file and that of the picture under it. Gives whether there was such a work.
+bool RemoveRecoveredWork(const std::filesystem::path& file);
 
 /// The file by which the program with that mark shows that it lives.
 std::filesystem::path LifeSignOf(const std::filesystem::path& folder, const std::string& owner);

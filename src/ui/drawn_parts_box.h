@@ -1,4 +1,4 @@
-// What of a circuit is printed or exported: tracks, numbers, grid, room, surface, in black and white.
+// What of a circuit is printed or exported: tracks, numbers, grid, room, surface, background, in black and white.
 #pragma once
 
 #include "paper/circuit_drawing.h"
@@ -13,19 +13,21 @@ namespace pistaro {
 
 class DrawnPartsBox : public QGroupBox {
 public:
-    /// Calls `changed` after each change by the user.
-    explicit DrawnPartsBox(const std::function<void()>& changed);
+    /// Calls `changed` after each change by the user. A background can be chosen where the project has one to scale.
+    DrawnPartsBox(const Project& project, const std::function<void()>& changed);
 
     DrawnParts Chosen() const;
-    /// For formats that draw nothing only the track can be chosen, and surfaces only where areas are filled.
+    /// For formats that draw nothing only the track can be chosen, and surfaces, pictures and colours only where areas
+    /// are filled.
     void EnableDrawing(bool draws, bool fills);
 
 private:
     QComboBox* cboTrack_;
-    QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkSurface_, *chkBlackAndWhite_;
+    const bool hasBackground_;
+    QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkSurface_, *chkBackground_, *chkBlackAndWhite_;
 };
 
-/// A list of the papers with their names as data, A4 chosen.
-QComboBox* NewPaperList();
+/// A list of the papers with their names as data: this one chosen, or A4 where there is none of that name.
+QComboBox* NewPaperList(const std::string& chosen);
 
 } // namespace pistaro

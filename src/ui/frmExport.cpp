@@ -1,9 +1,13 @@
 #include "ui/frmExport.h"
 
+#include "imaging/sheet_picture.h"
+#include "platform/fault.h"
 #include "ui/named_controls.h"
 
 #include <QFormLayout>
-#include <QLabel>
+#include <QSignalBlocker>
+
+#include <cmath>
 
 namespace pistaro {
 
@@ -15,21 +19,43 @@ constexpr std::array Formats{ExportFormat::Png, ExportFormat::Svg, ExportFormat:
 /// How the size of a drawing is chosen.
 enum class Size { OnPaper, ToScale, ScaleOnPaper, Tiles, Width };
 
-struct SizeText {
+struct SizeChoice {
     Size Value;
     const char* Caption;
 };
 
-constexpr SizeText SizeTexts[] = {{Size::OnPaper, "As large as the paper takes it"},
-                                  {Size::ToScale, "To scale, on a sheet of its own size"},
-                                  {Size::ScaleOnPaper, "To scale, on one sheet of the paper"},
-                                  {Size::Tiles, "To scale, in tiles of the paper"},
-                                  {Size::Width, "So many pixels wide"}};
+constexpr SizeChoice SizeChoices[] = {{Size::OnPaper, "As large as the paper takes it"},
+                                      {Size::ToScale, "To scale, on a sheet of its own size"},
+                                      {Size::ScaleOnPaper, "To scale, on one sheet of the paper"},
+                                      {Size::Tiles, "To scale, in tiles of the paper"},
+                                      {Size::Width, "So many pixels wide"}};
 
 bool Offers(ExportFormat format, Size size) {
     if (size == Size::Tiles) return format == ExportFormat::Pdf;
     if (size == Size::Width) return format == ExportFormat::Png;
     return format == ExportFormat::Png || format == ExportFormat::Svg || format == ExportFormat::Pdf;
+}
+
+bool IsTable(ExportFormat format) { return format == ExportFormat::Csv || format == ExportFormat::Json; }
+
+QString Centimetres(double width, double height) {
+    const auto rounded = [](double length) { return std::round(length * 10) / 10; };
+    return QString("%1 × %2 cm").arg(rounded(width)).arg(rounded(height));
+}
+
+/// "PDF: 1 sheet at 1:5.4, 21 × 29.7 cm"
+QString SizeText(const PlannedSheets& sheets, ExportFormat format, const ExportOptions& options) {
+    const SheetPlan& plan = sheets.Plan;
+    const QString size = Centimetres(plan.Width, plan.Height);
+    if (format == ExportFormat::Dxf) {
+        const Box& extent = sheets.Drawing.Extent;
+        return Centimetres(extent.Width(), extent.Height()) + " at full size";
+    }
+    if (format == ExportFormat::Pdf) return SheetsText(sheets) + ", " + size + (plan.Tiled ? " each" : "");
+    const QString atScale = size + " at " + Shown(plan.ScaleText());
+    if (format == ExportFormat::Svg) return atScale;
+    const PixelSize pixels = SheetPixels(plan, DotsPerInchOf(plan, options));
+    return QString("%1 × %2 pixels, %3").arg(pixels.Width).arg(pixels.Height).arg(atScale);
 }
 
 template <typename Value>
@@ -48,15 +74,21 @@ frmExport::frmExport(Session& session, QWidget* parent) : QDialog(parent), sessi
         cboFormat_->addItem(CaptionOf(format), static_cast<int>(format));
     auto* const form = new QFormLayout;
     form->addRow("&Format:", cboFormat_);
-    parts_ = new DrawnPartsBox([] {});
+    parts_ = new DrawnPartsBox(session.Project, [this] { PlanAgain(); });
+    auto* const left = new QVBoxLayout;
+    left->addLayout(form);
+    left->addWidget(SizeFrame());
+    left->addWidget(parts_);
+    left->addStretch();
     auto* const columns = new QHBoxLayout;
-    columns->addWidget(SizeFrame());
-    columns->addWidget(parts_);
+    columns->addLayout(left);
+    columns->addLayout(PreviewColumn());
     auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(form);
     layout->addLayout(columns);
     layout->addLayout(Buttons());
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    if (const auto last = ExportFormatOf("x" + session.Habits.ExportEnding))
+        cboFormat_->setCurrentIndex(cboFormat_->findData(static_cast<int>(*last)));
     connect(cboFormat_, &QComboBox::currentIndexChanged, this, [this] { FollowFormat(); });
     FollowFormat();
 }
@@ -66,7 +98,7 @@ QGroupBox* frmExport::SizeFrame() {
     auto* const form = new QFormLayout(fraSize_);
     cboSize_ = Named(new QComboBox, "cboSize");
     cboSize_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    cboPaper_ = NewPaperList();
+    cboPaper_ = NewPaperList(session_.Habits.Paper);
     spnScale_ = Named(new QDoubleSpinBox, "spnScale");
     spnScale_->setPrefix("1:");
     spnScale_->setDecimals(1);
@@ -83,31 +115,35 @@ QGroupBox* frmExport::SizeFrame() {
     form->addRow("S&cale:", spnScale_);
     form->addRow("&Dots per inch:", spnDots_);
     form->addRow("&Width in pixels:", spnWidth_);
-    connect(cboSize_, &QComboBox::currentIndexChanged, this, [this] {
-        const Size size = SizeOf<Size>(*cboSize_);
-        cboPaper_->setEnabled(size == Size::OnPaper || size == Size::ScaleOnPaper || size == Size::Tiles);
-        spnScale_->setEnabled(size == Size::ToScale || size == Size::ScaleOnPaper || size == Size::Tiles);
-        spnWidth_->setEnabled(size == Size::Width);
-        spnDots_->setEnabled(Format() == ExportFormat::Png && size != Size::Width);
-    });
+    for (QSpinBox* const box : {spnDots_, spnWidth_})
+        connect(box, &QSpinBox::valueChanged, this, [this] { PlanAgain(); });
+    connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] { PlanAgain(); });
+    connect(cboPaper_, &QComboBox::currentIndexChanged, this, [this] { PlanAgain(); });
+    connect(cboSize_, &QComboBox::currentIndexChanged, this, [this] { FollowSize(); });
     return fraSize_;
 }
 
+QLayout* frmExport::PreviewColumn() {
+    picSheet_ = Named(new SheetPreview(sheets_, {}, {360, 360}), "picSheet");
+    picSheet_->setAccessibleName("Preview of the file");
+    lblPlanned_ = Named(new QLabel, "lblPlanned");
+    lblPlanned_->setWordWrap(true);
+    lblPlanned_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblPlanned_->setFixedSize(picSheet_->width(), 3 * lblPlanned_->fontMetrics().lineSpacing());
+    auto* const column = new QVBoxLayout;
+    column->addWidget(picSheet_);
+    column->addWidget(lblPlanned_);
+    column->addStretch();
+    return column;
+}
+
 QLayout* frmExport::Buttons() {
-    QPushButton* const cmdExport = NewButton("cmdExport", "&Export…");
+    cmdExport_ = NewButton("cmdExport", "&Export…");
     QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
-    cmdExport->setDefault(true);
-    connect(cmdExport, &QPushButton::clicked, this, [this] {
-        bool written = false;
-        session_.Do([&] { written = ExportCommand(session_, Format(), Chosen()); });
-        if (written) accept();
-    });
+    cmdExport_->setDefault(true);
+    connect(cmdExport_, &QPushButton::clicked, this, [this] { Export(); });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cmdExport);
-    row->addWidget(cmdCancel);
-    return row;
+    return ButtonRow({cmdExport_, cmdCancel});
 }
 
 ExportFormat frmExport::Format() const { return SizeOf<ExportFormat>(*cboFormat_); }
@@ -127,12 +163,56 @@ ExportOptions frmExport::Chosen() const {
 
 void frmExport::FollowFormat() {
     const ExportFormat format = Format();
-    cboSize_->clear();
-    for (const SizeText& size : SizeTexts) {
-        if (Offers(format, size.Value)) cboSize_->addItem(size.Caption, static_cast<int>(size.Value));
+    {
+        const QSignalBlocker manyChanges(cboSize_);
+        cboSize_->clear();
+        for (const SizeChoice& size : SizeChoices) {
+            if (Offers(format, size.Value)) cboSize_->addItem(size.Caption, static_cast<int>(size.Value));
+        }
     }
     fraSize_->setEnabled(cboSize_->count() > 0);
-    parts_->EnableDrawing(format != ExportFormat::Csv && format != ExportFormat::Json, Offers(format, Size::OnPaper));
+    parts_->EnableDrawing(!IsTable(format), Offers(format, Size::OnPaper));
+    FollowSize();
+}
+
+void frmExport::FollowSize() {
+    const Size size = SizeOf<Size>(*cboSize_);
+    cboPaper_->setEnabled(size == Size::OnPaper || size == Size::ScaleOnPaper || size == Size::Tiles);
+    spnScale_->setEnabled(size == Size::ToScale || size == Size::ScaleOnPaper || size == Size::Tiles);
+    spnWidth_->setEnabled(size == Size::Width);
+    spnDots_->setEnabled(Format() == ExportFormat::Png && size != Size::Width);
+    PlanAgain();
+}
+
+void frmExport::PlanAgain() {
+    sheets_.reset();
+    bool can = false;
+    try {
+        lblPlanned_->setText(PlannedText());
+        can = true;
+    } catch (const Fault& fault) {
+        lblPlanned_->setText(Shown(fault.what()));
+    }
+    cmdExport_->setEnabled(can);
+    picSheet_->ShowSheet(0);
+}
+
+QString frmExport::PlannedText() {
+    const ExportOptions options = Chosen();
+    CircuitDrawing drawing = DrawingOf(session_.Catalogue, session_.Project, options.Parts);
+    if (IsTable(Format())) return QString("A table of %1 pieces; no drawing.").arg(drawing.Pieces.size());
+    auto backdrop = TakeBackdrop(drawing, session_.Pictures);
+    SheetPlan plan = PlanExport(drawing, Format(), options);
+    sheets_ = {std::move(drawing), std::move(plan), std::move(backdrop)};
+    return SizeText(*sheets_, Format(), options);
+}
+
+void frmExport::Export() {
+    bool written = false;
+    session_.Do([&] { written = ExportCommand(session_, Format(), Chosen()); });
+    if (!written) return;
+    session_.Habits.Paper = cboPaper_->currentText().toStdString();
+    accept();
 }
 
 } // namespace pistaro

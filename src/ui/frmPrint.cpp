@@ -15,48 +15,15 @@ namespace pistaro {
 
 namespace {
 
-constexpr double CmPerInch = 2.54;
-
-/// The sheet that is chosen, on a desk.
-class SheetPreview : public QWidget {
-public:
-    explicit SheetPreview(const frmPrint& dialog) : dialog_(dialog) { setFixedSize(420, 420); }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.fillRect(rect(), palette().color(QPalette::Mid));
-        const auto& sheets = dialog_.Planned();
-        if (!sheets) return;
-        constexpr double desk = 10; // pixels around the paper
-        const double perCm =
-            std::min((width() - 2 * desk) / sheets->Plan.Width, (height() - 2 * desk) / sheets->Plan.Height);
-        const QSizeF paper(sheets->Plan.Width * perCm, sheets->Plan.Height * perCm);
-        painter.translate((width() - paper.width()) / 2, (height() - paper.height()) / 2);
-        painter.fillRect(QRectF(QPointF(), paper), Qt::white);
-        SheetPainter(sheets->Drawing, sheets->Plan, dialog_.Date())
-            .Paint(painter, perCm * CmPerInch, dialog_.ShownSheet());
-    }
-
-private:
-    const frmPrint& dialog_;
-};
-
-QString SheetsText(const SheetPlan& plan, int count) {
-    if (count == 1) return QString("1 sheet at %1").arg(Shown(plan.ScaleText()));
-    return QString("%1 sheets at %2: an overview and %3 tiles")
-        .arg(count)
-        .arg(Shown(plan.ScaleText()))
-        .arg(plan.Sheets.size());
-}
+std::string Today() { return QDate::currentDate().toString(Qt::ISODate).toStdString(); }
 
 } // namespace
 
-frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session_(session), date_(Today()) {
     setObjectName("frmPrint");
     setWindowTitle("Print");
     setModal(true);
-    parts_ = new DrawnPartsBox([this] { PlanAgain(); });
+    parts_ = new DrawnPartsBox(session.Project, [this] { PlanAgain(); });
     auto* const left = new QVBoxLayout;
     left->addWidget(PaperFrame());
     left->addWidget(parts_);
@@ -74,7 +41,7 @@ frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session
 QGroupBox* frmPrint::PaperFrame() {
     auto* const frame = new QGroupBox("Paper");
     auto* const form = new QFormLayout(frame);
-    cboPaper_ = NewPaperList();
+    cboPaper_ = NewPaperList(session_.Habits.Paper);
     cboOrientation_ = Named(new QComboBox, "cboOrientation");
     for (const char* const way : {"As it fits best", "Upright", "Turned"})
         cboOrientation_->addItem(way);
@@ -103,12 +70,13 @@ QGroupBox* frmPrint::PaperFrame() {
 }
 
 QLayout* frmPrint::PreviewColumn() {
-    picSheet_ = Named(new SheetPreview(*this), "picSheet");
+    picSheet_ = Named(new SheetPreview(sheets_, date_, {420, 420}), "picSheet");
+    picSheet_->setAccessibleName("Preview of the sheet");
     spnSheet_ = Named(new QSpinBox, "spnSheet");
     spnSheet_->setPrefix("Sheet ");
     spnSheet_->setAccessibleName("Sheet shown");
     spnSheet_->setMinimum(1);
-    connect(spnSheet_, &QSpinBox::valueChanged, this, [this] { picSheet_->update(); });
+    connect(spnSheet_, &QSpinBox::valueChanged, this, [this](int sheet) { picSheet_->ShowSheet(sheet - 1); });
     lblSheets_ = Named(new QLabel, "lblSheets");
     lblSheets_->setWordWrap(true);
     auto* const row = new QHBoxLayout;
@@ -130,10 +98,11 @@ QLayout* frmPrint::Buttons() {
     connect(cmdPdf_, &QPushButton::clicked, this, [this] {
         bool written = false;
         session_.Do([&] {
-            written = ExportToChosenFile(session_, ExportFormat::Pdf,
-                                         [&] { return PdfOf(sheets_->Drawing, sheets_->Plan, Date()); });
+            written = ExportToChosenFile(session_, ExportFormat::Pdf, [&] {
+                return PdfOf(sheets_->Drawing, sheets_->Plan, date_, sheets_->Backdrop.get());
+            });
         });
-        if (written) accept();
+        if (written) Finish();
     });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* const row = new QHBoxLayout;
@@ -152,17 +121,15 @@ SheetOptions frmPrint::Chosen() const {
     return options;
 }
 
-std::string frmPrint::Date() const { return QDate::currentDate().toString(Qt::ISODate).toStdString(); }
-
 void frmPrint::PlanAgain() {
     sheets_.reset();
     try {
         CircuitDrawing drawing = DrawingOf(session_.Catalogue, session_.Project, parts_->Chosen());
+        auto backdrop = TakeBackdrop(drawing, session_.Pictures);
         SheetPlan plan = PlanSheets(drawing, Chosen());
-        const int count = SheetPainter(drawing, plan).Count();
-        spnSheet_->setMaximum(count);
-        lblSheets_->setText(SheetsText(plan, count));
-        sheets_ = {std::move(drawing), std::move(plan)};
+        sheets_ = {std::move(drawing), std::move(plan), std::move(backdrop)};
+        spnSheet_->setMaximum(sheets_->Painter({}).Count());
+        lblSheets_->setText(SheetsText(*sheets_));
     } catch (const Fault& fault) {
         lblSheets_->setText(Shown(fault.what()));
     }
@@ -170,7 +137,7 @@ void frmPrint::PlanAgain() {
          {static_cast<QWidget*>(cmdPrint_), static_cast<QWidget*>(cmdPdf_), static_cast<QWidget*>(spnSheet_)}) {
         if (control != nullptr) control->setEnabled(sheets_.has_value());
     }
-    picSheet_->update();
+    picSheet_->ShowSheet(spnSheet_->value() - 1);
 }
 
 void frmPrint::Print() {
@@ -180,13 +147,18 @@ void frmPrint::Print() {
     if (choose.exec() != QDialog::Accepted) return;
     bool printed = false;
     session_.Do([&] {
-        PrintSheets(*sheets_, Date(), printer);
+        PrintSheets(*sheets_, date_, printer);
         printed = true;
     });
-    if (printed) accept();
+    if (printed) Finish();
 }
 
-void PrintSheets(const frmPrint::Sheets& sheets, const std::string& date, QPrinter& printer) {
+void frmPrint::Finish() {
+    session_.Habits.Paper = cboPaper_->currentText().toStdString();
+    accept();
+}
+
+void PrintSheets(const PlannedSheets& sheets, const std::string& date, QPrinter& printer) {
     const SheetPlan& plan = sheets.Plan;
     constexpr double millimetres = 10;
     const double shorter = std::min(plan.Width, plan.Height) * millimetres;
@@ -194,7 +166,7 @@ void PrintSheets(const frmPrint::Sheets& sheets, const std::string& date, QPrint
     printer.setPageSize(QPageSize(QSizeF(shorter, longer), QPageSize::Millimeter));
     printer.setPageOrientation(plan.Width > plan.Height ? QPageLayout::Landscape : QPageLayout::Portrait);
     printer.setFullPage(true);
-    const SheetPainter painted(sheets.Drawing, plan, date);
+    const SheetPainter painted = sheets.Painter(date);
     QPainter painter;
     if (!painter.begin(&printer)) throw Fault("Not printed", "the printer takes no paper of that kind now");
     for (int sheet = 0; sheet < painted.Count(); ++sheet) {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "commands/export_commands.h"
-#include "imaging/sheet_painter.h"
 #include "ui/drawn_parts_box.h"
+#include "ui/sheet_preview.h"
 
 #include <QDialog>
 #include <QDoubleSpinBox>
@@ -23,14 +23,7 @@ public:
     explicit frmPrint(Session& session, QWidget* parent = nullptr);
 
     /// The sheets as they would be printed; none when they cannot be.
-    struct Sheets {
-        CircuitDrawing Drawing;
-        SheetPlan Plan;
-    };
-    const std::optional<Sheets>& Planned() const { return sheets_; }
-    /// The sheet that the preview shows, from 0.
-    int ShownSheet() const { return spnSheet_->value() - 1; }
-    std::string Date() const;
+    const std::optional<PlannedSheets>& Planned() const { return sheets_; }
 
 private:
     QGroupBox* PaperFrame();
@@ -40,20 +33,23 @@ private:
     /// Lays the sheets out as the fields say, or tells why that cannot be.
     void PlanAgain();
     void Print();
+    /// Closes when the sheets are out.
+    void Finish();
 
     Session& session_;
-    std::optional<Sheets> sheets_;
+    const std::string date_; ///< as it stands in the headers
+    std::optional<PlannedSheets> sheets_;
     QComboBox *cboPaper_ = nullptr, *cboOrientation_ = nullptr;
     QRadioButton *optFit_ = nullptr, *optScale_ = nullptr;
     QDoubleSpinBox* spnScale_ = nullptr;
     QSpinBox* spnSheet_ = nullptr;
     QLabel* lblSheets_ = nullptr;
-    QWidget* picSheet_ = nullptr;
+    SheetPreview* picSheet_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdPdf_ = nullptr;
     DrawnPartsBox* parts_ = nullptr;
 };
 
 /// Prints all sheets, to the printer's whole paper.
-void PrintSheets(const frmPrint::Sheets& sheets, const std::string& date, QPrinter& printer);
+void PrintSheets(const PlannedSheets& sheets, const std::string& date, QPrinter& printer);
 
 } // namespace pistaro

@@ -3,8 +3,11 @@
 #include "platform/files.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -69,8 +72,22 @@ struct Filters {
 
 } // namespace
 
+MessagePrompts::MessagePrompts()
+    : OpenFolder([](const std::filesystem::path& folder) {
+          QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(TextFromPath(folder))));
+      }) {}
+
 void MessagePrompts::Tell(const Message& message) {
     PlainBox(BoxIcon(message.Icon), message.Text, QMessageBox::Ok).exec();
+}
+
+void MessagePrompts::TellWritten(const std::filesystem::path& file) {
+    const std::filesystem::path whole = std::filesystem::absolute(file);
+    PlainBox box(QMessageBox::Information, TextFromPath(whole) + " is written.", QMessageBox::Ok);
+    const QPushButton* const open = box.addButton("Open &Folder", QMessageBox::ActionRole);
+    box.setEscapeButton(QMessageBox::Ok);
+    box.exec();
+    if (box.clickedButton() == open) OpenFolder(whole.parent_path());
 }
 
 Answer MessagePrompts::Ask(const std::string& question, Buttons buttons) {

@@ -24,6 +24,13 @@ constexpr NamedLook NamedLooks[] = {{"window/surface", &Looks::Surface, true},
                                     {"window/suggestions", &Looks::Suggestions, false},
                                     {"window/columns", &Looks::Columns, true}};
 constexpr const char* NumbersKey = "window/numbers";
+struct NamedHabit {
+    const char* Key;
+    std::string Habits::*Habit;
+};
+constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFolder},
+                                      {"habits/exportEnding", &Habits::ExportEnding},
+                                      {"habits/paper", &Habits::Paper}};
 constexpr const char* PlaceKey = "window/place";
 constexpr const char* PanelsKey = "window/panels";
 
@@ -48,6 +55,8 @@ void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Sessi
         for (const NamedLook& named : NamedLooks)
             looks.*named.Look = settings.value(named.Key, named.AtFirst).toBool();
         numbers = settings.value(NumbersKey, numbers).toBool();
+        for (const NamedHabit& named : NamedHabits)
+            session.Habits.*named.Habit = settings.value(named.Key).toString().toStdString();
         window.restoreGeometry(settings.value(PlaceKey).toByteArray());
         PanelsOf(window).restoreState(settings.value(PanelsKey).toByteArray());
     }
@@ -66,6 +75,8 @@ void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, co
         if (isUsersChoice) settings.setValue(named.Key, session.Looks.*named.Look);
     }
     settings.setValue(NumbersKey, session.Project.EditState.ShowNumbers);
+    for (const NamedHabit& named : NamedHabits)
+        settings.setValue(named.Key, Shown(session.Habits.*named.Habit));
     settings.setValue(PlaceKey, window.saveGeometry());
     settings.setValue(PanelsKey, PanelsOf(window).saveState());
 }

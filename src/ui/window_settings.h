@@ -9,9 +9,9 @@ class QMainWindow;
 
 namespace pistaro {
 
-/// Brings the window to its place and size, its panels to where they stood, and the session to its looks and whether it
-/// shows numbers, as they were kept; at a first start tracks are drawn as they look. Where the screen has no room for
-/// them the side columns are folded away. Without a path nothing was kept.
+/// Brings the window to its place and size, its panels to where they stood, and the session to its looks, its user's
+/// habits and whether it shows numbers, as they were kept; at a first start tracks are drawn as they look. Where the
+/// screen has no room for them the side columns are folded away. Without a path nothing was kept.
 void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Session& session);
 
 /// Keeps them. Without a path, or where the file cannot be written, nothing is kept.

@@ -1,4 +1,5 @@
 // The export verb of the built program.
+#include "commands/bitmaps.h"
 #include "support/circuit_text.h"
 #include "support/run_program.h"
 
@@ -6,6 +7,13 @@
 
 namespace pistaro {
 namespace {
+
+/// The file of a picture of 8 x 8 dots that is 160 cm wide and lies in the middle of the world.
+std::string BackgroundText() {
+    const std::string picture = Bitmap(8, 8, Rgb(0, 255, 0));
+    return "[Background]\r\nX=0\r\nY=0\r\nAngle=0\r\nCmPerPixel=20\r\nBytes=" + std::to_string(picture.size()) +
+           "\r\n" + picture;
+}
 
 class Export : public testing::Test {
 protected:
@@ -111,6 +119,7 @@ TEST_F(Export, RefusesACommandLineThatMakesNoSense) {
         {{"--out", "a.csv", "--paper", "A4"}, "--paper goes with .png, .svg and .pdf alone"},
         {{"--out", "a.dxf", "--scale", "1:10"},
          "--scale goes with .png, .svg and .pdf alone; in other files the circuit has its full size"},
+        {{"--out", "a.dxf", "--background"}, "--background goes with .png, .svg and .pdf alone"},
         {{"--out", "a.dxf", "--surface"}, "--surface goes with .png, .svg and .pdf alone"},
         {{"--out", "a.json", "--numbers"}, "--numbers, --grid and --room go with drawings alone"},
     };
@@ -123,6 +132,30 @@ TEST_F(Export, RefusesACommandLineThatMakesNoSense) {
     }
 }
 
+TEST_F(Export, TakesNoOptionThatChangesNothing) {
+    const std::string tracksInARoom = BytesOf(SOURCE_FOLDER "/samples/three-tracks.trk");
+    WriteBytes(program_ / "x.trk", tracksInARoom);
+    WriteBytes(program_ / "x.background", BackgroundText());
+    const std::vector<std::vector<std::string>> options{
+        {"--scale", "1:20"}, {"--paper", "A5"}, {"--tiles"}, {"--background"}, {"--dpi", "50"},
+        {"--numbers"},       {"--grid"},        {"--room"},  {"--surface"},    {"--track", "2"}};
+    for (const std::string ending : {".png", ".svg", ".pdf", ".dxf", ".csv", ".json"}) {
+        ASSERT_EQ(Run({"--out", "plain" + ending}).ExitStatus, 0);
+        for (const std::vector<std::string>& option : options) {
+            std::vector<std::string> given{"--out", "other" + ending, "--force"};
+            given.insert(given.end(), option.begin(), option.end());
+            const Finished finished = Run(given);
+
+            if (finished.ExitStatus == 0) {
+                EXPECT_NE(BytesOf(program_ / ("other" + ending)), BytesOf(program_ / ("plain" + ending)))
+                    << option[0] << " " << ending;
+            } else {
+                EXPECT_EQ(finished.ExitStatus, 2) << finished.Errors;
+            }
+        }
+    }
+}
+
 TEST_F(Export, TellsWhatCannotBeDrawnOrWrittenInOneLineAndLeavesNothing) {
     const std::vector<std::pair<std::vector<std::string>, std::string>> refusals{
         {{"--out", "a.pdf", "--scale", "1:0.001", "--tiles"},
@@ -132,6 +165,7 @@ TEST_F(Export, TellsWhatCannotBeDrawnOrWrittenInOneLineAndLeavesNothing) {
         {{"--out", "a.png", "--scale", "1:0.1", "--dpi", "600"},
          "Picture too large: 110631 x 203915 pixels; at most 128 million are drawn, 32000 in a line"},
         {{"--out", "no/a.svg"}, "Path not found: no/a.svg"},
+        {{"--out", "a.svg", "--background"}, "File not found: x.background"},
     };
     for (const auto& [options, reason] : refusals) {
         const Finished finished = Run(options);
@@ -142,6 +176,35 @@ TEST_F(Export, TellsWhatCannotBeDrawnOrWrittenInOneLineAndLeavesNothing) {
     }
     EXPECT_FALSE(std::filesystem::exists(program_ / "a.pdf"));
     EXPECT_FALSE(std::filesystem::exists(program_ / "a.png"));
+}
+
+TEST_F(Export, DrawsTheBackgroundOnlyWhenItIsAskedFor) {
+    for (const std::string ending : {".png", ".svg", ".pdf"}) {
+        Run({"--out", "bare" + ending});
+        WriteBytes(program_ / "x.background", BackgroundText());
+        Run({"--out", "plain" + ending});
+        Run({"--out", "shown" + ending, "--background"});
+        std::filesystem::remove(program_ / "x.background");
+
+        EXPECT_EQ(BytesOf(program_ / ("plain" + ending)), BytesOf(program_ / ("bare" + ending)));
+        EXPECT_NE(BytesOf(program_ / ("shown" + ending)), BytesOf(program_ / ("bare" + ending)));
+    }
+    const std::string svg = BytesOf(program_ / "shown.svg");
+    EXPECT_NE(
+        svg.find("<image width=\"8\" height=\"8\" preserveAspectRatio=\"none\" transform=\"translate(0 0) rotate(0) "
+                 "scale(20) translate(-4 -4)\" xlink:href=\"data:image/png;base64,"),
+        std::string::npos);
+}
+
+TEST_F(Export, OfAnEmptyCircuitIsAnEmptySheet) {
+    WriteBytes(program_ / "x.trk", CircuitText(""));
+    for (const std::string ending : {".png", ".svg", ".pdf", ".dxf", ".csv", ".json"}) {
+        const Finished finished = Run({"--out", "a" + ending});
+
+        EXPECT_EQ(finished.ExitStatus, 0) << finished.Errors;
+        EXPECT_EQ(finished.Errors, "");
+    }
+    EXPECT_EQ(BytesOf(program_ / "a.svg").find("data-code"), std::string::npos);
 }
 
 } // namespace

@@ -55,5 +55,13 @@ TEST_F(Plan, OfAnotherEndingIsRefused) {
     EXPECT_TRUE(finished.Errors.starts_with("pistaro: --out: a.txt: the file's ending is neither .html nor .pdf\n"));
 }
 
+TEST_F(Plan, AsAPageTakesNoPaper) {
+    const Finished finished = Run({"--out", "a.html", "--paper", "A3"});
+
+    EXPECT_EQ(finished.ExitStatus, 2);
+    EXPECT_TRUE(finished.Errors.starts_with("pistaro: --paper goes with .pdf alone\n")) << finished.Errors;
+    EXPECT_FALSE(std::filesystem::exists(program_ / "a.html"));
+}
+
 } // namespace
 } // namespace pistaro

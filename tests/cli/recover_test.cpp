@@ -1,5 +1,7 @@
 // Unsaved work on the command line of the built program: a work is listed, and copied to a new file.
+#include "commands/bitmaps.h"
 #include "platform/files.h"
+#include "storage/background_file.h"
 #include "storage/recovery_file.h"
 #include "support/circuit_text.h"
 #include "support/run_program.h"
@@ -125,6 +127,22 @@ TEST_F(Recover, RefusesASettingsFileThatIsNamedAndNotThere) {
 
     EXPECT_EQ(finished.ExitStatus, 1);
     EXPECT_EQ(finished.Errors, "pistaro: File not found: gone.ini\n");
+}
+
+TEST_F(Recover, BringsTheBackgroundAlongAndWritesOverNone) {
+    Leave(oval_, 1);
+    const std::string background = BackgroundBytes(
+        {.Picture = std::make_shared<const std::string>(Bitmap(2, 2, Rgb(1, 2, 3))), .X = 5, .CmPerPixel = 2});
+    WriteBytes(program_.Recovered() / (oval_ + ".background"), background);
+    WriteBytes(program_ / "mine.background", "mine");
+
+    EXPECT_EQ(program_.Run({"recover", "oval", "--out", "x.trk"}).ExitStatus, 0);
+    EXPECT_EQ(BytesOf(program_ / "x.background"), background);
+
+    const Finished refused = program_.Run({"recover", "oval", "--out", "mine.trk"});
+    EXPECT_EQ(refused.Errors, "pistaro: File already exists: mine.background\n");
+    EXPECT_EQ(BytesOf(program_ / "mine.background"), "mine");
+    EXPECT_FALSE(std::filesystem::exists(program_ / "mine.trk"));
 }
 
 } // namespace

@@ -76,5 +76,62 @@ TEST_F(ClipboardCommands, PasteWantsASingleTrack) {
     EXPECT_EQ(FaultOf([&] { Run("paste"); }), "Refused: \"paste\" is not offered now: Choose a single track first.");
 }
 
+TEST_F(ClipboardCommands, PasteOnAClosedTrackOffersAnEmptyOne) {
+    const std::string circle = "C151L C151L C151L C151L C151L C151L C151L C151L";
+    session_.Project.Design.Circuit.Tracks[0] = Chain(circle);
+    clipboard_.Text = "C160 x2";
+    user_.Answers = {Answer::Yes, Answer::No};
+
+    Run("paste");
+    EXPECT_EQ(user_.Asked.at(0).Text, "Track 1 is closed: pieces at its end would lie over its first ones. Lay them on "
+                                      "track 3, which is empty?");
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[2]), "C160 C160");
+    EXPECT_EQ(session_.Project.EditState.CurrentTrack, 2);
+    EXPECT_EQ(Track1(), circle);
+
+    Run("undo");
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[2]), "");
+    session_.Project.EditState.CurrentTrack = 0;
+    Run("paste");
+    EXPECT_EQ(Track1(), circle + " C160 C160");
+}
+
+TEST_F(ClipboardCommands, PasteOnAClosedTrackAsksNothingWhereNoOtherIsEmpty) {
+    session_.Project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
+    session_.Project.Design.Circuit.Tracks[2] = Chain("C160");
+    clipboard_.Text = "C160";
+
+    Run("paste");
+
+    EXPECT_EQ(session_.Project.Design.Circuit.Tracks[0].ElementCodes.size(), 9U);
+}
+
+TEST_F(ClipboardCommands, AnUnknownCodeIsToldBeforeAnythingIsAsked) {
+    session_.Project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
+    clipboard_.Text = "C160, C999 x2";
+
+    EXPECT_EQ(FaultOf([&] { Run("paste"); }), "Type mismatch: \"C999\" is no piece");
+    EXPECT_TRUE(user_.Asked.empty());
+    EXPECT_EQ(session_.Project.Design.Circuit.Tracks[0].ElementCodes.size(), 8U);
+}
+
+TEST_F(ClipboardCommands, WithoutPiecesThereIsNothingToCopyPrintExportOrPlan) {
+    const auto whyNot = [this](const char* id) { return session_.Commands.Find(id)->WhyNot(session_); };
+    EXPECT_EQ(whyNot("copy") + whyNot("print") + whyNot("export") + whyNot("build plan"), "");
+
+    session_.Project.EditState.CurrentTrack = 2;
+    EXPECT_EQ(whyNot("copy"), "The track is empty.");
+    EXPECT_EQ(whyNot("print"), "");
+    session_.Project.Design.Circuit = {};
+    session_.Project.EditState.CurrentTrack = AllTracks;
+    EXPECT_EQ(whyNot("copy"), "There are no pieces yet.");
+    EXPECT_EQ(whyNot("print"), "There are no pieces yet.");
+    EXPECT_EQ(whyNot("export"), "There are no pieces yet.");
+    EXPECT_EQ(whyNot("build plan"), "There are no pieces yet.");
+    session_.Project.Design.Room.Points = {{0, 0, 0}, {200, 0, 1}};
+    EXPECT_EQ(whyNot("print"), "") << "a room can be drawn";
+    EXPECT_EQ(whyNot("build plan"), "There are no pieces yet.");
+}
+
 } // namespace
 } // namespace pistaro

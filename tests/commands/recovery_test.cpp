@@ -1,8 +1,11 @@
 // Unsaved work is on disk: when it gets there, when it goes, and what is offered of it.
 #include "commands/recovery.h"
 
+#include "commands/background_commands.h"
+#include "commands/bitmaps.h"
 #include "commands/recovery_commands.h"
 #include "platform/locks.h"
+#include "storage/background_file.h"
 #include "storage/circuit_file.h"
 #include "support/chain.h"
 #include "support/circuit_text.h"
@@ -45,6 +48,25 @@ protected:
             works.push_back(work.Name.Design + ": " + CodesOf(work.Content->Circuit.Tracks[0]) +
                             (work.Name.IsKept ? ", kept" : ""));
         return works;
+    }
+
+    /// Lays a picture of that many cm a dot under the circuit.
+    void LayPicture(double scale) {
+        session_->Do([&] {
+            SetBackground(*session_, std::make_shared<const ScaledBackground>(ScaledBackground{
+                                         .Picture = std::make_shared<const std::string>(Bitmap(4, 4, Rgb(9, 9, 9))),
+                                         .X = 7,
+                                         .CmPerPixel = scale}));
+        });
+    }
+
+    /// The scales of the pictures that stand in the recovery folder.
+    std::vector<double> PicturesOnDisk() const {
+        std::vector<double> scales;
+        for (const auto& file : std::filesystem::directory_iterator(folder_.Path())) {
+            if (file.path().extension() == ".background") scales.push_back(ReadBackground(file.path()).CmPerPixel);
+        }
+        return scales;
     }
 
     std::string Codes() const { return CodesOf(session_->Project.Design.Circuit.Tracks[0]); }
@@ -378,6 +400,76 @@ TEST_F(Recovering, ALongNameOfADesignIsNoHindrance) {
 
     EXPECT_THAT(OnDisk(), ElementsAre(std::string(200, 'x') + ": C160 C160"));
     EXPECT_THAT(posted_, IsEmpty());
+}
+
+TEST_F(Recovering, ThePictureUnderTheWorkIsKeptWithItAndComesBack) {
+    Begin();
+    Press("add C160");
+    recovery_->Secure();
+    LayPicture(0.5);
+    recovery_->Secure();
+    LayPicture(0.25);
+    StartAnew();
+    EXPECT_THAT(PicturesOnDisk(), ElementsAre(0.25));
+
+    session_->Do([&] { OpenRecovered(*session_, recovery_->Works().front()); });
+
+    ASSERT_NE(session_->Project.Background, nullptr);
+    EXPECT_EQ(session_->Project.Background->X, 7);
+    EXPECT_EQ(session_->Project.Background->CmPerPixel, 0.25);
+    EXPECT_EQ(*session_->Project.Background->Picture, Bitmap(4, 4, Rgb(9, 9, 9)));
+    recovery_->Secure();
+    EXPECT_THAT(PicturesOnDisk(), ElementsAre(0.25)) << "under the work's new name";
+}
+
+TEST_F(Recovering, ThePictureGoesWithTheWork) {
+    prompts_.Files = {circuits_ / "oval.trk"};
+    Begin();
+    Press("add C160");
+    LayPicture(0.5);
+    recovery_->Secure();
+    EXPECT_THAT(PicturesOnDisk(), ElementsAre(0.5));
+
+    Press("undo");
+    recovery_->Secure();
+    EXPECT_THAT(PicturesOnDisk(), IsEmpty()) << "it was taken away again";
+
+    Press("redo");
+    recovery_->Secure();
+    Press("save");
+    EXPECT_EQ(FilesIn(folder_.Path()), 1U) << "the sign of life";
+}
+
+TEST_F(Recovering, AWorkIsCopiedAndDeletedWithItsPicture) {
+    Begin();
+    Press("add C160");
+    LayPicture(0.5);
+    StartAnew();
+    const RecoveredWork work = recovery_->Works().front();
+    prompts_.Files = {circuits_ / "copy.trk"};
+    prompts_.Answers = {Answer::Yes};
+
+    EXPECT_TRUE(CopyRecovered(*session_, work));
+    EXPECT_EQ(ReadBackground(circuits_ / "copy.background").CmPerPixel, 0.5);
+    EXPECT_TRUE(DeleteRecovered(*session_, work));
+    EXPECT_THAT(PicturesOnDisk(), IsEmpty());
+}
+
+TEST_F(Recovering, AWorkWhosePictureIsDamagedIsOpenedWithoutItAndThatIsTold) {
+    Begin();
+    Press("add C160");
+    StartAnew();
+    const RecoveredWork work = recovery_->Works().front();
+    WriteBytes(BackgroundFileOf(work.File), "no picture");
+
+    session_->Do([&] { OpenRecovered(*session_, work); });
+
+    EXPECT_EQ(Codes(), "C160");
+    EXPECT_EQ(session_->Project.Background, nullptr);
+    ASSERT_EQ(prompts_.Told.size(), 1U);
+    EXPECT_TRUE(prompts_.Told[0].Text.ends_with("this is no background file\nThe circuit is loaded without the picture "
+                                                "under it."))
+        << prompts_.Told[0].Text;
 }
 
 } // namespace

@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <type_traits>
+#include <variant>
 
 namespace pistaro {
 namespace {
@@ -79,6 +81,111 @@ TEST(APdfOfTiles, OfEverySampleHasStandardStraightsOfTheirLength) {
         }
     }
     EXPECT_GT(straights, 500);
+}
+
+/// The straight strokes of all pieces, in the world.
+std::vector<PdfLine> StraightStrokes(const CircuitDrawing& drawing) {
+    std::vector<PdfLine> lines;
+    const auto add = [&](const auto& shape) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(shape)>, LineSegment>)
+            lines.push_back({shape.From.X, shape.From.Y, shape.To.X, shape.To.Y});
+    };
+    for (const DrawnPiece& piece : drawing.Pieces) {
+        for (const Lane& lane : piece.Placement.Lanes) {
+            for (const Segment& segment : lane.Path)
+                std::visit(add, segment);
+        }
+        for (const Segment& segment : piece.Placement.Outline)
+            std::visit(add, segment);
+        for (const Mark& mark : piece.Placement.Marks)
+            std::visit(add, mark.Shape);
+    }
+    return lines;
+}
+
+/// A line of a tile's page where it lies in the world: the drawing begins 1 cm from the left and 1.8 cm from the top.
+PdfLine InWorld(const PdfLine& line, const Box& part, double paperTop, double scale) {
+    const auto x = [&](double onPaper) { return part.Left + (onPaper - 1) * scale; };
+    const auto y = [&](double onPaper) { return part.Top - (paperTop - onPaper - 1.8) * scale; };
+    return {x(line.FromX), y(line.FromY), x(line.ToX), y(line.ToY)};
+}
+
+double Distance(const PdfLine& a, const PdfLine& b) {
+    const double along = std::max(std::hypot(a.FromX - b.FromX, a.FromY - b.FromY), //
+                                  std::hypot(a.ToX - b.ToX, a.ToY - b.ToY));
+    const double against = std::max(std::hypot(a.FromX - b.ToX, a.FromY - b.ToY), //
+                                    std::hypot(a.ToX - b.FromX, a.ToY - b.FromY));
+    return std::min(along, against);
+}
+
+struct TilesMatch {
+    int OnAnyTile = 0, OnTwo = 0, OnFour = 0; ///< strokes, by the tiles that they are on
+    double Farthest = 0;                      ///< of a tile's stroke from that of the piece, cm of the world
+};
+
+/// Compares the straight strokes on all tiles, but for the marks and the rule, with those of the pieces.
+TilesMatch MatchTiles(const Project& project, double scale) {
+    const OffscreenGraphics graphics;
+    const CircuitDrawing drawing = DrawingOf(Pieces(), project, {});
+    const SheetPlan plan = PlanSheets(drawing, {.Scale = scale, .Tiles = true});
+    const std::vector<PdfPage> pages = PagesOf(PdfOf(drawing, plan));
+    const std::vector<PdfLine> strokes = StraightStrokes(drawing);
+    std::vector<int> tilesOf(strokes.size());
+    TilesMatch match;
+    const double paperTop = std::round(plan.Height * 72 / 2.54) * 2.54 / 72; // whole points
+    const bool overview = pages.size() > plan.Sheets.size();
+    for (std::size_t tile = 0; tile < plan.Sheets.size(); ++tile) {
+        for (const PdfLine& line : pages[tile + (overview ? 1 : 0)].Lines) {
+            if (line.Length() < 0.5 || std::fabs(line.Length() - 10) < 1e-3) continue;
+            const PdfLine placed = InWorld(line, plan.Sheets[tile].Part, paperTop, scale);
+            const auto nearest =
+                std::ranges::min_element(strokes, {}, [&](const PdfLine& stroke) { return Distance(stroke, placed); });
+            match.Farthest = std::max(match.Farthest, Distance(*nearest, placed));
+            ++tilesOf[static_cast<std::size_t>(nearest - strokes.begin())];
+        }
+    }
+    match.OnAnyTile = static_cast<int>(std::ranges::count_if(tilesOf, [](int tiles) { return tiles > 0; }));
+    match.OnTwo = static_cast<int>(std::ranges::count_if(tilesOf, [](int tiles) { return tiles > 1; }));
+    match.OnFour = static_cast<int>(std::ranges::count_if(tilesOf, [](int tiles) { return tiles > 3; }));
+    return match;
+}
+
+TEST(APdfOfTiles, HasTheStrokesOfEverySampleInTheirPlacesOnEachTileThatTheyCross) {
+    int atCorners = 0;
+    for (const auto& file : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+        if (file.path().extension() != ".trk") continue;
+        Project project = ProjectOf("");
+        LoadCircuit(project, file.path());
+
+        const TilesMatch match = MatchTiles(project, 1);
+
+        EXPECT_LT(match.Farthest, 0.01) << file.path();
+        EXPECT_GT(match.OnTwo, 20) << file.path();
+        atCorners += match.OnFour;
+    }
+    EXPECT_GT(atCorners, 20) << "strokes on the four tiles around a corner";
+}
+
+TEST(APdfOfTiles, HasThemInTheirPlacesAtOtherScales) {
+    Project project = ProjectOf("");
+    LoadCircuit(project, SOURCE_FOLDER "/samples/grand-prix.trk");
+
+    const TilesMatch match = MatchTiles(project, 10);
+
+    EXPECT_LT(match.Farthest, 0.05) << "0.005 cm on the paper";
+    EXPECT_GT(match.OnTwo, 5);
+}
+
+TEST(APdfOfTiles, HasAPieceThatCrossesACornerWhereFourTilesMeetOnAllOfThem) {
+    // Turned by 45 degrees a straight of 35 cm reaches over the middle of two columns and two rows of tiles.
+    Project project = ProjectOf("C160");
+    project.Design.Circuit.Tracks[0].TrackStartHeading = 0.7853982F;
+
+    const TilesMatch match = MatchTiles(project, 1);
+
+    EXPECT_LT(match.Farthest, 0.01);
+    EXPECT_EQ(match.OnAnyTile, 6) << "two edges, two ends, two lanes";
+    EXPECT_EQ(match.OnFour, 6);
 }
 
 TEST(APdfOnOnePage, HasTheScaleThatIsAskedFor) {

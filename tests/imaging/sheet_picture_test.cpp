@@ -1,3 +1,5 @@
+#include "commands/bitmaps.h"
+#include "imaging/backdrop.h"
 #include "imaging/circuit_picture.h"
 #include "imaging/image_file.h"
 #include "imaging/sheet_picture.h"
@@ -36,6 +38,37 @@ TEST(ASheetsPicture, DrawsThePiecesToScale) {
     EXPECT_TRUE(dark(180, 100)) << "the end, 1 cm from the top";
     EXPECT_TRUE(dark(180, 449));
     EXPECT_FALSE(dark(180, 500));
+}
+
+TEST(ASheetsPicture, HasTheBackgroundWhereItLiesAtItsTrueSizeWhenItIsChosen) {
+    // 40 x 40 cm around the middle of a straight that is 15.5 x 35: at 1:10 and 100 dots a cm 400 dots within a margin
+    // of 100.
+    const OffscreenGraphics graphics;
+    Project project = ProjectOf("C160");
+    project.Background = std::make_shared<const ScaledBackground>(
+        ScaledBackground{.Picture = std::make_shared<const std::string>(Bitmap(8, 8, Rgb(0, 200, 255))),
+                         .X = 7.75,
+                         .Y = 17.5,
+                         .CmPerPixel = 5});
+    const auto draw = [&](const DrawnParts& parts) {
+        DecodedPicture pictures;
+        CircuitDrawing drawing = DrawingOf(Pieces(), project, parts);
+        const auto backdrop = TakeBackdrop(drawing, pictures);
+        const SheetPlan plan = PlanSheets(drawing, {.Scale = 10, .Header = false});
+        return DecodeImage(SheetPng(drawing, plan, 254, backdrop.get()), "test");
+    };
+
+    const QImage image = draw({.Background = true});
+    ASSERT_EQ(image.size(), QSize(600, 600));
+    for (const auto& [x, y] : {std::pair(105, 105), {494, 105}, {105, 494}, {494, 494}})
+        EXPECT_EQ(image.pixel(x, y), qRgb(0, 200, 255)) << x << ", " << y;
+    EXPECT_EQ(image.pixel(95, 300), qRgb(255, 255, 255));
+    EXPECT_EQ(image.pixel(300, 505), qRgb(255, 255, 255));
+    const QRgb grey = draw({.BlackAndWhite = true, .Background = true}).pixel(105, 105);
+    EXPECT_EQ(qRed(grey), qGreen(grey));
+    EXPECT_EQ(qRed(grey), qBlue(grey));
+    EXPECT_NEAR(qRed(grey), 185, 4) << "as light as the colour is";
+    EXPECT_EQ(draw({}).size(), QSize(355, 550));
 }
 
 TEST(ASheetsPicture, OfTooManyPixelsIsRefused) {

@@ -107,6 +107,38 @@ TEST(APartOfADrawing, ShowsGridNumbersAndRoomWhenTheyAreChosen) {
     EXPECT_EQ(Drawn(project, {.Grid = true}, part).size(), 22U) << "and lines from -20 to 50 both ways";
 }
 
+class AreaCounter : public RecordingSurface {
+public:
+    using RecordingSurface::RecordingSurface;
+
+    int Areas = 0;
+
+    void Fill(const std::vector<WorldPoint>&, Colour) override { ++Areas; }
+};
+
+TEST(APartOfADrawing, HasNumbersOnPlatesWhereTheGroundIsDark) {
+    const auto fills = [](const DrawnParts& parts) {
+        const Box part{-0.5, -0.5, 40, 40};
+        AreaCounter surface(DistinctColours());
+        surface.SetScale(part.Shown());
+        DrawPart(DrawingOf(Pieces(), ProjectOf("C160"), parts), part, surface);
+        return surface.Areas;
+    };
+
+    EXPECT_EQ(fills({.Numbers = true, .Surface = true}) - fills({.Surface = true}), 1);
+    EXPECT_EQ(fills({.Numbers = true}), 0);
+}
+
+TEST(ANumbersPlate, IsAsWideAsItsDigits) {
+    const std::vector<WorldPoint> plate = NumberPlate({10, 20}, 2, 5);
+
+    ASSERT_EQ(plate.size(), 4U);
+    EXPECT_FLOAT_EQ(plate[0].X, 9.5F);
+    EXPECT_FLOAT_EQ(plate[0].Y, 20);
+    EXPECT_FLOAT_EQ(plate[2].X, 16.9F);
+    EXPECT_FLOAT_EQ(plate[2].Y, 14.2F);
+}
+
 TEST(TheGridToDraw, IsThatOfTheSettingsOrLinesWhereTheyHaveNone) {
     Preferences preferences;
     preferences.Grid = {2, 25};

@@ -1,6 +1,7 @@
 // The export dialog, by its own controls.
 #include "ui/frmExport.h"
 
+#include "commands/bitmaps.h"
 #include "dialog_fixture.h"
 #include "support/chain.h"
 
@@ -115,6 +116,81 @@ TEST_F(FrmExport, StaysOpenWhenNoFileIsChosenOrItCannotBeWritten) {
     EXPECT_TRUE(IsOpen());
     ASSERT_EQ(prompts_.Told.size(), 1U);
     EXPECT_TRUE(prompts_.Told[0].Text.starts_with("Path not found: ")) << prompts_.Told[0].Text;
+}
+
+TEST_F(FrmExport, TellsHowLargeTheFileWillBe) {
+    Choose("cboTrack", 2); // 15.5 x 7.65625 cm
+    Choose("cboFormat", Svg);
+    Choose("cboSize", 1);
+    Find<QDoubleSpinBox>("spnScale").setValue(5);
+    EXPECT_EQ(Label("lblPlanned"), "5.1 × 3.5 cm at 1:5");
+
+    Choose("cboFormat", Png);
+    EXPECT_EQ(Label("lblPlanned"), "2480 × 3508 pixels, 21 × 29.7 cm at 1:1");
+    Choose("cboSize", 3);
+    EXPECT_TRUE(Label("lblPlanned").starts_with("1600 × ")) << Label("lblPlanned");
+
+    Choose("cboFormat", Pdf);
+    EXPECT_EQ(Label("lblPlanned"), "1 sheet at 1:1, 21 × 29.7 cm");
+    Choose("cboSize", 3);
+    Find<QDoubleSpinBox>("spnScale").setValue(0.5);
+    EXPECT_EQ(Label("lblPlanned"), "3 sheets at 1:0.5: an overview and 2 tiles, 21 × 29.7 cm each");
+    Find<QDoubleSpinBox>("spnScale").setValue(0.1);
+    Choose("cboTrack", 0);
+    ExpectNothingClipped();
+
+    Choose("cboFormat", Dxf);
+    Choose("cboTrack", 2);
+    EXPECT_EQ(Label("lblPlanned"), "15.5 × 7.7 cm at full size");
+    Choose("cboFormat", Csv);
+    Choose("cboTrack", 0);
+    EXPECT_EQ(Label("lblPlanned"), "A table of 3 pieces; no drawing.");
+}
+
+TEST_F(FrmExport, ExportsNothingThatCannotBeWritten) {
+    Choose("cboFormat", Png);
+    Choose("cboSize", 1);
+    Find<QDoubleSpinBox>("spnScale").setValue(0.1);
+
+    EXPECT_TRUE(Label("lblPlanned").starts_with("Picture too large: ")) << Label("lblPlanned");
+    EXPECT_FALSE(IsEnabled("cmdExport"));
+
+    Find<QDoubleSpinBox>("spnScale").setValue(10);
+    EXPECT_TRUE(IsEnabled("cmdExport"));
+}
+
+TEST_F(FrmExport, TellsWhereTheFileIsAndBeginsTheNextTimeAsItEnded) {
+    std::filesystem::create_directory(folder_ / "out");
+    Choose("cboFormat", Pdf);
+    Choose("cboPaper", 2);
+    prompts_.Files.push_back(folder_ / "out" / "x.pdf");
+    Press("cmdExport");
+    ASSERT_EQ(prompts_.Told.size(), 1U);
+    EXPECT_EQ(prompts_.Told[0], (Message{Icon::Information, (folder_ / "out" / "x.pdf").string() + " is written."}));
+
+    Open();
+    EXPECT_EQ(Find<QComboBox>("cboFormat").currentText(), "Paper (PDF)");
+    EXPECT_EQ(Find<QComboBox>("cboPaper").currentText(), "A3");
+    prompts_.Files.emplace_back(std::nullopt);
+    Press("cmdExport");
+    EXPECT_EQ(prompts_.Dialogs.back().Folder, (folder_ / "out").string());
+}
+
+TEST_F(FrmExport, OffersTheBackgroundWhereOneLiesUnderTheCircuit) {
+    EXPECT_FALSE(IsEnabled("chkBackground"));
+    project_.Background = std::make_shared<const ScaledBackground>(ScaledBackground{
+        .Picture = std::make_shared<const std::string>(Bitmap(8, 8, Rgb(0, 255, 0))), .CmPerPixel = 20});
+    Open();
+    Choose("cboFormat", Dxf);
+    EXPECT_FALSE(IsEnabled("chkBackground"));
+    EXPECT_FALSE(IsEnabled("chkBlackAndWhite")) << "colours do not count there";
+    Choose("cboFormat", Svg);
+    ASSERT_TRUE(IsEnabled("chkBackground"));
+
+    const QImage bare = Find<QWidget>("picSheet").grab().toImage();
+    Press("chkBackground");
+    EXPECT_NE(Find<QWidget>("picSheet").grab().toImage(), bare);
+    EXPECT_NE(Exported("x.svg").find("<image width=\"8\""), std::string::npos);
 }
 
 } // namespace

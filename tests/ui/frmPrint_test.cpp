@@ -1,6 +1,7 @@
 // The print dialog, by its own controls; its printer is one that prints into a file.
 #include "ui/frmPrint.h"
 
+#include "commands/bitmaps.h"
 #include "dialog_fixture.h"
 #include "support/chain.h"
 
@@ -106,6 +107,43 @@ TEST_F(FrmPrint, PrintsAllSheetsOnTheWholePaper) {
     const std::string pdf = BytesOf(folder_ / "printed.pdf");
     EXPECT_NE(pdf.find("/Count 6"), std::string::npos);
     EXPECT_NE(pdf.find("/MediaBox [0 0 842.000000 595.000000]"), std::string::npos);
+}
+
+TEST_F(FrmPrint, ShowsAllOfTheBackgroundOnASheetAndOnTilesWhatLiesAroundTheTrack) {
+    project_.Background = std::make_shared<const ScaledBackground>(ScaledBackground{
+        .Picture = std::make_shared<const std::string>(Bitmap(8, 8, Rgb(0, 255, 0))), .CmPerPixel = 20});
+    Open();
+    const auto green = [this] {
+        const QImage preview = Find<QWidget>("picSheet").grab().toImage();
+        int count = 0;
+        for (int y = 0; y < preview.height(); ++y) {
+            for (int x = 0; x < preview.width(); ++x)
+                count += preview.pixel(x, y) == qRgb(0, 255, 0) ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_EQ(green(), 0);
+    EXPECT_EQ(Label("lblSheets"), "1 sheet at 1:2.7");
+
+    Press("chkBackground");
+    EXPECT_EQ(Label("lblSheets"), "1 sheet at 1:8.5") << "160 cm on 19";
+    EXPECT_GT(green(), 10000);
+    ChooseScale(1);
+    EXPECT_EQ(Label("lblSheets"), "4 sheets at 1:1: an overview and 3 tiles") << "as without it";
+    Find<QSpinBox>("spnSheet").setValue(2);
+    EXPECT_GT(green(), 10000);
+    Press("chkBlackAndWhite");
+    EXPECT_EQ(green(), 0);
+}
+
+TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
+    Choose("cboPaper", 6);
+    prompts_.Files.push_back(folder_ / "x.pdf");
+    Press("cmdPdf");
+    EXPECT_EQ(prompts_.Told.at(0).Text, (folder_ / "x.pdf").string() + " is written.");
+
+    Open();
+    EXPECT_EQ(Find<QComboBox>("cboPaper").currentText(), "Letter");
 }
 
 } // namespace

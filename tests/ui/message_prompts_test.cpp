@@ -148,4 +148,26 @@ TEST_F(FileDialogs, ADialogThatOpensTakesExistingFilesOfTheFiltersKinds) {
               Folder / "plan.gif");
 }
 
+TEST(MessagePrompts, TellWrittenShowsThePathAndOpensItsFolder) {
+    const TemporaryFolder folder;
+    std::filesystem::path opened;
+    MessagePrompts prompts;
+    prompts.OpenFolder = [&](const std::filesystem::path& path) { opened = path; };
+    const auto press = [&](const QString& caption) {
+        WhenShown<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_EQ(box.text().toStdString(), TextFromPath(folder / "x.pdf") + " is written.");
+            EXPECT_EQ(box.icon(), QMessageBox::Information);
+            for (QAbstractButton* const button : box.buttons()) {
+                if (button->text().remove('&') == caption) QTest::mouseClick(button, Qt::LeftButton);
+            }
+        });
+        prompts.TellWritten(folder / "x.pdf");
+    };
+
+    press("OK");
+    EXPECT_TRUE(opened.empty());
+    press("Open Folder");
+    EXPECT_EQ(opened, folder.Path());
+}
+
 } // namespace pistaro

@@ -122,5 +122,17 @@ TEST_F(WindowSettings, TheLegendStandsInTheCornerWhereTheCircuitIsNot) {
     EXPECT_NE(corner(false), right);
 }
 
+TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
+    Open();
+    EXPECT_EQ(Session->Habits, Habits());
+    Session->Habits = {.ExportFolder = "/tmp/Übung", .ExportEnding = ".svg", .Paper = "Letter"};
+    KeepWindow(folder_ / "window.ini", *Window, *Session);
+
+    Open();
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+
+    EXPECT_EQ(Session->Habits, (Habits{.ExportFolder = "/tmp/Übung", .ExportEnding = ".svg", .Paper = "Letter"}));
+}
+
 } // namespace
 } // namespace pistaro

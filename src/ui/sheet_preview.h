@@ -1,0 +1,42 @@
+// Sheets as they would come out, one of them shown on a desk.
+#pragma once
+
+#include "imaging/backdrop.h"
+#include "imaging/sheet_painter.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace pistaro {
+
+/// A drawing with the sheets that it takes.
+struct PlannedSheets {
+    CircuitDrawing Drawing;
+    SheetPlan Plan;
+    std::shared_ptr<const ScaledBackdrop> Backdrop;
+
+    SheetPainter Painter(const std::string& date) const { return {Drawing, Plan, date, Backdrop.get()}; }
+};
+
+/// "1 sheet at 1:2.5", "4 sheets at 1:1: an overview and 3 tiles".
+QString SheetsText(const PlannedSheets& sheets);
+
+class SheetPreview : public QWidget {
+public:
+    /// Shows `sheets`, which its owner keeps and changes, with that date in their headers.
+    SheetPreview(const std::optional<PlannedSheets>& sheets, std::string date, QSize size);
+
+    /// Shows that sheet from now on, from 0; to be called after each change of the sheets, too.
+    void ShowSheet(int number);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const std::optional<PlannedSheets>& sheets_;
+    const std::string date_;
+    int number_ = 0;
+};
+
+} // namespace pistaro
