@@ -12,7 +12,6 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-
 namespace pistaro {
 namespace {
 
