@@ -4,7 +4,6 @@
 #include "platform/processes.h"
 #include "ui/designer.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -12,12 +11,11 @@
 namespace {
 
 /// Memory may end where nobody can tell it any more: within the toolkit, in what must not throw, on another thread.
-[[noreturn]] void EndForWantOfMemory() {
+[[noreturn]] void OnTerminate() {
     try {
         if (const std::exception_ptr fault = std::current_exception()) std::rethrow_exception(fault);
     } catch (const std::bad_alloc&) {
-        std::fputs("pistaro: Out of memory\n", stderr);
-        std::_Exit(EXIT_FAILURE);
+        pistaro::EndForWantOfMemory();
     } catch (...) {
         std::abort();
     }
@@ -28,7 +26,8 @@ namespace {
 
 int main(int argc, char** argv) {
     using namespace pistaro;
-    std::set_terminate(EndForWantOfMemory);
+    std::set_terminate(OnTerminate);
+    EndWhereMemoryIsMissing();
     UseConsoleOfParent();
     const Catalogue catalogue = InitCatalogue();
     const auto result = RunCommandLine(catalogue, CommandLineArguments(argc, argv), std::cin, std::cout, std::cerr);

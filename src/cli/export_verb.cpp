@@ -91,8 +91,10 @@ void ExportVerb(const VerbContext& context, const std::filesystem::path& circuit
         project.Background = std::make_shared<const ScaledBackground>(ReadBackground(BackgroundFileOf(circuit)));
     CheckMayWrite(file, arguments.Force);
     CheckNotInput(context, circuit, file);
-    const OffscreenGraphics graphics;
-    ReplaceFile(file, ExportBytes(context.Catalogue, project, *ExportFormatOf(file), OptionsOf(arguments)));
+    const ExportFormat format = *ExportFormatOf(file);
+    std::optional<OffscreenGraphics> graphics; // the other formats need no fonts
+    if (format == ExportFormat::Png || format == ExportFormat::Pdf) graphics.emplace();
+    ReplaceFile(file, ExportBytes(context.Catalogue, project, format, OptionsOf(arguments)));
     context.Output << TextFromPath(file) << '\n';
 }
 

@@ -23,11 +23,6 @@ std::string PointHint(std::string text) {
     return IsNumber(text) ? "; write " + text : "";
 }
 
-double NumberIn(const std::string& text, const std::string& what) {
-    if (!IsNumber(text)) throw TypeMismatch(what + ", \"" + text + "\", is no number" + PointHint(text));
-    return ParseNumber(text);
-}
-
 double OwnedIn(const StockBox& box) {
     const std::string what = "the owned count of " + box.Tag;
     const double owned = NumberIn(box.Owned, what);
@@ -77,6 +72,11 @@ Settings WriteStock(const Catalogue& catalogue, const std::filesystem::path& pat
 }
 
 } // namespace
+
+double NumberIn(const std::string& text, const std::string& what) {
+    if (!IsNumber(text)) throw TypeMismatch(what + ", \"" + text + "\", is no number" + PointHint(text));
+    return ParseNumber(text);
+}
 
 StockBoxes EmptyStockBoxes(const Catalogue& catalogue) {
     std::vector<int> rows = catalogue.ProductRows();

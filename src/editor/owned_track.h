@@ -28,6 +28,9 @@ using StockBoxes = std::vector<StockBox>;
 /// The boxes of all products, with no texts.
 StockBoxes EmptyStockBoxes(const Catalogue& catalogue);
 
+/// The number that somebody typed. Fault: it is none, told with `what` it was to be.
+double NumberIn(const std::string& text, const std::string& what);
+
 /// "Scalextric Straights" and its like.
 const char* CaptionOf(StockFrame frame);
 

@@ -4,8 +4,10 @@
 #include "imaging/kept_drawing.h"
 #include "imaging/painter_surface.h"
 #include "platform/fault.h"
+#include "platform/processes.h"
 #include "render/redraw.h"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
 
 #include <array>
@@ -20,12 +22,16 @@ struct OffscreenGraphics::Application {
 #ifndef Q_OS_WIN // there, pictures need no display, and only the usual platform knows the system's fonts
         qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
+        Fonts.emplace();
+        const SilentStandardError silent; // the fonts' library prints what it made of its configuration without memory
         Gui = std::make_unique<QGuiApplication>(Count, Values.data());
+        QFontDatabase::families(); // reads them all
     }
 
     int Count = 1;
     char Name[8] = "pistaro";
     std::array<char*, 2> Values{Name, nullptr};
+    std::optional<UncheckedMemory> Fonts; ///< their library, which goes on without memory
     std::unique_ptr<QGuiApplication> Gui;
 };
 

@@ -78,6 +78,7 @@ std::string EncodeImage(const QImage& image, PictureFormat format) {
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
     constexpr int lineArtQuality = 95; // of JPEG; less would blur thin lines
+    const SilentStandardError silent;  // as above
     if (!image.save(&buffer, NameOf(format), format == PictureFormat::Jpeg ? lineArtQuality : -1))
         throw Fault("Picture not written", NameOf(format));
     return data.toStdString();

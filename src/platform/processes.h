@@ -17,6 +17,23 @@ unsigned long ProcessNumber();
 /// Lets a verb print on the console that the program was started from, where the system does not do so by itself.
 void UseConsoleOfParent();
 
+/// Ends the program at once with 1 and a line on the standard error, also where that is silent.
+[[noreturn]] void EndForWantOfMemory();
+
+/// Has it end so where a library goes on with memory that it was not given, which would be a crash. Where the system
+/// does not tell of such access, nothing.
+void EndWhereMemoryIsMissing();
+
+/// While it lives a library may work that does so and makes other calls before it crashes: the program then ends in the
+/// same way whatever error the system gave last, and says that it may be the library's fault.
+class UncheckedMemory {
+public:
+    UncheckedMemory();
+    ~UncheckedMemory();
+    UncheckedMemory(const UncheckedMemory&) = delete;
+    UncheckedMemory& operator=(const UncheckedMemory&) = delete;
+};
+
 /// While it lives, the standard error takes nothing: what a library prints there of its own is not the program's word.
 class SilentStandardError {
 public:

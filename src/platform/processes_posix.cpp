@@ -6,9 +6,12 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <spawn.h>
+#include <string_view>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -24,6 +27,26 @@ void RequestTermination(int) {
     const int error = errno;
     [[maybe_unused]] const ssize_t written = ::write(terminationPipe[1], "", 1);
     errno = error;
+}
+
+volatile std::sig_atomic_t uncheckedMemory = 0;         ///< how many UncheckedMemory live
+volatile std::sig_atomic_t errorStream = STDERR_FILENO; ///< the standard error, where it is now
+
+[[noreturn]] void EndWith(std::string_view line) {
+    [[maybe_unused]] const ssize_t written = ::write(errorStream, line.data(), line.size());
+    ::_exit(EXIT_FAILURE);
+}
+
+/// An allocation that fails gives a null pointer and this error; what lies near null is a member of what was not given.
+/// Some libraries go into a trap instead. Any other crash happens again, and ends the program as ever.
+void OnWrongAccess(int signal, siginfo_t* access, void*) {
+    constexpr std::uintptr_t largestObject = 1 << 16;
+    const bool isTrap = signal == SIGTRAP;
+    if (isTrap || reinterpret_cast<std::uintptr_t>(access->si_addr) <= largestObject) {
+        if (errno == ENOMEM) EndForWantOfMemory();
+        if (uncheckedMemory > 0) EndWith("pistaro: Out of memory, or a fault in a library\n");
+    }
+    if (isTrap) ::raise(signal);
 }
 
 /// The writing end of the pipe of the Interruptions that live.
@@ -98,16 +121,33 @@ unsigned long ProcessNumber() { return static_cast<unsigned long>(::getpid()); }
 
 void UseConsoleOfParent() {}
 
+void EndForWantOfMemory() { EndWith("pistaro: Out of memory\n"); }
+
+void EndWhereMemoryIsMissing() {
+    struct sigaction action {};
+    action.sa_sigaction = OnWrongAccess;
+    action.sa_flags = SA_SIGINFO | static_cast<int>(SA_RESETHAND);
+    for (const int signal : {SIGSEGV, SIGBUS, SIGTRAP})
+        ::sigaction(signal, &action, nullptr);
+}
+
+UncheckedMemory::UncheckedMemory() { uncheckedMemory = uncheckedMemory + 1; }
+UncheckedMemory::~UncheckedMemory() { uncheckedMemory = uncheckedMemory - 1; }
+
 SilentStandardError::SilentStandardError() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
     const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     if (nowhere < 0) return;
-    if (kept_ >= 0) ::dup2(nowhere, STDERR_FILENO);
+    if (kept_ >= 0) {
+        errorStream = kept_;
+        ::dup2(nowhere, STDERR_FILENO);
+    }
     ::close(nowhere);
 }
 
 SilentStandardError::~SilentStandardError() {
     if (kept_ < 0) return;
     ::dup2(kept_, STDERR_FILENO);
+    errorStream = STDERR_FILENO;
     ::close(kept_);
 }
 

@@ -104,6 +104,16 @@ std::vector<std::string> CommandLineArguments(int, char**) {
 
 unsigned long ProcessNumber() { return ::GetCurrentProcessId(); }
 
+void EndForWantOfMemory() {
+    std::fputs("pistaro: Out of memory\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+void EndWhereMemoryIsMissing() {}
+
+UncheckedMemory::UncheckedMemory() = default;
+UncheckedMemory::~UncheckedMemory() = default;
+
 void UseConsoleOfParent() {
     // Pipes and files are inherited; only a console has to be asked for.
     const bool noOutput = IsMissing(STD_OUTPUT_HANDLE);

@@ -19,15 +19,13 @@ namespace pistaro {
 
 namespace {
 
-/// A log-off asks what Quit asks, where it leaves the time for it.
 void CloseOnLogOff(QApplication& application, frmCorvel& window, Recovery& recovery) {
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&](QSessionManager& session) {
-        recovery.Secure();
-        if (session.allowsInteraction() && !window.close()) session.cancel();
+        if (!LetsLogOff(window, recovery, session.allowsInteraction())) session.cancel();
     });
 }
 
-/// So does the system's request to end.
+/// The system's request to end asks what Quit asks, too.
 void CloseOnTermination(frmCorvel& window) {
     const int requests = TerminationRequests();
     if (requests < 0) return;
@@ -39,6 +37,11 @@ void CloseOnTermination(frmCorvel& window) {
 }
 
 } // namespace
+
+bool LetsLogOff(frmCorvel& window, Recovery& recovery, bool mayAsk) {
+    recovery.Secure();
+    return !mayAsk || window.close();
+}
 
 void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Message>& messages,
                     const DesignerOptions& options) {

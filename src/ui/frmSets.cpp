@@ -1,18 +1,47 @@
 #include "ui/frmSets.h"
 
 #include "commands/laying_commands.h"
+#include "editor/owned_track.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "storage/sets_file.h"
 #include "text/number_text.h"
 #include "ui/named_controls.h"
+#include "ui/typed_number.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 
+#include <exception>
+
 namespace pistaro {
+
+namespace {
+
+/// A decimal comma is taken whatever the desktop's sign is.
+Cents PriceIn(const QString& typed) {
+    const std::string text = PlainNumber(typed);
+    const std::string pointed = Shown(text).replace(',', '.').toStdString();
+    return CentsOf(NumberIn(IsNumber(pointed) ? pointed : text, "the set's price"));
+}
+
+/// Puts the line's count into the set.
+void KeepCount(const QTreeWidgetItem& line, BoxedSet& set) {
+    const std::string text = PlainNumber(line.text(2));
+    const std::string what = "the count of " + line.text(0).toStdString();
+    const double number = NumberIn(text, what);
+    const std::optional<int> count = RoundedWithin<int>(number, 0);
+    if (!count || *count != number) throw TypeMismatch(what + ", \"" + text + "\", is no whole number from 0 on");
+    const int row = line.data(0, Qt::UserRole).toInt();
+    if (*count > 0)
+        set.Pieces[row] = *count;
+    else
+        set.Pieces.erase(row);
+}
+
+} // namespace
 
 frmSets::frmSets(Session& session, QWidget* parent)
     : QDialog(parent), session_(session), file_(session.SettingsPath.parent_path() / SetsName), sets_(SetsOf(session)) {
@@ -128,21 +157,30 @@ void frmSets::ShowSet() {
     }
 }
 
-void frmSets::KeepSet() {
-    if (shown_ < 0 || shown_ >= static_cast<int>(sets_.size())) return;
+bool frmSets::KeepSet() {
+    if (shown_ < 0 || shown_ >= static_cast<int>(sets_.size())) return true;
     BoxedSet& set = sets_[static_cast<std::size_t>(shown_)];
     set.Name = txtName_->text().toStdString();
-    set.Price = CentsOf(ParseNumber(txtPrice_->text().replace(',', '.').toStdString()));
-    set.Pieces.clear();
-    for (int line = 0; line < lstPieces_->topLevelItemCount(); ++line) {
-        const QTreeWidgetItem& item = *lstPieces_->topLevelItem(line);
-        if (const int count = item.text(2).toInt(); count > 0) set.Pieces[item.data(0, Qt::UserRole).toInt()] = count;
-    }
     if (QListWidgetItem* const entry = lstSets_->item(shown_)) entry->setText(Shown(set.Name));
+    std::exception_ptr fault;
+    const auto keep = [&fault](const auto& field) {
+        try {
+            field();
+        } catch (const Fault&) {
+            if (!fault) fault = std::current_exception();
+        }
+    };
+    keep([&] { set.Price = PriceIn(txtPrice_->text()); });
+    for (int line = 0; line < lstPieces_->topLevelItemCount(); ++line)
+        keep([&] { KeepCount(*lstPieces_->topLevelItem(line), set); });
+    if (!fault) return true;
+    session_.Do([&] { std::rethrow_exception(fault); });
+    ShowSet();
+    return false;
 }
 
 void frmSets::Save() {
-    KeepSet();
+    if (!KeepSet()) return;
     const bool saved = session_.Do([&] {
         const std::string text = SetsText(session_.Catalogue, sets_);
         ParseSets(session_.Catalogue, text, SetsName); // what could not be read again is told, and not written

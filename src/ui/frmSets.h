@@ -25,7 +25,9 @@ private:
     QLayout* Buttons();
     void ListSets(int chosen);
     void ShowSet();
-    void KeepSet();
+    /// Takes what the fields say into the set. What is no number is told, false then, and the field shows the old
+    /// again.
+    bool KeepSet();
     void Save();
 
     Session& session_;

@@ -3,8 +3,8 @@
 #include "editor/owned_track.h"
 #include "model/money.h"
 #include "money/purchase.h"
-#include "text/number_text.h"
 #include "ui/named_controls.h"
+#include "ui/typed_number.h"
 
 #include <QHeaderView>
 #include <QLocale>
@@ -39,14 +39,6 @@ QString Amount(Cents cents) { return QLocale::system().toString(static_cast<doub
 
 /// A price of 0 is none: nobody has entered one.
 QString AmountIfKnown(Cents price, Cents amount) { return price == 0 ? QString() : Amount(amount); }
-
-/// What was typed as the number texts of the core, whatever the desktop's decimal sign.
-std::string PlainNumber(const QString& typed) {
-    bool isNumber = false;
-    const double value = QLocale::system().toDouble(typed.trimmed(), &isNumber);
-    return isNumber ? NumberText(static_cast<float>(value)) : typed.trimmed().toStdString();
-}
-
 } // namespace
 
 MoneyDock::MoneyDock(Session& session)

@@ -1,6 +1,7 @@
 // Memory that ends, preloaded into the program: of its allocations after the start of main the n-th fails.
 //   FAILING_ALLOCATION=N  ALLOCATIONS_REPORT=FILE (gets the number of allocations at the end)
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
@@ -12,7 +13,11 @@ std::atomic<bool> counts = false;
 long failing = 0;
 int (*programMain)(int, char**, char**) = nullptr;
 
-bool Fails() { return counts && ++allocations == failing; }
+bool Fails() {
+    if (!counts || ++allocations != failing) return false;
+    errno = ENOMEM;
+    return true;
+}
 
 void Report() {
     counts = false;

@@ -50,7 +50,8 @@ TEST_P(EndOfMemory, IsToldInALineWithStatus1) {
     ASSERT_GT(whole.Allocations, 1000);
     int told = 0;
     for (long allocation = 1; allocation <= whole.Allocations; allocation += 1 + allocation * 10 / Tried) {
-        std::filesystem::remove(folder_ / "saved.trk");
+        for (const char* const name : {"saved.trk", "x.png", "x.svg", "x.pdf", "x.dxf", "x.csv", "x.html"})
+            std::filesystem::remove(folder_ / name);
         const Ended ended = Run(allocation);
         if (ended.Status == 0) continue; // the library did without
         ++told;
@@ -66,7 +67,10 @@ TEST_P(EndOfMemory, IsToldInALineWithStatus1) {
 
 INSTANTIATE_TEST_SUITE_P(Verbs, EndOfMemory,
                          testing::Values("layout oval.trk", "stats oval.trk", "script script.txt", "catalogue --json",
-                                         "settings", "recover"));
+                                         "settings", "recover", "export oval.trk --out x.csv",
+                                         "export oval.trk --out x.dxf", "export oval.trk --out x.svg",
+                                         "export oval.trk --out x.pdf", "export oval.trk --out x.png",
+                                         "plan oval.trk --out x.html", "picture oval.trk --out x.png"));
 
 } // namespace
 } // namespace pistaro

@@ -1,5 +1,6 @@
 // Whatever is written, each call to the system fails once with each error that a disk gives. Then the old file or the
 // new one stands there whole and nothing else, its user was told which file it is and why, and can do the same again.
+#include "commands/laying_commands.h"
 #include "commands/recovery.h"
 #include "editor/colour_settings.h"
 #include "editor/draw_area.h"
@@ -12,6 +13,7 @@
 #include "report/guide.h"
 #include "stats/shopping_list.h"
 #include "storage/circuit_file.h"
+#include "storage/recent_circuits.h"
 #include "support/chain.h"
 #include "support/circuit_text.h"
 #include "support/pieces.h"
@@ -223,6 +225,47 @@ TEST_F(FailingCalls, OfTheGuide) {
     };
 
     TryEachCall(write, {"C151L.gif", "track.gif", "guide.html"});
+}
+
+TEST_F(FailingCalls, OfTheCircuitsKeptFromABox) {
+    const Operation keep = [](Desk& desk) {
+        desk.Prompts().Files = {desk.Folder() / "kept.trk"};
+        desk.Prompts().Answers = {Answer::Yes, Answer::Yes};
+        desk.Session().Do([&] {
+            KeepAsFiles(desk.Session(), desk.Session().Project.Design, {Chain("C151L"), Chain("C160 C159")});
+        });
+    };
+
+    TryEachCall(keep, {"kept-01.trk", "kept-02.trk"});
+
+    EXPECT_EQ(CodesOf(ReadCircuit(desk_.Folder() / "kept-02.trk").Circuit.Tracks[0]), "C160 C159");
+}
+
+TEST_F(FailingCalls, OfTheListOfRecentCircuits) {
+    const std::filesystem::path list = desk_.Folder() / "share" / "recent";
+    const std::filesystem::path a = desk_.Folder() / "a.trk", b = desk_.Folder() / "b.trk";
+    const auto kept = [&] {
+        RecentCircuits recent(list);
+        recent.Read();
+        return recent.List();
+    };
+    for (const Failure& failure : Failures) {
+        for (int call = 1, failed = 1; failed > 0; ++call) {
+            desk_.Lay();
+            RecentCircuits(list).Add(a);
+            FailCall(desk_.Folder().string(), call, failure.Error);
+            RecentCircuits recent(list);
+            recent.Add(b);
+            const std::string what = StopFailing();
+            SCOPED_TRACE("call " + std::to_string(call) + ", error " + std::to_string(failure.Error) + ": " + what);
+            failed = what.empty() ? 0 : 1;
+
+            EXPECT_EQ(recent.List().front(), b) << "whoever loads is not bothered";
+            const auto begunAnew = ElementsAre(b); // where the old list could not be read
+            EXPECT_THAT(kept(), AnyOf(ElementsAre(a), ElementsAre(b, a), begunAnew));
+            EXPECT_EQ(FilesIn(list.parent_path()), 1U) << "no temporary file";
+        }
+    }
 }
 
 TEST_F(FailingCalls, OfWhatKeepsUnsavedWork) {

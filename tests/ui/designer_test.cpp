@@ -1,6 +1,7 @@
 // The start of the designer: the opening window, the main one, and what comes then.
 #include "ui/designer.h"
 
+#include "commands/recovery.h"
 #include "storage/settings_file.h"
 #include "support/chain.h"
 #include "support/circuit_text.h"
@@ -76,6 +77,43 @@ TEST_F(Designer, WithoutTheOpeningWindowTheMainWindowIsThereAtOnce) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Codes().empty(); }));
     EXPECT_EQ(OpeningWindow(), nullptr);
     EXPECT_THAT(seen_, ElementsAre("first | window | ", "second | window | "));
+}
+
+/// The first track's pieces of the works that a recovery folder holds.
+std::vector<std::string> CodesKept(const std::filesystem::path& folder) {
+    std::vector<std::string> codes;
+    for (const RecoveredWork& work : WithContent(FindRecoveredWork(folder)))
+        codes.push_back(CodesOf(work.Content->Circuit.Tracks[0]));
+    return codes;
+}
+
+TEST_F(Designer, HasUnsavedWorkOnDiskBeforeALogOffThatLeavesNoTimeToAsk) {
+    Recovery recovery(
+        session_, folder_ / "recovery", [](const std::function<void()>&) {}, std::chrono::hours(1));
+    session_.Run(*session_.Commands.Find("add C160"));
+    EXPECT_THAT(CodesKept(folder_ / "recovery"), IsEmpty()) << "it waits";
+    window_.show();
+
+    EXPECT_TRUE(LetsLogOff(window_, recovery, false));
+
+    EXPECT_THAT(CodesKept(folder_ / "recovery"), ElementsAre("C160"));
+    EXPECT_THAT(Asked, IsEmpty());
+    EXPECT_TRUE(window_.isVisible());
+}
+
+TEST_F(Designer, AsksAtALogOffWhatQuitAsksAndKeepsTheWorkWhateverIsAnswered) {
+    Recovery recovery(
+        session_, folder_ / "recovery", [](const std::function<void()>&) {}, std::chrono::hours(1));
+    session_.Run(*session_.Commands.Find("add C160"));
+    window_.show();
+    Answers = {Answer::Yes};
+
+    EXPECT_TRUE(LetsLogOff(window_, recovery, true));
+
+    ASSERT_EQ(Asked.size(), 1U);
+    EXPECT_EQ(Asked[0].Text, "Discard unsaved data?");
+    EXPECT_FALSE(window_.isVisible());
+    EXPECT_THAT(CodesKept(folder_ / "recovery"), ElementsAre("C160")) << "discarded, and kept all the same";
 }
 
 } // namespace

@@ -293,6 +293,40 @@ TEST_F(Panels, TheCheapestPurchaseTakesTheSetsOfTheDialog) {
     EXPECT_TRUE(QString::fromStdString(Prompts.Told[0].Text).contains("Total 5.95 EUR, the cheapest there is."));
 }
 
+TEST_F(Panels, ASetsPriceOrCountThatIsNoNumberIsToldAndTheOldOneStays) {
+    OpenWithSettings(ProjectOf("C160"));
+    const std::string set = "[[set]]\nname = \"Box\"\nprice = 7.5\npieces = { C160 = 2 }\n";
+    WriteBytes(folder_ / "sets.toml", set);
+    frmSets dialog(*Session);
+    auto& price = *dialog.findChild<QLineEdit*>("txtSetPrice");
+    auto& pieces = *dialog.findChild<QTreeWidget*>("lstSetPieces");
+    const auto count = [&] { return pieces.findItems("C160", Qt::MatchExactly).front(); };
+    const auto saveTells = [&] {
+        Prompts.Told.clear();
+        dialog.findChild<QPushButton*>("cmdSaveSets")->click();
+        return Prompts.Told.empty() ? "" : Prompts.Told.front().Text;
+    };
+    dialog.show();
+
+    price.setText("1.234,50");
+    count()->setText(2, "3");
+    EXPECT_EQ(saveTells(), "Type mismatch: the set's price, \"1.234,50\", is no number");
+    EXPECT_EQ(price.text(), "7.50");
+    EXPECT_EQ(count()->text(2), "3") << "what is a number stays";
+    price.setText("cheap");
+    EXPECT_EQ(saveTells(), "Type mismatch: the set's price, \"cheap\", is no number");
+    count()->setText(2, "many");
+    EXPECT_EQ(saveTells(), "Type mismatch: the count of C160, \"many\", is no number");
+    EXPECT_EQ(count()->text(2), "3");
+    count()->setText(2, "2.5");
+    EXPECT_EQ(saveTells(), "Type mismatch: the count of C160, \"2.5\", is no whole number from 0 on");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(BytesOf(folder_ / "sets.toml"), set) << "nothing was written";
+
+    EXPECT_EQ(saveTells(), "");
+    EXPECT_EQ(ReadSets(Pieces(), folder_ / "sets.toml"), (BoxedSets{{"Box", 750, {{Pieces().FindRow("C160"), 3}}}}));
+}
+
 TEST_F(Panels, ASetsFileThatCannotBeReadIsTold) {
     OpenWithSettings(ProjectOf("C160"));
     WriteBytes(folder_ / "sets.toml", "nonsense");
