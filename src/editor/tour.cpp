@@ -30,7 +30,8 @@ TourStop AtStraight(bool secondHalf, int times) {
 TourStop AtDigit(bool secondHalf, int times) {
     TourStop stop{.Step = secondHalf ? 5 : 2, .Control = "lblStatus"};
     stop.Text = secondHalf ? "Type 4 again, for the second half circle."
-                           : "Type the digit 4: the next button you press then lays four pieces. This line tells so.";
+                           : "Type the digit 4: the next button you press then lays four pieces. The line at the foot "
+                             "of the window tells so.";
     if (times > 1) stop.Remark = "That was " + std::to_string(times) + ". The digit typed last counts: type 4.";
     return stop;
 }
@@ -47,7 +48,7 @@ TourStop AtCurve(bool secondHalf, int missing, int times) {
 
 TourStop AtEnd() {
     return {.Step = TourSteps + 1,
-            .Text = "That is an oval: this line says closed. Now lay what you like: Edit ▸ Undo takes back, "
+            .Text = "That is an oval: the line at the foot says closed. Now lay what you like: Edit ▸ Undo takes back, "
                     "Circuit ▸ Save keeps it.",
             .Control = "lblStatus"};
 }
@@ -55,11 +56,12 @@ TourStop AtEnd() {
 /// What keeps the pieces from being laid as the tour tells; no remark where nothing does.
 TourStop Hindrance(const EditState& edit) {
     if (edit.ShowsAllTracks())
-        return {
-            .Remark = "All tracks are chosen: press 1 here to build the first one.", .Control = "optTrack", .Tag = "1"};
+        return {.Remark = "All tracks are chosen: press 1 to build the first one.", .Control = "optTrack", .Tag = "1"};
     if (edit.InsertMode)
-        return {.Remark = "Insert puts pieces before the selected one: press this switch to go back to Build.",
-                .Control = "cmdInsert"};
+        return {
+            .Remark =
+                "Insert puts pieces before the selected one: press the switch above the pieces to go back to Build.",
+            .Control = "cmdInsert"};
     if (edit.System != TrackSystem::Scalextric)
         return {.Remark =
                     "These are the other system's pieces: Pieces ▸ Use Scalextric Track (Ctrl+T) brings back ours.",

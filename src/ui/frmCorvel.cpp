@@ -15,6 +15,7 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTimer>
 
 namespace pistaro {
@@ -115,6 +116,8 @@ void frmCorvel::AddPanels() {
     add(Panel::Checks, checks_);
     add(Panel::Money, money_);
     middle_->tabifyDockWidget(checks_, money_);
+    for (QTabBar* const tabs : middle_->findChildren<QTabBar*>())
+        tabs->setFocusPolicy(Qt::NoFocus); // they are there before any panel is; keys and menu bring one to the front
 }
 
 void frmCorvel::AddHand() {

@@ -10,6 +10,7 @@
 
 #include <QMenuBar>
 #include <QShortcut>
+#include <QTabBar>
 
 #include <chrono>
 #include <map>
@@ -118,7 +119,10 @@ protected:
         for (QAbstractButton* const button : Window->findChildren<QAbstractButton*>()) {
             // The strip of suggestions has buttons of its own, as a dialog has.
             const bool isOfStrip = Find<QWidget>("fraSuggestions").isAncestorOf(button);
-            if (!button->objectName().startsWith("qt_") && !isOfStrip) controls.push_back(button);
+            // The toolkit's own scroll the tabs of panels, or close these.
+            const bool isToolkits =
+                button->objectName().startsWith("qt_") || qobject_cast<QTabBar*>(button->parent()) != nullptr;
+            if (!isToolkits && !isOfStrip) controls.push_back(button);
         }
         std::vector<const QWidget*> places{Window->menuBar()};
         for (const QMenu* const menu : Window->findChildren<QMenu*>())
