@@ -3,6 +3,7 @@
 #include "editor/building.h"
 #include "editor/circuit_files.h"
 #include "editor/track_editing.h"
+#include "editor/view_commands.h"
 #include "imaging/circuit_picture.h"
 #include "photograph_rules.h"
 #include "platform/files.h"
@@ -234,6 +235,40 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     photographer.Take(about, "about");
 }
 
+/// A sample whose last pieces lack, with what closes it; and what may lie in the place of some pieces of the whole.
+void PhotographSuggestions(const Catalogue& catalogue, const std::filesystem::path& samples, const QString& folder) {
+    SilentUser user;
+    Session session(catalogue, user, StartUp(InitialSettings(catalogue)), "");
+    Project& project = session.Project;
+    for (const auto& [code, price] : {std::pair("C151L", 3.5F), {"C160", 3.0F}, {"C159", 2.5F}, {"C158", 2.0F}}) {
+        project.Stock.Of(catalogue.FindRow(code)).Price = price;
+        project.Stock.Of(catalogue.FindRow(code)).OwnedCount = 40;
+    }
+    session.Looks.Surface = true;
+    frmCorvel window(session);
+    window.resize(1100, 760);
+    window.show();
+    const Photographer photographer(folder);
+    const auto show = [&](const char* sample, const char* entry, const char* name, const auto& prepare) {
+        session.Do([&] {
+            LoadCircuit(project, samples / sample);
+            prepare(project.Design.Circuit.Tracks.front());
+            FitView(catalogue, project.Design);
+        });
+        window.findChild<QAction*>(entry)->trigger();
+        QTest::qWait(100); // the columns settle
+        photographer.Take(*window.Canvas().parentWidget(), name);
+    };
+    show("figure-of-eight.trk", "mnuCloseLoop", "closing", [&](Track& track) {
+        track.ElementCodes.resize(track.ElementCodes.size() - 3);
+        project.EditState.Select(track.ElementLastIndex());
+    });
+    show("oval.trk", "mnuReplaceBy", "replace-by", [&](const Track&) {
+        project.EditState.Select(10);
+        project.EditState.RunFrom = 8;
+    });
+}
+
 /// Circuits from a box: the dialog with one of those found chosen, and twelve of them.
 void PhotographBox(const Catalogue& catalogue, const QString& folder) {
     SilentUser user;
@@ -252,9 +287,11 @@ void PhotographBox(const Catalogue& catalogue, const QString& folder) {
         throw std::runtime_error("the search for circuits does not end");
     const Photographer photographer(folder);
     auto* const circuits = dialog.findChild<QListWidget*>("lstCircuits");
+    dialog.resize(1020, 700);
     photographer.Take(dialog, "my-box");
-    dialog.resize(1130, 940);
+    dialog.resize(1630, 1000);
     QApplication::processEvents();
+    circuits->clearSelection();
     QRect shown;
     for (int row = 0; row < circuits->count(); ++row)
         shown |= circuits->visualItemRect(circuits->item(row));
@@ -333,6 +370,7 @@ int main(int argc, char** argv) {
         const std::filesystem::path sample = pistaro::PathFromText(arguments.at(0));
         pistaro::PhotographWindows(catalogue, sample, folder);
         pistaro::PhotographHistory(catalogue, folder);
+        pistaro::PhotographSuggestions(catalogue, sample.parent_path(), folder);
         pistaro::PhotographBox(catalogue, folder);
         pistaro::PhotographDarkWindow(catalogue, sample.parent_path(), folder);
         pistaro::PhotographRecoveredWork(catalogue, sample.parent_path(), folder);

@@ -183,7 +183,7 @@ std::string LengthAndPriceText(const Session& session, const LaidCircuit& circui
 std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights) {
     const std::array<double, 2> lanes = LanesOf(session, circuit);
     return "lanes " + FixedText(std::abs(lanes[0] - lanes[1]), 1) + " cm, score " +
-           FixedText(Score(circuit.Parts, weights), 2);
+           FixedText(Score(circuit.Parts, weights), 3);
 }
 
 std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit) {

@@ -63,7 +63,7 @@ std::string UseText(const LaidCircuit& circuit);
 /// "12.34 m, 0.00 EUR": how long a lap is, and what would have to be bought.
 std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit);
 
-/// "lanes 2.4 cm, score 0.91": by how much its lanes differ, as built, and how good it is by these weights.
+/// "lanes 2.4 cm, score 0.914": by how much its lanes differ, as built, and how good it is by these weights.
 std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights);
 
 /// One of the figures that are told of a found circuit at length.

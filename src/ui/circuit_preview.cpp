@@ -15,9 +15,15 @@ public:
     explicit Picture(Session& session) : session_(session) {
         setObjectName("picChosen");
         setAccessibleName("The chosen circuit");
-        constexpr int least = 160;
-        setMinimumSize(least, least * 3 / 4);
+        constexpr int least = 180;
+        setMinimumSize(least, heightForWidth(least));
+        QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+        policy.setHeightForWidth(true);
+        setSizePolicy(policy);
     }
+
+    /// That of most rooms.
+    int heightForWidth(int width) const override { return width * 3 / 4; }
 
     void Show(std::optional<Design> design, const QString& instead) {
         design_ = std::move(design);
@@ -54,8 +60,9 @@ private:
 CircuitPreview::CircuitPreview(Session& session) : picture_(new Picture(session)), grid_(new QGridLayout) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(picture_, 1);
+    column->addWidget(picture_);
     column->addLayout(grid_);
+    column->addStretch(1);
     grid_->setColumnStretch(1, 1);
     grid_->setVerticalSpacing(2);
     constexpr int betweenColumns = 12;

@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
@@ -35,25 +36,25 @@ public:
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        QStyleOptionViewItem frame = option;
-        initStyleOption(&frame, index);
-        const QStringList lines = index.data(Qt::DisplayRole).toString().split('\n');
-        const QIcon picture = frame.icon;
-        frame.text.clear();
-        frame.icon = {};
-        frame.features &= ~QStyleOptionViewItem::HasDecoration;
-        const QStyle& style = *frame.widget->style();
-        style.drawControl(QStyle::CE_ItemViewItem, &frame, painter, frame.widget);
-
+        QStyleOptionViewItem card = option;
+        initStyleOption(&card, index);
+        const bool isChosen = option.state.testFlag(QStyle::State_Selected);
+        const QPalette::ColorGroup group =
+            option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+        if (isChosen) painter->fillRect(option.rect, option.palette.color(group, QPalette::Highlight));
+        if (option.state.testFlag(QStyle::State_HasFocus)) {
+            QStyleOptionFocusRect focus;
+            focus.QStyleOption::operator=(option);
+            card.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, card.widget);
+        }
         const QRect inside = option.rect.adjusted(Margin, Margin, -Margin, -Margin);
         const QSize size = PictureSize(option.fontMetrics);
-        picture.paint(painter, QRect(inside.topLeft(), size));
-        const bool isChosen = option.state.testFlag(QStyle::State_Selected);
+        card.icon.paint(painter, QRect(inside.topLeft(), size));
         painter->save();
         painter->setFont(option.font);
-        painter->setPen(option.palette.color(isChosen ? QPalette::HighlightedText : QPalette::Text));
+        painter->setPen(option.palette.color(group, isChosen ? QPalette::HighlightedText : QPalette::Text));
         QRect line(inside.left(), inside.top() + size.height() + Margin, size.width(), option.fontMetrics.height());
-        for (const QString& text : lines) {
+        for (const QString& text : index.data(Qt::DisplayRole).toString().split('\n')) {
             painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text.section(", ", 0, 0));
             painter->drawText(line, Qt::AlignRight | Qt::AlignVCenter, text.section(", ", 1));
             line.translate(0, line.height());
@@ -74,7 +75,10 @@ FoundCircuits::FoundCircuits(Session& session) : session_(session) {
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
     setUniformItemSizes(true);
-    setSpacing(3);
+    constexpr int spacing = 3, columns = 2;
+    setSpacing(spacing);
+    const int card = iconSize().width() + 2 * (Margin + spacing);
+    setMinimumWidth(columns * card + verticalScrollBar()->sizeHint().width() + 2 * (frameWidth() + spacing));
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     connect(this, &QListWidget::itemSelectionChanged, this, [this] {
         hasChosen_ = true;

@@ -65,6 +65,7 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(columns, 1);
     layout->addLayout(Buttons());
+    cmdSearch_->setDefault(true); // only now, as it takes a dialog to be the default of
     constexpr QSize comfortable(1180, 700), titleBar(0, 40);
     resize(comfortable.boundedTo(screen()->availableSize() - titleBar));
     showing_.setSingleShot(true);
@@ -101,7 +102,6 @@ QLayout* frmBox::SearchButtons() {
     cmdCancelSearch_ = NewButton("cmdCancelSearch", "Cancel");
     cmdStop_->setToolTip("Stop for now, and go on later from there");
     cmdCancelSearch_->setToolTip("End the search at once; what it has found stays");
-    cmdSearch_->setDefault(true);
     connect(cmdSearch_, &QPushButton::clicked, this, [this] { Search(); });
     connect(cmdStop_, &QPushButton::clicked, this, [this] { StopOrGoOn(); });
     connect(cmdCancelSearch_, &QPushButton::clicked, this, [this] {

@@ -39,6 +39,7 @@ QString Amount(Cents cents) { return QLocale::system().toString(static_cast<doub
 
 /// A price of 0 is none: nobody has entered one.
 QString AmountIfKnown(Cents price, Cents amount) { return price == 0 ? QString() : Amount(amount); }
+
 } // namespace
 
 MoneyDock::MoneyDock(Session& session)

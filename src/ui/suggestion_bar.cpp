@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
 namespace pistaro {
@@ -36,6 +37,19 @@ constexpr std::array<std::pair<ReplacementWish, const char*>, 5> Wishes{
      {ReplacementWish::LanesSwapped, "lanes swapped"}}};
 
 Colour ColourOf(const Suggestion& suggestion) { return suggestion.IsFree() ? FreeGhost : FaultyGhost; }
+
+/// What stands before and after a box's number shows whole.
+QWidget* RowOf(std::initializer_list<QWidget*> widgets) {
+    auto* const strip = new QWidget;
+    auto* const row = new QHBoxLayout(strip);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* const widget : widgets) {
+        widget->setMinimumWidth(widget->sizeHint().width());
+        row->addWidget(widget);
+    }
+    row->addStretch();
+    return strip;
+}
 
 } // namespace
 
@@ -64,53 +78,60 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
     lstSuggestions_->viewport()->installEventFilter(this);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
-    column->addWidget(lblSuggestion_);
+    column->addLayout(Head());
     column->addWidget(lstSuggestions_);
+    column->addWidget(Replaced());
     column->addWidget(Choices());
     connect(lstSuggestions_, &QListWidget::currentRowChanged, this, [this] { ShowGhost(); });
     connect(lstSuggestions_, &QListWidget::itemDoubleClicked, this, [this] { Lay(); });
     hide();
 }
 
-QWidget* SuggestionBar::Choices() {
-    auto* const choices = new QWidget;
-    auto* const row = new QHBoxLayout(choices);
-    row->setContentsMargins(0, 0, 0, 0);
-    spnMostPieces_->setRange(1, 8);
-    spnMostPieces_->setValue(ClosingOptions().MostPieces);
-    spnMostPieces_->setPrefix("at most ");
-    spnMostPieces_->setSuffix(" pieces");
-    spnTolerance_->setRange(0, 20);
-    spnTolerance_->setDecimals(1);
-    spnTolerance_->setSingleStep(0.5);
-    spnTolerance_->setValue(ClosingOptions().Tolerance * 10);
-    spnTolerance_->setPrefix("within ");
-    spnTolerance_->setSuffix(" mm");
+QLayout* SuggestionBar::Head() {
+    QPushButton* const cmdLeave = NewButton("cmdLeaveSuggestions", "Cancel");
+    cmdLay_->setToolTip("Lay the chosen one, as Enter does");
+    cmdLeave->setToolTip("Leave all as it was, as Esc does");
+    connect(cmdLay_, &QPushButton::clicked, this, [this] { Lay(); });
+    connect(cmdLeave, &QPushButton::clicked, this, [this] { Leave(); });
+    auto* const row = new QHBoxLayout;
+    row->addWidget(lblSuggestion_, 1);
+    for (QPushButton* const button : {cmdLay_, cmdLeave}) {
+        button->setAutoDefault(true); // Enter presses the one that has the focus
+        row->addWidget(button, 0, Qt::AlignTop);
+    }
+    return row;
+}
+
+/// What other pieces are laid in the place of, and what they shall be.
+QWidget* SuggestionBar::Replaced() {
     spnRun_->setPrefix("in place of ");
     spnRun_->setToolTip("How many elements are replaced, from the first selected one on");
     for (const auto& [wish, caption] : Wishes)
         cboWish_->addItem(caption, static_cast<int>(wish));
     cboWish_->setToolTip("What the other pieces shall be");
     cboWish_->setAccessibleName(cboWish_->toolTip());
-    QPushButton* const cmdLeave = NewButton("cmdLeaveSuggestions", "Cancel");
-    for (QWidget* const widget :
-         std::initializer_list<QWidget*>{spnRun_, cboWish_, chkOwnedOnly_, spnMostPieces_, spnTolerance_})
-        row->addWidget(widget);
-    for (QWidget* const box : std::initializer_list<QWidget*>{spnRun_, spnMostPieces_, spnTolerance_})
-        box->setMinimumWidth(box->sizeHint().width()); // what stands before and after the number shows whole
-    row->addStretch();
-    row->addWidget(cmdLay_);
-    row->addWidget(cmdLeave);
+    connect(spnRun_, &QSpinBox::valueChanged, this, [this] { Find(); });
+    connect(cboWish_, &QComboBox::currentIndexChanged, this, [this] { Find(); });
+    return RowOf({spnRun_, cboWish_});
+}
+
+QWidget* SuggestionBar::Choices() {
+    spnMostPieces_->setRange(1, 8);
+    spnMostPieces_->setValue(ClosingOptions().MostPieces);
+    spnMostPieces_->setPrefix("at most ");
+    spnMostPieces_->setSuffix(" pieces");
+    spnMostPieces_->setToolTip("How many pieces may be laid");
+    spnTolerance_->setRange(0, 20);
+    spnTolerance_->setDecimals(1);
+    spnTolerance_->setSingleStep(0.5);
+    spnTolerance_->setValue(ClosingOptions().Tolerance * 10);
+    spnTolerance_->setPrefix("within ");
+    spnTolerance_->setSuffix(" mm");
+    spnTolerance_->setToolTip("How far the ends may lie apart, which all joints share");
     connect(chkOwnedOnly_, &QCheckBox::toggled, this, [this] { Find(); });
     connect(spnMostPieces_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(spnTolerance_, &QDoubleSpinBox::valueChanged, this, [this] { Find(); });
-    connect(spnRun_, &QSpinBox::valueChanged, this, [this] { Find(); });
-    connect(cboWish_, &QComboBox::currentIndexChanged, this, [this] { Find(); });
-    connect(cmdLay_, &QPushButton::clicked, this, [this] { Lay(); });
-    connect(cmdLeave, &QPushButton::clicked, this, [this] { Leave(); });
-    for (QPushButton* const button : {cmdLay_, cmdLeave})
-        button->setAutoDefault(true); // Enter presses the one that has the focus
-    return choices;
+    return RowOf({chkOwnedOnly_, spnMostPieces_, spnTolerance_});
 }
 
 void SuggestionBar::ShowClosings() {
@@ -131,8 +152,7 @@ void SuggestionBar::ShowReplacements() {
 }
 
 void SuggestionBar::Open() {
-    spnRun_->setVisible(isReplacing_);
-    cboWish_->setVisible(isReplacing_);
+    spnRun_->parentWidget()->setVisible(isReplacing_);
     show();
     viewBefore_ = viewShown_ = session_.Project.Design.View;
     Find();
@@ -179,6 +199,7 @@ void SuggestionBar::ShowGhost() {
     overlay.push_back(OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)});
     view_.SetOverlay(Owner, std::move(overlay));
     lblSuggestion_->setText(Shown(TextOf(session_, suggestion)));
+    lblSuggestion_->setToolTip(lblSuggestion_->text());
     BringIntoSight(suggestion);
 }
 

@@ -38,6 +38,8 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    QLayout* Head();
+    QWidget* Replaced();
     QWidget* Choices();
     void Open();
     void Find();

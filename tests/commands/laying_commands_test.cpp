@@ -92,8 +92,8 @@ TEST_F(LayingCommands, TellHowACircuitDiffersFromOthers) {
     circuit.Parts.Used = 1;
 
     // Lanes that lie 7.9 cm apart differ by 2 pi times that, once round.
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 1.00");
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 0.50");
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 1.000");
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 0.500");
 }
 
 TEST_F(LayingCommands, TellTheFiguresOfACircuit) {

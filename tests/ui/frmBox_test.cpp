@@ -73,6 +73,7 @@ TEST_F(MyBox, BeginsWithWhatIsOwned) {
     EXPECT_FALSE(Dialog().isModal());
     EXPECT_FALSE(Find<QRadioButton>("optRoomDesign").isEnabled());
     EXPECT_TRUE(Find<QRadioButton>("optRoomArea").isChecked());
+    EXPECT_TRUE(Find<QPushButton>("cmdSearch").isDefault());
 }
 
 TEST_F(MyBox, IsEmptiedFilledAndFilledWithSets) {
