@@ -11,6 +11,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <map>
 #include <numbers>
 
 namespace pistaro {
@@ -48,14 +49,33 @@ public:
     void dxfString(int group, const char* value) const override { Append(group, value); }
     void dxfString(int group, const std::string& value) const override { Append(group, value); }
 
+    /// What is written from now on are objects.
+    void BeginObjects() { writesObjects_ = true; }
+
     std::string Take() { return std::move(text_); }
 
 private:
     void Append(int group, std::string_view value) const {
         text_ += group < 10 ? "  " : group < 100 ? " " : "";
         text_.append(std::to_string(group)).append("\r\n").append(value).append("\r\n");
+        if (writesObjects_) TellOwner(group, value);
     }
 
+    /// The format's version wants to know of each object in which dictionary it stands; the library does not tell.
+    void TellOwner(int group, std::string_view handle) const {
+        constexpr int itself = 5;
+        constexpr int owner = 330;
+        constexpr int entry = 350;
+        if (group == entry) owners_.emplace(handle, object_);
+        if (group != itself) return;
+        object_ = handle;
+        const auto found = owners_.find(object_);
+        Append(owner, found == owners_.end() ? "0" : found->second);
+    }
+
+    bool writesObjects_ = false;
+    mutable std::string object_;                        ///< the handle of the one that is being written
+    mutable std::map<std::string, std::string> owners_; ///< of those that dictionaries have named
     mutable std::string text_;
 };
 
@@ -198,6 +218,7 @@ std::string DxfOf(const CircuitDrawing& drawing) {
     DxfSurface surface(dxf, writer);
     WriteEntities(drawing, surface);
     writer.sectionEnd();
+    writer.BeginObjects();
     dxf.writeObjects(writer);
     dxf.writeObjectsEnd(writer);
     writer.dxfEOF();

@@ -43,7 +43,7 @@ QString Centimetres(double width, double height) {
     return QString("%1 × %2 cm").arg(rounded(width)).arg(rounded(height));
 }
 
-/// "PDF: 1 sheet at 1:5.4, 21 × 29.7 cm"
+/// "1 sheet at 1:5.4, 21 × 29.7 cm", "15.5 × 35 cm at full size".
 QString SizeText(const PlannedSheets& sheets, ExportFormat format, const ExportOptions& options) {
     const SheetPlan& plan = sheets.Plan;
     const QString size = Centimetres(plan.Width, plan.Height);

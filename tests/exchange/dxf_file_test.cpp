@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <map>
+#include <set>
 #include <sstream>
 
 namespace pistaro {
@@ -91,6 +92,30 @@ TEST(Dxf, HasThePartsThatItsVersionWants) {
     EXPECT_EQ(sections, "HEADER TABLES BLOCKS ENTITIES OBJECTS ");
     EXPECT_EQ(variables, "$ACADVER=AC1015 $HANDSEED=FFFF $INSUNITS=5 ");
     EXPECT_TRUE(dxf.ends_with("  0\r\nEOF\r\n"));
+}
+
+TEST(Dxf, TellsOfEachObjectWhoseItIs) {
+    std::set<std::string> handles{"0"};
+    std::vector<std::string> owners;
+    std::string section;
+    std::string before;
+    bool isObject = false;
+    bool wantsOwner = false;
+    for (const auto& [group, value] : PairsOf(DxfOf(DrawingOf(Pieces(), ProjectOf("C160"), {})))) {
+        if (before == "SECTION") section = value;
+        before = group == 0 ? value : "";
+        isObject = section == "OBJECTS" && (isObject || group == 0);
+        if (wantsOwner) {
+            EXPECT_EQ(group, 330) << "behind an object's handle";
+            owners.push_back(value);
+        }
+        wantsOwner = isObject && group == 5;
+        if (wantsOwner) handles.insert(value);
+    }
+
+    EXPECT_EQ(owners.size(), 14U);
+    for (const std::string& owner : owners)
+        EXPECT_TRUE(handles.contains(owner)) << owner;
 }
 
 TEST(Dxf, HasLinesAndArcsOnLayersThatTellWhatTheyAre) {
