@@ -1,5 +1,6 @@
 // Prints what laying circuits from a box gives and costs: for boxes of 12 to 80 pieces of either system and of both, in
 // rooms of two sizes, and in rooms of odd shapes with a pillar. Each circuit is held against plain tests of its own.
+// "floor" tells what share of the floor all of the box would cover, and what the densest of its circuits does.
 // ./bench laying runs it.
 #include "layout/track_gap.h"
 #include "search/laying.h"
@@ -115,6 +116,42 @@ int CountWrong(const LayingTask& task, const std::vector<LaidCircuit>& circuits)
     return wrong;
 }
 
+double AreaOf(const CatalogueEntry& piece) {
+    const PieceKind& kind = piece.Kind;
+    if (piece.IsStraight()) return kind.Length * kind.Width;
+    return kind.Turn / 2 * (kind.OuterRadius * kind.OuterRadius - kind.InnerRadius * kind.InnerRadius);
+}
+
+/// The floor between the walls, without the pillars: each begins with a point that no line leads to.
+double AreaOf(const RoomPolygon& room) {
+    std::vector<double> twice;
+    for (std::size_t i = 0; i < room.Points.size(); ++i) {
+        if (room.Points[i].Line == 0) {
+            twice.push_back(0);
+        } else {
+            twice.back() += room.Points[i - 1].X * room.Points[i].Y - room.Points[i].X * room.Points[i - 1].Y;
+        }
+    }
+    double area = std::abs(twice.front()) / 2;
+    for (std::size_t i = 1; i < twice.size(); ++i)
+        area -= std::abs(twice[i]) / 2;
+    return area;
+}
+
+double AreaOf(const PieceBox& box) {
+    double area = 0;
+    for (int row = 0; row < Pieces().Count(); ++row)
+        area += box.Counts[static_cast<std::size_t>(row)] * AreaOf(Pieces()[row]);
+    return area;
+}
+
+double AreaOf(const Track& track) {
+    double area = 0;
+    for (const std::string& code : track.ElementCodes)
+        area += AreaOf(*Pieces().Find(code));
+    return area;
+}
+
 struct Sums {
     int Boxes = 0, WithTen = 0, Complete = 0, UseMost = 0, Wrong = 0;
     double Slowest = 0;
@@ -127,9 +164,12 @@ void Measure(const char* box, const char* pieces, const std::string& roomName, c
     const double before = ProcessorSeconds();
     const Laying laying = LayCircuits(Pieces(), task, {}, {});
     const double seconds = ProcessorSeconds() - before;
-    double best = 0;
-    for (const LaidCircuit& circuit : laying.Circuits)
+    double best = 0, mean = 0, densest = 0;
+    for (const LaidCircuit& circuit : laying.Circuits) {
         best = std::max(best, circuit.Used);
+        mean += circuit.Used / static_cast<double>(laying.Circuits.size());
+        densest = std::max(densest, AreaOf(circuit.Track) / AreaOf(room));
+    }
     const int wrong = CountWrong(task, laying.Circuits);
     const auto count = static_cast<int>(laying.Circuits.size());
     ++sums.Boxes;
@@ -139,8 +179,10 @@ void Measure(const char* box, const char* pieces, const std::string& roomName, c
     sums.UseMost += best >= most ? 1 : 0;
     sums.Wrong += wrong;
     sums.Slowest = std::max(sums.Slowest, seconds);
-    std::printf("%-14s %-12s %3d circuits%s   best uses %3.0f %%   %5.2f s   %d wrong\n", box, roomName.c_str(), count,
-                laying.AreAll ? ", all" : "     ", best * 100, seconds, wrong);
+    std::printf("%-14s %-12s %3d circuits%s   best uses %3.0f %%, mean %3.0f %%   %5.2f s   %d wrong   "
+                "floor: box %3.0f %%, laid %3.0f %%\n",
+                box, roomName.c_str(), count, laying.AreAll ? ", all" : "     ", best * 100, mean * 100, seconds, wrong,
+                AreaOf(task.Box) / AreaOf(room) * 100, densest * 100);
     std::fflush(stdout);
 }
 
