@@ -1,7 +1,7 @@
 // What the finest grid costs a redraw of the full circuit, against the same without a grid: with the view at rest, as
 // after an editing command, and with the view moved before every redraw.
 #include "full_circuit.h"
-#include "imaging/kept_drawing.h"
+#include "imaging/cached_drawing.h"
 
 #include <benchmark/benchmark.h>
 
@@ -22,7 +22,7 @@ void RedrawWithGrid(benchmark::State& state, GridCase grid, bool shown) {
     Project project = FullCircuit();
     project.Design.View.Width = grid.Width;
     project.Preferences.Grid = {.Type = static_cast<std::int16_t>(shown ? grid.Type : GridType::None), .Step = 1};
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     float step = 1;
     for (auto _ : state) {
         if (grid.Moving) project.Design.View.MidX += step = -step;

@@ -2,7 +2,7 @@
 // look on a canvas of 1920 x 1080, against a full redraw by bare painter calls for the same fills and lines.
 #include "editor/view_commands.h"
 #include "full_circuit.h"
-#include "imaging/kept_drawing.h"
+#include "imaging/cached_drawing.h"
 #include "no_prompts.h"
 #include "ui/circuit_view.h"
 
@@ -179,7 +179,7 @@ void BareSurface(benchmark::State& state) {
 
 void RedrawSurface(benchmark::State& state) {
     Project project = Circuit();
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     float step = 1;
     for (auto _ : state) {
         project.Design.View.MidX += step = -step; // the ground, too, is drawn

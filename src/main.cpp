@@ -15,7 +15,7 @@ namespace {
     try {
         if (const std::exception_ptr fault = std::current_exception()) std::rethrow_exception(fault);
     } catch (const std::bad_alloc&) {
-        pistaro::EndForWantOfMemory();
+        pistaro::ReportOutOfMemory();
     } catch (...) {
         std::abort();
     }

@@ -57,7 +57,7 @@ std::vector<Overlap> OverlapsOf(const CheckedCircuit& circuit, const CheckedTrac
             const auto second = static_cast<std::size_t>(other);
             if (second <= first || AreNeighbours(circuit, first, second)) return true;
             const double area = SharedArea(grounds[first], ground);
-            if (area <= NoOverlap) return true;
+            if (area <= OverlapTolerance) return true;
             overlaps.push_back({first, second, area});
             return ++found < MostOfAPiece && overlaps.size() < MostOfATrack;
         });

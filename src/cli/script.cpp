@@ -24,7 +24,8 @@ namespace {
 
 const Command& RowOf(const Script& script, const std::string& id) {
     const Command* const command = script.Session.Commands.Find(id);
-    if (command == nullptr || command->From == Door::WindowOnly) throw Refused("there is no command \"" + id + "\"");
+    if (command == nullptr || command->From == Availability::WindowOnly)
+        throw Refused("there is no command \"" + id + "\"");
     return *command;
 }
 

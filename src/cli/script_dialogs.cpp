@@ -30,7 +30,7 @@ struct NameAndValue {
     std::string Name, Value;
 };
 
-NameAndValue Parted(const std::string& word) {
+NameAndValue Split(const std::string& word) {
     const std::size_t equals = word.find('=');
     if (equals == std::string::npos) throw Refused("\"" + word + "\" has no \"=\"");
     return {word.substr(0, equals), word.substr(equals + 1)};
@@ -40,7 +40,7 @@ NameAndValue Parted(const std::string& word) {
 template <typename Set>
 void ForEachField(const Words& words, Set set) {
     for (std::size_t i = 1; i + 1 < words.size(); ++i)
-        set(Parted(words[i]));
+        set(Split(words[i]));
 }
 
 bool PressesSave(const Words& words) {

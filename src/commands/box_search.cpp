@@ -51,9 +51,9 @@ void BoxSearch::Pause() {
     if (standing_ == BoxStanding::Runs) shared_->Pauses = true;
 }
 
-void BoxSearch::GoOn() {
+void BoxSearch::Continue() {
     if (standing_ == BoxStanding::Runs) shared_->Pauses = false;
-    if (standing_ == BoxStanding::Ended) shared_->Search.Prolong();
+    if (standing_ == BoxStanding::Ended) shared_->Search.Continue();
     if (standing_ == BoxStanding::Ended || standing_ == BoxStanding::Paused) Run();
 }
 
@@ -75,7 +75,7 @@ void BoxSearch::Run() {
         shared->HasEnded = !goesOn;
         return [this] { End(); };
     };
-    jobs_.Start({"Circuits from my box", "Circuits are being looked for.", work}, contain_,
+    jobs_.Start({"Circuits from my box", "A search for circuits is running.", work}, contain_,
                 [this](int, int) { Collect(); });
 }
 

@@ -34,7 +34,7 @@ public:
 
     /// Stops at the next moment where the search can be gone on with as if it had not been stopped.
     void Pause();
-    void GoOn();
+    void Continue();
 
     /// Stops at once and forgets what was looked for, but not what was found.
     void Cancel();

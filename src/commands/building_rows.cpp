@@ -147,7 +147,7 @@ void AddModes(std::vector<Command>& rows) {
                     .Control = "cmdSeeRemaining",
                     .Caption = "See re&maining",
                     .Tip = "Hold to see how many pieces of each shape you have left",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .Run = [](Session&) {}}); // its effect lasts while the button is held
 }
 
@@ -188,17 +188,17 @@ void AddClosingCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "close loop",
                     .Control = "mnuCloseLoop",
                     .Caption = "&Close the Loop",
-                    .Tip = "Go through the pieces that close the track, and lay some of them",
+                    .Tip = "Show pieces that close the track, and lay them",
                     .Key = "Ctrl+Return",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = WhyNotClose,
                     .Run = [](Session& session) { session.Windows->ShowClosings(); }});
     rows.push_back({.Id = "other pieces",
                     .Control = "mnuReplaceBy",
                     .Caption = "&Replace by…",
-                    .Tip = "Go through other pieces that lead from the selected ones' begin to their end",
+                    .Tip = "Show other pieces that lead from the start of the selection to its end",
                     .Key = "Ctrl+Shift+Return",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = ElementSelected,
                     .Run = [](Session& session) { session.Windows->ShowReplacements(); }});
 }

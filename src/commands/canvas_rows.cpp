@@ -30,7 +30,7 @@ void AddCanvasCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "select rest",
                     .Control = "mnuSelectRest",
                     .Caption = "Select &All After",
-                    .Tip = "Let the selection reach from the selected element to the track's end",
+                    .Tip = "Extend the selection to the end of the track",
                     .Key = "Ctrl+Shift+A",
                     .WhyNot = ElementSelected,
                     .Run = [](Session& session) { session.Project.EditState.AndAllAfter = true; }});

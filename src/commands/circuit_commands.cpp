@@ -30,7 +30,7 @@ void RememberFolder(const Session& session) {
 }
 
 void Load(Session& session, const std::filesystem::path& file) {
-    session.TellLeaving();
+    session.NotifyLeaving();
     session.NoteLoaded(LoadCircuit(session.Project, file));
     OfferItsSystem(session);
     LoadBackground(session);
@@ -55,7 +55,7 @@ std::string ChangedText(const std::filesystem::path& file) {
 }
 
 void Empty(Session& session) {
-    session.TellLeaving();
+    session.NotifyLeaving();
     NewProject(session.Project);
     session.BeginCircuit("New");
 }
@@ -99,7 +99,7 @@ void LoadFileCommand(Session& session, const std::filesystem::path& file) {
 bool LoadSampleCommand(Session& session, const std::filesystem::path& sample) {
     Design design = ReadCircuit(sample);
     if (!MayReplace(session)) return false;
-    session.TellLeaving();
+    session.NotifyLeaving();
     NewProject(session.Project);
     session.Project.Design = std::move(design);
     session.Project.EditState.Name = TextFromPath(sample.stem());
@@ -176,7 +176,7 @@ void NewCommand(Session& session) {
 
 void QuitCommand(Session& session) {
     LeaveJob(session);
-    session.TellLeaving();
+    session.NotifyLeaving();
     if (WouldLoseAnything(session) && !LetsGo(session, "Discard unsaved data?", Buttons::YesNo, Answer::Yes))
         SaveCommand(session);
 }

@@ -35,10 +35,10 @@ Command RecentRow(std::size_t place) {
             .Index = static_cast<int>(place),
             .Caption = "Recent circuit " + number,
             .Tip = "Open this circuit again",
-            .From = Door::WindowOnly,
+            .From = Availability::WindowOnly,
             .WhyNot = [place](const Session& session) -> std::string {
                 const std::filesystem::path circuit = RecentCircuit(session, place);
-                if (circuit.empty()) return "No circuit stands here yet.";
+                if (circuit.empty()) return "No recent circuit yet.";
                 std::error_code gone;
                 return std::filesystem::exists(circuit, gone) ? "" : TextFromPath(circuit) + " is no longer there.";
             },
@@ -63,8 +63,8 @@ void AddRecentCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "recent clear",
                     .Control = "mnuRecentClear",
                     .Caption = "&Clear",
-                    .Tip = "Forget these circuits; their files stay",
-                    .From = Door::WindowOnly,
+                    .Tip = "Clear this list; the files are kept",
+                    .From = Availability::WindowOnly,
                     .WhyNot = [](const Session& session) -> std::string {
                         return session.Recent.List().empty() ? "There are none." : "";
                     },
@@ -89,7 +89,7 @@ void AddCircuitCommands(std::vector<Command>& rows) {
                     .Caption = "&Save",
                     .Tip = "Write the circuit to its file",
                     .Key = "Ctrl+S",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .Run = PlainSaveCommand});
     rows.push_back({.Id = "save",
                     .Control = "mnuCircuitSave",
@@ -100,8 +100,8 @@ void AddCircuitCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "recovered work",
                     .Control = "mnuRecovered",
                     .Caption = "&Recovered Work…",
-                    .Tip = "Look at work that was not saved, and open it",
-                    .From = Door::WindowOnly,
+                    .Tip = "Show work that was not saved, and open it",
+                    .From = Availability::WindowOnly,
                     .WhyNot = KeepsWork,
                     .Run = [](Session& session) { session.Windows->ShowRecovered(); }});
     rows.push_back({.Id = "quit",
@@ -109,7 +109,7 @@ void AddCircuitCommands(std::vector<Command>& rows) {
                     .Caption = "&Quit",
                     .Tip = "End Pistaro",
                     .Key = "Ctrl+Q",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .Run = QuitCommand});
 }
 
@@ -117,7 +117,7 @@ void AddHistoryCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "undo",
                     .Control = "mnuUndo",
                     .Caption = "&Undo",
-                    .Tip = "Take the last change back",
+                    .Tip = "Undo the last change",
                     .Key = "Ctrl+Z",
                     .Repeatable = true,
                     .WhyNot = [](const Session& session) -> std::string {
@@ -132,7 +132,7 @@ void AddHistoryCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "redo",
                     .Control = "mnuRedo",
                     .Caption = "&Redo",
-                    .Tip = "Do again what was undone",
+                    .Tip = "Redo what was undone",
                     .Key = "Ctrl+Shift+Z",
                     .OtherKey = "Ctrl+Y",
                     .Repeatable = true,

@@ -13,7 +13,7 @@ namespace pistaro {
 class Session;
 
 /// Where a command can be given.
-enum class Door {
+enum class Availability {
     WindowAndScript,
     WindowOnly, ///< it opens a window, or its effect is one of a window
 };
@@ -28,7 +28,7 @@ struct Command {
     std::string Key = {};      ///< its shortcut, if it has one
     std::string OtherKey = {}; ///< a second one
     bool Repeatable = false;   ///< a script may give a number of times; a run of it is one step of the history
-    Door From = Door::WindowAndScript;
+    Availability From = Availability::WindowAndScript;
     /// Why it cannot be done now; empty when it can.
     std::function<std::string(const Session&)> WhyNot = [](const Session&) { return std::string(); };
     std::function<void(Session&)> Run = {};                ///< by Session::Run, which looks at WhyNot first

@@ -31,7 +31,7 @@ bool Holds(const std::string& joined, const std::vector<std::string>& codes) {
     return at == joined.size();
 }
 
-std::vector<std::string> Parted(const std::string& joined) {
+std::vector<std::string> Split(const std::string& joined) {
     std::vector<std::string> codes;
     codes.reserve(static_cast<std::size_t>(std::ranges::count(joined, '\n')));
     for (std::size_t begin = 0; begin < joined.size();) {
@@ -134,7 +134,7 @@ void History::GoTo(std::size_t state, Project& project) {
     bytes_ += from.NameOfWork.capacity();
     for (std::size_t at = 0; at < to.Codes.size(); ++at) {
         Track& track = project.Design.Circuit.Tracks[at];
-        if (from.Codes[at] != to.Codes[at]) track.ElementCodes = Parted(*to.Codes[at]);
+        if (from.Codes[at] != to.Codes[at]) track.ElementCodes = Split(*to.Codes[at]);
         track.TrackStartX = to.Starts[at].CursorX;
         track.TrackStartY = to.Starts[at].CursorY;
         track.TrackStartHeading = to.Starts[at].CursorHeading;

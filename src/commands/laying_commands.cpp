@@ -51,7 +51,7 @@ std::string LackingText(const Session& session, const Track& track) {
         const auto at = static_cast<std::size_t>(row);
         if (stock[row].Price == 0) unpriced += std::max(0, used[at] - owned.Counts[at]);
     }
-    return lacking + "; " + PriceText(session, PriceOfLacking(session, track), unpriced);
+    return lacking + "; " + PriceText(session, PriceOfMissing(session, track), unpriced);
 }
 
 std::string PercentText(const LaidCircuit& circuit) {
@@ -156,11 +156,11 @@ BoxedSets SetsOf(const Session& session) {
 }
 
 std::string WhyNotVary(const Session& session) {
-    if (session.Windows == nullptr) return "There is no window.";
+    if (session.Windows == nullptr) return "Available in the designer only.";
     return BoxOfDesign(session).Total() == 0 ? "There are no pieces to lay in another way." : "";
 }
 
-Cents PriceOfLacking(const Session& session, const Track& track) {
+Cents PriceOfMissing(const Session& session, const Track& track) {
     const UsedCounts used = UsedBy(session, track);
     Cents price = 0;
     for (const int row : session.Catalogue.HeadRows()) {
@@ -177,7 +177,7 @@ std::string UseText(const LaidCircuit& circuit) {
 
 std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit) {
     return FixedText(circuit.Length / CmInMetre, 2) + " m, " +
-           PriceText(session, PriceOfLacking(session, circuit.Track), 0);
+           PriceText(session, PriceOfMissing(session, circuit.Track), 0);
 }
 
 std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights) {
@@ -202,7 +202,7 @@ bool OpenAsNew(Session& session, const Design& room, const Track& track, std::op
     Project& project = session.Project;
     if (project.Design.Circuit == design.Circuit) return true;
     if (project.Design.Circuit != opened && !MayReplace(session)) return false;
-    session.TellLeaving();
+    session.NotifyLeaving();
     NewProject(project);
     project.Design = design;
     FitView(session.Catalogue, project.Design);

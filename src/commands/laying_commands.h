@@ -55,7 +55,7 @@ BoxedSets SetsOf(const Session& session);
 std::string WhyNotVary(const Session& session);
 
 /// What the circuit's pieces cost that are not owned.
-Cents PriceOfLacking(const Session& session, const Track& track);
+Cents PriceOfMissing(const Session& session, const Track& track);
 
 /// "96 % of the box, 24 pieces": what is told of a found circuit in a line.
 std::string UseText(const LaidCircuit& circuit);

@@ -27,7 +27,7 @@ void PurchaseCommand(Session& session) {
             PurchaseText(catalogue, project, sets, CheapestPurchase(missing, project.Stock, sets, watch));
         return [&session, text] { session.Prompts.Tell({Icon::Information, text}); };
     };
-    session.StartJob({"Looking for the cheapest purchase", "The cheapest purchase is being looked for.", work});
+    session.StartJob({"Looking for the cheapest purchase", "A search for the cheapest purchase is running.", work});
 }
 
 } // namespace pistaro

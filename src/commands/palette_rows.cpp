@@ -33,7 +33,7 @@ Command SpecialRow(const CatalogueEntry& piece) {
             .Control = "mnuSpecial",
             .Tag = code,
             .Caption = std::string(ProductCode(code)) + "  " + piece.LongName,
-            .Tip = "Put this piece in the selected one's place where it fits, else lay it",
+            .Tip = "Replace the selected piece by this one where it fits, else add it",
             .WhyNot = OneTrackChosen,
             .Run =
                 [code](Session& session) {
@@ -61,9 +61,9 @@ void AddPaletteCommands(std::vector<Command>& rows, const Catalogue& catalogue) 
     rows.push_back({.Id = "find piece",
                     .Control = "mnuFindPiece",
                     .Caption = "&Find Piece",
-                    .Tip = "Look for a piece by some of its code, its name or its angle",
+                    .Tip = "Find a piece by part of its code, its name or its angle",
                     .Key = "Ctrl+F",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = HasWindows,
                     .Run = [](Session& session) {
                         session.Looks.Columns = true;
@@ -73,14 +73,14 @@ void AddPaletteCommands(std::vector<Command>& rows, const Catalogue& catalogue) 
                     .Control = "mnuSamples",
                     .Caption = "Sa&mples…",
                     .Tip = "Look at the circuits that come with Pistaro, and open one",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = HasWindows,
                     .Run = [](Session& session) { session.Windows->ShowSamples(); }});
     rows.push_back({.Id = "tour",
                     .Control = "mnuTour",
                     .Caption = "&Tour",
                     .Tip = "Lay a first oval, step by step",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = HasWindows,
                     .Run = TourCommand});
 }

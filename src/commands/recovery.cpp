@@ -116,7 +116,7 @@ Recovery::Recovery(Session& session, std::filesystem::path folder, Jobs::Post po
       writer_(delay) {
     if (!IsOn()) return;
     session_.Recovery = this;
-    observation_ = session_.Observe([this](const Changes& changes) { Heed(changes); });
+    observation_ = session_.Observe([this](const Changes& changes) { NoteChanges(changes); });
     leaving_ = session_.ObserveLeaving([this] { Secure(); });
 }
 
@@ -125,7 +125,7 @@ Recovery::~Recovery() {
     session_.Recovery = nullptr;
 }
 
-void Recovery::Heed(const Changes& changes) {
+void Recovery::NoteChanges(const Changes& changes) {
     if (std::exchange(adopted_, false)) {
         Leave(previous_, changes.Discarded);
     } else if (changes.OtherCircuit || changes.Discarded) {

@@ -1,7 +1,7 @@
 // What keeps unsaved work from being lost: while there is any, it stands in a recovery file.
 #pragma once
 
-#include "commands/late_writer.h"
+#include "commands/delayed_writer.h"
 #include "commands/session.h"
 #include "storage/recovery_file.h"
 
@@ -48,7 +48,7 @@ private:
 
     /// The works that can be opened, without their content.
     std::vector<RecoveredWork> Free() const;
-    void Heed(const Changes& changes);
+    void NoteChanges(const Changes& changes);
     void WriteLater();
     /// A work goes its way, and its file stays.
     void Leave(std::optional<RecoveryName>& work, bool knowingly);
@@ -65,7 +65,7 @@ private:
     std::optional<RecoveryName> previous_; ///< of the one before, where the running piece of work adopts another
     bool adopted_ = false;
     int number_ = 0; ///< of works so far
-    LateWriter writer_;
+    DelayedWriter writer_;
     Observation observation_;
     LeavingObservation leaving_;
 };

@@ -13,7 +13,7 @@ namespace pistaro {
 bool OpenRecovered(Session& session, const RecoveredWork& work) {
     Design design = ReadCircuit(work.File);
     if (!MayReplace(session)) return false;
-    session.TellLeaving();
+    session.NotifyLeaving();
     auto background = BackgroundBeside(session, work.File); // before the work changes its place
     if (session.Recovery != nullptr) session.Recovery->Adopt(work);
     NewProject(session.Project);

@@ -15,7 +15,7 @@ namespace pistaro {
 
 namespace {
 
-std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is being worked on."; }
+std::string JobRuns(const Session& session) { return session.HasJob() ? "" : "Nothing is running."; }
 
 bool HasPieces(const Circuit& circuit) {
     return std::ranges::any_of(circuit.Tracks, [](const Track& track) { return !track.ElementCodes.empty(); });
@@ -47,15 +47,15 @@ Command DrawingRow(Command row) {
 } // namespace
 
 void AddCheckCommands(std::vector<Command>& rows) {
-    rows.push_back(WindowRow("checks", "mnuChecks", "&Checks", "Tell beside the drawing what is wrong with the design",
-                             "F8", Panel::Checks));
+    rows.push_back(WindowRow("checks", "mnuChecks", "&Checks", "Show problems with the design beside the drawing", "F8",
+                             Panel::Checks));
     rows.push_back(WindowRow("stock and price", "mnuMoney", "Stock and &Price",
-                             "Show beside the drawing what its pieces cost", "", Panel::Money));
+                             "Show what the pieces cost, beside the drawing", "", Panel::Money));
     rows.push_back({.Id = "balance",
                     .Control = "mnuBalance",
                     .Caption = "&Balance Lanes…",
                     .Tip = "Find the fewest changes that make both lanes of the track equally long",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = TrackHasElements,
                     .Run = BalanceCommand});
     rows.push_back(WindowRow("boxed sets", "mnuSets", "&Boxed Sets…", "Tell what your shop sells in boxes", "",
@@ -64,7 +64,7 @@ void AddCheckCommands(std::vector<Command>& rows) {
                     .Control = "mnuPurchase",
                     .Caption = "&Cheapest Purchase",
                     .Tip = "Find the cheapest way to buy what is missing, from boxes and single pieces",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = NoJobRuns,
                     .Run = PurchaseCommand});
 }
@@ -87,14 +87,14 @@ void AddReportCommands(std::vector<Command>& rows) {
                     .Caption = "Design &Guide",
                     .Tip = "Write the guide, a page with the layout and every piece in its order",
                     .Key = "Ctrl+G",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = NoJobRuns,
                     .Run = GuideCommand});
     rows.push_back({.Id = "cancel job",
                     .Control = "cmdCancelJob",
                     .Caption = "Cancel",
-                    .Tip = "End this work; files stay as they were",
-                    .From = Door::WindowOnly,
+                    .Tip = "Cancel; no files are changed",
+                    .From = Availability::WindowOnly,
                     .WhyNot = JobRuns,
                     .Run = [](Session& session) { session.CancelJob(); }});
     rows.push_back({.Id = "save picture",
@@ -102,7 +102,7 @@ void AddReportCommands(std::vector<Command>& rows) {
                     .Caption = "Save &Picture",
                     .Tip = "Write the drawing into the working directory as track.bmp",
                     .Key = "Ctrl+Shift+P",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .Run = SavePictureCommand});
 }
 
@@ -117,7 +117,7 @@ void AddExchangeCommands(std::vector<Command>& rows) {
                     .Control = "mnuBuildPlan",
                     .Caption = "&Build Plan…",
                     .Tip = "Write in which steps the circuit is laid, and what is needed",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = AnyPieces,
                     .Run = BuildPlanCommand});
     rows.push_back({.Id = "copy",
@@ -125,7 +125,7 @@ void AddExchangeCommands(std::vector<Command>& rows) {
                     .Caption = "&Copy",
                     .Tip = "Put the picture and the list of pieces on the clipboard",
                     .Key = "Ctrl+C",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .WhyNot = AnythingToCopy,
                     .Run = CopyCommand});
     rows.push_back(
@@ -134,7 +134,7 @@ void AddExchangeCommands(std::vector<Command>& rows) {
          .Caption = "&Paste Pieces",
          .Tip = "Lay the pieces that a list on the clipboard names, such as C160 x3, at the end of the track",
          .Key = "Ctrl+V",
-         .From = Door::WindowOnly,
+         .From = Availability::WindowOnly,
          .WhyNot =
              [](const Session& session) {
                  const std::string whyNot = HasWindows(session);
@@ -149,7 +149,7 @@ void AddHelpCommands(std::vector<Command>& rows) {
                     .Caption = "&Manual",
                     .Tip = "Open the manual",
                     .Key = "F1",
-                    .From = Door::WindowOnly,
+                    .From = Availability::WindowOnly,
                     .Run = [](Session& session) { OpenManual(session.Project.Preferences); }});
     rows.push_back(
         WindowRow("about", "mnuAbout", "&About Pistaro", "Tell what this program is", "", &Windows::ShowAbout));

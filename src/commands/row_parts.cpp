@@ -20,7 +20,9 @@ std::string ElementSelected(const Session& session) {
     return session.Project.EditState.SelectedElement() < 0 ? "Select an element first." : "";
 }
 
-std::string HasWindows(const Session& session) { return session.Windows == nullptr ? "There is no window." : ""; }
+std::string HasWindows(const Session& session) {
+    return session.Windows == nullptr ? "Available in the designer only." : "";
+}
 
 std::string NoJobRuns(const Session& session) {
     const Job* const job = session.CurrentJob();
@@ -58,7 +60,7 @@ Command WindowRow(const char* id, const char* control, const char* caption, cons
             .Caption = caption,
             .Tip = tip,
             .Key = key,
-            .From = Door::WindowOnly,
+            .From = Availability::WindowOnly,
             .WhyNot = HasWindows,
             .Run = std::move(work.Run),
             .IsOn = std::move(work.IsOn)};

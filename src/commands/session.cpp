@@ -26,7 +26,7 @@ std::shared_ptr<const Observer> Keep(std::vector<std::weak_ptr<const Observer>>&
 }
 
 template <typename Observer, typename... News>
-void TellAll(std::vector<std::weak_ptr<const Observer>>& observers, const News&... news) {
+void NotifyAll(std::vector<std::weak_ptr<const Observer>>& observers, const News&... news) {
     std::erase_if(observers, [](const auto& observer) { return observer.expired(); });
     for (const auto& observer : std::vector(observers)) { // one may come or go while another is told
         if (const auto held = observer.lock()) (*held)(news...);
@@ -112,7 +112,7 @@ LeavingObservation Session::ObserveLeaving(std::function<void()> observer) {
     return Keep(leavers_, std::move(observer));
 }
 
-void Session::Notify(const Changes& changes) { TellAll(observers_, changes); }
+void Session::Notify(const Changes& changes) { NotifyAll(observers_, changes); }
 
 void Session::NameStep(const Command& command) {
     if (depth_ != 1) return; // it is part of another's step
@@ -144,12 +144,12 @@ void Session::NoteSaved(std::string bytes) {
     noted_.Saved = true;
 }
 
-void Session::TellLeaving() { TellAll(leavers_); }
+void Session::NotifyLeaving() { NotifyAll(leavers_); }
 
 void Session::GoTo(std::size_t state) {
     Work([&] {
         if (!history_.AreOfOneCircuit(history_.Present(), state)) {
-            TellLeaving();
+            NotifyLeaving();
             noted_.OtherCircuit = true;
         }
         history_.GoTo(state, Project);

@@ -128,7 +128,7 @@ public:
     [[nodiscard]] LeavingObservation ObserveLeaving(std::function<void()> observer);
 
     /// To be called by what loads, begins or ends, before it does so.
-    void TellLeaving();
+    void NotifyLeaving();
 
     /// Starts a job. Its end is work of this session; when it was stopped there is none.
     void StartJob(const Job& job);

@@ -15,7 +15,7 @@ namespace {
 void Adopt(Project& project, const std::filesystem::path& file) {
     project.EditState.File = std::filesystem::absolute(file).lexically_normal();
     project.EditState.Name.clear();
-    const std::string folder = PartedPath(TextFromPath(project.EditState.File)).Folder;
+    const std::string folder = SplitPath(TextFromPath(project.EditState.File)).Folder;
     if (!folder.empty()) project.Preferences.WorkingDirectory = folder;
 }
 

@@ -29,9 +29,10 @@ TourStop AtStraight(bool secondHalf, int times) {
 
 TourStop AtDigit(bool secondHalf, int times) {
     TourStop stop{.Step = secondHalf ? 5 : 2, .Control = "lblStatus"};
-    stop.Text = secondHalf ? "Type 4 again, for the second half circle."
-                           : "Type the digit 4: the next button you press then lays four pieces. The line at the foot "
-                             "of the window tells so.";
+    stop.Text = secondHalf
+                    ? "Type 4 again, for the second half circle."
+                    : "Type the digit 4: the next button you press then lays four pieces. The line at the bottom "
+                      "of the window shows it.";
     if (times > 1) stop.Remark = "That was " + std::to_string(times) + ". The digit typed last counts: type 4.";
     return stop;
 }
@@ -47,10 +48,12 @@ TourStop AtCurve(bool secondHalf, int missing, int times) {
 }
 
 TourStop AtEnd() {
-    return {.Step = TourSteps + 1,
-            .Text = "That is an oval: the line at the foot says closed. Now lay what you like: Edit ▸ Undo takes back, "
-                    "Circuit ▸ Save keeps it.",
-            .Control = "lblStatus"};
+    return {
+        .Step = TourSteps + 1,
+        .Text =
+            "That is an oval: the line at the bottom says closed. Now lay what you like: Edit ▸ Undo takes it back, "
+            "Circuit ▸ Save keeps it.",
+        .Control = "lblStatus"};
 }
 
 /// What keeps the pieces from being laid as the tour tells; no remark where nothing does.
@@ -63,8 +66,8 @@ TourStop Hindrance(const EditState& edit) {
                 "Insert puts pieces before the selected one: press the switch above the pieces to go back to Build.",
             .Control = "cmdInsert"};
     if (edit.System != TrackSystem::Scalextric)
-        return {.Remark =
-                    "These are the other system's pieces: Pieces ▸ Use Scalextric Track (Ctrl+T) brings back ours.",
+        return {.Remark = "These are the other system's pieces: Pieces ▸ Use Scalextric Track (Ctrl+T) brings back the "
+                          "first ones.",
                 .Control = "picCircuit"};
     return {.Control = ""};
 }

@@ -1,7 +1,7 @@
 #include "imaging/circuit_picture.h"
 
+#include "imaging/cached_drawing.h"
 #include "imaging/image_file.h"
-#include "imaging/kept_drawing.h"
 #include "imaging/painter_surface.h"
 #include "platform/fault.h"
 #include "platform/processes.h"
@@ -45,7 +45,7 @@ std::string CircuitPicture(const Catalogue& catalogue, const Project& project, i
     if (image.isNull())
         throw Fault("Out of memory", std::to_string(pixels) + " x " + std::to_string(pixels) + " pixels");
     if (look == TrackLook::Surface) {
-        KeptDrawing drawing;
+        CachedDrawing drawing;
         drawing.Redraw(catalogue, project, backdrop, {{pixels, pixels}}, look);
         image = drawing.Picture();
     } else {

@@ -3,7 +3,7 @@
 
 namespace pistaro {
 
-/// By their described lines alone, or as they look.
+/// By their lines alone, or as they look.
 enum class TrackLook { Lines, Surface };
 
 } // namespace pistaro

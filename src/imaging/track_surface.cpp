@@ -62,7 +62,7 @@ QList<QLineF> Stripes(double length, double breadth, double spacing, At at) {
     return stripes;
 }
 
-/// Draws a piece: its bed, what lies on it, its described lines.
+/// Draws a piece: its bed, what lies on it, its lines.
 class BedPainter {
 public:
     BedPainter(const ColourScheme& colours, QPainter& painter, PainterSurface& surface)

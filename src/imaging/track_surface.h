@@ -1,4 +1,4 @@
-// Tracks as they look: an asphalt bed with slots, rails and kerbs within the described outlines, whose colours it tells
+// Tracks as they look: an asphalt bed with slots, rails and kerbs within their outlines, whose colours it tells
 // by patterns, too.
 #pragma once
 

@@ -14,7 +14,8 @@ namespace {
 /// Anticlockwise.
 using Quadrangle = std::array<GroundPoint, 4>;
 
-/// Ground that is no wider than this in some direction is less than NoOverlap, as no piece is 45 cm from end to end.
+/// Ground that is no wider than this in some direction is less than OverlapTolerance, as no piece is 45 cm from end to
+/// end.
 constexpr double Hairline = 0.02;
 
 constexpr double WidestCover = std::numbers::pi / 7; ///< radians: 22.5 degrees are one part, 90 are four
@@ -183,7 +184,7 @@ double SharedArea(const Ground& a, const Ground& b) {
 }
 
 bool Overlaps(const Ground& a, const Ground& b) {
-    return a.Box.Meets(b.Box) && !AreApart(a, b) && CommonArea(a, b, NoOverlap) > NoOverlap;
+    return a.Box.Meets(b.Box) && !AreApart(a, b) && CommonArea(a, b, OverlapTolerance) > OverlapTolerance;
 }
 
 bool PassesUnder(const CatalogueEntry& a, const Ground& groundA, const CatalogueEntry& b, const Ground& groundB) {

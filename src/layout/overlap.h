@@ -8,15 +8,16 @@ namespace pistaro {
 
 /// What two pieces may share before they are said to overlap, cm²: neighbouring tracks touch, and touch a little
 /// askew after hundreds of pieces.
-inline constexpr double NoOverlap = 1;
+inline constexpr double OverlapTolerance = 1;
 
 /// The area that both cover, cm²; of curves to a few hundredths.
 double OverlapArea(const Ground& a, const Ground& b);
 
-/// The same, but 0 where a few comparisons tell that it is no more than NoOverlap.
+/// The same, but 0 where a few comparisons tell that it is no more than OverlapTolerance.
 double SharedArea(const Ground& a, const Ground& b);
 
-/// Whether both cover more than NoOverlap. Tells in a fraction of a microsecond that pieces which do not meet do not.
+/// Whether both cover more than OverlapTolerance. Tells in a fraction of a microsecond that pieces which do not meet do
+/// not.
 bool Overlaps(const Ground& a, const Ground& b);
 
 /// Whether two overlapping pieces are a bridge and a straight that passes below it from side to side. A bridge stands

@@ -40,7 +40,7 @@ std::string NameFromTitle(const std::string& title) {
 
 std::string ProjectName(const EditState& edit) {
     if (edit.File.empty()) return edit.Name.empty() ? NewProjectName : edit.Name;
-    return NameFromTitle(PartedPath(TextFromPath(edit.File)).Title);
+    return NameFromTitle(SplitPath(TextFromPath(edit.File)).Title);
 }
 
 std::string Caption(const EditState& edit) { return "Pistaro - " + ProjectName(edit); }

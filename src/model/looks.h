@@ -4,7 +4,7 @@
 namespace pistaro {
 
 struct Looks {
-    bool Surface = false; ///< tracks are drawn as they look, under the described lines
+    bool Surface = false; ///< tracks are drawn as they look, under their lines
     bool Legend = false;
     bool Lanes = false;       ///< each lane is painted in its own colour
     bool Suggestions = false; ///< the best closing of the current track is shown

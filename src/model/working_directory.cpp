@@ -8,7 +8,7 @@
 
 namespace pistaro {
 
-FolderAndTitle PartedPath(const std::string& path) {
+FolderAndTitle SplitPath(const std::string& path) {
     const auto title = std::find_if(path.rbegin(), path.rend(), IsFolderSeparator).base();
     return {{path.begin(), title}, {title, path.end()}};
 }

@@ -13,7 +13,7 @@ struct FolderAndTitle {
     std::string Folder; ///< with the separator; empty for a path without one
     std::string Title;
 };
-FolderAndTitle PartedPath(const std::string& path);
+FolderAndTitle SplitPath(const std::string& path);
 
 /// The path of a file of that name in the working directory. Fault when there is no working directory.
 std::string InWorkingDirectory(const Preferences& preferences, const std::string& name);

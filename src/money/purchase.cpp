@@ -23,7 +23,7 @@ int ProductOf(const Catalogue& catalogue, const CatalogueEntry& piece) {
 
 /// Owned pieces less used ones, by head row.
 std::vector<int> Left(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit) {
-    std::vector<int> left = UsedProducts(catalogue, circuit);
+    std::vector<int> left = CountUsedByProduct(catalogue, circuit);
     for (int& count : left)
         count = -count;
     for (const int row : catalogue.ProductRows())
@@ -240,7 +240,7 @@ Problem ProblemOf(const std::vector<int>& missing, const Stock& prices, const Bo
 
 } // namespace
 
-std::vector<int> UsedProducts(const Catalogue& catalogue, const Circuit& circuit) {
+std::vector<int> CountUsedByProduct(const Catalogue& catalogue, const Circuit& circuit) {
     std::vector<int> products(At(catalogue.Count()));
     const UsedCounts used = CountUsed(catalogue, circuit);
     for (int row = 0; row < catalogue.Count(); ++row)

@@ -11,7 +11,7 @@
 namespace pistaro {
 
 /// How many pieces of each product the circuit uses, by head row; both hands of a curve are one product.
-std::vector<int> UsedProducts(const Catalogue& catalogue, const Circuit& circuit);
+std::vector<int> CountUsedByProduct(const Catalogue& catalogue, const Circuit& circuit);
 
 /// How many pieces of each product the circuit uses beyond the owned ones, by head row.
 std::vector<int> MissingPieces(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit);

@@ -27,8 +27,8 @@ SheetPlan EmptyPlan(double width, double height, double scale, const SheetOption
 }
 
 std::vector<PaperSize> WaysToLie(const PaperSize& paper, Orientation orientation) {
-    if (orientation == Orientation::Upright) return {paper};
-    if (orientation == Orientation::Turned) return {paper.Turned()};
+    if (orientation == Orientation::Portrait) return {paper};
+    if (orientation == Orientation::Landscape) return {paper.Turned()};
     return {paper, paper.Turned()};
 }
 

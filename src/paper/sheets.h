@@ -10,7 +10,7 @@
 
 namespace pistaro {
 
-enum class Orientation { Automatic, Upright, Turned };
+enum class Orientation { Automatic, Portrait, Landscape };
 
 struct SheetOptions {
     std::optional<double> Scale = {};    ///< the N of 1:N; none: as large as the paper takes it, at most 1:1

@@ -31,7 +31,7 @@ public:
     LifeSign& operator=(const LifeSign&) = delete;
 
     /// Whether the program that made such a file lives.
-    static bool Lives(const std::filesystem::path& file);
+    static bool IsAlive(const std::filesystem::path& file);
 
 private:
     std::filesystem::path file_;

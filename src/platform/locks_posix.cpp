@@ -75,7 +75,7 @@ LifeSign::~LifeSign() {
     ::close(static_cast<int>(handle_));
 }
 
-bool LifeSign::Lives(const std::filesystem::path& file) {
+bool LifeSign::IsAlive(const std::filesystem::path& file) {
     const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) return false;
     const bool lives = ::flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;

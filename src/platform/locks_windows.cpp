@@ -54,7 +54,7 @@ LifeSign::LifeSign(std::filesystem::path file) : file_(std::move(file)), handle_
 
 LifeSign::~LifeSign() { ::CloseHandle(HandleOf(handle_)); }
 
-bool LifeSign::Lives(const std::filesystem::path& file) {
+bool LifeSign::IsAlive(const std::filesystem::path& file) {
     const HANDLE opened = ::CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                         OPEN_EXISTING, 0, nullptr);
     if (opened == INVALID_HANDLE_VALUE) return ::GetLastError() == ERROR_SHARING_VIOLATION;

@@ -18,7 +18,7 @@ unsigned long ProcessNumber();
 void UseConsoleOfParent();
 
 /// Ends the program at once with 1 and a line on the standard error, also where that is silent.
-[[noreturn]] void EndForWantOfMemory();
+[[noreturn]] void ReportOutOfMemory();
 
 /// Has it end so where a library goes on with memory that it was not given, which would be a crash. Where the system
 /// does not tell of such access, nothing.

@@ -43,7 +43,7 @@ void OnWrongAccess(int signal, siginfo_t* access, void*) {
     constexpr std::uintptr_t largestObject = 1 << 16;
     const bool isTrap = signal == SIGTRAP;
     if (isTrap || reinterpret_cast<std::uintptr_t>(access->si_addr) <= largestObject) {
-        if (errno == ENOMEM) EndForWantOfMemory();
+        if (errno == ENOMEM) ReportOutOfMemory();
         if (uncheckedMemory > 0) EndWith("pistaro: Out of memory, or a fault in a library\n");
     }
     if (isTrap) ::raise(signal);
@@ -121,7 +121,7 @@ unsigned long ProcessNumber() { return static_cast<unsigned long>(::getpid()); }
 
 void UseConsoleOfParent() {}
 
-void EndForWantOfMemory() { EndWith("pistaro: Out of memory\n"); }
+void ReportOutOfMemory() { EndWith("pistaro: Out of memory\n"); }
 
 void EndWhereMemoryIsMissing() {
     struct sigaction action {};

@@ -104,7 +104,7 @@ std::vector<std::string> CommandLineArguments(int, char**) {
 
 unsigned long ProcessNumber() { return ::GetCurrentProcessId(); }
 
-void EndForWantOfMemory() {
+void ReportOutOfMemory() {
     std::fputs("pistaro: Out of memory\n", stderr);
     std::_Exit(EXIT_FAILURE);
 }

@@ -48,7 +48,7 @@ public:
     }
 
     /// The effort begins anew.
-    void Prolong() {
+    void Continue() {
         effort_ = 0;
         inVain_ = 0;
     }
@@ -227,9 +227,9 @@ CircuitSearch::~CircuitSearch() = default;
 
 bool CircuitSearch::Round(const JobWatch& watch) { return state_->Round(watch); }
 
-void CircuitSearch::Prolong() {
+void CircuitSearch::Continue() {
     state_->Wanted += state_->Task.Count;
-    if (state_->Growing) state_->Growing->Prolong();
+    if (state_->Growing) state_->Growing->Continue();
 }
 
 const std::vector<FoundCircuit>& CircuitSearch::Found() const { return state_->Pool.Found(); }

@@ -70,7 +70,7 @@ public:
     bool Round(const JobWatch& watch);
 
     /// Lets a search that has come to its end go on for as long again, and for as many circuits.
-    void Prolong();
+    void Continue();
 
     const std::vector<FoundCircuit>& Found() const;
 

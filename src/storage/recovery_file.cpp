@@ -169,10 +169,10 @@ std::vector<RecoveredWork> FindRecoveredWork(const std::filesystem::path& folder
         std::error_code gone;
         const auto written = std::filesystem::last_write_time(file, gone);
         if (!name || gone) return;
-        const bool lives = !name->IsKept && LifeSign::Lives(LifeSignOf(folder, name->Owner));
+        const bool isAlive = !name->IsKept && LifeSign::IsAlive(LifeSignOf(folder, name->Owner));
         const auto time =
             std::chrono::time_point_cast<std::chrono::system_clock::duration>(std::chrono::file_clock::to_sys(written));
-        found.push_back({file, *name, time, lives, std::nullopt});
+        found.push_back({file, *name, time, isAlive, std::nullopt});
     });
     std::ranges::sort(found, [](const RecoveredWork& a, const RecoveredWork& b) {
         return a.Written != b.Written ? a.Written > b.Written : a.File < b.File;
@@ -203,7 +203,7 @@ void TidyRecoveredWork(const std::filesystem::path& folder) {
         if (!work.OwnerLives && ++works > MostWorks) RemoveRecoveredWork(work.File);
     }
     ForEachFile(folder, LifeSignEnding, [&](const std::filesystem::path& sign) {
-        if (!LifeSign::Lives(sign)) std::filesystem::remove(sign, gone);
+        if (!LifeSign::IsAlive(sign)) std::filesystem::remove(sign, gone);
     });
     SweepTemporaries(folder);
 }

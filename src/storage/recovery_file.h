@@ -16,7 +16,7 @@ namespace pistaro {
 struct RecoveryName {
     std::string Design;             ///< what the work is called
     std::chrono::sys_seconds Begun; ///< when it began
-    std::string Owner;              ///< the program's mark: "4711-18f3a2b5c6d"
+    std::string Owner;              ///< the program's mark: "4711.1763799065000"
     int Number = 0;                 ///< among the works of that program
     bool IsKept = false;            ///< its user knows of it: it was let go of, or told at a start
 
@@ -24,7 +24,7 @@ struct RecoveryName {
 };
 
 /// The name without its ending, at most 200 bytes of a design's name in it, and no blank:
-/// "My%20oval~20261122T073105Z~4711-18f3a2b5c6d-1". Of a work that is kept "~kept" follows in the file's name.
+/// "My%20oval~20261122T073105Z~4711.1763799065000-1". Of a work that is kept "~kept" follows in the file's name.
 std::string HandleOf(const RecoveryName& name);
 std::string FileNameOf(const RecoveryName& name);
 

@@ -74,8 +74,8 @@ QLayout* BoxFields::PieceFields() {
     QPushButton* const cmdAllOwned = NewButton("cmdAllOwned", "&All I Own");
     QPushButton* const cmdNoPieces = NewButton("cmdNoPieces", "&Empty");
     QPushButton* const cmdAddSet = NewButton("cmdAddSet", "Add Se&t");
-    cmdAllOwned->setToolTip("Have in the box what you own, and nothing else");
-    cmdAddSet->setToolTip("Put one more such set into the box");
+    cmdAllOwned->setToolTip("Fill the box with exactly what you own");
+    cmdAddSet->setToolTip("Add one such set to the box");
     cboSets_ = Named(new QComboBox, "cboSets");
     cboSets_->setAccessibleName("Boxed sets");
     cboSets_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -190,7 +190,7 @@ QLayout* BoxFields::NumberFields() {
     connect(spnCount_, &QSpinBox::valueChanged, this, countChanged_);
     txtSeed_ = Named(new QLineEdit("1"), "txtSeed");
     txtSeed_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{1,18}"), txtSeed_));
-    txtSeed_->setToolTip("The same number finds the same circuits; another one finds others");
+    txtSeed_->setToolTip("The same seed always finds the same circuits; another one finds others");
     auto* const numbers = new QHBoxLayout;
     auto* const lblCount = new QLabel("&Circuits:");
     auto* const lblSeed = new QLabel("Seed:");

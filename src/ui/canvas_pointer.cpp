@@ -29,7 +29,7 @@ constexpr const char* RunOverlay = "selected run";
 constexpr Colour RunColour = Rgb(0, 150, 60);
 constexpr const char* DragOverlay = "moved track";
 constexpr Colour HoverColour = Rgb(255, 140, 0);
-constexpr int PixelsPerTurn = 40; ///< of a drag that turns, each of the described steps
+constexpr int PixelsPerTurn = 40; ///< of a drag that turns, for each step of the turn buttons
 
 bool IsTouchPad(const QWheelEvent& event) {
     return event.phase() != Qt::NoScrollPhase || event.device()->type() == QInputDevice::DeviceType::TouchPad;

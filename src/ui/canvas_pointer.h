@@ -49,7 +49,7 @@ private:
     void Select(QPointF place, bool andAllBetween = false);
     void PanTo(QPointF place);
     void Zoom(QPointF place, double times);
-    /// Where a drag to a place brings the current track's start; `freely` not in the described steps.
+    /// Where a drag to a place brings the current track's start; `freely`: not in steps of a track width.
     BuildCursor DraggedStart(QPointF place, Qt::KeyboardModifiers keys);
     void ShowDragged();
     void EndDrag();

@@ -51,7 +51,7 @@ QIcon IconOf(Severity severity) {
 }
 
 QString SummaryOf(const std::vector<Finding>& findings) {
-    if (findings.empty()) return "Nothing is found.";
+    if (findings.empty()) return "No problems found.";
     const auto count = [&](Severity severity) { return std::ranges::count(findings, severity, &Finding::Severity); };
     const auto text = [](auto number, const char* one, const char* several) {
         return QString::number(number) + " " + (number == 1 ? one : several);

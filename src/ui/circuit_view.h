@@ -2,7 +2,7 @@
 #pragma once
 
 #include "commands/session.h"
-#include "imaging/kept_drawing.h"
+#include "imaging/cached_drawing.h"
 #include "imaging/overlay.h"
 #include "layout/shapes.h"
 
@@ -69,7 +69,7 @@ private:
     Session& session_;
     const ColourScheme initialColours_;
     std::optional<Project> recoloured_; ///< where what is drawn is not the session's
-    KeptDrawing drawing_;
+    CachedDrawing drawing_;
     QRectF legend_; ///< its place on the drawing
     std::map<std::string, Overlay> overlays_;
     bool stale_ = true;  ///< the drawing shows an earlier state

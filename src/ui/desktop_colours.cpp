@@ -110,12 +110,12 @@ bool HasHighContrast(const QPalette& palette) {
     return std::abs(ground - palette.color(QPalette::Active, QPalette::WindowText).lightness()) >= nearly;
 }
 
-QPalette PaletteFor(const DesktopWish& wish) {
+QPalette PaletteFor(const DesktopPreference& wish) {
     if (wish.HighContrast) return wish.Dark ? PaletteOf(WhiteOnBlack) : PaletteOf(BlackOnWhite);
     return PaletteOf(Dark);
 }
 
-void ShowAsWished(const DesktopWish& wish, const QPalette& toolkits) {
+void ShowAsWished(const DesktopPreference& wish, const QPalette& toolkits) {
     const bool answered = (!wish.Dark || IsDark(toolkits)) && (!wish.HighContrast || HasHighContrast(toolkits));
     if (answered) {
         if (QApplication::palette() != toolkits) QApplication::setPalette(toolkits);
@@ -136,7 +136,7 @@ DesktopFollower::DesktopFollower(QApplication& application)
 }
 
 void DesktopFollower::Ask() {
-    const DesktopWish wish = AskDesktop();
+    const DesktopPreference wish = AskDesktop();
     if (wish == wish_) return;
     wish_ = wish;
     ShowAsWished(wish, toolkits_);

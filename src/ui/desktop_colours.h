@@ -7,15 +7,15 @@
 
 namespace pistaro {
 
-struct DesktopWish {
+struct DesktopPreference {
     bool Dark = false;
     bool HighContrast = false;
 
-    bool operator==(const DesktopWish&) const = default;
+    bool operator==(const DesktopPreference&) const = default;
 };
 
 /// What the desktop says that its user wishes; nothing where it says nothing.
-DesktopWish AskDesktop();
+DesktopPreference AskDesktop();
 
 /// Has `follower`'s slot Ask called when the desktop says that this has changed, where it can.
 void HearDesktop(QObject& follower);
@@ -27,11 +27,11 @@ bool IsDark(const QPalette& palette);
 bool HasHighContrast(const QPalette& palette);
 
 /// The colours of windows that answer a wish.
-QPalette PaletteFor(const DesktopWish& wish);
+QPalette PaletteFor(const DesktopPreference& wish);
 
 /// Gives the application's windows what is wished. Where the toolkit's own colours answer the wish already, or where
 /// there is none, they stay.
-void ShowAsWished(const DesktopWish& wish, const QPalette& toolkits);
+void ShowAsWished(const DesktopPreference& wish, const QPalette& toolkits);
 
 /// Follows the desktop as long as it lives.
 class DesktopFollower : public QObject {
@@ -45,7 +45,7 @@ public:
 
 private:
     QPalette toolkits_; ///< as they were before they were changed
-    DesktopWish wish_;
+    DesktopPreference wish_;
 };
 
 } // namespace pistaro

@@ -28,7 +28,7 @@ QVariant Setting(const char* group, const char* key) {
 
 } // namespace
 
-DesktopWish AskDesktop() {
+DesktopPreference AskDesktop() {
     if (!QDBusConnection::sessionBus().isConnected()) return {};
     constexpr const char* appearance = "org.freedesktop.appearance";
     const QVariant scheme = Setting(appearance, "color-scheme");

@@ -5,7 +5,7 @@
 
 namespace pistaro {
 
-DesktopWish AskDesktop() {
+DesktopPreference AskDesktop() {
     const QSettings themes("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
                            QSettings::NativeFormat);
     return {.Dark = themes.value("AppsUseLightTheme", 1).toInt() == 0};

@@ -58,7 +58,7 @@ QGroupBox* frmBackground::ScaleFrame() {
     spnDistance_ = NewLengthBox("spnDistance", 0.1, most, 100);
     lblScale_ = Named(NewHint(""), "lblScale");
     auto* const form = new QFormLayout(frame);
-    form->addRow(NewHint("Click two places in the picture whose distance you know, such as the ends of a wall. The "
+    form->addRow(NewHint("Click two points whose distance apart you know, such as the ends of a wall. The "
                          "wheel zooms, a drag moves the picture."));
     form->addRow("&Distance:", spnDistance_);
     form->addRow(lblScale_);
@@ -79,7 +79,7 @@ QGroupBox* frmBackground::PlaceFrame() {
     form->addRow("Middle &X:", spnX_);
     form->addRow("Middle &Y:", spnY_);
     form->addRow("&Turned clockwise:", spnTurn_);
-    form->addRow(NewHint("Both are told as the room's points are, and the picture turns with the room."));
+    form->addRow(NewHint("X and Y are room coordinates; the picture turns with the room."));
     return frame;
 }
 

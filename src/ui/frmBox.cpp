@@ -25,7 +25,7 @@ QString StandingText(BoxStanding standing, std::size_t count, bool isBoxEmpty) {
         return isBoxEmpty ? "Put pieces into the box: type their counts, or add a set."
                           : "Press Search to see what these pieces make in this room.";
     case BoxStanding::Runs:
-        return CountText(count) + ", and looking on …";
+        return CountText(count) + ", still searching …";
     case BoxStanding::Paused:
         return CountText(count) + " so far.";
     case BoxStanding::Ended:
@@ -100,8 +100,8 @@ QLayout* frmBox::SearchButtons() {
     cmdSearch_ = NewButton("cmdSearch", "&Search");
     cmdStop_ = NewButton("cmdStop", "St&op");
     cmdCancelSearch_ = NewButton("cmdCancelSearch", "Cancel");
-    cmdStop_->setToolTip("Stop for now, and go on later from there");
-    cmdCancelSearch_->setToolTip("End the search at once; what it has found stays");
+    cmdStop_->setToolTip("Pause the search; it can be continued from there");
+    cmdCancelSearch_->setToolTip("End the search at once; the circuits found are kept");
     connect(cmdSearch_, &QPushButton::clicked, this, [this] { Search(); });
     connect(cmdStop_, &QPushButton::clicked, this, [this] { StopOrGoOn(); });
     connect(cmdCancelSearch_, &QPushButton::clicked, this, [this] {
@@ -162,7 +162,7 @@ void frmBox::StopOrGoOn() {
     if (search_.Standing() == BoxStanding::Runs) {
         search_.Pause();
     } else {
-        search_.GoOn();
+        search_.Continue();
         ShowStanding();
     }
 }
@@ -185,8 +185,8 @@ void frmBox::ShowStanding() {
     const bool isBoxEmpty = fields_->Wish().Box.Total() == 0;
     lblFound_->setText(StandingText(standing, search_.Found().size(), isBoxEmpty));
     cmdSearch_->setEnabled(!isBoxEmpty);
-    cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Look for circuits from the beginning");
-    cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "St&op" : "&Go On");
+    cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Search for circuits from the beginning");
+    cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "St&op" : "&Continue");
     cmdStop_->setEnabled(standing != BoxStanding::Idle && standing != BoxStanding::Complete);
     cmdCancelSearch_->setEnabled(standing == BoxStanding::Runs);
 }
@@ -195,7 +195,7 @@ void frmBox::ShowChosen() {
     const std::vector<std::size_t> chosen = lstCircuits_->Chosen();
     const bool isOne = chosen.size() == 1;
     cmdOpen_->setEnabled(isOne);
-    cmdOpen_->setToolTip(isOne ? "Put it in the place of the design, as one step that Undo takes back"
+    cmdOpen_->setToolTip(isOne ? "Open it in place of the design, as one step that Undo takes back"
                                : "Choose one circuit first");
     cmdKeep_->setEnabled(!chosen.empty());
     cmdKeep_->setToolTip(chosen.empty() ? "Choose circuits first: a click, and others with Ctrl or Shift"

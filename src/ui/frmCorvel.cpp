@@ -184,10 +184,10 @@ void frmCorvel::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     // Later, as a question must not be asked before the window is back.
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        QTimer::singleShot(0, this, [this] { LookAtFile(); });
+        QTimer::singleShot(0, this, [this] { CheckFileOnDisk(); });
 }
 
-void frmCorvel::LookAtFile() {
+void frmCorvel::CheckFileOnDisk() {
     const bool asksAlready = closing_ || session_.IsWorking() || QApplication::activeModalWidget() != nullptr;
     if (asksAlready || !session_.Files.IsChanged(session_.Project.EditState.File)) return;
     session_.Do([this] { OfferChangedFile(session_); });

@@ -49,7 +49,7 @@ private:
     void ShowStatus();
 
     /// Asks about the circuit's file when another program changed it.
-    void LookAtFile();
+    void CheckFileOnDisk();
 
     Session& session_;
     CommandControls controls_;

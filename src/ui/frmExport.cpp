@@ -24,11 +24,11 @@ struct SizeChoice {
     const char* Caption;
 };
 
-constexpr SizeChoice SizeChoices[] = {{Size::OnPaper, "As large as the paper takes it"},
+constexpr SizeChoice SizeChoices[] = {{Size::OnPaper, "As large as fits on the paper"},
                                       {Size::ToScale, "To scale, on a sheet of its own size"},
                                       {Size::ScaleOnPaper, "To scale, on one sheet of the paper"},
                                       {Size::Tiles, "To scale, in tiles of the paper"},
-                                      {Size::Width, "So many pixels wide"}};
+                                      {Size::Width, "At a width in pixels"}};
 
 bool Offers(ExportFormat format, Size size) {
     if (size == Size::Tiles) return format == ExportFormat::Pdf;

@@ -43,7 +43,7 @@ QGroupBox* frmPrint::PaperFrame() {
     auto* const form = new QFormLayout(frame);
     cboPaper_ = NewPaperList(session_.Habits.Paper);
     cboOrientation_ = Named(new QComboBox, "cboOrientation");
-    for (const char* const way : {"As it fits best", "Upright", "Turned"})
+    for (const char* const way : {"Whichever fits best", "Portrait", "Landscape"})
         cboOrientation_->addItem(way);
     optFit_ = Named(new QRadioButton("&Fit on one sheet"), "optSize", 0);
     optScale_ = Named(new QRadioButton("To &scale, in tiles"), "optSize", 1);
@@ -168,7 +168,7 @@ void PrintSheets(const PlannedSheets& sheets, const std::string& date, QPrinter&
     printer.setFullPage(true);
     const SheetPainter painted = sheets.Painter(date);
     QPainter painter;
-    if (!painter.begin(&printer)) throw Fault("Not printed", "the printer takes no paper of that kind now");
+    if (!painter.begin(&printer)) throw Fault("Not printed", "the printer does not take this paper now");
     for (int sheet = 0; sheet < painted.Count(); ++sheet) {
         if (sheet > 0) printer.newPage();
         painted.Paint(painter, printer.resolution(), sheet);

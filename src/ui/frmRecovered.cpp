@@ -51,11 +51,11 @@ frmRecovered::~frmRecovered() {
 }
 
 QString frmRecovered::Explanation() const {
-    if (works_.empty()) return "There is no work that was not saved.";
+    if (works_.empty()) return "There is no unsaved work.";
     return occasion_ == Occasion::Start
-               ? "Pistaro ended before this work was saved. Open it to go on with it, or keep it for later:\n"
+               ? "Pistaro ended before this work was saved. Open it to continue, or keep it for later:\n"
                  "it stays under Circuit, Recovered Work."
-               : "Work that was not saved, or was let go of: the last twenty, the newest first.";
+               : "Work that was not saved, or was discarded: the last twenty, the newest first.";
 }
 
 QLayout* frmRecovered::Buttons() {
@@ -99,10 +99,10 @@ void frmRecovered::Enable(int row) {
         button.setEnabled(whyNot == nullptr);
         button.setToolTip(whyNot == nullptr ? tip : whyNot);
     };
-    const char* const none = chosen ? nullptr : "There is no work here.";
-    offer(*cmdOpen_, "Go on with this work", damaged ? "This work is damaged." : none);
+    const char* const none = chosen ? nullptr : "Nothing is selected.";
+    offer(*cmdOpen_, "Continue this work", damaged ? "This work is damaged." : none);
     offer(*cmdCopy_, "Write this work to a circuit file", none);
-    offer(*cmdDelete_, "Remove this work for good", none);
+    offer(*cmdDelete_, "Delete this work permanently", none);
 }
 
 void frmRecovered::Do(const std::function<void(const RecoveredWork&)>& work) {

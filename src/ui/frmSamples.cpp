@@ -38,8 +38,8 @@ frmSamples::frmSamples(Session& session, const std::filesystem::path& folder, QW
     lstSamples_->setGridSize(QSize(PictureSide + 20, PictureSide + 3 * fontMetrics().height()));
     for (const std::filesystem::path& sample : SamplesIn(folder))
         Add(sample);
-    lblExplain_->setText(samples_.empty() ? "The samples are not there: they come with an installed Pistaro."
-                                          : "Open one to look at it, or to go on from it under a name of your own.");
+    lblExplain_->setText(samples_.empty() ? "No samples found; they come with an installed Pistaro."
+                                          : "Open one to look at it, or to continue from it under a name of your own.");
     QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(lblExplain_);

@@ -52,7 +52,7 @@ frmSets::frmSets(Session& session, QWidget* parent)
     columns->addLayout(SetList());
     columns->addLayout(SetFields(), 1);
     auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel("What your shop sells in boxes. The cheapest purchase is looked for among them."));
+    layout->addWidget(new QLabel("The boxes that your shop sells. The cheapest purchase is chosen among them."));
     layout->addLayout(columns);
     layout->addLayout(Buttons());
     resize(640, 480);

@@ -91,7 +91,7 @@ void MoneyDock::Count() {
     list_->clear();
     const Project& project = session_.Project;
     const Catalogue& catalogue = session_.Catalogue;
-    const std::vector<int> used = UsedProducts(catalogue, project.Design.Circuit);
+    const std::vector<int> used = CountUsedByProduct(catalogue, project.Design.Circuit);
     Cents toBuy = 0;
     int unpriced = 0;
     for (const int row : catalogue.ProductRows()) {

@@ -65,7 +65,7 @@ void PieceFinder::Find() {
         item->setData(Qt::UserRole, row);
         item->setToolTip(Shown(session_.Catalogue[row].LongName));
     }
-    if (rows.empty()) (new QListWidgetItem("No piece is called so.", lstFoundPieces_))->setFlags(Qt::NoItemFlags);
+    if (rows.empty()) (new QListWidgetItem("No piece matches.", lstFoundPieces_))->setFlags(Qt::NoItemFlags);
     lstFoundPieces_->setCurrentRow(rows.empty() ? -1 : 0);
     Refresh();
     turned_();

@@ -36,7 +36,7 @@ void Suggester::Refresh(const Changes& changes) {
         if (closings.Suggestions.empty() || !closings.Suggestions.front().IsFree()) return [] {};
         return [this, best = closings.Suggestions.front()] { Show(best); };
     };
-    jobs_.Start({"Close the Loop", "Pieces that close the track are being looked for.", work},
+    jobs_.Start({"Close the Loop", "A search for pieces that close the track is running.", work},
                 [](const JobEnd& end) { end(); }, {});
 }
 

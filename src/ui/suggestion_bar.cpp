@@ -89,8 +89,8 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
 
 QLayout* SuggestionBar::Head() {
     QPushButton* const cmdLeave = NewButton("cmdLeaveSuggestions", "Cancel");
-    cmdLay_->setToolTip("Lay the chosen one, as Enter does");
-    cmdLeave->setToolTip("Leave all as it was, as Esc does");
+    cmdLay_->setToolTip("Lay the selected one, as Enter does");
+    cmdLeave->setToolTip("Change nothing, as Esc does");
     connect(cmdLay_, &QPushButton::clicked, this, [this] { Lay(); });
     connect(cmdLeave, &QPushButton::clicked, this, [this] { Leave(); });
     auto* const row = new QHBoxLayout;
@@ -108,7 +108,7 @@ QWidget* SuggestionBar::Replaced() {
     spnRun_->setToolTip("How many elements are replaced, from the first selected one on");
     for (const auto& [wish, caption] : Wishes)
         cboWish_->addItem(caption, static_cast<int>(wish));
-    cboWish_->setToolTip("What the other pieces shall be");
+    cboWish_->setToolTip("What the replacement should be like");
     cboWish_->setAccessibleName(cboWish_->toolTip());
     connect(spnRun_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(cboWish_, &QComboBox::currentIndexChanged, this, [this] { Find(); });
@@ -127,7 +127,7 @@ QWidget* SuggestionBar::Choices() {
     spnTolerance_->setValue(ClosingOptions().Tolerance * 10);
     spnTolerance_->setPrefix("within ");
     spnTolerance_->setSuffix(" mm");
-    spnTolerance_->setToolTip("How far the ends may lie apart, which all joints share");
+    spnTolerance_->setToolTip("How far apart the ends may be; all joints share it");
     connect(chkOwnedOnly_, &QCheckBox::toggled, this, [this] { Find(); });
     connect(spnMostPieces_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(spnTolerance_, &QDoubleSpinBox::valueChanged, this, [this] { Find(); });

@@ -97,7 +97,7 @@ TEST(Commands, NoTwoControlsOfAnArrayShareTheirPlace) {
 TEST(Commands, ThoseThatWantAWindowAreNotForScripts) {
     std::set<std::string> windowOnly;
     for (const Command& command : Rows()) {
-        if (command.From == Door::WindowOnly) windowOnly.insert(command.Id);
+        if (command.From == Availability::WindowOnly) windowOnly.insert(command.Id);
     }
 
     EXPECT_EQ(windowOnly, (std::set<std::string>{"quit",

@@ -105,7 +105,7 @@ TEST_F(TheHistory, GivesBackWhatStoodBeforeEveryRowThatChangesTheDesign) {
     WriteBytes(folder_ / "oval.trk", CircuitText("C160 C160", "300"));
     std::set<std::string> steps;
     for (const Command& command : session_.Commands.Rows()) {
-        if (command.From == Door::WindowOnly || command.Id == "undo" || command.Id == "redo") continue;
+        if (command.From == Availability::WindowOnly || command.Id == "undo" || command.Id == "redo") continue;
         SCOPED_TRACE(command.Id);
         ScriptedPrompts prompts;
         prompts.Files = {folder_ / "oval.trk"};

@@ -72,7 +72,7 @@ TEST_F(LayingCommands, PriceOnlyWhatIsNotOwned) {
     SetStock(session_.Project, "C151L", 4, 4);
     const Track track = Chain("C160 C160 C160 C160 C160 C151L C151R");
 
-    EXPECT_EQ(PriceOfLacking(session_, track), 500);
+    EXPECT_EQ(PriceOfMissing(session_, track), 500);
 }
 
 TEST_F(LayingCommands, TellHowMuchOfTheBoxACircuitUses) {

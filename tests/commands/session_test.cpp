@@ -268,9 +268,9 @@ TEST_F(TheSession, OpensTheWindowOfEachRowThatHasOne) {
 
 TEST_F(TheSession, OpensNoWindowWhereThereIsNone) {
     for (const char* const id : {"statistics", "draw area", "about", "choose colours", "loose track"})
-        EXPECT_EQ(Row(id).WhyNot(session_), "There is no window.") << id;
+        EXPECT_EQ(Row(id).WhyNot(session_), "Available in the designer only.") << id;
 
-    EXPECT_EQ(FaultOf([&] { Run("about"); }), "Refused: \"about\" is not offered now: There is no window.");
+    EXPECT_EQ(FaultOf([&] { Run("about"); }), "Refused: \"about\" is not offered now: Available in the designer only.");
 }
 
 TEST_F(TheSession, LetsTheFaultsOfWorkThroughToACallerWhoTellsThemInAnotherWay) {
@@ -366,7 +366,7 @@ TEST_F(TheSessionWithJobs, TellsAJobsFaultAtItsEnd) {
 }
 
 TEST_F(TheSessionWithJobs, HasNoneAfterTheRowThatCancelsIt) {
-    EXPECT_EQ(Row("cancel job").WhyNot(session_), "Nothing is being worked on.");
+    EXPECT_EQ(Row("cancel job").WhyNot(session_), "Nothing is running.");
     session_.StartJob(JobOf(RunUntilStopped));
 
     session_.Run(*session_.Commands.Find("cancel job"));

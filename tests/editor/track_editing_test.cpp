@@ -344,7 +344,7 @@ TEST(Starts, MoveByMillimetres) {
     EXPECT_EQ(moved, (BuildCursor{1.3F, -8, 0.5F}));
 }
 
-TEST(Starts, TurnAboutAPointInTheDescribedSteps) {
+TEST(Starts, TurnAboutAPointByTheStepsOfTheButtons) {
     const BuildCursor turned = TurnedAbout({10, 0, 0}, {0, 0}, 8); // of 11.25 degrees
 
     EXPECT_NEAR(turned.CursorX, 0, 1e-4);

@@ -141,7 +141,7 @@ TEST(Centring, BeyondTheBarsBringsTheirRangesAlong) {
     EXPECT_EQ(view.MidX, 170);
 }
 
-TEST(Zoom, ByNotchesTakesTheDescribedStepsOrATenthOfThem) {
+TEST(Zoom, ByNotchesTakesTheStepsOfTheButtonsOrATenthOfThem) {
     ViewSettings view;
     ZoomByNotches(view, {0, 0}, 2, false);
     EXPECT_EQ(view.Width, 280);

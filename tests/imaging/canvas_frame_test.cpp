@@ -1,8 +1,8 @@
 // Where the view's square lies on drawing areas of other forms, and what they show beside it.
 #include "imaging/canvas_frame.h"
 
+#include "imaging/cached_drawing.h"
 #include "imaging/circuit_picture.h"
-#include "imaging/kept_drawing.h"
 #include "render/redraw.h"
 #include "support/chain.h"
 
@@ -30,7 +30,7 @@ QImage SquareAlone(const Project& project, int side) {
 }
 
 QImage Drawn(const Project& project, const CanvasFrame& frame) {
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     drawing.Redraw(Pieces(), project, {}, frame);
     return drawing.Picture();
 }
@@ -104,7 +104,7 @@ TEST_F(CanvasFrames, AShiftedDrawingIsTheOneDrawnAnewWhereItMovedByWholePixels) 
     Project project = Oval();
     project.Design.View.Width = 200; // 2 pixels a cm
     const CanvasFrame frame{{700, 400}};
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     drawing.Redraw(Pieces(), project, {}, frame);
 
     for (const auto& [x, y] : {std::pair(17.0F, 0.0F), {17.0F, -31.0F}, {-60.0F, 12.0F}, {-61.0F, 90.0F}}) {
@@ -123,7 +123,7 @@ TEST_F(CanvasFrames, AShiftBesideWholePixelsStaysWithinHalfOfOneHoweverOftenItIs
     project.Preferences.Grid.Type = 0;
     project.Design.View.Width = 333;
     const CanvasFrame frame{{500, 400}};
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     drawing.Redraw(Pieces(), project, {}, frame);
 
     for (int step = 1; step <= 100; ++step) {
@@ -137,7 +137,7 @@ TEST_F(CanvasFrames, AShiftBesideWholePixelsStaysWithinHalfOfOneHoweverOftenItIs
 
 TEST_F(CanvasFrames, AZoomedDrawingIsNotShifted) {
     Project project = Oval();
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     EXPECT_FALSE(drawing.Shift(Pieces(), project)) << "nothing is drawn yet";
     drawing.Redraw(Pieces(), project, {}, {{300, 300}});
 

@@ -1,8 +1,8 @@
 // A picture under the circuit at its true size, by the colours of the dots where its corners must be.
 #include "imaging/scaled_backdrop.h"
 
+#include "imaging/cached_drawing.h"
 #include "imaging/circuit_picture.h"
-#include "imaging/kept_drawing.h"
 #include "support/chain.h"
 
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ protected:
 
     OffscreenGraphics graphics_;
     Project project_ = ProjectOf("");
-    KeptDrawing drawing_;
+    CachedDrawing drawing_;
 };
 
 TEST_F(ScaledBackdrops, LieWhereTheyArePlacedAtTheirTrueSize) {

@@ -1,8 +1,8 @@
 // Tracks as they look.
 #include "imaging/track_surface.h"
 
+#include "imaging/cached_drawing.h"
 #include "imaging/circuit_picture.h"
-#include "imaging/kept_drawing.h"
 #include "support/chain.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ protected:
     static QImage Drawn(Project project, TrackLook look = TrackLook::Surface) {
         project.Design.View.Width = 200;
         project.Preferences.Grid.Type = 0;
-        KeptDrawing drawing;
+        CachedDrawing drawing;
         drawing.Redraw(Pieces(), project, {}, {{800, 800}}, look);
         return drawing.Picture();
     }
@@ -116,7 +116,7 @@ TEST_F(TrackSurfaces, WriteANumberBesideAPieceThatHasNoRoomForIt) {
     const auto dark = [&](double width, int from, int to) {
         project.Design.View.Width = static_cast<float>(width);
         project.Preferences.Grid.Type = 0;
-        KeptDrawing drawing;
+        CachedDrawing drawing;
         drawing.Redraw(Pieces(), project, {}, {{800, 800}}, TrackLook::Surface);
         int count = 0;
         for (int x = from; x < to; ++x)

@@ -231,11 +231,11 @@ TEST(ColourScheme, HasSixSlotsInTheOrderOfTheSettingsFile) {
 }
 
 TEST(PathParts, ArePartedAfterTheLastSeparator) {
-    EXPECT_EQ(PartedPath("/tracks/old/oval.trk").Folder, "/tracks/old/");
-    EXPECT_EQ(PartedPath("/tracks/old/oval.trk").Title, "oval.trk");
-    EXPECT_EQ(PartedPath("/tracks/").Title, "");
-    EXPECT_EQ(PartedPath("oval.trk").Folder, "");
-    EXPECT_EQ(PartedPath("oval.trk").Title, "oval.trk");
+    EXPECT_EQ(SplitPath("/tracks/old/oval.trk").Folder, "/tracks/old/");
+    EXPECT_EQ(SplitPath("/tracks/old/oval.trk").Title, "oval.trk");
+    EXPECT_EQ(SplitPath("/tracks/").Title, "");
+    EXPECT_EQ(SplitPath("oval.trk").Folder, "");
+    EXPECT_EQ(SplitPath("oval.trk").Title, "oval.trk");
 }
 
 TEST(ProjectName, IsTheFilesTitleLessFourCharactersWhateverTheyAre) {

@@ -114,7 +114,7 @@ TEST(Tiles, OfACircuitAsWideAsARowOfThemTakeNoColumnMore) {
     project.Design.Room.Points = {{0, 0, 0}, {72, 0, 1}};
     const CircuitDrawing drawing = DrawingOf(Pieces(), project, {.Room = true});
 
-    const SheetPlan plan = PlanSheets(drawing, {.Scale = 1, .Orientation = Orientation::Upright, .Tiles = true});
+    const SheetPlan plan = PlanSheets(drawing, {.Scale = 1, .Orientation = Orientation::Portrait, .Tiles = true});
 
     EXPECT_EQ(NamesOf(plan), "A1 B1 C1 D1");
 }

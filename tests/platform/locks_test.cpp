@@ -46,13 +46,13 @@ TEST(RewriteLock, OfAMissingFileIsNone) {
 TEST(LifeSign, ShowsAsLongAsItLives) {
     const TemporaryFolder folder;
     const auto file = folder / "4711.lives";
-    EXPECT_FALSE(LifeSign::Lives(file));
+    EXPECT_FALSE(LifeSign::IsAlive(file));
     {
         const LifeSign sign(file);
-        EXPECT_TRUE(LifeSign::Lives(file));
-        EXPECT_TRUE(LifeSign::Lives(file)) << "looking at it changes nothing";
+        EXPECT_TRUE(LifeSign::IsAlive(file));
+        EXPECT_TRUE(LifeSign::IsAlive(file)) << "looking at it changes nothing";
     }
-    EXPECT_FALSE(LifeSign::Lives(file));
+    EXPECT_FALSE(LifeSign::IsAlive(file));
     EXPECT_EQ(FilesIn(folder.Path()), 0U);
 }
 
@@ -60,7 +60,7 @@ TEST(LifeSign, ThatAKilledProgramLeftShowsNoLife) {
     const TemporaryFolder folder;
     WriteBytes(folder / "4711.lives", "");
 
-    EXPECT_FALSE(LifeSign::Lives(folder / "4711.lives"));
+    EXPECT_FALSE(LifeSign::IsAlive(folder / "4711.lives"));
 }
 
 } // namespace

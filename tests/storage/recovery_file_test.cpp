@@ -136,7 +136,7 @@ TEST_F(RecoveryFiles, OfALivingProgramStayHoweverOldTheyAre) {
     TidyRecoveredWork(folder_.Path());
 
     EXPECT_EQ(Found().size(), 21U);
-    EXPECT_TRUE(LifeSign::Lives(LifeSignOf(folder_.Path(), "1-1")));
+    EXPECT_TRUE(LifeSign::IsAlive(LifeSignOf(folder_.Path(), "1-1")));
 }
 
 TEST_F(RecoveryFiles, AreTidiedTogetherWithWhatKilledProgramsLeft) {

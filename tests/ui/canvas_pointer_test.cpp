@@ -218,7 +218,7 @@ TEST_F(CanvasPointers, DraggingAPieceMovesItsTrackAsOneStep) {
     EXPECT_FALSE(Entry("mnuUndo").isEnabled());
 }
 
-TEST_F(CanvasPointers, WithShiftATrackMovesInTheDescribedSteps) {
+TEST_F(CanvasPointers, WithShiftATrackMovesInStepsOfItsWidth) {
     Open(ProjectOf("C160 C160"));
     const QPoint from = At(8, 50);
 

@@ -45,7 +45,8 @@ protected:
 };
 
 TEST_F(DesktopColours, AreReadableInEachAnswer) {
-    for (const DesktopWish wish : {DesktopWish{true, false}, DesktopWish{true, true}, DesktopWish{false, true}}) {
+    for (const DesktopPreference wish :
+         {DesktopPreference{true, false}, DesktopPreference{true, true}, DesktopPreference{false, true}}) {
         const QPalette palette = PaletteFor(wish);
         const double least = wish.HighContrast ? 15 : 7;
         EXPECT_GT(Contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window)), least);

@@ -265,7 +265,7 @@ TEST_F(MyBox, IsSearchedWhileTheWindowIsWorkedIn) {
     EXPECT_EQ(Codes(), "C160");
 
     PressHere("cmdStop");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStop").text() == "&Go On"; }, 60'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStop").text() == "&Continue"; }, 60'000));
     const int before = Circuits().count();
     PressHere("cmdStop");
     EXPECT_EQ(Find<QPushButton>("cmdStop").text(), "St&op");

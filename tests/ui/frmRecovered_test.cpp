@@ -154,7 +154,7 @@ TEST_F(Recovered, WithoutAnyNothingCanBePressed) {
 
     for (const char* const name : {"cmdOpen", "cmdCopy", "cmdDelete"})
         EXPECT_FALSE(In<QPushButton>(*dialog_, name).isEnabled()) << name;
-    EXPECT_EQ(In<QLabel>(*dialog_, "lblExplain").text(), "There is no work that was not saved.");
+    EXPECT_EQ(In<QLabel>(*dialog_, "lblExplain").text(), "There is no unsaved work.");
 }
 
 TEST_F(Recovered, IsOpenedFromTheMenu) {

@@ -234,7 +234,7 @@ TEST_F(PaletteTest, WhatIsNotFoundIsSaidAndLaysNothing) {
     Search("tunnel");
     QTest::keyClick(&Line(), Qt::Key_Return);
 
-    EXPECT_EQ(FoundLines(), (std::vector<std::string>{"No piece is called so."}));
+    EXPECT_EQ(FoundLines(), (std::vector<std::string>{"No piece matches."}));
     EXPECT_EQ(Codes(), "");
 }
 

@@ -223,7 +223,7 @@ TEST_F(Samples, WhereNoneAreThatIsSaid) {
     const frmSamples dialog(*Session, Folder / "gone");
 
     EXPECT_EQ(dialog.findChild<QLabel*>("lblExplain")->text(),
-              "The samples are not there: they come with an installed Pistaro.");
+              "No samples found; they come with an installed Pistaro.");
     EXPECT_FALSE(dialog.findChild<QPushButton*>("cmdOpen")->isEnabled());
 }
 

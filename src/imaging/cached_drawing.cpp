@@ -1,4 +1,4 @@
-#include "imaging/kept_drawing.h"
+#include "imaging/cached_drawing.h"
 
 #include "render/redraw.h"
 
@@ -87,7 +87,7 @@ QRegion Uncovered(const CanvasFrame& frame, QPoint by) {
 
 } // namespace
 
-void KeptDrawing::DrawGroundOf(const QImage& backdrop) {
+void CachedDrawing::DrawGroundOf(const QImage& backdrop) {
     ground_ = EmptyPicture(key_.Frame);
     picture_ = EmptyPicture(key_.Frame);
     hasBackdrop_ = !backdrop.isNull();
@@ -96,11 +96,11 @@ void KeptDrawing::DrawGroundOf(const QImage& backdrop) {
                  [this](QPainter& painter, const PainterSurface& surface) { PaintScaled(painter, surface); });
 }
 
-void KeptDrawing::PaintScaled(QPainter& painter, const PainterSurface& surface) const {
+void CachedDrawing::PaintScaled(QPainter& painter, const PainterSurface& surface) const {
     if (key_.Background) scaled_.Paint(painter, surface, *key_.Background, key_.Room);
 }
 
-void KeptDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part) {
+void CachedDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part) {
     CanvasSurface canvas(picture_, key_.Frame, offset_, part, {});
     ShowView(project.Design.View, canvas.Surface);
     if (key_.Look == TrackLook::Surface) {
@@ -110,7 +110,7 @@ void KeptDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& projec
     }
 }
 
-const std::set<PieceAddress>& KeptDrawing::BridgesIn(const Catalogue& catalogue, const Project& project) {
+const std::set<PieceAddress>& CachedDrawing::BridgesIn(const Catalogue& catalogue, const Project& project) {
     const Circuit& circuit = project.Design.Circuit;
     const int track = project.EditState.CurrentTrack;
     if (circuit != bridged_ || track != bridgedTrack_) {
@@ -121,8 +121,8 @@ const std::set<PieceAddress>& KeptDrawing::BridgesIn(const Catalogue& catalogue,
     return bridges_;
 }
 
-void KeptDrawing::Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop,
-                         const CanvasFrame& frame, TrackLook look, const QImage& scaled) {
+void CachedDrawing::Redraw(const Catalogue& catalogue, const Project& project, const QImage& backdrop,
+                           const CanvasFrame& frame, TrackLook look, const QImage& scaled) {
     GroundKey key{project.Preferences, project.Design.View, backdrop.cacheKey(), frame, look,
                   project.Background,  RoomPolygon(),       scaled.cacheKey()};
     if (key.Background) key.Room = project.Design.Room;
@@ -136,7 +136,7 @@ void KeptDrawing::Redraw(const Catalogue& catalogue, const Project& project, con
     DrawTracksOf(catalogue, project, QRect(QPoint(0, 0), frame.Size));
 }
 
-QRect KeptDrawing::AreaLabelPlace() const {
+QRect CachedDrawing::AreaLabelPlace() const {
     constexpr double leftEdge = 0.02; // of the view's width, as the label's height
     constexpr double height = 0.05;
     constexpr int room = 24; // pixels for the text's line
@@ -145,7 +145,7 @@ QRect KeptDrawing::AreaLabelPlace() const {
             square.bottom() - static_cast<int>(height * square.width()) - 2, square.width() / 2, room};
 }
 
-bool KeptDrawing::Shift(const Catalogue& catalogue, const Project& project) {
+bool CachedDrawing::Shift(const Catalogue& catalogue, const Project& project) {
     const ViewSettings& view = project.Design.View;
     if (picture_.isNull() || hasBackdrop_ || view.Width != key_.View.Width) return false;
     const CanvasFrame& frame = key_.Frame;
@@ -175,7 +175,7 @@ bool KeptDrawing::Shift(const Catalogue& catalogue, const Project& project) {
     return true;
 }
 
-void KeptDrawing::PaintStretched(QPainter& painter, const ViewSettings& view) const {
+void CachedDrawing::PaintStretched(QPainter& painter, const ViewSettings& view) const {
     const CanvasFrame& frame = key_.Frame;
     const ViewRectangle kept = frame.Covered(key_.View);
     const QRectF place(frame.PlaceOf({kept.ViewLeft, kept.ViewTop}, view),

@@ -9,17 +9,17 @@
 
 namespace pistaro {
 
-class LateWriter {
+class DelayedWriter {
 public:
     using Write = std::function<bool()>; ///< whether it is done; must not throw
 
     /// Each write is done at most `delay` after the first that it stands for; one that fails is tried again as often.
-    explicit LateWriter(std::chrono::milliseconds delay) : delay_(delay) {}
+    explicit DelayedWriter(std::chrono::milliseconds delay) : delay_(delay) {}
 
     /// Does not do what still waits.
-    ~LateWriter();
-    LateWriter(const LateWriter&) = delete;
-    LateWriter& operator=(const LateWriter&) = delete;
+    ~DelayedWriter();
+    DelayedWriter(const DelayedWriter&) = delete;
+    DelayedWriter& operator=(const DelayedWriter&) = delete;
 
     /// Has `write` done on another thread. It takes the place of one that waits, but not a later time: under changes
     /// without end there are writes all the same.

@@ -1,5 +1,5 @@
 // A drawing that keeps its ground must look like one that is drawn anew.
-#include "imaging/kept_drawing.h"
+#include "imaging/cached_drawing.h"
 
 #include "imaging/circuit_picture.h"
 #include "render/redraw.h"
@@ -29,7 +29,7 @@ QImage DrawnAnew(const Shown& shown) {
     return image;
 }
 
-void Redraw(KeptDrawing& drawing, const Shown& shown) {
+void Redraw(CachedDrawing& drawing, const Shown& shown) {
     drawing.Redraw(Pieces(), shown.Design, shown.Backdrop, {shown.Size, shown.PixelRatio});
 }
 
@@ -69,7 +69,7 @@ TEST_F(KeptDrawings, AfterAnyChangeLookAsIfDrawnAnew) {
         [](Shown& shown) { NewProject(shown.Design); },
     };
     Shown shown;
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     Redraw(drawing, shown);
     EXPECT_EQ(drawing.Picture(), DrawnAnew(shown)) << "at first";
 
@@ -86,7 +86,7 @@ TEST_F(KeptDrawings, AfterAnyChangeLookAsIfDrawnAnew) {
 
 TEST_F(KeptDrawings, LookTheSameHoweverOftenTheyAreRedrawn) {
     const Shown shown;
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     for (int i = 0; i < 3; ++i) {
         Redraw(drawing, shown);
 
@@ -96,7 +96,7 @@ TEST_F(KeptDrawings, LookTheSameHoweverOftenTheyAreRedrawn) {
 
 TEST_F(KeptDrawings, LeaveThePicturesThatWereTakenOfThemAlone) {
     Shown shown;
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     Redraw(drawing, shown);
     const QImage taken = drawing.Picture();
     const QImage asItWas = DrawnAnew(shown);
@@ -109,7 +109,7 @@ TEST_F(KeptDrawings, LeaveThePicturesThatWereTakenOfThemAlone) {
 
 TEST_F(KeptDrawings, HaveAsManyPixelsAsTheRatioAsksFor) {
     Shown shown;
-    KeptDrawing drawing;
+    CachedDrawing drawing;
     EXPECT_TRUE(drawing.Picture().isNull());
 
     shown.PixelRatio = 2;

@@ -1,18 +1,18 @@
-#include "commands/late_writer.h"
+#include "commands/delayed_writer.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace pistaro {
 
-LateWriter::~LateWriter() {
+DelayedWriter::~DelayedWriter() {
     thread_.request_stop();
     changed_.notify_all();
 }
 
 /// Looks by itself, too, now and then: not every system passes on each notice that comes while a wait begins or ends.
 template <typename Condition>
-void LateWriter::WaitUntil(std::unique_lock<std::mutex>& lock, Condition condition) {
+void DelayedWriter::WaitUntil(std::unique_lock<std::mutex>& lock, Condition condition) {
     constexpr std::chrono::milliseconds nap{500};
     while (!condition()) {
         const auto now = std::chrono::steady_clock::now();
@@ -20,7 +20,7 @@ void LateWriter::WaitUntil(std::unique_lock<std::mutex>& lock, Condition conditi
     }
 }
 
-void LateWriter::Later(Write write) {
+void DelayedWriter::Later(Write write) {
     const std::scoped_lock lock(mutex_);
     if (!waiting_) due_ = std::chrono::steady_clock::now() + delay_;
     waiting_ = std::move(write);
@@ -28,28 +28,28 @@ void LateWriter::Later(Write write) {
     changed_.notify_all();
 }
 
-LateWriter::Write LateWriter::Take(std::unique_lock<std::mutex>& lock) {
+DelayedWriter::Write DelayedWriter::Take(std::unique_lock<std::mutex>& lock) {
     WaitUntil(lock, [this] { return !writes_; });
     return std::exchange(waiting_, nullptr);
 }
 
-void LateWriter::TryAgainLater(Write write) {
+void DelayedWriter::TryAgainLater(Write write) {
     if (waiting_) return; // what came since stands for it
     waiting_ = std::move(write);
     due_ = std::chrono::steady_clock::now() + delay_;
 }
 
-void LateWriter::Now() {
+void DelayedWriter::Now() {
     std::unique_lock lock(mutex_);
     if (const Write write = Take(lock); write && !write()) TryAgainLater(write);
 }
 
-void LateWriter::Forget() {
+void DelayedWriter::Forget() {
     std::unique_lock lock(mutex_);
     Take(lock);
 }
 
-void LateWriter::Run(const std::stop_token& stop) {
+void DelayedWriter::Run(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
     const auto isDue = [this] { return waiting_ != nullptr && std::chrono::steady_clock::now() >= due_; };
     while (true) {

@@ -12,7 +12,7 @@
 
 namespace pistaro {
 
-class KeptDrawing {
+class CachedDrawing {
 public:
     /// Redraws the circuit; by its lines, the view's square to the pixel as RedrawCircuit does. The ground, whose grid
     /// may have ten thousand dots, is drawn when it changes, and copied otherwise. `scaled` is the picture of the
