@@ -103,7 +103,7 @@ QLayout* frmBox::SearchButtons() {
     cmdStop_->setToolTip("Pause the search; it can be continued from there");
     cmdCancelSearch_->setToolTip("End the search at once; the circuits found are kept");
     connect(cmdSearch_, &QPushButton::clicked, this, [this] { Search(); });
-    connect(cmdStop_, &QPushButton::clicked, this, [this] { StopOrGoOn(); });
+    connect(cmdStop_, &QPushButton::clicked, this, [this] { StopOrContinue(); });
     connect(cmdCancelSearch_, &QPushButton::clicked, this, [this] {
         search_.Cancel();
         ShowStanding();
@@ -158,7 +158,7 @@ void frmBox::Search() {
     ShowChosen();
 }
 
-void frmBox::StopOrGoOn() {
+void frmBox::StopOrContinue() {
     if (search_.Standing() == BoxStanding::Runs) {
         search_.Pause();
     } else {

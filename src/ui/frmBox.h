@@ -37,7 +37,7 @@ private:
     QLayout* Buttons();
 
     void Search();
-    void StopOrGoOn();
+    void StopOrContinue();
     void Hear();
     void ShowFound();
     void ShowStanding();

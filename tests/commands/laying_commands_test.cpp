@@ -237,7 +237,7 @@ TEST_F(BoxSearches, FindTheSameWhetherTheyAreStoppedOrNot) {
         WaitForTheEnd();
         if (search_.Standing() != BoxStanding::Paused) break;
         ++pauses;
-        search_.GoOn();
+        search_.Continue();
     }
 
     EXPECT_GT(pauses, 0);
@@ -245,12 +245,12 @@ TEST_F(BoxSearches, FindTheSameWhetherTheyAreStoppedOrNot) {
     EXPECT_EQ(Tracks(), whole);
 }
 
-TEST_F(BoxSearches, FindMoreWhenTheyGoOnBehindTheirEnd) {
+TEST_F(BoxSearches, FindMoreWhenTheyContinueAfterTheirEnd) {
     search_.Start(Task(LargerBox));
     WaitForTheEnd();
     const std::size_t before = search_.Found().size();
 
-    search_.GoOn();
+    search_.Continue();
     WaitForTheEnd();
 
     EXPECT_GT(search_.Found().size(), before);
