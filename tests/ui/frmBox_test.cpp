@@ -259,7 +259,7 @@ TEST_F(MyBox, IsSearchedWhileTheWindowIsWorkedIn) {
 
     PressHere("cmdSearch");
     ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0; }, 60'000));
-    EXPECT_THAT(Text("lblFound"), HasSubstr("looking on"));
+    EXPECT_THAT(Text("lblFound"), HasSubstr("still searching"));
     Project.EditState.System = TrackSystem::Scalextric;
     Click("cmdElement", "C160");
     EXPECT_EQ(Codes(), "C160");
