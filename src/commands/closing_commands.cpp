@@ -1,5 +1,6 @@
 #include "commands/closing_commands.h"
 
+#include "checks/ground_rules.h"
 #include "commands/piece_texts.h"
 #include "layout/built_lanes.h"
 #include "layout/outline.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 
 namespace pistaro {
 
@@ -123,6 +125,49 @@ void KeepWished(const Session& session, const std::vector<std::string>& codes, R
     std::erase_if(suggestions, isUnwished);
 }
 
+std::string ElementText(const Track& track, int element) {
+    return track.ElementCodes[static_cast<std::size_t>(element)] + " (" + std::to_string(element) + ")";
+}
+
+/// "2 pieces: C160, C151L."; of a mend "Takes out C160 (0), lays C159." or "Lays C159 before C160 (4)."
+std::string EditText(const Session& session, const Suggestion& suggestion) {
+    const TrackEdit& edit = suggestion.Edit;
+    const std::string laid = Listed(edit.Insert);
+    if (!suggestion.IsMend) return PieceCountText(suggestion.Count()) + ": " + laid + ".";
+    const Track& track = CurrentTrack(session);
+    if (edit.Remove == 0) return "Lays " + laid + " before " + ElementText(track, edit.At) + ".";
+    std::vector<std::string> takenOut;
+    for (int element = edit.At; element < edit.At + edit.Remove; ++element)
+        takenOut.push_back(ElementText(track, element));
+    return "Takes out " + Listed(takenOut) + (laid.empty() ? "." : ", lays " + laid + ".");
+}
+
+/// " Overlaps this track and track 2."
+std::string OverlapText(const Session& session, const Suggestion& suggestion) {
+    if (!suggestion.Overlaps) return "";
+    const Project& project = session.Project;
+    const TrackEdit& edit = suggestion.Edit;
+    const int current = project.EditState.CurrentTrack;
+    Design changed = project.Design;
+    Apply(edit, *EditedTrack(changed.Circuit, project.EditState));
+    const auto isConcerned = [&](int track, int element) {
+        const bool isLaid = element >= edit.At && element < edit.At + suggestion.Count();
+        return track == current && (isLaid || suggestion.IsMend);
+    };
+    const CheckedCircuit circuit(session.Catalogue, changed, project.Stock, project.Preferences.Units);
+    std::set<int> overlapped;
+    for (const Finding& finding : FindOverlaps(circuit)) {
+        const PieceAddress other = finding.Other.value_or(PieceAddress{finding.Track, finding.Pieces.back()});
+        if (isConcerned(finding.Track, finding.Pieces.front())) overlapped.insert(other.Track);
+        if (isConcerned(other.Track, other.Element)) overlapped.insert(finding.Track);
+    }
+    std::string names;
+    for (const int track : overlapped)
+        names += (names.empty() ? "" : " and ") +
+                 (track == current ? std::string("this track") : "track " + std::to_string(track + 1));
+    return " Overlaps " + (names.empty() ? "other pieces" : names) + "."; // in a heap not all overlaps are told
+}
+
 /// How the misfit shows once all joints share it; empty where a usual joint takes it without notice.
 std::string JointText(const Session& session, const Suggestion& suggestion) {
     if (double{suggestion.Gap.Distance} <= ClosingOptions().Tolerance) return "";
@@ -144,8 +189,20 @@ std::string WhyNotClose(const Session& session) {
 
 Closings FindClosings(const Session& session, const ClosingOptions& options) {
     const Project& project = session.Project;
-    Closings closings = CloseTrack(session.Closings, session.Catalogue, project.Design, project.Stock,
-                                   project.EditState.CurrentTrack, options, {});
+    const auto find = [&](const ClosingOptions& chosen) {
+        return CloseTrack(session.Closings, session.Catalogue, project.Design, project.Stock,
+                          project.EditState.CurrentTrack, chosen, {});
+    };
+    const auto hasFree = [](const Closings& found) {
+        return !found.Suggestions.empty() && found.Suggestions.front().IsFree();
+    };
+    Closings closings = find(options);
+    if (options.MostRemoved == 0 && !hasFree(closings)) {
+        ClosingOptions mending = options;
+        mending.MostRemoved = 2;
+        Closings mends = find(mending);
+        if (hasFree(mends) || closings.Suggestions.empty()) closings = std::move(mends);
+    }
     closings.WhyNone = Sentence(closings.WhyNone);
     return closings;
 }
@@ -191,7 +248,9 @@ void LaySuggestion(Session& session, const Suggestion& suggestion) {
     session.Work([&] {
         EditState& edit = session.Project.EditState;
         Track& track = *EditedTrack(session.Project.Design.Circuit, edit);
-        session.NameStep(suggestion.Edit.Remove == 0 ? "Close the Loop" : "Replace a Run");
+        session.NameStep(suggestion.IsMend             ? "Mend the Track"
+                         : suggestion.Edit.Remove == 0 ? "Close the Loop"
+                                                       : "Replace a Run");
         Apply(suggestion.Edit, track);
         edit.Select(std::min(std::max(0, suggestion.Edit.At + suggestion.Count() - 1), track.ElementLastIndex()));
         edit.DataChanged = true;
@@ -206,17 +265,19 @@ std::string CaptionOf(const Session& session, const Suggestion& suggestion) {
     const std::string price = unpriced == 0                    ? known
                               : unpriced == suggestion.Count() ? "price unknown"
                                                                : "from " + known;
-    return PieceCountText(suggestion.Count()) + "\n" + price + "\n" +
+    const int takenOut = suggestion.IsMend ? suggestion.Edit.Remove : 0;
+    const std::string instead = takenOut > 0 ? " for " + std::to_string(takenOut) : "";
+    return PieceCountText(suggestion.Count()) + instead + "\n" + price + "\n" +
            (suggestion.IsOwned ? "all owned" : "not all owned");
 }
 
 std::string TextOf(const Session& session, const Suggestion& suggestion) {
     const std::vector<std::string> lacking = ToBuy(session, suggestion);
-    std::string text = PieceCountText(suggestion.Count()) + ": " + Listed(suggestion.Edit.Insert) + ".";
+    std::string text = EditText(session, suggestion);
     text += " " + PriceText(session, CentsOf(double{suggestion.Price}), UnpricedOf(session, suggestion.Edit.Insert));
     text += lacking.empty() ? ", all owned." : "; to buy: " + Listed(lacking) + ".";
     text += JointText(session, suggestion);
-    if (suggestion.Overlaps) text += " Overlaps other track.";
+    text += OverlapText(session, suggestion);
     if (suggestion.IsOutside) text += " Leaves the room.";
     return text;
 }
@@ -225,7 +286,7 @@ GhostPlace PlaceOf(const Session& session, const Suggestion& suggestion) {
     constexpr double tolerance = 0.1; // cm
     const TrackEdit& edit = suggestion.Edit;
     const Track& track = CurrentTrack(session);
-    GhostPlace place{.Start = track.Start(), .CodeBefore = {}, .TakenOut = {}};
+    GhostPlace place{.Start = track.Start(), .CodeBefore = {}, .TakenOut = {}, .Moved = {}};
     WalkTrack(session.Catalogue, track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
         if (placement == nullptr) return;
         if (element < edit.At) place.Start = placement->Exit;
@@ -233,6 +294,11 @@ GhostPlace PlaceOf(const Session& session, const Suggestion& suggestion) {
             place.TakenOut.push_back(OutlinePolygon(*placement, tolerance));
     });
     if (edit.At > 0) place.CodeBefore = track.ElementCodes[static_cast<std::size_t>(edit.At - 1)];
+    if (suggestion.IsMend) {
+        Track mended = track;
+        Apply(edit, mended);
+        place.Moved.assign(mended.ElementCodes.begin() + edit.At, mended.ElementCodes.end());
+    }
     return place;
 }
 

@@ -11,7 +11,8 @@ namespace pistaro {
 /// Why the current track cannot be closed; empty when it can be tried.
 std::string WhyNotClose(const Session& session);
 
-/// The closings of the current track.
+/// The closings of the current track. Where no piece may be taken out and no closing is free of faults, as many pieces
+/// may be as mend almost every track.
 Closings FindClosings(const Session& session, const ClosingOptions& options);
 
 /// What other pieces for a run shall be, beside leading to the same place.
@@ -37,10 +38,11 @@ void LaySuggestion(Session& session, int number);
 /// The same for a suggestion at hand.
 void LaySuggestion(Session& session, const Suggestion& suggestion);
 
-/// "2 pieces: C160, C151L. 7.50 EUR; to buy: C160. Each joint gives 0.1 mm." and what is wrong with it.
+/// "2 pieces: C160, C151L. 7.50 EUR; to buy: C160. Each joint gives 0.1 mm." and what is wrong with it. Of a mend what
+/// it takes out stands first: "Takes out C160 (0), lays C159, C151L. 7.50 EUR ..."
 std::string TextOf(const Session& session, const Suggestion& suggestion);
 
-/// The same in short, three lines: "2 pieces", "7.50 EUR", "all owned".
+/// The same in short, three lines: "2 pieces" or "2 pieces for 1", "7.50 EUR", "all owned".
 std::string CaptionOf(const Session& session, const Suggestion& suggestion);
 
 /// "1 piece", "2 pieces".
@@ -51,6 +53,7 @@ struct GhostPlace {
     BuildCursor Start;
     std::string CodeBefore;                        ///< of the element before them; empty where there is none
     std::vector<std::vector<WorldPoint>> TakenOut; ///< the grounds of the elements in whose place they lie
+    std::vector<std::string> Moved;                ///< of a mend: they and the elements behind them, as they would lie
 };
 GhostPlace PlaceOf(const Session& session, const Suggestion& suggestion);
 

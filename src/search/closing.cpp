@@ -23,10 +23,12 @@ std::string Millimetres(float centimetres) {
     return (tenths % 10 == 0 ? whole : whole + "." + std::to_string(tenths % 10)) + " mm";
 }
 
-std::string WhyNothingCloses(int mostPieces, bool ownedOnly, const std::optional<NearestMiss>& nearest) {
+std::string WhyNothingCloses(int mostPieces, const ClosingOptions& options, const std::optional<NearestMiss>& nearest) {
     std::string why =
         "nothing closes it with " + (mostPieces == 1 ? "one piece" : "up to " + std::to_string(mostPieces) + " pieces");
-    if (ownedOnly) why += " of those that are owned and not used";
+    if (options.OwnedOnly) why += " of those that are owned and not used";
+    if (options.MostRemoved > 0)
+        why += ", nor with up to " + std::to_string(options.MostRemoved) + " of the track's taken out";
     if (!nearest) return why;
     if (nearest->Pieces.empty()) return why + "; it is " + Millimetres(nearest->Distance) + " short as it is";
     why += "; the nearest miss is " + Millimetres(nearest->Distance) + " short, with";
@@ -270,8 +272,7 @@ Closings CloseTrack(const ClosingTables& tables, const Catalogue& catalogue, con
     Order(catalogue, closings.Suggestions, options.Limit, fewest);
     if (!closings.Suggestions.empty()) return closings;
     closings.Nearest = closer.Nearest(mostPieces);
-    closings.WhyNone =
-        room == 0 ? "the track is full" : WhyNothingCloses(mostPieces, options.OwnedOnly, closings.Nearest);
+    closings.WhyNone = room == 0 ? "the track is full" : WhyNothingCloses(mostPieces, options, closings.Nearest);
     return closings;
 }
 

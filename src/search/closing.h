@@ -46,6 +46,7 @@ struct Suggestion {
                            ///< one of the whole track, as what lies behind them is moved
     bool IsOutside = false;  ///< one of them leaves the room
     bool IsShortest = false; ///< there is none of fewer pieces
+    bool IsMend = false;     ///< closes the track by a change within it, which moves what lies behind
 
     int Count() const { return static_cast<int>(Edit.Insert.size()); }
     bool IsFree() const { return !Overlaps && !IsOutside; }

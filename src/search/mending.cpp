@@ -59,6 +59,7 @@ private:
         for (const Offer& offer : market.OffersFor(chain)) {
             if (options_.OwnedOnly && !offer.IsOwned) continue;
             Mend mend;
+            mend.Change.IsMend = true;
             mend.Change.Edit = {.At = at, .Remove = remove};
             for (const int row : offer.Rows)
                 mend.Change.Edit.Insert.push_back(catalogue_[row].Code);

@@ -27,6 +27,7 @@ constexpr QSize IconSize(72, 54);
 constexpr Colour FreeGhost = Rgb(0, 130, 60);
 constexpr Colour FaultyGhost = Rgb(200, 60, 0);
 constexpr Colour TakenOut = Rgb(150, 150, 150);
+constexpr Colour Moved = Rgb(150, 190, 165);
 const char* const Owner = "suggestion"; ///< of the overlay
 
 constexpr std::array<std::pair<ReplacementWish, const char*>, 5> Wishes{
@@ -57,9 +58,9 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
     : session_(session), view_(view), lblSuggestion_(Named(new QLabel, "lblSuggestion")),
       lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
       chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
-      spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")),
-      spnRun_(Named(new QSpinBox, "spnRun")), cboWish_(Named(new QComboBox, "cboWish")),
-      cmdLay_(NewButton("cmdLaySuggestion", "&Lay")) {
+      spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnMostRemoved_(Named(new QSpinBox, "spnMostRemoved")),
+      spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")), spnRun_(Named(new QSpinBox, "spnRun")),
+      cboWish_(Named(new QComboBox, "cboWish")), cmdLay_(NewButton("cmdLaySuggestion", "&Lay")) {
     setObjectName("fraSuggestions");
     setAutoFillBackground(true);
     lblSuggestion_->setWordWrap(true);
@@ -67,6 +68,7 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
     lblSuggestion_->setFixedHeight(2 * lblSuggestion_->fontMetrics().lineSpacing());
     lstSuggestions_->setAccessibleName("Suggestions");
     spnMostPieces_->setAccessibleName("Pieces at most");
+    spnMostRemoved_->setAccessibleName("Pieces to take out at most");
     spnTolerance_->setAccessibleName("Tolerance");
     spnRun_->setAccessibleName("Elements to replace");
     lstSuggestions_->setFlow(QListView::LeftToRight);
@@ -102,17 +104,24 @@ QLayout* SuggestionBar::Head() {
     return row;
 }
 
-/// What other pieces are laid in the place of, and what they shall be.
+/// What other pieces are laid in the place of, and what those for a run shall be.
 QWidget* SuggestionBar::Replaced() {
+    spnMostRemoved_->setRange(0, 4);
+    spnMostRemoved_->setValue(ClosingOptions().MostRemoved);
+    spnMostRemoved_->setPrefix("replace up to ");
+    spnMostRemoved_->setSpecialValueText("replace if needed");
+    spnMostRemoved_->setToolTip("How many neighbouring pieces may be taken out, anywhere in the track; at 0 up to two "
+                                "where no closing is free of faults otherwise");
     spnRun_->setPrefix("in place of ");
     spnRun_->setToolTip("How many elements are replaced, from the first selected one on");
     for (const auto& [wish, caption] : Wishes)
         cboWish_->addItem(caption, static_cast<int>(wish));
     cboWish_->setToolTip("What the replacement should be like");
     cboWish_->setAccessibleName(cboWish_->toolTip());
+    connect(spnMostRemoved_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(spnRun_, &QSpinBox::valueChanged, this, [this] { Find(); });
     connect(cboWish_, &QComboBox::currentIndexChanged, this, [this] { Find(); });
-    return RowOf({spnRun_, cboWish_});
+    return RowOf({spnMostRemoved_, spnRun_, cboWish_});
 }
 
 QWidget* SuggestionBar::Choices() {
@@ -152,7 +161,9 @@ void SuggestionBar::ShowReplacements() {
 }
 
 void SuggestionBar::Open() {
-    spnRun_->parentWidget()->setVisible(isReplacing_);
+    spnMostRemoved_->setVisible(!isReplacing_);
+    spnRun_->setVisible(isReplacing_);
+    cboWish_->setVisible(isReplacing_);
     show();
     viewBefore_ = viewShown_ = session_.Project.Design.View;
     Find();
@@ -162,6 +173,7 @@ void SuggestionBar::Open() {
 ClosingOptions SuggestionBar::Options() const {
     ClosingOptions options;
     options.MostPieces = spnMostPieces_->value();
+    options.MostRemoved = spnMostRemoved_->value();
     options.Tolerance = spnTolerance_->value() / 10;
     options.OwnedOnly = chkOwnedOnly_->isChecked();
     return options;
@@ -176,6 +188,7 @@ void SuggestionBar::Find() {
         suggestions_ = found.Suggestions;
         lblSuggestion_->setText(Shown(found.WhyNone));
     });
+    mendsAtNeed_ = Options().MostRemoved == 0 && std::ranges::any_of(suggestions_, &Suggestion::IsMend);
     const QSignalBlocker quiet(lstSuggestions_);
     lstSuggestions_->clear();
     for (const Suggestion& suggestion : suggestions_) {
@@ -192,15 +205,21 @@ void SuggestionBar::ShowGhost() {
     const int row = lstSuggestions_->currentRow();
     if (row < 0) return view_.ClearOverlay(Owner);
     const Suggestion& suggestion = suggestions_[static_cast<std::size_t>(row)];
+    view_.SetOverlay(Owner, GhostOf(suggestion));
+    const QString why = mendsAtNeed_ ? "No addition fits. " : "";
+    lblSuggestion_->setText(why + Shown(TextOf(session_, suggestion)));
+    lblSuggestion_->setToolTip(lblSuggestion_->text());
+    BringIntoSight(suggestion);
+}
+
+Overlay SuggestionBar::GhostOf(const Suggestion& suggestion) const {
     const GhostPlace place = PlaceOf(session_, suggestion);
     Overlay overlay;
+    if (!place.Moved.empty()) overlay.push_back(OverlayPieces{place.Moved, place.Start, place.CodeBefore, Moved});
     for (const std::vector<WorldPoint>& ground : place.TakenOut)
         overlay.push_back(OverlayArea{.Polygon = ground, .InkColour = TakenOut, .Hatched = true});
     overlay.push_back(OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)});
-    view_.SetOverlay(Owner, std::move(overlay));
-    lblSuggestion_->setText(Shown(TextOf(session_, suggestion)));
-    lblSuggestion_->setToolTip(lblSuggestion_->text());
-    BringIntoSight(suggestion);
+    return overlay;
 }
 
 /// Moves the user's view no further than it takes, and zooms out where the ghost is larger than it.
@@ -243,8 +262,9 @@ QIcon SuggestionBar::IconOf(const Suggestion& suggestion) const {
     picture.setDevicePixelRatio(ratio);
     picture.fill(palette().color(QPalette::Base)); // that of the chosen one, too, is seen on its own ground
     QPainter painter(&picture);
-    PaintOverlay({OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)}},
-                 session_.Catalogue, view, CanvasFrame{IconSize, ratio}, painter);
+    const OverlayPieces laid{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)};
+    PaintOverlay(suggestion.IsMend ? GhostOf(suggestion) : Overlay{laid}, session_.Catalogue, view,
+                 CanvasFrame{IconSize, ratio}, painter);
     painter.end();
     QIcon icon(picture);
     icon.addPixmap(picture, QIcon::Selected);

@@ -48,6 +48,7 @@ private:
     void Lay();
     void Leave();
     bool TakesKey(int key);
+    Overlay GhostOf(const Suggestion& suggestion) const;
     GroundBox BoxOf(const Suggestion& suggestion) const;
     ClosingOptions Options() const;
     QIcon IconOf(const Suggestion& suggestion) const;
@@ -58,6 +59,7 @@ private:
     QListWidget* const lstSuggestions_;
     QCheckBox* const chkOwnedOnly_;
     QSpinBox* const spnMostPieces_;
+    QSpinBox* const spnMostRemoved_;
     QDoubleSpinBox* const spnTolerance_;
     QSpinBox* const spnRun_;
     QComboBox* const cboWish_;
@@ -65,6 +67,7 @@ private:
     std::optional<ViewSettings> viewBefore_, viewShown_; ///< the user's, and what was made of it to show a ghost
     int firstReplaced_ = 0;                              ///< element of the current track
     bool isReplacing_ = false;
+    bool mendsAtNeed_ = false; ///< suggestions take pieces out though none are asked to, as no other is free of faults
     std::vector<Suggestion> suggestions_;
 };
 

@@ -19,6 +19,9 @@ using testing::StartsWith;
 
 const char* const OpenOval = "C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R";
 
+const char* const WrongAtStart = "C152R C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R";
+const char* const MendedAtStart = "C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R";
+
 class Suggestions : public WindowTest {
 protected:
     QWidget& Strip() { return Find<QWidget>("fraSuggestions"); }
@@ -71,6 +74,63 @@ TEST_F(Suggestions, AreLaidByEnterAsOneStep) {
     EXPECT_TRUE(Ghosts().empty());
     Choose("mnuUndo");
     EXPECT_EQ(Codes(), OpenOval);
+}
+
+TEST_F(Suggestions, TakeAPieceOutWhereNoAdditionIsFreeOfFaults) {
+    Open(ProjectOf(WrongAtStart));
+
+    Choose("mnuCloseLoop");
+
+    EXPECT_EQ(Find<QSpinBox>("spnMostRemoved").value(), 0);
+    EXPECT_EQ(Text("lblSuggestion"), "No addition fits. Takes out C152R (0), lays C160. 0.00 EUR + 1 without a price; "
+                                     "to buy: C160.");
+    EXPECT_EQ(Ways().item(0)->text().toStdString(), "1 piece for 1\nprice unknown\nnot all owned");
+    const Overlay& ghost = Canvas().OverlayOf("suggestion");
+    ASSERT_EQ(ghost.size(), 3U) << "how the whole lies then, what goes, what is new";
+    EXPECT_EQ(std::get<OverlayPieces>(ghost[0]).Codes, pistaro::Codes(MendedAtStart));
+    EXPECT_TRUE(std::get<OverlayArea>(ghost[1]).Hatched);
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C160"));
+}
+
+TEST_F(Suggestions, ThatTakePiecesOutAreLaidByEnterAsOneStep) {
+    Open(ProjectOf(WrongAtStart));
+    Choose("mnuCloseLoop");
+
+    Press(Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), MendedAtStart);
+    EXPECT_TRUE(Entry("mnuUndo").text().contains("Mend the Track")) << Entry("mnuUndo").text().toStdString();
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), WrongAtStart);
+}
+
+TEST_F(Suggestions, TakeAsManyPiecesOutAsTheirBoxAllows) {
+    // The side that leads back is too long by a C157: another one at the end makes up for it.
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C157 C151R C151R C151R C151R"));
+    Choose("mnuCloseLoop");
+    EXPECT_EQ(Ghosts(), pistaro::Codes("C157"));
+    auto& most = Find<QSpinBox>("spnMostRemoved");
+
+    QTest::keyClick(&most, Qt::Key_Up);
+
+    EXPECT_EQ(most.value(), 1);
+    EXPECT_EQ(Text("lblSuggestion"), "Takes out C157 (8). 0.00 EUR, all owned.");
+    EXPECT_TRUE(Ghosts().empty());
+    Choose("mnuCloseLoop");
+    EXPECT_EQ(most.value(), 1) << "the strip keeps what was chosen in it";
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Codes(), MendedAtStart);
+}
+
+TEST_F(Suggestions, ForARunHaveNoBoxForPiecesElsewhere) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R");
+    project.EditState.CurrentElement[0] = 0;
+    Open(project);
+
+    Choose("mnuCloseLoop");
+    EXPECT_TRUE(Find<QSpinBox>("spnMostRemoved").isVisible());
+    Choose("mnuReplaceBy");
+    EXPECT_FALSE(Find<QSpinBox>("spnMostRemoved").isVisible());
 }
 
 TEST_F(Suggestions, TellHowManyOfTheirPiecesHaveNoPrice) {
