@@ -32,17 +32,21 @@ std::optional<int> EmptyTrack(const Circuit& circuit) {
     return static_cast<int>(empty - circuit.Tracks.begin());
 }
 
-/// Behind the last piece of a closed track others would lie over its first ones: an empty track is offered instead.
-void LeaveClosedTrack(Session& session) {
+/// After the last piece of a closed track others would lie over its first ones: an empty track is offered instead.
+/// False where the user wants neither.
+bool LeavesClosedTrack(Session& session) {
     const Circuit& circuit = session.Project.Design.Circuit;
     EditState& edit = session.Project.EditState;
     const Track& track = *EditedTrack(circuit, edit);
     const auto empty = EmptyTrack(circuit);
-    if (!empty || track.ElementCodes.empty() || !IsClosed(GapOf(session.Catalogue, track))) return;
-    const std::string question = "Track " + std::to_string(edit.CurrentTrack + 1) +
-                                 " is closed: pieces at its end would lie over its first ones. Lay them on track " +
-                                 std::to_string(*empty + 1) + ", which is empty?";
-    if (session.Prompts.Ask(question, Buttons::YesNo) == Answer::Yes) ChooseTrack(edit, *empty);
+    if (!empty || track.ElementCodes.empty() || !IsClosed(GapOf(session.Catalogue, track))) return true;
+    const std::string question =
+        "Track " + std::to_string(edit.CurrentTrack + 1) +
+        " is closed: pieces at its end would lie over its first ones. They are laid on track " +
+        std::to_string(*empty + 1) + ", which is empty.";
+    if (session.Prompts.Ask(question, Buttons::OkCancel) != Answer::Ok) return false;
+    ChooseTrack(edit, *empty);
+    return true;
 }
 
 } // namespace
@@ -60,7 +64,7 @@ void CopyCommand(Session& session) {
 
 void PasteCommand(Session& session) {
     const std::vector<std::string> codes = ParsePieceList(session.Catalogue, session.Windows->ClipboardText());
-    LeaveClosedTrack(session);
+    if (!LeavesClosedTrack(session)) return;
     AppendPieces(session.Project.Design, session.Project.EditState, codes);
 }
 

@@ -39,6 +39,18 @@ std::string Beyond(const Session& session, const std::vector<int>& there, const 
     return Listed(pieces);
 }
 
+/// How many of the pieces that would have to be bought have no price.
+int UnpricedOf(const Session& session, const UsedCounts& used) {
+    const Stock& stock = session.Project.Stock;
+    const PieceBox owned = OwnedBox(session.Catalogue, stock);
+    int unpriced = 0;
+    for (const int row : session.Catalogue.HeadRows()) {
+        const auto at = static_cast<std::size_t>(row);
+        if (stock[row].Price == 0) unpriced += std::max(0, used[at] - owned.Counts[at]);
+    }
+    return unpriced;
+}
+
 /// The pieces that would have to be bought, with their price.
 std::string LackingText(const Session& session, const Track& track) {
     const Stock& stock = session.Project.Stock;
@@ -46,12 +58,7 @@ std::string LackingText(const Session& session, const Track& track) {
     const PieceBox owned = OwnedBox(session.Catalogue, stock);
     const std::string lacking = Beyond(session, used, owned.Counts);
     if (lacking.empty()) return "nothing";
-    int unpriced = 0;
-    for (const int row : session.Catalogue.HeadRows()) {
-        const auto at = static_cast<std::size_t>(row);
-        if (stock[row].Price == 0) unpriced += std::max(0, used[at] - owned.Counts[at]);
-    }
-    return lacking + "; " + PriceText(session, PriceOfMissing(session, track), unpriced);
+    return lacking + "; " + PriceText(session, PriceOfMissing(session, track), UnpricedOf(session, used));
 }
 
 std::string PercentText(const LaidCircuit& circuit) {
@@ -176,13 +183,15 @@ std::string UseText(const LaidCircuit& circuit) {
 }
 
 std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit) {
+    const Cents price = PriceOfMissing(session, circuit.Track);
+    const bool isKnown = price > 0 || UnpricedOf(session, UsedBy(session, circuit.Track)) == 0;
     return FixedText(circuit.Length / CmInMetre, 2) + " m, " +
-           PriceText(session, PriceOfMissing(session, circuit.Track), 0);
+           (isKnown ? PriceText(session, price, 0) : "price unknown");
 }
 
 std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights) {
     const std::array<double, 2> lanes = LanesOf(session, circuit);
-    return "lanes " + FixedText(std::abs(lanes[0] - lanes[1]), 1) + " cm, score " +
+    return "lanes differ " + FixedText(std::abs(lanes[0] - lanes[1]), 1) + " cm, score " +
            FixedText(Score(circuit.Parts, weights), 3);
 }
 
@@ -228,6 +237,9 @@ bool KeepAsFiles(Session& session, const Design& room, const std::vector<Track>&
         written.push_back(std::make_unique<WrittenFile>(files[i], CircuitBytes(WithTrack(room, tracks[i]))));
     for (const std::unique_ptr<WrittenFile>& one : written)
         one->TakePlace();
+    const std::string names = TextFromPath(files.front()) +
+                              (files.size() > 1 ? " to " + TextFromPath(files.back().filename()) + " are" : " is");
+    session.Prompts.Tell({Icon::Information, names + " written."});
     return true;
 }
 

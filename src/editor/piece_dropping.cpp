@@ -8,6 +8,7 @@
 #include "platform/fault.h"
 
 #include <cmath>
+#include <limits>
 
 namespace pistaro {
 
@@ -30,6 +31,8 @@ WorldPoint MiddleAt(const BuildCursor& cursor) {
     return {static_cast<float>(cursor.CursorX + half * std::cos(double{cursor.CursorHeading})),
             static_cast<float>(cursor.CursorY + half * std::sin(double{cursor.CursorHeading}))};
 }
+
+double DistanceBetween(WorldPoint a, WorldPoint b) { return std::hypot(double{a.X} - b.X, double{a.Y} - b.Y); }
 
 /// Calls visit(place) for each joint of a track, from its start to its end.
 template <typename Visit>
@@ -83,22 +86,30 @@ std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project&
     const CatalogueEntry* const piece = catalogue.Find(held.Code);
     const EditState& edit = project.EditState;
     if (piece == nullptr || edit.ShowsAllTracks()) return std::nullopt;
-    std::optional<DropPlace> nearest;
+    std::optional<DropPlace> joint; // within reach
+    std::optional<DropPlace> openEnd;
+    double toEnd = std::numeric_limits<double>::infinity();
     for (int number = 0; number < TrackCount; ++number) {
         const Track& track = project.Design.Circuit.Tracks[static_cast<std::size_t>(number)];
         if (track.ElementCodes.empty() && number != edit.CurrentTrack) continue;
         const bool ring = IsRing(catalogue, track);
-        ForEachJoint(catalogue, project.Design.Circuit, number, [&](const DropPlace& place) {
-            const WorldPoint joint = MiddleAt(place.At);
-            const double distance = std::hypot(double{joint.X} - point.X, double{joint.Y} - point.Y);
-            if (distance >= reach) return;
-            reach = distance;
-            nearest = place;
-            const bool before = place.Element == 0 && !track.ElementCodes.empty() && !ring;
-            if (before) nearest->At = Before(piece->Kind, place.At, held.Times);
+        ForEachJoint(catalogue, project.Design.Circuit, number, [&](DropPlace place) {
+            const double distance = DistanceBetween(MiddleAt(place.At), point);
+            const bool isStart = place.Element == 0;
+            const bool isOpenEnd = !ring && (isStart || place.Element > track.ElementLastIndex());
+            if (isStart && isOpenEnd && !track.ElementCodes.empty())
+                place.At = Before(piece->Kind, place.At, held.Times);
+            if (distance < reach) {
+                reach = distance;
+                joint = place;
+            }
+            if (isOpenEnd && distance < toEnd) {
+                toEnd = distance;
+                openEnd = place;
+            }
         });
     }
-    return nearest;
+    return joint ? joint : openEnd;
 }
 
 void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& place, const HeldPiece& held) {

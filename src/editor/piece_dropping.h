@@ -30,8 +30,9 @@ struct HeldPiece {
 /// Insert mode, or, one special piece, in the selected element's place where it fits. Nothing with all tracks chosen.
 std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& piece);
 
-/// The joint nearest to a point of all tracks that may have it: an end, a start, before which the piece then comes to
-/// lie, or between two pieces. Of empty tracks the current one's start alone. Nothing beyond `reach` (cm).
+/// The joint nearest to a point of all tracks: an end, a start, before which the piece then comes to lie, or between
+/// two pieces. Where none is within `reach` (cm), the nearest open end; nothing where all tracks are closed, or all are
+/// chosen. Of empty tracks the current one's start alone.
 std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& held,
                                       WorldPoint point, double reach);
 

@@ -39,13 +39,14 @@ std::string PurchaseText(const Catalogue& catalogue, const Project& project, con
         const std::string name = CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
         table += PricedLine(count, name, PriceOf(project, row));
     });
+    const std::string notSold = CountLines(catalogue, purchase.NotSold, "In no set and without a price: ");
+    if (table.empty() && !notSold.empty()) return "What is missing has no price yet.\n" + notSold;
     const std::string& currency = project.Preferences.Units.Currency;
     table += "Total " + MoneyText(purchase.Total) + " " + currency +
              (purchase.IsProven() ? ", the cheapest there is.\n"
                                   : ", at most " + MoneyText(purchase.Total - purchase.Bound) + " " + currency +
                                         " above the cheapest there is.\n");
-    return table + CountLines(catalogue, purchase.NotSold, "In no set and without a price: ") +
-           CountLines(catalogue, purchase.Surplus, "Left over from the sets: ") +
+    return table + notSold + CountLines(catalogue, purchase.Surplus, "Left over from the sets: ") +
            CountLines(catalogue, UnusedPieces(catalogue, project.Stock, project.Design.Circuit),
                       "Owned and not used: ");
 }

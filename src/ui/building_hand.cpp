@@ -75,6 +75,7 @@ bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
         code_ = TagOf(button);
         dragged_ = !button.rect().contains(mouse.position().toPoint());
         if (dragged_) ShowGhost(PlaceUnder(mouse.globalPosition()));
+        ShowCursor(button);
     } else if (event.type() == QEvent::MouseButtonRelease && dragged_) {
         place_ = PlaceUnder(static_cast<const QMouseEvent&>(event).globalPosition());
         Drop();
@@ -98,6 +99,7 @@ void BuildingHand::Drop() {
     const std::optional<DropPlace> place = place_;
     const HeldPiece held = Held();
     dragged_ = false;
+    QApplication::restoreOverrideCursor();
     PointAt("");
     if (!place) return;
     session_.Do([&] {
@@ -105,6 +107,13 @@ void BuildingHand::Drop() {
         session_.NameStep("Lay " + (times > 1 ? std::to_string(times) + " " : "") + held.Code);
         DropPiece(session_.Catalogue, session_.Project, *place, held);
     });
+}
+
+void BuildingHand::ShowCursor(const QToolButton& button) const {
+    if (!dragged_) return QApplication::restoreOverrideCursor();
+    const QCursor cursor = place_ ? QCursor(button.icon().pixmap(button.iconSize())) : QCursor(Qt::ForbiddenCursor);
+    if (QApplication::overrideCursor() == nullptr) QApplication::setOverrideCursor(cursor);
+    QApplication::changeOverrideCursor(cursor);
 }
 
 std::string BuildingHand::WordsAt(const DropPlace& place) const {

@@ -37,6 +37,8 @@ private:
     void ShowEnds();
     std::optional<DropPlace> PlaceUnder(QPointF global) const;
     void Drop();
+    /// The piece hangs on the mouse while it is dragged; where it cannot be laid a sign says so.
+    void ShowCursor(const QToolButton& button) const;
 
     const Project& Now() const { return session_.Project; }
 

@@ -26,7 +26,7 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     static QSize PictureSize(const QFontMetrics& letters) {
-        const int width = letters.horizontalAdvance("100 % of the box  100 pieces");
+        const int width = letters.horizontalAdvance("lanes differ 149.6 cm  score 0.000");
         return {width, width * 3 / 4};
     }
 

@@ -89,7 +89,8 @@ frmCorvel::frmCorvel(Session& session)
     AddPanels();
     AddHand();
     pointer_->TellPlace = [this](WorldPoint place) {
-        place_->setText(QString::fromStdString(PlaceText(session_.Project, place)));
+        pointedAt_ = place;
+        ShowPlace();
     };
     session_.Windows = &dialogs_;
     observation_ = session_.Observe([this](const Changes& changes) { Refresh(changes); });
@@ -144,7 +145,8 @@ void frmCorvel::Refresh(const Changes& changes) {
     suggester_.Refresh(changes);
     controls_.Refresh();
     circuit_->Refresh();
-    jobBar_->Refresh();                           // the end of a job may have changed anything
+    jobBar_->Refresh(); // the end of a job may have changed anything
+    if (pointedAt_) ShowPlace();
     if (changes == Changes{.View = true}) return; // a view moves too often for what does not show it
     palette_->Refresh();
     track_->Refresh();
@@ -160,6 +162,8 @@ void frmCorvel::Refresh(const Changes& changes) {
     if (tour_ != nullptr) tour_->Refresh();
     pointer_->Refresh(changes);
 }
+
+void frmCorvel::ShowPlace() { place_->setText(QString::fromStdString(PlaceText(session_.Project, *pointedAt_))); }
 
 void frmCorvel::ShowStatus() {
     std::string text = StatusText(session_.Catalogue, session_.Project);

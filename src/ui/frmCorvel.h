@@ -17,6 +17,8 @@
 
 #include <QMainWindow>
 
+#include <optional>
+
 namespace pistaro {
 
 class frmCorvel : public QMainWindow {
@@ -46,6 +48,7 @@ private:
 
     /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
     void Refresh(const Changes& changes);
+    void ShowPlace();
     void ShowStatus();
 
     /// Asks about the circuit's file when another program changed it.
@@ -65,6 +68,7 @@ private:
     QLabel* const status_;
     ElidedLabel* const figures_;
     QLabel* const place_;
+    std::optional<WorldPoint> pointedAt_; ///< of the drawing
     ChecksDock* const checks_;
     MoneyDock* const money_;
     BuildingHand* hand_ = nullptr;

@@ -91,7 +91,7 @@ bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
     const int key = static_cast<const QKeyEvent&>(*event).key();
     if (key == Qt::Key_Escape) {
         txtFindPiece_->clear();
-        txtFindPiece_->setFocus();
+        txtFindPiece_->window()->setFocus(); // where digits and keys of commands belong
         return true;
     }
     if (watched == lstFoundPieces_) {

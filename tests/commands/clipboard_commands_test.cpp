@@ -80,11 +80,12 @@ TEST_F(ClipboardCommands, PasteOnAClosedTrackOffersAnEmptyOne) {
     const std::string circle = "C151L C151L C151L C151L C151L C151L C151L C151L";
     session_.Project.Design.Circuit.Tracks[0] = Chain(circle);
     clipboard_.Text = "C160 x2";
-    user_.Answers = {Answer::Yes, Answer::No};
+    user_.Answers = {Answer::Ok, Answer::Cancel};
 
     Run("paste");
-    EXPECT_EQ(user_.Asked.at(0).Text, "Track 1 is closed: pieces at its end would lie over its first ones. Lay them on "
-                                      "track 3, which is empty?");
+    EXPECT_EQ(user_.Asked.at(0).Text,
+              "Track 1 is closed: pieces at its end would lie over its first ones. They are laid "
+              "on track 3, which is empty.");
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[2]), "C160 C160");
     EXPECT_EQ(session_.Project.EditState.CurrentTrack, 2);
     EXPECT_EQ(Track1(), circle);
@@ -93,7 +94,7 @@ TEST_F(ClipboardCommands, PasteOnAClosedTrackOffersAnEmptyOne) {
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[2]), "");
     session_.Project.EditState.CurrentTrack = 0;
     Run("paste");
-    EXPECT_EQ(Track1(), circle + " C160 C160");
+    EXPECT_EQ(Track1(), circle) << "Cancel lays nothing";
 }
 
 TEST_F(ClipboardCommands, PasteOnAClosedTrackAsksNothingWhereNoOtherIsEmpty) {

@@ -3,6 +3,7 @@
 #include "commands/laying_commands.h"
 
 #include "commands/box_search.h"
+#include "platform/files.h"
 #include "posted_calls.h"
 #include "storage/circuit_file.h"
 #include "support/chain.h"
@@ -83,7 +84,7 @@ TEST_F(LayingCommands, TellHowMuchOfTheBoxACircuitUses) {
     session_.Project.Preferences.Units.Currency = "EUR";
 
     EXPECT_EQ(UseText(circuit), "96 % of the box, 3 pieces");
-    EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m, 0.00 EUR");
+    EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m, price unknown");
 }
 
 TEST_F(LayingCommands, TellHowACircuitDiffersFromOthers) {
@@ -92,8 +93,8 @@ TEST_F(LayingCommands, TellHowACircuitDiffersFromOthers) {
     circuit.Parts.Used = 1;
 
     // Lanes that lie 7.9 cm apart differ by 2 pi times that, once round.
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 1.000");
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes 49.6 cm, score 0.500");
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 1.000");
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 0.500");
 }
 
 TEST_F(LayingCommands, TellTheFiguresOfACircuit) {
@@ -160,6 +161,8 @@ TEST_F(LayingCommands, KeepOneCircuitUnderItsNameAndSeveralWithNumbers) {
     EXPECT_TRUE(KeepAsFiles(session_, room_, {Chain("C151L")}));
     EXPECT_TRUE(KeepAsFiles(session_, room_, {Chain("C160"), Chain("C159")}));
 
+    EXPECT_EQ(prompts_.Told.at(0).Text, TextFromPath(folder_ / "one.trk") + " is written.");
+    EXPECT_EQ(prompts_.Told.at(1).Text, TextFromPath(folder_ / "many-01.trk") + " to many-02.trk are written.");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "one.trk").Circuit.Tracks[0]), "C151L");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-01.trk").Circuit.Tracks[0]), "C160");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-02.trk").Circuit.Tracks[0]), "C159");

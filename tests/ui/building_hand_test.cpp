@@ -164,6 +164,8 @@ TEST_F(BuildingByHand, APieceDraggedToTheEndIsLaidThere) {
     Open(ProjectOf("C160 C160"));
     Drag("C159", 12, 80, false);
     EXPECT_EQ(Ghost().Start, (BuildCursor{0, 70, 0})) << "shown while it is dragged";
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_FALSE(QApplication::overrideCursor()->pixmap().isNull()) << "the piece hangs on the mouse";
     QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {}, QPoint(-500, 0));
     EXPECT_EQ(Codes(), "C160 C160") << "let go beside the drawing it is laid nowhere";
 
@@ -206,12 +208,23 @@ TEST_F(BuildingByHand, ACurveBeforeTheStartLeavesAllOthersWhereTheyLie) {
     EXPECT_NEAR(placement->Corners.Exit.Y, 35, 1e-4);
 }
 
-TEST_F(BuildingByHand, APieceLetGoFarFromAllTracksIsLaidNowhere) {
+TEST_F(BuildingByHand, APieceLetGoFarFromAllTracksGoesToTheNearestOpenEnd) {
     Open(ProjectOf("C160"));
 
-    Drag("C159", 130, -130);
+    Drag("C159", 130, 130);
 
-    EXPECT_EQ(Codes(), "C160");
+    EXPECT_EQ(Codes(), "C160 C159");
+}
+
+TEST_F(BuildingByHand, APieceLetGoFarFromAClosedTrackIsLaidNowhere) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R"));
+
+    Drag("C159", -140, -140, false);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ForbiddenCursor);
+    QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {}, QPoint(-500, 0));
+
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     EXPECT_FALSE(Project.EditState.DataChanged);
 }
 

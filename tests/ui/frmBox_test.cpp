@@ -114,7 +114,7 @@ TEST_F(MyBox, ShowsAllCircuitsOfASmallBoxAsPictures) {
     ASSERT_EQ(Circuits().count(), 5);
     EXPECT_EQ(Text("lblFound"), "5 circuits found; there are no others.");
     EXPECT_THAT(Circuits().item(0)->text().toStdString(),
-                StartsWith("100 % of the box, 12 pieces\n3.26 m, 0.00 EUR\nlanes 49.6 cm, score 0."));
+                StartsWith("100 % of the box, 12 pieces\n3.26 m, price unknown\nlanes differ 49.6 cm, score 0."));
     EXPECT_FALSE(Circuits().item(0)->icon().isNull());
     EXPECT_FALSE(Find<QPushButton>("cmdStop").isEnabled());
 }

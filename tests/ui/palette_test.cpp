@@ -199,6 +199,7 @@ TEST_F(PaletteTest, TheSearchShowsWhatIsFoundInPlaceOfTheButtons) {
 
     QTest::keyClick(&Line(), Qt::Key_Escape);
     EXPECT_EQ(Line().text(), "");
+    EXPECT_FALSE(Line().hasFocus()) << "a digit typed now is meant for a piece";
     EXPECT_FALSE(FoundPieces().isVisible());
     EXPECT_TRUE(Find<QGroupBox>("fraStraights").isVisible());
 }
