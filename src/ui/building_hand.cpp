@@ -154,9 +154,9 @@ void BuildingHand::ShowEnds() {
     const WorldPoint to = MiddleAt(track->Start(), TrackGeometry::ScalextricWidth);
     Overlay ends;
     if (GapBetween(track->Start(), end).Distance < NearlyClosed && track->ElementCodes.size() > 2)
-        ends.push_back(OverlayPath{{LineSegment{from, to}}, colour, 2, true});
-    ends.push_back(OverlayHandle{.Place = to, .InkColour = colour, .Pixels = 5, .Filled = false});
-    ends.push_back(OverlayHandle{.Place = from, .InkColour = colour});
+        ends.emplace_back(OverlayPath{{LineSegment{from, to}}, colour, 2, true});
+    ends.emplace_back(OverlayHandle{.Place = to, .InkColour = colour, .Pixels = 5, .Filled = false});
+    ends.emplace_back(OverlayHandle{.Place = from, .InkColour = colour});
     view_.SetOverlay(EndsOverlay, std::move(ends));
 }
 

@@ -71,7 +71,7 @@ void CanvasPointer::ShowRun() {
     WalkTrack(session_.Catalogue, *track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
         if (placement == nullptr || element < run.First || element >= run.First + run.Count) return;
         constexpr double tolerance = 0.1; // cm
-        tinted.push_back(OverlayArea{.Polygon = OutlinePolygon(*placement, tolerance), .InkColour = RunColour});
+        tinted.emplace_back(OverlayArea{.Polygon = OutlinePolygon(*placement, tolerance), .InkColour = RunColour});
     });
     view_.SetOverlay(RunOverlay, std::move(tinted));
 }

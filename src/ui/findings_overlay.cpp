@@ -81,7 +81,7 @@ void AddSharedGround(Overlay& overlay, const LaidPieces& pieces, const Finding& 
     const PiecePlacement* const a = pieces.At(first);
     const PiecePlacement* const b = pieces.At(second);
     if (a == nullptr || b == nullptr) return;
-    overlay.push_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true});
+    overlay.emplace_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true});
 }
 
 /// The middle of the track's width where a cursor stands.
@@ -95,13 +95,13 @@ void AddGap(Overlay& overlay, const LaidPieces& pieces, const Circuit& circuit, 
     constexpr double width = 15.5; // of most track: the line need not hit the middle to the millimetre
     const LineSegment gap{MiddleAt(pieces.EndOf(finding.Track), width),
                           MiddleAt(circuit.Tracks[static_cast<std::size_t>(finding.Track)].Start(), width)};
-    overlay.push_back(OverlayPath{{gap}, ColourOf(finding.Severity), 3, true});
+    overlay.emplace_back(OverlayPath{{gap}, ColourOf(finding.Severity), 3, true});
 }
 
 void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
     for (const int element : finding.Pieces) {
         if (const PiecePlacement* const piece = pieces.At({finding.Track, element}))
-            overlay.push_back(OverlayPath{EdgesOf(*piece), ErrorColour, 4, false});
+            overlay.emplace_back(OverlayPath{EdgesOf(*piece), ErrorColour, 4, false});
     }
 }
 
@@ -113,7 +113,7 @@ void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding
     if (finding.Other) places.push_back(*finding.Other);
     for (const PieceAddress place : places) {
         if (const PiecePlacement* const piece = pieces.At(place))
-            overlay.push_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false});
+            overlay.emplace_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false});
     }
 }
 
@@ -141,7 +141,7 @@ Overlay LanesOverlay(const Catalogue& catalogue, const Circuit& circuit) {
         const BuiltLanes lanes = LanesAsBuilt(catalogue, circuit.Tracks[track]);
         std::array<std::vector<Segment>, 2> paths = LanePaths(catalogue, circuit.Tracks[track]);
         for (std::size_t lane = 0; lane < paths.size(); ++lane)
-            overlay.push_back(
+            overlay.emplace_back(
                 OverlayPath{std::move(paths[lane]), colours[2 * track + (lanes.Joined ? 0 : lane)], 3, false});
     }
     return overlay;

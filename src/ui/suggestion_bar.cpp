@@ -215,10 +215,10 @@ void SuggestionBar::ShowGhost() {
 Overlay SuggestionBar::GhostOf(const Suggestion& suggestion) const {
     const GhostPlace place = PlaceOf(session_, suggestion);
     Overlay overlay;
-    if (!place.Moved.empty()) overlay.push_back(OverlayPieces{place.Moved, place.Start, place.CodeBefore, Moved});
+    if (!place.Moved.empty()) overlay.emplace_back(OverlayPieces{place.Moved, place.Start, place.CodeBefore, Moved});
     for (const std::vector<WorldPoint>& ground : place.TakenOut)
-        overlay.push_back(OverlayArea{.Polygon = ground, .InkColour = TakenOut, .Hatched = true});
-    overlay.push_back(OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)});
+        overlay.emplace_back(OverlayArea{.Polygon = ground, .InkColour = TakenOut, .Hatched = true});
+    overlay.emplace_back(OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)});
     return overlay;
 }
 
