@@ -16,14 +16,13 @@ public:
         setObjectName("picChosen");
         setAccessibleName("The chosen circuit");
         constexpr int least = 180;
-        setMinimumSize(least, heightForWidth(least));
+        setMinimumSize(least, HeightOf(least));
         QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
         policy.setHeightForWidth(true);
         setSizePolicy(policy);
     }
 
-    /// That of most rooms.
-    int heightForWidth(int width) const override { return width * 3 / 4; }
+    int heightForWidth(int width) const override { return HeightOf(width); }
 
     void Show(std::optional<Design> design, const QString& instead) {
         design_ = std::move(design);
@@ -51,6 +50,9 @@ protected:
     }
 
 private:
+    /// As most rooms are.
+    static int HeightOf(int width) { return width * 3 / 4; }
+
     Session& session_;
     std::optional<Design> design_;
     QString instead_;
