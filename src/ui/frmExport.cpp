@@ -52,7 +52,7 @@ QString SizeText(const PlannedSheets& sheets, ExportFormat format, const ExportO
         return Centimetres(extent.Width(), extent.Height()) + " at full size";
     }
     if (format == ExportFormat::Pdf) return SheetsText(sheets) + ", " + size + (plan.Tiled ? " each" : "");
-    const QString atScale = size + " at " + Shown(plan.ScaleText());
+    QString atScale = size + " at " + Shown(plan.ScaleText());
     if (format == ExportFormat::Svg) return atScale;
     const PixelSize pixels = SheetPixels(plan, DotsPerInchOf(plan, options));
     return QString("%1 × %2 pixels, %3").arg(pixels.Width).arg(pixels.Height).arg(atScale);
