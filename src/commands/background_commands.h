@@ -19,9 +19,6 @@ void SetBackground(Session& session, std::shared_ptr<const ScaledBackground> bac
 /// since the program last saw it, is told.
 void LoadBackground(Session& session);
 
-/// The picture that lies beside recovered work; null where there is none, or it cannot be read, which is told.
-std::shared_ptr<const ScaledBackground> BackgroundBeside(Session& session, const std::filesystem::path& circuit);
-
 /// The picture that lies beside unsaved work which was found; null where there is none, or it cannot be read, which is
 /// told.
 std::shared_ptr<const ScaledBackground> BackgroundBeside(Session& session, const std::filesystem::path& work);

@@ -27,13 +27,13 @@ std::string AnyPieces(const Session& session) {
 
 /// A room alone can be drawn, too.
 std::string AnythingToDraw(const Session& session) {
-    const std::string whyNot = HasWindows(session);
+    std::string whyNot = HasWindows(session);
     if (!whyNot.empty()) return whyNot;
     return session.Project.Design.Room.Points.empty() ? AnyPieces(session) : "";
 }
 
 std::string AnythingToCopy(const Session& session) {
-    const std::string whyNot = HasWindows(session);
+    std::string whyNot = HasWindows(session);
     if (!whyNot.empty()) return whyNot;
     return session.Project.EditState.ShowsAllTracks() ? AnyPieces(session) : TrackHasElements(session);
 }
@@ -137,7 +137,7 @@ void AddExchangeCommands(std::vector<Command>& rows) {
          .From = Availability::WindowOnly,
          .WhyNot =
              [](const Session& session) {
-                 const std::string whyNot = HasWindows(session);
+                 std::string whyNot = HasWindows(session);
                  return whyNot.empty() ? OneTrackChosen(session) : whyNot;
              },
          .Run = PasteCommand});
