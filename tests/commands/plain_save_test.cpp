@@ -9,8 +9,6 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-
 namespace pistaro {
 
 namespace {
@@ -133,22 +131,6 @@ TEST_F(PlainSave, AsksBeforeItOverwritesWhatIsTooLargeToBeRead) {
 
     Run("plain save");
     EXPECT_THAT(BytesOf(file_), HasSubstr("C160\r\nC159"));
-}
-
-TEST_F(PlainSave, AsksBeforeItOverwritesWhatItMayNotRead) {
-    Load();
-    Run("add C159");
-    WriteBytes(file_, "another program's");
-    std::filesystem::permissions(file_, std::filesystem::perms::none);
-    if (std::ifstream(file_).is_open()) GTEST_SKIP() << "this user may read everything";
-    prompts_.Answers = {Answer::No};
-
-    Run("plain save");
-
-    ASSERT_EQ(prompts_.Asked.size(), 1U);
-    EXPECT_EQ(prompts_.Asked[0].Text, "oval.trk was changed by another program. Overwrite it?");
-    std::filesystem::permissions(file_, std::filesystem::perms::owner_all);
-    EXPECT_EQ(BytesOf(file_), "another program's");
 }
 
 TEST_F(PlainSave, OffersWhatIsTooLargeOnceAndTellsSoWhenItIsLoaded) {
