@@ -52,7 +52,7 @@ public:
         session_.Now = [this] { return now_; };
         for (const Command& row : session_.Commands.Rows()) {
             constexpr std::array others{"quit", "load", "save", "save as", "undo", "redo", "close", "check"};
-            if (row.From == Door::WindowAndScript && std::ranges::find(others, row.Id) == others.end())
+            if (row.From == Availability::WindowAndScript && std::ranges::find(others, row.Id) == others.end())
                 rows_.push_back(&row);
         }
     }
