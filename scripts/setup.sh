@@ -52,6 +52,11 @@ project_version() {
     sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "build/$1/CMakeCache.txt"
 }
 
+# Where the compiler's cache is installed, what was compiled before in whatever folder is not compiled again.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+fi
+
 # build PRESET [CMAKE ARGUMENT...]: configures and builds one of CMakePresets.json.
 build() {
     local preset=$1

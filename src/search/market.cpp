@@ -17,7 +17,7 @@ UsedCounts UsedBeside(const Catalogue& catalogue, const Circuit& circuit, const 
 }
 
 Market::Market(const Catalogue& catalogue, const PieceShapes& shapes, const Stock& stock, const UsedCounts& used)
-    : catalogue_(catalogue), shapes_(shapes) {
+    : shapes_(shapes) {
     for (int shape = 0; shape < shapes.Count(); ++shape) {
         const int head = shapes[shape].Piece->StockIndex;
         const auto same = std::ranges::find_if(shelves_, [&](const Shelf& shelf) { return shelf[0].HeadRow == head; });

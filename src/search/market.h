@@ -50,7 +50,6 @@ private:
     bool TakeOwned(Basket& basket) const;
     Offer Filled(const ShapeChain& chain, Basket basket) const;
 
-    const Catalogue& catalogue_;
     const PieceShapes& shapes_;
     std::vector<Shelf> shelves_;
     std::vector<std::size_t> shelfOf_; ///< by shape

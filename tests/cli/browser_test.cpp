@@ -1,5 +1,6 @@
 // The guide and the manual in a real browser, without a window: every picture must have loaded, every link lead
 // somewhere.
+#include "support/places.h"
 #include "support/run_program.h"
 #include "support/settings_bytes.h"
 
@@ -45,14 +46,14 @@ std::string LoadedPage(const std::filesystem::path& page) {
 class Browser : public testing::Test {
 protected:
     Browser() {
-        const std::string sample = (std::filesystem::path(SOURCE_FOLDER) / "samples" / "oval.trk").string();
+        const std::string sample = (SourceFolder() / "samples" / "oval.trk").string();
         EXPECT_EQ(program_.Run({"guide", sample, "--out", "."}).ExitStatus, 0);
     }
 
     /// The manual in a folder where it may be changed.
     std::filesystem::path ManualCopy() const {
         auto copy = program_ / "manual";
-        std::filesystem::copy(std::filesystem::path(SOURCE_FOLDER) / "manual", copy);
+        std::filesystem::copy(SourceFolder() / "manual", copy);
         return copy;
     }
 

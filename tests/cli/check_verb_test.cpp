@@ -1,6 +1,7 @@
 // The verb check and the script's check, from the shell to the last byte.
 #include "storage/circuit_file.h"
 #include "support/chain.h"
+#include "support/places.h"
 #include "support/run_program.h"
 
 #include <gmock/gmock.h>
@@ -96,7 +97,8 @@ TEST_F(CheckVerb, IsAScriptCommandToo) {
 TEST_F(CheckVerb, FindsNoErrorInTheSamples) {
     for (const char* const sample : {"banked-speedway", "club-chicanes", "figure-of-eight", "grand-prix", "mixed",
                                      "ninco", "oval", "three-tracks"}) {
-        const Finished run = folder_.Run({"check", SOURCE_FOLDER "/samples/" + std::string(sample) + ".trk"});
+        const Finished run =
+            folder_.Run({"check", (SourceFolder() / "samples" / (std::string(sample) + ".trk")).string()});
 
         EXPECT_EQ(run.ExitStatus, 0) << sample << "\n" << run.Output;
     }

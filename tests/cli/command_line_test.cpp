@@ -1,5 +1,6 @@
 // The program's command line from outside: verbs, help, exit status and what goes to which stream.
 #include "support/circuit_text.h"
+#include "support/places.h"
 #include "support/run_program.h"
 #include "support/settings_text.h"
 
@@ -227,8 +228,7 @@ TEST_F(CommandLine, LookingAtACircuitLeavesTheNamedSettingsFileAlone) {
 
 TEST_F(CommandLine, AFullDiskBehindTheOutputIsAnError) {
     for (const std::string arguments : {" catalogue", " --help", " layout --help", " --version"}) {
-        const std::string command =
-            std::string(PROGRAM) + arguments + " >/dev/full 2>" + (program_ / "errors").string();
+        const std::string command = Program() + arguments + " >/dev/full 2>" + (program_ / "errors").string();
 
         EXPECT_NE(std::system(command.c_str()), 0) << arguments;
 

@@ -1,6 +1,7 @@
 // The export verb of the built program.
 #include "commands/bitmaps.h"
 #include "support/circuit_text.h"
+#include "support/places.h"
 #include "support/run_program.h"
 
 #include <gtest/gtest.h>
@@ -133,7 +134,7 @@ TEST_F(Export, RefusesACommandLineThatMakesNoSense) {
 }
 
 TEST_F(Export, TakesNoOptionThatChangesNothing) {
-    const std::string tracksInARoom = BytesOf(SOURCE_FOLDER "/samples/three-tracks.trk");
+    const std::string tracksInARoom = BytesOf(SourceFolder() / "samples/three-tracks.trk");
     WriteBytes(program_ / "x.trk", tracksInARoom);
     WriteBytes(program_ / "x.background", BackgroundText());
     const std::vector<std::vector<std::string>> options{

@@ -1,6 +1,7 @@
 // The verbs buy and balance, and the shopping list for spreadsheets.
 #include "storage/circuit_file.h"
 #include "support/chain.h"
+#include "support/places.h"
 #include "support/run_program.h"
 
 #include <gmock/gmock.h>
@@ -63,8 +64,8 @@ TEST_F(MoneyVerbs, BuyTakesTheSetsBesideTheSettings) {
 TEST_F(MoneyVerbs, BuyTakesNoSetsFromTheCurrentFolderWithoutAHome) {
     WriteBytes(folder_ / "sets.toml", "no file of sets");
 
-    const std::string command = "cd '" + folder_.Path().string() +
-                                "' && env -u HOME -u XDG_CONFIG_HOME '" PROGRAM "' buy circuit.trk >output 2>errors";
+    const std::string command = "cd '" + folder_.Path().string() + "' && env -u HOME -u XDG_CONFIG_HOME '" +
+                                std::string(Program()) + "' buy circuit.trk >output 2>errors";
     const int status = std::system(command.c_str());
 
     EXPECT_EQ(status, 0) << BytesOf(folder_ / "errors");

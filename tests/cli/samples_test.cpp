@@ -6,6 +6,7 @@
 #include "storage/circuit_file.h"
 #include "storage/settings_file.h"
 #include "support/pieces.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +20,7 @@ namespace {
 
 std::vector<std::filesystem::path> Samples() {
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+    for (const auto& entry : std::filesystem::directory_iterator(SourceFolder() / "samples")) {
         if (entry.path().extension() == ".trk") files.push_back(entry.path());
     }
     return files;
@@ -93,7 +94,7 @@ TEST(Samples, LieWithinTheirViewWhenOpened) {
 }
 
 TEST(Samples, TheGrandPrixHasSixtyPiecesOrMore) {
-    EXPECT_GE(Loaded(SOURCE_FOLDER "/samples/grand-prix.trk").Design.Circuit.Tracks[0].ElementCodes.size(), 60U);
+    EXPECT_GE(Loaded(SourceFolder() / "samples/grand-prix.trk").Design.Circuit.Tracks[0].ElementCodes.size(), 60U);
 }
 
 } // namespace

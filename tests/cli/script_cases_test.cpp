@@ -1,6 +1,7 @@
 // One script for each folder of cases/: script.txt is run beside the folder's other files, and must print expected.txt,
 // which is kept in the reading form of support/pretty_json.h; with an expected_error.txt it must be refused in those
 // words.
+#include "support/places.h"
 #include "support/pretty_json.h"
 #include "support/run_program.h"
 
@@ -12,7 +13,7 @@ namespace pistaro {
 
 namespace {
 
-std::filesystem::path CasesFolder() { return std::filesystem::path(SOURCE_FOLDER) / "tests" / "cli" / "cases"; }
+std::filesystem::path CasesFolder() { return SourceFolder() / "tests" / "cli" / "cases"; }
 
 std::vector<std::string> CaseNames() {
     std::vector<std::string> names;
@@ -34,7 +35,7 @@ std::string TestName(const testing::TestParamInfo<std::string>& info) {
 void ExpectFile(const std::string& actual, const std::string& caseName, const std::string& file,
                 const std::string& expected) {
     if (actual == expected) return;
-    const auto folder = std::filesystem::path(PROGRAM).parent_path() / "tests" / "cli" / "cases" / caseName;
+    const auto folder = std::filesystem::path(Program()).parent_path() / "tests" / "cli" / "cases" / caseName;
     std::filesystem::create_directories(folder);
     WriteBytes(folder / file, actual);
     EXPECT_EQ(actual, expected) << "what came instead: " << folder / file;

@@ -1,5 +1,6 @@
 // What becomes of the settings file when a save is killed, or cannot be done: the built program, run for real.
 #include "support/circuit_text.h"
+#include "support/places.h"
 #include "support/run_program.h"
 #include "support/settings_bytes.h"
 
@@ -27,7 +28,7 @@ namespace {
 class RunningScript {
 public:
     RunningScript(const std::filesystem::path& script, const std::filesystem::path& settings,
-                  const std::function<void()>& prepare = {}, const std::filesystem::path& program = PROGRAM) {
+                  const std::function<void()>& prepare = {}, const std::filesystem::path& program = Program()) {
         std::array<int, 2> pipe{};
         if (::pipe(pipe.data()) != 0) throw std::runtime_error("no pipe");
         process_ = ::fork();
@@ -87,7 +88,7 @@ protected:
     /// program was built in.
     void ExpectRefusedInReadOnlyFolder(const std::string& lines) const {
         const auto program = scriptFolder_ / "pistaro";
-        std::filesystem::copy_file(PROGRAM, program, std::filesystem::copy_options::skip_existing);
+        std::filesystem::copy_file(Program(), program, std::filesystem::copy_options::skip_existing);
         const auto asNobody = [] {
             if (::getuid() == 0 && ::setuid(65534) != 0) ::_exit(126);
         };
@@ -100,7 +101,7 @@ protected:
 
     /// A script that cannot save: it is told why, and the file is as it was.
     void ExpectRefused(const std::string& reason, const std::function<void()>& prepare,
-                       const std::filesystem::path& program = PROGRAM) const {
+                       const std::filesystem::path& program = Program()) const {
         const RunningScript script(script_, settings_, prepare, program);
         const std::string output = script.ReadAll();
         const int status = script.Wait();

@@ -1,5 +1,6 @@
 // The program on Windows: its streams, and names beyond plain letters on its command line.
 #include "platform/files.h"
+#include "support/places.h"
 #include "support/run_program.h"
 
 #include <gmock/gmock.h>
@@ -7,7 +8,7 @@
 namespace pistaro {
 namespace {
 
-std::string Oval() { return BytesOf(std::filesystem::path(SOURCE_FOLDER) / "samples" / "oval.trk"); }
+std::string Oval() { return BytesOf(SourceFolder() / "samples" / "oval.trk"); }
 
 TEST(WindowsProgram, EndsLinesWithALineFeedAlone) {
     const ProgramFolder program;

@@ -4,6 +4,7 @@
 #include "editor/piece_tip.h"
 #include "storage/circuit_file.h"
 #include "support/chain.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -58,7 +59,7 @@ std::vector<Laid> PiecesOf(const Circuit& circuit) {
 
 std::vector<Circuit> Samples() {
     std::vector<Circuit> circuits;
-    for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(SOURCE_FOLDER) / "samples")) {
+    for (const auto& file : std::filesystem::directory_iterator(SourceFolder() / "samples")) {
         if (file.path().extension() == ".trk") circuits.push_back(ReadCircuit(file.path()).Circuit);
     }
     return circuits;

@@ -3,6 +3,7 @@
 #include "exchange/dxf_file.h"
 #include "layout/placement.h"
 #include "support/chain.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -155,7 +156,7 @@ TEST(Dxf, IsTheSameEachTime) {
 }
 
 TEST(Dxf, OfEverySampleHasEachCornerWithinAHundredthOfACentimetre) {
-    for (const auto& file : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+    for (const auto& file : std::filesystem::directory_iterator(SourceFolder() / "samples")) {
         if (file.path().extension() != ".trk") continue;
         Project project = ProjectOf("");
         LoadCircuit(project, file.path());

@@ -3,6 +3,7 @@
 #ifndef __SANITIZE_ADDRESS__
 
 #include "support/circuit_text.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +35,7 @@ protected:
     Ended Run(long allocation) const {
         const std::string in = "cd '" + folder_.Path().string() + "' && ";
         const std::string command = in + "HOME=. LD_PRELOAD='" FAILING_MEMORY "' ALLOCATIONS_REPORT=report " +
-                                    "FAILING_ALLOCATION=" + std::to_string(allocation) + " '" PROGRAM "' " +
+                                    "FAILING_ALLOCATION=" + std::to_string(allocation) + " '" + Program() + "' " +
                                     GetParam() + " >output 2>errors </dev/null";
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, BytesOf(folder_ / "errors"),

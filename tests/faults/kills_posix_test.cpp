@@ -9,6 +9,7 @@
 #include "support/chain.h"
 #include "support/circuit_text.h"
 #include "support/pieces.h"
+#include "support/places.h"
 #include "support/run_program.h"
 #include "support/scripted_prompts.h"
 #include "support/settings_bytes.h"
@@ -40,12 +41,12 @@ using Body = std::function<void()>;
 /// The program in a folder, its script in "script.txt" there, its words nowhere.
 Body ProgramIn(const ProgramFolder& folder, const std::vector<std::string>& arguments) {
     return [&folder, arguments] {
-        std::vector<char*> words{const_cast<char*>(PROGRAM)};
+        std::vector<char*> words{const_cast<char*>(Program())};
         for (const std::string& argument : arguments)
             words.push_back(const_cast<char*>(argument.c_str()));
         words.push_back(nullptr);
         ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        ::execv(PROGRAM, words.data());
+        ::execv(Program(), words.data());
         ::_exit(127);
     };
 }

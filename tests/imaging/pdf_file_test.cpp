@@ -6,6 +6,7 @@
 #include "imaging/timeless_pdf.h"
 #include "support/chain.h"
 #include "support/fault_of.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -67,7 +68,7 @@ TEST(APdfOfTiles, JoinsPiecesAtTheCutsToTheirPlaces) {
 
 TEST(APdfOfTiles, OfEverySampleHasStandardStraightsOfTheirLength) {
     int straights = 0;
-    for (const auto& file : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+    for (const auto& file : std::filesystem::directory_iterator(SourceFolder() / "samples")) {
         if (file.path().extension() != ".trk") continue;
         Project project = ProjectOf("");
         LoadCircuit(project, file.path());
@@ -152,7 +153,7 @@ TilesMatch MatchTiles(const Project& project, double scale) {
 
 TEST(APdfOfTiles, HasTheStrokesOfEverySampleInTheirPlacesOnEachTileThatTheyCross) {
     int atCorners = 0;
-    for (const auto& file : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+    for (const auto& file : std::filesystem::directory_iterator(SourceFolder() / "samples")) {
         if (file.path().extension() != ".trk") continue;
         Project project = ProjectOf("");
         LoadCircuit(project, file.path());
@@ -168,7 +169,7 @@ TEST(APdfOfTiles, HasTheStrokesOfEverySampleInTheirPlacesOnEachTileThatTheyCross
 
 TEST(APdfOfTiles, HasThemInTheirPlacesAtOtherScales) {
     Project project = ProjectOf("");
-    LoadCircuit(project, SOURCE_FOLDER "/samples/grand-prix.trk");
+    LoadCircuit(project, SourceFolder() / "samples/grand-prix.trk");
 
     const TilesMatch match = MatchTiles(project, 10);
 

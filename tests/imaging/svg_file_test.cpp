@@ -3,6 +3,7 @@
 #include "imaging/svg_file.h"
 #include "layout/placement.h"
 #include "support/chain.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -133,7 +134,7 @@ TEST(Svg, HoldsTextsOfAnyKindAsText) {
 }
 
 TEST(Svg, OfEverySampleHasEachPiecesCornersWithinAHundredthOfACentimetre) {
-    for (const auto& file : std::filesystem::directory_iterator(SOURCE_FOLDER "/samples")) {
+    for (const auto& file : std::filesystem::directory_iterator(SourceFolder() / "samples")) {
         if (file.path().extension() != ".trk") continue;
         Project project = ProjectOf("");
         LoadCircuit(project, file.path());

@@ -1,5 +1,6 @@
 // The folders of src/ against the lists of src/CMakeLists.txt.
 #include "layers/layer_rules.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path Source = fs::path(SOURCE_FOLDER) / "src";
+const fs::path Source = SourceFolder() / "src";
 
 std::vector<Layer> Layers() { return LayersOf(BytesOf(Source / "CMakeLists.txt")); }
 

@@ -4,6 +4,7 @@
 #include "platform/places.h"
 #include "platform/processes.h"
 #include "support/fault_of.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -353,7 +354,7 @@ TEST_F(Places, TheDocumentsFolderIsTheDesktopsOwn) {
 
 TEST_F(Places, WhatIsInstalledIsFoundFromTheProgramsFolder) {
     // The tests stand a folder below the program.
-    EXPECT_EQ(InstalledFolder(), std::filesystem::path(PROGRAM).parent_path() / "share" / "pistaro");
+    EXPECT_EQ(InstalledFolder(), std::filesystem::path(Program()).parent_path() / "share" / "pistaro");
 }
 
 TEST_F(Places, TheCheckoutIsThatInWhoseBuildFolderTheProgramStands) {

@@ -4,6 +4,7 @@
 #include "storage/circuit_file.h"
 #include "storage/settings_file.h"
 #include "support/pieces.h"
+#include "support/places.h"
 #include "support/stock.h"
 #include "support/temporary_folder.h"
 
@@ -14,8 +15,8 @@
 namespace pistaro {
 namespace {
 
-const std::filesystem::path Samples = std::filesystem::path(SOURCE_FOLDER) / "samples";
-const std::filesystem::path Lists = std::filesystem::path(SOURCE_FOLDER) / "tests/stats/lists";
+const std::filesystem::path Samples = SourceFolder() / "samples";
+const std::filesystem::path Lists = SourceFolder() / "tests/stats/lists";
 
 /// The names of a folder's files of this ending, without it.
 std::set<std::string> NamesIn(const std::filesystem::path& folder, const std::string& ending) {

@@ -1,4 +1,5 @@
 // Spawning the program with its streams in files.
+#include "support/places.h"
 #include "support/run_program.h"
 
 #include <array>
@@ -27,7 +28,7 @@ Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std
     const auto out = folder_ / "stdout";
     const auto errors = folder_ / "stderr";
     WriteBytes(in, input);
-    std::vector<char*> words{const_cast<char*>(PROGRAM)};
+    std::vector<char*> words{const_cast<char*>(Program())};
     for (const std::string& argument : arguments)
         words.push_back(const_cast<char*>(argument.c_str()));
     words.push_back(nullptr);
@@ -43,7 +44,7 @@ Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std
         ::setenv("XDG_DATA_HOME", (home_ / "data").c_str(), 1);
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR", "QT_QPA_PLATFORM"})
             ::unsetenv(name);
-        if (::chdir(work_.c_str()) == 0) ::execv(PROGRAM, words.data());
+        if (::chdir(work_.c_str()) == 0) ::execv(Program(), words.data());
         ::_exit(127);
     }
     int status = 0;

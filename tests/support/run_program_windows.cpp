@@ -1,4 +1,5 @@
 // Starting the program with its streams in files.
+#include "support/places.h"
 #include "support/run_program.h"
 
 #include "platform/files.h"
@@ -40,7 +41,7 @@ ProgramFolder::~ProgramFolder() {
 
 Finished ProgramFolder::Run(const std::vector<std::string>& arguments, const std::string& input) const {
     WriteBytes(folder_ / "stdin", input);
-    std::wstring line = Word(PathFromText(PROGRAM).wstring());
+    std::wstring line = Word(PathFromText(Program()).wstring());
     for (const std::string& argument : arguments)
         line += L" " + Word(PathFromText(argument).wstring());
     STARTUPINFOW start{};

@@ -1,6 +1,8 @@
 // The built program beside a test, before somebody's eyes or not: it can be watched, interrupted and waited for.
 #pragma once
 
+#include "support/places.h"
+
 #include <array>
 #include <csignal>
 #include <fcntl.h>
@@ -65,11 +67,11 @@ private:
         constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC;
         ::dup2(::open((folder / "stdout").c_str(), flags, 0600), 1);
         if (errors == Errors::InFile) ::dup2(::open((folder / "stderr").c_str(), flags, 0600), 2);
-        std::vector<char*> words{const_cast<char*>(PROGRAM)};
+        std::vector<char*> words{const_cast<char*>(Program())};
         for (std::string& argument : arguments)
             words.push_back(argument.data());
         words.push_back(nullptr);
-        if (::chdir(folder.c_str()) == 0) ::execv(PROGRAM, words.data());
+        if (::chdir(folder.c_str()) == 0) ::execv(Program(), words.data());
         ::_exit(127);
     }
 

@@ -1,6 +1,7 @@
 // The manual names what the windows show, and what it names is there: entries, keys, colours, pictures, links.
 #include "ui/window_fixture.h"
 
+#include "support/places.h"
 #include "support/settings_bytes.h"
 #include "support/temporary_folder.h"
 #include "ui/frmColors.h"
@@ -19,7 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const std::filesystem::path Folder = std::filesystem::path(SOURCE_FOLDER) / "manual";
+const std::filesystem::path Folder = SourceFolder() / "manual";
 
 class Manual : public WindowTest {
 protected:
