@@ -310,19 +310,26 @@ Balance BalanceLanes(const Catalogue& catalogue, const Design& design, int track
     return Balancer(catalogue, design, track).Find();
 }
 
+std::string DifferenceText(const Balance& balance, const Units& units) {
+    return balance.Joined ? "Each lane leads into the other"
+                          : "The lanes differ by " + LengthText(balance.Before, units);
+}
+
+std::string StepText(const BalanceStep& step, const Units& units) {
+    const double difference = std::fabs(step.Lengths[0] - step.Lengths[1]);
+    return step.Text + ": " +
+           (step.Joined ? "each lane then leads into the other"
+                        : "the lanes then differ by " + LengthText(difference, units));
+}
+
 std::string BalanceText(const Balance& balance, const Units& units) {
-    const std::string before =
-        balance.Joined ? "Each lane leads into the other" : "The lanes differ by " + LengthText(balance.Before, units);
+    const std::string before = DifferenceText(balance, units);
     if (balance.IsBalanced) return before + ": they are balanced.";
     if (balance.Steps.empty()) return before + ". One to three changes that balance them were not found.";
     std::string text = "These changes balance the lanes:";
     int number = 0;
-    for (const BalanceStep& step : balance.Steps) {
-        const double difference = std::fabs(step.Lengths[0] - step.Lengths[1]);
-        text += "\n" + std::to_string(++number) + ". " + step.Text + ": " +
-                (step.Joined ? "each lane then leads into the other"
-                             : "the lanes then differ by " + LengthText(difference, units));
-    }
+    for (const BalanceStep& step : balance.Steps)
+        text += "\n" + std::to_string(++number) + ". " + StepText(step, units);
     return text;
 }
 

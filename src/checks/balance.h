@@ -35,6 +35,12 @@ struct Balance {
 /// the lanes differ least.
 Balance BalanceLanes(const Catalogue& catalogue, const Design& design, int track);
 
+/// "The lanes differ by 12.5 cm", or "Each lane leads into the other": the track as it is.
+std::string DifferenceText(const Balance& balance, const Units& units);
+
+/// "C8006 in place of C160 (0): the lanes then differ by 0.0 cm"
+std::string StepText(const BalanceStep& step, const Units& units);
+
 /// What it proposes as a sentence, with a line for each step and its effect.
 std::string BalanceText(const Balance& balance, const Units& units);
 

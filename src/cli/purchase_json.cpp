@@ -16,6 +16,13 @@ Json CountsJson(const Catalogue& catalogue, const std::vector<int>& counts) {
     return all;
 }
 
+Json UnknownJson(const std::map<std::string, int>& unknown) {
+    Json all = Json::array();
+    for (const auto& [code, count] : unknown)
+        all.push_back({{"code", code}, {"count", count}});
+    return all;
+}
+
 } // namespace
 
 Json PurchaseJson(const Catalogue& catalogue, const Project& project, const BoxedSets& sets, const Purchase& purchase) {
@@ -39,6 +46,7 @@ Json PurchaseJson(const Catalogue& catalogue, const Project& project, const Boxe
             {"notSold", CountsJson(catalogue, purchase.NotSold)},
             {"surplus", CountsJson(catalogue, purchase.Surplus)},
             {"unused", CountsJson(catalogue, UnusedPieces(catalogue, project.Stock, project.Design.Circuit))},
+            {"unknown", UnknownJson(CountUnknownCodes(catalogue, project.Design.Circuit))},
             {"total", Money(purchase.Total)},
             {"bound", Money(purchase.Bound)},
             {"proven", purchase.IsProven()}};

@@ -1,7 +1,10 @@
 // The windows that commands open. A script has none.
 #pragma once
 
+#include "checks/balance.h"
+#include "model/boxed_set.h"
 #include "model/scaled_background.h"
+#include "money/purchase.h"
 
 #include <string>
 
@@ -43,6 +46,12 @@ public:
     /// What closes the current track, and other pieces for some of it: to be gone through and laid.
     virtual void ShowClosings() = 0;
     virtual void ShowReplacements() = 0;
+
+    /// Changes that balance the lanes of the current track: to be looked at and done.
+    virtual void ShowBalance(const Balance& balance) = 0;
+
+    /// What is to be bought, of these sets and of single pieces.
+    virtual void ShowPurchase(const Purchase& purchase, const BoxedSets& sets) = 0;
 
     /// Circuits from pieces at hand; others from the pieces of the design.
     virtual void ShowBox() = 0;

@@ -26,14 +26,7 @@ void PutBar(ScrollBar& bar, int value) {
     bar = {bar.Minimum + beyond, bar.Maximum + beyond, value};
 }
 
-void Include(std::optional<GroundBox>& box, const GroundBox& more) {
-    if (!box) {
-        box = more;
-        return;
-    }
-    box = GroundBox{std::min(box->Left, more.Left), std::max(box->Right, more.Right),
-                    std::min(box->Bottom, more.Bottom), std::max(box->Top, more.Top)};
-}
+void Include(std::optional<GroundBox>& box, const GroundBox& more) { box = box ? box->Joined(more) : more; }
 
 /// How far a range must move to lie within another; where it is longer, its middle goes to that of the other.
 double MoveInto(double from, double to, double least, double most) {

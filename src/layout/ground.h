@@ -4,6 +4,7 @@
 
 #include "layout/placement.h"
 
+#include <algorithm>
 #include <array>
 
 namespace pistaro {
@@ -19,6 +20,12 @@ struct GroundBox {
     /// Whether the two share a point.
     bool Meets(const GroundBox& other) const {
         return Left <= other.Right && other.Left <= Right && Bottom <= other.Top && other.Bottom <= Top;
+    }
+
+    /// The smallest around both.
+    GroundBox Joined(const GroundBox& other) const {
+        return {std::min(Left, other.Left), std::max(Right, other.Right), std::min(Bottom, other.Bottom),
+                std::max(Top, other.Top)};
     }
 
     /// The same with `margin` more on each side.

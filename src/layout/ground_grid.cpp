@@ -12,12 +12,8 @@ constexpr double MostCells = 64; ///< in a row: a circuit that is drawn out for 
 
 GroundBox BoxAround(const std::vector<Ground>& grounds) {
     GroundBox bounds = grounds.front().Box;
-    for (const Ground& ground : grounds) {
-        bounds.Left = std::min(bounds.Left, ground.Box.Left);
-        bounds.Right = std::max(bounds.Right, ground.Box.Right);
-        bounds.Bottom = std::min(bounds.Bottom, ground.Box.Bottom);
-        bounds.Top = std::max(bounds.Top, ground.Box.Top);
-    }
+    for (const Ground& ground : grounds)
+        bounds = bounds.Joined(ground.Box);
     return bounds;
 }
 

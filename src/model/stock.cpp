@@ -36,6 +36,16 @@ UsedCounts CountUsed(const Catalogue& catalogue, const Circuit& circuit) {
     return used;
 }
 
+std::map<std::string, int> CountUnknownCodes(const Catalogue& catalogue, const Circuit& circuit) {
+    std::map<std::string, int> unknown;
+    for (const Track& track : circuit.Tracks) {
+        for (const std::string& code : track.ElementCodes) {
+            if (catalogue.Find(code) == nullptr) ++unknown[code];
+        }
+    }
+    return unknown;
+}
+
 StockColours AssignStockColours(const Catalogue& catalogue, const Stock& stock, const Circuit& circuit) {
     UsedCounts used(static_cast<std::size_t>(catalogue.Count()));
     StockColours colours;

@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
+#include <string>
 #include <vector>
 
 namespace pistaro {
@@ -33,6 +35,9 @@ struct Stock {
 /// How many pieces of each product the circuit uses, by catalogue row, on head rows.
 using UsedCounts = std::vector<int>;
 UsedCounts CountUsed(const Catalogue& catalogue, const Circuit& circuit);
+
+/// How many elements of each code the catalogue does not hold.
+std::map<std::string, int> CountUnknownCodes(const Catalogue& catalogue, const Circuit& circuit);
 
 /// For each element of each track: whether it is covered by the owned stock. Unknown codes count as covered.
 using StockColours = std::array<std::vector<bool>, TrackCount>;

@@ -4,51 +4,90 @@
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pistaro {
 
 namespace {
 
 /// A count and its name to the left, the price and the sum of all to the right.
-std::string PricedLine(int count, const std::string& name, Cents price) {
+std::string Columns(const PurchaseLine& line) {
     const auto right = [](const std::string& text, std::size_t width) {
         return std::string(width - std::min(width, text.size()), ' ') + text;
     };
     constexpr std::size_t nameWidth = 40;
-    const std::size_t filler = nameWidth - std::min(nameWidth, CharacterCount(name));
-    return right(std::to_string(count), 5) + " x " + name + std::string(filler, ' ') + right(MoneyText(price), 12) +
-           right(MoneyText(price * count), 12) + '\n';
+    const std::size_t filler = nameWidth - std::min(nameWidth, CharacterCount(line.Name));
+    return right(std::to_string(line.Count), 5) + " x " + line.Name + std::string(filler, ' ') +
+           right(MoneyText(line.Price), 12) + right(MoneyText(line.Price * line.Count), 12) + '\n';
 }
 
-std::string CountLines(const Catalogue& catalogue, const std::vector<int>& counts, const std::string& heading) {
-    std::string lines;
-    ForEachCount(counts, [&](std::size_t row, int count) {
-        lines += (lines.empty() ? "" : ", ") + std::to_string(count) + " " + CodeOf(catalogue, row);
-    });
-    return lines.empty() ? "" : heading + lines + '\n';
+/// "2 C160, 1 C151" behind a heading, in the order in which it is told; empty when there is none.
+class CountLine {
+public:
+    explicit CountLine(std::string heading) : heading_(std::move(heading)) {}
+
+    void Add(const std::string& code, int count) {
+        counts_ += (counts_.empty() ? "" : ", ") + std::to_string(count) + " " + code;
+    }
+    std::string Text() const { return counts_.empty() ? "" : heading_ + counts_ + '\n'; }
+
+private:
+    std::string heading_, counts_;
+};
+
+std::string CountsOf(const std::string& heading, const Catalogue& catalogue, const std::vector<int>& counts) {
+    CountLine line(heading);
+    ForEachCount(counts, [&](std::size_t row, int count) { line.Add(CodeOf(catalogue, row), count); });
+    return line.Text();
+}
+
+std::string UnknownCodes(const Catalogue& catalogue, const Circuit& circuit) {
+    CountLine line("Not in the catalogue, and not counted: ");
+    for (const auto& [code, count] : CountUnknownCodes(catalogue, circuit))
+        line.Add(code, count);
+    return line.Text();
 }
 
 } // namespace
 
-std::string PurchaseText(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
-                         const Purchase& purchase) {
-    std::string table;
-    ForEachCount(purchase.Sets,
-                 [&](std::size_t set, int count) { table += PricedLine(count, sets[set].Name, sets[set].Price); });
+std::vector<PurchaseLine> PurchaseLines(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
+                                        const Purchase& purchase) {
+    std::vector<PurchaseLine> lines;
+    ForEachCount(purchase.Sets, [&](std::size_t set, int count) {
+        lines.push_back({count, sets[set].Name, sets[set].Price});
+    });
     ForEachCount(purchase.Singles, [&](std::size_t row, int count) {
         const std::string name = CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
-        table += PricedLine(count, name, PriceOf(project, row));
+        lines.push_back({count, name, PriceOf(project, row)});
     });
-    const std::string notSold = CountLines(catalogue, purchase.NotSold, "In no set and without a price: ");
-    if (table.empty() && !notSold.empty()) return "What is missing has no price yet.\n" + notSold;
+    return lines;
+}
+
+std::string PurchaseProof(const Purchase& purchase, const std::string& currency) {
+    if (purchase.IsProven()) return "the cheapest there is.";
+    return "at most " + MoneyText(purchase.Total - purchase.Bound) + " " + currency + " above the cheapest there is.";
+}
+
+std::string PurchaseRemarks(const Catalogue& catalogue, const Project& project, const Purchase& purchase) {
+    const Circuit& circuit = project.Design.Circuit;
+    return CountsOf("In no set and without a price: ", catalogue, purchase.NotSold) +
+           CountsOf("Left over from the sets: ", catalogue, purchase.Surplus) +
+           CountsOf("Owned and not used: ", catalogue, UnusedPieces(catalogue, project.Stock, circuit)) +
+           UnknownCodes(catalogue, circuit);
+}
+
+std::string PurchaseText(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
+                         const Purchase& purchase) {
+    const std::string remarks = PurchaseRemarks(catalogue, project, purchase);
+    const std::vector<PurchaseLine> lines = PurchaseLines(catalogue, project, sets, purchase);
+    const bool hasUnsold = std::ranges::any_of(purchase.NotSold, [](int count) { return count > 0; });
+    if (lines.empty() && hasUnsold) return "What is missing has no price yet.\n" + remarks;
+    std::string table;
+    for (const PurchaseLine& line : lines)
+        table += Columns(line);
     const std::string& currency = project.Preferences.Units.Currency;
-    table += "Total " + MoneyText(purchase.Total) + " " + currency +
-             (purchase.IsProven() ? ", the cheapest there is.\n"
-                                  : ", at most " + MoneyText(purchase.Total - purchase.Bound) + " " + currency +
-                                        " above the cheapest there is.\n");
-    return table + notSold + CountLines(catalogue, purchase.Surplus, "Left over from the sets: ") +
-           CountLines(catalogue, UnusedPieces(catalogue, project.Stock, project.Design.Circuit),
-                      "Owned and not used: ");
+    return table + "Total " + MoneyText(purchase.Total) + " " + currency + ", " + PurchaseProof(purchase, currency) +
+           '\n' + remarks;
 }
 
 } // namespace pistaro

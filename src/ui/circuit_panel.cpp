@@ -73,12 +73,16 @@ void CircuitPanel::Refresh() {
 }
 
 void CircuitPanel::TakeStrip(QWidget& strip) {
-    strip_ = &strip;
+    strips_.push_back(&strip);
     strip.setParent(this);
     strip.installEventFilter(this);
 }
 
-bool CircuitPanel::eventFilter(QObject*, QEvent* event) {
+bool CircuitPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShowToParent) {
+        for (QWidget* const strip : strips_)
+            strip->setHidden(strip != watched);
+    }
     const bool changesHeight = event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent ||
                                event->type() == QEvent::LayoutRequest;
     if (changesHeight) Arrange();
@@ -91,14 +95,14 @@ void CircuitPanel::Arrange() {
     const int barWidth = vMov_->sizeHint().width();
     const int barHeight = hMov_->sizeHint().height();
     const QSize tools = tools_->sizeHint();
-    const bool hasStrip = strip_ != nullptr && !strip_->isHidden();
-    const int stripHeight = hasStrip ? strip_->sizeHint().height() + Gap : 0;
+    const auto shown = std::ranges::find_if(strips_, [](const QWidget* strip) { return !strip->isHidden(); });
+    const int stripHeight = shown == strips_.end() ? 0 : (*shown)->sizeHint().height() + Gap;
     const QSize canvas(std::max(0, width() - barWidth), std::max(0, height() - tools.height() - Gap - stripHeight));
     view_->setGeometry(QRect(QPoint(0, 0), canvas));
     vMov_->setGeometry(canvas.width(), 0, barWidth, canvas.height());
     tools_->setGeometry(width() - tools.width(), canvas.height() + Gap, tools.width(), tools.height());
     hMov_->setGeometry(0, canvas.height() + Gap + (tools.height() - barHeight) / 2, tools_->x() - 2 * Gap, barHeight);
-    if (hasStrip) strip_->setGeometry(0, height() - stripHeight + Gap, width(), stripHeight - Gap);
+    if (shown != strips_.end()) (*shown)->setGeometry(0, height() - stripHeight + Gap, width(), stripHeight - Gap);
 }
 
 } // namespace pistaro

@@ -6,6 +6,8 @@
 
 #include <QScrollBar>
 
+#include <vector>
+
 namespace pistaro {
 
 class CircuitPanel : public QWidget {
@@ -14,7 +16,8 @@ public:
 
     CircuitView& View() { return *view_; }
 
-    /// From now on the strip stands below the drawing while it is shown, and leaves it less height.
+    /// From now on the strip stands below the drawing while it is shown, and leaves it less height. Of several strips
+    /// one is shown at a time, that which was opened last.
     void TakeStrip(QWidget& strip);
 
     /// Brings the scroll bars to the view's ranges, values and steps.
@@ -35,7 +38,7 @@ private:
     QScrollBar* const hMov_;
     QScrollBar* const vMov_;
     QWidget* const tools_;
-    QWidget* strip_ = nullptr;
+    std::vector<QWidget*> strips_;
 };
 
 } // namespace pistaro

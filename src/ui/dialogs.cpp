@@ -6,6 +6,7 @@
 #include "ui/frmDrawArea.h"
 #include "ui/frmExport.h"
 #include "ui/frmPrint.h"
+#include "ui/frmPurchase.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmSamples.h"
 #include "ui/frmSets.h"
@@ -44,6 +45,10 @@ void Dialogs::ShowSets() { frmSets(session_, &window_).exec(); }
 void Dialogs::ShowSamples() { frmSamples(session_, SampleFolder(), &window_).exec(); }
 
 void Dialogs::ShowBackground(const ScaledBackground& proposed) { frmBackground(session_, proposed, &window_).exec(); }
+
+void Dialogs::ShowPurchase(const Purchase& purchase, const BoxedSets& sets) {
+    frmPurchase(session_, purchase, sets, &window_).exec();
+}
 
 void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/session.h"
+#include "ui/balance_bar.h"
 #include "ui/frmAbout.h"
 #include "ui/frmBox.h"
 #include "ui/frmHistory.h"
@@ -17,8 +18,9 @@ namespace pistaro {
 
 class Dialogs : public Windows {
 public:
-    Dialogs(Session& session, QWidget& window, SuggestionBar& suggestions)
-        : session_(session), window_(window), suggestions_(suggestions) {}
+    /// The strips are those below the drawing.
+    Dialogs(Session& session, QWidget& window, SuggestionBar& suggestions, BalanceBar& balance)
+        : session_(session), window_(window), suggestions_(suggestions), balance_(balance) {}
 
     void ShowRecovered() override;
     void ShowDrawArea() override;
@@ -43,6 +45,8 @@ public:
 
     void ShowClosings() override { suggestions_.ShowClosings(); }
     void ShowReplacements() override { suggestions_.ShowReplacements(); }
+    void ShowBalance(const Balance& balance) override { balance_.Show(balance); }
+    void ShowPurchase(const Purchase& purchase, const BoxedSets& sets) override;
 
     /// These stay beside the window, and come once.
     void ShowStock() override;
@@ -64,6 +68,7 @@ private:
     Session& session_;
     QWidget& window_;
     SuggestionBar& suggestions_;
+    BalanceBar& balance_;
     QPointer<frmAbout> about_;
     QPointer<frmStock> stock_;
     QPointer<frmBox> box_, variations_;

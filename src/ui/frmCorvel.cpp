@@ -57,12 +57,13 @@ frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
       circuit_(new CircuitPanel(session, controls_)), middle_(new QMainWindow),
       track_(new TrackPanel(session, controls_)), pointer_(new CanvasPointer(session, controls_, circuit_->View())),
-      suggestions_(new SuggestionBar(session, circuit_->View())), suggester_(session, circuit_->View()),
-      dialogs_(session, *this, *suggestions_), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
-      figures_(new ElidedLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
-      money_(new MoneyDock(session)) {
+      suggestions_(new SuggestionBar(session, circuit_->View())), balance_(new BalanceBar(session, circuit_->View())),
+      suggester_(session, circuit_->View()), dialogs_(session, *this, *suggestions_, *balance_),
+      jobBar_(new JobBar(session, controls_)), status_(new QLabel), figures_(new ElidedLabel), place_(new QLabel),
+      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)) {
     setObjectName("frmCorvel");
     circuit_->TakeStrip(*suggestions_);
+    circuit_->TakeStrip(*balance_);
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
@@ -142,6 +143,7 @@ void frmCorvel::ShowLanes() {
 void frmCorvel::Refresh(const Changes& changes) {
     circuit_->View().Invalidate(changes);
     suggestions_->Refresh(changes);
+    balance_->Refresh(changes);
     suggester_.Refresh(changes);
     controls_.Refresh();
     circuit_->Refresh();

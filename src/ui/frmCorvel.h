@@ -62,6 +62,7 @@ private:
     TrackPanel* const track_;
     CanvasPointer* const pointer_;
     SuggestionBar* const suggestions_;
+    BalanceBar* const balance_;
     Suggester suggester_;
     Dialogs dialogs_;
     JobBar* const jobBar_;

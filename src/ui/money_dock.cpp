@@ -7,7 +7,6 @@
 #include "ui/typed_number.h"
 
 #include <QHeaderView>
-#include <QLocale>
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -33,9 +32,6 @@ public:
 private:
     std::vector<int> columns_;
 };
-
-/// As the desktop writes numbers.
-QString Amount(Cents cents) { return QLocale::system().toString(static_cast<double>(cents) / 100, 'f', 2); }
 
 /// A price of 0 is none: nobody has entered one.
 QString AmountIfKnown(Cents price, Cents amount) { return price == 0 ? QString() : Amount(amount); }

@@ -28,7 +28,6 @@ constexpr Colour FreeGhost = Rgb(0, 130, 60);
 constexpr Colour FaultyGhost = Rgb(200, 60, 0);
 constexpr Colour TakenOut = Rgb(150, 150, 150);
 constexpr Colour Moved = Rgb(150, 190, 165);
-const char* const Owner = "suggestion"; ///< of the overlay
 
 constexpr std::array<std::pair<ReplacementWish, const char*>, 5> Wishes{
     {{ReplacementWish::Any, "any pieces"},
@@ -55,17 +54,15 @@ QWidget* RowOf(std::initializer_list<QWidget*> widgets) {
 } // namespace
 
 SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
-    : session_(session), view_(view), lblSuggestion_(Named(new QLabel, "lblSuggestion")),
-      lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
+    : Strip("fraSuggestions", view, "suggestion"), session_(session),
+      lblSuggestion_(Named(new QLabel, "lblSuggestion")), lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
       chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
       spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnMostRemoved_(Named(new QSpinBox, "spnMostRemoved")),
       spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")), spnRun_(Named(new QSpinBox, "spnRun")),
       cboWish_(Named(new QComboBox, "cboWish")), cmdLay_(NewButton("cmdLaySuggestion", "&Lay")) {
-    setObjectName("fraSuggestions");
-    setAutoFillBackground(true);
-    lblSuggestion_->setWordWrap(true);
     lblSuggestion_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblSuggestion_->setFixedHeight(2 * lblSuggestion_->fontMetrics().lineSpacing());
+    cmdLay_->setToolTip("Lay the selected one, as Enter does");
     lstSuggestions_->setAccessibleName("Suggestions");
     spnMostPieces_->setAccessibleName("Pieces at most");
     spnMostRemoved_->setAccessibleName("Pieces to take out at most");
@@ -80,28 +77,12 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
     lstSuggestions_->viewport()->installEventFilter(this);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
-    column->addLayout(Head());
+    column->addLayout(Head(*lblSuggestion_, *cmdLay_, *NewButton("cmdLeaveSuggestions", "Cancel")));
     column->addWidget(lstSuggestions_);
     column->addWidget(Replaced());
     column->addWidget(Choices());
     connect(lstSuggestions_, &QListWidget::currentRowChanged, this, [this] { ShowGhost(); });
-    connect(lstSuggestions_, &QListWidget::itemDoubleClicked, this, [this] { Lay(); });
-    hide();
-}
-
-QLayout* SuggestionBar::Head() {
-    QPushButton* const cmdLeave = NewButton("cmdLeaveSuggestions", "Cancel");
-    cmdLay_->setToolTip("Lay the selected one, as Enter does");
-    cmdLeave->setToolTip("Change nothing, as Esc does");
-    connect(cmdLay_, &QPushButton::clicked, this, [this] { Lay(); });
-    connect(cmdLeave, &QPushButton::clicked, this, [this] { Leave(); });
-    auto* const row = new QHBoxLayout;
-    row->addWidget(lblSuggestion_, 1);
-    for (QPushButton* const button : {cmdLay_, cmdLeave}) {
-        button->setAutoDefault(true); // Enter presses the one that has the focus
-        row->addWidget(button, 0, Qt::AlignTop);
-    }
-    return row;
+    connect(lstSuggestions_, &QListWidget::itemDoubleClicked, this, [this] { Accept(); });
 }
 
 /// What other pieces are laid in the place of, and what those for a run shall be.
@@ -203,9 +184,9 @@ void SuggestionBar::Find() {
 
 void SuggestionBar::ShowGhost() {
     const int row = lstSuggestions_->currentRow();
-    if (row < 0) return view_.ClearOverlay(Owner);
+    if (row < 0) return ShowNothingAbove();
     const Suggestion& suggestion = suggestions_[static_cast<std::size_t>(row)];
-    view_.SetOverlay(Owner, GhostOf(suggestion));
+    ShowAbove(GhostOf(suggestion));
     const QString why = mendsAtNeed_ ? "No addition fits. " : "";
     lblSuggestion_->setText(why + Shown(TextOf(session_, suggestion)));
     lblSuggestion_->setToolTip(lblSuggestion_->text());
@@ -230,7 +211,7 @@ void SuggestionBar::BringIntoSight(const Suggestion& suggestion) {
     ViewSettings view = *viewBefore_;
     const double side = std::max(box.Right - box.Left, box.Top - box.Bottom);
     if (side > double{view.Width}) view.Width = static_cast<float>(std::ceil(side));
-    FollowTo(view, box, view_.Frame().Covered(view));
+    FollowTo(view, box, View().Frame().Covered(view));
     session_.Do([&] { session_.Project.Design.View = view; });
     viewShown_ = view;
 }
@@ -240,10 +221,7 @@ GroundBox SuggestionBar::BoxOf(const Suggestion& suggestion) const {
     GroundBox box{place.Start.CursorX, place.Start.CursorX, place.Start.CursorY, place.Start.CursorY};
     Track track{suggestion.Edit.Insert, place.Start.CursorX, place.Start.CursorY, place.Start.CursorHeading};
     WalkTrack(session_.Catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
-        if (placement == nullptr) return;
-        const GroundBox piece = GroundOf(*placement).Box;
-        box = {std::min(box.Left, piece.Left), std::max(box.Right, piece.Right), std::min(box.Bottom, piece.Bottom),
-               std::max(box.Top, piece.Top)};
+        if (placement != nullptr) box = box.Joined(GroundOf(*placement).Box);
     });
     return box;
 }
@@ -271,7 +249,7 @@ QIcon SuggestionBar::IconOf(const Suggestion& suggestion) const {
     return icon;
 }
 
-void SuggestionBar::Lay() {
+void SuggestionBar::Accept() {
     const int row = lstSuggestions_->currentRow();
     if (row < 0) return;
     const Suggestion chosen = suggestions_[static_cast<std::size_t>(row)];
@@ -283,34 +261,10 @@ void SuggestionBar::Refresh(const Changes& changes) {
     if (isVisible() && (changes.Circuit || changes.Room || changes.Stock || changes.EditState)) hide();
 }
 
-void SuggestionBar::hideEvent(QHideEvent*) {
-    view_.ClearOverlay(Owner);
-    view_.setFocus();
-}
-
 /// Goes with all as it was.
 void SuggestionBar::Leave() {
     hide();
     if (session_.Project.Design.View == viewShown_) session_.Do([&] { session_.Project.Design.View = *viewBefore_; });
-}
-
-bool SuggestionBar::TakesKey(int key) {
-    switch (key) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        Lay();
-        return true;
-    case Qt::Key_Escape:
-        Leave();
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// Keys that the strip's boxes leave alone.
-void SuggestionBar::keyPressEvent(QKeyEvent* event) {
-    if (!TakesKey(event->key())) QWidget::keyPressEvent(event);
 }
 
 /// The list's.

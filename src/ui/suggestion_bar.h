@@ -4,7 +4,7 @@
 
 #include "commands/closing_commands.h"
 #include "layout/ground.h"
-#include "ui/circuit_view.h"
+#include "ui/strip.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,7 +18,7 @@
 
 namespace pistaro {
 
-class SuggestionBar : public QWidget {
+class SuggestionBar : public Strip {
 public:
     /// Its ghosts are shown in the view, which it moves where they would be out of sight.
     SuggestionBar(Session& session, CircuitView& view);
@@ -33,28 +33,23 @@ public:
     void Refresh(const Changes& changes);
 
 protected:
+    void Accept() override;
+    void Leave() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
 
 private:
-    QLayout* Head();
     QWidget* Replaced();
     QWidget* Choices();
     void Open();
     void Find();
     void ShowGhost();
     void BringIntoSight(const Suggestion& suggestion);
-    void Lay();
-    void Leave();
-    bool TakesKey(int key);
     Overlay GhostOf(const Suggestion& suggestion) const;
     GroundBox BoxOf(const Suggestion& suggestion) const;
     ClosingOptions Options() const;
     QIcon IconOf(const Suggestion& suggestion) const;
 
     Session& session_;
-    CircuitView& view_;
     QLabel* const lblSuggestion_;
     QListWidget* const lstSuggestions_;
     QCheckBox* const chkOwnedOnly_;

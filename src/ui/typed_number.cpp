@@ -12,4 +12,6 @@ std::string PlainNumber(const QString& typed) {
     return isNumber ? NumberText(value) : typed.trimmed().toStdString();
 }
 
+QString Amount(Cents cents) { return QLocale::system().toString(static_cast<double>(cents) / 100, 'f', 2); }
+
 } // namespace pistaro

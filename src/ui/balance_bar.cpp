@@ -1,0 +1,125 @@
+#include "ui/balance_bar.h"
+
+#include "commands/money_commands.h"
+#include "editor/view_commands.h"
+#include "layout/outline.h"
+#include "layout/placement.h"
+#include "ui/named_controls.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <numeric>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int Margin = 6;
+constexpr int Lines = 3; ///< no balance has more steps
+constexpr Colour ChosenColour = Rgb(0, 130, 60);
+constexpr Colour OtherColour = Rgb(110, 160, 0);
+
+/// The places of a track's pieces once all steps are done.
+class BalancedPlaces {
+public:
+    BalancedPlaces(const Catalogue& catalogue, const Track& track, const std::vector<BalanceStep>& steps)
+        : track_(Balanced(track, steps)), exits_{track.Start()} {
+        WalkTrack(catalogue, track_, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+            exits_.push_back(placement == nullptr ? exits_.back() : placement->Exit);
+            grounds_.push_back(placement == nullptr ? GroundBox() : GroundOf(*placement).Box);
+        });
+    }
+
+    OverlayPieces GhostOf(const BalanceStep& step, Colour colour) const {
+        const auto first = static_cast<std::size_t>(step.First);
+        return {step.Codes, exits_[first], first == 0 ? std::string() : track_.ElementCodes[first - 1], colour};
+    }
+
+    GroundBox BoxOf(const BalanceStep& step) const {
+        const auto first = grounds_.begin() + step.First;
+        return std::accumulate(first, first + static_cast<std::ptrdiff_t>(step.Codes.size()), *first,
+                               [](const GroundBox& box, const GroundBox& piece) { return box.Joined(piece); });
+    }
+
+private:
+    const Track track_;
+    std::vector<BuildCursor> exits_; ///< where each element begins, and where the last one ends
+    std::vector<GroundBox> grounds_;
+};
+
+} // namespace
+
+BalanceBar::BalanceBar(Session& session, CircuitView& view)
+    : Strip("fraBalance", view, "balance"), session_(session), lblBalance_(Named(new QLabel, "lblBalance")),
+      lstBalance_(Named(new QListWidget, "lstBalance")) {
+    QPushButton* const cmdBalance = NewButton("cmdBalance", "&Apply");
+    cmdBalance->setToolTip("Do all of these, as Enter does");
+    lstBalance_->setAccessibleName("Changes");
+    lstBalance_->setFixedHeight(Lines * (lstBalance_->fontMetrics().height() + 4) + 2 * lstBalance_->frameWidth());
+    lstBalance_->installEventFilter(this);
+    connect(lstBalance_, &QListWidget::currentRowChanged, this, [this] { ShowPieces(); });
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
+    column->addLayout(Head(*lblBalance_, *cmdBalance, *NewButton("cmdLeaveBalance", "Cancel")));
+    column->addWidget(lstBalance_);
+}
+
+void BalanceBar::Show(const Balance& balance) {
+    balance_ = balance;
+    const Units& units = session_.Project.Preferences.Units;
+    const std::size_t count = balance.Steps.size();
+    lblBalance_->setText(Shown((count == 1 ? "One change balances" : std::to_string(count) + " changes balance") +
+                               " the lanes of track " + std::to_string(session_.Project.EditState.CurrentTrack + 1) +
+                               ". " + DifferenceText(balance, units) + " now."));
+    {
+        const QSignalBlocker quiet(lstBalance_);
+        lstBalance_->clear();
+        for (const BalanceStep& step : balance.Steps)
+            lstBalance_->addItem(Shown(StepText(step, units)));
+        lstBalance_->setCurrentRow(0);
+    }
+    show();
+    ShowPieces();
+    lstBalance_->setFocus();
+}
+
+/// Those of the chosen change stronger than the others', with what they take the place of hatched; and in sight.
+void BalanceBar::ShowPieces() {
+    const int chosen = lstBalance_->currentRow();
+    if (chosen < 0) return;
+    const Track& track = *EditedTrack(session_.Project.Design.Circuit, session_.Project.EditState);
+    const BalancedPlaces places(session_.Catalogue, track, balance_.Steps);
+    const BalanceStep& step = balance_.Steps[static_cast<std::size_t>(chosen)];
+    Overlay overlay;
+    for (const BalanceStep& each : balance_.Steps)
+        overlay.emplace_back(places.GhostOf(each, &each == &step ? ChosenColour : OtherColour));
+    constexpr double tolerance = 0.1; // cm, of rounded outlines
+    const int end = step.First + static_cast<int>(step.Codes.size());
+    WalkTrack(session_.Catalogue, track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement == nullptr || element < step.First || element >= end) return;
+        overlay.emplace_back(OverlayArea{OutlinePolygon(*placement, tolerance), ChosenColour, true});
+    });
+    ShowAbove(std::move(overlay));
+    session_.Do([&] {
+        ViewSettings& view = session_.Project.Design.View;
+        FollowTo(view, places.BoxOf(step), View().Frame().Covered(view));
+    });
+}
+
+void BalanceBar::Accept() {
+    hide();
+    session_.Do([&] { BalanceTrack(session_, balance_); });
+}
+
+void BalanceBar::Refresh(const Changes& changes) {
+    if (isVisible() && (changes.Circuit || changes.Room || changes.EditState)) hide();
+}
+
+/// The list's.
+bool BalanceBar::eventFilter(QObject*, QEvent* event) {
+    return event->type() == QEvent::KeyPress && TakesKey(static_cast<QKeyEvent*>(event)->key());
+}
+
+} // namespace pistaro

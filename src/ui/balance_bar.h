@@ -1,0 +1,36 @@
+// The strip below the drawing that shows what would balance the lanes of a track: each change as a line, its pieces in
+// the drawing.
+#pragma once
+
+#include "checks/balance.h"
+#include "commands/session.h"
+#include "ui/strip.h"
+
+#include <QListWidget>
+
+namespace pistaro {
+
+class BalanceBar : public Strip {
+public:
+    BalanceBar(Session& session, CircuitView& view);
+
+    /// Changes of the current track, at least one.
+    void Show(const Balance& balance);
+
+    /// To be called after each change: what is shown stands for the circuit as it is, so the strip goes.
+    void Refresh(const Changes& changes);
+
+protected:
+    void Accept() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void ShowPieces();
+
+    Session& session_;
+    QLabel* const lblBalance_;
+    QListWidget* const lstBalance_;
+    Balance balance_;
+};
+
+} // namespace pistaro

@@ -1,0 +1,51 @@
+#include "ui/strip.h"
+
+#include <QKeyEvent>
+
+namespace pistaro {
+
+Strip::Strip(const char* name, CircuitView& view, const char* overlay) : view_(view), overlay_(overlay) {
+    setObjectName(name);
+    setAutoFillBackground(true);
+    hide();
+}
+
+QLayout* Strip::Head(QLabel& text, QPushButton& accept, QPushButton& leave) {
+    leave.setToolTip("Change nothing, as Esc does");
+    connect(&accept, &QPushButton::clicked, this, [this] { Accept(); });
+    connect(&leave, &QPushButton::clicked, this, [this] { Leave(); });
+    auto* const row = new QHBoxLayout;
+    text.setWordWrap(true);
+    row->addWidget(&text, 1);
+    for (QPushButton* const button : {&accept, &leave}) {
+        button->setAutoDefault(true); // Enter presses the one that has the focus
+        row->addWidget(button, 0, Qt::AlignTop);
+    }
+    return row;
+}
+
+bool Strip::TakesKey(int key) {
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Accept();
+        return true;
+    case Qt::Key_Escape:
+        Leave();
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Keys that its boxes leave alone.
+void Strip::keyPressEvent(QKeyEvent* event) {
+    if (!TakesKey(event->key())) QWidget::keyPressEvent(event);
+}
+
+void Strip::hideEvent(QHideEvent*) {
+    ShowNothingAbove();
+    view_.setFocus();
+}
+
+} // namespace pistaro
