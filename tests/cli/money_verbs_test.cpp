@@ -45,8 +45,19 @@ TEST_F(MoneyVerbs, BuyListsSinglePiecesWithoutSets) {
     EXPECT_EQ(run.ExitStatus, 0);
     EXPECT_EQ(run.Output, R"({"currency":"EUR","sets":[],"singles":[{"code":"C151","count":2,"price":2.99,"sum":5.98},)"
                           R"({"code":"C160","count":2,"price":3.5,"sum":7}],"notSold":[{"code":"C164","count":1}],)"
-                          R"("surplus":[],"unused":[],"total":12.98,"bound":12.98,"proven":true})"
+                          R"("surplus":[],"unused":[],"unknown":[],"total":12.98,"bound":12.98,"proven":true})"
                           "\n");
+}
+
+TEST_F(MoneyVerbs, BuyNamesTheCodesThatItDoesNotCount) {
+    WriteBytes(folder_ / "strange.trk", CircuitBytes(ProjectOf("C160 C9999 C160 C9999 X1").Design));
+
+    EXPECT_EQ(Run({"buy", "strange.trk"}).Output,
+              "    1 x C160 standard straight                          3.50        3.50\n"
+              "Total 3.50 EUR, the cheapest there is.\n"
+              "Not in the catalogue, and not counted: 2 C9999, 1 X1\n");
+    EXPECT_THAT(Run({"buy", "strange.trk", "--json"}).Output,
+                HasSubstr(R"("unknown":[{"code":"C9999","count":2},{"code":"X1","count":1}])"));
 }
 
 TEST_F(MoneyVerbs, BuyTakesTheSetsBesideTheSettings) {
