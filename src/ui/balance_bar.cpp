@@ -27,8 +27,11 @@ public:
     BalancedPlaces(const Catalogue& catalogue, const Track& track, const std::vector<BalanceStep>& steps)
         : track_(Balanced(track, steps)), exits_{track.Start()} {
         WalkTrack(catalogue, track_, [&](int, const PiecePlacement* placement, const BuildCursor&) {
-            exits_.push_back(placement == nullptr ? exits_.back() : placement->Exit);
-            grounds_.push_back(placement == nullptr ? GroundBox() : GroundOf(*placement).Box);
+            exits_.push_back(exits_.back());
+            grounds_.emplace_back();
+            if (placement == nullptr) return; // it lies nowhere
+            exits_.back() = placement->Exit;
+            grounds_.back() = GroundOf(*placement).Box;
         });
     }
 
