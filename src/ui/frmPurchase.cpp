@@ -42,11 +42,13 @@ frmPurchase::frmPurchase(Session& session, const Purchase& purchase, const Boxed
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     auto* const column = new QVBoxLayout(this);
     QTreeWidget* const lines = Lines();
+    const bool hasLines = lines->topLevelItemCount() > 0;
     column->addWidget(lines, 1);
-    column->addWidget(Total(lines->topLevelItemCount() > 0));
+    lines->setVisible(hasLines);
+    column->addWidget(Total(hasLines));
     column->addWidget(Remarks());
     column->addLayout(ButtonRow({cmdSets, cmdCopy, cmdClose}));
-    resize(UsualSize);
+    if (hasLines) resize(UsualSize);
 }
 
 QTreeWidget* frmPurchase::Lines() const {
