@@ -124,6 +124,12 @@ void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& pl
     edit.DataChanged = true;
 }
 
+std::vector<std::string> DisplacedPieces(const Project& project, const DropPlace& place) {
+    const Track& track = project.Design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
+    if (place.Replaces || IsBeforeStart(track, place)) return {};
+    return {track.ElementCodes.begin() + place.Element, track.ElementCodes.end()};
+}
+
 std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held) {
     Track track = project.Design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
     if (IsBeforeStart(track, place)) {

@@ -17,6 +17,7 @@ namespace pistaro {
 namespace {
 
 constexpr const char* GhostOverlay = "ghost";
+constexpr const char* DisplacedOverlay = "displaced"; ///< below the ghost
 constexpr const char* EndsOverlay = "ends";
 constexpr double DropReach = 40;    ///< cm from a joint, in which a piece goes there
 constexpr double NearlyClosed = 60; ///< cm of a gap that is shown as a dashed line
@@ -127,7 +128,10 @@ std::string BuildingHand::WordsAt(const DropPlace& place) const {
 
 void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
     place_ = place;
-    if (!place) return view_.ClearOverlay(GhostOverlay);
+    if (!place) {
+        view_.ClearOverlay(DisplacedOverlay);
+        return view_.ClearOverlay(GhostOverlay);
+    }
     const Colour colour = view_.Colours().Active;
     const PieceKind& kind = session_.Catalogue.Find(code_)->Kind;
     BuildCursor end = place->At;
@@ -136,6 +140,16 @@ void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
     const std::vector<std::string> codes(static_cast<std::size_t>(session_.Times), code_);
     view_.SetOverlay(GhostOverlay, {OverlayPieces{codes, place->At, place->CodeBefore, colour},
                                     OverlayText{MiddleAt(end, kind.Width), WordsAt(*place), colour}});
+    ShowDisplaced(*place, end);
+}
+
+void BuildingHand::ShowDisplaced(const DropPlace& place, const BuildCursor& from) {
+    const std::vector<std::string> codes = DisplacedPieces(Now(), place);
+    if (codes.empty()) return view_.ClearOverlay(DisplacedOverlay);
+    const ColourScheme colours = view_.Colours();
+    view_.SetOverlay(DisplacedOverlay,
+                     {OverlayPieces{codes, place.At, place.CodeBefore, colours.Background, PieceLook::Faded},
+                      OverlayPieces{codes, from, code_, colours.Active, PieceLook::Light}});
 }
 
 void BuildingHand::ShowEnds() {

@@ -34,6 +34,9 @@ private:
     HeldPiece Held() const { return {code_, session_.Times}; }
     std::string WordsAt(const DropPlace& place) const;
     void ShowGhost(const std::optional<DropPlace>& place);
+    /// Shows the room that is made: what lies behind the place fades there, and stands lightly where it would come to
+    /// lie, from a cursor on.
+    void ShowDisplaced(const DropPlace& place, const BuildCursor& from);
     void ShowEnds();
     std::optional<DropPlace> PlaceUnder(QPointF global) const;
     void Drop();

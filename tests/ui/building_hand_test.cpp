@@ -186,6 +186,46 @@ TEST_F(BuildingByHand, APieceDraggedBetweenTwoIsPutInAsOneStep) {
     EXPECT_EQ(Codes(), "C160 C160");
 }
 
+TEST_F(BuildingByHand, WhileAPieceIsHeldBetweenTwoTheRoomIsShownThatItWouldMake) {
+    Open(ProjectOf("C160 C160 C158"));
+
+    Drag("C159", 12, 37, false);
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+    const Overlay room = Canvas().OverlayOf("displaced");
+    ASSERT_EQ(room.size(), 2U);
+    const auto& asTheyLie = std::get<OverlayPieces>(room[0]);
+    EXPECT_EQ(asTheyLie.Codes, (std::vector<std::string>{"C160", "C158"}));
+    EXPECT_EQ(asTheyLie.Start, (BuildCursor{0, 35, 0}));
+    EXPECT_EQ(asTheyLie.Look, PieceLook::Faded);
+    const auto& asTheyWouldLie = std::get<OverlayPieces>(room[1]);
+    EXPECT_EQ(asTheyWouldLie.Codes, (std::vector<std::string>{"C160", "C158"}));
+    EXPECT_EQ(asTheyWouldLie.Start, (BuildCursor{0, 52.5F, 0}));
+    EXPECT_EQ(asTheyWouldLie.Look, PieceLook::Light);
+
+    QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {}, QPoint(-500, 0));
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty());
+    EXPECT_EQ(Codes(), "C160 C160 C158");
+}
+
+TEST_F(BuildingByHand, NoRoomIsMadeAtTheEndsAndInAnotherPiecesPlace) {
+    Open(ProjectOf("C160 C160"));
+
+    Drag("C159", 12, 80, false);
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty()) << "at the end";
+    Drag("C159", 8, -12, false);
+    EXPECT_EQ(Ghost().Start.CursorY, -17.5F);
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty()) << "before the start, which it takes back";
+    QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {}, QPoint(-500, 0));
+
+    ClickLine(0);
+    Click("cmdInsert");
+    Enter("C159");
+    EXPECT_EQ(std::get<OverlayPieces>(Canvas().OverlayOf("displaced").at(1)).Start.CursorY, 17.5F)
+        << "before the selected one in Insert mode";
+    Leave("C159");
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty());
+}
+
 TEST_F(BuildingByHand, APieceDraggedBeforeTheStartTakesTheStartBack) {
     Open(ProjectOf("C160 C160"));
 
