@@ -4,7 +4,6 @@
 #include "commands/session.h"
 #include "ui/frmAbout.h"
 #include "ui/frmBox.h"
-#include "ui/frmHistory.h"
 #include "ui/frmStock.h"
 #include "ui/suggestion_bar.h"
 
@@ -47,7 +46,6 @@ public:
     /// These stay beside the window, and come once.
     void ShowStock() override;
     void ShowAbout() override;
-    void ShowHistory() override;
     void ShowBox() override;
     void ShowVariations() override;
 
@@ -68,7 +66,6 @@ private:
     QPointer<frmStock> stock_;
     QPointer<frmBox> box_, variations_;
     std::map<Panel, PanelDoor> panels_;
-    QPointer<frmHistory> history_;
     std::function<void()> findPiece_, showTour_;
 };
 
