@@ -129,6 +129,7 @@ void frmCorvel::AddHand() {
         if (tour_ != nullptr) tour_->Refresh();
     });
     palette_->PointedAt = [this](const std::string& code) { hand_->PointAt(code); };
+    palette_->TakenUp = [this](const std::string& code) { hand_->TakeUp(code); };
     tour_ = new Tour(session_, *this, circuit_->View());
     dialogs_.OfferSearchAndTour([this] { palette_->FindPiece(); }, [this] { tour_->Begin(); });
 }

@@ -67,7 +67,8 @@ std::vector<const CatalogueEntry*> PiecesIn(const PieceFrame& frame, const Catal
 PiecePalette::PiecePalette(Session& session, CommandControls& controls)
     : session_(session), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new ModeSwitch),
       finder_(
-          session, *this, [this] { ShowFrames(); }, [this](const std::string& code) { PointedAt(code); }),
+          session, *this, [this] { ShowFrames(); }, [this](const std::string& code) { PointedAt(code); },
+          [this](const std::string& code) { TakenUp(code); }),
       cmdSeeRemaining_(new QPushButton), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
                                                     {TrackSystem::Ninco, NewKeyField(this)}} {
     column_->setContentsMargins(0, 0, 0, 0);
@@ -119,6 +120,7 @@ FoldOut* PiecePalette::NewFoldOut(const CatalogueEntry& basic, const std::vector
     auto* const foldOut = new FoldOut(session_, controls_, basic.Code, specials, this);
     connect(foldOut, &QMenu::hovered, this, [this](const QAction* special) { PointedAt(TagOf(*special)); });
     connect(foldOut, &QMenu::aboutToHide, this, [this] { PointedAt(""); });
+    foldOut->TakenUp = [this](const std::string& code) { TakenUp(code); };
     return foldOut;
 }
 

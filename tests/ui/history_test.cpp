@@ -157,6 +157,8 @@ TEST_F(HistoryInTheWindow, ListStandsBesideTheDrawingUntilItsKeyPutsItAway) {
     Open();
     auto& dock = Find<QDockWidget>("fraHistory");
     EXPECT_FALSE(dock.isVisible());
+    Window->resize(1300, 800);
+    QTest::qWait(20);
     const int width = Picture().width();
 
     Press(Qt::Key_H);
