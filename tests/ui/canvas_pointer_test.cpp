@@ -2,6 +2,7 @@
 #include "ui/window_fixture.h"
 
 #include <QContextMenuEvent>
+#include <QEnterEvent>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -43,8 +44,19 @@ protected:
         QTest::mouseClick(&Picture(), Qt::RightButton, {}, place);
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, Picture().mapToGlobal(place));
         QApplication::sendEvent(&Picture(), &event);
-        return *Picture().findChild<QMenu*>("mnuPiece");
+        QMenu* last = nullptr;
+        for (QMenu* const menu : Picture().findChildren<QMenu*>("mnuPiece"))
+            last = menu;
+        return *last;
     }
+    /// The names of a menu's entries in another one.
+    static std::string ShownIn(const QMenu& menu, const char* name) {
+        QStringList names;
+        for (const QAction* const entry : menu.findChild<QMenu*>(name)->actions())
+            names.append(entry->objectName());
+        return names.join(" ").toStdString();
+    }
+    std::string DragWords() { return std::get<OverlayText>(Canvas().OverlayOf("moved track").at(1)).Text; }
 };
 
 TEST_F(CanvasPointers, TheWheelZoomsAtThePointer) {
@@ -182,13 +194,59 @@ TEST_F(CanvasPointers, TheMenuOfAPieceOffersWhatCanBeDoneWithIt) {
     for (const QAction* const entry : menu.actions()) {
         if (!entry->isSeparator()) names.append(entry->objectName());
     }
-    EXPECT_EQ(names.join(" ").toStdString(),
-              "mnuC160 mnuC164 mnuC248 mnuC8005 mnuC8006 mnuC8007 mnuC8009 cmdInsert cmdDelete mnuSelectRest "
-              "mnuStartHere mnuMirrorRest");
+    EXPECT_EQ(names.join(" ").toStdString(), "  cmdDelete mnuSelectRest mnuStartHere mnuMirrorRest mnuPaste cmdFit")
+        << "below two menus of pieces";
+    EXPECT_EQ(menu.actions().at(0)->text(), "C160 · element 0 of track 1");
+    EXPECT_EQ(ShownIn(menu, "mnuReplacements"), "mnuC164 mnuC248 mnuC8005 mnuC8006 mnuC8007 mnuC8009");
 
     menu.findChild<QAction*>("mnuC8007")->trigger();
     EXPECT_TRUE(Codes().starts_with("C8007 C151L"));
     menu.close();
+}
+
+TEST_F(CanvasPointers, TheMenuOfAPieceShowsTheKeysThatOthersListenTo) {
+    Open(ProjectOf(Ring));
+    QMenu& menu = OpenMenu(At(8, 17));
+    EXPECT_EQ(menu.findChild<QAction*>("cmdDelete")->shortcut(), QKeySequence(Qt::Key_Delete));
+    EXPECT_TRUE(menu.findChild<QAction*>("cmdDelete")->isShortcutVisibleInContextMenu());
+    menu.close();
+
+    QTest::keyClick(Window.get(), Qt::Key_Delete);
+    EXPECT_EQ(List().count(), 9) << "once";
+}
+
+TEST_F(CanvasPointers, TheMenuOfAPiecePutsOthersOfItsShapeBeforeIt) {
+    Open(ProjectOf("C160 C151R C159"));
+    QMenu& menu = OpenMenu(At(12, 45));
+    ASSERT_EQ(Project.EditState.SelectedElement(), 1);
+    const QMenu& pieces = *menu.findChild<QMenu*>("mnuInsertions");
+    EXPECT_EQ(pieces.actions().at(0)->text(), QString("C151  standard curve 45°"));
+
+    QTest::keyClick(Window.get(), Qt::Key_2);
+    for (QAction* const entry : pieces.actions())
+        if (entry->property("Tag") == "C8010R") entry->trigger();
+
+    EXPECT_EQ(Codes(), "C160 C8010R C8010R C151R C159");
+    EXPECT_EQ(Project.EditState.SelectedElement(), 3) << "the piece that was clicked on";
+    EXPECT_FALSE(Project.EditState.InsertMode);
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Insert 2 C8010");
+    menu.close();
+}
+
+TEST_F(CanvasPointers, TheMenuOfAPieceTellsWhyWhatCannotBeDone) {
+    Open(ProjectOf("C160 C154L"));
+    QMenu& menu = OpenMenu(At(8, 17));
+
+    const QAction& startHere = *menu.findChild<QAction*>("mnuStartHere");
+    EXPECT_FALSE(startHere.isEnabled());
+    EXPECT_EQ(startHere.toolTip(), "The track is not closed.");
+    menu.close();
+    QMenu& ofHairpin = OpenMenu(At(4, 45));
+    ASSERT_EQ(Project.EditState.SelectedElement(), 1);
+    const QAction& replace = *ofHairpin.findChild<QMenu*>("mnuReplacements")->menuAction();
+    EXPECT_FALSE(replace.isEnabled());
+    EXPECT_EQ(replace.toolTip(), "No other piece has this one's shape.");
+    ofHairpin.close();
 }
 
 TEST_F(CanvasPointers, StartHereRenumbersFromThePieceUnderTheMouse) {
@@ -239,6 +297,69 @@ TEST_F(CanvasPointers, WithAltATrackTurnsAboutThePiecesMiddle) {
     const GroundPoint middle = MiddleOf(GroundOf(*placement));
     EXPECT_NEAR(middle.X, 7.75, 0.01);
     EXPECT_NEAR(middle.Y, 17.5, 0.01);
+}
+
+TEST_F(CanvasPointers, WithCtrlATrackTurnsAsWithAltWhichWindowManagersMayTake) {
+    Open(ProjectOf("C160"));
+    const QPoint from = At(8, 17);
+
+    QTest::mousePress(&Picture(), Qt::LeftButton, Qt::ControlModifier, from);
+    MoveTo(from + QPoint(20, 0), Qt::LeftButton, Qt::ControlModifier);
+    MoveTo(from + QPoint(125, 0), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(DragWords(), "33.75° right");
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, Qt::ControlModifier, from + QPoint(125, 0));
+
+    EXPECT_FLOAT_EQ(First().TrackStartHeading, 5.694137F); // three steps back from a full turn
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Turn Track");
+}
+
+TEST_F(CanvasPointers, ADragTellsHowFarItIsAndEscLeavesTheTrackWhereItLay) {
+    Open(ProjectOf("C160"));
+    const QPoint from = At(8, 17);
+
+    QTest::mousePress(&Picture(), Qt::LeftButton, {}, from);
+    MoveTo(At(8 + 31, 17 + 16), Qt::LeftButton, Qt::ShiftModifier);
+    EXPECT_EQ(DragWords(), "31, 15.5 cm");
+    EXPECT_EQ(Picture().cursor().shape(), Qt::SizeAllCursor);
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(Canvas().OverlayOf("moved track").empty());
+    MoveTo(At(60, 60), Qt::LeftButton);
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, At(60, 60));
+
+    EXPECT_EQ(First().TrackStartX, 0);
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(CanvasPointers, AHandShowsThatADragMovesTheView) {
+    Open(ProjectOf("C160"));
+    Picture().setFocus();
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ArrowCursor);
+
+    QTest::mousePress(&Picture(), Qt::MiddleButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ClosedHandCursor);
+    QTest::mouseRelease(&Picture(), Qt::MiddleButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ArrowCursor);
+
+    QTest::keyPress(&Picture(), Qt::Key_Space);
+    EXPECT_EQ(Picture().cursor().shape(), Qt::OpenHandCursor);
+    QTest::mousePress(&Picture(), Qt::LeftButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ClosedHandCursor);
+    QTest::keyRelease(&Picture(), Qt::Key_Space);
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ClosedHandCursor) << "until the button comes up";
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(CanvasPointers, TheSpaceBarPansWhereAButtonWasPressedBefore) {
+    Open();
+    Piece("C160").setFocus();
+
+    QEnterEvent enter(QPointF(50, 50), QPointF(50, 50), Picture().mapToGlobal(QPointF(50, 50)));
+    QApplication::sendEvent(&Picture(), &enter);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+
+    EXPECT_EQ(Codes(), "") << "it adds no piece";
+    EXPECT_TRUE(Picture().hasFocus());
 }
 
 TEST_F(CanvasPointers, AClickThatHardlyMovesMovesNoTrack) {
