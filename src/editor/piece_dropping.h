@@ -31,6 +31,9 @@ struct HeldPiece {
 /// Insert mode, or, one special piece, in the selected element's place where it fits. Nothing with all tracks chosen.
 std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& piece);
 
+/// Before the selected element, or in its place; nothing where none is selected.
+std::optional<DropPlace> SelectedPlace(const Catalogue& catalogue, const Project& project, bool replaces);
+
 /// The joint nearest to a point of all tracks: an end, a start, before which the piece then comes to lie, or between
 /// two pieces. Where none is within `reach` (cm), the nearest open end; nothing where all tracks are closed, or all are
 /// chosen. Of empty tracks the current one's start alone.

@@ -56,7 +56,7 @@ bool BuildingHand::eventFilter(QObject* watched, QEvent* event) {
     // A menu or a dialog that opened under the mouse took the button's end of hovering.
     if (watched == &view_ && event->type() == QEvent::Enter && !dragged_) PointAt("");
     auto* const button = qobject_cast<QToolButton*>(watched);
-    return button != nullptr && OnPiece(*button, *event);
+    return button != nullptr && !carried_ && OnPiece(*button, *event);
 }
 
 bool BuildingHand::OnKey(const QKeyEvent& key) {
@@ -73,8 +73,15 @@ bool BuildingHand::OnKey(const QKeyEvent& key) {
 }
 
 void BuildingHand::PointAt(const std::string& code) {
+    if (dragged_) return; // what the mouse passes on its way does not matter
     code_ = code;
     ShowGhost(ButtonPlace(session_.Catalogue, Now(), Held()));
+}
+
+void BuildingHand::PointAtSelected(const std::string& code, bool replaces) {
+    if (code.empty()) return PointAt("");
+    code_ = code;
+    ShowGhost(SelectedPlace(session_.Catalogue, Now(), replaces));
 }
 
 bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {

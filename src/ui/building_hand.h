@@ -27,6 +27,9 @@ public:
     /// Shows the ghost of a piece that somebody points at, in whatever list or menu; none where there is no code.
     void PointAt(const std::string& code);
 
+    /// The same before the selected element, or in its place.
+    void PointAtSelected(const std::string& code, bool replaces);
+
     /// Takes a piece up that the mouse has dragged out of a list or a menu: it is carried until the button comes up.
     void TakeUp(const std::string& code);
 

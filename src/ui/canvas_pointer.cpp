@@ -294,12 +294,14 @@ void CanvasPointer::ShowTip(const QHelpEvent& event) {
     if (!pointed_) return QToolTip::hideText();
     QToolTip::showText(event.globalPos(),
                        Shown(PieceTip(session_.Catalogue, Now(), *pointed_) +
-                             "\nDrag: move the track; Shift: in steps; Ctrl: turn it"),
+                             "\nDrag moves the track · Shift: in steps · Ctrl: turns it"),
                        &view_);
 }
 
 void CanvasPointer::OpenMenu(const QContextMenuEvent& event) {
-    (new PieceMenu(session_, controls_, &view_))->popup(event.globalPos());
+    auto* const menu = new PieceMenu(session_, controls_, &view_);
+    menu->PointedAt = PointedAtInMenu;
+    menu->popup(event.globalPos());
 }
 
 BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers keys) {
@@ -320,11 +322,11 @@ BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers key
 
 void CanvasPointer::ShowDragged(QPointF place) {
     const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
-    const Colour colour = view_.Colours().Active;
-    view_.SetOverlay(
-        DragOverlay,
-        {OverlayPieces{.Codes = track->ElementCodes, .Start = dragged_, .CodeBefore = {}, .InkColour = colour},
-         OverlayText{view_.WorldAt(place), WordsOfDrag(), colour}});
+    const ColourScheme colours = view_.Colours();
+    view_.SetOverlay(DragOverlay,
+                     {OverlayPieces{track->ElementCodes, track->Start(), "", colours.Background, PieceLook::Faded},
+                      OverlayPieces{track->ElementCodes, dragged_, "", colours.Active},
+                      OverlayText{view_.WorldAt(place), WordsOfDrag(), colours.Active}});
 }
 
 /// "12.5, -3.1 cm", or "22.5° to the left".

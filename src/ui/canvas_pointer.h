@@ -32,6 +32,10 @@ public:
     /// Called with the place under the mouse whenever that has moved.
     std::function<void(WorldPoint)> TellPlace = [](WorldPoint) {};
 
+    /// Called with the code of the piece that the mouse is on in a piece's menu, empty when it leaves, and whether it
+    /// would replace the selected one.
+    std::function<void(const std::string& code, bool replaces)> PointedAtInMenu = [](const std::string&, bool) {};
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

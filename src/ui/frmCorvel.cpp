@@ -130,6 +130,9 @@ void frmCorvel::AddHand() {
     });
     palette_->PointedAt = [this](const std::string& code) { hand_->PointAt(code); };
     palette_->TakenUp = [this](const std::string& code) { hand_->TakeUp(code); };
+    pointer_->PointedAtInMenu = [this](const std::string& code, bool replaces) {
+        hand_->PointAtSelected(code, replaces);
+    };
     tour_ = new Tour(session_, *this, circuit_->View());
     dialogs_.OfferSearchAndTour([this] { palette_->FindPiece(); }, [this] { tour_->Begin(); });
 }

@@ -41,23 +41,27 @@ void PieceMenu::AddTitle() {
                    .arg(edit.CurrentTrack + 1));
 }
 
-QMenu& PieceMenu::AddPieces(const char* name, const char* title) {
+QMenu& PieceMenu::AddPieces(const char* name, const char* title, bool replaces) {
     QMenu* const pieces = addMenu(title);
     pieces->setObjectName(name);
     pieces->setToolTipsVisible(true);
     ShowLargeIcons(*pieces);
+    connect(pieces, &QMenu::hovered, this,
+            [this, replaces](const QAction* entry) { PointedAt(TagOf(*entry), replaces); });
+    connect(pieces, &QMenu::aboutToHide, this, [this, replaces] { PointedAt("", replaces); });
     return *pieces;
 }
 
 void PieceMenu::Show(QAction& entry, const CatalogueEntry& piece) const {
     const Project& project = session_.Project;
     const UsedCounts used = CountUsed(session_.Catalogue, project.Design.Circuit);
+    entry.setProperty("Tag", Shown(piece.Code));
     entry.setIcon(
         BadgedPieceIcon(piece, session_.Catalogue, LeftInBox(session_.Catalogue, used, project.Stock, piece), *this));
 }
 
 void PieceMenu::AddReplacements() {
-    QMenu& pieces = AddPieces("mnuReplacements", "&Replace by");
+    QMenu& pieces = AddPieces("mnuReplacements", "&Replace by", true);
     for (const int row : session_.Catalogue.VariantRows()) {
         const std::string product(ProductCode(session_.Catalogue[row].Code));
         const bool fits = IsVariantOfSelected(session_.Catalogue, session_.Project.Design.Circuit,
@@ -74,7 +78,7 @@ void PieceMenu::AddReplacements() {
 }
 
 void PieceMenu::AddInsertions() {
-    QMenu& pieces = AddPieces("mnuInsertions", "&Insert Before");
+    QMenu& pieces = AddPieces("mnuInsertions", "&Insert Before", false);
     const CatalogueEntry* const selected = session_.Catalogue.Find(selected_);
     if (selected == nullptr) {
         pieces.menuAction()->setEnabled(false);
@@ -91,7 +95,6 @@ void PieceMenu::AddInsertions() {
 void PieceMenu::AddInsertion(QMenu& menu, const CatalogueEntry& piece) {
     QAction* const entry = menu.addAction(Shown(std::string(ProductCode(piece.Code)) + "  " + piece.LongName));
     entry->setObjectName("mnuInsertBefore");
-    entry->setProperty("Tag", Shown(piece.Code));
     entry->setToolTip("Put this one in front of the selected piece");
     connect(entry, &QAction::triggered, this, [this, code = piece.Code] { Insert(code); });
     Show(*entry, piece);

@@ -119,7 +119,8 @@ QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
 FoldOut* PiecePalette::NewFoldOut(const CatalogueEntry& basic, const std::vector<int>& specials) {
     auto* const foldOut = new FoldOut(session_, controls_, basic.Code, specials, this);
     connect(foldOut, &QMenu::hovered, this, [this](const QAction* special) { PointedAt(TagOf(*special)); });
-    connect(foldOut, &QMenu::aboutToHide, this, [this] { PointedAt(""); });
+    for (const auto signal : {&QMenu::aboutToShow, &QMenu::aboutToHide})
+        connect(foldOut, signal, this, [this] { PointedAt(""); }); // nor is its button meant
     foldOut->TakenUp = [this](const std::string& code) { TakenUp(code); };
     return foldOut;
 }

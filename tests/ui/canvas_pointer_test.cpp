@@ -1,7 +1,6 @@
 // The mouse and the keyboard on the drawing.
 #include "ui/window_fixture.h"
 
-#include <QContextMenuEvent>
 #include <QEnterEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -39,24 +38,7 @@ protected:
     void Key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&Picture(), key, keys); }
     const Track& First() { return Project.Design.Circuit.Tracks[0]; }
 
-    /// Opens the menu of a place and gives its entries.
-    QMenu& OpenMenu(QPoint place) {
-        QTest::mouseClick(&Picture(), Qt::RightButton, {}, place);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, place, Picture().mapToGlobal(place));
-        QApplication::sendEvent(&Picture(), &event);
-        QMenu* last = nullptr;
-        for (QMenu* const menu : Picture().findChildren<QMenu*>("mnuPiece"))
-            last = menu;
-        return *last;
-    }
-    /// The names of a menu's entries in another one.
-    static std::string ShownIn(const QMenu& menu, const char* name) {
-        QStringList names;
-        for (const QAction* const entry : menu.findChild<QMenu*>(name)->actions())
-            names.append(entry->objectName());
-        return names.join(" ").toStdString();
-    }
-    std::string DragWords() { return std::get<OverlayText>(Canvas().OverlayOf("moved track").at(1)).Text; }
+    std::string DragWords() { return std::get<OverlayText>(Canvas().OverlayOf("moved track").at(2)).Text; }
 };
 
 TEST_F(CanvasPointers, TheWheelZoomsAtThePointer) {
@@ -184,80 +166,6 @@ TEST_F(CanvasPointers, ThePieceUnderTheMouseIsOutlinedAndTold) {
 
     MoveTo(At(-40, 50));
     EXPECT_TRUE(Canvas().OverlayOf("hover").empty());
-}
-
-TEST_F(CanvasPointers, TheMenuOfAPieceOffersWhatCanBeDoneWithIt) {
-    Open(ProjectOf(Ring));
-    QMenu& menu = OpenMenu(At(8, 17));
-    EXPECT_EQ(Project.EditState.SelectedElement(), 0);
-    QStringList names;
-    for (const QAction* const entry : menu.actions()) {
-        if (!entry->isSeparator()) names.append(entry->objectName());
-    }
-    EXPECT_EQ(names.join(" ").toStdString(), "  cmdDelete mnuSelectRest mnuStartHere mnuMirrorRest mnuPaste cmdFit")
-        << "below two menus of pieces";
-    EXPECT_EQ(menu.actions().at(0)->text(), "C160 · element 0 of track 1");
-    EXPECT_EQ(ShownIn(menu, "mnuReplacements"), "mnuC164 mnuC248 mnuC8005 mnuC8006 mnuC8007 mnuC8009");
-
-    menu.findChild<QAction*>("mnuC8007")->trigger();
-    EXPECT_TRUE(Codes().starts_with("C8007 C151L"));
-    menu.close();
-}
-
-TEST_F(CanvasPointers, TheMenuOfAPieceShowsTheKeysThatOthersListenTo) {
-    Open(ProjectOf(Ring));
-    QMenu& menu = OpenMenu(At(8, 17));
-    EXPECT_EQ(menu.findChild<QAction*>("cmdDelete")->shortcut(), QKeySequence(Qt::Key_Delete));
-    EXPECT_TRUE(menu.findChild<QAction*>("cmdDelete")->isShortcutVisibleInContextMenu());
-    menu.close();
-
-    QTest::keyClick(Window.get(), Qt::Key_Delete);
-    EXPECT_EQ(List().count(), 9) << "once";
-}
-
-TEST_F(CanvasPointers, TheMenuOfAPiecePutsOthersOfItsShapeBeforeIt) {
-    Open(ProjectOf("C160 C151R C159"));
-    QMenu& menu = OpenMenu(At(12, 45));
-    ASSERT_EQ(Project.EditState.SelectedElement(), 1);
-    const QMenu& pieces = *menu.findChild<QMenu*>("mnuInsertions");
-    EXPECT_EQ(pieces.actions().at(0)->text(), QString("C151  standard curve 45°"));
-
-    QTest::keyClick(Window.get(), Qt::Key_2);
-    for (QAction* const entry : pieces.actions())
-        if (entry->property("Tag") == "C8010R") entry->trigger();
-
-    EXPECT_EQ(Codes(), "C160 C8010R C8010R C151R C159");
-    EXPECT_EQ(Project.EditState.SelectedElement(), 3) << "the piece that was clicked on";
-    EXPECT_FALSE(Project.EditState.InsertMode);
-    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Insert 2 C8010");
-    menu.close();
-}
-
-TEST_F(CanvasPointers, TheMenuOfAPieceTellsWhyWhatCannotBeDone) {
-    Open(ProjectOf("C160 C154L"));
-    QMenu& menu = OpenMenu(At(8, 17));
-
-    const QAction& startHere = *menu.findChild<QAction*>("mnuStartHere");
-    EXPECT_FALSE(startHere.isEnabled());
-    EXPECT_EQ(startHere.toolTip(), "The track is not closed.");
-    menu.close();
-    QMenu& ofHairpin = OpenMenu(At(4, 45));
-    ASSERT_EQ(Project.EditState.SelectedElement(), 1);
-    const QAction& replace = *ofHairpin.findChild<QMenu*>("mnuReplacements")->menuAction();
-    EXPECT_FALSE(replace.isEnabled());
-    EXPECT_EQ(replace.toolTip(), "No other piece has this one's shape.");
-    ofHairpin.close();
-}
-
-TEST_F(CanvasPointers, StartHereRenumbersFromThePieceUnderTheMouse) {
-    Open(ProjectOf(Ring));
-    QMenu& menu = OpenMenu(At(-30, 17)); // the straight on the other side
-
-    menu.findChild<QAction*>("mnuStartHere")->trigger();
-
-    EXPECT_EQ(Codes(), Ring) << "half a lap on it looks the same";
-    EXPECT_NEAR(First().TrackStartX, -43.6, 0.01);
-    menu.close();
 }
 
 TEST_F(CanvasPointers, DraggingAPieceMovesItsTrackAsOneStep) {

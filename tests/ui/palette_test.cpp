@@ -5,6 +5,7 @@
 #include "ui/piece_badge.h"
 #include "ui/piece_button.h"
 
+#include <QEnterEvent>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -123,6 +124,9 @@ TEST_F(PaletteTest, ASpecialPieceIsDraggedFromItsFoldOutOntoTheDrawing) {
     SendMove(menu, QPoint(menu.width() + 20, entry.y()));
     EXPECT_FALSE(menu.isVisible());
     EXPECT_EQ(QWidget::mouseGrabber(), &Picture());
+    const QPointF place(5, 5);
+    QEnterEvent enter(place, place, Piece("C153R").mapToGlobal(place));
+    QApplication::sendEvent(&Piece("C153R"), &enter); // which the menu had covered
     const QPoint between = Canvas().PlaceOf({12, 37}).toPoint();
     SendMove(Picture(), between);
     EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C8007"}));
