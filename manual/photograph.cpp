@@ -305,10 +305,12 @@ void PhotographHistory(const Catalogue& catalogue, const QString& folder) {
     for (const char* const command :
          {"add C160", "add C160", "add C151L", "move up", "add C153R", "delete", "add C158", "mirror", "undo", "undo"})
         session.Run(*session.Commands.Find(command));
-    HistoryDock dock(session);
-    dock.resize(240, 300);
-    dock.show();
-    Photographer(folder).Take(dock, "history");
+    QMainWindow window;
+    auto* const dock = new HistoryDock(session);
+    window.addDockWidget(Qt::RightDockWidgetArea, dock);
+    window.resize(240, 180);
+    window.show();
+    Photographer(folder).Take(*dock, "history");
 }
 
 /// The window on a dark desktop, with three tracks of which some pieces are owned.
