@@ -248,10 +248,27 @@ void Ghost(benchmark::State& state) {
     }
 }
 
+/// A piece held before the first one: all of the longest track fades and stands anew.
+void MakeRoom(benchmark::State& state) {
+    Canvas canvas;
+    const std::vector<std::string>& codes = canvas.Session.Project.Design.Circuit.Tracks[0].ElementCodes;
+    float y = 0;
+    for (auto _ : state) {
+        y += 1;
+        canvas.View.SetOverlay("displaced", {OverlayPieces{.Codes = codes, .Look = PieceLook::Faded},
+                                             OverlayPieces{codes, {0, y, 0}, "C160", 0, PieceLook::Light}});
+        canvas.View.repaint();
+    }
+}
+
 const bool Registered = [] {
     using Work = void (*)(benchmark::State&);
-    const std::pair<const char*, Work> works[] = {
-        {"surface redraw", RedrawSurface}, {"pan", Pan}, {"zoom", Zoom}, {"hover", Hover}, {"ghost", Ghost}};
+    const std::pair<const char*, Work> works[] = {{"surface redraw", RedrawSurface},
+                                                  {"pan", Pan},
+                                                  {"zoom", Zoom},
+                                                  {"hover", Hover},
+                                                  {"ghost", Ghost},
+                                                  {"room made", MakeRoom}};
     for (const auto& [name, work] : works) {
         const std::string full = std::string(name) + " of 3 x 501 pieces on 1920 x 1080";
         benchmark::RegisterBenchmark((full + "/bare").c_str(), BareSurface)->Unit(benchmark::kMillisecond);

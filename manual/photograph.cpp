@@ -14,10 +14,10 @@
 #include "ui/frmBackground.h"
 #include "ui/frmBox.h"
 #include "ui/frmCorvel.h"
-#include "ui/frmHistory.h"
 #include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmSamples.h"
+#include "ui/history_dock.h"
 
 #include <QAction>
 #include <QApplication>
@@ -305,10 +305,12 @@ void PhotographHistory(const Catalogue& catalogue, const QString& folder) {
     for (const char* const command :
          {"add C160", "add C160", "add C151L", "move up", "add C153R", "delete", "add C158", "mirror", "undo", "undo"})
         session.Run(*session.Commands.Find(command));
-    QWidget window;
-    frmHistory dialog(session, &window);
-    dialog.show();
-    Photographer(folder).Take(dialog, "history");
+    QMainWindow window;
+    auto* const dock = new HistoryDock(session);
+    window.addDockWidget(Qt::RightDockWidgetArea, dock);
+    window.resize(240, 180);
+    window.show();
+    Photographer(folder).Take(*dock, "history");
 }
 
 /// The window on a dark desktop, with three tracks of which some pieces are owned.

@@ -188,7 +188,7 @@ void AddClosingCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "close loop",
                     .Control = "mnuCloseLoop",
                     .Caption = "&Close the Loop",
-                    .Tip = "Show pieces that close the track, and lay them",
+                    .Tip = "Show pieces that close the track, and add them",
                     .Key = "Ctrl+Return",
                     .From = Availability::WindowOnly,
                     .WhyNot = WhyNotClose,

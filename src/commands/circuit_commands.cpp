@@ -67,6 +67,36 @@ bool LetsGo(Session& session, const char* question, Buttons buttons, Answer yes)
     return true;
 }
 
+/// A name for a circuit that has none, which no file in the working directory bears: the dialog's answer to a file that
+/// exists is not asked for.
+std::string NewName(const Session& session) {
+    const std::filesystem::path folder = PathFromText(session.Project.Preferences.WorkingDirectory);
+    std::error_code unknown;
+    std::string name = "Circuit";
+    for (int next = 2; std::filesystem::exists(folder / (name + ".trk"), unknown); ++next)
+        name = "Circuit " + std::to_string(next);
+    return name;
+}
+
+/// Writes the circuit to the file that its user names. One who names none lets the work pass for saved.
+void SaveAs(Session& session, const std::string& proposedName) {
+    const auto file = session.Prompts.ChooseFile({.Saving = true,
+                                                  .Title = "Save Circuit",
+                                                  .Filter = TrackFilter,
+                                                  .DefaultName = proposedName,
+                                                  .Folder = session.Project.Preferences.WorkingDirectory});
+    if (!file) {
+        session.Project.EditState.DataChanged = false;
+        return;
+    }
+    CheckNotSettings(*file, session.SettingsPath);
+    std::error_code reportedByTheWrite;
+    if (std::filesystem::exists(*file, reportedByTheWrite)) {
+        session.Prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo);
+    }
+    Save(session, *file);
+}
+
 /// Lets the job go that runs, if one does and the user agrees; Stopped when they do not.
 void LeaveJob(Session& session) {
     const Job* const job = session.CurrentJob();
@@ -123,28 +153,15 @@ void LoadCommand(Session& session) {
 
 void SaveCommand(Session& session) {
     const EditState& edit = session.Project.EditState;
-    const auto file = session.Prompts.ChooseFile({.Saving = true,
-                                                  .Title = "Save Circuit",
-                                                  .Filter = TrackFilter,
-                                                  .DefaultName = edit.File.empty() ? edit.Name : ProjectName(edit),
-                                                  .Folder = session.Project.Preferences.WorkingDirectory});
-    if (!file) {
-        session.Project.EditState.DataChanged = false;
-        return;
-    }
-    CheckNotSettings(*file, session.SettingsPath);
-    std::error_code reportedByTheWrite;
-    if (std::filesystem::exists(*file, reportedByTheWrite)) {
-        session.Prompts.Ask("A file with that name already exists. Overwrite?", Buttons::YesNo);
-    }
-    Save(session, *file);
+    SaveAs(session, edit.File.empty() ? edit.Name : ProjectName(edit));
 }
 
 void PlainSaveCommand(Session& session) {
     const std::filesystem::path file = session.Project.EditState.File;
     if (file.empty()) {
         const bool unsaved = session.Project.EditState.DataChanged;
-        SaveCommand(session);
+        const std::string& name = session.Project.EditState.Name;
+        SaveAs(session, name.empty() ? NewName(session) : name);
         // The dialog that is left without a name lets the work pass for saved; this command does not.
         if (session.Project.EditState.File.empty()) session.Project.EditState.DataChanged = unsaved;
         return;

@@ -145,8 +145,8 @@ void AddHistoryCommands(std::vector<Command>& rows) {
                             const History& history = session.History();
                             return NamingStep("&Redo", history.CanRedo(), session, history.Present() + 1);
                         }});
-    rows.push_back(WindowRow("history", "mnuHistory", "&History…", "List all changes, to go back to any of them",
-                             "Ctrl+H", &Windows::ShowHistory));
+    rows.push_back(WindowRow("history", "mnuHistory", "&History",
+                             "List all changes beside the drawing, to go back to any", "Ctrl+H", Panel::History));
 }
 
 } // namespace pistaro

@@ -12,8 +12,9 @@ namespace pistaro {
 
 /// What can be shown beside the drawing.
 enum class Panel {
-    Checks, ///< what is wrong with the design
-    Money,  ///< what its pieces cost
+    Checks,  ///< what is wrong with the design
+    Money,   ///< what its pieces cost
+    History, ///< the steps that led to it
 };
 
 /// What is copied, in the forms that other programs take.
@@ -34,7 +35,6 @@ public:
     virtual void ShowSets() = 0;
     virtual void TogglePanel(Panel panel) = 0;
     virtual bool IsPanelShown(Panel panel) const = 0;
-    virtual void ShowHistory() = 0;
     virtual void ShowSamples() = 0;
 
     /// Leads the keyboard to the line that pieces are looked for in.

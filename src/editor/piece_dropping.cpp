@@ -51,6 +51,15 @@ void ForEachJoint(const Catalogue& catalogue, const Circuit& circuit, int number
     visit(place);
 }
 
+/// The joint before an element of the current track, or after its last.
+DropPlace JointAt(const Catalogue& catalogue, const Project& project, int element) {
+    DropPlace found;
+    ForEachJoint(catalogue, project.Design.Circuit, project.EditState.CurrentTrack, [&](const DropPlace& place) {
+        if (place.Element == element) found = place;
+    });
+    return found;
+}
+
 Track& TrackOf(Design& design, const DropPlace& place) {
     return design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
 }
@@ -72,13 +81,17 @@ std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& 
     if (piece == nullptr || edit.ShowsAllTracks()) return std::nullopt;
     const bool replaces =
         held.Times == 1 && !piece->IsBasic() && FitsSelected(catalogue, project.Design.Circuit, edit, held.Code);
-    const bool inserts = edit.InsertMode && edit.SelectedElement() >= 0;
-    std::optional<DropPlace> found;
-    ForEachJoint(catalogue, project.Design.Circuit, edit.CurrentTrack, [&](const DropPlace& place) {
-        if ((!replaces && !inserts) || place.Element == edit.SelectedElement()) found = place;
-    });
-    found->Replaces = replaces;
-    return found;
+    if (replaces || (edit.InsertMode && edit.SelectedElement() >= 0))
+        return SelectedPlace(catalogue, project, replaces);
+    return JointAt(catalogue, project, EditedTrack(project.Design.Circuit, edit)->ElementLastIndex() + 1);
+}
+
+std::optional<DropPlace> SelectedPlace(const Catalogue& catalogue, const Project& project, bool replaces) {
+    const EditState& edit = project.EditState;
+    if (edit.ShowsAllTracks() || edit.SelectedElement() < 0) return std::nullopt;
+    DropPlace place = JointAt(catalogue, project, edit.SelectedElement());
+    place.Replaces = replaces;
+    return place;
 }
 
 std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& held,
@@ -122,6 +135,12 @@ void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& pl
     Insert(track, place, held);
     edit.Select(place.Element + held.Times - 1);
     edit.DataChanged = true;
+}
+
+std::vector<std::string> DisplacedPieces(const Project& project, const DropPlace& place) {
+    const Track& track = project.Design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
+    if (place.Replaces || IsBeforeStart(track, place)) return {};
+    return {track.ElementCodes.begin() + place.Element, track.ElementCodes.end()};
 }
 
 std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held) {

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace pistaro {
 
@@ -30,6 +31,9 @@ struct HeldPiece {
 /// Insert mode, or, one special piece, in the selected element's place where it fits. Nothing with all tracks chosen.
 std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& piece);
 
+/// Before the selected element, or in its place; nothing where none is selected.
+std::optional<DropPlace> SelectedPlace(const Catalogue& catalogue, const Project& project, bool replaces);
+
 /// The joint nearest to a point of all tracks: an end, a start, before which the piece then comes to lie, or between
 /// two pieces. Where none is within `reach` (cm), the nearest open end; nothing where all tracks are closed, or all are
 /// chosen. Of empty tracks the current one's start alone.
@@ -39,6 +43,10 @@ std::optional<DropPlace> NearestPlace(const Catalogue& catalogue, const Project&
 /// Puts a piece in, which becomes the selected one of its track. Before the start it takes the start back, so that all
 /// others stay where they lie. Fault when the track has no room for it; nothing changes then.
 void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& place, const HeldPiece& held);
+
+/// The pieces that make room for what is put in there, in their order; those before it stay where they lie. None at a
+/// track's end, before its start, and where a piece is replaced.
+std::vector<std::string> DisplacedPieces(const Project& project, const DropPlace& place);
 
 /// The track's gap with the piece laid there.
 std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held);

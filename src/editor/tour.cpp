@@ -22,7 +22,7 @@ int PiecesOfOval(const Track& track) {
 TourStop AtStraight(bool secondHalf, int times) {
     TourStop stop{.Step = secondHalf ? 4 : 1, .Control = Piece, .Tag = "C160"};
     stop.Text = secondHalf ? "Press C160 once more: the straight on the other side."
-                           : "Press C160, a standard straight. It is laid where the track begins.";
+                           : "Press C160, a standard straight. It is added where the track begins.";
     if (times > 1) stop.Remark = "One straight is enough here: Esc forgets the digit.";
     return stop;
 }
@@ -31,7 +31,7 @@ TourStop AtDigit(bool secondHalf, int times) {
     TourStop stop{.Step = secondHalf ? 5 : 2, .Control = "lblStatus"};
     stop.Text = secondHalf
                     ? "Type 4 again, for the second half circle."
-                    : "Type the digit 4: the next button you press then lays four pieces. The line at the bottom "
+                    : "Type the digit 4: the next button you press then adds four pieces. The line at the bottom "
                       "of the window shows it.";
     if (times > 1) stop.Remark = "That was " + std::to_string(times) + ". The digit typed last counts: type 4.";
     return stop;
@@ -51,7 +51,7 @@ TourStop AtEnd() {
     return {
         .Step = TourSteps + 1,
         .Text =
-            "That is an oval: the line at the bottom says closed. Now lay what you like: Edit ▸ Undo takes it back, "
+            "That is an oval: the line at the bottom says closed. Now add what you like: Edit ▸ Undo takes it back, "
             "Circuit ▸ Save keeps it.",
         .Control = "lblStatus"};
 }

@@ -13,6 +13,8 @@ namespace {
 
 constexpr int TintOpacity = 60; ///< of 255
 constexpr int GhostOpacity = 110;
+constexpr int LightOpacity = 35;
+constexpr int FadedOpacity = 190;
 constexpr double Tolerance = 0.1; ///< cm, of a ghost's rounded outline
 
 QColor Sheer(Colour colour, int opacity) {
@@ -53,7 +55,7 @@ public:
         std::string before = pieces.CodeBefore;
         for (const std::string& code : pieces.Codes) {
             if (const auto placement = PlacePiece(catalogue_, code, cursor, before)) {
-                PaintGhost(*placement, pieces.InkColour);
+                Paint(*placement, pieces.InkColour, pieces.Look);
                 cursor = placement->Exit;
             }
             before = code;
@@ -104,10 +106,31 @@ private:
         strokes_.ForgetPen(); // the painter has its own again
     }
 
-    void PaintGhost(const PiecePlacement& placement, Colour colour) {
+    void Paint(const PiecePlacement& placement, Colour colour, PieceLook look) {
+        const QPolygonF outline = Mapped(OutlinePolygon(placement, Tolerance));
+        if (!outline.boundingRect().intersects(QRectF(QPointF(0, 0), QSizeF(frame_.Size)))) return;
+        switch (look) {
+        case PieceLook::Ghost:
+            return PaintGhost(placement, outline, colour);
+        case PieceLook::Light:
+            painter_.setPen(QPen(ToQColor(colour), 1));
+            painter_.setBrush(Sheer(colour, LightOpacity));
+            break;
+        case PieceLook::Faded: {
+            const QColor veil = Sheer(colour, FadedOpacity);
+            constexpr double edge = 3; // pixels, as thick as the lines around a piece
+            painter_.setPen(QPen(veil, edge));
+            painter_.setBrush(veil);
+            break;
+        }
+        }
+        painter_.drawPolygon(outline);
+    }
+
+    void PaintGhost(const PiecePlacement& placement, const QPolygonF& outline, Colour colour) {
         painter_.setPen(QPen(ToQColor(colour), 1.5, Qt::DashLine));
         painter_.setBrush(Sheer(colour, GhostOpacity));
-        painter_.drawPolygon(Mapped(OutlinePolygon(placement, Tolerance)));
+        painter_.drawPolygon(outline);
         strokes_.SetPen({1, PenWidth::Unit::Pixels});
         for (const Lane& lane : placement.Lanes) {
             for (const Segment& segment : lane.Path)

@@ -30,12 +30,19 @@ struct OverlayArea {
     bool Hatched = false; ///< else tinted
 };
 
-/// Pieces that are not laid yet, the first at a pose.
+enum class PieceLook {
+    Ghost, ///< to be laid: tinted and lined
+    Light, ///< laid elsewhere, where they would come to lie: an outline
+    Faded, ///< laid there: what they look like shines through the ink
+};
+
+/// Pieces that are not laid there yet, or not for long, the first at a pose.
 struct OverlayPieces {
     std::vector<std::string> Codes = {};
     BuildCursor Start = {};
     std::string CodeBefore = {}; ///< of the piece that they would follow; empty where there is none
     Colour InkColour = 0;
+    PieceLook Look = PieceLook::Ghost;
 };
 
 /// A round handle to take hold of.

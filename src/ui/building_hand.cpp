@@ -5,9 +5,10 @@
 #include "editor/track_editing.h"
 #include "layout/track_gap.h"
 #include "ui/named_controls.h"
+#include "ui/piece_icon.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <cmath>
@@ -17,6 +18,7 @@ namespace pistaro {
 namespace {
 
 constexpr const char* GhostOverlay = "ghost";
+constexpr const char* DisplacedOverlay = "displaced"; ///< below the ghost
 constexpr const char* EndsOverlay = "ends";
 constexpr double DropReach = 40;    ///< cm from a joint, in which a piece goes there
 constexpr double NearlyClosed = 60; ///< cm of a gap that is shown as a dashed line
@@ -31,9 +33,12 @@ WorldPoint MiddleAt(const BuildCursor& cursor, double width) {
 
 BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vector<QToolButton*>& pieces,
                            std::function<void()> told)
-    : QObject(&view), session_(session), view_(view), told_(std::move(told)) {
+    : QObject(&view), session_(session), view_(view), told_(std::move(told)), chip_(new TimesChip(*view.window())) {
     for (QToolButton* const piece : pieces)
         piece->installEventFilter(this);
+    // Lists would look for a digit among their lines.
+    for (auto* const list : view.window()->findChildren<QAbstractItemView*>())
+        list->installEventFilter(this);
     view.window()->installEventFilter(this);
     view.installEventFilter(this);
     ShowEnds();
@@ -41,27 +46,42 @@ BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vecto
 
 void BuildingHand::Refresh() {
     ShowEnds();
+    chip_->ShowTimes(session_.Times);
     if (!code_.empty() && !dragged_) PointAt(code_);
 }
 
 bool BuildingHand::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const auto& key = static_cast<const QKeyEvent&>(*event);
-        if (key.modifiers() & ~Qt::KeypadModifier) return false;
-        if (key.key() == Qt::Key_Escape) TakeDigit(1);
-        if (key.key() < Qt::Key_1 || key.key() > Qt::Key_9) return false;
-        TakeDigit(key.key() - Qt::Key_0);
-        return true;
-    }
+    if (event->type() == QEvent::KeyPress) return OnKey(static_cast<const QKeyEvent&>(*event));
+    if (watched == &view_ && carried_) return OnCarried(*event);
     // A menu or a dialog that opened under the mouse took the button's end of hovering.
     if (watched == &view_ && event->type() == QEvent::Enter && !dragged_) PointAt("");
     auto* const button = qobject_cast<QToolButton*>(watched);
-    return button != nullptr && OnPiece(*button, *event);
+    return button != nullptr && !carried_ && OnPiece(*button, *event);
+}
+
+bool BuildingHand::OnKey(const QKeyEvent& key) {
+    if (key.modifiers() & ~Qt::KeypadModifier) return false;
+    if (key.key() == Qt::Key_Escape && dragged_) {
+        letGo_ = !carried_;
+        LetGo();
+        return true;
+    }
+    if (key.key() == Qt::Key_Escape) TakeDigit(1);
+    if (key.key() < Qt::Key_1 || key.key() > Qt::Key_9) return false;
+    TakeDigit(key.key() - Qt::Key_0);
+    return true;
 }
 
 void BuildingHand::PointAt(const std::string& code) {
+    if (dragged_) return; // what the mouse passes on its way does not matter
     code_ = code;
     ShowGhost(ButtonPlace(session_.Catalogue, Now(), Held()));
+}
+
+void BuildingHand::PointAtSelected(const std::string& code, bool replaces) {
+    if (code.empty()) return PointAt("");
+    code_ = code;
+    ShowGhost(SelectedPlace(session_.Catalogue, Now(), replaces));
 }
 
 bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
@@ -69,18 +89,34 @@ bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
         PointAt(TagOf(button));
     } else if (event.type() == QEvent::Leave && !dragged_) {
         PointAt("");
-    } else if (event.type() == QEvent::MouseMove && button.isEnabled()) {
+    } else if (event.type() == QEvent::MouseMove && button.isEnabled() && !letGo_) {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
         if (!(mouse.buttons() & Qt::LeftButton)) return false;
         code_ = TagOf(button);
         dragged_ = !button.rect().contains(mouse.position().toPoint());
-        if (dragged_) ShowGhost(PlaceUnder(mouse.globalPosition()));
-        ShowCursor(button);
-    } else if (event.type() == QEvent::MouseButtonRelease && dragged_) {
-        place_ = PlaceUnder(static_cast<const QMouseEvent&>(event).globalPosition());
+        Carry(mouse.globalPosition());
+    } else if (event.type() == QEvent::MouseButtonRelease) {
+        letGo_ = false;
+        if (!dragged_) return false;
+        Carry(static_cast<const QMouseEvent&>(event).globalPosition());
         Drop();
     }
     return false;
+}
+
+void BuildingHand::TakeUp(const std::string& code) {
+    code_ = code;
+    dragged_ = carried_ = true;
+    view_.grabMouse();
+    Carry(QCursor::pos());
+}
+
+bool BuildingHand::OnCarried(const QEvent& event) {
+    const bool moves = event.type() == QEvent::MouseMove;
+    const bool ends = event.type() == QEvent::MouseButtonRelease;
+    if (moves || ends) Carry(static_cast<const QMouseEvent&>(event).globalPosition());
+    if (ends) Drop();
+    return moves || ends || event.type() == QEvent::MouseButtonPress;
 }
 
 void BuildingHand::TakeDigit(int digit) {
@@ -95,23 +131,40 @@ std::optional<DropPlace> BuildingHand::PlaceUnder(QPointF global) const {
     return NearestPlace(session_.Catalogue, Now(), Held(), view_.WorldAt(place), DropReach);
 }
 
+void BuildingHand::Carry(QPointF global) {
+    if (dragged_) {
+        const std::optional<DropPlace> place = PlaceUnder(global);
+        if (place != place_ || session_.Times != timesShown_) ShowGhost(place);
+    }
+    ShowCursor();
+}
+
 void BuildingHand::Drop() {
     const std::optional<DropPlace> place = place_;
     const HeldPiece held = Held();
-    dragged_ = false;
-    QApplication::restoreOverrideCursor();
-    PointAt("");
+    LetGo();
     if (!place) return;
     session_.Do([&] {
         const int times = session_.TakeTimes();
-        session_.NameStep("Lay " + (times > 1 ? std::to_string(times) + " " : "") + held.Code);
+        const bool inserts = !DisplacedPieces(Now(), *place).empty();
+        session_.NameStep((inserts ? "Insert " : "Add ") + (times > 1 ? std::to_string(times) + " " : "") +
+                          std::string(ProductCode(held.Code)));
         DropPiece(session_.Catalogue, session_.Project, *place, held);
     });
 }
 
-void BuildingHand::ShowCursor(const QToolButton& button) const {
+void BuildingHand::LetGo() {
+    if (carried_) view_.releaseMouse();
+    dragged_ = carried_ = false;
+    QApplication::restoreOverrideCursor();
+    PointAt("");
+}
+
+void BuildingHand::ShowCursor() const {
     if (!dragged_) return QApplication::restoreOverrideCursor();
-    const QCursor cursor = place_ ? QCursor(button.icon().pixmap(button.iconSize())) : QCursor(Qt::ForbiddenCursor);
+    const QIcon piece = PieceIcon(*session_.Catalogue.Find(code_), session_.Catalogue);
+    const QCursor cursor =
+        place_ ? QCursor(piece.pixmap(QSize(PieceIconSide, PieceIconSide))) : QCursor(Qt::ForbiddenCursor);
     if (QApplication::overrideCursor() == nullptr) QApplication::setOverrideCursor(cursor);
     QApplication::changeOverrideCursor(cursor);
 }
@@ -127,7 +180,11 @@ std::string BuildingHand::WordsAt(const DropPlace& place) const {
 
 void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
     place_ = place;
-    if (!place) return view_.ClearOverlay(GhostOverlay);
+    timesShown_ = session_.Times;
+    if (!place) {
+        view_.ClearOverlay(DisplacedOverlay);
+        return view_.ClearOverlay(GhostOverlay);
+    }
     const Colour colour = view_.Colours().Active;
     const PieceKind& kind = session_.Catalogue.Find(code_)->Kind;
     BuildCursor end = place->At;
@@ -136,6 +193,16 @@ void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
     const std::vector<std::string> codes(static_cast<std::size_t>(session_.Times), code_);
     view_.SetOverlay(GhostOverlay, {OverlayPieces{codes, place->At, place->CodeBefore, colour},
                                     OverlayText{MiddleAt(end, kind.Width), WordsAt(*place), colour}});
+    ShowDisplaced(*place, end);
+}
+
+void BuildingHand::ShowDisplaced(const DropPlace& place, const BuildCursor& from) {
+    const std::vector<std::string> codes = DisplacedPieces(Now(), place);
+    if (codes.empty()) return view_.ClearOverlay(DisplacedOverlay);
+    const ColourScheme colours = view_.Colours();
+    view_.SetOverlay(DisplacedOverlay,
+                     {OverlayPieces{codes, place.At, place.CodeBefore, colours.Background, PieceLook::Faded},
+                      OverlayPieces{codes, from, code_, colours.Active, PieceLook::Light}});
 }
 
 void BuildingHand::ShowEnds() {

@@ -4,7 +4,9 @@
 
 #include "editor/piece_dropping.h"
 #include "ui/circuit_view.h"
+#include "ui/times_chip.h"
 
+#include <QKeyEvent>
 #include <QObject>
 #include <QToolButton>
 
@@ -25,20 +27,35 @@ public:
     /// Shows the ghost of a piece that somebody points at, in whatever list or menu; none where there is no code.
     void PointAt(const std::string& code);
 
+    /// The same before the selected element, or in its place.
+    void PointAtSelected(const std::string& code, bool replaces);
+
+    /// Takes a piece up that the mouse has dragged out of a list or a menu: it is carried until the button comes up.
+    void TakeUp(const std::string& code);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool OnKey(const QKeyEvent& key);
     bool OnPiece(QToolButton& button, const QEvent& event);
+    bool OnCarried(const QEvent& event);
     void TakeDigit(int digit);
 
     HeldPiece Held() const { return {code_, session_.Times}; }
     std::string WordsAt(const DropPlace& place) const;
     void ShowGhost(const std::optional<DropPlace>& place);
+    /// Shows the room that is made: what lies behind the place fades there, and stands lightly where it would come to
+    /// lie, from a cursor on.
+    void ShowDisplaced(const DropPlace& place, const BuildCursor& from);
     void ShowEnds();
     std::optional<DropPlace> PlaceUnder(QPointF global) const;
+    /// Shows the piece that is dragged at a place of the screen.
+    void Carry(QPointF global);
     void Drop();
+    /// Lets go of the piece that is dragged.
+    void LetGo();
     /// The piece hangs on the mouse while it is dragged; where it cannot be laid a sign says so.
-    void ShowCursor(const QToolButton& button) const;
+    void ShowCursor() const;
 
     const Project& Now() const { return session_.Project; }
 
@@ -47,7 +64,11 @@ private:
     std::function<void()> told_;
     std::string code_;               ///< of the piece that is pointed at or dragged
     bool dragged_ = false;           ///< it is held over the drawing
+    bool carried_ = false;           ///< it is none of a button's: the drawing has the mouse
+    bool letGo_ = false;             ///< by Esc: its button is still down
     std::optional<DropPlace> place_; ///< where it would go
+    int timesShown_ = 1;             ///< of the ghost
+    TimesChip* const chip_;
 };
 
 } // namespace pistaro

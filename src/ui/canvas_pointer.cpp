@@ -6,8 +6,11 @@
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "layout/outline.h"
+#include "text/number_text.h"
 #include "ui/named_controls.h"
+#include "ui/piece_menu.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QGestureEvent>
@@ -119,22 +122,50 @@ bool CanvasPointer::Handle(QEvent& event) {
     case QEvent::ContextMenu:
         OpenMenu(static_cast<QContextMenuEvent&>(event));
         return true;
+    case QEvent::Enter:
+        // The space bar, which pans here, would press the button that was pressed last.
+        if (qobject_cast<QAbstractButton*>(QApplication::focusWidget()) != nullptr)
+            view_.setFocus(Qt::MouseFocusReason);
+        return false;
     case QEvent::Leave:
         PointAt(std::nullopt);
         return false;
     case QEvent::KeyPress:
-    case QEvent::KeyRelease: {
-        const auto& key = static_cast<QKeyEvent&>(event);
-        if (key.key() != Qt::Key_Space) return false;
-        if (!key.isAutoRepeat()) spaceHeld_ = event.type() == QEvent::KeyPress;
-        view_.setCursor(spaceHeld_ ? Qt::OpenHandCursor : Qt::ArrowCursor);
-        return true;
-    }
+    case QEvent::KeyRelease:
+        return OnKey(static_cast<QKeyEvent&>(event));
     case QEvent::FocusOut:
         spaceHeld_ = false;
+        ShowCursor();
         return false;
     default:
         return false;
+    }
+}
+
+bool CanvasPointer::OnKey(const QKeyEvent& key) {
+    const bool dragsTrack = doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack;
+    if (key.key() == Qt::Key_Escape && key.type() == QEvent::KeyPress && dragsTrack) {
+        view_.ClearOverlay(DragOverlay);
+        doing_ = Doing::Nothing;
+        held_ = false;
+        ShowCursor();
+        return true;
+    }
+    if (key.key() != Qt::Key_Space) return false;
+    if (!key.isAutoRepeat()) spaceHeld_ = key.type() == QEvent::KeyPress;
+    ShowCursor();
+    return true;
+}
+
+void CanvasPointer::ShowCursor() {
+    switch (doing_) {
+    case Doing::Panning:
+        return view_.setCursor(Qt::ClosedHandCursor);
+    case Doing::MovingTrack:
+    case Doing::TurningTrack:
+        return view_.setCursor(Qt::SizeAllCursor);
+    case Doing::Nothing:
+        return spaceHeld_ ? view_.setCursor(Qt::OpenHandCursor) : view_.unsetCursor();
     }
 }
 
@@ -153,11 +184,11 @@ void CanvasPointer::Press(const QMouseEvent& event) {
     before_ = Now().EditState;
     if (spaceHeld_) {
         doing_ = Doing::Panning;
-        view_.setCursor(Qt::ClosedHandCursor);
-        return;
+        return ShowCursor();
     }
     Select(pressed_, event.modifiers() & Qt::ShiftModifier);
     if (event.button() == Qt::MiddleButton) doing_ = Doing::Panning;
+    ShowCursor();
     held_ = event.button() == Qt::LeftButton && pieces_.OnlyPieceAt(grip_).has_value();
 }
 
@@ -170,12 +201,15 @@ void CanvasPointer::Move(const QMouseEvent& event) {
         const auto placement = PlacementOf(session_.Catalogue, Now().Design.Circuit, *piece);
         const GroundPoint middle = MiddleOf(GroundOf(*placement));
         middle_ = {static_cast<float>(middle.X), static_cast<float>(middle.Y)};
-        doing_ = event.modifiers() & Qt::AltModifier ? Doing::TurningTrack : Doing::MovingTrack;
+        // Many window managers keep a drag with Alt for themselves.
+        const bool turns = event.modifiers() & (Qt::AltModifier | Qt::ControlModifier);
+        doing_ = turns ? Doing::TurningTrack : Doing::MovingTrack;
         PointAt(std::nullopt);
+        ShowCursor();
     }
     if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) {
         dragged_ = DraggedStart(event.position(), event.modifiers());
-        return ShowDragged();
+        return ShowDragged(event.position());
     }
     const std::vector<PieceAddress> under = pieces_.PiecesAt(view_.WorldAt(event.position()));
     PointAt(under.empty() ? std::nullopt : std::optional(under.back()));
@@ -183,9 +217,9 @@ void CanvasPointer::Move(const QMouseEvent& event) {
 
 void CanvasPointer::Release() {
     if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) EndDrag();
-    if (doing_ == Doing::Panning) view_.setCursor(spaceHeld_ ? Qt::OpenHandCursor : Qt::ArrowCursor);
     doing_ = Doing::Nothing;
     held_ = false;
+    ShowCursor();
 }
 
 void CanvasPointer::PanTo(QPointF place) {
@@ -258,31 +292,25 @@ void CanvasPointer::PointAt(const std::optional<PieceAddress>& piece) {
 
 void CanvasPointer::ShowTip(const QHelpEvent& event) {
     if (!pointed_) return QToolTip::hideText();
-    QToolTip::showText(event.globalPos(), Shown(PieceTip(session_.Catalogue, Now(), *pointed_)), &view_);
+    QToolTip::showText(event.globalPos(),
+                       Shown(PieceTip(session_.Catalogue, Now(), *pointed_) +
+                             "\nDrag moves the track · Shift: in steps · Ctrl: turns it"),
+                       &view_);
 }
 
 void CanvasPointer::OpenMenu(const QContextMenuEvent& event) {
-    auto* const menu = new QMenu(&view_);
-    menu->setObjectName("mnuPiece");
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setToolTipsVisible(true);
-    for (const int row : session_.Catalogue.VariantRows()) {
-        const std::string product(ProductCode(session_.Catalogue[row].Code));
-        if (!IsVariantOfSelected(session_.Catalogue, Now().Design.Circuit, Now().EditState, product)) continue;
-        if (menu->isEmpty()) menu->addSection("Replace by");
-        controls_.AddTransient(*menu, "replace " + product);
-    }
-    menu->addSeparator();
-    for (const char* const id : {"insert", "delete", "select rest", "start here", "mirror rest"})
-        controls_.AddTransient(*menu, id);
+    auto* const menu = new PieceMenu(session_, controls_, &view_);
+    menu->PointedAt = PointedAtInMenu;
     menu->popup(event.globalPos());
 }
 
 BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers keys) {
     const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
     const WorldPoint now = view_.WorldAt(place);
-    if (doing_ == Doing::TurningTrack)
-        return TurnedAbout(track->Start(), middle_, static_cast<int>((pressed_.x() - place.x()) / PixelsPerTurn));
+    if (doing_ == Doing::TurningTrack) {
+        steps_ = static_cast<int>((pressed_.x() - place.x()) / PixelsPerTurn);
+        return TurnedAbout(track->Start(), middle_, steps_);
+    }
     double right = double{now.X} - grip_.X;
     double up = double{now.Y} - grip_.Y;
     if (keys & Qt::ShiftModifier) {
@@ -292,18 +320,32 @@ BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers key
     return Moved(track->Start(), right, up);
 }
 
-void CanvasPointer::ShowDragged() {
+void CanvasPointer::ShowDragged(QPointF place) {
     const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
-    view_.SetOverlay(
-        DragOverlay,
-        {OverlayPieces{
-            .Codes = track->ElementCodes, .Start = dragged_, .CodeBefore = {}, .InkColour = view_.Colours().Active}});
+    const ColourScheme colours = view_.Colours();
+    view_.SetOverlay(DragOverlay,
+                     {OverlayPieces{track->ElementCodes, track->Start(), "", colours.Background, PieceLook::Faded},
+                      OverlayPieces{track->ElementCodes, dragged_, "", colours.Active},
+                      OverlayText{view_.WorldAt(place), WordsOfDrag(), colours.Active}});
+}
+
+/// "12.5, -3.1 cm", or "22.5° to the left".
+std::string CanvasPointer::WordsOfDrag() const {
+    if (doing_ == Doing::TurningTrack) {
+        constexpr double degrees = 11.25; // a step of the turn buttons
+        return NumberText(std::abs(steps_) * degrees) + "°" + (steps_ == 0 ? "" : steps_ > 0 ? " left" : " right");
+    }
+    const BuildCursor start = EditedTrack(Now().Design.Circuit, Now().EditState)->Start();
+    const Units& units = Now().Preferences.Units;
+    const auto length = [&units](float cm) { return NumberText(std::round(cm / units.UnitFactor() * 10) / 10); };
+    return length(dragged_.CursorX - start.CursorX) + ", " + length(dragged_.CursorY - start.CursorY) + " " +
+           units.Name();
 }
 
 void CanvasPointer::EndDrag() {
     view_.ClearOverlay(DragOverlay);
     session_.Do([&] {
-        session_.NameStep(doing_ == Doing::TurningTrack ? "Turn track" : "Move track");
+        session_.NameStep(doing_ == Doing::TurningTrack ? "Turn Track" : "Move Track");
         PlaceStart(session_.Project.Design, session_.Project.EditState, dragged_);
     });
 }

@@ -13,6 +13,7 @@
 class QContextMenuEvent;
 class QGestureEvent;
 class QHelpEvent;
+class QKeyEvent;
 class QNativeGestureEvent;
 
 namespace pistaro {
@@ -31,12 +32,17 @@ public:
     /// Called with the place under the mouse whenever that has moved.
     std::function<void(WorldPoint)> TellPlace = [](WorldPoint) {};
 
+    /// Called with the code of the piece that the mouse is on in a piece's menu, empty when it leaves, and whether it
+    /// would replace the selected one.
+    std::function<void(const std::string& code, bool replaces)> PointedAtInMenu = [](const std::string&, bool) {};
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     enum class Doing { Nothing, Panning, MovingTrack, TurningTrack };
 
     bool Handle(QEvent& event);
+    bool OnKey(const QKeyEvent& key);
     void Press(const QMouseEvent& event);
     void Move(const QMouseEvent& event);
     void Release();
@@ -51,8 +57,11 @@ private:
     void Zoom(QPointF place, double times);
     /// Where a drag to a place brings the current track's start; `freely`: not in steps of a track width.
     BuildCursor DraggedStart(QPointF place, Qt::KeyboardModifiers keys);
-    void ShowDragged();
+    void ShowDragged(QPointF place);
+    std::string WordsOfDrag() const;
     void EndDrag();
+    /// A hand where a drag moves the view, arrows where it moves the track.
+    void ShowCursor();
     /// Moves the view where what was selected since the last time lies outside of it.
     void Follow();
     void ShowRun();
@@ -73,6 +82,7 @@ private:
     EditState before_;       ///< the press
     WorldPoint middle_;      ///< of the piece that a drag turns about
     BuildCursor dragged_;    ///< the start as the drag has it
+    int steps_ = 0;          ///< of a turn, as the drag has it, anticlockwise
     QPointF wheelPlace_;     ///< where the wheel turned last
     WorldPoint wheelFixed_;  ///< what of the world was there before it first turned: whole cm shall not add up
     ViewSettings wheelView_; ///< as the wheel left it

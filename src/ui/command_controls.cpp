@@ -74,6 +74,8 @@ QAction* CommandControls::AddTransient(QMenu& menu, std::string_view id) const {
     const Command& command = RowOf(id);
     QAction* const action = menu.addAction(Shown(command.Caption));
     action->setObjectName(Shown(command.Control));
+    action->setShortcut(KeyOf(command.Key));
+    action->setShortcutVisibleInContextMenu(true);
     QObject::connect(action, &QAction::triggered, action, [this, &command] { session_.TryRun(command); });
     Show(*action, command, "");
     return action;

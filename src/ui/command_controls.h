@@ -20,7 +20,8 @@ public:
     /// A menu entry that runs a row, or does `instead` what runs it.
     QAction* AddEntry(QMenu& menu, std::string_view id, const std::function<void()>& instead = {});
 
-    /// An entry of a menu that is opened once: as the row is when it is opened, without its key.
+    /// An entry of a menu that is opened once: as the row is when it is opened. It shows the row's key, which others
+    /// listen to.
     QAction* AddTransient(QMenu& menu, std::string_view id) const;
 
     /// Makes a button run a row when it is clicked or the row's key is pressed. Names it after the row's control, with

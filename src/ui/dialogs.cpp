@@ -91,9 +91,4 @@ void Dialogs::ShowAbout() {
     BringUp(*about_);
 }
 
-void Dialogs::ShowHistory() {
-    if (!history_) history_ = new frmHistory(session_, &window_);
-    BringUp(*history_);
-}
-
 } // namespace pistaro

@@ -5,7 +5,6 @@
 #include "ui/balance_bar.h"
 #include "ui/frmAbout.h"
 #include "ui/frmBox.h"
-#include "ui/frmHistory.h"
 #include "ui/frmStock.h"
 #include "ui/suggestion_bar.h"
 
@@ -51,7 +50,6 @@ public:
     /// These stay beside the window, and come once.
     void ShowStock() override;
     void ShowAbout() override;
-    void ShowHistory() override;
     void ShowBox() override;
     void ShowVariations() override;
 
@@ -73,7 +71,6 @@ private:
     QPointer<frmStock> stock_;
     QPointer<frmBox> box_, variations_;
     std::map<Panel, PanelDoor> panels_;
-    QPointer<frmHistory> history_;
     std::function<void()> findPiece_, showTour_;
 };
 

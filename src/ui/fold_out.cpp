@@ -1,24 +1,17 @@
 #include "ui/fold_out.h"
 
 #include "editor/palette_pieces.h"
-#include "ui/contrast_style.h"
 #include "ui/named_controls.h"
 #include "ui/piece_badge.h"
-#include "ui/piece_icon.h"
+#include "ui/piece_menu_style.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+#include <cmath>
+#include <utility>
 
 namespace pistaro {
-
-namespace {
-
-/// Menus have small icons, in which pieces could not be told apart.
-class PieceMenuStyle : public ContrastStyle {
-public:
-    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        return metric == PM_SmallIconSize ? PieceIconSide : ContrastStyle::pixelMetric(metric, option, widget);
-    }
-};
-
-} // namespace
 
 FoldOut::FoldOut(Session& session, CommandControls& controls, const std::string& basic, const std::vector<int>& rows,
                  QWidget* parent)
@@ -27,12 +20,29 @@ FoldOut::FoldOut(Session& session, CommandControls& controls, const std::string&
     setProperty("Tag", Shown(basic));
     setAccessibleName("Special pieces");
     setToolTipsVisible(true);
-    auto* const style = new PieceMenuStyle;
-    style->setParent(this);
-    setStyle(style);
+    ShowLargeIcons(*this);
     for (const int row : rows_)
         controls.AddEntry(*this, "special " + session_.Catalogue[row].Code);
     connect(this, &QMenu::aboutToShow, this, [this] { ShowPieces(); });
+}
+
+void FoldOut::mousePressEvent(QMouseEvent* event) {
+    const QAction* const entry = actionAt(event->position().toPoint());
+    const bool takes = entry != nullptr && entry->isEnabled() && event->button() == Qt::LeftButton;
+    pressed_ = takes ? TagOf(*entry) : "";
+    pressedAt_ = event->position();
+    QMenu::mousePressEvent(event);
+}
+
+/// Along the menu the mouse chooses an entry; sideways it drags one out.
+void FoldOut::mouseMoveEvent(QMouseEvent* event) {
+    const int farSideways = 3 * QApplication::startDragDistance();
+    const bool dragged = !rect().contains(event->position().toPoint()) ||
+                         std::fabs(event->position().x() - pressedAt_.x()) > farSideways;
+    if (pressed_.empty() || !dragged || !(event->buttons() & Qt::LeftButton)) return QMenu::mouseMoveEvent(event);
+    const std::string code = std::exchange(pressed_, "");
+    hide();
+    TakenUp(code);
 }
 
 void FoldOut::ShowPieces() {

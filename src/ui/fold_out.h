@@ -15,11 +15,20 @@ public:
     FoldOut(Session& session, CommandControls& controls, const std::string& basic, const std::vector<int>& rows,
             QWidget* parent);
 
+    /// Called with the code of the piece that the mouse has dragged out of the menu, which is closed then.
+    std::function<void(const std::string&)> TakenUp = [](const std::string&) {};
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
 private:
     void ShowPieces();
 
     Session& session_;
     const std::vector<int> rows_;
+    std::string pressed_; ///< the code of the piece on which the button went down, if it can be laid
+    QPointF pressedAt_;
 };
 
 } // namespace pistaro

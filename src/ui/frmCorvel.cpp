@@ -60,7 +60,8 @@ frmCorvel::frmCorvel(Session& session)
       suggestions_(new SuggestionBar(session, circuit_->View())), balance_(new BalanceBar(session, circuit_->View())),
       suggester_(session, circuit_->View()), dialogs_(session, *this, *suggestions_, *balance_),
       jobBar_(new JobBar(session, controls_)), status_(new QLabel), figures_(new ElidedLabel), place_(new QLabel),
-      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)) {
+      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)),
+      history_(new HistoryDock(session)) {
     setObjectName("frmCorvel");
     circuit_->TakeStrip(*suggestions_);
     circuit_->TakeStrip(*balance_);
@@ -104,19 +105,21 @@ frmCorvel::~frmCorvel() {
     // What these do when they are hidden needs the rest of the window.
     delete checks_;
     delete money_;
+    delete history_;
 }
 
 void frmCorvel::AddPanels() {
     middle_->setDockOptions(QMainWindow::AllowTabbedDocks | QMainWindow::AnimatedDocks);
-    const auto add = [&](Panel panel, QDockWidget* dock) {
-        middle_->addDockWidget(Qt::BottomDockWidgetArea, dock);
+    const auto add = [&](Panel panel, QDockWidget* dock, Qt::DockWidgetArea area) {
+        middle_->addDockWidget(area, dock);
         dock->hide();
         // By its own button it is closed without a command: the menu's mark follows.
         connect(dock, &QDockWidget::visibilityChanged, this, [this] { controls_.Refresh(); });
         dialogs_.Offer(panel, {[dock] { Toggle(*dock); }, [dock] { return IsInFront(*dock); }});
     };
-    add(Panel::Checks, checks_);
-    add(Panel::Money, money_);
+    add(Panel::Checks, checks_, Qt::BottomDockWidgetArea);
+    add(Panel::Money, money_, Qt::BottomDockWidgetArea);
+    add(Panel::History, history_, Qt::RightDockWidgetArea);
     middle_->tabifyDockWidget(checks_, money_);
     for (QTabBar* const tabs : middle_->findChildren<QTabBar*>())
         tabs->setFocusPolicy(Qt::NoFocus); // they are there before any panel is; keys and menu bring one to the front
@@ -128,6 +131,10 @@ void frmCorvel::AddHand() {
         if (tour_ != nullptr) tour_->Refresh();
     });
     palette_->PointedAt = [this](const std::string& code) { hand_->PointAt(code); };
+    palette_->TakenUp = [this](const std::string& code) { hand_->TakeUp(code); };
+    pointer_->PointedAtInMenu = [this](const std::string& code, bool replaces) {
+        hand_->PointAtSelected(code, replaces);
+    };
     tour_ = new Tour(session_, *this, circuit_->View());
     dialogs_.OfferSearchAndTour([this] { palette_->FindPiece(); }, [this] { tour_->Begin(); });
 }
@@ -154,6 +161,7 @@ void frmCorvel::Refresh(const Changes& changes) {
     track_->Refresh();
     checks_->Refresh(changes);
     money_->Refresh(changes);
+    history_->Refresh();
     if (changes.Circuit || changes.Looks) ShowLanes();
     for (QWidget* const column : {palette_->parentWidget()->parentWidget(), track_->parentWidget()->parentWidget()})
         column->setVisible(session_.Looks.Columns);

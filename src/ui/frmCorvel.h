@@ -8,6 +8,7 @@
 #include "ui/command_controls.h"
 #include "ui/dialogs.h"
 #include "ui/elided_label.h"
+#include "ui/history_dock.h"
 #include "ui/job_bar.h"
 #include "ui/money_dock.h"
 #include "ui/piece_palette.h"
@@ -39,7 +40,8 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// Puts checks and money below the drawing, hidden at first, and has them shown by their commands.
+    /// Puts checks and money below the drawing and the history beside it, hidden at first, and has them shown by their
+    /// commands.
     void AddPanels();
     void ShowLanes();
 
@@ -58,7 +60,7 @@ private:
     CommandControls controls_;
     PiecePalette* const palette_;
     CircuitPanel* const circuit_;
-    QMainWindow* const middle_; ///< the drawing with the panels below it, between the columns
+    QMainWindow* const middle_; ///< the drawing with its panels, between the columns
     TrackPanel* const track_;
     CanvasPointer* const pointer_;
     SuggestionBar* const suggestions_;
@@ -72,6 +74,7 @@ private:
     std::optional<WorldPoint> pointedAt_; ///< of the drawing
     ChecksDock* const checks_;
     MoneyDock* const money_;
+    HistoryDock* const history_;
     BuildingHand* hand_ = nullptr;
     Tour* tour_ = nullptr;
     bool closing_ = false;

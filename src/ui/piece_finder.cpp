@@ -7,6 +7,7 @@
 #include "ui/piece_icon.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -23,13 +24,15 @@ QString LineOf(const CatalogueEntry& piece) {
 } // namespace
 
 PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void()> turned,
-                         std::function<void(const std::string&)> pointedAt)
+                         std::function<void(const std::string&)> pointedAt,
+                         std::function<void(const std::string&)> takenUp)
     : QObject(&palette), session_(session), turned_(std::move(turned)), pointedAt_(std::move(pointedAt)),
-      txtFindPiece_(Named(new QLineEdit, "txtFindPiece")), lstFoundPieces_(Named(new QListWidget, "lstFoundPieces")) {
+      takenUp_(std::move(takenUp)), txtFindPiece_(Named(new QLineEdit, "txtFindPiece")),
+      lstFoundPieces_(Named(new QListWidget, "lstFoundPieces")) {
     txtFindPiece_->setPlaceholderText("Find: chic, C80, 45 … (Ctrl+F)");
     txtFindPiece_->setAccessibleName("Find a piece");
     txtFindPiece_->setToolTip(
-        "Some of a piece's code, name or angle; Enter lays the first one found, Esc ends the search");
+        "Some of a piece's code, name or angle; Enter adds the first one found, Esc ends the search");
     txtFindPiece_->installEventFilter(this);
     lstFoundPieces_->setAccessibleName("Pieces found");
     lstFoundPieces_->setIconSize(QSize(PieceIconSide, PieceIconSide));
@@ -87,6 +90,7 @@ void PieceFinder::Refresh() {
 
 bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Leave && watched == lstFoundPieces_->viewport()) pointedAt_("");
+    if (event->type() == QEvent::MouseMove && DragsOut(*event)) return true;
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<const QKeyEvent&>(*event).key();
     if (key == Qt::Key_Escape) {
@@ -102,6 +106,17 @@ bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
     if (!IsOn() || (key != Qt::Key_Down && key != Qt::Key_Up)) return false;
     const int row = lstFoundPieces_->currentRow() + (key == Qt::Key_Down ? 1 : -1);
     lstFoundPieces_->setCurrentRow(std::clamp(row, 0, lstFoundPieces_->count() - 1));
+    return true;
+}
+
+/// The mouse takes the piece that its button went down on out of the list.
+bool PieceFinder::DragsOut(const QEvent& event) {
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    const bool out = !lstFoundPieces_->viewport()->rect().contains(mouse.position().toPoint());
+    const CatalogueEntry* const piece = PieceOf(lstFoundPieces_->currentItem());
+    if (!(mouse.buttons() & Qt::LeftButton) || !out || piece == nullptr || session_.Project.EditState.ShowsAllTracks())
+        return false;
+    takenUp_(piece->Code);
     return true;
 }
 

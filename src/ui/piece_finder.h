@@ -14,9 +14,9 @@ namespace pistaro {
 class PieceFinder : public QObject {
 public:
     /// `turned` is called when the search begins and when it ends, `pointedAt` with the code of the piece found that
-    /// the mouse is on, empty when it is on none.
+    /// the mouse is on, empty when it is on none; `takenUp` with that of one that it has dragged out of the list.
     PieceFinder(Session& session, QWidget& palette, std::function<void()> turned,
-                std::function<void(const std::string&)> pointedAt);
+                std::function<void(const std::string&)> pointedAt, std::function<void(const std::string&)> takenUp);
 
     QLineEdit& Line() { return *txtFindPiece_; }
     QListWidget& List() { return *lstFoundPieces_; }
@@ -34,6 +34,7 @@ public:
 
 private:
     void Find();
+    bool DragsOut(const QEvent& event);
     void Lay(const QListWidgetItem* item);
 
     /// What a line stands for; null where nothing was found.
@@ -41,7 +42,7 @@ private:
 
     Session& session_;
     const std::function<void()> turned_;
-    const std::function<void(const std::string&)> pointedAt_;
+    const std::function<void(const std::string&)> pointedAt_, takenUp_;
     QLineEdit* const txtFindPiece_;
     QListWidget* const lstFoundPieces_;
 };

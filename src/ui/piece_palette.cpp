@@ -67,7 +67,8 @@ std::vector<const CatalogueEntry*> PiecesIn(const PieceFrame& frame, const Catal
 PiecePalette::PiecePalette(Session& session, CommandControls& controls)
     : session_(session), controls_(controls), column_(new QVBoxLayout(this)), cmdInsert_(new ModeSwitch),
       finder_(
-          session, *this, [this] { ShowFrames(); }, [this](const std::string& code) { PointedAt(code); }),
+          session, *this, [this] { ShowFrames(); }, [this](const std::string& code) { PointedAt(code); },
+          [this](const std::string& code) { TakenUp(code); }),
       cmdSeeRemaining_(new QPushButton), keyFields_{{TrackSystem::Scalextric, NewKeyField(this)},
                                                     {TrackSystem::Ninco, NewKeyField(this)}} {
     column_->setContentsMargins(0, 0, 0, 0);
@@ -118,7 +119,9 @@ QWidget* PiecePalette::PairOfFrames(QWidget* left, QWidget* right) {
 FoldOut* PiecePalette::NewFoldOut(const CatalogueEntry& basic, const std::vector<int>& specials) {
     auto* const foldOut = new FoldOut(session_, controls_, basic.Code, specials, this);
     connect(foldOut, &QMenu::hovered, this, [this](const QAction* special) { PointedAt(TagOf(*special)); });
-    connect(foldOut, &QMenu::aboutToHide, this, [this] { PointedAt(""); });
+    for (const auto signal : {&QMenu::aboutToShow, &QMenu::aboutToHide})
+        connect(foldOut, signal, this, [this] { PointedAt(""); }); // nor is its button meant
+    foldOut->TakenUp = [this](const std::string& code) { TakenUp(code); };
     return foldOut;
 }
 

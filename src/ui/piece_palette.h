@@ -32,6 +32,9 @@ public:
     /// Called with the code of the piece that the mouse is on in a fold-out or among those found, empty when it leaves.
     std::function<void(const std::string&)> PointedAt = [](const std::string&) {};
 
+    /// Called with the code of the piece that the mouse has dragged out of one of these.
+    std::function<void(const std::string&)> TakenUp = [](const std::string&) {};
+
     /// The buttons of all basic pieces.
     std::vector<QToolButton*> Pieces() const { return {pieces_.begin(), pieces_.end()}; }
 

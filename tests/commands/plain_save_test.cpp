@@ -67,6 +67,21 @@ TEST_F(PlainSave, WritesTheFileThatWasSavedLast) {
     EXPECT_THAT(BytesOf(folder_ / "second.trk"), HasSubstr("C160\r\nC159"));
 }
 
+TEST_F(PlainSave, OfANewCircuitProposesANameThatNoFileBears) {
+    session_.Project.Preferences.WorkingDirectory = (folder_ / "").string();
+    Run("add C160");
+    prompts_.Files = {folder_ / "Circuit.trk", folder_ / "Circuit 2.trk"};
+
+    Run("plain save");
+    EXPECT_EQ(prompts_.Dialogs.at(0).DefaultName, "Circuit");
+    Run("new");
+    Run("add C160");
+    Run("plain save");
+
+    EXPECT_EQ(prompts_.Dialogs.at(1).DefaultName, "Circuit 2");
+    EXPECT_THAT(prompts_.Asked, IsEmpty());
+}
+
 TEST_F(PlainSave, OfANewCircuitIsSaveAs) {
     Run("add C160");
     prompts_.Files = {folder_ / "new.trk"};

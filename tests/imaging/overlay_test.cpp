@@ -89,6 +89,19 @@ TEST_F(Overlays, GhostsLieWhereTheirPiecesWould) {
     EXPECT_TRUE(IsInked(Painted({OverlayPieces{.Codes = {"C160", "C160"}, .InkColour = Violet}}), 14, 68));
 }
 
+TEST_F(Overlays, LightPiecesShineThroughAndFadedOnesTakeTheInksColour) {
+    const auto colour = [this](PieceLook look) {
+        const QImage image = Painted({OverlayPieces{.Codes = {"C160"}, .InkColour = Violet},
+                                      OverlayPieces{.Codes = {"C160"}, .InkColour = Rgb(255, 255, 255), .Look = look}});
+        return image.pixelColor(206, 83);
+    };
+    const QColor ghost = Painted({OverlayPieces{.Codes = {"C160"}, .InkColour = Violet}}).pixelColor(206, 83);
+    EXPECT_NEAR(ghost.green(), 145, 2); // of 255, 110 of 255 parts violet
+
+    EXPECT_NEAR(colour(PieceLook::Light).green(), 160, 3) << "35 parts white over it";
+    EXPECT_NEAR(colour(PieceLook::Faded).green(), 227, 3) << "190 parts white over it";
+}
+
 TEST_F(Overlays, AnUnknownCodeLeavesNoGhost) {
     EXPECT_EQ(Painted({OverlayPieces{.Codes = {"X"}, .InkColour = Violet}}), Painted({}));
 }

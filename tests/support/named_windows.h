@@ -21,7 +21,6 @@ public:
     void ShowSets() override { Opened += "sets "; }
     void TogglePanel(Panel panel) override { Opened += "panel " + std::to_string(static_cast<int>(panel)) + " "; }
     bool IsPanelShown(Panel) const override { return false; }
-    void ShowHistory() override { Opened += "history "; }
     void ShowSamples() override { Opened += "samples "; }
     void FindPiece() override { Opened += "find piece "; }
     void ShowTour() override { Opened += "tour "; }

@@ -9,7 +9,6 @@
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
 #include "ui/frmExport.h"
-#include "ui/frmHistory.h"
 #include "ui/frmPrint.h"
 #include "ui/frmRecovered.h"
 #include "ui/frmSamples.h"
@@ -139,6 +138,7 @@ TEST_F(Accessibility, TheDocksAndTheBarOfSuggestionsNameTheirControls) {
     Open(ProjectOf("C160 C151L C154L"));
     Choose("mnuChecks");
     Choose("mnuMoney");
+    Choose("mnuHistory");
     Choose("mnuCloseLoop");
 
     const Walk walk = WalkOf(*Window);
@@ -164,8 +164,6 @@ TEST_F(Accessibility, EveryDialogNamesItsControls) {
     ExpectReadable(area, 15);
     frmExport exports(*Session);
     ExpectReadable(exports, 8);
-    frmHistory history(*Session, Window.get());
-    ExpectReadable(history, 0);
     frmPrint print(*Session);
     ExpectReadable(print, 8);
     const Recovery recovery(*Session, folder_.Path(), [](const std::function<void()>&) {});

@@ -150,6 +150,36 @@ TEST_F(BuildingByHand, ADigitShowsSoManyGhostsAndADragLaysThem) {
     EXPECT_EQ(Codes(), "C160");
 }
 
+TEST_F(BuildingByHand, ADigitStandsBesideTheMouseUntilItIsUsed) {
+    Open();
+    const auto& chip = Find<QLabel>("lblTimes");
+    EXPECT_FALSE(chip.isVisible());
+
+    QTest::keyClick(Window.get(), Qt::Key_4);
+    EXPECT_TRUE(chip.isVisible());
+    EXPECT_EQ(chip.text(), "4 ×");
+    QTest::mouseMove(&Picture(), {60, 60});
+    QApplication::processEvents();
+    const QPoint mouse = Picture().mapTo(Window.get(), QPoint(60, 60));
+    EXPECT_LT((chip.pos() - mouse).manhattanLength(), 50);
+    Click("cmdElement", "C160");
+    EXPECT_FALSE(chip.isVisible());
+
+    QTest::keyClick(Window.get(), Qt::Key_4);
+    QTest::keyClick(Window.get(), Qt::Key_Escape);
+    EXPECT_FALSE(chip.isVisible());
+}
+
+TEST_F(BuildingByHand, ADigitIsTakenWhereALineOfTheListWasClickedBefore) {
+    Open(ProjectOf("C160"));
+    ClickLine(0);
+
+    QTest::keyClick(&List(), Qt::Key_3);
+    Click("cmdElement", "C159");
+
+    EXPECT_EQ(Codes(), "C160 C159 C159 C159");
+}
+
 TEST_F(BuildingByHand, EscapeForgetsTheDigit) {
     Open();
 
@@ -176,14 +206,71 @@ TEST_F(BuildingByHand, APieceDraggedToTheEndIsLaidThere) {
     EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
 }
 
+TEST_F(BuildingByHand, EscLetsGoOfAPieceThatIsDragged) {
+    Open(ProjectOf("C160 C160"));
+
+    Drag("C159", 12, 80, false);
+    QTest::keyClick(&Piece("C159"), Qt::Key_Escape);
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {},
+                        Piece("C159").mapFromGlobal(Canvas().mapToGlobal(Canvas().PlaceOf({12, 80}))).toPoint());
+    EXPECT_EQ(Codes(), "C160 C160");
+
+    Drag("C159", 12, 80);
+    EXPECT_EQ(Codes(), "C160 C160 C159") << "the next one is dragged as ever";
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Add C159");
+}
+
 TEST_F(BuildingByHand, APieceDraggedBetweenTwoIsPutInAsOneStep) {
     Open(ProjectOf("C160 C160"));
 
     Drag("C159", 12, 37);
     EXPECT_EQ(Codes(), "C160 C159 C160");
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Insert C159");
 
     Choose("mnuUndo");
     EXPECT_EQ(Codes(), "C160 C160");
+}
+
+TEST_F(BuildingByHand, WhileAPieceIsHeldBetweenTwoTheRoomIsShownThatItWouldMake) {
+    Open(ProjectOf("C160 C160 C158"));
+
+    Drag("C159", 12, 37, false);
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+    const Overlay room = Canvas().OverlayOf("displaced");
+    ASSERT_EQ(room.size(), 2U);
+    const auto& asTheyLie = std::get<OverlayPieces>(room[0]);
+    EXPECT_EQ(asTheyLie.Codes, (std::vector<std::string>{"C160", "C158"}));
+    EXPECT_EQ(asTheyLie.Start, (BuildCursor{0, 35, 0}));
+    EXPECT_EQ(asTheyLie.Look, PieceLook::Faded);
+    const auto& asTheyWouldLie = std::get<OverlayPieces>(room[1]);
+    EXPECT_EQ(asTheyWouldLie.Codes, (std::vector<std::string>{"C160", "C158"}));
+    EXPECT_EQ(asTheyWouldLie.Start, (BuildCursor{0, 52.5F, 0}));
+    EXPECT_EQ(asTheyWouldLie.Look, PieceLook::Light);
+
+    QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {}, QPoint(-500, 0));
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty());
+    EXPECT_EQ(Codes(), "C160 C160 C158");
+}
+
+TEST_F(BuildingByHand, NoRoomIsMadeAtTheEndsAndInAnotherPiecesPlace) {
+    Open(ProjectOf("C160 C160"));
+
+    Drag("C159", 12, 80, false);
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty()) << "at the end";
+    Drag("C159", 8, -12, false);
+    EXPECT_EQ(Ghost().Start.CursorY, -17.5F);
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty()) << "before the start, which it takes back";
+    QTest::mouseRelease(&Piece("C159"), Qt::LeftButton, {}, QPoint(-500, 0));
+
+    ClickLine(0);
+    Click("cmdInsert");
+    Enter("C159");
+    EXPECT_EQ(std::get<OverlayPieces>(Canvas().OverlayOf("displaced").at(1)).Start.CursorY, 17.5F)
+        << "before the selected one in Insert mode";
+    Leave("C159");
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty());
 }
 
 TEST_F(BuildingByHand, APieceDraggedBeforeTheStartTakesTheStartBack) {

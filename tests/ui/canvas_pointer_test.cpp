@@ -1,7 +1,7 @@
 // The mouse and the keyboard on the drawing.
 #include "ui/window_fixture.h"
 
-#include <QContextMenuEvent>
+#include <QEnterEvent>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -38,13 +38,7 @@ protected:
     void Key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&Picture(), key, keys); }
     const Track& First() { return Project.Design.Circuit.Tracks[0]; }
 
-    /// Opens the menu of a place and gives its entries.
-    QMenu& OpenMenu(QPoint place) {
-        QTest::mouseClick(&Picture(), Qt::RightButton, {}, place);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, place, Picture().mapToGlobal(place));
-        QApplication::sendEvent(&Picture(), &event);
-        return *Picture().findChild<QMenu*>("mnuPiece");
-    }
+    std::string DragWords() { return std::get<OverlayText>(Canvas().OverlayOf("moved track").at(2)).Text; }
 };
 
 TEST_F(CanvasPointers, TheWheelZoomsAtThePointer) {
@@ -174,34 +168,6 @@ TEST_F(CanvasPointers, ThePieceUnderTheMouseIsOutlinedAndTold) {
     EXPECT_TRUE(Canvas().OverlayOf("hover").empty());
 }
 
-TEST_F(CanvasPointers, TheMenuOfAPieceOffersWhatCanBeDoneWithIt) {
-    Open(ProjectOf(Ring));
-    QMenu& menu = OpenMenu(At(8, 17));
-    EXPECT_EQ(Project.EditState.SelectedElement(), 0);
-    QStringList names;
-    for (const QAction* const entry : menu.actions()) {
-        if (!entry->isSeparator()) names.append(entry->objectName());
-    }
-    EXPECT_EQ(names.join(" ").toStdString(),
-              "mnuC160 mnuC164 mnuC248 mnuC8005 mnuC8006 mnuC8007 mnuC8009 cmdInsert cmdDelete mnuSelectRest "
-              "mnuStartHere mnuMirrorRest");
-
-    menu.findChild<QAction*>("mnuC8007")->trigger();
-    EXPECT_TRUE(Codes().starts_with("C8007 C151L"));
-    menu.close();
-}
-
-TEST_F(CanvasPointers, StartHereRenumbersFromThePieceUnderTheMouse) {
-    Open(ProjectOf(Ring));
-    QMenu& menu = OpenMenu(At(-30, 17)); // the straight on the other side
-
-    menu.findChild<QAction*>("mnuStartHere")->trigger();
-
-    EXPECT_EQ(Codes(), Ring) << "half a lap on it looks the same";
-    EXPECT_NEAR(First().TrackStartX, -43.6, 0.01);
-    menu.close();
-}
-
 TEST_F(CanvasPointers, DraggingAPieceMovesItsTrackAsOneStep) {
     Open(ProjectOf("C160 C160"));
     const double scale = Canvas().Frame().PixelsPerCm(View());
@@ -239,6 +205,69 @@ TEST_F(CanvasPointers, WithAltATrackTurnsAboutThePiecesMiddle) {
     const GroundPoint middle = MiddleOf(GroundOf(*placement));
     EXPECT_NEAR(middle.X, 7.75, 0.01);
     EXPECT_NEAR(middle.Y, 17.5, 0.01);
+}
+
+TEST_F(CanvasPointers, WithCtrlATrackTurnsAsWithAltWhichWindowManagersMayTake) {
+    Open(ProjectOf("C160"));
+    const QPoint from = At(8, 17);
+
+    QTest::mousePress(&Picture(), Qt::LeftButton, Qt::ControlModifier, from);
+    MoveTo(from + QPoint(20, 0), Qt::LeftButton, Qt::ControlModifier);
+    MoveTo(from + QPoint(125, 0), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(DragWords(), "33.75° right");
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, Qt::ControlModifier, from + QPoint(125, 0));
+
+    EXPECT_FLOAT_EQ(First().TrackStartHeading, 5.694137F); // three steps back from a full turn
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Turn Track");
+}
+
+TEST_F(CanvasPointers, ADragTellsHowFarItIsAndEscLeavesTheTrackWhereItLay) {
+    Open(ProjectOf("C160"));
+    const QPoint from = At(8, 17);
+
+    QTest::mousePress(&Picture(), Qt::LeftButton, {}, from);
+    MoveTo(At(8 + 31, 17 + 16), Qt::LeftButton, Qt::ShiftModifier);
+    EXPECT_EQ(DragWords(), "31, 15.5 cm");
+    EXPECT_EQ(Picture().cursor().shape(), Qt::SizeAllCursor);
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(Canvas().OverlayOf("moved track").empty());
+    MoveTo(At(60, 60), Qt::LeftButton);
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, At(60, 60));
+
+    EXPECT_EQ(First().TrackStartX, 0);
+    EXPECT_FALSE(Project.EditState.DataChanged);
+}
+
+TEST_F(CanvasPointers, AHandShowsThatADragMovesTheView) {
+    Open(ProjectOf("C160"));
+    Picture().setFocus();
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ArrowCursor);
+
+    QTest::mousePress(&Picture(), Qt::MiddleButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ClosedHandCursor);
+    QTest::mouseRelease(&Picture(), Qt::MiddleButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ArrowCursor);
+
+    QTest::keyPress(&Picture(), Qt::Key_Space);
+    EXPECT_EQ(Picture().cursor().shape(), Qt::OpenHandCursor);
+    QTest::mousePress(&Picture(), Qt::LeftButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ClosedHandCursor);
+    QTest::keyRelease(&Picture(), Qt::Key_Space);
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ClosedHandCursor) << "until the button comes up";
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, {100, 100});
+    EXPECT_EQ(Picture().cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(CanvasPointers, TheSpaceBarPansWhereAButtonWasPressedBefore) {
+    Open();
+    Piece("C160").setFocus();
+
+    QEnterEvent enter(QPointF(50, 50), QPointF(50, 50), Picture().mapToGlobal(QPointF(50, 50)));
+    QApplication::sendEvent(&Picture(), &enter);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+
+    EXPECT_EQ(Codes(), "") << "it adds no piece";
+    EXPECT_TRUE(Picture().hasFocus());
 }
 
 TEST_F(CanvasPointers, AClickThatHardlyMovesMovesNoTrack) {

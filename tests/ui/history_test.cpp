@@ -153,6 +153,30 @@ TEST_F(HistoryInTheWindow, ListStepsByTheKeyboard) {
     EXPECT_TRUE(list.isVisible());
 }
 
+TEST_F(HistoryInTheWindow, ListStandsBesideTheDrawingUntilItsKeyPutsItAway) {
+    Open();
+    auto& dock = Find<QDockWidget>("fraHistory");
+    EXPECT_FALSE(dock.isVisible());
+    Window->resize(1300, 800);
+    QTest::qWait(20);
+    const int width = Picture().width();
+
+    Press(Qt::Key_H);
+    QTest::qWait(20);
+    EXPECT_TRUE(dock.isVisible());
+    EXPECT_TRUE(Entry("mnuHistory").isChecked());
+    EXPECT_LT(Picture().width(), width);
+    EXPECT_GT(Picture().width(), width - 320) << "it leaves the drawing its room";
+    Click("cmdElement", "C160");
+    EXPECT_THAT(TextsOf(Find<QListView>("lstHistory")), ElementsAre("Start", "Add C160"));
+
+    Press(Qt::Key_H);
+    QTest::qWait(20);
+    EXPECT_FALSE(dock.isVisible());
+    EXPECT_FALSE(Entry("mnuHistory").isChecked());
+    EXPECT_EQ(Picture().width(), width);
+}
+
 TEST_F(HistoryInTheWindow, DrawAreaIsAStep) {
     Open();
     Session->Do([&] {

@@ -5,6 +5,7 @@
 #include "ui/piece_badge.h"
 #include "ui/piece_button.h"
 
+#include <QEnterEvent>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -64,6 +65,11 @@ protected:
     }
     const OverlayPieces& Ghost() { return std::get<OverlayPieces>(Canvas().OverlayOf("ghost").at(0)); }
     std::string GhostWords() { return std::get<OverlayText>(Canvas().OverlayOf("ghost").at(1)).Text; }
+    /// Moves the mouse with its left button down.
+    static void SendMove(QWidget& widget, QPoint place) {
+        QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&widget, &move);
+    }
     static void Press(QMenu& menu, int entry) {
         QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(entry)).center());
     }
@@ -104,6 +110,49 @@ TEST_F(PaletteTest, AFoldedOutSpecialPieceReplacesTheSelectedOneElseIsAdded) {
 
     Press(Unfold("C159"), 1);
     EXPECT_EQ(Codes(), "C8007 C151L C367");
+}
+
+TEST_F(PaletteTest, ASpecialPieceIsDraggedFromItsFoldOutOntoTheDrawing) {
+    Open(ProjectOf("C160 C160"));
+    ClickLine(0);
+    QMenu& menu = Unfold("C160");
+    const QPoint entry = menu.actionGeometry(menu.actions().at(4)).center();
+
+    QTest::mousePress(&menu, Qt::LeftButton, {}, entry);
+    SendMove(menu, entry + QPoint(0, 12));
+    EXPECT_TRUE(menu.isVisible()) << "along the menu it chooses";
+    SendMove(menu, QPoint(menu.width() + 20, entry.y()));
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_EQ(QWidget::mouseGrabber(), &Picture());
+    const QPointF place(5, 5);
+    QEnterEvent enter(place, place, Piece("C153R").mapToGlobal(place));
+    QApplication::sendEvent(&Piece("C153R"), &enter); // which the menu had covered
+    const QPoint between = Canvas().PlaceOf({12, 37}).toPoint();
+    SendMove(Picture(), between);
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C8007"}));
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, between);
+
+    EXPECT_EQ(Codes(), "C160 C8007 C160") << "between two, not in the selected one's place";
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Insert C8007");
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+}
+
+TEST_F(PaletteTest, APieceFoundIsDraggedOntoTheDrawing) {
+    Open(ProjectOf("C160"));
+    Search("hump");
+    const QPoint line = FoundPieces().visualItemRect(FoundPieces().item(0)).center();
+
+    QTest::mousePress(FoundPieces().viewport(), Qt::LeftButton, {}, line);
+    SendMove(*FoundPieces().viewport(), QPoint(FoundPieces().width() + 200, line.y()));
+    const QPoint end = Canvas().PlaceOf({8, 40}).toPoint();
+    SendMove(Picture(), end);
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, end);
+
+    EXPECT_EQ(Codes(), "C160 C248");
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
 }
 
 TEST_F(PaletteTest, ADigitBeforeASpecialPieceLaysSoMany) {

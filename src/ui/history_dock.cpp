@@ -1,11 +1,8 @@
-#include "ui/frmHistory.h"
+#include "ui/history_dock.h"
 
 #include "ui/named_controls.h"
 
-#include <QLabel>
-#include <QScreen>
 #include <QShowEvent>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -13,7 +10,15 @@ namespace pistaro {
 
 namespace {
 
-constexpr QSize UsualSize(260, 420);
+/// A narrow list, which leaves the drawing its width.
+class StepList : public QListView {
+public:
+    QSize sizeHint() const override {
+        constexpr int letters = 22; // "Replace C160 by C8007"
+        return {letters * fontMetrics().averageCharWidth() + 2 * fontMetrics().height(),
+                QListView::sizeHint().height()};
+    }
+};
 
 } // namespace
 
@@ -47,44 +52,36 @@ void HistoryLines::Refresh() {
     endResetModel();
 }
 
-frmHistory::frmHistory(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session), lines_(new HistoryLines(session, this)),
-      lstHistory_(Named(new QListView, "lstHistory")) {
-    setObjectName("frmHistory");
-    setWindowTitle("History");
+HistoryDock::HistoryDock(Session& session)
+    : QDockWidget("History"), session_(session), lines_(new HistoryLines(session, this)),
+      lstHistory_(Named(new StepList, "lstHistory")) {
+    setObjectName("fraHistory");
     lstHistory_->setModel(lines_);
     lstHistory_->setAccessibleName("Steps");
     lstHistory_->setUniformItemSizes(true);
     lstHistory_->setToolTip("Click a step to go back to it, or forward");
     connect(lstHistory_, &QListView::clicked, this, [this](const QModelIndex& line) { GoTo(line); });
     connect(lstHistory_, &QListView::activated, this, [this](const QModelIndex& line) { GoTo(line); });
-    auto* const column = new QVBoxLayout(this);
-    column->addWidget(lstHistory_);
-    resize(UsualSize);
-    observation_ = session.Observe([this](const Changes&) {
-        if (isVisible()) Refresh();
-    });
+    setWidget(lstHistory_);
 }
 
-/// Beside the main window where there is room, else over its right end: the drawing stays in sight.
-void frmHistory::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
-        Refresh();
-        const QRect owner = parentWidget()->frameGeometry();
-        const QRect all = parentWidget()->screen()->availableGeometry();
-        move(std::min(owner.right() + 1, all.right() - frameGeometry().width()), std::max(owner.top(), all.top()));
-    }
-    QDialog::showEvent(event);
+void HistoryDock::Refresh() {
+    if (isVisible()) ShowSteps();
 }
 
-void frmHistory::Refresh() {
+void HistoryDock::showEvent(QShowEvent* event) {
+    QDockWidget::showEvent(event);
+    ShowSteps();
+}
+
+void HistoryDock::ShowSteps() {
     lines_->Refresh();
     const QModelIndex present = lines_->index(static_cast<int>(session_.History().Present()));
     lstHistory_->setCurrentIndex(present);
     lstHistory_->scrollTo(present);
 }
 
-void frmHistory::GoTo(const QModelIndex& line) {
+void HistoryDock::GoTo(const QModelIndex& line) {
     const auto state = static_cast<std::size_t>(line.row());
     if (state < session_.History().Count() && state != session_.History().Present()) session_.GoTo(state);
 }

@@ -1,10 +1,10 @@
-// The list of all steps beside the main window: a click on one goes to the state that it led to.
+// All steps, beside the drawing while one works: a click on one goes to the state that it led to.
 #pragma once
 
 #include "commands/session.h"
 
 #include <QAbstractListModel>
-#include <QDialog>
+#include <QDockWidget>
 #include <QListView>
 
 namespace pistaro {
@@ -26,21 +26,23 @@ private:
     const Session& session_;
 };
 
-class frmHistory : public QDialog {
+class HistoryDock : public QDockWidget {
 public:
-    frmHistory(Session& session, QWidget* parent);
+    explicit HistoryDock(Session& session);
+
+    /// To be called when something has changed.
+    void Refresh();
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void Refresh();
+    void ShowSteps();
     void GoTo(const QModelIndex& line);
 
     Session& session_;
     HistoryLines* const lines_;
     QListView* const lstHistory_;
-    Observation observation_;
 };
 
 } // namespace pistaro

@@ -1,0 +1,131 @@
+// The menu that a right click on a piece opens.
+#include "ui/window_fixture.h"
+
+#include <QContextMenuEvent>
+
+namespace pistaro {
+namespace {
+
+constexpr const char* Ring = "C160 C151L C151L C151L C151L C160 C151L C151L C151L C151L";
+
+class PieceMenus : public WindowTest {
+protected:
+    QPoint At(float x, float y) { return Canvas().PlaceOf({x, y}).toPoint(); }
+    const Track& First() { return Project.Design.Circuit.Tracks[0]; }
+
+    /// Opens the menu of a place and gives its entries.
+    QMenu& OpenMenu(QPoint place) {
+        QTest::mouseClick(&Picture(), Qt::RightButton, {}, place);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, Picture().mapToGlobal(place));
+        QApplication::sendEvent(&Picture(), &event);
+        QMenu* last = nullptr;
+        for (QMenu* const menu : Picture().findChildren<QMenu*>("mnuPiece"))
+            last = menu;
+        return *last;
+    }
+    /// The names of a menu's entries in another one.
+    static std::string ShownIn(const QMenu& menu, const char* name) {
+        QStringList names;
+        for (const QAction* const entry : menu.findChild<QMenu*>(name)->actions())
+            names.append(entry->objectName());
+        return names.join(" ").toStdString();
+    }
+};
+
+TEST_F(PieceMenus, OffersWhatCanBeDoneWithThePiece) {
+    Open(ProjectOf(Ring));
+    QMenu& menu = OpenMenu(At(8, 17));
+    EXPECT_EQ(Project.EditState.SelectedElement(), 0);
+    QStringList names;
+    for (const QAction* const entry : menu.actions()) {
+        if (!entry->isSeparator()) names.append(entry->objectName());
+    }
+    EXPECT_EQ(names.join(" ").toStdString(), "  cmdDelete mnuSelectRest mnuStartHere mnuMirrorRest mnuPaste cmdFit")
+        << "below two menus of pieces";
+    EXPECT_EQ(menu.actions().at(0)->text(), "C160 · element 0 of track 1");
+    EXPECT_EQ(ShownIn(menu, "mnuReplacements"), "mnuC164 mnuC248 mnuC8005 mnuC8006 mnuC8007 mnuC8009");
+
+    menu.findChild<QAction*>("mnuC8007")->trigger();
+    EXPECT_TRUE(Codes().starts_with("C8007 C151L"));
+    menu.close();
+}
+
+TEST_F(PieceMenus, ShowsTheKeysThatOthersListenTo) {
+    Open(ProjectOf(Ring));
+    QMenu& menu = OpenMenu(At(8, 17));
+    EXPECT_EQ(menu.findChild<QAction*>("cmdDelete")->shortcut(), QKeySequence(Qt::Key_Delete));
+    EXPECT_TRUE(menu.findChild<QAction*>("cmdDelete")->isShortcutVisibleInContextMenu());
+    menu.close();
+
+    QTest::keyClick(Window.get(), Qt::Key_Delete);
+    EXPECT_EQ(List().count(), 9) << "once";
+}
+
+TEST_F(PieceMenus, PutsOthersOfItsShapeBeforeThePiece) {
+    Open(ProjectOf("C160 C151R C159"));
+    QMenu& menu = OpenMenu(At(12, 45));
+    ASSERT_EQ(Project.EditState.SelectedElement(), 1);
+    const QMenu& pieces = *menu.findChild<QMenu*>("mnuInsertions");
+    EXPECT_EQ(pieces.actions().at(0)->text(), QString("C151  standard curve 45°"));
+
+    QTest::keyClick(Window.get(), Qt::Key_2);
+    for (QAction* const entry : pieces.actions())
+        if (entry->property("Tag") == "C8010R") entry->trigger();
+
+    EXPECT_EQ(Codes(), "C160 C8010R C8010R C151R C159");
+    EXPECT_EQ(Project.EditState.SelectedElement(), 3) << "the piece that was clicked on";
+    EXPECT_FALSE(Project.EditState.InsertMode);
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Insert 2 C8010");
+    menu.close();
+}
+
+TEST_F(PieceMenus, ShowsAPieceOfItsAsAGhostWhereItWouldLie) {
+    Open(ProjectOf("C160 C160 C159"));
+    QMenu& menu = OpenMenu(At(8, 50));
+    const QList<QAction*> replacements = menu.findChild<QMenu*>("mnuReplacements")->actions();
+    const QList<QAction*> insertions = menu.findChild<QMenu*>("mnuInsertions")->actions();
+    const auto ghost = [this] { return std::get<OverlayPieces>(Canvas().OverlayOf("ghost").at(0)); };
+
+    replacements.at(0)->hover();
+    EXPECT_EQ(ghost().Codes, (std::vector<std::string>{"C164"}));
+    EXPECT_EQ(ghost().Start, (BuildCursor{0, 35, 0}));
+    EXPECT_TRUE(Canvas().OverlayOf("displaced").empty());
+    insertions.at(1)->hover();
+    EXPECT_EQ(ghost().Codes, (std::vector<std::string>{"C164"}));
+    EXPECT_EQ(std::get<OverlayPieces>(Canvas().OverlayOf("displaced").at(1)).Codes,
+              (std::vector<std::string>{"C160", "C159"}));
+
+    insertions.last()->hover();
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty()) << "of no piece";
+    menu.close();
+}
+
+TEST_F(PieceMenus, TellsWhyWhatCannotBeDone) {
+    Open(ProjectOf("C160 C154L"));
+    QMenu& menu = OpenMenu(At(8, 17));
+
+    const QAction& startHere = *menu.findChild<QAction*>("mnuStartHere");
+    EXPECT_FALSE(startHere.isEnabled());
+    EXPECT_EQ(startHere.toolTip(), "The track is not closed.");
+    menu.close();
+    QMenu& ofHairpin = OpenMenu(At(4, 45));
+    ASSERT_EQ(Project.EditState.SelectedElement(), 1);
+    const QAction& replace = *ofHairpin.findChild<QMenu*>("mnuReplacements")->menuAction();
+    EXPECT_FALSE(replace.isEnabled());
+    EXPECT_EQ(replace.toolTip(), "No other piece has this one's shape.");
+    ofHairpin.close();
+}
+
+TEST_F(PieceMenus, StartHereRenumbersFromThePieceUnderTheMouse) {
+    Open(ProjectOf(Ring));
+    QMenu& menu = OpenMenu(At(-30, 17)); // the straight on the other side
+
+    menu.findChild<QAction*>("mnuStartHere")->trigger();
+
+    EXPECT_EQ(Codes(), Ring) << "half a lap on it looks the same";
+    EXPECT_NEAR(First().TrackStartX, -43.6, 0.01);
+    menu.close();
+}
+
+} // namespace
+} // namespace pistaro
