@@ -114,12 +114,12 @@ const char* WhyNoMore(const Laying& laying, bool wasInterrupted) {
     return laying.TimeWasUp ? "the time was up" : "no others were found";
 }
 
-/// Ctrl+C ends the search as the time does, with what is found by then.
+/// Ctrl+C ends the search with what is found by then, as the time does.
 Laying Lay(const VerbContext& context, const LayingTask& task, const Interruptions& interruptions,
            const std::function<bool()>& isTimeUp) {
-    const auto ends = [&] { return interruptions.Stop().stop_requested() || (isTimeUp && isTimeUp()); };
     return InForeground(interruptions, context.Errors, "generate, circuits found", [&](const JobWatch& watch) {
-        return LayCircuits(context.Catalogue, task, {.Progress = watch.Progress, .Stop = {}}, ends);
+        const JobWatch untilEnded{.Progress = watch.Progress, .Stop = {}};
+        return LayCircuits(context.Catalogue, task, untilEnded, isTimeUp, interruptions.Stop());
     });
 }
 

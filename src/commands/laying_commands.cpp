@@ -206,7 +206,8 @@ std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box
             {"To buy", LackingText(session, circuit.Track)}};
 }
 
-bool OpenAsNew(Session& session, const Design& room, const Track& track, std::optional<Circuit>& opened) {
+bool OpenAsNew(Session& session, std::string_view step, const Design& room, const Track& track,
+               std::optional<Circuit>& opened) {
     const Design design = WithTrack(room, track);
     Project& project = session.Project;
     if (project.Design.Circuit == design.Circuit) return true;
@@ -216,7 +217,7 @@ bool OpenAsNew(Session& session, const Design& room, const Track& track, std::op
     project.Design = design;
     FitView(session.Catalogue, project.Design);
     project.EditState.DataChanged = true;
-    session.BeginCircuit("Circuit from My Box");
+    session.BeginCircuit(std::string(step));
     opened = design.Circuit;
     return true;
 }

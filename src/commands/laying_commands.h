@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pistaro {
@@ -75,8 +76,9 @@ struct CircuitFigure {
 std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit);
 
 /// Puts a found circuit in the place of the design, which is asked for as by Load unless it is `opened`: what was put
-/// there like this before. One step of undo. Gives whether it is there now.
-bool OpenAsNew(Session& session, const Design& room, const Track& track, std::optional<Circuit>& opened);
+/// there like this before. One step of undo, of that name. Gives whether it is there now.
+bool OpenAsNew(Session& session, std::string_view step, const Design& room, const Track& track,
+               std::optional<Circuit>& opened);
 
 /// Writes found circuits into files that the user names by one name, all or none: a number is put behind it where they
 /// are several. Gives whether they were written.

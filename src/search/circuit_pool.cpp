@@ -97,25 +97,32 @@ bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
 
 /// The circuit as it lies, free of faults, where there is a place for it.
 std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const SearchPose& start) const {
-    Loop loop{{}, {start.X, start.Y, start.Heading}};
-    BuildCursor cursor = loop.Cursor();
-    if (task_.Kept) {
-        cursor = task_.Kept->At;
-    } else {
-        const std::size_t first = BestBeginning(catalogue_, rows);
-        loop.Start = PoseBehind(catalogue_, rows, first, cursor);
-        std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end());
-        // Loops that were grown lie in the room already; others must find their place.
-        Random random(task_.Seed);
-        const auto shift = room_.ShiftInto(LayLoop(catalogue_, rows, loop.Cursor()), random);
-        if (!shift) return std::nullopt;
-        loop.Start.X += shift->X;
-        loop.Start.Y += shift->Y;
-        cursor = loop.Cursor();
-    }
-    LaidLoop laid = LayLoop(catalogue_, rows, cursor);
+    const auto cursor = task_.Kept ? std::optional(task_.Kept->At) : Placed(rows, start);
+    if (!cursor) return std::nullopt;
+    LaidLoop laid = LayLoop(catalogue_, rows, *cursor);
     if (!IsClosed(laid) || OverlapsItself(laid, {}) || !room_.Holds(laid)) return std::nullopt;
-    return Laid{std::move(rows), cursor, std::move(laid)};
+    return Laid{std::move(rows), *cursor, std::move(laid)};
+}
+
+/// Begins the circuit where it begins best, and gives its place in the room: in the middle where there is room around
+/// it.
+std::optional<BuildCursor> CircuitPool::Placed(Rows& rows, const SearchPose& start) const {
+    Loop loop{{}, start};
+    const std::size_t first = BestBeginning(catalogue_, rows);
+    loop.Start = PoseBehind(catalogue_, rows, first, loop.Cursor());
+    std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end());
+    const auto lay = [&] { return LayLoop(catalogue_, rows, loop.Cursor()); };
+    const auto move = [&](GroundPoint shift) {
+        loop.Start.X += shift.X;
+        loop.Start.Y += shift.Y;
+    };
+    // Loops that were grown lie in the room already; others must find their place.
+    Random random(task_.Seed);
+    const auto shift = room_.ShiftInto(lay(), random);
+    if (!shift) return std::nullopt;
+    move(*shift);
+    move(room_.ShiftToMiddle(lay()));
+    return loop.Cursor();
 }
 
 LaidCircuit CircuitPool::CircuitOf(const Laid& laid) const {

@@ -31,6 +31,7 @@ private:
     };
 
     std::optional<Laid> LaidInRoom(Rows rows, const SearchPose& start) const;
+    std::optional<BuildCursor> Placed(Rows& rows, const SearchPose& start) const;
     LaidCircuit CircuitOf(const Laid& laid) const;
 
     const Catalogue& catalogue_;

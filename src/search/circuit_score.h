@@ -18,6 +18,8 @@ struct ScoreParts {
 /// What each part counts for in the whole; none is below 0.
 struct ScoreWeights {
     double Used = 6, Lanes = 1, Straights = 1, Corners = 1, Directions = 1, Start = 0.5, Walls = 0.5;
+
+    bool operator==(const ScoreWeights&) const = default;
 };
 
 /// The weighted mean; 0 where nothing weighs anything.

@@ -21,11 +21,15 @@ constexpr int MostBeginnings = 400; ///< tries at a first loop
 constexpr int AlikeRounds = 30;     ///< in a row in vain before a box is taken to have no other circuits
 constexpr std::size_t Parents = 4;  ///< of the largest loops, which others are made from
 
-/// The effort of one search: the pieces of all loops that a change was tried on.
-constexpr std::int64_t MostEffort = 2'600'000;
+/// The effort of one search, as LoopGrowth counts it.
+constexpr std::int64_t MostEffort = 44'000'000;
 
 /// The same where it has not found so many circuits by then as were wished for: others are made from the largest ones.
-constexpr std::int64_t MostEffortForMore = 4'000'000;
+constexpr std::int64_t MostEffortForMore = MostEffort * 5 / 4;
+
+void ThrowIfStopped(const std::stop_token& stop) {
+    if (stop.stop_requested()) throw Stopped();
+}
 
 /// One search by growing loops.
 class GrowingSearch {
@@ -34,73 +38,82 @@ public:
         : growth_(std::move(growth)), random_(~seed), most_(PieceBox{shapes}.Total()), pool_(pool) {}
 
     /// Adds one loop to the pool, or several. False when there is nothing to be found any more.
-    bool Round(int wanted, const JobWatch& watch) {
-        // Half of the rounds go on from large loops that were found.
-        const bool begins = parents_.empty() || (!IsLate() && (parents_.size() < Parents || random_.Happens(1, 2)));
-        auto loop = begins ? Begun(watch) : Parent(watch);
+    bool Round(int wanted, const std::stop_token& stop) {
+        auto loop = Begins() ? Begun(stop) : Parent(stop);
         if (!loop) return false;
         const std::size_t before = pool_.Found().size();
-        Grow(*loop, watch);
+        try {
+            Grow(*loop, stop);
+        } catch (const Stopped&) {
+            Keep(*loop); // as far as it has come
+            throw;
+        }
         inVain_ = pool_.Found().size() > before ? 0 : inVain_ + 1;
         const bool hasEnough = pool_.Found().size() >= static_cast<std::size_t>(wanted);
         const std::int64_t most = hasEnough ? MostEffort : MostEffortForMore;
-        return inVain_ < AlikeRounds && effort_ < most && pool_.CountOfWhole() < wanted;
+        return inVain_ < AlikeRounds && Effort() < most && pool_.CountOfWhole() < wanted;
     }
 
     /// The effort begins anew.
     void Continue() {
-        effort_ = 0;
+        effortBefore_ = growth_.Effort();
         inVain_ = 0;
     }
 
 private:
-    std::optional<Loop> Begun(const JobWatch& watch) {
+    /// Whether a round is to begin anew, and not to go on from a large loop that was found.
+    bool Begins() {
+        if (parents_.empty() || IsLate()) return parents_.empty();
+        return parents_.size() < Parents || random_.Happens(1, 2);
+    }
+
+    std::optional<Loop> Begun(const std::stop_token& stop) {
         std::optional<Loop> loop;
         for (const bool ofBoth : {true, false}) {
             for (int tried = 0; tried < MostBeginnings && !loop; ++tried) {
-                if (watch.Stop.stop_requested()) throw Stopped();
+                ThrowIfStopped(stop);
                 loop = growth_.Begin(ofBoth);
             }
         }
-        if (!loop && !parents_.empty()) return Parent(watch);
+        if (!loop && !parents_.empty()) return Parent(stop);
         return loop;
     }
 
     /// One of the largest loops, shrunk to about two thirds.
-    Loop Parent(const JobWatch& watch) {
+    Loop Parent(const std::stop_token& stop) {
         Loop loop = parents_[random_.Below(parents_.size())];
         constexpr int changes = 200;
-        Heat(loop, static_cast<int>(loop.Steps.size()) * 2 / 3, changes, watch);
+        Heat(loop, SizeOf(loop) * 2 / 3, changes, stop);
         return loop;
     }
 
-    bool IsLate() const { return effort_ >= MostEffort; }
+    std::int64_t Effort() const { return growth_.Effort() - effortBefore_; }
+    bool IsLate() const { return Effort() >= MostEffort; }
 
-    void Change(Loop& loop, int fewest, const JobWatch& watch) {
-        if (watch.Stop.stop_requested()) throw Stopped();
-        effort_ += static_cast<std::int64_t>(loop.Steps.size());
+    void Change(Loop& loop, int fewest, const std::stop_token& stop) {
+        ThrowIfStopped(stop);
         growth_.Change(loop, fewest);
     }
 
     /// Lets it shrink.
-    void Heat(Loop& loop, int fewest, int changes, const JobWatch& watch) {
+    void Heat(Loop& loop, int fewest, int changes, const std::stop_token& stop) {
         for (; changes > 0; --changes)
-            Change(loop, fewest, watch);
+            Change(loop, fewest, stop);
     }
 
     /// Grows a loop as far as it goes, and lets it shrink a little and grow again.
-    void Grow(Loop& loop, const JobWatch& watch) {
+    void Grow(Loop& loop, const std::stop_token& stop) {
         for (int round = 0;; ++round) {
             int failures = 0;
             int size = SizeOf(loop);
             while (failures < (IsLate() ? FewFailures : MostFailures) && size < most_) {
-                Change(loop, size, watch);
+                Change(loop, size, stop);
                 failures = SizeOf(loop) > size ? 0 : failures + 1;
                 size = SizeOf(loop);
             }
             Keep(loop);
             if (size == most_ || round == Reheatings) return;
-            Heat(loop, size - std::max(size / 10, 2), HotChanges, watch);
+            Heat(loop, size - std::max(size / 10, 2), HotChanges, stop);
         }
     }
 
@@ -117,19 +130,19 @@ private:
     Random random_;
     int most_;
     CircuitPool& pool_;
-    std::vector<Loop> parents_; ///< the largest ones
-    std::int64_t effort_ = 0;
+    std::vector<Loop> parents_;     ///< the largest ones
+    std::int64_t effortBefore_ = 0; ///< it was gone on with
     int inVain_ = 0;
 };
 
 /// All circuits of a small box. False where there would be too much to look at.
-bool AddAll(const Catalogue& catalogue, const ShapeCounts& shapes, CircuitPool& pool, const JobWatch& watch) {
+bool AddAll(const Catalogue& catalogue, const ShapeCounts& shapes, CircuitPool& pool, const std::stop_token& stop) {
     const std::vector<LayingStep> steps = StepsOf(catalogue, shapes);
     if (std::ranges::any_of(steps, &LayingStep::JoinsSystems)) return false;
     const auto loops = EnumerateLoops(steps, shapes);
     if (!loops) return false;
     for (const Run& loop : *loops) {
-        if (watch.Stop.stop_requested()) throw Stopped();
+        ThrowIfStopped(stop);
         for (const int heading : {0, HeadingCount / 4, HeadingCount / 8, HeadingCount * 3 / 8}) {
             if (pool.Add(RowsOf(steps, loop), {0, 0, heading})) break;
         }
@@ -192,15 +205,15 @@ struct CircuitSearch::State {
         if (Task.Kept) Shapes = ShapesAround(catalogue, std::move(Shapes), Task.Kept->Rows);
     }
 
-    bool Round(const JobWatch& watch) {
+    bool Round(const std::stop_token& stop) {
         if (IsComplete) return false;
         if (!Growing) {
             IsComplete =
-                !Task.Kept && PieceBox{Shapes}.Total() <= EnumeratedBox && AddAll(Catalogue, Shapes, Pool, watch);
+                !Task.Kept && PieceBox{Shapes}.Total() <= EnumeratedBox && AddAll(Catalogue, Shapes, Pool, stop);
             if (IsComplete) return false;
             Growing.emplace(Growth(), Shapes, Task.Seed, Pool);
         }
-        return Growing->Round(Wanted, watch);
+        return Growing->Round(Wanted, stop);
     }
 
     LoopGrowth Growth() const {
@@ -225,7 +238,7 @@ CircuitSearch::CircuitSearch(const Catalogue& catalogue, LayingTask task)
     : state_(std::make_unique<State>(catalogue, std::move(task))) {}
 CircuitSearch::~CircuitSearch() = default;
 
-bool CircuitSearch::Round(const JobWatch& watch) { return state_->Round(watch); }
+bool CircuitSearch::Round(const JobWatch& watch) { return state_->Round(watch.Stop); }
 
 void CircuitSearch::Continue() {
     state_->Wanted += state_->Task.Count;
@@ -237,13 +250,20 @@ const std::vector<FoundCircuit>& CircuitSearch::Found() const { return state_->P
 bool CircuitSearch::IsComplete() const { return state_->IsComplete; }
 
 Laying LayCircuits(const Catalogue& catalogue, const LayingTask& task, const JobWatch& watch,
-                   const std::function<bool()>& isTimeUp) {
+                   const std::function<bool()>& isTimeUp, const std::stop_token& ending) {
     CircuitSearch search(catalogue, task);
+    std::stop_source both;
+    const std::stop_callback onStop(watch.Stop, [&] { both.request_stop(); });
+    const std::stop_callback onEnding(ending, [&] { both.request_stop(); });
     bool goesOn = true;
     bool timeWasUp = false;
     while (goesOn && !timeWasUp) {
-        goesOn = search.Round(watch);
-        timeWasUp = goesOn && isTimeUp && isTimeUp();
+        try {
+            goesOn = search.Round({.Progress = {}, .Stop = both.get_token()});
+            timeWasUp = goesOn && isTimeUp && isTimeUp();
+        } catch (const Stopped&) {
+            timeWasUp = true;
+        }
         watch.Step(std::min(static_cast<int>(search.Found().size()), task.Count), task.Count);
     }
     Laying laying{.Circuits = {}, .AreAll = search.IsComplete(), .TimeWasUp = timeWasUp};

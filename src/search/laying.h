@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <utility>
 #include <vector>
@@ -66,7 +67,8 @@ public:
     CircuitSearch(const CircuitSearch&) = delete;
     CircuitSearch& operator=(const CircuitSearch&) = delete;
 
-    /// Looks on for a moment. False when it has come to its end. Throws Stopped, and is of no use then.
+    /// Looks on for a moment. False when it has come to its end. Throws Stopped, and cannot be gone on with then; what
+    /// it has found is there.
     bool Round(const JobWatch& watch);
 
     /// Lets a search that has come to its end go on for as long again, and for as many circuits.
@@ -85,12 +87,12 @@ private:
 struct Laying {
     std::vector<LaidCircuit> Circuits; ///< the best ones first; no two are alike
     bool AreAll = false;               ///< more there are not, however long one looks
-    bool TimeWasUp = false;            ///< before the search had come to its end
+    bool TimeWasUp = false;            ///< or it was ended, before the search had come to its end
 };
 
 /// Lays circuits. The effort is counted in steps: the same task gives the same circuits on every machine. `isTimeUp`,
-/// which may be empty, ends it earlier, with what is found by then. Throws Stopped.
+/// which may be empty, ends it earlier, with what is found by then; `ending` does so at once. Throws Stopped.
 Laying LayCircuits(const Catalogue& catalogue, const LayingTask& task, const JobWatch& watch,
-                   const std::function<bool()>& isTimeUp);
+                   const std::function<bool()>& isTimeUp, const std::stop_token& ending = {});
 
 } // namespace pistaro

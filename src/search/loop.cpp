@@ -148,15 +148,49 @@ std::optional<GroundPoint> LoopRoom::ShiftInto(const LaidLoop& laid, Random& ran
     return std::nullopt;
 }
 
-double LoopRoom::DistanceToWalls(const LaidLoop& laid) const {
-    double nearest = std::numeric_limits<double>::max();
-    for (const Ground& ground : laid.Grounds) {
-        for (const GroundPoint corner : ground.Corners) {
-            for (const Wall& wall : fit_.Walls())
-                nearest = std::min(nearest, DistanceTo(wall, corner));
+GroundPoint LoopRoom::ShiftToMiddle(const LaidLoop& laid) const {
+    const double across = (extent_.Left + extent_.Right - laid.Box.Left - laid.Box.Right) / 2;
+    const double up = (extent_.Bottom + extent_.Top - laid.Box.Bottom - laid.Box.Top) / 2;
+    // Two distances that are alike are worth more than a long and a short one.
+    const auto worth = [&](GroundPoint shift) {
+        double sum = 0;
+        for (const double distance : WallDistances(laid, shift))
+            sum += std::sqrt(distance);
+        return sum;
+    };
+    GroundPoint best{0, 0};
+    double most = worth(best);
+    for (const double share : {1.0, 0.75, 0.5, 0.25}) {
+        for (const GroundPoint shift :
+             {GroundPoint{across * share, up * share}, {across * share, 0}, {0, up * share}}) {
+            const double now = worth(shift);
+            if (now <= most || !Holds(laid, shift)) continue;
+            best = shift;
+            most = now;
         }
     }
-    return nearest;
+    return best;
+}
+
+double LoopRoom::DistanceToWalls(const LaidLoop& laid) const {
+    const std::vector<double> distances = WallDistances(laid, {0, 0});
+    return distances.empty() ? std::numeric_limits<double>::max() : std::ranges::min(distances);
+}
+
+std::vector<double> LoopRoom::WallDistances(const LaidLoop& laid, GroundPoint shift) const {
+    std::vector<double> distances;
+    distances.reserve(fit_.Walls().size());
+    for (const Wall& wall : fit_.Walls()) {
+        double nearest = std::numeric_limits<double>::max();
+        for (const Ground& ground : laid.Grounds) {
+            for (GroundPoint corner : ground.Corners) {
+                Move(corner, shift);
+                nearest = std::min(nearest, DistanceTo(wall, corner));
+            }
+        }
+        distances.push_back(nearest);
+    }
+    return distances;
 }
 
 } // namespace pistaro

@@ -8,6 +8,7 @@
 #include "search/run_table.h"
 
 #include <optional>
+#include <vector>
 
 namespace pistaro {
 
@@ -64,10 +65,16 @@ public:
     /// random distances. Nothing where none of them will do.
     std::optional<GroundPoint> ShiftInto(const LaidLoop& laid, Random& random) const;
 
+    /// By how much a loop that lies inside must be moved to lie in the middle of the room's extent, or on the way there
+    /// where walls and pillars leave it more room.
+    GroundPoint ShiftToMiddle(const LaidLoop& laid) const;
+
     /// The distance of the pieces from the nearest wall, cm.
     double DistanceToWalls(const LaidLoop& laid) const;
 
 private:
+    /// The distances of the pieces from each wall, cm, were the loop moved.
+    std::vector<double> WallDistances(const LaidLoop& laid, GroundPoint shift) const;
     bool Holds(const LaidLoop& laid, GroundPoint shift) const;
     bool Holds(const Ground& ground) const;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace pistaro {
 
@@ -173,8 +174,10 @@ std::optional<Loop> LoopGrowth::Closed(const Run& walk) {
     const SearchPose end = PosesOf(walk).back();
     const SearchPose goal = Relative(end, SearchPose());
     constexpr std::size_t mostFirst = 3000;
+    constexpr std::int64_t effortOfTry = 3;
     Sample<Run> loops(MostReplacements, random_);
     for (std::size_t tried = 0; tried < mostFirst; ++tried) {
+        effort_ += effortOfTry;
         const std::size_t first = random_.Below(table.CountUpTo(table.Depth()));
         table.ForEachTo(Relative(table.PoseOf(first), goal), SearchTolerance, [&](std::size_t second) {
             Run loop = walk;
@@ -230,10 +233,12 @@ std::vector<LoopGrowth::Replacement> LoopGrowth::Replacements(Opened& opened, bo
         const TrackSystem system = steps_[opened.Steps[(first + count - 1) % count]].Exit;
         const RunTable& table = TableOf(system);
         if (static_cast<int>(count - removed) + table.Depth() < fewest) return;
+        ++effort_;
         const SearchPose goal = Relative(opened.Poses[first], opened.ToEnd[first + removed]);
         table.ForEachTo(goal, SearchTolerance, [&](std::size_t run) {
             const int pieces = static_cast<int>(count - removed) + table.LengthOf(run);
             if (pieces < fewest || pieces > MaxElements) return;
+            ++effort_;
             if (Allows(left, table, run)) found.Show({first, removed, &table, run, pieces});
         });
     };
@@ -260,6 +265,7 @@ std::vector<LoopGrowth::Replacement> LoopGrowth::Replacements(Opened& opened, bo
 
 bool LoopGrowth::Change(Loop& loop, int fewest) {
     TurnRound(loop);
+    effort_ += static_cast<std::int64_t>(loop.Steps.size());
     const bool elsewhere = random_.Happens(2, 3);
     Opened opened = Open(loop, elsewhere);
     if (opened.Steps.empty()) return false;
@@ -316,8 +322,18 @@ bool LoopGrowth::IsTooWide(const Loop& loop) const {
     return right - left > room_.Width() || top - bottom > room_.Height();
 }
 
+/// Two adapters with nothing between them join nothing.
+bool LoopGrowth::HasAdaptersInARow(const Run& run) const {
+    bool before = steps_[run.back()].JoinsSystems();
+    return std::ranges::any_of(
+        run, [&](std::uint8_t step) { return std::exchange(before, steps_[step].JoinsSystems()) && before; });
+}
+
 /// Whether the loop closes as it is really laid, without overlaps, and finds a place in the room, where it then starts.
 bool LoopGrowth::Settle(Loop& loop, const std::vector<int>& parts) {
+    constexpr std::int64_t effortOfPiece = 4;
+    effort_ += effortOfPiece * static_cast<std::int64_t>(loop.Steps.size());
+    if (HasAdaptersInARow(loop.Steps)) return false;
     const Rows rows = RowsOf(steps_, loop.Steps);
     if (keptAt_) MoveKeptToItsPlace(loop);
     const LaidLoop laid = LayLoop(catalogue_, rows, loop.Cursor());

@@ -27,6 +27,9 @@ public:
     /// Tries one change. Gives whether the loop is another one now, which has at least `fewest` pieces.
     bool Change(Loop& loop, int fewest);
 
+    /// How much it has looked at so far, which the processor's time goes with: the same on every machine.
+    std::int64_t Effort() const { return effort_; }
+
 private:
     /// A run of the table in place of elements of the loop.
     struct Replacement {
@@ -62,6 +65,7 @@ private:
     Opened Open(const Loop& loop, bool anew);
     std::vector<Replacement> Replacements(Opened& opened, bool elsewhere, int fewest);
     bool IsTooWide(const Loop& loop) const;
+    bool HasAdaptersInARow(const Run& run) const;
     Run KeptWalk(ShapeCounts& left);
     std::vector<int> PartsOfRows(const Run& run, const std::vector<int>& parts) const;
     void MoveKeptToItsPlace(Loop& loop) const;
@@ -73,6 +77,7 @@ private:
     Random random_;
     std::vector<LayingStep> steps_;
     RunTable scalextric_, ninco_;
+    std::int64_t effort_ = 0;
     std::optional<SearchPose> keptAt_; ///< where the last of the steps lies, which is the part that is kept
 };
 

@@ -20,13 +20,14 @@ struct MustHaveText {
     bool MustHaves::*Is;
     const char* Name;
     const char* Caption;
+    const char* Lacking;
 };
 
 constexpr std::array<MustHaveText, 4> MustHaveTexts{{
-    {&MustHaves::LapCounter, "chkLapCounter", "&Lap counter"},
-    {&MustHaves::BankedCurve, "chkBankedCurve", "&Banked curve"},
-    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-o&ver pair"},
-    {&MustHaves::Chicane, "chkChicane", "Complete c&hicane"},
+    {&MustHaves::LapCounter, "chkLapCounter", "&Lap counter", "none in the box"},
+    {&MustHaves::BankedCurve, "chkBankedCurve", "&Banked curve", "none in the box"},
+    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-o&ver pair", "no pair in the box"},
+    {&MustHaves::Chicane, "chkChicane", "Complete c&hicane", "not both ends in the box"},
 }};
 
 QSpinBox* NewLengthBox(const char* name, int value) {
@@ -51,23 +52,40 @@ BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()>
     column->addWidget(RoomFields());
     column->addWidget(MustHaveFields());
     column->addLayout(NumberFields());
-    lstBox_->Show(purpose == BoxPurpose::Variations ? BoxOfDesign(session) : owned_);
+    lstBox_->ShowOwned(owned_);
+    FillBox(purpose == BoxPurpose::Variations ? BoxOfDesign(session) : owned_);
     ShowTotal();
+    OfferMustHaves();
     OfferRoom();
     ChooseRoom();
-    connect(lstBox_, &QTreeWidget::itemChanged, this, [this] {
+    lstBox_->Changed = [this] {
         ShowTotal();
+        OfferMustHaves();
         boxChanged_();
-    });
+    };
 }
 
 void BoxFields::Refresh() {
     OfferRoom();
     const PieceBox before = std::exchange(owned_, OwnedBox(session_.Catalogue, session_.Project.Stock));
+    lstBox_->ShowOwned(owned_);
     if (purpose_ == BoxPurpose::Box && lstBox_->Box() == before && before != owned_) lstBox_->Show(owned_);
+    ShowTotal();
+    Filter();
 }
 
-void BoxFields::ShowTotal() { lblTotal_->setText(Shown(PieceCountText(lstBox_->Box().Total()) + " in the box")); }
+void BoxFields::ShowTotal() {
+    const PieceBox box = lstBox_->Box();
+    const int owned = owned_.Total();
+    int beyond = 0;
+    for (std::size_t row = 0; row < box.Counts.size(); ++row)
+        beyond += std::max(0, box.Counts[row] - owned_.Counts[row]);
+    std::string text = PieceCountText(box.Total()) + " in the box";
+    if (beyond > 0 && owned > 0) text += ", " + std::to_string(beyond) + " more than you own";
+    if (beyond == 0 && owned > 0)
+        text = std::to_string(box.Total()) + " of your " + PieceCountText(owned) + " in the box";
+    lblTotal_->setText(Shown(text));
+}
 
 QLayout* BoxFields::PieceFields() {
     lstBox_ = Named(new PieceCounts(session_.Catalogue), "lstBox");
@@ -82,8 +100,8 @@ QLayout* BoxFields::PieceFields() {
     for (const BoxedSet& set : sets_)
         cboSets_->addItem(Shown(set.Name));
     cmdAddSet->setEnabled(!sets_.empty());
-    connect(cmdAllOwned, &QPushButton::clicked, this, [this] { lstBox_->Show(owned_); });
-    connect(cmdNoPieces, &QPushButton::clicked, this, [this] { lstBox_->Show(OwnedBox(session_.Catalogue, Stock())); });
+    connect(cmdAllOwned, &QPushButton::clicked, this, [this] { FillBox(owned_); });
+    connect(cmdNoPieces, &QPushButton::clicked, this, [this] { FillBox(OwnedBox(session_.Catalogue, Stock())); });
     connect(cmdAddSet, &QPushButton::clicked, this, [this] { AddSet(); });
     lblTotal_ = Named(new QLabel, "lblTotal");
     auto* const contents = new QHBoxLayout;
@@ -93,11 +111,35 @@ QLayout* BoxFields::PieceFields() {
     set->addWidget(cboSets_, 1);
     set->addWidget(cmdAddSet);
     auto* const column = new QVBoxLayout;
+    column->addLayout(FilterFields());
     column->addWidget(lstBox_, 1);
     column->addWidget(lblTotal_);
     column->addLayout(contents);
     column->addLayout(set);
     return column;
+}
+
+QLayout* BoxFields::FilterFields() {
+    txtFilterBox_ = Named(new QLineEdit, "txtFilterBox");
+    txtFilterBox_->setPlaceholderText("Find a product");
+    txtFilterBox_->setAccessibleName("Find a product");
+    txtFilterBox_->setToolTip("Some of a product's code or name");
+    txtFilterBox_->setClearButtonEnabled(true);
+    chkAllProducts_ = Named(new QCheckBox("All p&roducts"), "chkAllProducts");
+    chkAllProducts_->setToolTip("List products, too, that you do not own and that are not in the box");
+    connect(txtFilterBox_, &QLineEdit::textChanged, this, [this] { Filter(); });
+    connect(chkAllProducts_, &QCheckBox::toggled, this, [this] { Filter(); });
+    auto* const filter = new QHBoxLayout;
+    filter->addWidget(txtFilterBox_, 1);
+    filter->addWidget(chkAllProducts_);
+    return filter;
+}
+
+void BoxFields::Filter() { lstBox_->Filter(txtFilterBox_->text(), chkAllProducts_->isChecked()); }
+
+void BoxFields::FillBox(const PieceBox& box) {
+    lstBox_->Show(box);
+    Filter();
 }
 
 void BoxFields::AddSet() {
@@ -106,7 +148,7 @@ void BoxFields::AddSet() {
         int& there = box.Counts[static_cast<std::size_t>(row)];
         there = std::min(there + count, MostOfProduct);
     }
-    lstBox_->Show(box);
+    FillBox(box);
 }
 
 QWidget* BoxFields::RoomFields() {
@@ -154,16 +196,37 @@ void BoxFields::ChooseRoom() {
 QWidget* BoxFields::MustHaveFields() {
     auto* const frame = new QGroupBox("Must have");
     auto* const grid = new QGridLayout(frame);
+    grid->setVerticalSpacing(2);
     for (std::size_t i = 0; i < MustHaveTexts.size(); ++i) {
+        const int row = static_cast<int>(i);
         mustHaves_[i] = Named(new QCheckBox(MustHaveTexts[i].Caption), MustHaveTexts[i].Name);
-        grid->addWidget(mustHaves_[i], static_cast<int>(i / 2), static_cast<int>(i % 2));
+        lacking_[i] = Named(new QLabel, "lblLacking", row);
+        lacking_[i]->setEnabled(false);
+        grid->addWidget(mustHaves_[i], row, 0);
+        grid->addWidget(lacking_[i], row, 1, Qt::AlignRight);
+        connect(mustHaves_[i], &QCheckBox::toggled, this, [this] { OfferMustHaves(); });
     }
     if (purpose_ == BoxPurpose::Variations) {
         chkKeepPart_ = Named(new QCheckBox, "chkKeepPart");
         OfferPart();
-        grid->addWidget(chkKeepPart_, 2, 0, 1, 2);
+        grid->addWidget(chkKeepPart_, static_cast<int>(MustHaveTexts.size()), 0, 1, 2);
     }
     return frame;
+}
+
+/// What the box cannot give is not offered, and why stands beside it; what is asked for already can be let go of.
+void BoxFields::OfferMustHaves() {
+    const PieceBox box = lstBox_->Box();
+    for (std::size_t i = 0; i < MustHaveTexts.size(); ++i) {
+        MustHaves one;
+        one.*MustHaveTexts[i].Is = true;
+        const QString why = Shown(WhyNot(session_.Catalogue, box, one));
+        mustHaves_[i]->setEnabled(why.isEmpty() || mustHaves_[i]->isChecked());
+        mustHaves_[i]->setToolTip(why);
+        mustHaves_[i]->setAccessibleDescription(why);
+        lacking_[i]->setText(why.isEmpty() ? QString() : QString(MustHaveTexts[i].Lacking));
+        lacking_[i]->setToolTip(why);
+    }
 }
 
 /// Offers to keep the elements that are selected as the window opens.

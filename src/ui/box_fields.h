@@ -38,11 +38,15 @@ public:
 
 private:
     QLayout* PieceFields();
+    QLayout* FilterFields();
+    void FillBox(const PieceBox& box);
+    void Filter();
     QWidget* RoomFields();
     QWidget* MustHaveFields();
     QLayout* NumberFields();
     void AddSet();
     void ShowTotal();
+    void OfferMustHaves();
     void OfferRoom();
     void ChooseRoom();
     void OfferPart();
@@ -52,6 +56,8 @@ private:
     const std::function<void()> boxChanged_, countChanged_;
     PieceBox owned_; ///< as it was last looked at
     PieceCounts* lstBox_ = nullptr;
+    QLineEdit* txtFilterBox_ = nullptr;
+    QCheckBox* chkAllProducts_ = nullptr;
     QLabel* lblTotal_ = nullptr;
     QComboBox* cboSets_ = nullptr;
     BoxedSets sets_;
@@ -59,6 +65,7 @@ private:
     QSpinBox *spnWidth_ = nullptr, *spnDepth_ = nullptr, *spnCount_ = nullptr;
     QLineEdit* txtSeed_ = nullptr;
     std::array<QCheckBox*, 4> mustHaves_{};
+    std::array<QLabel*, 4> lacking_{}; ///< beside those that the box cannot give
     QCheckBox* chkKeepPart_ = nullptr;
     std::optional<KeptPart> part_;  ///< of the design, as it was selected
     int middleX_ = 0, middleY_ = 0; ///< of an area as the room, cm

@@ -24,8 +24,9 @@ public:
 
     int heightForWidth(int width) const override { return HeightOf(width); }
 
-    void Show(std::optional<Design> design, const QString& instead) {
+    void Show(std::optional<Design> design, std::size_t kept, const QString& instead) {
         design_ = std::move(design);
+        kept_ = kept;
         instead_ = instead;
         drawn_ = {};
         update();
@@ -40,7 +41,7 @@ protected:
         }
         const qreal ratio = devicePixelRatioF();
         if (drawn_.isNull() || drawn_.deviceIndependentSize() != QSizeF(size()) || drawn_.devicePixelRatioF() != ratio)
-            drawn_ = WorkPicture(session_.Catalogue, *design_, session_.Project.Preferences, size(), ratio);
+            drawn_ = WorkPicture(session_.Catalogue, *design_, session_.Project.Preferences, size(), ratio, kept_);
         painter.drawImage(QPointF(0, 0), drawn_);
     }
 
@@ -55,6 +56,7 @@ private:
 
     Session& session_;
     std::optional<Design> design_;
+    std::size_t kept_ = 0;
     QString instead_;
     QImage drawn_;
 };
@@ -71,13 +73,13 @@ CircuitPreview::CircuitPreview(Session& session) : picture_(new Picture(session)
     grid_->setHorizontalSpacing(betweenColumns);
 }
 
-void CircuitPreview::Show(const Design& design, const std::vector<CircuitFigure>& figures) {
-    picture_->Show(design, {});
+void CircuitPreview::Show(const Design& design, std::size_t kept, const std::vector<CircuitFigure>& figures) {
+    picture_->Show(design, kept, {});
     ShowFigures(figures);
 }
 
 void CircuitPreview::ShowNone(const QString& why) {
-    picture_->Show(std::nullopt, why);
+    picture_->Show(std::nullopt, 0, why);
     ShowFigures({});
 }
 

@@ -18,7 +18,8 @@ class CircuitPreview : public QWidget {
 public:
     explicit CircuitPreview(Session& session);
 
-    void Show(const Design& design, const std::vector<CircuitFigure>& figures);
+    /// The first `kept` pieces are marked.
+    void Show(const Design& design, std::size_t kept, const std::vector<CircuitFigure>& figures);
 
     /// Says in the picture's place why there is none.
     void ShowNone(const QString& why);

@@ -87,9 +87,10 @@ FoundCircuits::FoundCircuits(Session& session) : session_(session) {
     connect(this, &QListWidget::itemDoubleClicked, this, [this] { Opened(); });
 }
 
-void FoundCircuits::Begin(const Design& room) {
+void FoundCircuits::Begin(const Design& room, std::size_t kept) {
     const QSignalBlocker quiet(this);
     room_ = room;
+    kept_ = kept;
     pictures_.clear();
     clear();
     hasChosen_ = false;
@@ -116,8 +117,9 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, std::
                          const ScoreWeights& weights) {
     const LaidCircuit& circuit = found.Circuit;
     if (pictures_[place].isNull())
-        pictures_[place] = QPixmap::fromImage(WorkPicture(
-            session_.Catalogue, DesignOf(circuit), session_.Project.Preferences, iconSize(), devicePixelRatioF()));
+        pictures_[place] =
+            QPixmap::fromImage(WorkPicture(session_.Catalogue, DesignOf(circuit), session_.Project.Preferences,
+                                           iconSize(), devicePixelRatioF(), kept_));
     line.setData(PlaceRole, static_cast<qulonglong>(place));
     line.setIcon(pictures_[place]);
     line.setText(Shown(UseText(circuit) + "\n" + LengthAndPriceText(session_, circuit) + "\n" +

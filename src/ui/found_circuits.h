@@ -17,8 +17,8 @@ public:
     std::function<void()> ChosenChanged; ///< called when others are chosen
     std::function<void()> Opened;        ///< called for a double click, or Enter
 
-    /// Shows none, and those to come in this room.
-    void Begin(const Design& room);
+    /// Shows none, and those to come in this room; their first `kept` pieces are marked.
+    void Begin(const Design& room, std::size_t kept);
 
     /// Shows those of `found` that stand at these places, in this order. The chosen ones stay chosen; until the user
     /// has chosen some it is the first one.
@@ -42,6 +42,7 @@ private:
 
     Session& session_;
     Design room_;
+    std::size_t kept_ = 0;
     std::vector<QIcon> pictures_; ///< by place among those found; those never shown have none
     bool hasChosen_ = false;      ///< the user has
 };

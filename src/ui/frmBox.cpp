@@ -29,6 +29,7 @@ QString StandingText(BoxStanding standing, std::size_t count, bool isBoxEmpty) {
     case BoxStanding::Paused:
         return CountText(count) + " so far.";
     case BoxStanding::Ended:
+        if (count == 0) return "No circuit was found: try a larger room, more curves, or go on with Continue.";
         return CountText(count) + "; there may be others.";
     case BoxStanding::Complete:
         break;
@@ -39,7 +40,8 @@ QString StandingText(BoxStanding standing, std::size_t count, bool isBoxEmpty) {
 } // namespace
 
 frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
-    : QDialog(parent), session_(session), begunWith_(session.Project.Design.Circuit), begunRun_(SelectedRun(session)),
+    : QDialog(parent), session_(session), step_(purpose == Purpose::Variations ? "Variation" : "Circuit from My Box"),
+      begunWith_(session.Project.Design.Circuit), begunRun_(SelectedRun(session)),
       fields_(new BoxFields(
           session, purpose, [this] { ShowStanding(); }, [this] { ShowFound(); })),
       lstCircuits_(new FoundCircuits(session)), preview_(new CircuitPreview(session)),
@@ -118,8 +120,19 @@ QLayout* frmBox::Circuits() {
     lstCircuits_->ChosenChanged = [this] { ShowChosen(); };
     lstCircuits_->Opened = [this] { OpenChosen(); };
     lblFound_ = Named(new QLabel, "lblFound");
+    barSearch_ = Named(new QProgressBar, "barSearch");
+    barSearch_->setRange(0, 0); // nobody knows how much there is to find
+    barSearch_->setTextVisible(false);
+    barSearch_->setAccessibleName("Searching");
+    constexpr int height = 6;
+    barSearch_->setFixedHeight(height);
+    QSizePolicy keepsItsPlace = barSearch_->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    barSearch_->setSizePolicy(keepsItsPlace);
+    lblFound_->setWordWrap(true);
     auto* const column = new QVBoxLayout;
     column->addWidget(lblFound_);
+    column->addWidget(barSearch_);
     column->addWidget(lstCircuits_, 1);
     return column;
 }
@@ -151,7 +164,8 @@ void frmBox::Search() {
         const LayingTask task = TaskFor(session_, wish);
         box_ = wish.Box;
         room_ = RoomFor(session_, wish);
-        lstCircuits_->Begin(room_);
+        kept_ = wish.Kept ? wish.Kept->Rows.size() : 0;
+        lstCircuits_->Begin(room_, kept_);
         search_.Start(task);
     });
     ShowStanding();
@@ -189,6 +203,7 @@ void frmBox::ShowStanding() {
     cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "St&op" : "&Continue");
     cmdStop_->setEnabled(standing != BoxStanding::Idle && standing != BoxStanding::Complete);
     cmdCancelSearch_->setEnabled(standing == BoxStanding::Runs);
+    barSearch_->setVisible(standing == BoxStanding::Runs);
 }
 
 void frmBox::ShowChosen() {
@@ -207,7 +222,7 @@ void frmBox::ShowChosen() {
     }
     const LaidCircuit& circuit = search_.Found()[chosen.front()].Circuit;
     weights_->Show(circuit.Parts);
-    preview_->Show(lstCircuits_->DesignOf(circuit), FiguresOf(session_, box_, circuit));
+    preview_->Show(lstCircuits_->DesignOf(circuit), kept_, FiguresOf(session_, box_, circuit));
 }
 
 /// The window goes, so that the design is seen; it comes back as it was.
@@ -215,7 +230,8 @@ void frmBox::OpenChosen() {
     const std::vector<std::size_t> chosen = lstCircuits_->Chosen();
     if (chosen.size() != 1) return;
     bool isOpen = false;
-    session_.Do([&] { isOpen = OpenAsNew(session_, room_, search_.Found()[chosen.front()].Circuit.Track, opened_); });
+    session_.Do(
+        [&] { isOpen = OpenAsNew(session_, step_, room_, search_.Found()[chosen.front()].Circuit.Track, opened_); });
     if (isOpen) close();
 }
 

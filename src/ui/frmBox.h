@@ -8,6 +8,7 @@
 #include "ui/score_weights_box.h"
 
 #include <QDialog>
+#include <QProgressBar>
 #include <QTimer>
 
 namespace pistaro {
@@ -46,6 +47,7 @@ private:
     void KeepChosen();
 
     Session& session_;
+    const char* const step_; ///< of undo, which opening a circuit is
     const Circuit begunWith_;
     const ElementRun begunRun_;
     BoxFields* const fields_;
@@ -53,10 +55,12 @@ private:
     CircuitPreview* const preview_;
     ScoreWeightsBox* const weights_;
     QLabel* lblFound_ = nullptr;
+    QProgressBar* barSearch_ = nullptr;
     QPushButton *cmdSearch_ = nullptr, *cmdStop_ = nullptr, *cmdCancelSearch_ = nullptr, *cmdOpen_ = nullptr,
                 *cmdKeep_ = nullptr;
     PieceBox box_;                  ///< of the search whose circuits are shown
     Design room_;                   ///< that they lie in
+    std::size_t kept_ = 0;          ///< of their pieces, the first ones
     std::optional<Circuit> opened_; ///< that stands in the window because it was opened here
     QTimer showing_;                ///< so that many circuits found at once are shown together
     Observation observation_;

@@ -2,7 +2,11 @@
 
 #include "ui/named_controls.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStyledItemDelegate>
 
@@ -12,7 +16,12 @@ namespace pistaro {
 
 namespace {
 
-constexpr int CountColumn = 1;
+/// The columns of none and of all that is owned hold buttons, where these would change the count.
+enum Column { CodeColumn, CountColumn, NoneColumn, OwnedColumn, NameColumn };
+
+int RowOf(const QTreeWidgetItem& line) { return line.data(CodeColumn, Qt::UserRole).toInt(); }
+int CountOf(const QTreeWidgetItem& line) { return line.data(CountColumn, Qt::EditRole).toInt(); }
+int OwnedOf(const QTreeWidgetItem& line) { return line.data(OwnedColumn, Qt::UserRole).toInt(); }
 
 /// Takes whole numbers that a box may hold, in the column of counts alone.
 class CountDelegate : public QStyledItemDelegate {
@@ -28,6 +37,31 @@ public:
     }
 };
 
+/// A text on a button; as a text alone where a press would change nothing.
+class ButtonDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (!index.data(Qt::AccessibleTextRole).isValid()) return;
+        QStyleOptionButton button;
+        button.rect = option.rect.adjusted(1, 1, -1, -1);
+        button.palette = option.palette;
+        button.fontMetrics = option.fontMetrics;
+        button.state = QStyle::State_Enabled | QStyle::State_Raised | (option.state & QStyle::State_Active);
+        if (option.state.testFlag(QStyle::State_MouseOver)) button.state |= QStyle::State_MouseOver;
+        button.text = index.data(Qt::DisplayRole).toString();
+        const QStyle& style = option.widget != nullptr ? *option.widget->style() : *QApplication::style();
+        style.drawControl(QStyle::CE_PushButton, &button, painter, option.widget);
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        constexpr int around = 10;
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(around, 2);
+    }
+};
+
 /// The product's code, with the hand where each hand is a product of its own.
 QString NameOf(const Catalogue& catalogue, int row) {
     const std::string& code = catalogue[row].Code;
@@ -36,46 +70,116 @@ QString NameOf(const Catalogue& catalogue, int row) {
     return Shown(std::ranges::count_if(catalogue.HeadRows(), isNamesake) > 1 ? std::string_view(code) : product);
 }
 
+/// A cell's button: what it says and does; none where it would do nothing.
+void ShowButton(QTreeWidgetItem& line, int column, bool isThere, const QString& text, const QString& does) {
+    line.setText(column, isThere || column == OwnedColumn ? text : QString());
+    line.setToolTip(column, isThere ? does : QString());
+    line.setData(column, Qt::AccessibleTextRole, isThere ? QVariant(does) : QVariant());
+}
+
 } // namespace
 
 PieceCounts::PieceCounts(const Catalogue& catalogue) : catalogue_(catalogue) {
-    setColumnCount(3);
-    setHeaderLabels({"Code", "Count", "Piece"});
+    setHeaderLabels({"Code", "Count", "", "Owned", "Piece"});
+    headerItem()->setToolTip(CountColumn, "Click and type; Tab goes on to the next line");
+    headerItem()->setToolTip(OwnedColumn, "How many you own; a click puts so many into the box");
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setItemDelegate(new CountDelegate(this));
+    auto* const buttons = new ButtonDelegate(this);
+    setItemDelegateForColumn(NoneColumn, buttons);
+    setItemDelegateForColumn(OwnedColumn, buttons);
     setEditTriggers(QAbstractItemView::AllEditTriggers);
+    setMouseTracking(true);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setAccessibleName("Pieces in the box");
     for (const int row : catalogue.HeadRows()) {
-        auto* const item =
-            new QTreeWidgetItem(this, {NameOf(catalogue, row), QString(), Shown(catalogue[row].LongName)});
-        item->setData(0, Qt::UserRole, row);
-        item->setData(CountColumn, Qt::EditRole, 0);
-        item->setTextAlignment(CountColumn, Qt::AlignRight | Qt::AlignVCenter);
-        item->setFlags(item->flags() | Qt::ItemIsEditable);
+        auto* const line = new QTreeWidgetItem(this);
+        line->setText(CodeColumn, NameOf(catalogue, row));
+        line->setText(NameColumn, Shown(catalogue[row].LongName));
+        line->setToolTip(NameColumn, line->text(NameColumn));
+        line->setData(CodeColumn, Qt::UserRole, row);
+        for (const int column : {CountColumn, NoneColumn, OwnedColumn})
+            line->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+        line->setFlags(line->flags() | Qt::ItemIsEditable);
+        ShowCount(*line, 0);
     }
-    // A click anywhere in a line is for its count, the only thing to edit there.
-    connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { editItem(item, CountColumn); });
+    connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* line, int column) { Click(*line, column); });
+    connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* line, int column) {
+        if (column != CountColumn) return;
+        ShowCount(*line, CountOf(*line));
+        TellChange();
+    });
+}
+
+void PieceCounts::TellChange() {
+    if (Changed) Changed();
+}
+
+void PieceCounts::ShowCount(QTreeWidgetItem& line, int count) {
+    const QSignalBlocker quiet(this);
+    QFont font = line.font(CodeColumn);
+    font.setBold(count > 0);
+    line.setFont(CountColumn, font);
+    line.setData(CountColumn, Qt::EditRole, count);
+    const int owned = OwnedOf(line);
+    ShowButton(line, NoneColumn, count > 0, "0", "Take none of " + line.text(CodeColumn));
+    ShowButton(line, OwnedColumn, owned > 0 && owned != count, owned > 0 ? QString::number(owned) : QString(),
+               QString("Take all %1 of %2 that you own").arg(owned).arg(line.text(CodeColumn)));
+}
+
+/// A click anywhere but on a button is for the line's count, the only thing to edit there.
+void PieceCounts::Click(QTreeWidgetItem& line, int column) {
+    const bool isButton = line.data(column, Qt::AccessibleTextRole).isValid();
+    if (isButton && (column == NoneColumn || column == OwnedColumn)) {
+        ShowCount(line, column == NoneColumn ? 0 : OwnedOf(line));
+        return TellChange();
+    }
+    setCurrentItem(&line, CountColumn); // Tab goes on from there
+    editItem(&line, CountColumn);
+}
+
+void PieceCounts::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Delete || currentItem() == nullptr) return QTreeWidget::keyPressEvent(event);
+    ShowCount(*currentItem(), 0);
+    TellChange();
 }
 
 void PieceCounts::Show(const PieceBox& box) {
-    for (int line = 0; line < topLevelItemCount(); ++line) {
-        QTreeWidgetItem& item = *topLevelItem(line);
-        const auto row = static_cast<std::size_t>(item.data(0, Qt::UserRole).toInt());
-        item.setData(CountColumn, Qt::EditRole, box.Counts[row]);
-        QFont font = item.font(0);
-        font.setBold(box.Counts[row] > 0);
-        item.setFont(CountColumn, font);
+    for (int place = 0; place < topLevelItemCount(); ++place) {
+        QTreeWidgetItem& line = *topLevelItem(place);
+        ShowCount(line, box.Counts[static_cast<std::size_t>(RowOf(line))]);
+    }
+    TellChange();
+}
+
+void PieceCounts::ShowOwned(const PieceBox& owned) {
+    for (int place = 0; place < topLevelItemCount(); ++place) {
+        QTreeWidgetItem& line = *topLevelItem(place);
+        const QSignalBlocker quiet(this);
+        line.setData(OwnedColumn, Qt::UserRole, owned.Counts[static_cast<std::size_t>(RowOf(line))]);
+        ShowCount(line, CountOf(line));
+    }
+}
+
+void PieceCounts::Filter(const QString& text, bool all) {
+    const auto isMine = [](const QTreeWidgetItem& line) { return CountOf(line) > 0 || OwnedOf(line) > 0; };
+    bool hasMine = false;
+    for (int place = 0; place < topLevelItemCount(); ++place)
+        hasMine = hasMine || isMine(*topLevelItem(place));
+    for (int place = 0; place < topLevelItemCount(); ++place) {
+        QTreeWidgetItem& line = *topLevelItem(place);
+        const bool holdsText = line.text(CodeColumn).contains(text, Qt::CaseInsensitive) ||
+                               line.text(NameColumn).contains(text, Qt::CaseInsensitive);
+        line.setHidden(text.isEmpty() ? !all && hasMine && !isMine(line) : !holdsText);
     }
 }
 
 PieceBox PieceCounts::Box() const {
     PieceBox box{std::vector<int>(static_cast<std::size_t>(catalogue_.Count()))};
-    for (int line = 0; line < topLevelItemCount(); ++line) {
-        const QTreeWidgetItem& item = *topLevelItem(line);
-        const auto row = static_cast<std::size_t>(item.data(0, Qt::UserRole).toInt());
-        box.Counts[row] = item.data(CountColumn, Qt::EditRole).toInt();
+    for (int place = 0; place < topLevelItemCount(); ++place) {
+        const QTreeWidgetItem& line = *topLevelItem(place);
+        box.Counts[static_cast<std::size_t>(RowOf(line))] = CountOf(line);
     }
     return box;
 }

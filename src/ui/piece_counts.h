@@ -5,16 +5,34 @@
 
 #include <QTreeWidget>
 
+#include <functional>
+
 namespace pistaro {
 
 class PieceCounts : public QTreeWidget {
 public:
     explicit PieceCounts(const Catalogue& catalogue);
 
+    std::function<void()> Changed; ///< called when other pieces are in the box; may be empty
+
     void Show(const PieceBox& box);
     PieceBox Box() const;
 
+    /// Shows beside each count how many are owned, which a click makes the count.
+    void ShowOwned(const PieceBox& owned);
+
+    /// Lists the products whose code or name holds the text; for an empty one `all`, or those that are owned or in the
+    /// box, if there are any.
+    void Filter(const QString& text, bool all);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    void ShowCount(QTreeWidgetItem& line, int count);
+    void Click(QTreeWidgetItem& line, int column);
+    void TellChange();
+
     const Catalogue& catalogue_;
 };
 

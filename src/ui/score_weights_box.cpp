@@ -2,9 +2,10 @@
 
 #include "ui/named_controls.h"
 
-#include <QGridLayout>
+#include <QSignalBlocker>
 
 #include <array>
+#include <utility>
 
 namespace pistaro {
 
@@ -31,46 +32,90 @@ constexpr std::array<Part, 7> Parts{{
 constexpr int StepsOfWeight = 10; ///< of a slider for a weight of 1
 constexpr int MostWeight = 10;
 
-/// The parts stand in two columns, the score below the second.
+/// The parts stand in two columns below a line of headings, the score below the second.
 constexpr int Lines = 4;
-constexpr int ColumnsOfPart = 4; ///< name, slider, part, space
+constexpr int ColumnsOfPart = 5; ///< name, slider, weight, part, space
 
 QString Hundredths(double part) { return QString::number(part, 'f', 2); }
 
+QLabel* NewFigure(const char* name, int index) {
+    auto* const figure = Named(new QLabel, name, index);
+    figure->setMinimumWidth(figure->fontMetrics().horizontalAdvance("10.00"));
+    figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return figure;
+}
+
+QLabel* NewHeading(const QString& text, const QString& tip) {
+    auto* const heading = new QLabel(text);
+    heading->setEnabled(false);
+    heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    heading->setToolTip(tip);
+    return heading;
+}
+
 } // namespace
 
-ScoreWeightsBox::ScoreWeightsBox(const std::function<void()>& changed)
-    : QGroupBox("A good circuit"), lblScore_(Named(new QLabel, "lblScore")) {
+ScoreWeightsBox::ScoreWeightsBox(std::function<void()> changed)
+    : QGroupBox("A good circuit"), changed_(std::move(changed)), lblScore_(NewFigure("lblScore", 0)),
+      cmdUsualWeights_(NewButton("cmdUsualWeights", "&Usual Weights")) {
     auto* const grid = new QGridLayout(this);
-    const ScoreWeights usual;
-    for (std::size_t i = 0; i < Parts.size(); ++i) {
-        const int row = static_cast<int>(i);
-        auto* const slider = Named(new QSlider(Qt::Horizontal), "sldWeight", row);
-        slider->setRange(0, MostWeight * StepsOfWeight);
-        slider->setValue(static_cast<int>(usual.*Parts[i].Weight * StepsOfWeight));
-        slider->setToolTip(Parts[i].Tip);
-        slider->setAccessibleName(Parts[i].Name);
-        slider->setMinimumWidth(80);
-        auto* const name = new QLabel(Parts[i].Name);
-        name->setToolTip(Parts[i].Tip);
-        auto* const part = Named(new QLabel, "lblPart", row);
-        part->setMinimumWidth(part->fontMetrics().horizontalAdvance("0.00"));
-        part->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        const int line = row % Lines;
-        const int column = row / Lines * ColumnsOfPart;
-        grid->addWidget(name, line, column);
-        grid->addWidget(slider, line, column + 1);
-        grid->addWidget(part, line, column + 2);
-        connect(slider, &QSlider::valueChanged, this, changed);
-        sliders_.push_back(slider);
-        parts_.push_back(part);
+    grid->setVerticalSpacing(2);
+    for (std::size_t part = 0; part < Parts.size(); ++part)
+        AddPart(*grid, part);
+    for (const int first : {0, ColumnsOfPart}) {
+        grid->addWidget(NewHeading("weight", "How much this counts, 0 to 10"), 0, first + 2);
+        grid->addWidget(NewHeading("this one", "How the chosen circuit does in it, 0 to 1"), 0, first + 3);
+        grid->setColumnStretch(first + 1, 1);
     }
-    lblScore_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    grid->addWidget(new QLabel("Score"), Lines - 1, ColumnsOfPart);
-    grid->addWidget(lblScore_, Lines - 1, ColumnsOfPart + 2);
-    for (const int column : {1, ColumnsOfPart + 1})
-        grid->setColumnStretch(column, 1);
+    cmdUsualWeights_->setToolTip("Put all weights back to where they were at first");
+    connect(cmdUsualWeights_, &QPushButton::clicked, this, [this] {
+        ShowUsual();
+        changed_();
+    });
+    grid->addWidget(new QLabel("Score"), Lines, ColumnsOfPart);
+    grid->addWidget(cmdUsualWeights_, Lines, ColumnsOfPart + 1, 1, 2);
+    grid->addWidget(lblScore_, Lines, ColumnsOfPart + 3);
     grid->setColumnMinimumWidth(ColumnsOfPart - 1, 24);
+    ShowUsual();
+}
+
+void ScoreWeightsBox::AddPart(QGridLayout& grid, std::size_t part) {
+    const int row = static_cast<int>(part);
+    auto* const slider = Named(new QSlider(Qt::Horizontal), "sldWeight", row);
+    slider->setRange(0, MostWeight * StepsOfWeight);
+    slider->setToolTip(Parts[part].Tip);
+    slider->setAccessibleName(Parts[part].Name);
+    slider->setMinimumWidth(80);
+    auto* const name = new QLabel(Parts[part].Name);
+    name->setToolTip(Parts[part].Tip);
+    sliders_.push_back(slider);
+    weights_.push_back(NewFigure("lblWeight", row));
+    parts_.push_back(NewFigure("lblPart", row));
+    const int line = 1 + row % Lines;
+    int column = row / Lines * ColumnsOfPart;
+    for (QWidget* const control : {static_cast<QWidget*>(name), static_cast<QWidget*>(slider),
+                                   static_cast<QWidget*>(weights_.back()), static_cast<QWidget*>(parts_.back())})
+        grid.addWidget(control, line, column++);
+    connect(slider, &QSlider::valueChanged, this, [this] {
+        ShowWeights();
+        changed_();
+    });
+}
+
+void ScoreWeightsBox::ShowWeights() {
+    const ScoreWeights weights = Weights();
+    for (std::size_t part = 0; part < Parts.size(); ++part)
+        weights_[part]->setText(QString::number(weights.*Parts[part].Weight, 'f', 1));
+    cmdUsualWeights_->setEnabled(weights != ScoreWeights());
+}
+
+void ScoreWeightsBox::ShowUsual() {
+    const ScoreWeights usual;
+    for (std::size_t part = 0; part < Parts.size(); ++part) {
+        const QSignalBlocker together(sliders_[part]);
+        sliders_[part]->setValue(static_cast<int>(usual.*Parts[part].Weight * StepsOfWeight));
+    }
+    ShowWeights();
 }
 
 ScoreWeights ScoreWeightsBox::Weights() const {

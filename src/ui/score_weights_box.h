@@ -3,8 +3,10 @@
 
 #include "search/circuit_score.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QSlider>
 
 #include <functional>
@@ -16,7 +18,7 @@ namespace pistaro {
 class ScoreWeightsBox : public QGroupBox {
 public:
     /// `changed` is called when a weight was moved.
-    explicit ScoreWeightsBox(const std::function<void()>& changed);
+    explicit ScoreWeightsBox(std::function<void()> changed);
 
     ScoreWeights Weights() const;
 
@@ -24,9 +26,15 @@ public:
     void Show(const std::optional<ScoreParts>& parts);
 
 private:
+    void AddPart(QGridLayout& grid, std::size_t part);
+    void ShowWeights();
+    void ShowUsual();
+
+    const std::function<void()> changed_;
     std::vector<QSlider*> sliders_;
-    std::vector<QLabel*> parts_;
+    std::vector<QLabel*> weights_, parts_;
     QLabel* const lblScore_;
+    QPushButton* const cmdUsualWeights_;
 };
 
 } // namespace pistaro

@@ -1,6 +1,8 @@
 #include "ui/work_picture.h"
 
+#include "imaging/overlay.h"
 #include "imaging/painter_surface.h"
+#include "layout/outline.h"
 #include "layout/piece_extent.h"
 #include "render/redraw.h"
 #include "storage/settings_file.h"
@@ -9,6 +11,7 @@
 #include <QApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace pistaro {
 
@@ -42,10 +45,23 @@ ViewSettings ViewOfAll(const Catalogue& catalogue, const Design& design, QSize s
     return view;
 }
 
+/// Tints the ground of the track's first pieces, in a square that shows the view.
+void MarkPieces(const Catalogue& catalogue, const Project& project, std::size_t count, int side, QPainter& painter) {
+    constexpr double tolerance = 0.5; // cm
+    Overlay marks;
+    WalkTrack(catalogue, project.Design.Circuit.Tracks.front(),
+              [&](int element, const PiecePlacement* piece, const Pose&) {
+                  if (piece == nullptr || std::cmp_greater_equal(element, count)) return;
+                  marks.emplace_back(OverlayArea{.Polygon = OutlinePolygon(*piece, tolerance),
+                                                 .InkColour = project.Preferences.Colours.Active});
+              });
+    PaintOverlay(marks, catalogue, project.Design.View, {QSize(side, side), 1}, painter);
+}
+
 } // namespace
 
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
-                   double pixelRatio) {
+                   double pixelRatio, std::size_t marked) {
     const int side = std::max(size.width(), size.height());
     QImage image(size * pixelRatio, QImage::Format_RGB32);
     image.setDevicePixelRatio(pixelRatio);
@@ -64,6 +80,7 @@ QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Prefe
     PainterSurface surface(painter, TargetSize::Square(side));
     ShowView(project.Design.View, surface);
     DrawCircuit(catalogue, project, surface);
+    if (marked > 0) MarkPieces(catalogue, project, marked, side, painter);
     return image;
 }
 

@@ -8,8 +8,9 @@
 namespace pistaro {
 
 /// All pieces and the room of `design`, as large as they go into a picture of that size, device-independent pixels, in
-/// the colours of the preferences as the window's drawing shows them.
+/// the colours of the preferences as the window's drawing shows them. The first `marked` pieces of the first track are
+/// tinted in the colour of the selected one.
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
-                   double pixelRatio);
+                   double pixelRatio, std::size_t marked = 0);
 
 } // namespace pistaro

@@ -131,7 +131,7 @@ TEST_F(LayingCommands, TellWhatLacksAndHasNoPrice) {
 TEST_F(LayingCommands, OpenACircuitAsOneStepThatUndoTakesBack) {
     const Circuit before = session_.Project.Design.Circuit;
 
-    session_.Do([&] { OpenAsNew(session_, room_, Chain("C151L C151L"), opened_); });
+    session_.Do([&] { OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151L C151L"), opened_); });
 
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151L C151L");
     EXPECT_EQ(session_.Project.Design.Room, room_.Room);
@@ -146,10 +146,10 @@ TEST_F(LayingCommands, AskBeforeUnsavedWorkGivesWayButNotForWhatWasOpenedBefore)
     session_.Project.EditState.DataChanged = true;
     prompts_.Answers = {Answer::Cancel, Answer::Ok};
 
-    EXPECT_FALSE(OpenAsNew(session_, room_, Chain("C151L"), opened_));
+    EXPECT_FALSE(OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151L"), opened_));
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C160 C160 C151R");
-    EXPECT_TRUE(OpenAsNew(session_, room_, Chain("C151L C160"), opened_));
-    EXPECT_TRUE(OpenAsNew(session_, room_, Chain("C151R C160"), opened_));
+    EXPECT_TRUE(OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151L C160"), opened_));
+    EXPECT_TRUE(OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151R C160"), opened_));
 
     EXPECT_EQ(prompts_.Asked.size(), 2U);
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151R C160");

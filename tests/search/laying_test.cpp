@@ -189,6 +189,50 @@ TEST(LaidCircuits, OfBothSystemsJoinThemByAdapters) {
     }
 }
 
+TEST(LaidCircuits, HaveNoAdaptersWithNothingBetween) {
+    for (const std::uint64_t seed : {1, 2, 3}) {
+        for (const LaidCircuit& circuit :
+             Lay(TaskOf("C151=10,C160=6,C159=2,N10110=2,N10102=1", {300, 200}, seed)).Circuits) {
+            const std::vector<std::string>& codes = circuit.Track.ElementCodes;
+            for (std::size_t i = 0; i < codes.size(); ++i)
+                EXPECT_FALSE(codes[i] == "N10110" && codes[(i + 1) % codes.size()] == "N10110");
+        }
+    }
+}
+
+TEST(LaidCircuits, LieInTheMiddleOfTheRoom) {
+    for (const LaidCircuit& circuit : Lay(TaskOf("C151=12,C160=6,C159=2", {400, 300})).Circuits) {
+        float left = 1000, right = -1000, bottom = 1000, top = -1000;
+        for (const Polygon& outline : OutlinesOf(circuit.Track)) {
+            for (const WorldPoint point : outline) {
+                left = std::min(left, point.X);
+                right = std::max(right, point.X);
+                bottom = std::min(bottom, point.Y);
+                top = std::max(top, point.Y);
+            }
+        }
+        EXPECT_NEAR(left + right, 0, 0.1);
+        EXPECT_NEAR(bottom + top, 0, 0.1);
+    }
+}
+
+TEST(LaidCircuits, KeepMoreClearOfAWallThatStandsInTheWayOfTheMiddle) {
+    LayingTask task = TaskOf("C151=8", {400, 200}); // a circle that is 74.6 cm wide
+    const RoomPolygon pillar{{{-10, -10, 0}, {10, -10, 1}, {10, 10, 1}, {-10, 10, 1}, {-10, -10, 1}}, 0};
+    std::ranges::copy(pillar.Points, std::back_inserter(task.Room.Points));
+
+    const Laying laying = Lay(task);
+
+    ASSERT_EQ(laying.Circuits.size(), 1U) << "around the pillar, or beside it";
+    ExpectInside(laying.Circuits.front().Track, {400, 200});
+    double nearest = 400;
+    for (const Polygon& outline : OutlinesOf(laying.Circuits.front().Track)) {
+        for (const WorldPoint point : outline)
+            nearest = std::min({nearest, 200.0 - std::abs(point.X), 100.0 - std::abs(point.Y)});
+    }
+    EXPECT_GT(nearest, 10);
+}
+
 TEST(LaidCircuits, TakeSpecialPiecesIn) {
     const LayingTask task = TaskOf("C151=12,C160=4,C8006=2,C277=1,C159=1", {240, 160});
 
@@ -266,6 +310,20 @@ TEST(Laying, GivesWhatItHasWhenTheTimeIsUp) {
 
     EXPECT_EQ(asked, 2);
     EXPECT_FALSE(laying.Circuits.empty());
+}
+
+TEST(Laying, GivesWhatItHasWhenItIsEndedWithinARound) {
+    std::stop_source ending;
+    ending.request_stop();
+    const LayingTask task = TaskOf("C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4", {400, 300});
+    int reports = 0;
+    const JobWatch watch{.Progress = [&](int, int) { ++reports; }, .Stop = {}};
+
+    const Laying laying = LayCircuits(Pieces(), task, watch, {}, ending.get_token());
+
+    EXPECT_TRUE(laying.TimeWasUp);
+    EXPECT_TRUE(laying.Circuits.empty());
+    EXPECT_EQ(reports, 1);
 }
 
 TEST(Laying, StopsWhenItIsAskedTo) {

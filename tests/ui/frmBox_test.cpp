@@ -106,6 +106,66 @@ TEST_F(MyBox, TakesCountsThatAreTyped) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return Box().Box() == BoxOf(Pieces(), "C151=12"); }));
 }
 
+TEST_F(MyBox, GoesOnToTheNextCountWithTab) {
+    OpenBox();
+    QTreeWidgetItem* const first = Box().topLevelItem(0);
+    QTest::mouseClick(Box().viewport(), Qt::LeftButton, {}, Box().visualItemRect(first).center());
+
+    QTest::keyClicks(QApplication::focusWidget(), "12");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), "3");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Box().Box().Total() == 15; }));
+    EXPECT_EQ(Box().topLevelItem(0)->text(1), "12");
+    EXPECT_EQ(Box().topLevelItem(1)->text(1), "3");
+}
+
+TEST_F(MyBox, TakesNoneOrAllThatAreOwnedByAClick) {
+    pistaro::Project project = ProjectOf("");
+    SetStock(project, "C151L", 8);
+    OpenBox(project);
+    QTreeWidgetItem* const curve = Box().topLevelItem(0);
+    ASSERT_EQ(curve->text(0), "C151");
+    const auto click = [&](int column) {
+        QTest::mouseClick(Box().viewport(), Qt::LeftButton, {},
+                          Box().visualRect(Box().indexFromItem(curve, column)).center());
+    };
+
+    click(2);
+    EXPECT_EQ(Box().Box().Total(), 0);
+    EXPECT_EQ(Text("lblTotal"), "0 of your 8 pieces in the box");
+    click(3);
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=8"));
+    EXPECT_EQ(Text("lblTotal"), "8 of your 8 pieces in the box");
+    Box().Show(BoxOf(Pieces(), "C151=10"));
+    EXPECT_EQ(Text("lblTotal"), "10 pieces in the box, 2 more than you own");
+    QTest::keyClick(&Box(), Qt::Key_Delete);
+    EXPECT_EQ(Box().Box().Total(), 0) << "the line that was clicked";
+}
+
+TEST_F(MyBox, ListsWhatIsOwnedOrInTheBoxUnlessAskedForMore) {
+    pistaro::Project project = ProjectOf("");
+    SetStock(project, "C160", 4);
+    OpenBox(project);
+    const auto listed = [&] {
+        std::string codes;
+        for (int line = 0; line < Box().topLevelItemCount(); ++line) {
+            if (!Box().topLevelItem(line)->isHidden()) codes += Box().topLevelItem(line)->text(0).toStdString() + " ";
+        }
+        return codes;
+    };
+    EXPECT_EQ(listed(), "C160 ");
+
+    Find<QLineEdit>("txtFilterBox").setText("c15");
+    EXPECT_THAT(listed(), StartsWith("C151 "));
+    Find<QLineEdit>("txtFilterBox").setText("quarter");
+    EXPECT_EQ(listed(), "C158 N10104 ");
+    Find<QLineEdit>("txtFilterBox").clear();
+    Find<QCheckBox>("chkAllProducts").setChecked(true);
+    EXPECT_THAT(listed(), StartsWith("C151 "));
+}
+
 TEST_F(MyBox, ShowsAllCircuitsOfASmallBoxAsPictures) {
     OpenBox();
 
@@ -253,6 +313,23 @@ TEST_F(MyBox, FollowsTheWeightsAtOnce) {
     EXPECT_EQ(Find<QLabel>("lblScore").text(), At<QLabel>("lblPart", 6).text());
 }
 
+TEST_F(MyBox, TellsTheWeightsAndPutsThemBack) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    const std::string score = Text("lblScore");
+    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "6.0");
+    EXPECT_EQ(At<QLabel>("lblWeight", 6).text(), "0.5");
+    EXPECT_FALSE(Find<QPushButton>("cmdUsualWeights").isEnabled());
+
+    At<QSlider>("sldWeight", 0).setValue(25);
+    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "2.5");
+    EXPECT_NE(Text("lblScore"), score);
+    PressHere("cmdUsualWeights");
+
+    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "6.0");
+    EXPECT_EQ(Text("lblScore"), score);
+}
+
 TEST_F(MyBox, IsSearchedWhileTheWindowIsWorkedIn) {
     OpenBox();
     Box().Show(BoxOf(Pieces(), "C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
@@ -283,6 +360,23 @@ TEST_F(MyBox, TellsWhatTheBoxLacks) {
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(Prompts.Told[0].Text, "Refused: The box holds no two ends of a chicane.");
+}
+
+TEST_F(MyBox, OffersOnlyMustHavesThatItsPiecesGive) {
+    OpenBox();
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4,C277=1"));
+
+    EXPECT_TRUE(Find<QCheckBox>("chkLapCounter").isEnabled());
+    EXPECT_EQ(At<QLabel>("lblLacking", 0).text(), "");
+    EXPECT_FALSE(Find<QCheckBox>("chkChicane").isEnabled());
+    EXPECT_EQ(Find<QCheckBox>("chkChicane").toolTip(), "The box holds no two ends of a chicane.");
+    EXPECT_EQ(At<QLabel>("lblLacking", 3).text(), "not both ends in the box");
+
+    Find<QCheckBox>("chkLapCounter").setChecked(true);
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4"));
+    EXPECT_TRUE(Find<QCheckBox>("chkLapCounter").isEnabled()) << "so that it can be let go of";
+    Find<QCheckBox>("chkLapCounter").setChecked(false);
+    EXPECT_FALSE(Find<QCheckBox>("chkLapCounter").isEnabled());
 }
 
 TEST_F(MyBox, HoldsOnlyCircuitsWithWhatTheyMustHave) {
@@ -346,6 +440,39 @@ TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
         EXPECT_EQ(Codes().substr(0, 21), "C160 C159 C151R C151R");
         EXPECT_EQ(Project.Design.Circuit.Tracks[0].Start(), start);
     }
+    EXPECT_EQ(Session->History().Caption(Session->History().Present()), "Variation");
+}
+
+TEST_F(VariationsOfADesign, MarkThePartThatTheyKeep) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+    project.Preferences.Colours.Active = Rgb(255, 0, 0);
+    project.EditState.CurrentElement[0] = 1;
+    project.EditState.RunFrom = 0;
+    Open(project);
+    const auto redShare = [&] {
+        const QImage image = Find<QWidget>("picChosen").grab().toImage();
+        int red = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                red += colour.red() > colour.green() + 40 && colour.red() > colour.blue() + 40 ? 1 : 0;
+            }
+        }
+        return static_cast<double>(red) / (image.width() * image.height());
+    };
+    const auto search = [&](bool keeps) {
+        Find<QCheckBox>("chkKeepPart").setChecked(keeps);
+        PressHere("cmdSearch");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0; }, 60'000));
+        PressHere("cmdCancelSearch");
+    };
+    Choose("mnuVariations");
+
+    search(false);
+    const double without = redShare();
+    search(true);
+
+    EXPECT_GT(redShare(), without + 0.005);
 }
 
 TEST_F(VariationsOfADesign, AreLookedForAnewWhereTheDesignIsAnother) {
