@@ -81,9 +81,9 @@ void MessagePrompts::Tell(const Message& message) {
     PlainBox(BoxIcon(message.Icon), message.Text, QMessageBox::Ok).exec();
 }
 
-void MessagePrompts::TellWritten(const std::filesystem::path& file) {
+void MessagePrompts::TellWritten(const std::filesystem::path& file, const std::string& more) {
     const std::filesystem::path whole = std::filesystem::absolute(file);
-    PlainBox box(QMessageBox::Information, TextFromPath(whole) + " is written.", QMessageBox::Ok);
+    PlainBox box(QMessageBox::Information, WrittenText(whole, more), QMessageBox::Ok);
     const QPushButton* const open = box.addButton("Open &Folder", QMessageBox::ActionRole);
     box.setEscapeButton(QMessageBox::Ok);
     box.exec();

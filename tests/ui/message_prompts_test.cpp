@@ -161,7 +161,7 @@ TEST(MessagePrompts, TellWrittenShowsThePathAndOpensItsFolder) {
                 if (button->text().remove('&') == caption) QTest::mouseClick(button, Qt::LeftButton);
             }
         });
-        prompts.TellWritten(folder / "x.pdf");
+        prompts.TellWritten(folder / "x.pdf", "");
     };
 
     press("OK");
