@@ -82,7 +82,9 @@ void ShowPieces(const Catalogue& catalogue, Design& design, const Track& track, 
         laid.Include({ground.Left, ground.Bottom, ground.Right, ground.Top});
     });
     if (std::max(laid.Width(), laid.Height()) > double{design.View.Width}) return FitView(catalogue, design);
-    FollowTo(design.View, {laid.Left, laid.Right, laid.Bottom, laid.Top}, ShownRectangle(design.View));
+    constexpr double margin = 10; // cm
+    const GroundBox box{laid.Left, laid.Right, laid.Bottom, laid.Top};
+    FollowTo(design.View, box.Grown(margin), ShownRectangle(design.View));
 }
 
 } // namespace

@@ -23,6 +23,7 @@ constexpr double Gap = 0.3;
 std::vector<int> StepsOfPages(int steps, int most) {
     const int pages = (steps + most - 1) / most;
     std::vector<int> counts;
+    counts.reserve(static_cast<std::size_t>(pages));
     for (int page = 0; page < pages; ++page)
         counts.push_back(steps * (page + 1) / pages - steps * page / pages);
     std::ranges::sort(counts, std::greater());

@@ -1,6 +1,7 @@
 // Every step's pieces are drawn once, out of sight, and used by its picture and by those of later steps.
 #include "report/build_plan.h"
 
+#include "catalogue/track_geometry.h"
 #include "layout/outline.h"
 #include "layout/room_fit.h"
 #include "paper/path_data.h"
