@@ -5,6 +5,7 @@
 #include "support/temporary_folder.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -106,6 +107,24 @@ TEST_F(FileDialogs, ASavedFileGetsTheEndingThatItLacks) {
     EXPECT_EQ(SavedAs("club 2.0"), "club 2.0.trk");
     EXPECT_EQ(SavedAs("club.trk"), "club.trk");
     EXPECT_EQ(SavedAs("CLUB.TRK"), "CLUB.TRK");
+}
+
+TEST_F(FileDialogs, AProposedNameTakesTheEndingOfTheKindThatIsChosen) {
+    WhenShown<QFileDialog>([](QFileDialog& dialog) {
+        auto& kinds = *dialog.findChild<QComboBox*>("fileTypeCombo");
+        kinds.setCurrentIndex(1);
+        emit kinds.textActivated(kinds.currentText());
+        emit kinds.activated(1);
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "oval-plan.pdf");
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+    });
+    const auto file = MessagePrompts().ChooseFile({.Saving = true,
+                                                   .Title = "Build Plan",
+                                                   .Filter = "Web page (*.html)|*.html|PDF (*.pdf)|*.pdf",
+                                                   .DefaultName = "oval-plan.html",
+                                                   .Folder = Folder.Path().string()});
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->filename().string(), "oval-plan.pdf");
 }
 
 TEST_F(FileDialogs, AnExistingFileIsGivenWithoutAQuestionOfTheDialog) {
