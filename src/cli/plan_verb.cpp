@@ -1,5 +1,6 @@
 #include "cli/plan_verb.h"
 
+#include "cli/exit_status.h"
 #include "cli/export_verb.h"
 #include "cli/start.h"
 #include "commands/build_plan_commands.h"
@@ -23,9 +24,11 @@ void PlanVerb(const VerbContext& context, const std::filesystem::path& circuit, 
     CheckMayWrite(file, arguments.Force);
     const OffscreenGraphics graphics;
     CheckNotInput(context, circuit, file);
-    ReplaceFile(file, BuildPlanBytes(context.Catalogue, project, TrackIn(arguments.Track), *PlanFormatOf(file),
+    const BuildPlan plan = BuildPlanOf(context.Catalogue, project, TrackIn(arguments.Track));
+    ReplaceFile(file, BuildPlanBytes(context.Catalogue, plan, *PlanFormatOf(file),
                                      FindPaper(arguments.Paper).value_or(PaperA4)));
     context.Output << TextFromPath(file) << '\n';
+    if (!plan.LeftOut.empty()) context.Errors << "pistaro: " << OnOneLine(plan.LeftOut) << '\n';
 }
 
 } // namespace pistaro

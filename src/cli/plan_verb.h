@@ -17,8 +17,8 @@ std::string WhyNoPlanFile(const std::string& name);
 /// The option that a file of that ending has no use for, and why; empty when there is none.
 std::string WhyNotTogether(const PlanArguments& arguments);
 
-/// Writes the plan, a PDF on A4 unless another paper is named, and prints its path. Faults: a file that is there
-/// already and is not to be replaced, besides those of drawing and writing.
+/// Writes the plan, a PDF on A4 unless another paper is named, and prints its path; tells which elements it leaves out.
+/// Faults: a file that is there already and is not to be replaced, besides those of drawing and writing.
 void PlanVerb(const VerbContext& context, const std::filesystem::path& circuit, const PlanArguments& arguments);
 
 } // namespace pistaro

@@ -4,7 +4,10 @@
 #include "editor/piece_list.h"
 #include "editor/status_text.h"
 #include "editor/track_editing.h"
+#include "editor/view_commands.h"
+#include "layout/placement.h"
 #include "layout/track_gap.h"
+#include "paper/box.h"
 
 #include <algorithm>
 #include <optional>
@@ -32,21 +35,56 @@ std::optional<int> EmptyTrack(const Circuit& circuit) {
     return static_cast<int>(empty - circuit.Tracks.begin());
 }
 
+std::string PiecesText(std::size_t count) { return std::to_string(count) + (count == 1 ? " piece" : " pieces"); }
+
 /// After the last piece of a closed track others would lie over its first ones: an empty track is offered instead.
 /// False where the user wants neither.
-bool LeavesClosedTrack(Session& session) {
+bool LeavesClosedTrack(Session& session, std::size_t pieces) {
     const Circuit& circuit = session.Project.Design.Circuit;
     EditState& edit = session.Project.EditState;
     const Track& track = *EditedTrack(circuit, edit);
     const auto empty = EmptyTrack(circuit);
     if (!empty || track.ElementCodes.empty() || !IsClosed(GapOf(session.Catalogue, track))) return true;
-    const std::string question =
-        "Track " + std::to_string(edit.CurrentTrack + 1) +
-        " is closed: pieces at its end would lie over its first ones. They are laid on track " +
-        std::to_string(*empty + 1) + ", which is empty.";
+    const std::string question = "Track " + std::to_string(edit.CurrentTrack + 1) +
+                                 " is closed: pieces at its end would lie over its first ones. " + PiecesText(pieces) +
+                                 (pieces == 1 ? " is" : " are") + " laid on track " + std::to_string(*empty + 1) +
+                                 ", which is empty.";
     if (session.Prompts.Ask(question, Buttons::OkCancel) != Answer::Ok) return false;
     ChooseTrack(edit, *empty);
     return true;
+}
+
+/// "3 pieces of track 1"
+std::string WhatIsCopied(const Session& session) {
+    const Circuit& circuit = session.Project.Design.Circuit;
+    if (const Track* const track = EditedTrack(circuit, session.Project.EditState))
+        return PiecesText(track->ElementCodes.size()) + " of track " +
+               std::to_string(session.Project.EditState.CurrentTrack + 1);
+    std::size_t count = 0;
+    for (const Track& track : circuit.Tracks)
+        count += track.ElementCodes.size();
+    return PiecesText(count) + " of all tracks";
+}
+
+/// An empty track may stand where pieces lay that are gone: it begins anew where the first piece of a new circuit does.
+void StartAsNew(Track& track, int number) {
+    const Track fresh = EmptyCircuit().Tracks[static_cast<std::size_t>(number)];
+    track.TrackStartX = fresh.TrackStartX;
+    track.TrackStartHeading = fresh.TrackStartHeading;
+}
+
+/// Moves the view to the track's pieces from that one on; shows everything where they need more room than it has.
+void ShowPieces(const Catalogue& catalogue, Design& design, const Track& track, int first) {
+    Box laid;
+    WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement == nullptr || index < first) return;
+        const GroundBox ground = GroundOf(*placement).Box;
+        laid.Include({ground.Left, ground.Bottom, ground.Right, ground.Top});
+    });
+    if (std::max(laid.Width(), laid.Height()) > double{design.View.Width}) return FitView(catalogue, design);
+    constexpr double margin = 10; // cm
+    const GroundBox box{laid.Left, laid.Right, laid.Bottom, laid.Top};
+    FollowTo(design.View, box.Grown(margin), ShownRectangle(design.View));
 }
 
 } // namespace
@@ -60,12 +98,24 @@ void CopyCommand(Session& session) {
         return ExportBytes(session.Catalogue, session.Project, format, options);
     };
     session.Windows->PutOnClipboard({PieceListOf(session), bytes(ExportFormat::Png), bytes(ExportFormat::Svg)});
+    session.Windows->TellBriefly("Copied " + WhatIsCopied(session) + ": the list as text, and a picture of it");
 }
 
 void PasteCommand(Session& session) {
     const std::vector<std::string> codes = ParsePieceList(session.Catalogue, session.Windows->ClipboardText());
-    if (!LeavesClosedTrack(session)) return;
-    AppendPieces(session.Project.Design, session.Project.EditState, codes);
+    if (!LeavesClosedTrack(session, codes.size())) return;
+    Design design = session.Project.Design;
+    EditState edit = session.Project.EditState;
+    Track& track = *EditedTrack(design.Circuit, edit);
+    const int first = track.ElementLastIndex() + 1;
+    AppendPieces(design, edit, codes);
+    if (first == 0) StartAsNew(track, edit.CurrentTrack);
+    ShowPieces(session.Catalogue, design, track, first);
+    session.Project.Design = std::move(design);
+    session.Project.EditState = std::move(edit);
+    session.NameStep("Paste");
+    session.Windows->TellBriefly("Pasted " + PiecesText(codes.size()) + (first == 0 ? " onto" : " at the end of") +
+                                 " track " + std::to_string(session.Project.EditState.CurrentTrack + 1));
 }
 
 } // namespace pistaro

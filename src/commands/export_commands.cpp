@@ -61,7 +61,7 @@ bool ExportToChosenFile(Session& session, ExportFormat format, const std::functi
     if (!file) return false;
     ReplaceFile(*file, bytes());
     session.Habits.ExportFolder = TextFromPath(std::filesystem::absolute(*file).parent_path());
-    session.Prompts.TellWritten(*file);
+    session.Prompts.TellWritten(*file, "");
     return true;
 }
 

@@ -64,6 +64,9 @@ public:
     virtual void ShowPrint() = 0;
     virtual void PutOnClipboard(const Clipping& clipping) = 0;
     virtual std::string ClipboardText() = 0;
+
+    /// Tells for a few seconds what was done, where nothing else shows it.
+    virtual void TellBriefly(const std::string& text) = 0;
 };
 
 } // namespace pistaro

@@ -1,108 +1,154 @@
 #include "imaging/build_plan_pdf.h"
 
-#include "imaging/paper_page.h"
 #include "imaging/pdf_document.h"
-#include "render/redraw.h"
+#include "imaging/plan_painter.h"
 #include "text/number_text.h"
+
+#include <algorithm>
 
 namespace pistaro {
 
 namespace {
 
-constexpr double Margin = 1.5;     ///< cm
-constexpr double LineHeight = 0.5; ///< of a list
-constexpr double TitleHeight = 0.9;
-constexpr double ListWidth = 6;
-constexpr double TitlePoints = 13;
-constexpr Colour Before = Rgb(160, 160, 160);
-constexpr Colour Black = Rgb(0, 0, 0);
-constexpr PenWidth NewPen{0.7, PenWidth::Unit::Millimetres};
+constexpr double Margin = 1.5; ///< cm, as all lengths here
+constexpr double FooterHeight = 0.9;
+constexpr double LineHeight = 0.46; ///< of a step's list
+constexpr double ListWidth = 6.2;
+constexpr double NumberWidth = 0.9; ///< of the list's columns
+constexpr double CodeWidth = 1.7;
+constexpr double LeastStep = 8; ///< so high at least
+constexpr double Gap = 0.3;
 
-void DrawStepPicture(const CircuitDrawing& drawing, const BuildStep& step, Surface& surface) {
-    const auto piece = [&](int at) -> const DrawnPiece& { return drawing.Pieces[static_cast<std::size_t>(at)]; };
-    for (int at = 0; at < step.First; ++at)
-        DrawPiece(piece(at).Placement, Before, Before, surface);
-    surface.SetPen(NewPen);
-    for (int at = step.First; at <= step.Last; ++at)
-        DrawPiece(piece(at).Placement, Black, Black, surface);
-    for (int at = step.First; at <= step.Last; ++at) {
-        surface.DrawPoint(piece(at).Placement.Label, Black);
-        surface.DrawText(NumberText(piece(at).Index), Black);
-    }
+/// How many steps each page of steps shows: as many as there is room for, and about as many on each.
+std::vector<int> StepsOfPages(int steps, int most) {
+    const int pages = (steps + most - 1) / most;
+    std::vector<int> counts;
+    counts.reserve(static_cast<std::size_t>(pages));
+    for (int page = 0; page < pages; ++page)
+        counts.push_back(steps * (page + 1) / pages - steps * page / pages);
+    std::ranges::sort(counts, std::greater());
+    return counts;
 }
 
-/// The plan on the halves of upright pages: what one needs first, then step after step.
 class PlanPages {
 public:
     PlanPages(const Catalogue& catalogue, const BuildPlan& plan, const PaperSize& paper)
-        : catalogue_(catalogue), plan_(plan), paper_(paper), document_(plan.Drawing.Name, paper.Width, paper.Height) {}
+        : catalogue_(catalogue),
+          plan_(plan), content_{Margin, Margin + FooterHeight, paper.Width - Margin, paper.Height - Margin},
+          document_(plan.Drawing.Name, paper.Width, paper.Height),
+          page_(document_.Painter(), paper.Height, PdfDocument::DotsPerInch), pictures_(plan, page_),
+          stepsOfPages_(StepsOfPages(static_cast<int>(plan.Steps.size()),
+                                     std::clamp(static_cast<int>(content_.Height() / LeastStep), 1, 3))) {}
 
     std::string Bytes() {
-        DrawNeeded();
-        for (std::size_t step = 0; step < plan_.Steps.size(); ++step)
-            DrawStep(step);
+        DrawHead();
+        DrawFooter();
+        std::size_t step = 0;
+        for (const int count : stepsOfPages_) {
+            document_.NewPage();
+            ++number_;
+            const double height = content_.Height() / count;
+            for (int at = 0; at < count; ++at) {
+                const double top = content_.Top - at * height;
+                DrawStep(step++, {content_.Left, top - height + Gap, content_.Right, top});
+            }
+            DrawFooter();
+        }
         return document_.Bytes();
     }
 
 private:
-    PaperPage Page() { return {document_.Painter(), paper_.Height, PdfDocument::DotsPerInch}; }
-
-    /// The next half of a page that is free; on a new page where both are taken.
-    Box NextHalf() {
-        const bool lower = halves_ % 2 == 1;
-        if (!lower && halves_ > 0) document_.NewPage();
-        ++halves_;
-        const double middle = paper_.Height / 2;
-        return {Margin, lower ? Margin : middle, paper_.Width - Margin, lower ? middle : paper_.Height - Margin};
+    /// Draws a line of words at the top of an area, and takes it off that.
+    void Line(Box& area, double height, const std::string& text, double points, QFont::Weight weight) {
+        page_.Words(area, text, Qt::AlignLeft, points, weight);
+        area.Top -= height;
     }
 
-    /// One below the other from the top of an area; those for which there is no room are not.
-    void DrawLines(const Box& area, const std::vector<std::string>& lines) {
-        double top = area.Top;
-        for (const std::string& line : lines) {
-            if (top - LineHeight < area.Bottom) return;
-            Page().Words({area.Left, top - LineHeight, area.Right, top}, line, Qt::AlignLeft);
-            top -= LineHeight;
+    void Rule(double left, double right, double y, Colour colour) {
+        page_.OnPaper(content_, [&](Surface& surface) {
+            surface.Draw(LineSegment{{static_cast<float>(left), static_cast<float>(y)},
+                                     {static_cast<float>(right), static_cast<float>(y)}},
+                         colour);
+        });
+    }
+
+    void DrawFooter() {
+        const Box footer{content_.Left, Margin, content_.Right, Margin + 0.4};
+        page_.Words(footer, plan_.Drawing.Name + ": build plan", Qt::AlignLeft, 8);
+        page_.Words(footer, "page " + std::to_string(number_) + " of " + std::to_string(1 + stepsOfPages_.size()),
+                    Qt::AlignRight, 8);
+    }
+
+    void DrawHead() {
+        Box area = content_;
+        Line(area, 1.1, plan_.Drawing.Name + ": build plan", 20, QFont::Bold);
+        for (const std::string& fact : plan_.Facts())
+            Line(area, 0.55, fact, 10, QFont::Normal);
+        area.Top -= 0.3;
+        Line(area, 0.8, "What you need: " + std::to_string(plan_.Drawing.Pieces.size()) + " pieces", 13, QFont::Bold);
+        area.Top -= DrawNeeded(area) + 0.4;
+        constexpr double leastPicture = 4;
+        if (!plan_.Steps.empty() && area.Height() >= leastPicture) pictures_.PaintWhole(area);
+    }
+
+    /// The table of counts, in two columns where it is long. Gives how high it is.
+    double DrawNeeded(const Box& area) {
+        constexpr double rowHeight = 0.6;
+        constexpr std::size_t longest = 10;
+        const std::size_t rows = plan_.Needed.size();
+        const std::size_t inColumn = rows > longest ? (rows + 1) / 2 : rows;
+        const double width = (area.Width() - 2 * Gap) / 2;
+        for (std::size_t at = 0; at < rows; ++at) {
+            const double left = area.Left + (at < inColumn ? 0 : width + 2 * Gap);
+            const double top = area.Top - rowHeight * static_cast<double>(at < inColumn ? at : at - inColumn);
+            DrawNeeded(plan_.Needed[at], {left, top - rowHeight, left + width, top});
         }
+        return rowHeight * static_cast<double>(inColumn);
     }
 
-    void DrawNeeded() {
-        Box half = NextHalf();
-        Page().Words(half,
-                     plan_.Drawing.Name + ": build plan, " + std::to_string(plan_.Drawing.Pieces.size()) + " pieces",
-                     Qt::AlignLeft, TitlePoints);
-        half.Top -= TitleHeight;
-        std::vector<std::string> lines;
-        for (const NeededPieces& needed : plan_.Needed)
-            lines.push_back(std::to_string(needed.Count) + " × " + needed.Code + "  " + needed.Name);
-        const auto room = static_cast<std::size_t>(half.Height() / LineHeight);
-        const auto first = lines.begin();
-        const auto parting = first + static_cast<std::ptrdiff_t>(std::min(room, lines.size()));
-        DrawLines({half.Left, half.Bottom, half.MiddleX(), half.Top}, {first, parting});
-        DrawLines({half.MiddleX(), half.Bottom, half.Right, half.Top}, {parting, lines.end()});
+    void DrawNeeded(const NeededPieces& needed, Box row) {
+        row.Top -= 0.08;
+        const double code = row.Left + 1.4, name = code + 1.9;
+        page_.Words({row.Left, row.Bottom, code - 0.3, row.Top}, std::to_string(needed.Count) + " ×", Qt::AlignRight,
+                    11);
+        page_.Words({code, row.Bottom, name, row.Top}, needed.Code, Qt::AlignLeft, 11, QFont::Bold);
+        page_.Words({name, row.Bottom, row.Right, row.Top}, needed.Name, Qt::AlignLeft, 11);
+        Rule(row.Left, row.Right, row.Bottom, Rgb(0xCC, 0xCC, 0xCC));
     }
 
-    void DrawStep(std::size_t number) {
+    void DrawStep(std::size_t number, Box area) {
         const BuildStep& step = plan_.Steps[number];
-        Box half = NextHalf();
-        Page().Words(half, "Step " + std::to_string(number + 1) + ": " + plan_.TitleOf(step), Qt::AlignLeft,
-                     TitlePoints);
-        half.Top -= TitleHeight;
-        DrawLines({half.Left, half.Bottom, half.Left + ListWidth, half.Top}, plan_.LinesOf(catalogue_, step));
-        const Box area{half.Left + ListWidth, half.Bottom + 0.5, half.Right, half.Top};
-        const Box& extent = plan_.Drawing.Extent;
-        const double scale =
-            1.04 * std::max(extent.Width() / area.Width(), extent.Height() / area.Height()); // room for thick lines
-        const Box part = BoxAround(extent.MiddleX(), extent.MiddleY(), area.Width() * scale, area.Height() * scale);
-        Page().InArea(area, part, part, scale,
-                      [&](Surface& surface) { DrawStepPicture(plan_.Drawing, step, surface); });
+        Rule(area.Left, area.Right, area.Top, Rgb(0, 0, 0));
+        area.Top -= 0.15;
+        Line(area, 0.75, "Step " + std::to_string(number + 1) + ": " + plan_.TitleOf(step), 13, QFont::Bold);
+        const Box shown = pictures_.PaintStep({area.Left + ListWidth, area.Bottom, area.Right, area.Top}, step);
+        Box list{area.Left, area.Bottom, area.Left + ListWidth - Gap, area.Top};
+        DrawList(list, step);
+        list.Top = area.Top - LineHeight * PiecesOfAStep - 0.1;
+        pictures_.PaintOverview(list, step, shown);
+    }
+
+    void DrawList(Box list, const BuildStep& step) {
+        for (int at = step.First; at <= step.Last; ++at) {
+            const DrawnPiece& piece = plan_.Piece(at);
+            const double code = list.Left + NumberWidth, name = code + CodeWidth;
+            page_.Words({list.Left, list.Bottom, code - 0.2, list.Top}, NumberText(piece.Index), Qt::AlignRight, 9.5,
+                        QFont::Bold);
+            page_.Words({code, list.Bottom, name, list.Top}, piece.Code, Qt::AlignLeft, 9.5, QFont::Bold);
+            page_.Words({name, list.Bottom, list.Right, list.Top - 0.03}, catalogue_.Find(piece.Code)->LongName,
+                        Qt::AlignLeft, 8.5);
+            list.Top -= LineHeight;
+        }
     }
 
     const Catalogue& catalogue_;
     const BuildPlan& plan_;
-    PaperSize paper_;
+    Box content_; ///< of a page
     PdfDocument document_;
-    int halves_ = 0; ///< of pages, taken so far
+    PaperPage page_;
+    PlanPainter pictures_;
+    std::vector<int> stepsOfPages_;
+    int number_ = 1; ///< of the page
 };
 
 } // namespace

@@ -8,8 +8,8 @@
 
 namespace pistaro {
 
-/// What one needs, then two steps a page: on the left the pieces, on the right the picture as on the plan's page for a
-/// browser. The same bytes each time.
+/// A page with what one needs and the whole circuit, then up to three steps a page: on the left the pieces and where
+/// they lie, on the right the picture as on the plan's page for a browser. The same bytes each time.
 std::string BuildPlanPdf(const Catalogue& catalogue, const BuildPlan& plan, const PaperSize& paper);
 
 } // namespace pistaro

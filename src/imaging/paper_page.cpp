@@ -48,8 +48,12 @@ void PaperPage::OnPaper(const Box& area, const std::function<void(Surface&)>& dr
     painter_.restore();
 }
 
-void PaperPage::Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points) {
+void PaperPage::Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points,
+                      QFont::Weight weight) {
     ScaledSurface(painter_, area.Shown(), dotsPerCm_, dotsPerInch_).SetFontSize(points);
+    QFont font = painter_.font();
+    font.setWeight(weight);
+    painter_.setFont(font);
     painter_.setPen(Qt::black);
     painter_.drawText(Place(area), static_cast<int>(alignment | Qt::AlignTop), QString::fromStdString(text));
 }

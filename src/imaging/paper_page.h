@@ -27,7 +27,8 @@ public:
     void OnPaper(const Box& area, const std::function<void(Surface&)>& draw);
 
     /// A line of words at the top of an area; what is too long for it is cut.
-    void Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points = 9);
+    void Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points = 9,
+               QFont::Weight weight = QFont::Normal);
 
     QPainter& Painter() const { return painter_; }
 

@@ -9,6 +9,11 @@ struct Habits {
     std::string ExportFolder; ///< empty before the first export
     std::string ExportEnding; ///< ".pdf"
     std::string Paper;        ///< "A4"
+    std::string ExportSize;   ///< how it is chosen; with the scale's N and the pixels that stood there
+    std::string ExportScale;
+    std::string ExportWidth;
+    std::string ExportContents; ///< what was ticked; empty before the first time
+    std::string PrintContents;
 
     bool operator==(const Habits&) const = default;
 };

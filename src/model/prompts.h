@@ -32,11 +32,14 @@ class Prompts {
 public:
     virtual ~Prompts() = default;
     virtual void Tell(const Message& message) = 0;
-    /// Tells that a file that its user asked for is written.
-    virtual void TellWritten(const std::filesystem::path& file);
+    /// Tells that a file that its user asked for is written, and more about it, which may be empty.
+    virtual void TellWritten(const std::filesystem::path& file, const std::string& more);
     virtual Answer Ask(const std::string& question, Buttons buttons) = 0;
     /// The chosen file; nothing when the dialog was cancelled.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) = 0;
 };
+
+/// "/home/x.pdf is written.", below it what more there is to tell.
+std::string WrittenText(const std::filesystem::path& file, const std::string& more);
 
 } // namespace pistaro

@@ -84,7 +84,7 @@ std::string ColumnName(long long column) {
     return column < 26 ? name : ColumnName(column / 26 - 1) + name;
 }
 
-SheetPlan TilePlan(const CircuitDrawing& drawing, SheetPlan plan) {
+SheetPlan TilePlan(const CircuitDrawing& drawing, SheetPlan plan, bool wallTiles) {
     const Box area = plan.Area();
     const double width = (area.Width() - TileOverlap) * plan.Scale;
     const double height = (area.Height() - TileOverlap) * plan.Scale;
@@ -93,7 +93,13 @@ SheetPlan TilePlan(const CircuitDrawing& drawing, SheetPlan plan) {
     plan.Tiled = true;
     plan.Whole = BoxAround(drawing.Extent.MiddleX(), drawing.Extent.MiddleY(), columns * width, rows * height);
     const TileGrid grid{plan.Whole.Left, plan.Whole.Top, width, height, columns, rows};
-    for (const Tile& tile : TilesOf(drawing, grid, MostTiles)) {
+    std::set<Tile> tiles = TilesOf(drawing, grid, MostTiles, Walls::Count);
+    if (!wallTiles && !drawing.Pieces.empty()) {
+        const std::size_t all = tiles.size();
+        tiles = TilesOf(drawing, grid, MostTiles, Walls::DoNotCount);
+        plan.LeftOut = all - tiles.size();
+    }
+    for (const Tile& tile : tiles) {
         const Box cell = BoxAround(grid.Left + (static_cast<double>(tile.Column) + 0.5) * width,
                                    grid.Top - (static_cast<double>(tile.Row) + 0.5) * height, width, height);
         plan.Sheets.push_back(
@@ -108,8 +114,8 @@ SheetPlan TilePlan(const CircuitDrawing& drawing, SheetPlan plan) {
 SheetPlan BestTilePlan(const CircuitDrawing& drawing, const SheetOptions& options) {
     std::optional<SheetPlan> best;
     for (const PaperSize& paper : WaysToLie(options.Paper.value_or(PaperA4), options.Orientation)) {
-        const SheetPlan plan =
-            TilePlan(drawing, EmptyPlan(paper.Width, paper.Height, options.Scale.value_or(1), options));
+        const SheetPlan plan = TilePlan(
+            drawing, EmptyPlan(paper.Width, paper.Height, options.Scale.value_or(1), options), options.WallTiles);
         if (!best || plan.Sheets.size() < best->Sheets.size()) best = plan;
     }
     return *best;

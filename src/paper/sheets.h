@@ -17,7 +17,8 @@ struct SheetOptions {
     std::optional<PaperSize> Paper = {}; ///< none: a sheet as large as the drawing at its scale
     pistaro::Orientation Orientation = pistaro::Orientation::Automatic;
     bool Tiles = false;
-    bool Header = true; ///< a line of words above and a rule below the drawing
+    bool Header = true;    ///< a line of words above and a rule below the drawing
+    bool WallTiles = true; ///< also those of a circuit's tiles that show nothing of it but the room's walls
 };
 
 struct Sheet {
@@ -33,6 +34,7 @@ struct SheetPlan {
     bool Tiled = false;
     std::vector<Sheet> Sheets; ///< those that hold something, by rows from the top
     Box Whole;                 ///< what of the world all of them cover
+    std::size_t LeftOut = 0;   ///< tiles that would show nothing but walls
 
     /// Where on the paper a sheet's part is drawn, cm from its lower left corner.
     Box Area() const;

@@ -82,14 +82,14 @@ private:
 
 } // namespace
 
-std::set<Tile> TilesOf(const CircuitDrawing& drawing, const TileGrid& grid, std::size_t most) {
+std::set<Tile> TilesOf(const CircuitDrawing& drawing, const TileGrid& grid, std::size_t most, Walls walls) {
     TileSurface surface(grid, most);
     for (const DrawnPiece& piece : drawing.Pieces) {
         if (surface.IsFull()) break;
         DrawPiece(piece.Placement, 0, 0, surface);
         if (drawing.Parts.Numbers) surface.DrawPoint(piece.Placement.Label, 0);
     }
-    DrawRoom(drawing.Room, surface);
+    if (walls == Walls::Count) DrawRoom(drawing.Room, surface);
     return surface.Tiles;
 }
 

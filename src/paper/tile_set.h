@@ -20,8 +20,10 @@ struct Tile {
     auto operator<=>(const Tile&) const = default;
 };
 
+enum class Walls { Count, DoNotCount };
+
 /// The tiles that a stroke of the drawing crosses or a number's place lies in; the grid alone makes no tile worth its
-/// paper. The search ends when they are more than `most`.
-std::set<Tile> TilesOf(const CircuitDrawing& drawing, const TileGrid& grid, std::size_t most);
+/// paper, nor do the room's walls where they do not count. The search ends when they are more than `most`.
+std::set<Tile> TilesOf(const CircuitDrawing& drawing, const TileGrid& grid, std::size_t most, Walls walls);
 
 } // namespace pistaro

@@ -1,6 +1,9 @@
 #include "report/build_plan.h"
 
+#include "model/view_settings.h"
+
 #include <algorithm>
+#include <map>
 
 namespace pistaro {
 
@@ -34,11 +37,44 @@ std::vector<BuildStep> Steps(const std::vector<DrawnPiece>& pieces) {
     return steps;
 }
 
+std::string CountOf(std::size_t count, const std::string& thing) {
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+/// "2 elements are left out, since the catalogue has no such pieces: C999, X1."
+std::string LeftOut(const Catalogue& catalogue, const Circuit& circuit, int chosen) {
+    constexpr std::size_t mostNames = 10;
+    std::size_t count = 0;
+    std::map<std::string, int> unknown;
+    for (int track = 0; track < TrackCount; ++track) {
+        if (chosen != AllTracks && chosen != track) continue;
+        for (const std::string& code : circuit.Tracks[static_cast<std::size_t>(track)].ElementCodes) {
+            if (catalogue.Find(code) != nullptr) continue;
+            ++unknown[code];
+            ++count;
+        }
+    }
+    if (count == 0) return {};
+    std::string text =
+        CountOf(count, "element") + (count == 1 ? " is" : " are") + " left out, since the catalogue has no such piece:";
+    std::size_t named = 0;
+    for (const auto& [code, times] : unknown) {
+        if (++named > mostNames) return text + " and others.";
+        text += (named == 1 ? " \"" : ", \"") + code + '"' + (times > 1 ? " x" + std::to_string(times) : "");
+    }
+    return text + ".";
+}
+
+/// "312.5 × 205 cm"
+std::string SizeText(double width, double height, const Units& units) {
+    return LengthLabel(width, units) + " × " + LengthLabel(height, units) + " " + units.Name();
+}
+
 } // namespace
 
 std::string BuildPlan::TitleOf(const BuildStep& step) const {
-    const DrawnPiece& first = Drawing.Pieces[static_cast<std::size_t>(step.First)];
-    const DrawnPiece& last = Drawing.Pieces[static_cast<std::size_t>(step.Last)];
+    const DrawnPiece& first = Piece(step.First);
+    const DrawnPiece& last = Piece(step.Last);
     const std::string track = "Track " + std::to_string(first.Track + 1);
     if (step.First == step.Last) return track + ", piece " + std::to_string(first.Index);
     return track + ", pieces " + std::to_string(first.Index) + " to " + std::to_string(last.Index);
@@ -46,18 +82,38 @@ std::string BuildPlan::TitleOf(const BuildStep& step) const {
 
 std::vector<std::string> BuildPlan::LinesOf(const Catalogue& catalogue, const BuildStep& step) const {
     std::vector<std::string> lines;
-    for (int at = step.First; at <= step.Last; ++at) {
-        const DrawnPiece& piece = Drawing.Pieces[static_cast<std::size_t>(at)];
-        lines.push_back(std::to_string(piece.Index) + "  " + piece.Code + "  " + catalogue.Find(piece.Code)->LongName);
-    }
+    for (int at = step.First; at <= step.Last; ++at)
+        lines.push_back(std::to_string(Piece(at).Index) + "  " + Piece(at).Code + "  " +
+                        catalogue.Find(Piece(at).Code)->LongName);
     return lines;
+}
+
+std::vector<std::string> BuildPlan::Facts() const {
+    std::vector<std::string> facts;
+    if (!Steps.empty()) {
+        Box laid;
+        for (const DrawnPiece& piece : Drawing.Pieces)
+            laid.Include(piece.Extent);
+        const pistaro::Units& units = Drawing.Preferences.Units;
+        facts.push_back(CountOf(Drawing.Pieces.size(), "piece") + ", laid in " + CountOf(Steps.size(), "step") +
+                        " on " + SizeText(laid.Width(), laid.Height(), units) + " of floor");
+        if (!Drawing.Room.Points.empty()) {
+            Box room; // as it was measured, not as it is turned
+            for (const RoomPoint& point : Drawing.Room.Points)
+                room.Include(BoxAround(point.X, point.Y, 0, 0));
+            facts.push_back("The room measures " + SizeText(room.Width(), room.Height(), units));
+        }
+    }
+    if (!LeftOut.empty()) facts.push_back(LeftOut);
+    return facts;
 }
 
 BuildPlan BuildPlanOf(const Catalogue& catalogue, const Project& project, int track) {
     BuildPlan plan;
-    plan.Drawing = DrawingOf(catalogue, project, {.Track = track, .Numbers = true});
+    plan.Drawing = DrawingOf(catalogue, project, {.Track = track, .Room = true});
     plan.Needed = Needed(catalogue, plan.Drawing);
     plan.Steps = Steps(plan.Drawing.Pieces);
+    plan.LeftOut = LeftOut(catalogue, project.Design.Circuit, track);
     return plan;
 }
 

@@ -25,18 +25,24 @@ struct BuildPlan {
     CircuitDrawing Drawing; ///< its pieces are in the order of laying
     std::vector<NeededPieces> Needed;
     std::vector<BuildStep> Steps;
+    std::string LeftOut; ///< which elements are in no step, since their codes are unknown; empty without such
+
+    const DrawnPiece& Piece(int at) const { return Drawing.Pieces[static_cast<std::size_t>(at)]; }
 
     /// "Track 1, pieces 0 to 9"
     std::string TitleOf(const BuildStep& step) const;
     /// The pieces of a step with their numbers: "0  C160  standard straight".
     std::vector<std::string> LinesOf(const Catalogue& catalogue, const BuildStep& step) const;
+    /// What stands at the plan's head, a line each: how many pieces in how many steps, how large the circuit and its
+    /// room are in the user's units, what is left out.
+    std::vector<std::string> Facts() const;
 };
 
 /// Of one track (0..2) or AllTracks. Pieces of unknown codes are left out; they lie nowhere.
 BuildPlan BuildPlanOf(const Catalogue& catalogue, const Project& project, int track);
 
 /// The plan as a page for a web browser, UTF-8, its pictures within it: in each, what is laid before in grey, the new
-/// pieces thick, what comes later not at all.
+/// pieces in colour with their numbers, what comes later not at all; and beside it where on the circuit that is.
 std::string BuildPlanPage(const Catalogue& catalogue, const BuildPlan& plan);
 
 } // namespace pistaro

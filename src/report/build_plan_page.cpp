@@ -1,8 +1,12 @@
 // Every step's pieces are drawn once, out of sight, and used by its picture and by those of later steps.
 #include "report/build_plan.h"
 
+#include "catalogue/track_geometry.h"
+#include "layout/outline.h"
+#include "layout/room_fit.h"
 #include "paper/path_data.h"
 #include "report/html_text.h"
+#include "report/plan_picture.h"
 #include "text/decimal_text.h"
 
 namespace pistaro {
@@ -10,20 +14,83 @@ namespace pistaro {
 namespace {
 
 constexpr const char* Head = R"(<!DOCTYPE html>
-<html lang="en"><head><meta charset="utf-8"><title>)";
+<html lang="en"><head><meta charset="utf-8"><meta name="viewport" content="width=device-width"><title>)";
 
 constexpr const char* Style = R"(</title>
 <style>
-body { font-family: sans-serif; max-width: 60em; margin: 1em auto; }
-table { border-collapse: collapse; } td, th { padding: 0.1em 0.8em; text-align: left; }
-.step { break-inside: avoid; border-top: 1px solid #999; margin-top: 1em; }
+body { font-family: sans-serif; max-width: 64em; margin: 1em auto; padding: 0 1em; color: #000; background: #fff; }
+table { border-collapse: collapse; } td { padding: 0.15em 0.8em; text-align: left; border-bottom: 1px solid #ddd; }
+td:first-child { text-align: right; } td:nth-child(2) { font-weight: bold; }
+.step { break-inside: avoid; border-top: 2px solid #000; margin-top: 1.5em; }
+.step h3 { margin: 0.4em 0; }
 .step div { display: flex; gap: 1em; align-items: flex-start; }
-.step ul { flex: 0 0 16em; list-style: none; padding: 0; margin: 0; font-size: 90%; white-space: pre-wrap; }
-svg { flex: 1; max-height: 24em; fill: none; stroke-linecap: round; }
-.before { stroke: #999; } .new { stroke: #000; } text { fill: #000; stroke: none; }
-@media print { body { margin: 0; font-size: 80%; } svg { max-height: 18em; } }
+.step div div { flex: 0 0 18em; order: -1; flex-direction: column; gap: 0.5em; }
+ul { list-style: none; padding: 0; margin: 0; font-size: 90%; line-height: 1.5; } li { white-space: pre-wrap; }
+svg { flex: 1; width: 100%; border: 1px solid #bbb; box-sizing: border-box; }
+.whole { max-height: 30em; margin-top: 1em; }
+.before { fill: #eee; stroke: #aaa; } .new { fill: #ffd34d; stroke: #000; } .lanes { fill: none; stroke-opacity: 0.4; }
+.way { fill: none; stroke: #bbb; stroke-linejoin: round; } .room { fill: none; stroke: #2a8a2a; }
+.shown { fill: none; stroke: #1f4ea8; } .foot { stroke: #000; } .badge { fill: #fff; stroke: #000; }
+text { fill: #000; font-weight: bold; text-anchor: middle; }
+@page { size: auto; margin: 1.5cm; @bottom-right { content: "page " counter(page) " of " counter(pages); } }
+@media print {
+  body { margin: 0; padding: 0; max-width: none; font-size: 75%; }
+  .step { margin-top: 0.5em; } .step svg { max-height: 6.4cm; } .step div div svg { max-height: 2.2cm; margin-top: 0; }
+}
 </style></head><body>
 )";
+
+constexpr PictureArea StepArea{12, 7.5}; ///< cm of paper, as all else in pictures
+constexpr PictureArea OverviewArea{5.6, 3.2};
+constexpr PictureArea WholeArea{18, 9};
+constexpr double FontHeight = 0.34;
+
+std::string Number(double value) {
+    std::string text;
+    AppendDecimal(text, value, 3);
+    return text;
+}
+
+std::string Attribute(const char* name, double value) { return std::string(" ") + name + "=\"" + Number(value) + '"'; }
+
+/// " viewBox=..."
+std::string ViewBox(PictureArea area) {
+    return " viewBox=\"0 0 " + Number(area.Width) + ' ' + Number(area.Height) + "\">\n";
+}
+
+std::string PolygonPath(const std::vector<WorldPoint>& polygon) {
+    std::string path;
+    for (const WorldPoint point : polygon)
+        path += (path.empty() ? 'M' : 'L') + Number(point.X) + ' ' + Number(-double{point.Y});
+    return path + 'Z';
+}
+
+std::string LanesPath(const PiecePlacement& placement) {
+    std::string path;
+    const auto append = [&](const auto& shape) { AppendPath(path, shape); };
+    for (const Lane& lane : placement.Lanes) {
+        for (const Segment& segment : lane.Path)
+            std::visit(append, segment);
+    }
+    for (const Mark& mark : placement.Marks)
+        std::visit(append, mark.Shape);
+    return path;
+}
+
+std::string HexText(Colour colour) {
+    constexpr const char* digits = "0123456789abcdef";
+    std::string text = "#";
+    for (const int part : {Red(colour), Green(colour), Blue(colour)})
+        text.append(1, digits[part / 16]).append(1, digits[part % 16]);
+    return text;
+}
+
+std::string PolylineOf(const BuildPlan& plan, const BuildStep& pieces) {
+    std::string points;
+    for (const WorldPoint point : MiddleLine(plan, pieces))
+        points += (points.empty() ? "" : " ") + Number(point.X) + ',' + Number(-double{point.Y});
+    return "<polyline points=\"" + points + "\"/>";
+}
 
 class PlanPageWriter {
 public:
@@ -32,8 +99,11 @@ public:
     std::string Write() {
         const std::string name = HtmlText(plan_.Drawing.Name);
         page_ = Head + name + ": build plan" + Style + "<h1>" + name + "</h1>\n";
+        for (const std::string& fact : plan_.Facts())
+            page_ += "<p>" + HtmlText(fact) + "</p>\n";
         AddNeeded();
         AddShapes();
+        AddWhole();
         for (std::size_t step = 0; step < plan_.Steps.size(); ++step)
             AddStep(step);
         return page_ + "</body></html>\n";
@@ -49,59 +119,125 @@ private:
         page_ += "</table>\n";
     }
 
-    static std::string ShapeName(std::size_t step) { return "pieces" + std::to_string(step + 1); }
-
     void AddShapes() {
-        page_ += "<svg width=\"0\" height=\"0\" style=\"position:absolute\"><defs>\n";
-        for (std::size_t step = 0; step < plan_.Steps.size(); ++step) {
-            page_ += "<path id=\"" + ShapeName(step) + "\" d=\"";
-            for (int at = plan_.Steps[step].First; at <= plan_.Steps[step].Last; ++at)
-                page_ += PathOf(Piece(at).Placement);
-            page_ += "\"/>\n";
+        page_ += "<svg width=\"0\" height=\"0\" style=\"position:absolute;border:0\"><defs>\n";
+        for (std::size_t step = 0; step < plan_.Steps.size(); ++step)
+            AddShape(step);
+        page_ += "<g id=\"way\">";
+        for (const BuildStep& track : WholeTracks(plan_))
+            page_ += PolylineOf(plan_, track);
+        page_ += "</g></defs></svg>\n";
+    }
+
+    void AddShape(std::size_t step) {
+        const std::string number = std::to_string(step + 1);
+        std::string beds, lanes;
+        for (int at = plan_.Steps[step].First; at <= plan_.Steps[step].Last; ++at) {
+            constexpr double tolerance = 0.05; // cm
+            beds += PolygonPath(OutlinePolygon(plan_.Piece(at).Placement, tolerance));
+            lanes += LanesPath(plan_.Piece(at).Placement);
         }
-        page_ += "</defs></svg>\n";
+        page_.append("<g id=\"pieces").append(number).append("\"><path id=\"bed").append(number).append("\" d=\"");
+        page_.append(beds).append("\"/><path class=\"lanes\" d=\"").append(lanes).append("\"/></g>\n");
+    }
+
+    void AddWhole() {
+        if (plan_.Steps.empty()) return;
+        const PlanPicture picture = WholePicture(plan_, WholeArea);
+        page_ += "<svg class=\"whole\"" + ViewBox(WholeArea);
+        OpenWorld(picture);
+        AddPieces("before", 0.02 * picture.Scale, 0, plan_.Steps.size());
+        AddRoom(picture);
+        CloseWorld(picture);
     }
 
     void AddStep(std::size_t number) {
         const BuildStep& step = plan_.Steps[number];
         page_ += "<div class=\"step\"><h3>Step " + std::to_string(number + 1) + ": " + plan_.TitleOf(step) +
-                 "</h3>\n<div><ul>\n";
+                 "</h3>\n<div>\n";
+        const PlanPicture picture = PictureOf(plan_, step, StepArea);
+        AddPicture(number, picture);
+        page_ += "<div><ul>\n";
         for (const std::string& line : plan_.LinesOf(catalogue_, step))
             page_ += "<li>" + HtmlText(line) + "</li>\n";
         page_ += "</ul>\n";
-        AddPicture(number);
-        page_ += "</div></div>\n";
+        AddOverview(number, picture.Part);
+        page_ += "</div></div></div>\n";
     }
 
-    void AddPicture(std::size_t number) {
-        const Box& extent = plan_.Drawing.Extent;
-        const double across = std::max(extent.Width(), extent.Height());
-        const Box shown = extent.Wider(across / 50);
-        page_ += "<svg viewBox=\"" + Decimal(shown.Left) + ' ' + Decimal(-shown.Top) + ' ' + Decimal(shown.Width()) +
-                 ' ' + Decimal(shown.Height()) + "\">\n<g class=\"before\" stroke-width=\"" + Decimal(across / 500) +
-                 "\">";
-        for (std::size_t before = 0; before < number; ++before)
-            Use(before);
-        page_ += "</g>\n<g class=\"new\" stroke-width=\"" + Decimal(across / 280) + "\">";
-        Use(number);
-        page_ += "</g>\n<g font-size=\"" + Decimal(across / 45) + "\">";
-        for (int at = plan_.Steps[number].First; at <= plan_.Steps[number].Last; ++at) {
-            const WorldPoint label = Piece(at).Placement.Label;
-            page_ += "<text x=\"" + Decimal(label.X) + "\" y=\"" + Decimal(across / 45 - label.Y) + "\">" +
-                     std::to_string(Piece(at).Index) + "</text>";
+    void AddPicture(std::size_t number, const PlanPicture& picture) {
+        page_ += "<svg" + ViewBox(StepArea);
+        OpenWorld(picture);
+        AddPieces("before", 0.02 * picture.Scale, 0, number);
+        AddRoom(picture);
+        AddPieces("new", 0.045 * picture.Scale, number, number + 1);
+        CloseWorld(picture);
+    }
+
+    void AddOverview(std::size_t number, const Box& whole) {
+        const PlanPicture picture = Overview(plan_, plan_.Steps[number], OverviewArea);
+        const Box shown = PartIn(picture, whole);
+        const double bed = std::max<double>(TrackGeometry::ScalextricWidth, 0.06 * picture.Scale);
+        page_ += "<svg class=\"whole\"" + ViewBox(OverviewArea);
+        OpenWorld(picture);
+        page_ += "<g class=\"way\"" + Attribute("stroke-width", bed) + "><use href=\"#way\"/></g>\n<g class=\"new\"" +
+                 Attribute("stroke-width", 0.05 * picture.Scale) + "><use href=\"#bed" + std::to_string(number + 1) +
+                 "\"/></g>\n<rect class=\"shown\"" + Attribute("x", shown.Left) + Attribute("y", -shown.Top) +
+                 Attribute("width", shown.Width()) + Attribute("height", shown.Height()) +
+                 Attribute("stroke-width", 0.04 * picture.Scale) + "/>\n";
+        CloseWorld(picture);
+    }
+
+    /// What comes now is in cm of the world, y downwards.
+    void OpenWorld(const PlanPicture& picture) {
+        std::string scale;
+        AppendDecimal(scale, 1 / picture.Scale, 9);
+        page_ += "<g transform=\"scale(" + scale + ") translate(" + Number(-picture.Part.Left) + ' ' +
+                 Number(picture.Part.Top) + ")\">\n";
+    }
+
+    /// Adds marks and numbers, and ends the picture.
+    void CloseWorld(const PlanPicture& picture) {
+        for (const FilledArea& mark : picture.Marks)
+            page_ += "<path fill=\"" + HexText(mark.Fill) + "\" d=\"" + PolygonPath(mark.Polygon) + "\"/>\n";
+        page_ += "</g>\n";
+        for (const NumberBadge& badge : picture.Badges)
+            AddBadge(picture, badge);
+        page_ += "</svg>\n";
+    }
+
+    void AddPieces(const char* look, double strokeWidth, std::size_t from, std::size_t to) {
+        page_ += std::string("<g class=\"") + look + '"' + Attribute("stroke-width", strokeWidth) + '>';
+        for (std::size_t step = from; step < to; ++step)
+            page_ += "<use href=\"#pieces" + std::to_string(step + 1) + "\"/>";
+        page_ += "</g>\n";
+    }
+
+    void AddRoom(const PlanPicture& picture) {
+        const RoomPolygon& room = plan_.Drawing.Room;
+        std::string path;
+        for (std::size_t at = 1; at < room.Points.size(); ++at) {
+            if (room.Points[at].Line == 1)
+                AppendPath(path, LineSegment{RoomCorner(room, room.Points[at - 1]), RoomCorner(room, room.Points[at])});
         }
-        page_ += "</g></svg>\n";
+        if (path.empty()) return;
+        page_ += "<path class=\"room\"" + Attribute("stroke-width", 0.04 * picture.Scale) + " d=\"" + path + "\"/>\n";
     }
 
-    void Use(std::size_t step) { page_ += "<use href=\"#" + ShapeName(step) + "\"/>"; }
-
-    static std::string Decimal(double value) {
-        std::string text;
-        AppendDecimal(text, value, 3);
-        return text;
+    void AddBadge(const PlanPicture& picture, const NumberBadge& badge) {
+        const auto x = [&](WorldPoint place) { return (place.X - picture.Part.Left) / picture.Scale; };
+        const auto y = [&](WorldPoint place) { return (picture.Part.Top - place.Y) / picture.Scale; };
+        if (badge.StandsAside()) {
+            page_ += "<line class=\"foot\" stroke-width=\".03\"" + Attribute("x1", x(badge.Place)) +
+                     Attribute("y1", y(badge.Place)) + Attribute("x2", x(badge.Foot)) + Attribute("y2", y(badge.Foot)) +
+                     "/>";
+        }
+        page_ += "<rect class=\"badge\" stroke-width=\".03\"" + Attribute("x", x(badge.Place) - badge.Width / 2) +
+                 Attribute("y", y(badge.Place) - BadgeHeight / 2) + Attribute("width", badge.Width) +
+                 Attribute("height", BadgeHeight) + Attribute("rx", BadgeHeight / 2) + "/><text" +
+                 Attribute("font-size", FontHeight) + Attribute("x", x(badge.Place)) +
+                 Attribute("y", y(badge.Place) + FontHeight * 0.36) + '>' + badge.Text + "</text>\n";
     }
-
-    const DrawnPiece& Piece(int at) const { return plan_.Drawing.Pieces[static_cast<std::size_t>(at)]; }
 
     const Catalogue& catalogue_;
     const BuildPlan& plan_;

@@ -17,6 +17,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QMimeData>
+#include <QStatusBar>
 
 #include <memory>
 
@@ -64,6 +65,11 @@ void Dialogs::PutOnClipboard(const Clipping& clipping) {
 }
 
 std::string Dialogs::ClipboardText() { return QGuiApplication::clipboard()->text().toStdString(); }
+
+void Dialogs::TellBriefly(const std::string& text) {
+    constexpr int milliseconds = 8000;
+    if (auto* const bar = window_.findChild<QStatusBar*>()) bar->showMessage(Shown(text), milliseconds);
+}
 
 void Dialogs::ShowStock() {
     if (!stock_) {

@@ -31,6 +31,7 @@ public:
     void ShowPrint() override;
     void PutOnClipboard(const Clipping& clipping) override;
     std::string ClipboardText() override;
+    void TellBriefly(const std::string& text) override;
 
     void ShowSamples() override;
     void FindPiece() override { findPiece_(); }

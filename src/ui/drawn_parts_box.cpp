@@ -5,9 +5,21 @@
 
 #include <QFormLayout>
 
+#include <QStringList>
+
 namespace pistaro {
 
-DrawnPartsBox::DrawnPartsBox(const Project& project, const std::function<void()>& changed)
+namespace {
+
+/// In the order of the boxes.
+constexpr std::array Parts{&DrawnParts::Numbers, &DrawnParts::Grid,       &DrawnParts::Room,
+                           &DrawnParts::Surface, &DrawnParts::Background, &DrawnParts::BlackAndWhite};
+constexpr std::array PartNames{"numbers", "grid", "room", "surface", "background", "black and white"};
+constexpr const char* Nothing = "nothing";
+
+} // namespace
+
+DrawnPartsBox::DrawnPartsBox(const Project& project, const DrawnParts& first, const std::function<void()>& changed)
     : QGroupBox("Contents"), cboTrack_(Named(new QComboBox, "cboTrack")), hasBackground_(project.Background != nullptr),
       chkNumbers_(Named(new QCheckBox("&Numbers"), "chkNumbers")), chkGrid_(Named(new QCheckBox("&Grid"), "chkGrid")),
       chkRoom_(Named(new QCheckBox("R&oom"), "chkRoom")), chkSurface_(Named(new QCheckBox("S&urface"), "chkSurface")),
@@ -20,13 +32,37 @@ DrawnPartsBox::DrawnPartsBox(const Project& project, const std::function<void()>
     cboTrack_->setCurrentIndex(0);
     form->addRow("&Tracks:", cboTrack_);
     connect(cboTrack_, &QComboBox::currentIndexChanged, this, [changed] { changed(); });
-    for (QCheckBox* const choice : {chkNumbers_, chkGrid_, chkRoom_, chkSurface_, chkBackground_, chkBlackAndWhite_}) {
+    for (std::size_t part = 0; part < Parts.size(); ++part) {
+        QCheckBox* const choice = Choices()[part];
         form->addRow(choice);
+        choice->setChecked(first.*Parts[part]);
         connect(choice, &QCheckBox::toggled, this, [changed] { changed(); });
     }
+    chkSurface_->setToolTip("The tracks as they look, under their lines");
     chkBackground_->setEnabled(hasBackground_);
     chkBackground_->setToolTip(hasBackground_ ? "The picture that lies under the circuit to scale"
                                               : "No picture lies under the circuit to scale");
+}
+
+std::array<QCheckBox*, 6> DrawnPartsBox::Choices() const {
+    return {chkNumbers_, chkGrid_, chkRoom_, chkSurface_, chkBackground_, chkBlackAndWhite_};
+}
+
+std::string DrawnPartsBox::Ticked() const {
+    QStringList names;
+    for (std::size_t part = 0; part < Parts.size(); ++part) {
+        if (Choices()[part]->isChecked()) names << PartNames[part];
+    }
+    return names.isEmpty() ? Nothing : names.join(", ").toStdString();
+}
+
+DrawnParts PartsIn(const std::string& ticked, const DrawnParts& otherwise) {
+    if (ticked.empty()) return otherwise;
+    const QStringList names = Shown(ticked).split(", ");
+    DrawnParts parts;
+    for (std::size_t part = 0; part < Parts.size(); ++part)
+        parts.*Parts[part] = names.contains(PartNames[part]);
+    return parts;
 }
 
 DrawnParts DrawnPartsBox::Chosen() const {
@@ -47,10 +83,18 @@ void DrawnPartsBox::EnableDrawing(bool draws, bool fills) {
     chkBackground_->setEnabled(fills && hasBackground_);
 }
 
+QCheckBox* NewWallsBox() {
+    auto* const box = Named(new QCheckBox("Tiles with &walls alone, too"), "chkWalls");
+    box->setToolTip("Also the sheets on which nothing of the track stands, only a line of the room's wall");
+    return box;
+}
+
 QComboBox* NewPaperList(const std::string& chosen) {
     auto* const list = Named(new QComboBox, "cboPaper");
-    for (const PaperSize& paper : PaperSizes)
+    for (const PaperSize& paper : PaperSizes) {
         list->addItem(paper.Name, QString(paper.Name));
+        list->setItemData(list->count() - 1, QString("%1 × %2 cm").arg(paper.Width).arg(paper.Height), Qt::ToolTipRole);
+    }
     list->setCurrentText(FindPaper(chosen).value_or(PaperA4).Name);
     return list;
 }

@@ -7,25 +7,38 @@
 #include <QComboBox>
 #include <QGroupBox>
 
+#include <array>
 #include <functional>
+#include <string>
 
 namespace pistaro {
 
 class DrawnPartsBox : public QGroupBox {
 public:
-    /// Calls `changed` after each change by the user. A background can be chosen where the project has one to scale.
-    DrawnPartsBox(const Project& project, const std::function<void()>& changed);
+    /// Begins with `first`, but for the track. Calls `changed` after each change by the user. A background can be
+    /// chosen where the project has one to scale.
+    DrawnPartsBox(const Project& project, const DrawnParts& first, const std::function<void()>& changed);
 
     DrawnParts Chosen() const;
+    /// What is ticked, as PartsIn reads it.
+    std::string Ticked() const;
     /// For formats that draw nothing only the track can be chosen, and surfaces, pictures and colours only where areas
     /// are filled.
     void EnableDrawing(bool draws, bool fills);
 
 private:
+    std::array<QCheckBox*, 6> Choices() const;
+
     QComboBox* cboTrack_;
     const bool hasBackground_;
     QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkSurface_, *chkBackground_, *chkBlackAndWhite_;
 };
+
+/// What was ticked; the other parts where that is empty.
+DrawnParts PartsIn(const std::string& ticked, const DrawnParts& otherwise);
+
+/// A box for tiles that show nothing of a circuit but its room's walls.
+QCheckBox* NewWallsBox();
 
 /// A list of the papers with their names as data: this one chosen, or A4 where there is none of that name.
 QComboBox* NewPaperList(const std::string& chosen);

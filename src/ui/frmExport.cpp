@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "ui/named_controls.h"
 
+#include <QFontDatabase>
 #include <QFormLayout>
 #include <QSignalBlocker>
 
@@ -22,13 +23,14 @@ enum class Size { OnPaper, ToScale, ScaleOnPaper, Tiles, Width };
 struct SizeChoice {
     Size Value;
     const char* Caption;
+    const char* Habit; ///< as it is remembered
 };
 
-constexpr SizeChoice SizeChoices[] = {{Size::OnPaper, "As large as fits on the paper"},
-                                      {Size::ToScale, "To scale, on a sheet of its own size"},
-                                      {Size::ScaleOnPaper, "To scale, on one sheet of the paper"},
-                                      {Size::Tiles, "To scale, in tiles of the paper"},
-                                      {Size::Width, "At a width in pixels"}};
+constexpr SizeChoice SizeChoices[] = {{Size::OnPaper, "As large as fits on the paper", "paper"},
+                                      {Size::ToScale, "To scale, on a sheet of its own size", "scale"},
+                                      {Size::ScaleOnPaper, "To scale, on one sheet of the paper", "sheet"},
+                                      {Size::Tiles, "To scale, in tiles of the paper", "tiles"},
+                                      {Size::Width, "At a width in pixels", "width"}};
 
 bool Offers(ExportFormat format, Size size) {
     if (size == Size::Tiles) return format == ExportFormat::Pdf;
@@ -38,18 +40,20 @@ bool Offers(ExportFormat format, Size size) {
 
 bool IsTable(ExportFormat format) { return format == ExportFormat::Csv || format == ExportFormat::Json; }
 
-QString Centimetres(double width, double height) {
-    const auto rounded = [](double length) { return std::round(length * 10) / 10; };
-    return QString("%1 × %2 cm").arg(rounded(width)).arg(rounded(height));
+/// "21 × 29.7 cm"
+QString LengthsText(double width, double height, const Units& units) {
+    const auto rounded = [&](double length) { return std::round(length / units.UnitFactor() * 10) / 10; };
+    return QString("%1 × %2 %3").arg(rounded(width)).arg(rounded(height)).arg(units.Name());
 }
 
 /// "1 sheet at 1:5.4, 21 × 29.7 cm", "15.5 × 35 cm at full size".
 QString SizeText(const PlannedSheets& sheets, ExportFormat format, const ExportOptions& options) {
     const SheetPlan& plan = sheets.Plan;
-    const QString size = Centimetres(plan.Width, plan.Height);
+    const Units& units = sheets.Drawing.Preferences.Units;
+    const QString size = LengthsText(plan.Width, plan.Height, units);
     if (format == ExportFormat::Dxf) {
         const Box& extent = sheets.Drawing.Extent;
-        return Centimetres(extent.Width(), extent.Height()) + " at full size";
+        return LengthsText(extent.Width(), extent.Height(), units) + " at full size";
     }
     if (format == ExportFormat::Pdf) return SheetsText(sheets) + ", " + size + (plan.Tiled ? " each" : "");
     QString atScale = size + " at " + Shown(plan.ScaleText());
@@ -74,7 +78,10 @@ frmExport::frmExport(Session& session, QWidget* parent) : QDialog(parent), sessi
         cboFormat_->addItem(CaptionOf(format), static_cast<int>(format));
     auto* const form = new QFormLayout;
     form->addRow("&Format:", cboFormat_);
-    parts_ = new DrawnPartsBox(session.Project, [this] { PlanAgain(); });
+    const DrawnParts inTheWindow{
+        .Numbers = session.Project.EditState.ShowNumbers, .Room = true, .Surface = session.Looks.Surface};
+    parts_ = new DrawnPartsBox(session.Project, PartsIn(session.Habits.ExportContents, inTheWindow),
+                               [this] { PlanAgain(); });
     auto* const left = new QVBoxLayout;
     left->addLayout(form);
     left->addWidget(SizeFrame());
@@ -87,10 +94,23 @@ frmExport::frmExport(Session& session, QWidget* parent) : QDialog(parent), sessi
     layout->addLayout(columns);
     layout->addLayout(Buttons());
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    if (const auto last = ExportFormatOf("x" + session.Habits.ExportEnding))
-        cboFormat_->setCurrentIndex(cboFormat_->findData(static_cast<int>(*last)));
     connect(cboFormat_, &QComboBox::currentIndexChanged, this, [this] { FollowFormat(); });
+    BeginAsLastTime();
+}
+
+void frmExport::BeginAsLastTime() {
+    const Habits& habits = session_.Habits;
+    if (const double scale = Shown(habits.ExportScale).toDouble(); scale > 0) spnScale_->setValue(scale);
+    if (const int width = Shown(habits.ExportWidth).toInt(); width > 0) spnWidth_->setValue(width);
+    if (const auto last = ExportFormatOf("x" + habits.ExportEnding)) {
+        const QSignalBlocker followedBelow(cboFormat_);
+        cboFormat_->setCurrentIndex(cboFormat_->findData(static_cast<int>(*last)));
+    }
     FollowFormat();
+    for (const SizeChoice& size : SizeChoices) {
+        const int place = cboSize_->findData(static_cast<int>(size.Value));
+        if (size.Habit == habits.ExportSize && place >= 0) cboSize_->setCurrentIndex(place);
+    }
 }
 
 QGroupBox* frmExport::SizeFrame() {
@@ -107,14 +127,19 @@ QGroupBox* frmExport::SizeFrame() {
     spnDots_ = Named(new QSpinBox, "spnDots");
     spnDots_->setRange(10, 2400);
     spnDots_->setValue(300);
+    spnDots_->setSuffix(" dots per inch");
     spnWidth_ = Named(new QSpinBox, "spnWidth");
     spnWidth_->setRange(16, 30000);
     spnWidth_->setValue(1600);
+    spnWidth_->setSuffix(" pixels");
     form->addRow("&Size:", cboSize_);
     form->addRow("&Paper:", cboPaper_);
     form->addRow("S&cale:", spnScale_);
-    form->addRow("&Dots per inch:", spnDots_);
-    form->addRow("&Width in pixels:", spnWidth_);
+    form->addRow("&Resolution:", spnDots_);
+    form->addRow("&Width:", spnWidth_);
+    chkWalls_ = NewWallsBox();
+    form->addRow(chkWalls_);
+    connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QSpinBox* const box : {spnDots_, spnWidth_})
         connect(box, &QSpinBox::valueChanged, this, [this] { PlanAgain(); });
     connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] { PlanAgain(); });
@@ -130,8 +155,15 @@ QLayout* frmExport::PreviewColumn() {
     lblPlanned_->setWordWrap(true);
     lblPlanned_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblPlanned_->setFixedSize(picSheet_->width(), 3 * lblPlanned_->fontMetrics().lineSpacing());
+    txtLines_ = Named(new QPlainTextEdit, "txtLines");
+    txtLines_->setAccessibleName("The file's first lines");
+    txtLines_->setReadOnly(true);
+    txtLines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    txtLines_->setFixedSize(picSheet_->size());
+    txtLines_->hide();
     auto* const column = new QVBoxLayout;
     column->addWidget(picSheet_);
+    column->addWidget(txtLines_);
     column->addWidget(lblPlanned_);
     column->addStretch();
     return column;
@@ -156,6 +188,7 @@ ExportOptions frmExport::Chosen() const {
     if (cboPaper_->isEnabled()) options.Sheets.Paper = FindPaper(cboPaper_->currentText().toStdString());
     if (spnScale_->isEnabled()) options.Sheets.Scale = spnScale_->value();
     options.Sheets.Tiles = size == Size::Tiles;
+    options.Sheets.WallTiles = chkWalls_->isChecked();
     options.DotsPerInch = spnDots_->value();
     if (size == Size::Width) options.PixelWidth = spnWidth_->value();
     return options;
@@ -186,6 +219,8 @@ void frmExport::FollowSize() {
 
 void frmExport::PlanAgain() {
     sheets_.reset();
+    const ExportOptions chosen = Chosen();
+    chkWalls_->setEnabled(chosen.Sheets.Tiles && chosen.Parts.Room && !session_.Project.Design.Room.Points.empty());
     bool can = false;
     try {
         lblPlanned_->setText(PlannedText());
@@ -194,7 +229,21 @@ void frmExport::PlanAgain() {
         lblPlanned_->setText(Shown(fault.what()));
     }
     cmdExport_->setEnabled(can);
+    ShowLines();
     picSheet_->ShowSheet(0);
+}
+
+void frmExport::ShowLines() {
+    const bool isText = IsTable(Format());
+    picSheet_->setVisible(!isText);
+    txtLines_->setVisible(isText);
+    if (!isText || !cmdExport_->isEnabled()) return txtLines_->clear();
+    constexpr std::size_t mostBytes = 4000;
+    const std::string text = ExportBytes(session_.Catalogue, session_.Project, Format(), Chosen());
+    const bool isWhole = text.size() <= mostBytes;
+    txtLines_->setLineWrapMode(Format() == ExportFormat::Csv ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+    txtLines_->setWordWrapMode(QTextOption::WrapAnywhere);
+    txtLines_->setPlainText(Shown(text.substr(0, mostBytes)) + (isWhole ? "" : "…"));
 }
 
 QString frmExport::PlannedText() {
@@ -211,7 +260,14 @@ void frmExport::Export() {
     bool written = false;
     session_.Do([&] { written = ExportCommand(session_, Format(), Chosen()); });
     if (!written) return;
-    session_.Habits.Paper = cboPaper_->currentText().toStdString();
+    Habits& habits = session_.Habits;
+    habits.Paper = cboPaper_->currentText().toStdString();
+    habits.ExportContents = parts_->Ticked();
+    habits.ExportScale = QString::number(spnScale_->value()).toStdString();
+    habits.ExportWidth = QString::number(spnWidth_->value()).toStdString();
+    for (const SizeChoice& size : SizeChoices) {
+        if (cboSize_->currentIndex() >= 0 && size.Value == SizeOf<Size>(*cboSize_)) habits.ExportSize = size.Habit;
+    }
     accept();
 }
 

@@ -8,12 +8,13 @@
 #include <QDialog>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QSpinBox>
 
 namespace pistaro {
 
-/// Modal. It begins with the format and the paper of the last time. Export asks for the file and closes when one was
-/// written.
+/// Modal. It begins with what was chosen the last time, at first with what the window shows. Export asks for the file
+/// and closes when one was written.
 class frmExport : public QDialog {
 public:
     explicit frmExport(Session& session, QWidget* parent = nullptr);
@@ -21,6 +22,8 @@ public:
 private:
     QGroupBox* SizeFrame();
     QLayout* PreviewColumn();
+    /// What the user chose the last time stands there again.
+    void BeginAsLastTime();
     QLayout* Buttons();
     ExportFormat Format() const;
     ExportOptions Chosen() const;
@@ -29,6 +32,8 @@ private:
     void FollowSize();
     /// Shows what the fields come to, or tells why that cannot be.
     void PlanAgain();
+    /// Shows the first lines of a file of text.
+    void ShowLines();
     /// How large the file's drawing is, or how long its table. Fault: it cannot be written so.
     QString PlannedText();
     void Export();
@@ -37,10 +42,12 @@ private:
     QComboBox *cboFormat_ = nullptr, *cboSize_ = nullptr, *cboPaper_ = nullptr;
     QDoubleSpinBox* spnScale_ = nullptr;
     QSpinBox *spnDots_ = nullptr, *spnWidth_ = nullptr;
+    QCheckBox* chkWalls_ = nullptr;
     QGroupBox* fraSize_ = nullptr;
     DrawnPartsBox* parts_ = nullptr;
     std::optional<PlannedSheets> sheets_;
     SheetPreview* picSheet_ = nullptr;
+    QPlainTextEdit* txtLines_ = nullptr; ///< in the preview's place where there is no drawing
     QLabel* lblPlanned_ = nullptr;
     QPushButton* cmdExport_ = nullptr;
 };

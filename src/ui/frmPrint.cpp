@@ -23,7 +23,8 @@ frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session
     setObjectName("frmPrint");
     setWindowTitle("Print");
     setModal(true);
-    parts_ = new DrawnPartsBox(session.Project, [this] { PlanAgain(); });
+    parts_ = new DrawnPartsBox(session.Project, PartsIn(session.Habits.PrintContents, {.Room = true}),
+                               [this] { PlanAgain(); });
     auto* const left = new QVBoxLayout;
     left->addWidget(PaperFrame());
     left->addWidget(parts_);
@@ -59,6 +60,9 @@ QGroupBox* frmPrint::PaperFrame() {
     form->addRow("O&rientation:", cboOrientation_);
     form->addRow(optFit_);
     form->addRow(optScale_, spnScale_);
+    chkWalls_ = NewWallsBox();
+    form->addRow(chkWalls_);
+    connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QComboBox* const list : {cboPaper_, cboOrientation_})
         connect(list, &QComboBox::currentIndexChanged, this, [this] { PlanAgain(); });
     connect(optScale_, &QRadioButton::toggled, this, [this](bool scaled) {
@@ -118,11 +122,14 @@ SheetOptions frmPrint::Chosen() const {
     options.Orientation = static_cast<Orientation>(cboOrientation_->currentIndex());
     options.Tiles = optScale_->isChecked();
     if (options.Tiles) options.Scale = spnScale_->value();
+    options.WallTiles = chkWalls_->isChecked();
     return options;
 }
 
 void frmPrint::PlanAgain() {
     sheets_.reset();
+    const bool hasWalls = parts_->Chosen().Room && !session_.Project.Design.Room.Points.empty();
+    chkWalls_->setEnabled(optScale_->isChecked() && hasWalls);
     try {
         CircuitDrawing drawing = DrawingOf(session_.Catalogue, session_.Project, parts_->Chosen());
         auto backdrop = TakeBackdrop(drawing, session_.Pictures);
@@ -155,6 +162,7 @@ void frmPrint::Print() {
 
 void frmPrint::Finish() {
     session_.Habits.Paper = cboPaper_->currentText().toStdString();
+    session_.Habits.PrintContents = parts_->Ticked();
     accept();
 }
 

@@ -42,6 +42,7 @@ private:
     QComboBox *cboPaper_ = nullptr, *cboOrientation_ = nullptr;
     QRadioButton *optFit_ = nullptr, *optScale_ = nullptr;
     QDoubleSpinBox* spnScale_ = nullptr;
+    QCheckBox* chkWalls_ = nullptr;
     QSpinBox* spnSheet_ = nullptr;
     QLabel* lblSheets_ = nullptr;
     SheetPreview* picSheet_ = nullptr;

@@ -67,6 +67,16 @@ struct Filters {
         return ends ? file : file + Patterns.first().mid(1);
     }
 
+    /// A proposed file's name with the ending of the filter that was chosen after it, where it has that of another.
+    QString WithEndingOf(const QString& filter, const QString& file) const {
+        const QString ending = Patterns.value(Names.indexOf(filter)).mid(1);
+        for (const QString& pattern : Patterns) {
+            const QString other = pattern.mid(1);
+            if (file.endsWith(other, Qt::CaseInsensitive)) return file.chopped(other.size()) + ending;
+        }
+        return file;
+    }
+
     QStringList Names, Patterns;
 };
 
@@ -81,9 +91,9 @@ void MessagePrompts::Tell(const Message& message) {
     PlainBox(BoxIcon(message.Icon), message.Text, QMessageBox::Ok).exec();
 }
 
-void MessagePrompts::TellWritten(const std::filesystem::path& file) {
+void MessagePrompts::TellWritten(const std::filesystem::path& file, const std::string& more) {
     const std::filesystem::path whole = std::filesystem::absolute(file);
-    PlainBox box(QMessageBox::Information, TextFromPath(whole) + " is written.", QMessageBox::Ok);
+    PlainBox box(QMessageBox::Information, WrittenText(whole, more), QMessageBox::Ok);
     const QPushButton* const open = box.addButton("Open &Folder", QMessageBox::ActionRole);
     box.setEscapeButton(QMessageBox::Ok);
     box.exec();
@@ -111,6 +121,11 @@ std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the program asks itself
     dialog.setNameFilters(filters.Names);
     if (!choice.DefaultName.empty()) dialog.selectFile(filters.WithEnding(QString::fromStdString(choice.DefaultName)));
+    const bool hasOneEndingEach = filters.Names.size() == filters.Patterns.size();
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        if (!choice.Saving || !hasOneEndingEach || dialog.selectedFiles().isEmpty()) return;
+        dialog.selectFile(filters.WithEndingOf(filter, dialog.selectedFiles().constFirst()));
+    });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QString file = dialog.selectedFiles().constFirst();
     return PathFromText((choice.Saving ? filters.WithEnding(file) : file).toStdString());

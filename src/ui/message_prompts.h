@@ -14,7 +14,7 @@ public:
 
     void Tell(const Message& message) override;
     /// With a button that opens its folder.
-    void TellWritten(const std::filesystem::path& file) override;
+    void TellWritten(const std::filesystem::path& file, const std::string& more) override;
     Answer Ask(const std::string& question, Buttons buttons) override;
 
     /// A file to be saved gets the first ending of the filter where it has none of the filter's.

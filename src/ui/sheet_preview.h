@@ -19,7 +19,7 @@ struct PlannedSheets {
     SheetPainter Painter(const std::string& date) const { return {Drawing, Plan, date, Backdrop.get()}; }
 };
 
-/// "1 sheet at 1:2.5", "4 sheets at 1:1: an overview and 3 tiles".
+/// "1 sheet at 1:2.5", "4 sheets at 1:1: an overview and 3 tiles; 12 with walls alone left out".
 QString SheetsText(const PlannedSheets& sheets);
 
 class SheetPreview : public QWidget {

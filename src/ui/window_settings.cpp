@@ -3,9 +3,12 @@
 #include "platform/files.h"
 #include "ui/named_controls.h"
 
+#include <QLocale>
 #include <QMainWindow>
 #include <QScreen>
 #include <QSettings>
+
+#include <algorithm>
 
 namespace pistaro {
 
@@ -30,7 +33,12 @@ struct NamedHabit {
 };
 constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFolder},
                                       {"habits/exportEnding", &Habits::ExportEnding},
-                                      {"habits/paper", &Habits::Paper}};
+                                      {"habits/paper", &Habits::Paper},
+                                      {"habits/exportSize", &Habits::ExportSize},
+                                      {"habits/exportScale", &Habits::ExportScale},
+                                      {"habits/exportWidth", &Habits::ExportWidth},
+                                      {"habits/exportContents", &Habits::ExportContents},
+                                      {"habits/printContents", &Habits::PrintContents}};
 constexpr const char* PlaceKey = "window/place";
 constexpr const char* PanelsKey = "window/panels";
 
@@ -44,6 +52,13 @@ QMainWindow& PanelsOf(const QMainWindow& window) { return *window.findChild<QMai
 QString FileName(const std::filesystem::path& path) { return Shown(TextFromPath(path)); }
 
 } // namespace
+
+std::string PaperOfLocale(const QLocale& locale) {
+    constexpr QLocale::Territory lettered[] = {QLocale::UnitedStates, QLocale::Canada,    QLocale::Mexico,
+                                               QLocale::Philippines,  QLocale::Chile,     QLocale::Colombia,
+                                               QLocale::Venezuela,    QLocale::PuertoRico};
+    return std::ranges::find(lettered, locale.territory()) == std::end(lettered) ? "A4" : "Letter";
+}
 
 void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Session& session) {
     Looks looks;
@@ -60,6 +75,7 @@ void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Sessi
         window.restoreGeometry(settings.value(PlaceKey).toByteArray());
         PanelsOf(window).restoreState(settings.value(PanelsKey).toByteArray());
     }
+    if (session.Habits.Paper.empty()) session.Habits.Paper = PaperOfLocale(QLocale());
     if (!HasRoomForColumns(window)) looks.Columns = false;
     session.Do([&] {
         session.Looks = looks;

@@ -5,12 +5,17 @@
 
 #include <filesystem>
 
+class QLocale;
 class QMainWindow;
 
 namespace pistaro {
 
+/// The paper that is usual where the user lives: "Letter" in the Americas' north and some other places, else "A4".
+std::string PaperOfLocale(const QLocale& locale);
+
 /// Brings the window to its place and size, its panels to where they stood, and the session to its looks, its user's
-/// habits and whether it shows numbers, as they were kept; at a first start tracks are drawn as they look. Where the
+/// habits and whether it shows numbers, as they were kept; at a first start tracks are drawn as they look, and paper is
+/// as the user's country has it. Where the
 /// screen has no room for them the side columns are folded away. Without a path nothing was kept.
 void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Session& session);
 

@@ -48,6 +48,18 @@ TEST_F(Plan, ReplacesAFileOnlyWhenItIsForced) {
     EXPECT_NE(BytesOf(program_ / "a.html"), "old");
 }
 
+TEST_F(Plan, TellsWhichElementsItLeavesOut) {
+    WriteBytes(program_ / "x.trk", CircuitText("C160 X1 C160"));
+    constexpr const char* leftOut = "1 element is left out, since the catalogue has no such piece: ";
+
+    const Finished finished = Run({"--out", "a.html"});
+
+    EXPECT_EQ(finished.ExitStatus, 0);
+    EXPECT_EQ(finished.Output, "a.html\n");
+    EXPECT_EQ(finished.Errors, std::string("pistaro: ") + leftOut + "\"X1\".\n");
+    EXPECT_NE(BytesOf(program_ / "a.html").find(leftOut), std::string::npos);
+}
+
 TEST_F(Plan, OfAnotherEndingIsRefused) {
     const Finished finished = Run({"--out", "a.txt"});
 

@@ -62,6 +62,54 @@ TEST_F(ClipboardCommands, WhatIsCopiedIsPastedAtTheEndAsOneStep) {
     EXPECT_EQ(Track1(), "C160 C160 C151L");
 }
 
+TEST_F(ClipboardCommands, CopyTellsWhatWentOntoTheClipboard) {
+    Run("copy");
+    EXPECT_EQ(clipboard_.Brief, "Copied 3 pieces of track 1: the list as text, and a picture of it");
+
+    session_.Project.EditState.CurrentTrack = AllTracks;
+    Run("copy");
+    EXPECT_EQ(clipboard_.Brief, "Copied 4 pieces of all tracks: the list as text, and a picture of it");
+}
+
+TEST_F(ClipboardCommands, PasteIsAStepOfThatNameAndTellsWhatItLaid) {
+    clipboard_.Text = "C160";
+
+    Run("paste");
+
+    EXPECT_EQ(clipboard_.Brief, "Pasted 1 piece at the end of track 1");
+    EXPECT_EQ(session_.History().Caption(session_.History().Present()), "Paste");
+}
+
+TEST_F(ClipboardCommands, PasteOntoAnEmptyTrackBeginsWhereANewCircuitDoes) {
+    Track& track = session_.Project.Design.Circuit.Tracks[2];
+    track.TrackStartX = 400;
+    track.TrackStartHeading = 1;
+    session_.Project.EditState.CurrentTrack = 2;
+    clipboard_.Text = "C160 x2";
+
+    Run("paste");
+
+    EXPECT_EQ(track.TrackStartX, EmptyCircuit().Tracks[2].TrackStartX);
+    EXPECT_EQ(track.TrackStartHeading, 0);
+    EXPECT_EQ(clipboard_.Brief, "Pasted 2 pieces onto track 3");
+}
+
+TEST_F(ClipboardCommands, TheViewFollowsWhatIsPasted) {
+    ViewSettings& view = session_.Project.Design.View;
+    view = ViewAround(1000, 0, 320, 160);
+    clipboard_.Text = "C160";
+    Run("paste"); // near the origin
+    EXPECT_LT(view.MidX, 200) << "it has moved to the piece";
+    EXPECT_EQ(view.Width, 320);
+
+    clipboard_.Text = "C160 x20";
+    Run("paste");
+    EXPECT_GT(view.Width, 600) << "what is larger than the view is shown whole";
+
+    Run("undo");
+    EXPECT_EQ(view.Width, 320);
+}
+
 TEST_F(ClipboardCommands, PasteOfAnotherTextIsRefusedAndChangesNothing) {
     clipboard_.Text = "Hello";
 
@@ -84,7 +132,7 @@ TEST_F(ClipboardCommands, PasteOnAClosedTrackOffersAnEmptyOne) {
 
     Run("paste");
     EXPECT_EQ(user_.Asked.at(0).Text,
-              "Track 1 is closed: pieces at its end would lie over its first ones. They are laid "
+              "Track 1 is closed: pieces at its end would lie over its first ones. 2 pieces are laid "
               "on track 3, which is empty.");
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[2]), "C160 C160");
     EXPECT_EQ(session_.Project.EditState.CurrentTrack, 2);

@@ -103,6 +103,32 @@ TEST(Tiles, HoldNumbersWhereTheyAreDrawn) {
     EXPECT_EQ(numbered, bare + 1);
 }
 
+TEST(Tiles, WithWallsAloneAreLeftOutAndCountedWhereTheyAreNotWished) {
+    Project project = ProjectOf("C160"); // 15.5 x 35 cm: two tiles of 18 x 25.1
+    project.Design.Room.Points = {{0, 0, 0}, {72, 0, 1}};
+    const CircuitDrawing drawing = DrawingOf(Pieces(), project, {.Room = true});
+    const auto plan = [&](bool wallTiles) {
+        return PlanSheets(drawing,
+                          {.Scale = 1, .Orientation = Orientation::Portrait, .Tiles = true, .WallTiles = wallTiles});
+    };
+
+    EXPECT_EQ(NamesOf(plan(true)), "A1 A2 B2 C2 D2");
+    EXPECT_EQ(plan(true).LeftOut, 0U);
+    EXPECT_EQ(NamesOf(plan(false)), "A1 A2") << "named as if all were there";
+    EXPECT_EQ(plan(false).LeftOut, 3U);
+}
+
+TEST(Tiles, OfARoomAloneShowItsWalls) {
+    Project project = ProjectOf("");
+    project.Design.Room.Points = {{0, 0, 0}, {72, 0, 1}};
+
+    const SheetPlan plan =
+        PlanSheets(DrawingOf(Pieces(), project, {.Room = true}),
+                   {.Scale = 1, .Orientation = Orientation::Portrait, .Tiles = true, .WallTiles = false});
+
+    EXPECT_EQ(plan.Sheets.size(), 4U);
+}
+
 TEST(Tiles, MoreThanTenThousandAreRefused) {
     EXPECT_EQ(FaultOf([] { PlanSheets(Drawing("C160 C160"), {.Scale = .001, .Tiles = true}); }),
               "Too many tiles: at 1:0.001 the drawing would take more than 10000 sheets");

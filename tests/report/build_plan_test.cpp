@@ -50,6 +50,43 @@ TEST(BuildPlan, CountsProductsWithBothHandsTogether) {
     EXPECT_EQ(plan.Needed[1].Count, 2);
 }
 
+TEST(BuildPlan, TellsHowManyPiecesOnHowMuchFloorInTheUsersUnits) {
+    Project project = ProjectOf(Straights(11));
+    project.Design.Room.Points = {{0, 0, 0}, {400, 0, 1}, {400, 250, 1}, {0, 250, 1}};
+    project.Design.Room.Angle = 1;
+
+    EXPECT_EQ(BuildPlanOf(Pieces(), project, AllTracks).Facts(),
+              (std::vector<std::string>{"11 pieces, laid in 2 steps on 15.5 × 385 cm of floor",
+                                        "The room measures 400 × 250 cm"}));
+    project.Preferences.Units.Inches = true;
+    EXPECT_EQ(BuildPlanOf(Pieces(), project, AllTracks).Facts()[0],
+              "11 pieces, laid in 2 steps on 6.1 × 151.5 in of floor");
+}
+
+TEST(BuildPlan, TellsWhichElementsItLeavesOut) {
+    EXPECT_EQ(BuildPlanOf(Pieces(), ProjectOf("C160 X1", "C157"), 1).LeftOut, "") << "of another track";
+    EXPECT_EQ(BuildPlanOf(Pieces(), ProjectOf("C160 X1", "C157"), AllTracks).LeftOut,
+              "1 element is left out, since the catalogue has no such piece: \"X1\".");
+    EXPECT_EQ(BuildPlanOf(Pieces(), ProjectOf("Y C160 X1 Y"), AllTracks).LeftOut,
+              "3 elements are left out, since the catalogue has no such piece: \"X1\", \"Y\" x2.");
+    EXPECT_TRUE(BuildPlanOf(Pieces(), ProjectOf("A B C D E F G H I J K L"), AllTracks)
+                    .LeftOut.ends_with("\"I\", \"J\" and others."));
+}
+
+TEST(BuildPlanPage, TellsWhatIsLeftOutAsText) {
+    const std::string page = BuildPlanPage(Pieces(), BuildPlanOf(Pieces(), ProjectOf("C160 <b>"), AllTracks));
+
+    EXPECT_NE(page.find("no such piece: &quot;&lt;b&gt;&quot;.</p>"), std::string::npos);
+}
+
+TEST(BuildPlanPage, ShowsBesideEachPictureWhereOnTheCircuitItIs) {
+    const std::string page = BuildPlanPage(Pieces(), BuildPlanOf(Pieces(), ProjectOf(Straights(21)), AllTracks));
+
+    EXPECT_EQ(CountOf(page, "<use href=\"#way\"/>"), 3U);
+    EXPECT_EQ(CountOf(page, "<rect class=\"shown\""), 3U);
+    EXPECT_EQ(CountOf(page, "<use href=\"#bed2\"/>"), 1U);
+}
+
 TEST(BuildPlanPage, HasAPictureAStepInWhichEarlierStepsAreGreyAndItsOwnThick) {
     const std::string page = BuildPlanPage(Pieces(), BuildPlanOf(Pieces(), ProjectOf(Straights(21)), AllTracks));
 

@@ -11,6 +11,7 @@ class NamedWindows : public Windows {
 public:
     std::string Opened; ///< each with a blank after it
     ScaledBackground Background;
+    std::string Brief; ///< what was told last
 
     void ShowRecovered() override { Opened += "recovered "; }
     void ShowDrawArea() override { Opened += "draw area "; }
@@ -38,6 +39,7 @@ public:
     void ShowPrint() override { Opened += "print "; }
     void PutOnClipboard(const Clipping& clipping) override { Opened += "copy " + clipping.Text + " "; }
     std::string ClipboardText() override { return "C160 x2"; }
+    void TellBriefly(const std::string& text) override { Brief = text; }
 };
 
 } // namespace pistaro

@@ -147,6 +147,55 @@ TEST_F(FrmExport, TellsHowLargeTheFileWillBe) {
     EXPECT_EQ(Label("lblPlanned"), "A table of 3 pieces; no drawing.");
 }
 
+TEST_F(FrmExport, BeginsWithWhatTheWindowShowsAndThenAsItEnded) {
+    EXPECT_TRUE(Find<QCheckBox>("chkRoom").isChecked());
+    EXPECT_FALSE(Find<QCheckBox>("chkSurface").isChecked());
+    session_->Looks.Surface = true;
+    session_->Project.EditState.ShowNumbers = true;
+    Open();
+    EXPECT_TRUE(Find<QCheckBox>("chkSurface").isChecked());
+    EXPECT_TRUE(Find<QCheckBox>("chkNumbers").isChecked());
+
+    for (const char* const choice : {"chkSurface", "chkNumbers", "chkRoom"})
+        Press(choice);
+    Choose("cboFormat", Png);
+    Choose("cboSize", 3);
+    Find<QSpinBox>("spnWidth").setValue(432);
+    Exported("x.png");
+    Open();
+
+    for (const char* const choice : {"chkSurface", "chkNumbers", "chkRoom"})
+        EXPECT_FALSE(Find<QCheckBox>(choice).isChecked()) << choice;
+    EXPECT_EQ(Find<QComboBox>("cboSize").currentText(), "At a width in pixels");
+    EXPECT_EQ(Find<QSpinBox>("spnWidth").value(), 432);
+}
+
+TEST_F(FrmExport, ShowsTheFirstLinesOfATable) {
+    Choose("cboFormat", Csv);
+    ASSERT_TRUE(Find<QWidget>("txtLines").isVisible());
+    EXPECT_FALSE(Find<QWidget>("picSheet").isVisible());
+    const QStringList lines = Find<QPlainTextEdit>("txtLines").toPlainText().split('\n');
+    ASSERT_GE(lines.size(), 4);
+    EXPECT_TRUE(lines[1].startsWith("1,0,C160,")) << lines[1].toStdString();
+    EXPECT_TRUE(lines[3].startsWith("2,0,C157,")) << lines[3].toStdString();
+
+    Choose("cboFormat", Json);
+    EXPECT_TRUE(Find<QPlainTextEdit>("txtLines").toPlainText().startsWith("{\"tracks\":[{\"track\":1,"));
+    ExpectNothingClipped();
+    Choose("cboFormat", Svg);
+    EXPECT_FALSE(Find<QWidget>("txtLines").isVisible());
+    EXPECT_TRUE(Find<QWidget>("picSheet").isVisible());
+}
+
+TEST_F(FrmExport, TellsSizesInTheUsersUnits) {
+    project_.Preferences.Units.Inches = true;
+    Open();
+    Choose("cboTrack", 2); // 15.5 x 7.65625 cm
+    Choose("cboFormat", Dxf);
+
+    EXPECT_EQ(Label("lblPlanned"), "6.1 × 3 in at full size");
+}
+
 TEST_F(FrmExport, ExportsNothingThatCannotBeWritten) {
     Choose("cboFormat", Png);
     Choose("cboSize", 1);

@@ -61,6 +61,23 @@ TEST_F(FrmPrint, TellsHowManySheetsAScaleTakes) {
     ExpectNothingClipped();
 }
 
+TEST_F(FrmPrint, LeavesTilesWithWallsAloneOutUnlessTheyAreTicked) {
+    project_.Design.Room.Points = {{0, 0, 0}, {100, 0, 1}};
+    Open();
+    EXPECT_TRUE(Find<QCheckBox>("chkRoom").isChecked()) << "at first, too";
+    EXPECT_FALSE(Find<QWidget>("chkWalls").isEnabled()) << "on one sheet all is shown";
+    Choose("cboOrientation", 1);
+    ChooseScale(1);
+    ASSERT_TRUE(Find<QWidget>("chkWalls").isEnabled());
+    EXPECT_EQ(Label("lblSheets"), "7 sheets at 1:1: an overview and 6 tiles; 4 with walls alone left out");
+    ExpectNothingClipped();
+
+    Press("chkWalls");
+    EXPECT_EQ(Label("lblSheets"), "11 sheets at 1:1: an overview and 10 tiles");
+    Press("chkRoom");
+    EXPECT_FALSE(Find<QWidget>("chkWalls").isEnabled());
+}
+
 TEST_F(FrmPrint, PreviewsEachSheet) {
     ChooseScale(1);
     const int overview = Ink();
@@ -138,12 +155,16 @@ TEST_F(FrmPrint, ShowsAllOfTheBackgroundOnASheetAndOnTilesWhatLiesAroundTheTrack
 
 TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
     Choose("cboPaper", 6);
+    Press("chkNumbers");
+    Press("chkRoom");
     prompts_.Files.push_back(folder_ / "x.pdf");
     Press("cmdPdf");
     EXPECT_EQ(prompts_.Told.at(0).Text, (folder_ / "x.pdf").string() + " is written.");
 
     Open();
     EXPECT_EQ(Find<QComboBox>("cboPaper").currentText(), "Letter");
+    EXPECT_TRUE(Find<QCheckBox>("chkNumbers").isChecked());
+    EXPECT_FALSE(Find<QCheckBox>("chkRoom").isChecked());
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "support/temporary_folder.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -108,6 +109,24 @@ TEST_F(FileDialogs, ASavedFileGetsTheEndingThatItLacks) {
     EXPECT_EQ(SavedAs("CLUB.TRK"), "CLUB.TRK");
 }
 
+TEST_F(FileDialogs, AProposedNameTakesTheEndingOfTheKindThatIsChosen) {
+    WhenShown<QFileDialog>([](QFileDialog& dialog) {
+        auto& kinds = *dialog.findChild<QComboBox*>("fileTypeCombo");
+        kinds.setCurrentIndex(1);
+        emit kinds.textActivated(kinds.currentText());
+        emit kinds.activated(1);
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "oval-plan.pdf");
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+    });
+    const auto file = MessagePrompts().ChooseFile({.Saving = true,
+                                                   .Title = "Build Plan",
+                                                   .Filter = "Web page (*.html)|*.html|PDF (*.pdf)|*.pdf",
+                                                   .DefaultName = "oval-plan.html",
+                                                   .Folder = Folder.Path().string()});
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->filename().string(), "oval-plan.pdf");
+}
+
 TEST_F(FileDialogs, AnExistingFileIsGivenWithoutAQuestionOfTheDialog) {
     WriteBytes(Folder / "oval.trk", "");
     EXPECT_EQ(SavedAs("oval"), "oval.trk");
@@ -161,7 +180,7 @@ TEST(MessagePrompts, TellWrittenShowsThePathAndOpensItsFolder) {
                 if (button->text().remove('&') == caption) QTest::mouseClick(button, Qt::LeftButton);
             }
         });
-        prompts.TellWritten(folder / "x.pdf");
+        prompts.TellWritten(folder / "x.pdf", "");
     };
 
     press("OK");

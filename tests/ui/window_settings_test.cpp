@@ -4,6 +4,7 @@
 #include "support/temporary_folder.h"
 #include "ui/window_fixture.h"
 
+#include <QLocale>
 #include <QScreen>
 #include <QSettings>
 
@@ -62,6 +63,19 @@ TEST_F(WindowSettings, BringBackWhatIsShownInTheDrawingAndBelowIt) {
     EXPECT_TRUE(Entry("mnuMoney").isChecked());
     EXPECT_FALSE(Find<QDockWidget>("fraChecks").isVisible());
     EXPECT_FALSE(Entry("mnuChecks").isChecked());
+}
+
+TEST_F(WindowSettings, PaperIsAtFirstThatOfTheUsersCountry) {
+    EXPECT_EQ(PaperOfLocale(QLocale("en_US")), "Letter");
+    EXPECT_EQ(PaperOfLocale(QLocale("fr_CA")), "Letter");
+    EXPECT_EQ(PaperOfLocale(QLocale("en_GB")), "A4");
+    EXPECT_EQ(PaperOfLocale(QLocale::c()), "A4");
+    Open();
+    QLocale::setDefault(QLocale("en_US"));
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+    QLocale::setDefault(QLocale::c());
+
+    EXPECT_EQ(Session->Habits.Paper, "Letter");
 }
 
 TEST_F(WindowSettings, ColumnsThatANarrowScreenFoldedAwayComeBackOnAWiderOne) {
@@ -125,13 +139,21 @@ TEST_F(WindowSettings, TheLegendStandsInTheCornerWhereTheCircuitIsNot) {
 TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
     Open();
     EXPECT_EQ(Session->Habits, Habits());
-    Session->Habits = {.ExportFolder = "/tmp/Übung", .ExportEnding = ".svg", .Paper = "Letter"};
+    const Habits habits{.ExportFolder = "/tmp/Übung",
+                        .ExportEnding = ".svg",
+                        .Paper = "Letter",
+                        .ExportSize = "width",
+                        .ExportScale = "12.5",
+                        .ExportWidth = "432",
+                        .ExportContents = "numbers, black and white",
+                        .PrintContents = "nothing"};
+    Session->Habits = habits;
     KeepWindow(folder_ / "window.ini", *Window, *Session);
 
     Open();
     RestoreWindow(folder_ / "window.ini", *Window, *Session);
 
-    EXPECT_EQ(Session->Habits, (Habits{.ExportFolder = "/tmp/Übung", .ExportEnding = ".svg", .Paper = "Letter"}));
+    EXPECT_EQ(Session->Habits, habits);
 }
 
 } // namespace

@@ -1,0 +1,150 @@
+#include "imaging/plan_painter.h"
+
+#include "catalogue/track_geometry.h"
+#include "imaging/pdf_document.h"
+#include "layout/outline.h"
+#include "render/redraw.h"
+
+#include <algorithm>
+
+namespace pistaro {
+
+namespace {
+
+/// Lengths in cm of paper.
+struct BedLook {
+    Colour Fill, Edge, Lane;
+    double EdgeWidth;
+};
+constexpr BedLook Before{Rgb(0xEE, 0xEE, 0xEE), Rgb(0xAA, 0xAA, 0xAA), Rgb(0xC8, 0xC8, 0xC8), 0.02};
+constexpr BedLook New{Rgb(0xFF, 0xD3, 0x4D), Rgb(0, 0, 0), Rgb(0x99, 0x7A, 0x26), 0.045};
+constexpr Colour WayColour = Rgb(0xBB, 0xBB, 0xBB);
+constexpr Colour ShownColour = Rgb(0x1F, 0x4E, 0xA8);
+constexpr Colour FrameColour = Rgb(0xBB, 0xBB, 0xBB);
+constexpr PenWidth ThinPen{0.2, PenWidth::Unit::Millimetres};
+constexpr double BadgePoints = 10;
+constexpr double DotsPerPaperCm = PdfDocument::DotsPerInch / CmPerInch;
+
+PictureArea SizeOf(const Box& area) { return {area.Width(), area.Height()}; }
+
+QPen PenOf(Colour colour, double widthOnPaper) {
+    return {ToQColor(colour), widthOnPaper * DotsPerPaperCm, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+}
+
+QPolygonF PlacesOf(const std::vector<WorldPoint>& points, const PainterSurface& surface) {
+    QPolygonF places;
+    for (const WorldPoint point : points)
+        places << surface.PlaceOf(point);
+    return places;
+}
+
+void DrawLanes(const PiecePlacement& placement, Colour colour, Surface& surface) {
+    const auto draw = [&](const auto& shape) { surface.Draw(shape, colour); };
+    for (const Lane& lane : placement.Lanes) {
+        for (const Segment& segment : lane.Path)
+            std::visit(draw, segment);
+    }
+    for (const Mark& mark : placement.Marks)
+        std::visit(draw, mark.Shape);
+}
+
+} // namespace
+
+void PlanPainter::PaintPicture(const Box& area, const PlanPicture& picture,
+                               const std::function<void(PainterSurface&)>& paint) {
+    page_.InArea(area, picture.Part, picture.Part, picture.Scale, paint);
+    page_.OnPaper(area, [&](Surface& surface) {
+        const ViewRectangle frame = area.Shown();
+        const WorldPoint corners[] = {{frame.ViewLeft, frame.ViewTop},
+                                      {frame.ViewRight, frame.ViewTop},
+                                      {frame.ViewRight, frame.ViewBottom},
+                                      {frame.ViewLeft, frame.ViewBottom}};
+        for (std::size_t i = 0; i < 4; ++i)
+            surface.Draw(LineSegment{corners[i], corners[(i + 1) % 4]}, FrameColour);
+    });
+}
+
+Box PlanPainter::PaintStep(const Box& area, const BuildStep& step) {
+    const PlanPicture picture = PictureOf(plan_, step, SizeOf(area));
+    PaintPicture(area, picture, [&](PainterSurface& surface) {
+        PaintBeds(surface, picture, {0, step.First - 1}, false);
+        DrawRoom(plan_.Drawing.Room, surface);
+        PaintBeds(surface, picture, step, true);
+        PaintMarks(surface, picture);
+    });
+    return picture.Part;
+}
+
+void PlanPainter::PaintWhole(const Box& area) {
+    const PlanPicture picture = WholePicture(plan_, SizeOf(area));
+    PaintPicture(area, picture, [&](PainterSurface& surface) {
+        PaintBeds(surface, picture, {0, static_cast<int>(plan_.Drawing.Pieces.size()) - 1}, false);
+        DrawRoom(plan_.Drawing.Room, surface);
+        PaintMarks(surface, picture);
+    });
+}
+
+void PlanPainter::PaintOverview(const Box& area, const BuildStep& step, const Box& shown) {
+    constexpr double thinnest = 0.06;
+    const PlanPicture picture = Overview(plan_, step, SizeOf(area));
+    const double bed = std::max(double{TrackGeometry::ScalextricWidth} / picture.Scale, thinnest);
+    PaintPicture(area, picture, [&](PainterSurface& surface) {
+        QPainter& painter = page_.Painter();
+        const auto line = [&](const BuildStep& pieces, double width, Colour colour) {
+            painter.setPen(PenOf(colour, width));
+            painter.drawPolyline(PlacesOf(MiddleLine(plan_, pieces), surface));
+        };
+        for (const BuildStep& track : WholeTracks(plan_))
+            line(track, bed, WayColour);
+        line(step, bed + 0.1, New.Edge);
+        line(step, bed, New.Fill);
+        const ViewRectangle part = PartIn(picture, shown).Shown();
+        painter.setPen(PenOf(ShownColour, 0.04));
+        painter.drawRect(
+            QRectF(surface.PlaceOf({part.ViewLeft, part.ViewTop}), surface.PlaceOf({part.ViewRight, part.ViewBottom})));
+        PaintMarks(surface, picture);
+    });
+}
+
+void PlanPainter::PaintBeds(PainterSurface& surface, const PlanPicture& picture, const BuildStep& pieces, bool areNew) {
+    constexpr double tolerance = 0.05; // cm of the world
+    const BedLook& look = areNew ? New : Before;
+    QPainter& painter = page_.Painter();
+    for (int at = pieces.First; at <= pieces.Last; ++at) {
+        if (!plan_.Piece(at).Extent.Meets(picture.Part)) continue;
+        const PiecePlacement& placement = plan_.Piece(at).Placement;
+        painter.setPen(PenOf(look.Edge, look.EdgeWidth));
+        painter.setBrush(ToQColor(look.Fill));
+        painter.drawPolygon(PlacesOf(OutlinePolygon(placement, tolerance), surface));
+        painter.setBrush(Qt::NoBrush);
+        surface.ForgetPen();
+        surface.SetPen(ThinPen);
+        DrawLanes(placement, look.Lane, surface);
+    }
+}
+
+void PlanPainter::PaintMarks(PainterSurface& surface, const PlanPicture& picture) {
+    for (const FilledArea& mark : picture.Marks)
+        surface.Fill(mark.Polygon, mark.Fill);
+    surface.SetFontSize(BadgePoints);
+    QFont font = page_.Painter().font();
+    font.setBold(true);
+    page_.Painter().setFont(font);
+    for (const NumberBadge& badge : picture.Badges)
+        PaintBadge(surface, badge);
+}
+
+void PlanPainter::PaintBadge(PainterSurface& surface, const NumberBadge& badge) {
+    QPainter& painter = page_.Painter();
+    painter.setPen(PenOf(Rgb(0, 0, 0), 0.03));
+    const QPointF middle = surface.PlaceOf(badge.Place);
+    if (badge.StandsAside()) painter.drawLine(middle, surface.PlaceOf(badge.Foot));
+    const QPointF half = QPointF(badge.Width, BadgeHeight) * DotsPerPaperCm / 2;
+    const QRectF ground(middle - half, middle + half);
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(ground, half.y(), half.y());
+    painter.setBrush(Qt::NoBrush);
+    painter.drawText(ground, Qt::AlignCenter, QString::fromStdString(badge.Text));
+}
+
+} // namespace pistaro

@@ -1,0 +1,55 @@
+// The pictures of a build plan, whatever draws them: which part of the world they show, and where numbers and marks
+// stand on it so that they can be read.
+#pragma once
+
+#include "render/track_bed.h"
+#include "report/build_plan.h"
+
+#include <string>
+#include <vector>
+
+namespace pistaro {
+
+/// A place for a picture, cm of paper.
+struct PictureArea {
+    double Width = 0, Height = 0;
+};
+
+/// A number on a plain ground.
+struct NumberBadge {
+    std::string Text;
+    WorldPoint Place; ///< its middle
+    WorldPoint Foot;  ///< what it tells of: a line leads there, unless it stands on it
+    double Width = 0; ///< cm of paper
+
+    bool StandsAside() const { return Place != Foot; }
+};
+
+inline constexpr double BadgeHeight = 0.5; ///< cm of paper
+
+struct PlanPicture {
+    Box Part;         ///< of the world, of the area's proportions
+    double Scale = 1; ///< cm of the world to a cm of paper
+    std::vector<NumberBadge> Badges;
+    std::vector<FilledArea> Marks; ///< the chequered start lines and arrows the way the cars go
+};
+
+/// The new pieces of a step, each with its number, and what lies around them; an arrow leads to the first of them.
+PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area);
+
+/// All tracks; its numbers are those of the steps, from 1, where there are several.
+PlanPicture WholePicture(const BuildPlan& plan, PictureArea area);
+
+/// All tracks, to be shown small beside a step's picture: with an arrow at the start of the step's track.
+PlanPicture Overview(const BuildPlan& plan, const BuildStep& step, PictureArea area);
+
+/// What of a part of the world an overview shows, with room for a line around it.
+Box PartIn(const PlanPicture& overview, const Box& part);
+
+/// The middle of neighbouring pieces of one track, as chords.
+std::vector<WorldPoint> MiddleLine(const BuildPlan& plan, const BuildStep& pieces);
+
+/// Each track from its first piece to its last.
+std::vector<BuildStep> WholeTracks(const BuildPlan& plan);
+
+} // namespace pistaro

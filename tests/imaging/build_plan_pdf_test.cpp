@@ -1,0 +1,41 @@
+// The build plan on paper.
+#include "imaging/build_plan_pdf.h"
+
+#include "imaging/circuit_picture.h"
+#include "support/chain.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+namespace {
+
+class BuildPlanOnPaper : public testing::Test {
+protected:
+    static std::string Pdf(int straights, const char* paper = "A4") {
+        std::string codes;
+        for (int i = 0; i < straights; ++i)
+            codes += "C160 ";
+        return BuildPlanPdf(Pieces(), BuildPlanOf(Pieces(), ProjectOf(codes), AllTracks), *FindPaper(paper));
+    }
+
+    static bool HasPages(const std::string& pdf, int count) {
+        return pdf.find("/Count " + std::to_string(count) + "\n") != std::string::npos;
+    }
+
+    OffscreenGraphics graphics_;
+};
+
+TEST_F(BuildPlanOnPaper, HasAHeadPageAndThreeStepsOnEachOther) {
+    EXPECT_TRUE(HasPages(Pdf(0), 1)) << "nothing to lay";
+    EXPECT_TRUE(HasPages(Pdf(30), 2));
+    EXPECT_TRUE(HasPages(Pdf(31), 3));
+    EXPECT_TRUE(HasPages(Pdf(70), 4));
+    EXPECT_TRUE(HasPages(Pdf(30, "Letter"), 2));
+}
+
+TEST_F(BuildPlanOnPaper, HasFewerStepsOnASmallPage) { EXPECT_TRUE(HasPages(Pdf(40, "A5"), 3)); }
+
+TEST_F(BuildPlanOnPaper, IsTheSameEachTime) { EXPECT_EQ(Pdf(25), Pdf(25)); }
+
+} // namespace
+} // namespace pistaro
