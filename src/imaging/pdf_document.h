@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QBuffer>
+#include <QHashFunctions>
 #include <QPainter>
 #include <QPdfWriter>
 
@@ -24,6 +25,17 @@ public:
     std::string Bytes();
 
 private:
+    /// While it lives, new tables of hashed keys have an order that is the same on every run: the writer puts the fonts
+    /// that it embeds in such an order.
+    class SteadyOrder {
+    public:
+        SteadyOrder() { QHashSeed::setDeterministicGlobalSeed(); }
+        ~SteadyOrder() { QHashSeed::resetRandomGlobalSeed(); }
+        SteadyOrder(const SteadyOrder&) = delete;
+        SteadyOrder& operator=(const SteadyOrder&) = delete;
+    };
+
+    SteadyOrder order_;
     QByteArray bytes_;
     QBuffer buffer_{&bytes_};
     QPdfWriter writer_;

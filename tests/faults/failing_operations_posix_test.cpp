@@ -12,6 +12,7 @@
 #include "platform/fault.h"
 #include "report/guide.h"
 #include "stats/shopping_list.h"
+#include "storage/background_file.h"
 #include "storage/circuit_file.h"
 #include "storage/recent_circuits.h"
 #include "support/chain.h"
@@ -293,6 +294,54 @@ TEST_F(FailingCalls, OfWhatKeepsUnsavedWork) {
             recovery.Secure();
             EXPECT_THAT(CodesKept(folder), ElementsAre("C160 C159 C160")) << "as soon as the disk takes it";
             EXPECT_THAT(BytesOf(desk_.Circuit()), CircuitText("C160"));
+        }
+    }
+}
+
+TEST_F(FailingCalls, OfThePictureUnderUnsavedWork) {
+    const std::filesystem::path folder = desk_.Folder() / "share" / "recovery";
+    const auto picture = [](const char* bytes) {
+        return std::make_shared<const ScaledBackground>(
+            ScaledBackground{.Picture = std::make_shared<const std::string>(bytes), .CmPerPixel = 0.5});
+    };
+    const auto kept = [&] {
+        std::string names;
+        for (const RecoveredWork& work : FindRecoveredWork(folder)) {
+            const std::filesystem::path file = BackgroundFileOf(work.File);
+            names += std::filesystem::exists(file) ? *ReadBackground(file).Picture : "none";
+        }
+        return names;
+    };
+    for (const Failure& failure : Failures) {
+        for (int call = 1, failed = 1; failed > 0; ++call) {
+            desk_.Lay();
+            Session& session = desk_.Session();
+            Recovery recovery(
+                session, folder, [](const std::function<void()>& tell) { tell(); }, std::chrono::hours(1));
+            session.Do([&] { session.Project.Background = picture("old"); });
+            session.Run(*session.Commands.Find("add C160"));
+            recovery.Secure();
+            ASSERT_EQ(kept(), "old");
+            const std::size_t files = FilesIn(folder);
+
+            FailCall(desk_.Folder().string(), call, failure.Error);
+            session.Do([&] { session.Project.Background = picture("new"); });
+            session.Run(*session.Commands.Find("add C160"));
+            recovery.Secure();
+            const std::string what = StopFailing();
+            SCOPED_TRACE("call " + std::to_string(call) + ", error " + std::to_string(failure.Error) + ": " + what);
+            failed = what.empty() ? 0 : 1;
+
+            EXPECT_THAT(kept(), AnyOf("old", "new"));
+            EXPECT_EQ(FilesIn(folder), files) << "no temporary file";
+            if (kept() == "old") {
+                EXPECT_THAT(desk_.Faults(), ElementsAre(AllOf(StartsWith("Unsaved work is not kept: "), IsTold(failure),
+                                                              HasSubstr(folder.string()))));
+            }
+            EXPECT_EQ(*session.Project.Background->Picture, "new") << "what is worked on is as it was";
+            recovery.Secure();
+            EXPECT_EQ(kept(), "new") << "as soon as the disk takes it";
+            EXPECT_THAT(CodesKept(folder), ElementsAre("C160 C159 C160 C160"));
         }
     }
 }
