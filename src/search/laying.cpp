@@ -22,7 +22,7 @@ constexpr int AlikeRounds = 30;     ///< in a row in vain before a box is taken 
 constexpr std::size_t Parents = 4;  ///< of the largest loops, which others are made from
 
 /// The effort of one search, as LoopGrowth counts it.
-constexpr std::int64_t MostEffort = 44'000'000;
+constexpr std::int64_t MostEffort = 37'000'000;
 
 /// The same where it has not found so many circuits by then as were wished for: others are made from the largest ones.
 constexpr std::int64_t MostEffortForMore = MostEffort * 5 / 4;

@@ -6,22 +6,14 @@
 
 namespace pistaro {
 
+const std::array<Direction, HeadingCount> HeadingDirections = [] {
+    std::array<Direction, HeadingCount> all{};
+    for (int heading = 0; heading < HeadingCount; ++heading)
+        all[static_cast<std::size_t>(heading)] = Towards(AngleOf(heading));
+    return all;
+}();
+
 namespace {
-
-const std::array<Direction, HeadingCount>& Directions() {
-    static const auto directions = [] {
-        std::array<Direction, HeadingCount> all{};
-        for (int heading = 0; heading < HeadingCount; ++heading)
-            all[static_cast<std::size_t>(heading)] = Towards(AngleOf(heading));
-        return all;
-    }();
-    return directions;
-}
-
-GroundPoint Turned(GroundPoint point, int heading) {
-    const Direction across = Directions()[static_cast<std::size_t>(heading)];
-    return {point.X * across.X - point.Y * across.Y, point.X * across.Y + point.Y * across.X};
-}
 
 /// By how many headings a piece turns, to the left above 0; nothing where it leads off the lattice.
 std::optional<int> TurnOf(const PieceKind& kind) {
@@ -47,17 +39,6 @@ GroundPoint ExitPoint(const PieceKind& kind) {
 int NearestHeading(double angle) {
     const auto headings = static_cast<int>(std::lround(angle / AngleOf(1)) % HeadingCount);
     return (headings + HeadingCount) % HeadingCount;
-}
-
-SearchPose Beyond(const SearchPose& frame, const SearchPose& pose) {
-    const GroundPoint turned = Turned({pose.X, pose.Y}, frame.Heading);
-    return {frame.X + turned.X, frame.Y + turned.Y, (frame.Heading + pose.Heading) % HeadingCount};
-}
-
-SearchPose Relative(const SearchPose& frame, const SearchPose& pose) {
-    const int back = (HeadingCount - frame.Heading) % HeadingCount;
-    const GroundPoint turned = Turned({pose.X - frame.X, pose.Y - frame.Y}, back);
-    return {turned.X, turned.Y, (pose.Heading + back) % HeadingCount};
 }
 
 std::vector<LayingStep> StepsOf(const Catalogue& catalogue, const ShapeCounts& shapes) {

@@ -27,11 +27,27 @@ struct SearchPose {
     int Heading = 0;     ///< 0 to HeadingCount - 1
 };
 
+/// The directions of the headings.
+extern const std::array<Direction, HeadingCount> HeadingDirections;
+
+/// The point turned about the origin.
+inline GroundPoint Turned(GroundPoint point, int heading) {
+    const Direction across = HeadingDirections[static_cast<std::size_t>(heading)];
+    return {point.X * across.X - point.Y * across.Y, point.X * across.Y + point.Y * across.X};
+}
+
 /// The pose that lies to `frame` as `pose` lies to the origin.
-SearchPose Beyond(const SearchPose& frame, const SearchPose& pose);
+inline SearchPose Beyond(const SearchPose& frame, const SearchPose& pose) {
+    const GroundPoint turned = Turned({pose.X, pose.Y}, frame.Heading);
+    return {frame.X + turned.X, frame.Y + turned.Y, (frame.Heading + pose.Heading) % HeadingCount};
+}
 
 /// How `pose` lies to `frame`.
-SearchPose Relative(const SearchPose& frame, const SearchPose& pose);
+inline SearchPose Relative(const SearchPose& frame, const SearchPose& pose) {
+    const int back = (HeadingCount - frame.Heading) % HeadingCount;
+    const GroundPoint turned = Turned({pose.X - frame.X, pose.Y - frame.Y}, back);
+    return {turned.X, turned.Y, (pose.Heading + back) % HeadingCount};
+}
 
 /// One hand of a shape.
 struct LayingStep {

@@ -135,7 +135,10 @@ QLayout* BoxFields::FilterFields() {
     return filter;
 }
 
-void BoxFields::Filter() { lstBox_->Filter(txtFilterBox_->text(), chkAllProducts_->isChecked()); }
+void BoxFields::Filter() {
+    chkAllProducts_->setEnabled(lstBox_->HasMine()); // else they are listed anyway
+    lstBox_->Filter(txtFilterBox_->text(), chkAllProducts_->isChecked());
+}
 
 void BoxFields::FillBox(const PieceBox& box) {
     lstBox_->Show(box);

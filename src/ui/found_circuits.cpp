@@ -140,6 +140,22 @@ std::vector<std::size_t> FoundCircuits::Chosen() const {
     return chosen;
 }
 
+void FoundCircuits::ShowHint(const QString& hint) {
+    if (hint == hint_) return;
+    hint_ = hint;
+    setAccessibleDescription(hint);
+    viewport()->update();
+}
+
+void FoundCircuits::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    if (count() > 0 || hint_.isEmpty()) return;
+    QPainter painter(viewport());
+    constexpr int margin = 24;
+    const QRect place = viewport()->rect().adjusted(margin, margin, -margin, -margin);
+    painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, hint_);
+}
+
 void FoundCircuits::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QListWidget::keyPressEvent(event);
     Opened();

@@ -25,6 +25,9 @@ public:
     void Show(const std::vector<FoundCircuit>& found, const std::vector<std::size_t>& places,
               const ScoreWeights& weights);
 
+    /// Says what to do in the place of circuits, while there are none.
+    void ShowHint(const QString& hint);
+
     /// Draws the pictures anew when they are shown next.
     void ForgetPictures() { pictures_.clear(); }
 
@@ -36,12 +39,14 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void Fill(QListWidgetItem& line, const FoundCircuit& found, std::size_t place, const ScoreWeights& weights);
 
     Session& session_;
     Design room_;
+    QString hint_;
     std::size_t kept_ = 0;
     std::vector<QIcon> pictures_; ///< by place among those found; those never shown have none
     bool hasChosen_ = false;      ///< the user has

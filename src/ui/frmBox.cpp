@@ -37,10 +37,19 @@ QString StandingText(BoxStanding standing, std::size_t count, bool isBoxEmpty) {
     return count == 0 ? "These pieces make no circuit in this room." : CountText(count) + "; there are no others.";
 }
 
+/// What stands in the place of circuits while there are none.
+QString HintFor(BoxStanding standing, bool varies) {
+    if (standing == BoxStanding::Runs) return "The first circuits come in a moment.";
+    if (standing != BoxStanding::Idle) return {};
+    return QString("1.  %1\n\n2.  Say how large the room is.\n\n3.  Press Search, and choose among the circuits.")
+        .arg(varies ? "The box holds the pieces of your design; add others, if you like."
+                    : "Fill the box: click a line and type how many you have, or add a set.");
+}
+
 } // namespace
 
 frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
-    : QDialog(parent), session_(session), step_(purpose == Purpose::Variations ? "Variation" : "Circuit from My Box"),
+    : QDialog(parent), session_(session), varies_(purpose == Purpose::Variations),
       begunWith_(session.Project.Design.Circuit), begunRun_(SelectedRun(session)),
       fields_(new BoxFields(
           session, purpose, [this] { ShowStanding(); }, [this] { ShowFound(); })),
@@ -52,12 +61,11 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
               QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
           },
           [this] { Hear(); }, [this](const JobEnd& end) { session_.Do(end); }) {
-    const bool varies = purpose == Purpose::Variations;
-    setObjectName(varies ? "frmVariations" : "frmBox");
-    setWindowTitle(varies ? "Variations" : "Circuits from My Box");
+    setObjectName(varies_ ? "frmVariations" : "frmBox");
+    setWindowTitle(varies_ ? "Variations" : "Circuits from My Box");
     auto* const found = new QHBoxLayout;
     found->addLayout(Circuits(), 3);
-    found->addLayout(Chosen(varies ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 2);
+    found->addLayout(Chosen(varies_ ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 2);
     auto* const right = new QVBoxLayout;
     right->addLayout(found, 1);
     right->addWidget(weights_);
@@ -198,6 +206,7 @@ void frmBox::ShowStanding() {
     const BoxStanding standing = search_.Standing();
     const bool isBoxEmpty = fields_->Wish().Box.Total() == 0;
     lblFound_->setText(StandingText(standing, search_.Found().size(), isBoxEmpty));
+    lstCircuits_->ShowHint(HintFor(standing, varies_));
     cmdSearch_->setEnabled(!isBoxEmpty);
     cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Search for circuits from the beginning");
     cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "St&op" : "&Continue");
@@ -230,8 +239,10 @@ void frmBox::OpenChosen() {
     const std::vector<std::size_t> chosen = lstCircuits_->Chosen();
     if (chosen.size() != 1) return;
     bool isOpen = false;
-    session_.Do(
-        [&] { isOpen = OpenAsNew(session_, step_, room_, search_.Found()[chosen.front()].Circuit.Track, opened_); });
+    session_.Do([&] {
+        isOpen = OpenAsNew(session_, varies_ ? "Variation" : "Circuit from My Box", room_,
+                           search_.Found()[chosen.front()].Circuit.Track, opened_);
+    });
     if (isOpen) close();
 }
 

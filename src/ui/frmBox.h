@@ -47,7 +47,7 @@ private:
     void KeepChosen();
 
     Session& session_;
-    const char* const step_; ///< of undo, which opening a circuit is
+    const bool varies_; ///< a design
     const Circuit begunWith_;
     const ElementRun begunRun_;
     BoxFields* const fields_;

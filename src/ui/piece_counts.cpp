@@ -22,6 +22,7 @@ enum Column { CodeColumn, CountColumn, NoneColumn, OwnedColumn, NameColumn };
 int RowOf(const QTreeWidgetItem& line) { return line.data(CodeColumn, Qt::UserRole).toInt(); }
 int CountOf(const QTreeWidgetItem& line) { return line.data(CountColumn, Qt::EditRole).toInt(); }
 int OwnedOf(const QTreeWidgetItem& line) { return line.data(OwnedColumn, Qt::UserRole).toInt(); }
+bool IsMine(const QTreeWidgetItem& line) { return CountOf(line) > 0 || OwnedOf(line) > 0; }
 
 /// Takes whole numbers that a box may hold, in the column of counts alone.
 class CountDelegate : public QStyledItemDelegate {
@@ -41,6 +42,8 @@ public:
 class ButtonDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget*, const QStyleOptionViewItem&, const QModelIndex&) const override { return nullptr; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyledItemDelegate::paint(painter, option, index);
@@ -131,12 +134,19 @@ void PieceCounts::ShowCount(QTreeWidgetItem& line, int count) {
 /// A click anywhere but on a button is for the line's count, the only thing to edit there.
 void PieceCounts::Click(QTreeWidgetItem& line, int column) {
     const bool isButton = line.data(column, Qt::AccessibleTextRole).isValid();
-    if (isButton && (column == NoneColumn || column == OwnedColumn)) {
-        ShowCount(line, column == NoneColumn ? 0 : OwnedOf(line));
-        return TellChange();
-    }
-    setCurrentItem(&line, CountColumn); // Tab goes on from there
-    editItem(&line, CountColumn);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setCurrentItem(&line, CountColumn); // keys and Tab go on from there
+    setEditTriggers(QAbstractItemView::AllEditTriggers);
+    if (!isButton) return editItem(&line, CountColumn);
+    ShowCount(line, column == NoneColumn ? 0 : OwnedOf(line));
+    TellChange();
+}
+
+/// Tab goes from count to count.
+QModelIndex PieceCounts::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action == MoveNext) action = MoveDown;
+    if (action == MovePrevious) action = MoveUp;
+    return QTreeWidget::moveCursor(action, modifiers).siblingAtColumn(CountColumn);
 }
 
 void PieceCounts::keyPressEvent(QKeyEvent* event) {
@@ -162,16 +172,20 @@ void PieceCounts::ShowOwned(const PieceBox& owned) {
     }
 }
 
+bool PieceCounts::HasMine() const {
+    for (int place = 0; place < topLevelItemCount(); ++place) {
+        if (IsMine(*topLevelItem(place))) return true;
+    }
+    return false;
+}
+
 void PieceCounts::Filter(const QString& text, bool all) {
-    const auto isMine = [](const QTreeWidgetItem& line) { return CountOf(line) > 0 || OwnedOf(line) > 0; };
-    bool hasMine = false;
-    for (int place = 0; place < topLevelItemCount(); ++place)
-        hasMine = hasMine || isMine(*topLevelItem(place));
+    const bool mineAlone = !all && HasMine();
     for (int place = 0; place < topLevelItemCount(); ++place) {
         QTreeWidgetItem& line = *topLevelItem(place);
         const bool holdsText = line.text(CodeColumn).contains(text, Qt::CaseInsensitive) ||
                                line.text(NameColumn).contains(text, Qt::CaseInsensitive);
-        line.setHidden(text.isEmpty() ? !all && hasMine && !isMine(line) : !holdsText);
+        line.setHidden(text.isEmpty() ? mineAlone && !IsMine(line) : !holdsText);
     }
 }
 

@@ -25,7 +25,11 @@ public:
     /// box, if there are any.
     void Filter(const QString& text, bool all);
 
+    /// Whether a product is owned or in the box.
+    bool HasMine() const;
+
 protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
