@@ -165,6 +165,7 @@ void AddTrackChanges(std::vector<Command>& rows) {
                     .Caption = "Delete",
                     .Tip = "Take the selected element out of the track",
                     .Key = "Del",
+                    .OtherKey = "Backspace",
                     .WhyNot = ElementSelected,
                     .Run = OnDesign(DeleteElement),
                     .Step = [](const Session& session) { return "Delete " + SelectedProduct(session); }});

@@ -120,7 +120,7 @@ bool CanvasPointer::Handle(QEvent& event) {
         ShowTip(static_cast<QHelpEvent&>(event));
         return true;
     case QEvent::ContextMenu:
-        OpenMenu(static_cast<QContextMenuEvent&>(event));
+        OpenMenu(PlaceOfMenu(static_cast<QContextMenuEvent&>(event)));
         return true;
     case QEvent::Enter:
         // The space bar, which pans here, would press the button that was pressed last.
@@ -298,10 +298,21 @@ void CanvasPointer::ShowTip(const QHelpEvent& event) {
                        &view_);
 }
 
-void CanvasPointer::OpenMenu(const QContextMenuEvent& event) {
+/// The mouse, or where the keyboard asks for the menu, the selected piece.
+QPoint CanvasPointer::PlaceOfMenu(const QContextMenuEvent& event) const {
+    const PieceAddress selected{Now().EditState.CurrentTrack, Now().EditState.SelectedElement()};
+    const bool byKey = event.reason() == QContextMenuEvent::Keyboard && selected.Element >= 0;
+    const auto placement = byKey ? PlacementOf(session_.Catalogue, Now().Design.Circuit, selected) : std::nullopt;
+    if (!placement) return event.globalPos();
+    const GroundPoint middle = MiddleOf(GroundOf(*placement));
+    const QPointF place = view_.PlaceOf({static_cast<float>(middle.X), static_cast<float>(middle.Y)});
+    return view_.mapToGlobal(place.toPoint());
+}
+
+void CanvasPointer::OpenMenu(QPoint global) {
     auto* const menu = new PieceMenu(session_, controls_, &view_);
     menu->PointedAt = PointedAtInMenu;
-    menu->popup(event.globalPos());
+    menu->popup(global);
 }
 
 BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers keys) {

@@ -36,6 +36,9 @@ public:
     /// would replace the selected one.
     std::function<void(const std::string& code, bool replaces)> PointedAtInMenu = [](const std::string&, bool) {};
 
+    /// Opens the menu of what can be done with the selected piece at a place of the screen.
+    void OpenMenu(QPoint global);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -50,7 +53,7 @@ private:
     bool Pinch(const QNativeGestureEvent& event);
     bool Pinch(const QGestureEvent& event);
     void ShowTip(const QHelpEvent& event);
-    void OpenMenu(const QContextMenuEvent& event);
+    QPoint PlaceOfMenu(const QContextMenuEvent& event) const;
 
     void Select(QPointF place, bool andAllBetween = false);
     void PanTo(QPointF place);

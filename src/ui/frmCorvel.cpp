@@ -94,6 +94,7 @@ frmCorvel::frmCorvel(Session& session)
         pointedAt_ = place;
         ShowPlace();
     };
+    track_->MenuWanted = [this](QPoint global) { pointer_->OpenMenu(global); };
     session_.Windows = &dialogs_;
     observation_ = session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});

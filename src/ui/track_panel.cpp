@@ -104,6 +104,9 @@ QWidget* TrackPanel::Elements() {
             SelectElement(session_.Project.Design.Circuit, session_.Project.EditState, lstTrack_->currentRow());
         });
     });
+    lstTrack_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(lstTrack_, &QWidget::customContextMenuRequested, this,
+            [this](QPoint place) { MenuWanted(lstTrack_->viewport()->mapToGlobal(place)); });
     column->addWidget(lstTrack_, 1);
     lblselected_->setObjectName("lblselected");
     lblselected_->setTextFormat(Qt::PlainText); // a file may hold any text as an element

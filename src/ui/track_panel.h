@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QListWidget>
 
+#include <functional>
+
 namespace pistaro {
 
 class TrackPanel : public QWidget {
@@ -14,6 +16,9 @@ public:
 
     /// Shows the elements of the chosen track and the selected one.
     void Refresh();
+
+    /// Called with the place of the screen at which the menu of the selected element is asked for.
+    std::function<void(QPoint)> MenuWanted = [](QPoint) {};
 
 protected:
     /// Shift and a click or an arrow key in the list select a run.

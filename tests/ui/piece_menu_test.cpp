@@ -100,6 +100,33 @@ TEST_F(PieceMenus, ShowsAPieceOfItsAsAGhostWhereItWouldLie) {
     menu.close();
 }
 
+TEST_F(PieceMenus, OpensOnTheListOfElements) {
+    Open(ProjectOf("C160 C159"));
+    const QPoint line = List().visualItemRect(List().item(1)).center();
+
+    QTest::mouseClick(List().viewport(), Qt::RightButton, {}, line);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, line, List().viewport()->mapToGlobal(line));
+    QApplication::sendEvent(List().viewport(), &event);
+    QMenu& menu = *Picture().findChild<QMenu*>("mnuPiece");
+    EXPECT_EQ(menu.actions().at(0)->text(), "C159 · element 1 of track 1");
+    menu.findChild<QAction*>("cmdDelete")->trigger();
+
+    EXPECT_EQ(Codes(), "C160");
+    menu.close();
+}
+
+TEST_F(PieceMenus, OpensByItsKeyWhereTheSelectedPieceLies) {
+    Open(ProjectOf("C160 C160"));
+    ClickLine(1);
+
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {1, 1}, Picture().mapToGlobal(QPoint(1, 1)));
+    QApplication::sendEvent(&Picture(), &event);
+
+    QMenu& menu = *Picture().findChild<QMenu*>("mnuPiece");
+    EXPECT_EQ(menu.pos(), Picture().mapToGlobal(At(7.75F, 52.5F)));
+    menu.close();
+}
+
 TEST_F(PieceMenus, TellsWhyWhatCannotBeDone) {
     Open(ProjectOf("C160 C154L"));
     QMenu& menu = OpenMenu(At(8, 17));
