@@ -186,8 +186,8 @@ void Measure(const NamedBox& box, const std::string& roomName, const RoomPolygon
     sums.Slowest = std::max(sums.Slowest, seconds);
     std::printf("%-14s %-12s %3d circuits%s   best uses %3.0f %%, mean %3.0f %%   %5.2f s   %d wrong   "
                 "floor: box %3.0f %%, laid %3.0f %%\n",
-                box.Name, roomName.c_str(), count, laying.AreAll ? ", all" : "     ", best * 100, mean * 100, seconds, wrong,
-                AreaOf(task.Box) / AreaOf(room) * 100, densest * 100);
+                box.Name, roomName.c_str(), count, laying.AreAll ? ", all" : "     ", best * 100, mean * 100, seconds,
+                wrong, AreaOf(task.Box) / AreaOf(room) * 100, densest * 100);
     std::fflush(stdout);
 }
 
