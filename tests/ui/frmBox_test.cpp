@@ -108,13 +108,20 @@ TEST_F(MyBox, TakesCountsThatAreTyped) {
 
 TEST_F(MyBox, GoesOnToTheNextCountWithTab) {
     OpenBox();
-    QTreeWidgetItem* const first = Box().topLevelItem(0);
-    QTest::mouseClick(Box().viewport(), Qt::LeftButton, {}, Box().visualItemRect(first).center());
+    const auto editor = [&]() -> QSpinBox* {
+        for (QSpinBox* const box : Box().findChildren<QSpinBox*>()) {
+            if (box->isVisible()) return box;
+        }
+        throw std::logic_error("no count is edited");
+    };
+    QTest::mouseClick(Box().viewport(), Qt::LeftButton, {}, Box().visualItemRect(Box().topLevelItem(0)).center());
 
-    QTest::keyClicks(QApplication::focusWidget(), "12");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QTest::keyClicks(QApplication::focusWidget(), "3");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    editor()->selectAll();
+    QTest::keyClicks(editor(), "12");
+    QTest::keyClick(editor(), Qt::Key_Tab);
+    editor()->selectAll();
+    QTest::keyClicks(editor(), "3");
+    QTest::keyClick(editor(), Qt::Key_Return);
 
     EXPECT_TRUE(QTest::qWaitFor([&] { return Box().Box().Total() == 15; }));
     EXPECT_EQ(Box().topLevelItem(0)->text(1), "12");
