@@ -117,8 +117,9 @@ protected:
     std::vector<QObject*> Controls() {
         std::vector<QObject*> controls;
         for (QAbstractButton* const button : Window->findChildren<QAbstractButton*>()) {
-            // The strip of suggestions has buttons of its own, as a dialog has.
-            const bool isOfStrip = Find<QWidget>("fraSuggestions").isAncestorOf(button);
+            // The strips have buttons of their own, as dialogs have.
+            const bool isOfStrip = Find<QWidget>("fraSuggestions").isAncestorOf(button) ||
+                                   Find<QWidget>("fraBalance").isAncestorOf(button);
             // The toolkit's own scroll the tabs of panels, or close these.
             const bool isToolkits =
                 button->objectName().startsWith("qt_") || qobject_cast<QTabBar*>(button->parent()) != nullptr;
