@@ -36,9 +36,9 @@ BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vecto
     : QObject(&view), session_(session), view_(view), told_(std::move(told)), chip_(new TimesChip(*view.window())) {
     for (QToolButton* const piece : pieces)
         piece->installEventFilter(this);
-    // Lists would look for a digit among their lines.
+    // Lists would look for a digit among their lines; those that are typed into keep it.
     for (auto* const list : view.window()->findChildren<QAbstractItemView*>())
-        list->installEventFilter(this);
+        if (!(list->editTriggers() & QAbstractItemView::AnyKeyPressed)) list->installEventFilter(this);
     view.window()->installEventFilter(this);
     view.installEventFilter(this);
     ShowEnds();
@@ -47,7 +47,7 @@ BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vecto
 void BuildingHand::Refresh() {
     ShowEnds();
     chip_->ShowTimes(session_.Times);
-    if (!code_.empty() && !dragged_) PointAt(code_);
+    if (!code_.empty() && !dragged_) ShowGhost(PlacePointedAt());
 }
 
 bool BuildingHand::eventFilter(QObject* watched, QEvent* event) {
@@ -72,16 +72,23 @@ bool BuildingHand::OnKey(const QKeyEvent& key) {
     return true;
 }
 
-void BuildingHand::PointAt(const std::string& code) {
-    if (dragged_) return; // what the mouse passes on its way does not matter
-    code_ = code;
-    ShowGhost(ButtonPlace(session_.Catalogue, Now(), Held()));
-}
+void BuildingHand::PointAt(const std::string& code) { PointAt(code, Pointing::AtButton); }
 
 void BuildingHand::PointAtSelected(const std::string& code, bool replaces) {
-    if (code.empty()) return PointAt("");
+    PointAt(code, replaces ? Pointing::AtReplacement : Pointing::AtInsertion);
+}
+
+void BuildingHand::PointAt(const std::string& code, Pointing pointing) {
+    if (dragged_) return; // what the mouse passes on its way does not matter
     code_ = code;
-    ShowGhost(SelectedPlace(session_.Catalogue, Now(), replaces));
+    pointing_ = pointing;
+    ShowGhost(PlacePointedAt());
+}
+
+std::optional<DropPlace> BuildingHand::PlacePointedAt() const {
+    if (code_.empty()) return std::nullopt;
+    if (pointing_ == Pointing::AtButton) return ButtonPlace(session_.Catalogue, Now(), Held());
+    return SelectedPlace(session_.Catalogue, Now(), pointing_ == Pointing::AtReplacement);
 }
 
 bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
@@ -89,7 +96,9 @@ bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
         PointAt(TagOf(button));
     } else if (event.type() == QEvent::Leave && !dragged_) {
         PointAt("");
-    } else if (event.type() == QEvent::MouseMove && button.isEnabled() && !letGo_) {
+    } else if (event.type() == QEvent::MouseMove && letGo_) {
+        return true; // which would press the button again that came up when the piece was dragged off it
+    } else if (event.type() == QEvent::MouseMove && button.isEnabled()) {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
         if (!(mouse.buttons() & Qt::LeftButton)) return false;
         code_ = TagOf(button);
@@ -173,7 +182,8 @@ std::string BuildingHand::WordsAt(const DropPlace& place) const {
     const Circuit& circuit = Now().Design.Circuit;
     const CatalogueEntry& piece = *session_.Catalogue.Find(code_);
     const int left = LeftInBox(session_.Catalogue, CountUsed(session_.Catalogue, circuit), Now().Stock, piece);
-    std::string words = (session_.Times > 1 ? std::to_string(session_.Times) + " × " : "") + PieceCaption(code_);
+    const int times = TimesAt(place);
+    std::string words = (times > 1 ? std::to_string(times) + " × " : "") + PieceCaption(code_);
     if (place.Replaces) words += " in place of " + PieceCaption(SelectedCode(circuit, Now().EditState));
     return words + " · " + std::to_string(left) + " left · " + GapWith(session_.Catalogue, Now(), place, Held());
 }
@@ -188,9 +198,10 @@ void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
     const Colour colour = view_.Colours().Active;
     const PieceKind& kind = session_.Catalogue.Find(code_)->Kind;
     BuildCursor end = place->At;
-    for (int i = 0; i < session_.Times; ++i)
+    const int times = TimesAt(*place);
+    for (int i = 0; i < times; ++i)
         end = ExitOf(kind, end);
-    const std::vector<std::string> codes(static_cast<std::size_t>(session_.Times), code_);
+    const std::vector<std::string> codes(static_cast<std::size_t>(times), code_);
     view_.SetOverlay(GhostOverlay, {OverlayPieces{codes, place->At, place->CodeBefore, colour},
                                     OverlayText{MiddleAt(end, kind.Width), WordsAt(*place), colour}});
     ShowDisplaced(*place, end);

@@ -36,12 +36,21 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// On what the mouse is: each lays its piece at a place of its own.
+    enum class Pointing { AtButton, AtInsertion, AtReplacement };
+
     bool OnKey(const QKeyEvent& key);
     bool OnPiece(QToolButton& button, const QEvent& event);
     bool OnCarried(const QEvent& event);
     void TakeDigit(int digit);
 
+    void PointAt(const std::string& code, Pointing pointing);
+    /// Where a press would lay the piece; nothing where it is on none.
+    std::optional<DropPlace> PlacePointedAt() const;
+
     HeldPiece Held() const { return {code_, session_.Times}; }
+    /// How often it is laid there: it takes another one's place once.
+    int TimesAt(const DropPlace& place) const { return place.Replaces ? 1 : session_.Times; }
     std::string WordsAt(const DropPlace& place) const;
     void ShowGhost(const std::optional<DropPlace>& place);
     /// Shows the room that is made: what lies behind the place fades there, and stands lightly where it would come to
@@ -62,7 +71,8 @@ private:
     Session& session_;
     CircuitView& view_;
     std::function<void()> told_;
-    std::string code_;               ///< of the piece that is pointed at or dragged
+    std::string code_; ///< of the piece that is pointed at or dragged
+    Pointing pointing_ = Pointing::AtButton;
     bool dragged_ = false;           ///< it is held over the drawing
     bool carried_ = false;           ///< it is none of a button's: the drawing has the mouse
     bool letGo_ = false;             ///< by Esc: its button is still down

@@ -222,6 +222,23 @@ TEST_F(BuildingByHand, EscLetsGoOfAPieceThatIsDragged) {
     EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Add C159");
 }
 
+TEST_F(BuildingByHand, APieceThatEscLetGoOfIsNotAddedByItsButtonEither) {
+    Open(ProjectOf("C160 C160"));
+    QAbstractButton& button = Piece("C159");
+
+    Drag("C159", 12, 80, false);
+    QTest::keyClick(&button, Qt::Key_Escape);
+    const QPoint back = PlaceIn(button);
+    QMouseEvent move(QEvent::MouseMove, back, button.mapToGlobal(back), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&button, &move);
+    EXPECT_FALSE(button.isDown());
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, back);
+    EXPECT_EQ(Codes(), "C160 C160");
+
+    Click("cmdElement", "C159");
+    EXPECT_EQ(Codes(), "C160 C160 C159") << "the next click is one as ever";
+}
+
 TEST_F(BuildingByHand, APieceDraggedBetweenTwoIsPutInAsOneStep) {
     Open(ProjectOf("C160 C160"));
 

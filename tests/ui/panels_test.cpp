@@ -260,6 +260,22 @@ TEST_F(Panels, WhatIsTypedIntoTheMoneyPanelIsSaved) {
     EXPECT_TRUE(Prompts.Told.empty());
 }
 
+TEST_F(Panels, AnOwnedCountTypedOverAnotherKeepsItsFirstDigit) {
+    OpenWithSettings(ProjectOf("C160 C160"));
+    ShowPanel("mnuMoney");
+    QTreeWidget& list = Tree("lstMoney");
+    list.setCurrentItem(list.topLevelItem(0), 3);
+    list.setFocus();
+
+    QTest::keyClick(&list, Qt::Key_1);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_2);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::qWait(1);
+
+    EXPECT_EQ(Project.Stock[Pieces().FindRow("C160")].OwnedCount, 12);
+    EXPECT_EQ(Session->Times, 1) << "it says nothing of the next piece";
+}
+
 TEST_F(Panels, WhatIsNoNumberIsToldAndLeftAsItWas) {
     OpenWithSettings(ProjectOf("C160"));
     ShowPanel("mnuMoney");
