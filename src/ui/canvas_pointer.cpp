@@ -9,6 +9,7 @@
 #include "text/number_text.h"
 #include "ui/named_controls.h"
 #include "ui/piece_menu.h"
+#include "ui/strip.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -36,6 +37,14 @@ constexpr int PixelsPerTurn = 40; ///< of a drag that turns, for each step of th
 
 bool IsTouchPad(const QWheelEvent& event) {
     return event.phase() != Qt::NoScrollPhase || event.device()->type() == QInputDevice::DeviceType::TouchPad;
+}
+
+/// Whether it is a button of the view's window, and none of a strip's, which goes on being used by its keys.
+bool IsCommandButton(const QWidget* widget, const CircuitView& view) {
+    if (qobject_cast<const QAbstractButton*>(widget) == nullptr || widget->window() != view.window()) return false;
+    while (widget != nullptr && dynamic_cast<const Strip*>(widget) == nullptr)
+        widget = widget->parentWidget();
+    return widget == nullptr;
 }
 
 OverlayPath OutlineOf(const PiecePlacement& placement, Colour colour, double pixels) {
@@ -124,8 +133,7 @@ bool CanvasPointer::Handle(QEvent& event) {
         return true;
     case QEvent::Enter:
         // The space bar, which pans here, would press the button that was pressed last.
-        if (qobject_cast<QAbstractButton*>(QApplication::focusWidget()) != nullptr)
-            view_.setFocus(Qt::MouseFocusReason);
+        if (IsCommandButton(QApplication::focusWidget(), view_)) view_.setFocus(Qt::MouseFocusReason);
         return false;
     case QEvent::Leave:
         PointAt(std::nullopt);

@@ -2,6 +2,7 @@
 #include "ui/window_fixture.h"
 
 #include <QEnterEvent>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -268,6 +269,22 @@ TEST_F(CanvasPointers, TheSpaceBarPansWhereAButtonWasPressedBefore) {
 
     EXPECT_EQ(Codes(), "") << "it adds no piece";
     EXPECT_TRUE(Picture().hasFocus());
+}
+
+TEST_F(CanvasPointers, AButtonOfAnotherWindowKeepsTheKeyboard) {
+    Open();
+    Piece("C160").setFocus();
+    QPushButton other("Other");
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    other.setFocus();
+
+    QEnterEvent enter(QPointF(50, 50), QPointF(50, 50), Picture().mapToGlobal(QPointF(50, 50)));
+    QApplication::sendEvent(&Picture(), &enter);
+
+    EXPECT_EQ(QApplication::focusWidget(), &other);
+    EXPECT_EQ(Window->focusWidget(), &Piece("C160")) << "and this window's own stays where it was";
 }
 
 TEST_F(CanvasPointers, AClickThatHardlyMovesMovesNoTrack) {

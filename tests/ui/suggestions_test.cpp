@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEnterEvent>
 #include <QSpinBox>
 
 #include <gmock/gmock.h>
@@ -244,6 +245,27 @@ TEST_F(Suggestions, OfOwnedPiecesOnlyTellWhenThereAreNone) {
     EXPECT_TRUE(Ghosts().empty());
     EXPECT_THAT(Text("lblSuggestion"),
                 StartsWith("Nothing closes it with up to 8 pieces of those that are owned and not used"));
+}
+
+TEST_F(Suggestions, KeepTheKeyboardWhileTheMouseCrossesTheDrawing) {
+    pistaro::Project project = ProjectOf(OpenOval);
+    SetStock(project, "C160", 4);
+    SetStock(project, "C151L", 8);
+    Open(project);
+    QTest::keyClick(Window.get(), Qt::Key_Return, Qt::ControlModifier);
+    Click("chkOwnedOnly");
+    ASSERT_TRUE(Find<QCheckBox>("chkOwnedOnly").hasFocus());
+
+    ASSERT_EQ(Ghosts(), pistaro::Codes("C151R")) << Text("lblSuggestion");
+    const QPoint piece = Canvas().PlaceOf({8, 17}).toPoint();
+    QEnterEvent enter(piece, piece, Picture().mapToGlobal(piece));
+    QApplication::sendEvent(&Picture(), &enter);
+    QTest::mouseMove(&Picture(), piece);
+    EXPECT_TRUE(Find<QCheckBox>("chkOwnedOnly").hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+
+    EXPECT_EQ(Codes(), std::string(OpenOval) + " C151R");
+    EXPECT_FALSE(Strip().isVisible());
 }
 
 TEST_F(Suggestions, GoWhenTheCircuitChanges) {
