@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace pistaro {
 
@@ -32,7 +33,7 @@ PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void(
     txtFindPiece_->setPlaceholderText("Find: chic, C80, 45 … (Ctrl+F)");
     txtFindPiece_->setAccessibleName("Find a piece");
     txtFindPiece_->setToolTip(
-        "Some of a piece's code, name or angle; Enter adds the first one found, Esc ends the search");
+        "Some of a piece's code, name or angle; Enter adds the chosen one, Esc ends the search");
     txtFindPiece_->installEventFilter(this);
     lstFoundPieces_->setAccessibleName("Pieces found");
     lstFoundPieces_->setIconSize(QSize(PieceIconSide, PieceIconSide));
@@ -90,7 +91,7 @@ void PieceFinder::Refresh() {
 
 bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Leave && watched == lstFoundPieces_->viewport()) pointedAt_("");
-    if (event->type() == QEvent::MouseMove && DragsOut(*event)) return true;
+    if (watched == lstFoundPieces_->viewport() && DragsOut(*event)) return true;
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<const QKeyEvent&>(*event).key();
     if (key == Qt::Key_Escape) {
@@ -111,12 +112,18 @@ bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
 
 /// The mouse takes the piece that its button went down on out of the list.
 bool PieceFinder::DragsOut(const QEvent& event) {
+    if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::MouseMove) return false;
     const auto& mouse = static_cast<const QMouseEvent&>(event);
-    const bool out = !lstFoundPieces_->viewport()->rect().contains(mouse.position().toPoint());
-    const CatalogueEntry* const piece = PieceOf(lstFoundPieces_->currentItem());
-    if (!(mouse.buttons() & Qt::LeftButton) || !out || piece == nullptr || session_.Project.EditState.ShowsAllTracks())
+    const QPoint place = mouse.position().toPoint();
+    if (event.type() == QEvent::MouseButtonPress) {
+        const CatalogueEntry* const piece = PieceOf(lstFoundPieces_->itemAt(place));
+        pressed_ = piece != nullptr && mouse.button() == Qt::LeftButton ? piece->Code : "";
         return false;
-    takenUp_(piece->Code);
+    }
+    const bool out = !lstFoundPieces_->viewport()->rect().contains(place);
+    if (!(mouse.buttons() & Qt::LeftButton) || !out || pressed_.empty() || session_.Project.EditState.ShowsAllTracks())
+        return false;
+    takenUp_(std::exchange(pressed_, ""));
     return true;
 }
 

@@ -45,6 +45,7 @@ private:
     const std::function<void(const std::string&)> pointedAt_, takenUp_;
     QLineEdit* const txtFindPiece_;
     QListWidget* const lstFoundPieces_;
+    std::string pressed_; ///< the code of the piece that the button went down on
 };
 
 } // namespace pistaro

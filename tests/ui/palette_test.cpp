@@ -155,6 +155,38 @@ TEST_F(PaletteTest, APieceFoundIsDraggedOntoTheDrawing) {
     EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
 }
 
+TEST_F(PaletteTest, ThePieceFoundThatTheButtonWentDownOnIsTheOneDragged) {
+    Open(ProjectOf("C160"));
+    Search("chic");
+    QWidget& found = *FoundPieces().viewport();
+    const auto middle = [this](int line) { return FoundPieces().visualItemRect(FoundPieces().item(line)).center(); };
+    ASSERT_EQ(FoundLines().at(1).substr(0, 5), "C8007");
+
+    QTest::mousePress(&found, Qt::LeftButton, {}, middle(1));
+    SendMove(found, middle(0));
+    SendMove(found, middle(0) + QPoint(FoundPieces().width() + 200, 0));
+    const QPoint end = Canvas().PlaceOf({8, 40}).toPoint();
+    SendMove(Picture(), end);
+    QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, end);
+
+    EXPECT_EQ(Codes(), "C160 C8007");
+}
+
+TEST_F(PaletteTest, WordsMarkedInTheSearchLineTakeNoPieceUp) {
+    Open(ProjectOf("C160"));
+    Search("hump");
+
+    QTest::mousePress(&Line(), Qt::LeftButton, {}, QPoint(30, Line().height() / 2));
+    SendMove(Line(), QPoint(5, Line().height() / 2));
+    SendMove(Line(), QPoint(Line().width() + 400, Line().height() / 2 + 200));
+
+    EXPECT_NE(QWidget::mouseGrabber(), &Picture());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+    QTest::mouseRelease(&Line(), Qt::LeftButton);
+    EXPECT_EQ(Codes(), "C160");
+}
+
 TEST_F(PaletteTest, ADigitBeforeASpecialPieceLaysSoMany) {
     Open();
 
