@@ -4,6 +4,15 @@
 
 namespace pistaro {
 
+namespace {
+
+/// "C160", "4 C160".
+std::string SoMany(const Session& session, const std::string& product) {
+    return (session.Times > 1 ? std::to_string(session.Times) + " " : "") + product;
+}
+
+} // namespace
+
 std::string OneTrackChosen(const Session& session) {
     return session.Project.EditState.ShowsAllTracks() ? "Choose a single track first." : "";
 }
@@ -38,8 +47,12 @@ std::string MenuText(const std::string& words) {
 
 std::string StepOfLaying(const Session& session, const std::string& product) {
     const EditState& edit = session.Project.EditState;
-    const std::string times = session.Times > 1 ? std::to_string(session.Times) + " " : "";
-    return (edit.InsertMode && edit.SelectedElement() >= 0 ? "Insert " : "Add ") + times + product;
+    if (edit.InsertMode && edit.SelectedElement() >= 0) return StepOfInserting(session, product);
+    return "Add " + SoMany(session, product);
+}
+
+std::string StepOfInserting(const Session& session, const std::string& product) {
+    return "Insert " + SoMany(session, product);
 }
 
 WindowWork::WindowWork(void (Windows::*show)()) : Run([show](Session& session) { (session.Windows->*show)(); }) {}

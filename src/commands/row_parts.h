@@ -21,6 +21,9 @@ std::string MenuText(const std::string& words);
 /// What laying a product is called, as often as the next press does it: "Add C160", "Insert 4 C160".
 std::string StepOfLaying(const Session& session, const std::string& product);
 
+/// The same where it is put before the selected element in either mode.
+std::string StepOfInserting(const Session& session, const std::string& product);
+
 /// What a row of the window alone is there for.
 struct WindowWork {
     WindowWork(void (Windows::*show)()); ///< opens a window

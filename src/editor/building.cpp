@@ -50,6 +50,15 @@ void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const
     }
 }
 
+void InsertBeforeSelected(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code,
+                          int times) {
+    EditState inserting = edit;
+    inserting.InsertMode = true;
+    AddPiece(catalogue, design, inserting, code, times);
+    inserting.InsertMode = edit.InsertMode;
+    edit = inserting;
+}
+
 int OwnedLessUsedPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code) {
     const CatalogueEntry* const piece = catalogue.Find(code);
     if (piece == nullptr) return 0;

@@ -21,6 +21,10 @@ void AddElement(Design& design, EditState& edit, const std::string& code);
 /// Scalextric. Fault when the track has no room for all of them; nothing changes then.
 void AddPiece(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code, int times = 1);
 
+/// Puts a piece before the selected element, so many times, as AddPiece does in Insert mode; the mode stays.
+void InsertBeforeSelected(const Catalogue& catalogue, Design& design, EditState& edit, const std::string& code,
+                          int times);
+
 /// What remains of the owned pieces of a button's shape: the number it shows while it is held, never below 0.
 int RemainingPieces(const Catalogue& catalogue, const Circuit& circuit, const Stock& stock, std::string_view code);
 

@@ -1,13 +1,12 @@
 #include "ui/piece_menu.h"
 
+#include "commands/building_commands.h"
 #include "commands/row_parts.h"
 #include "editor/building.h"
 #include "editor/palette_pieces.h"
 #include "ui/named_controls.h"
 #include "ui/piece_badge.h"
 #include "ui/piece_menu_style.h"
-
-#include <utility>
 
 namespace pistaro {
 
@@ -82,7 +81,8 @@ void PieceMenu::AddInsertions() {
     const CatalogueEntry* const selected = session_.Catalogue.Find(selected_);
     if (selected == nullptr) {
         pieces.menuAction()->setEnabled(false);
-        pieces.menuAction()->setToolTip(Shown(ElementSelected(session_)));
+        pieces.menuAction()->setToolTip(selected_.empty() ? Shown(ElementSelected(session_))
+                                                          : "The catalogue has no such piece.");
         return;
     }
     for (const CatalogueEntry& piece : session_.Catalogue)
@@ -96,21 +96,9 @@ void PieceMenu::AddInsertion(QMenu& menu, const CatalogueEntry& piece) {
     QAction* const entry = menu.addAction(Shown(std::string(ProductCode(piece.Code)) + "  " + piece.LongName));
     entry->setObjectName("mnuInsertBefore");
     entry->setToolTip("Put this one in front of the selected piece");
-    connect(entry, &QAction::triggered, this, [this, code = piece.Code] { Insert(code); });
+    connect(entry, &QAction::triggered, this,
+            [this, code = piece.Code] { session_.Do([&] { InsertBeforeCommand(session_, code); }); });
     Show(*entry, piece);
-}
-
-/// As in Insert mode, which stays as it was.
-void PieceMenu::Insert(const std::string& code) {
-    session_.Do([&] {
-        EditState inserting = session_.Project.EditState;
-        const bool mode = std::exchange(inserting.InsertMode, true);
-        const int times = session_.TakeTimes();
-        session_.NameStep("Insert " + (times > 1 ? std::to_string(times) + " " : "") + std::string(ProductCode(code)));
-        AddPiece(session_.Catalogue, session_.Project.Design, inserting, code, times);
-        inserting.InsertMode = mode;
-        session_.Project.EditState = inserting;
-    });
 }
 
 } // namespace pistaro

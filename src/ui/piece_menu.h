@@ -24,7 +24,6 @@ private:
     void AddInsertions();
     QMenu& AddPieces(const char* name, const char* title, bool replaces);
     void AddInsertion(QMenu& menu, const CatalogueEntry& piece);
-    void Insert(const std::string& code);
     void Show(QAction& entry, const CatalogueEntry& piece) const;
 
     Session& session_;

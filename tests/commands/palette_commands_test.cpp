@@ -1,4 +1,5 @@
 // Special pieces laid from the palette, the system that a loaded circuit is made of, samples, and the tour's begin.
+#include "commands/building_commands.h"
 #include "commands/circuit_commands.h"
 #include "commands/commands.h"
 
@@ -75,6 +76,34 @@ TEST_F(Palette, InInsertModeASpecialPieceThatDoesNotFitGoesBeforeTheSelectedOne)
 
     EXPECT_EQ(Codes(), "C277 C160 C159");
     EXPECT_EQ(Session.History().Caption(Session.History().Present()), "Insert C277");
+}
+
+TEST_F(Palette, APieceIsInsertedBeforeTheSelectedOneInEitherMode) {
+    Begin(Selecting("C160 C159", 1));
+    Session.Times = 2;
+    Session.Do([&] { InsertBeforeCommand(Session, "C158"); });
+    EXPECT_EQ(Codes(), "C160 C158 C158 C159");
+    EXPECT_EQ(Session.Project.EditState.SelectedElement(), 3) << "still the same";
+    EXPECT_FALSE(Session.Project.EditState.InsertMode);
+    EXPECT_EQ(Session.Times, 1);
+    EXPECT_EQ(Session.History().Caption(Session.History().Present()), "Insert 2 C158");
+
+    Session.Project.EditState.InsertMode = true;
+    Session.Do([&] { InsertBeforeCommand(Session, "C157"); });
+    EXPECT_EQ(Codes(), "C160 C158 C158 C157 C159");
+    EXPECT_TRUE(Session.Project.EditState.InsertMode);
+}
+
+TEST_F(Palette, WhatAFullTrackHasNoRoomForChangesNothing) {
+    Begin(ProjectOf("C160"));
+    Session.Project.Design.Circuit.Tracks[0].ElementCodes.resize(MaxElements, "C160");
+    Session.Project.EditState.CurrentElement[0] = 0;
+
+    Session.Do([&] { InsertBeforeCommand(Session, "C158"); });
+
+    EXPECT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_EQ(Session.Project.Design.Circuit.Tracks[0].ElementCodes.front(), "C160");
+    EXPECT_FALSE(Session.Project.EditState.InsertMode);
 }
 
 TEST_F(Palette, WithAllTracksChosenNoSpecialPieceIsLaid) {

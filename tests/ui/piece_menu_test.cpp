@@ -2,6 +2,7 @@
 #include "ui/window_fixture.h"
 
 #include <QContextMenuEvent>
+#include <QEnterEvent>
 
 namespace pistaro {
 namespace {
@@ -22,6 +23,14 @@ protected:
         for (QMenu* const menu : Picture().findChildren<QMenu*>("mnuPiece"))
             last = menu;
         return *last;
+    }
+    /// The same on the list of elements.
+    QMenu& OpenMenuOfLine(int line) {
+        const QPoint place = List().visualItemRect(List().item(line)).center();
+        QTest::mouseClick(List().viewport(), Qt::RightButton, {}, place);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, List().viewport()->mapToGlobal(place));
+        QApplication::sendEvent(List().viewport(), &event);
+        return *Picture().findChild<QMenu*>("mnuPiece");
     }
     /// The names of a menu's entries in another one.
     static std::string ShownIn(const QMenu& menu, const char* name) {
@@ -100,14 +109,45 @@ TEST_F(PieceMenus, ShowsAPieceOfItsAsAGhostWhereItWouldLie) {
     menu.close();
 }
 
+TEST_F(PieceMenus, ShowsOnePieceInThePlaceOfAnotherWhateverDigitWasTyped) {
+    Open(ProjectOf("C160 C160 C159"));
+    QMenu& menu = OpenMenu(At(8, 50));
+    QTest::keyClick(Window.get(), Qt::Key_2);
+
+    menu.findChild<QMenu*>("mnuReplacements")->actions().at(0)->hover();
+    const Overlay replacing = Canvas().OverlayOf("ghost");
+    EXPECT_EQ(std::get<OverlayPieces>(replacing.at(0)).Codes, (std::vector<std::string>{"C164"}));
+    EXPECT_EQ(std::get<OverlayText>(replacing.at(1)).Text, "C164 in place of C160 · 0 left · gap 87.5 cm");
+    EXPECT_EQ(std::get<OverlayText>(replacing.at(1)).Place, (WorldPoint{7.75F, 70}));
+
+    menu.findChild<QMenu*>("mnuInsertions")->actions().at(1)->hover();
+    const Overlay inserting = Canvas().OverlayOf("ghost");
+    EXPECT_EQ(std::get<OverlayPieces>(inserting.at(0)).Codes, (std::vector<std::string>{"C164", "C164"}));
+    menu.close();
+}
+
+TEST_F(PieceMenus, AGhostOfItsStaysWhereItIsWhenSomethingElseChanges) {
+    Open(ProjectOf("C160 C160 C159"));
+    QMenu& menu = OpenMenu(At(8, 50));
+    const auto start = [this] { return std::get<OverlayPieces>(Canvas().OverlayOf("ghost").at(0)).Start; };
+
+    for (const char* const pieces : {"mnuReplacements", "mnuInsertions"}) {
+        menu.findChild<QMenu*>(pieces)->actions().at(1)->hover();
+        Session->Do([&] { Session->Looks.Legend ^= true; });
+        EXPECT_EQ(start(), (BuildCursor{0, 35, 0})) << pieces;
+    }
+    menu.close();
+
+    const QPointF place(5, 5);
+    QEnterEvent enter(place, place, Piece("C158").mapToGlobal(place));
+    QApplication::sendEvent(&Piece("C158"), &enter);
+    Session->Do([&] { Session->Looks.Legend ^= true; });
+    EXPECT_EQ(start(), (BuildCursor{0, 87.5F, 0})) << "a button's, at the end";
+}
+
 TEST_F(PieceMenus, OpensOnTheListOfElements) {
     Open(ProjectOf("C160 C159"));
-    const QPoint line = List().visualItemRect(List().item(1)).center();
-
-    QTest::mouseClick(List().viewport(), Qt::RightButton, {}, line);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, line, List().viewport()->mapToGlobal(line));
-    QApplication::sendEvent(List().viewport(), &event);
-    QMenu& menu = *Picture().findChild<QMenu*>("mnuPiece");
+    QMenu& menu = OpenMenuOfLine(1);
     EXPECT_EQ(menu.actions().at(0)->text(), "C159 · element 1 of track 1");
     menu.findChild<QAction*>("cmdDelete")->trigger();
 
@@ -141,6 +181,16 @@ TEST_F(PieceMenus, TellsWhyWhatCannotBeDone) {
     EXPECT_FALSE(replace.isEnabled());
     EXPECT_EQ(replace.toolTip(), "No other piece has this one's shape.");
     ofHairpin.close();
+}
+
+TEST_F(PieceMenus, TellsWhyNothingGoesBeforeAnUnknownPiece) {
+    Open(ProjectOf("C160 X99"));
+    QMenu& menu = OpenMenuOfLine(1);
+
+    const QAction& insert = *menu.findChild<QMenu*>("mnuInsertions")->menuAction();
+    EXPECT_FALSE(insert.isEnabled());
+    EXPECT_EQ(insert.toolTip(), "The catalogue has no such piece.");
+    menu.close();
 }
 
 TEST_F(PieceMenus, StartHereRenumbersFromThePieceUnderTheMouse) {
