@@ -3,6 +3,7 @@
 #include "ui/named_controls.h"
 
 #include <QShowEvent>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -24,7 +25,7 @@ public:
 
 int HistoryLines::rowCount(const QModelIndex& parent) const {
     if (parent.isValid()) return 0;
-    return static_cast<int>(std::max<std::size_t>(1, session_.History().Count())); // the start alone, before any step
+    return lines_;
 }
 
 QVariant HistoryLines::data(const QModelIndex& index, int role) const {
@@ -49,6 +50,7 @@ QVariant HistoryLines::data(const QModelIndex& index, int role) const {
 
 void HistoryLines::Refresh() {
     beginResetModel();
+    lines_ = static_cast<int>(std::max<std::size_t>(1, session_.History().Count())); // the start alone, before any step
     endResetModel();
 }
 
@@ -66,7 +68,12 @@ HistoryDock::HistoryDock(Session& session)
 }
 
 void HistoryDock::Refresh() {
-    if (isVisible()) ShowSteps();
+    if (!isVisible() || waiting_) return;
+    waiting_ = true;
+    QTimer::singleShot(0, this, [this] {
+        waiting_ = false;
+        if (isVisible()) ShowSteps();
+    });
 }
 
 void HistoryDock::showEvent(QShowEvent* event) {

@@ -24,13 +24,14 @@ public:
 
 private:
     const Session& session_;
+    int lines_ = 1; ///< as the views know
 };
 
 class HistoryDock : public QDockWidget {
 public:
     explicit HistoryDock(Session& session);
 
-    /// To be called when something has changed.
+    /// To be called when something has changed; many changes at once have the list refilled once, when they are over.
     void Refresh();
 
 protected:
@@ -43,6 +44,7 @@ private:
     Session& session_;
     HistoryLines* const lines_;
     QListView* const lstHistory_;
+    bool waiting_ = false; ///< the list is to be refilled
 };
 
 } // namespace pistaro

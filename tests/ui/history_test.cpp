@@ -5,6 +5,7 @@
 #include "support/temporary_folder.h"
 
 #include <QListView>
+#include <QSignalSpy>
 
 #include <gmock/gmock.h>
 
@@ -125,11 +126,13 @@ TEST_F(HistoryInTheWindow, IsAListInWhichAClickGoesToAnyState) {
     EXPECT_THAT(TextsOf(list), ElementsAre("Start"));
     for (const char* const code : {"C160", "C151L", "C151R"})
         Click("cmdElement", code);
+    QApplication::processEvents();
     EXPECT_THAT(TextsOf(list), ElementsAre("Start", "Add C160", "Add C151", "Add C151")) << "it follows";
     EXPECT_THAT(BoldStates(list), ElementsAre(3));
 
     ClickState(list, 1);
     EXPECT_EQ(Codes(), "C160");
+    QApplication::processEvents();
     EXPECT_THAT(BoldStates(list), ElementsAre(1));
     EXPECT_EQ(list.currentIndex().row(), 1);
     ClickState(list, 3);
@@ -137,6 +140,29 @@ TEST_F(HistoryInTheWindow, IsAListInWhichAClickGoesToAnyState) {
     ClickState(list, 0);
     EXPECT_EQ(Codes(), "");
     EXPECT_EQ(TextsOf(list).size(), 4U) << "what was undone is still there";
+}
+
+TEST_F(HistoryInTheWindow, ListIsRefilledOnceAfterManyStepsAndOnlyWhileItIsShown) {
+    Open();
+    Press(Qt::Key_H);
+    QTest::qWait(20);
+    const auto& list = Find<QListView>("lstHistory");
+    const QSignalSpy refills(list.model(), &QAbstractItemModel::modelReset);
+
+    Click("cmdElement", "C160", 3);
+    EXPECT_EQ(refills.count(), 0) << "no step waits for it";
+    QApplication::processEvents();
+    EXPECT_EQ(refills.count(), 1);
+    EXPECT_EQ(list.currentIndex().row(), 3);
+
+    Press(Qt::Key_H);
+    QTest::qWait(20);
+    ASSERT_FALSE(list.isVisible());
+    Click("cmdElement", "C160");
+    QTest::qWait(20);
+    EXPECT_EQ(refills.count(), 1) << "it is put away";
+    Press(Qt::Key_H);
+    EXPECT_EQ(TextsOf(list).size(), 5U);
 }
 
 TEST_F(HistoryInTheWindow, ListStepsByTheKeyboard) {
@@ -168,6 +194,7 @@ TEST_F(HistoryInTheWindow, ListStandsBesideTheDrawingUntilItsKeyPutsItAway) {
     EXPECT_LT(Picture().width(), width);
     EXPECT_GT(Picture().width(), width - 320) << "it leaves the drawing its room";
     Click("cmdElement", "C160");
+    QApplication::processEvents();
     EXPECT_THAT(TextsOf(Find<QListView>("lstHistory")), ElementsAre("Start", "Add C160"));
 
     Press(Qt::Key_H);
