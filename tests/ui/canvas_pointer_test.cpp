@@ -284,6 +284,9 @@ TEST_F(CanvasPointers, AButtonOfAnotherWindowKeepsTheKeyboard) {
     QApplication::sendEvent(&Picture(), &enter);
 
     EXPECT_EQ(QApplication::focusWidget(), &other);
+    EXPECT_FALSE(Picture().hasFocus());
+    Window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
     EXPECT_EQ(Window->focusWidget(), &Piece("C160")) << "and this window's own stays where it was";
 }
 

@@ -131,8 +131,9 @@ TEST_F(PieceMenus, AGhostOfItsStaysWhereItIsWhenSomethingElseChanges) {
     QMenu& menu = OpenMenu(At(8, 50));
     const auto start = [this] { return std::get<OverlayPieces>(Canvas().OverlayOf("ghost").at(0)).Start; };
 
+    QTest::keyClick(Window.get(), Qt::Key_2);
     for (const char* const pieces : {"mnuReplacements", "mnuInsertions"}) {
-        menu.findChild<QMenu*>(pieces)->actions().at(1)->hover();
+        menu.findChild<QMenu*>(pieces)->actions().at(0)->hover();
         Session->Do([&] { Session->Looks.Legend ^= true; });
         EXPECT_EQ(start(), (BuildCursor{0, 35, 0})) << pieces;
     }
