@@ -78,6 +78,15 @@ TEST_F(FrmPrint, LeavesTilesWithWallsAloneOutUnlessTheyAreTicked) {
     EXPECT_FALSE(Find<QWidget>("chkWalls").isEnabled());
 }
 
+TEST_F(FrmPrint, CountsOneTileThatIsLeftWithoutItsWallsAsOneSheet) {
+    PlannedSheets sheets;
+    sheets.Plan.Tiled = true;
+    sheets.Plan.Sheets.resize(1);
+    sheets.Plan.LeftOut = 4;
+
+    EXPECT_EQ(SheetsText(sheets), "1 sheet at 1:1; 4 with walls alone left out");
+}
+
 TEST_F(FrmPrint, PreviewsEachSheet) {
     ChooseScale(1);
     const int overview = Ink();
