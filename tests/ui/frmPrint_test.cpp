@@ -166,6 +166,7 @@ TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
     Choose("cboPaper", 6);
     Press("chkNumbers");
     Press("chkRoom");
+    Find<QCheckBox>("chkWalls").setChecked(true);
     prompts_.Files.push_back(folder_ / "x.pdf");
     Press("cmdPdf");
     EXPECT_EQ(prompts_.Told.at(0).Text, (folder_ / "x.pdf").string() + " is written.");
@@ -174,6 +175,7 @@ TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
     EXPECT_EQ(Find<QComboBox>("cboPaper").currentText(), "Letter");
     EXPECT_TRUE(Find<QCheckBox>("chkNumbers").isChecked());
     EXPECT_FALSE(Find<QCheckBox>("chkRoom").isChecked());
+    EXPECT_TRUE(Find<QCheckBox>("chkWalls").isChecked());
 }
 
 } // namespace
