@@ -2,6 +2,7 @@
 
 #include "catalogue/track_geometry.h"
 #include "model/length_text.h"
+#include "text/count_text.h"
 #include "text/fixed_text.h"
 
 #include <algorithm>
@@ -13,10 +14,6 @@ namespace pistaro {
 namespace {
 
 std::string Degrees(double radians) { return FixedText(std::fabs(radians) * 180 / PiValue, 1) + "°"; }
-
-std::string CountOf(std::size_t count, const std::string& thing) {
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
 
 /// Calls visit(track) for each track that is more than something begun.
 template <typename Visit>
@@ -95,7 +92,7 @@ std::vector<Finding> NotJustOne(const CheckedCircuit& circuit, PieceMarks marks,
             findings.push_back({"", Severity::Advice, track.Index, {0}, "The track has no " + thing + "."});
         if (found.size() > 1)
             findings.push_back(
-                {"", Severity::Advice, track.Index, found, "The track has " + CountOf(found.size(), thing) + "."});
+                {"", Severity::Advice, track.Index, found, "The track has " + CountText(found.size(), thing) + "."});
     });
     return findings;
 }
@@ -123,7 +120,7 @@ std::vector<Finding> FindUnknownCodes(const CheckedCircuit& circuit) {
         for (const auto& [code, elements] : unknown)
             findings.push_back({"", Severity::Error, track.Index, elements,
                                 "\"" + code + "\" is no piece of the catalogue: " +
-                                    CountOf(elements.size(), "element") + " cannot be laid."});
+                                    CountText(elements.size(), "element") + " cannot be laid."});
     }
     return findings;
 }
@@ -163,7 +160,7 @@ std::vector<Finding> FindOddChangeOvers(const CheckedCircuit& circuit) {
         if (!track.Lanes.Joined && !told) continue;
         std::vector<int> changers = ElementsWhere(track, [](const CatalogueEntry& piece) { return piece.LaneChange; });
         const double length = track.Lanes.Lengths[0] + track.Lanes.Lengths[1];
-        const std::string text = CountOf(changers.size(), "change-over") +
+        const std::string text = CountText(changers.size(), "change-over") +
                                  (track.Lanes.Joined ? ": each lane leads into the other, one way of " +
                                                            LengthText(length, circuit.Shown) + " in two laps."
                                                      : ", of which the statistics count an uneven number.");

@@ -5,9 +5,9 @@
 #include "editor/status_text.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
-#include "layout/placement.h"
+#include "layout/ground.h"
 #include "layout/track_gap.h"
-#include "paper/box.h"
+#include "text/count_text.h"
 
 #include <algorithm>
 #include <optional>
@@ -35,8 +35,6 @@ std::optional<int> EmptyTrack(const Circuit& circuit) {
     return static_cast<int>(empty - circuit.Tracks.begin());
 }
 
-std::string PiecesText(std::size_t count) { return std::to_string(count) + (count == 1 ? " piece" : " pieces"); }
-
 /// After the last piece of a closed track others would lie over its first ones: an empty track is offered instead.
 /// False where the user wants neither.
 bool LeavesClosedTrack(Session& session, std::size_t pieces) {
@@ -46,9 +44,9 @@ bool LeavesClosedTrack(Session& session, std::size_t pieces) {
     const auto empty = EmptyTrack(circuit);
     if (!empty || track.ElementCodes.empty() || !IsClosed(GapOf(session.Catalogue, track))) return true;
     const std::string question = "Track " + std::to_string(edit.CurrentTrack + 1) +
-                                 " is closed: pieces at its end would lie over its first ones. " + PiecesText(pieces) +
-                                 (pieces == 1 ? " is" : " are") + " laid on track " + std::to_string(*empty + 1) +
-                                 ", which is empty.";
+                                 " is closed: pieces at its end would lie over its first ones. " +
+                                 CountText(pieces, "piece") + (pieces == 1 ? " is" : " are") + " laid on track " +
+                                 std::to_string(*empty + 1) + ", which is empty.";
     if (session.Prompts.Ask(question, Buttons::OkCancel) != Answer::Ok) return false;
     ChooseTrack(edit, *empty);
     return true;
@@ -58,33 +56,27 @@ bool LeavesClosedTrack(Session& session, std::size_t pieces) {
 std::string WhatIsCopied(const Session& session) {
     const Circuit& circuit = session.Project.Design.Circuit;
     if (const Track* const track = EditedTrack(circuit, session.Project.EditState))
-        return PiecesText(track->ElementCodes.size()) + " of track " +
+        return CountText(track->ElementCodes.size(), "piece") + " of track " +
                std::to_string(session.Project.EditState.CurrentTrack + 1);
     std::size_t count = 0;
     for (const Track& track : circuit.Tracks)
         count += track.ElementCodes.size();
-    return PiecesText(count) + " of all tracks";
-}
-
-/// An empty track may stand where pieces lay that are gone: it begins anew where the first piece of a new circuit does.
-void StartAsNew(Track& track, int number) {
-    const Track fresh = EmptyCircuit().Tracks[static_cast<std::size_t>(number)];
-    track.TrackStartX = fresh.TrackStartX;
-    track.TrackStartHeading = fresh.TrackStartHeading;
+    return CountText(count, "piece") + " of all tracks";
 }
 
 /// Moves the view to the track's pieces from that one on; shows everything where they need more room than it has.
 void ShowPieces(const Catalogue& catalogue, Design& design, const Track& track, int first) {
-    Box laid;
+    std::optional<GroundBox> laid;
     WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
         if (placement == nullptr || index < first) return;
         const GroundBox ground = GroundOf(*placement).Box;
-        laid.Include({ground.Left, ground.Bottom, ground.Right, ground.Top});
+        laid = laid ? laid->Joined(ground) : ground;
     });
-    if (std::max(laid.Width(), laid.Height()) > double{design.View.Width}) return FitView(catalogue, design);
+    if (!laid) return;
+    if (std::max(laid->Right - laid->Left, laid->Top - laid->Bottom) > double{design.View.Width})
+        return FitView(catalogue, design);
     constexpr double margin = 10; // cm
-    const GroundBox box{laid.Left, laid.Right, laid.Bottom, laid.Top};
-    FollowTo(design.View, box.Grown(margin), ShownRectangle(design.View));
+    FollowTo(design.View, laid->Grown(margin), ShownRectangle(design.View));
 }
 
 } // namespace
@@ -109,13 +101,13 @@ void PasteCommand(Session& session) {
     Track& track = *EditedTrack(design.Circuit, edit);
     const int first = track.ElementLastIndex() + 1;
     AppendPieces(design, edit, codes);
-    if (first == 0) StartAsNew(track, edit.CurrentTrack);
     ShowPieces(session.Catalogue, design, track, first);
     session.Project.Design = std::move(design);
     session.Project.EditState = std::move(edit);
     session.NameStep("Paste");
-    session.Windows->TellBriefly("Pasted " + PiecesText(codes.size()) + (first == 0 ? " onto" : " at the end of") +
-                                 " track " + std::to_string(session.Project.EditState.CurrentTrack + 1));
+    session.Windows->TellBriefly("Pasted " + CountText(codes.size(), "piece") +
+                                 (first == 0 ? " onto" : " at the end of") + " track " +
+                                 std::to_string(session.Project.EditState.CurrentTrack + 1));
 }
 
 } // namespace pistaro

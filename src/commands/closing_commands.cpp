@@ -8,6 +8,7 @@
 #include "model/length_text.h"
 #include "model/money.h"
 #include "platform/fault.h"
+#include "text/count_text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -133,7 +134,7 @@ std::string ElementText(const Track& track, int element) {
 std::string EditText(const Session& session, const Suggestion& suggestion) {
     const TrackEdit& edit = suggestion.Edit;
     const std::string laid = Listed(edit.Insert);
-    if (!suggestion.IsMend) return PieceCountText(suggestion.Count()) + ": " + laid + ".";
+    if (!suggestion.IsMend) return CountText(suggestion.Count(), "piece") + ": " + laid + ".";
     const Track& track = CurrentTrack(session);
     if (edit.Remove == 0) return "Lays " + laid + " before " + ElementText(track, edit.At) + ".";
     std::vector<std::string> takenOut;
@@ -257,8 +258,6 @@ void LaySuggestion(Session& session, const Suggestion& suggestion) {
     });
 }
 
-std::string PieceCountText(int count) { return std::to_string(count) + (count == 1 ? " piece" : " pieces"); }
-
 std::string CaptionOf(const Session& session, const Suggestion& suggestion) {
     const int unpriced = UnpricedOf(session, suggestion.Edit.Insert);
     const std::string known = PriceText(session, CentsOf(double{suggestion.Price}), 0);
@@ -267,7 +266,7 @@ std::string CaptionOf(const Session& session, const Suggestion& suggestion) {
                                                                : "from " + known;
     const int takenOut = suggestion.IsMend ? suggestion.Edit.Remove : 0;
     const std::string instead = takenOut > 0 ? " for " + std::to_string(takenOut) : "";
-    return PieceCountText(suggestion.Count()) + instead + "\n" + price + "\n" +
+    return CountText(suggestion.Count(), "piece") + instead + "\n" + price + "\n" +
            (suggestion.IsOwned ? "all owned" : "not all owned");
 }
 

@@ -45,9 +45,6 @@ std::string TextOf(const Session& session, const Suggestion& suggestion);
 /// The same in short, three lines: "2 pieces" or "2 pieces for 1", "7.50 EUR", "all owned".
 std::string CaptionOf(const Session& session, const Suggestion& suggestion);
 
-/// "1 piece", "2 pieces".
-std::string PieceCountText(int count);
-
 /// Where a suggestion's pieces would lie in the current track.
 struct GhostPlace {
     BuildCursor Start;

@@ -5,6 +5,7 @@
 #include "layout/track_gap.h"
 #include "model/length_text.h"
 #include "model/money.h"
+#include "text/count_text.h"
 #include "text/fixed_text.h"
 
 #include <cmath>
@@ -15,9 +16,7 @@ namespace {
 
 constexpr const char* Between = " · ";
 
-std::string PieceCount(std::size_t pieces) {
-    return pieces == 0 ? "empty" : pieces == 1 ? "1 piece" : std::to_string(pieces) + " pieces";
-}
+std::string PieceCount(std::size_t pieces) { return pieces == 0 ? "empty" : CountText(pieces, "piece"); }
 
 double DegreesOf(const TrackGap& gap) { return std::fabs(gap.Angle) * 180 / PiValue; }
 

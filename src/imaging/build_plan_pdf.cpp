@@ -65,11 +65,7 @@ private:
     }
 
     void Rule(double left, double right, double y, Colour colour) {
-        page_.OnPaper(content_, [&](Surface& surface) {
-            surface.Draw(LineSegment{{static_cast<float>(left), static_cast<float>(y)},
-                                     {static_cast<float>(right), static_cast<float>(y)}},
-                         colour);
-        });
+        page_.OnPaper(content_, [&](Surface& surface) { DrawLine(surface, left, y, right, y, colour); });
     }
 
     void DrawFooter() {
@@ -83,7 +79,7 @@ private:
         Box area = content_;
         Line(area, 1.1, plan_.Drawing.Name + ": build plan", 20, QFont::Bold);
         for (const std::string& fact : plan_.Facts())
-            Line(area, 0.55, fact, 10, QFont::Normal);
+            area.Top -= page_.Paragraph(area, fact, 10) + 0.15;
         area.Top -= 0.3;
         Line(area, 0.8, "What you need: " + std::to_string(plan_.Drawing.Pieces.size()) + " pieces", 13, QFont::Bold);
         area.Top -= DrawNeeded(area) + 0.4;

@@ -2,6 +2,8 @@
 
 #include "render/redraw.h"
 
+#include <QTextOption>
+
 namespace pistaro {
 
 namespace {
@@ -48,20 +50,43 @@ void PaperPage::OnPaper(const Box& area, const std::function<void(Surface&)>& dr
     painter_.restore();
 }
 
-void PaperPage::Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points,
-                      QFont::Weight weight) {
+void PaperPage::ChooseFont(const Box& area, double points, QFont::Weight weight) {
     ScaledSurface(painter_, area.Shown(), dotsPerCm_, dotsPerInch_).SetFontSize(points);
     QFont font = painter_.font();
     font.setWeight(weight);
     painter_.setFont(font);
     painter_.setPen(Qt::black);
+}
+
+void PaperPage::Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points,
+                      QFont::Weight weight) {
+    ChooseFont(area, points, weight);
     painter_.drawText(Place(area), static_cast<int>(alignment | Qt::AlignTop), QString::fromStdString(text));
 }
 
-void DrawLine(Surface& surface, double fromX, double fromY, double toX, double toY) {
+double PaperPage::Paragraph(const Box& area, const std::string& text, double points) {
+    ChooseFont(area, points, QFont::Normal);
+    QTextOption wrapped;
+    wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    const QString words = QString::fromStdString(text);
+    painter_.drawText(Place(area), words, wrapped);
+    return painter_.boundingRect(Place(area), words, wrapped).height() / dotsPerCm_;
+}
+
+void DrawLine(Surface& surface, double fromX, double fromY, double toX, double toY, Colour colour) {
     surface.Draw(LineSegment{{static_cast<float>(fromX), static_cast<float>(fromY)},
                              {static_cast<float>(toX), static_cast<float>(toY)}},
-                 Rgb(0, 0, 0));
+                 colour);
+}
+
+void DrawFrame(Surface& surface, const Box& box, Colour colour) {
+    const ViewRectangle edge = box.Shown();
+    const WorldPoint corners[] = {{edge.ViewLeft, edge.ViewTop},
+                                  {edge.ViewRight, edge.ViewTop},
+                                  {edge.ViewRight, edge.ViewBottom},
+                                  {edge.ViewLeft, edge.ViewBottom}};
+    for (std::size_t i = 0; i < 4; ++i)
+        surface.Draw(LineSegment{corners[i], corners[(i + 1) % 4]}, colour);
 }
 
 } // namespace pistaro

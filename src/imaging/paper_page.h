@@ -30,9 +30,13 @@ public:
     void Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points = 9,
                QFont::Weight weight = QFont::Normal);
 
+    /// Words on as many lines as they take, from the area's top on. Gives how high they are.
+    double Paragraph(const Box& area, const std::string& text, double points);
+
     QPainter& Painter() const { return painter_; }
 
 private:
+    void ChooseFont(const Box& area, double points, QFont::Weight weight);
     QPointF Place(double x, double y) const { return {x * dotsPerCm_, (height_ - y) * dotsPerCm_}; }
     QRectF Place(const Box& area) const { return {Place(area.Left, area.Top), Place(area.Right, area.Bottom)}; }
 
@@ -40,7 +44,10 @@ private:
     double height_, dotsPerInch_, dotsPerCm_;
 };
 
-/// A black line between two places of the paper.
-void DrawLine(Surface& surface, double fromX, double fromY, double toX, double toY);
+/// A line between two places of the paper.
+void DrawLine(Surface& surface, double fromX, double fromY, double toX, double toY, Colour colour = Rgb(0, 0, 0));
+
+/// The edge of a box.
+void DrawFrame(Surface& surface, const Box& box, Colour colour);
 
 } // namespace pistaro

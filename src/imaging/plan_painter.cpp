@@ -3,6 +3,7 @@
 #include "catalogue/track_geometry.h"
 #include "imaging/pdf_document.h"
 #include "layout/outline.h"
+#include "layout/strokes.h"
 #include "render/redraw.h"
 
 #include <algorithm>
@@ -11,16 +12,8 @@ namespace pistaro {
 
 namespace {
 
-/// Lengths in cm of paper.
-struct BedLook {
-    Colour Fill, Edge, Lane;
-    double EdgeWidth;
-};
-constexpr BedLook Before{Rgb(0xEE, 0xEE, 0xEE), Rgb(0xAA, 0xAA, 0xAA), Rgb(0xC8, 0xC8, 0xC8), 0.02};
-constexpr BedLook New{Rgb(0xFF, 0xD3, 0x4D), Rgb(0, 0, 0), Rgb(0x99, 0x7A, 0x26), 0.045};
-constexpr Colour WayColour = Rgb(0xBB, 0xBB, 0xBB);
-constexpr Colour ShownColour = Rgb(0x1F, 0x4E, 0xA8);
-constexpr Colour FrameColour = Rgb(0xBB, 0xBB, 0xBB);
+constexpr Colour LanesBefore = Rgb(0xC8, 0xC8, 0xC8);
+constexpr Colour LanesNow = Rgb(0x99, 0x7A, 0x26);
 constexpr PenWidth ThinPen{0.2, PenWidth::Unit::Millimetres};
 constexpr double BadgePoints = 10;
 constexpr double DotsPerPaperCm = PdfDocument::DotsPerInch / CmPerInch;
@@ -38,30 +31,12 @@ QPolygonF PlacesOf(const std::vector<WorldPoint>& points, const PainterSurface& 
     return places;
 }
 
-void DrawLanes(const PiecePlacement& placement, Colour colour, Surface& surface) {
-    const auto draw = [&](const auto& shape) { surface.Draw(shape, colour); };
-    for (const Lane& lane : placement.Lanes) {
-        for (const Segment& segment : lane.Path)
-            std::visit(draw, segment);
-    }
-    for (const Mark& mark : placement.Marks)
-        std::visit(draw, mark.Shape);
-}
-
 } // namespace
 
 void PlanPainter::PaintPicture(const Box& area, const PlanPicture& picture,
                                const std::function<void(PainterSurface&)>& paint) {
     page_.InArea(area, picture.Part, picture.Part, picture.Scale, paint);
-    page_.OnPaper(area, [&](Surface& surface) {
-        const ViewRectangle frame = area.Shown();
-        const WorldPoint corners[] = {{frame.ViewLeft, frame.ViewTop},
-                                      {frame.ViewRight, frame.ViewTop},
-                                      {frame.ViewRight, frame.ViewBottom},
-                                      {frame.ViewLeft, frame.ViewBottom}};
-        for (std::size_t i = 0; i < 4; ++i)
-            surface.Draw(LineSegment{corners[i], corners[(i + 1) % 4]}, FrameColour);
-    });
+    page_.OnPaper(area, [&](Surface& surface) { DrawFrame(surface, area, FrameColour); });
 }
 
 Box PlanPainter::PaintStep(const Box& area, const BuildStep& step) {
@@ -85,9 +60,8 @@ void PlanPainter::PaintWhole(const Box& area) {
 }
 
 void PlanPainter::PaintOverview(const Box& area, const BuildStep& step, const Box& shown) {
-    constexpr double thinnest = 0.06;
     const PlanPicture picture = Overview(plan_, step, SizeOf(area));
-    const double bed = std::max(double{TrackGeometry::ScalextricWidth} / picture.Scale, thinnest);
+    const double bed = std::max(double{TrackGeometry::ScalextricWidth} / picture.Scale, ThinnestWay);
     PaintPicture(area, picture, [&](PainterSurface& surface) {
         QPainter& painter = page_.Painter();
         const auto line = [&](const BuildStep& pieces, double width, Colour colour) {
@@ -96,10 +70,10 @@ void PlanPainter::PaintOverview(const Box& area, const BuildStep& step, const Bo
         };
         for (const BuildStep& track : WholeTracks(plan_))
             line(track, bed, WayColour);
-        line(step, bed + 0.1, New.Edge);
-        line(step, bed, New.Fill);
+        line(step, bed + 0.1, LaidNow.Edge);
+        line(step, bed, LaidNow.Fill);
         const ViewRectangle part = PartIn(picture, shown).Shown();
-        painter.setPen(PenOf(ShownColour, 0.04));
+        painter.setPen(PenOf(ShownColour, ShownWidth));
         painter.drawRect(
             QRectF(surface.PlaceOf({part.ViewLeft, part.ViewTop}), surface.PlaceOf({part.ViewRight, part.ViewBottom})));
         PaintMarks(surface, picture);
@@ -108,7 +82,8 @@ void PlanPainter::PaintOverview(const Box& area, const BuildStep& step, const Bo
 
 void PlanPainter::PaintBeds(PainterSurface& surface, const PlanPicture& picture, const BuildStep& pieces, bool areNew) {
     constexpr double tolerance = 0.05; // cm of the world
-    const BedLook& look = areNew ? New : Before;
+    const BedLook& look = areNew ? LaidNow : LaidBefore;
+    const Colour lanes = areNew ? LanesNow : LanesBefore;
     QPainter& painter = page_.Painter();
     for (int at = pieces.First; at <= pieces.Last; ++at) {
         if (!plan_.Piece(at).Extent.Meets(picture.Part)) continue;
@@ -119,7 +94,7 @@ void PlanPainter::PaintBeds(PainterSurface& surface, const PlanPicture& picture,
         painter.setBrush(Qt::NoBrush);
         surface.ForgetPen();
         surface.SetPen(ThinPen);
-        DrawLanes(placement, look.Lane, surface);
+        ForEachStroke(placement, Strokes::AllButOutline, [&](const auto& shape) { surface.Draw(shape, lanes); });
     }
 }
 

@@ -51,12 +51,7 @@ void DrawCutMarks(PaperPage& page, const SheetPlan& plan, const Sheet& sheet) {
 
 void DrawCell(const Sheet& sheet, Surface& surface) {
     const ViewRectangle cell = sheet.Cell.Shown();
-    const WorldPoint corners[] = {{cell.ViewLeft, cell.ViewTop},
-                                  {cell.ViewRight, cell.ViewTop},
-                                  {cell.ViewRight, cell.ViewBottom},
-                                  {cell.ViewLeft, cell.ViewBottom}};
-    for (std::size_t i = 0; i < 4; ++i)
-        surface.Draw(LineSegment{corners[i], corners[(i + 1) % 4]}, GridColour);
+    DrawFrame(surface, sheet.Cell, GridColour);
     surface.DrawPoint({cell.ViewLeft, cell.ViewTop}, GridColour);
     surface.DrawText(" " + sheet.Name, Rgb(0, 0, 0));
 }

@@ -1,6 +1,7 @@
 #include "paper/circuit_drawing.h"
 
 #include "layout/room_fit.h"
+#include "layout/strokes.h"
 #include "platform/fault.h"
 #include "render/redraw.h"
 #include "render/track_bed.h"
@@ -36,15 +37,7 @@ Colour GreyOf(Colour colour) {
 
 Box ExtentOfStrokes(const PiecePlacement& placement) {
     Box box;
-    const auto include = [&](const auto& shape) { box.Include(BoxOf(shape)); };
-    for (const Lane& lane : placement.Lanes) {
-        for (const Segment& segment : lane.Path)
-            std::visit(include, segment);
-    }
-    for (const Segment& segment : placement.Outline)
-        std::visit(include, segment);
-    for (const Mark& mark : placement.Marks)
-        std::visit(include, mark.Shape);
+    ForEachStroke(placement, Strokes::All, [&](const auto& shape) { box.Include(BoxOf(shape)); });
     return box;
 }
 

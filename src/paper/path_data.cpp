@@ -51,17 +51,9 @@ void AppendPath(std::string& path, const Ellipse& ellipse) {
                2 * std::numbers::pi);
 }
 
-std::string PathOf(const PiecePlacement& placement) {
+std::string PathOf(const PiecePlacement& placement, Strokes strokes) {
     std::string path;
-    const auto append = [&](const auto& shape) { AppendPath(path, shape); };
-    for (const Lane& lane : placement.Lanes) {
-        for (const Segment& segment : lane.Path)
-            std::visit(append, segment);
-    }
-    for (const Segment& segment : placement.Outline)
-        std::visit(append, segment);
-    for (const Mark& mark : placement.Marks)
-        std::visit(append, mark.Shape);
+    ForEachStroke(placement, strokes, [&](const auto& shape) { AppendPath(path, shape); });
     return path;
 }
 

@@ -1,7 +1,7 @@
 // Strokes in the path language of SVG: absolute commands, arcs as arcs, y downwards.
 #pragma once
 
-#include "layout/placement.h"
+#include "layout/strokes.h"
 
 #include <string>
 
@@ -13,7 +13,6 @@ void AppendPath(std::string& path, const LineSegment& line);
 void AppendPath(std::string& path, const ArcSegment& arc);
 void AppendPath(std::string& path, const Ellipse& ellipse);
 
-/// All strokes of a piece.
-std::string PathOf(const PiecePlacement& placement);
+std::string PathOf(const PiecePlacement& placement, Strokes strokes = Strokes::All);
 
 } // namespace pistaro

@@ -1,5 +1,6 @@
 #include "render/redraw.h"
 
+#include "layout/room_lines.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -132,13 +133,7 @@ ViewRectangle RoomRectangle(const RoomPolygon& room) {
 }
 
 void DrawRoom(const RoomPolygon& room, Surface& surface, Colour colour) {
-    if (room.Points.empty()) return;
-    WorldPoint previous = RoomCorner(room, room.Points.front());
-    for (const RoomPoint& point : room.Points) {
-        const WorldPoint here = RoomCorner(room, point);
-        if (point.Line == 1) surface.Draw(LineSegment{previous, here}, colour);
-        previous = here;
-    }
+    ForEachRoomLine(room, [&](const LineSegment& line) { surface.Draw(line, colour); });
 }
 
 void ShowView(const ViewSettings& view, Surface& surface) {

@@ -1,9 +1,10 @@
 #include "report/build_plan.h"
 
+#include "model/stock.h"
 #include "model/view_settings.h"
+#include "text/count_text.h"
 
 #include <algorithm>
-#include <map>
 
 namespace pistaro {
 
@@ -37,26 +38,21 @@ std::vector<BuildStep> Steps(const std::vector<DrawnPiece>& pieces) {
     return steps;
 }
 
-std::string CountOf(std::size_t count, const std::string& thing) {
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
-/// "2 elements are left out, since the catalogue has no such pieces: C999, X1."
+/// "3 elements are left out, since the catalogue has no such piece: "C999", "X1" x2."
 std::string LeftOut(const Catalogue& catalogue, const Circuit& circuit, int chosen) {
     constexpr std::size_t mostNames = 10;
-    std::size_t count = 0;
-    std::map<std::string, int> unknown;
+    Circuit planned;
     for (int track = 0; track < TrackCount; ++track) {
-        if (chosen != AllTracks && chosen != track) continue;
-        for (const std::string& code : circuit.Tracks[static_cast<std::size_t>(track)].ElementCodes) {
-            if (catalogue.Find(code) != nullptr) continue;
-            ++unknown[code];
-            ++count;
-        }
+        const auto at = static_cast<std::size_t>(track);
+        if (chosen == AllTracks || chosen == track) planned.Tracks[at] = circuit.Tracks[at];
     }
+    const std::map<std::string, int> unknown = CountUnknownCodes(catalogue, planned);
+    int count = 0;
+    for (const auto& [code, times] : unknown)
+        count += times;
     if (count == 0) return {};
-    std::string text =
-        CountOf(count, "element") + (count == 1 ? " is" : " are") + " left out, since the catalogue has no such piece:";
+    std::string text = CountText(count, "element") + (count == 1 ? " is" : " are") +
+                       " left out, since the catalogue has no such piece:";
     std::size_t named = 0;
     for (const auto& [code, times] : unknown) {
         if (++named > mostNames) return text + " and others.";
@@ -95,7 +91,7 @@ std::vector<std::string> BuildPlan::Facts() const {
         for (const DrawnPiece& piece : Drawing.Pieces)
             laid.Include(piece.Extent);
         const pistaro::Units& units = Drawing.Preferences.Units;
-        facts.push_back(CountOf(Drawing.Pieces.size(), "piece") + ", laid in " + CountOf(Steps.size(), "step") +
+        facts.push_back(CountText(Drawing.Pieces.size(), "piece") + ", laid in " + CountText(Steps.size(), "step") +
                         " on " + SizeText(laid.Width(), laid.Height(), units) + " of floor");
         if (!Drawing.Room.Points.empty()) {
             Box room; // as it was measured, not as it is turned

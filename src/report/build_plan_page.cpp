@@ -3,7 +3,7 @@
 
 #include "catalogue/track_geometry.h"
 #include "layout/outline.h"
-#include "layout/room_fit.h"
+#include "layout/room_lines.h"
 #include "paper/path_data.h"
 #include "report/html_text.h"
 #include "report/plan_picture.h"
@@ -16,7 +16,7 @@ namespace {
 constexpr const char* Head = R"(<!DOCTYPE html>
 <html lang="en"><head><meta charset="utf-8"><meta name="viewport" content="width=device-width"><title>)";
 
-constexpr const char* Style = R"(</title>
+constexpr const char* StyleBegin = R"(</title>
 <style>
 body { font-family: sans-serif; max-width: 64em; margin: 1em auto; padding: 0 1em; color: #000; background: #fff; }
 table { border-collapse: collapse; } td { padding: 0.15em 0.8em; text-align: left; border-bottom: 1px solid #ddd; }
@@ -26,18 +26,16 @@ td:first-child { text-align: right; } td:nth-child(2) { font-weight: bold; }
 .step div { display: flex; gap: 1em; align-items: flex-start; }
 .step div div { flex: 0 0 18em; order: -1; flex-direction: column; gap: 0.5em; }
 ul { list-style: none; padding: 0; margin: 0; font-size: 90%; line-height: 1.5; } li { white-space: pre-wrap; }
-svg { flex: 1; width: 100%; border: 1px solid #bbb; box-sizing: border-box; }
+svg { flex: 1; width: 100%; box-sizing: border-box; }
 .whole { max-height: 30em; margin-top: 1em; }
-.before { fill: #eee; stroke: #aaa; } .new { fill: #ffd34d; stroke: #000; } .lanes { fill: none; stroke-opacity: 0.4; }
-.way { fill: none; stroke: #bbb; stroke-linejoin: round; } .room { fill: none; stroke: #2a8a2a; }
-.shown { fill: none; stroke: #1f4ea8; } .foot { stroke: #000; } .badge { fill: #fff; stroke: #000; }
+.lanes, .way, .room, .shown { fill: none; } .lanes { stroke-opacity: 0.4; } .way { stroke-linejoin: round; }
+.room { stroke: #2a8a2a; } .foot { stroke: #000; } .badge { fill: #fff; stroke: #000; }
 text { fill: #000; font-weight: bold; text-anchor: middle; }
 @page { size: auto; margin: 1.5cm; @bottom-right { content: "page " counter(page) " of " counter(pages); } }
 @media print {
   body { margin: 0; padding: 0; max-width: none; font-size: 75%; }
   .step { margin-top: 0.5em; } .step svg { max-height: 6.4cm; } .step div div svg { max-height: 2.2cm; margin-top: 0; }
 }
-</style></head><body>
 )";
 
 constexpr PictureArea StepArea{12, 7.5}; ///< cm of paper, as all else in pictures
@@ -65,24 +63,22 @@ std::string PolygonPath(const std::vector<WorldPoint>& polygon) {
     return path + 'Z';
 }
 
-std::string LanesPath(const PiecePlacement& placement) {
-    std::string path;
-    const auto append = [&](const auto& shape) { AppendPath(path, shape); };
-    for (const Lane& lane : placement.Lanes) {
-        for (const Segment& segment : lane.Path)
-            std::visit(append, segment);
-    }
-    for (const Mark& mark : placement.Marks)
-        std::visit(append, mark.Shape);
-    return path;
-}
-
 std::string HexText(Colour colour) {
     constexpr const char* digits = "0123456789abcdef";
     std::string text = "#";
     for (const int part : {Red(colour), Green(colour), Blue(colour)})
         text.append(1, digits[part / 16]).append(1, digits[part % 16]);
     return text;
+}
+
+std::string BedRule(const char* name, const BedLook& look) {
+    return std::string(".") + name + " { fill: " + HexText(look.Fill) + "; stroke: " + HexText(look.Edge) + "; }\n";
+}
+
+std::string Style() {
+    return StyleBegin + BedRule("before", LaidBefore) + BedRule("new", LaidNow) + "svg { border: 1px solid " +
+           HexText(FrameColour) + "; } .way { stroke: " + HexText(WayColour) +
+           "; } .shown { stroke: " + HexText(ShownColour) + "; }\n</style></head><body>\n";
 }
 
 std::string PolylineOf(const BuildPlan& plan, const BuildStep& pieces) {
@@ -98,7 +94,7 @@ public:
 
     std::string Write() {
         const std::string name = HtmlText(plan_.Drawing.Name);
-        page_ = Head + name + ": build plan" + Style + "<h1>" + name + "</h1>\n";
+        page_ = Head + name + ": build plan" + Style() + "<h1>" + name + "</h1>\n";
         for (const std::string& fact : plan_.Facts())
             page_ += "<p>" + HtmlText(fact) + "</p>\n";
         AddNeeded();
@@ -135,7 +131,7 @@ private:
         for (int at = plan_.Steps[step].First; at <= plan_.Steps[step].Last; ++at) {
             constexpr double tolerance = 0.05; // cm
             beds += PolygonPath(OutlinePolygon(plan_.Piece(at).Placement, tolerance));
-            lanes += LanesPath(plan_.Piece(at).Placement);
+            lanes += PathOf(plan_.Piece(at).Placement, Strokes::AllButOutline);
         }
         page_.append("<g id=\"pieces").append(number).append("\"><path id=\"bed").append(number).append("\" d=\"");
         page_.append(beds).append("\"/><path class=\"lanes\" d=\"").append(lanes).append("\"/></g>\n");
@@ -146,7 +142,7 @@ private:
         const PlanPicture picture = WholePicture(plan_, WholeArea);
         page_ += "<svg class=\"whole\"" + ViewBox(WholeArea);
         OpenWorld(picture);
-        AddPieces("before", 0.02 * picture.Scale, 0, plan_.Steps.size());
+        AddPieces("before", LaidBefore.EdgeWidth * picture.Scale, 0, plan_.Steps.size());
         AddRoom(picture);
         CloseWorld(picture);
     }
@@ -168,23 +164,23 @@ private:
     void AddPicture(std::size_t number, const PlanPicture& picture) {
         page_ += "<svg" + ViewBox(StepArea);
         OpenWorld(picture);
-        AddPieces("before", 0.02 * picture.Scale, 0, number);
+        AddPieces("before", LaidBefore.EdgeWidth * picture.Scale, 0, number);
         AddRoom(picture);
-        AddPieces("new", 0.045 * picture.Scale, number, number + 1);
+        AddPieces("new", LaidNow.EdgeWidth * picture.Scale, number, number + 1);
         CloseWorld(picture);
     }
 
     void AddOverview(std::size_t number, const Box& whole) {
         const PlanPicture picture = Overview(plan_, plan_.Steps[number], OverviewArea);
         const Box shown = PartIn(picture, whole);
-        const double bed = std::max<double>(TrackGeometry::ScalextricWidth, 0.06 * picture.Scale);
+        const double bed = std::max<double>(TrackGeometry::ScalextricWidth, ThinnestWay * picture.Scale);
         page_ += "<svg class=\"whole\"" + ViewBox(OverviewArea);
         OpenWorld(picture);
         page_ += "<g class=\"way\"" + Attribute("stroke-width", bed) + "><use href=\"#way\"/></g>\n<g class=\"new\"" +
                  Attribute("stroke-width", 0.05 * picture.Scale) + "><use href=\"#bed" + std::to_string(number + 1) +
                  "\"/></g>\n<rect class=\"shown\"" + Attribute("x", shown.Left) + Attribute("y", -shown.Top) +
                  Attribute("width", shown.Width()) + Attribute("height", shown.Height()) +
-                 Attribute("stroke-width", 0.04 * picture.Scale) + "/>\n";
+                 Attribute("stroke-width", ShownWidth * picture.Scale) + "/>\n";
         CloseWorld(picture);
     }
 
@@ -214,12 +210,8 @@ private:
     }
 
     void AddRoom(const PlanPicture& picture) {
-        const RoomPolygon& room = plan_.Drawing.Room;
         std::string path;
-        for (std::size_t at = 1; at < room.Points.size(); ++at) {
-            if (room.Points[at].Line == 1)
-                AppendPath(path, LineSegment{RoomCorner(room, room.Points[at - 1]), RoomCorner(room, room.Points[at])});
-        }
+        ForEachRoomLine(plan_.Drawing.Room, [&](const LineSegment& line) { AppendPath(path, line); });
         if (path.empty()) return;
         page_ += "<path class=\"room\"" + Attribute("stroke-width", 0.04 * picture.Scale) + " d=\"" + path + "\"/>\n";
     }

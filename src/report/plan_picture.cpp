@@ -14,7 +14,7 @@ namespace {
 
 constexpr double PaperMargin = 0.9; ///< cm of paper around what a picture is about, for numbers that stand aside
 constexpr double LeastAcross = 90;  ///< cm of the world: a lone piece is to be seen among its neighbours
-constexpr Colour ArrowColour = Rgb(0x1F, 0x4E, 0xA8);
+constexpr Colour ArrowColour = ShownColour;
 
 WorldPoint PointBy(double x, double y) { return {static_cast<float>(x), static_cast<float>(y)}; }
 
@@ -78,7 +78,7 @@ Box BoxOfPieces(const BuildPlan& plan, int first, int last) {
     Box box;
     for (int at = first; at <= last; ++at)
         box.Include(plan.Piece(at).Extent);
-    return box.IsEmpty() ? BoxAround(0, 0, LeastAcross, LeastAcross) : box;
+    return box;
 }
 
 /// The start lines of the tracks that have been begun with.
@@ -156,9 +156,7 @@ PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea 
 }
 
 PlanPicture WholePicture(const BuildPlan& plan, PictureArea area) {
-    Box whole = plan.Drawing.Extent;
-    if (plan.Steps.empty()) whole = BoxOfPieces(plan, 0, -1);
-    PlanPicture picture = PictureAround(whole, area, PaperMargin);
+    PlanPicture picture = PictureAround(plan.Drawing.Extent, area, PaperMargin);
     AddStarts(picture, plan, static_cast<int>(plan.Drawing.Pieces.size()));
     if (plan.Steps.size() < 2) return picture;
     BadgePlaces places(picture);

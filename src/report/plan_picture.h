@@ -25,7 +25,20 @@ struct NumberBadge {
     bool StandsAside() const { return Place != Foot; }
 };
 
-inline constexpr double BadgeHeight = 0.5; ///< cm of paper
+inline constexpr double BadgeHeight = 0.5; ///< cm of paper, as the widths below
+
+/// How a track bed is drawn.
+struct BedLook {
+    Colour Fill, Edge;
+    double EdgeWidth;
+};
+inline constexpr BedLook LaidBefore{Rgb(0xEE, 0xEE, 0xEE), Rgb(0xAA, 0xAA, 0xAA), 0.02};
+inline constexpr BedLook LaidNow{Rgb(0xFF, 0xD3, 0x4D), Rgb(0, 0, 0), 0.045};
+inline constexpr Colour FrameColour = Rgb(0xBB, 0xBB, 0xBB); ///< around each picture
+inline constexpr Colour WayColour = FrameColour;             ///< of the tracks in an overview
+inline constexpr double ThinnestWay = 0.06;
+inline constexpr Colour ShownColour = Rgb(0x1F, 0x4E, 0xA8); ///< of the frame around what a step's picture shows
+inline constexpr double ShownWidth = 0.04;
 
 struct PlanPicture {
     Box Part;         ///< of the world, of the area's proportions
@@ -37,7 +50,7 @@ struct PlanPicture {
 /// The new pieces of a step, each with its number, and what lies around them; an arrow leads to the first of them.
 PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area);
 
-/// All tracks; its numbers are those of the steps, from 1, where there are several.
+/// All tracks of a plan that has steps; its numbers are those of the steps, from 1, where there are several.
 PlanPicture WholePicture(const BuildPlan& plan, PictureArea area);
 
 /// All tracks, to be shown small beside a step's picture: with an arrow at the start of the step's track.

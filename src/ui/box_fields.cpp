@@ -2,6 +2,7 @@
 
 #include "commands/closing_commands.h"
 #include "editor/view_commands.h"
+#include "text/count_text.h"
 #include "ui/named_controls.h"
 
 #include <QGroupBox>
@@ -80,10 +81,10 @@ void BoxFields::ShowTotal() {
     int beyond = 0;
     for (std::size_t row = 0; row < box.Counts.size(); ++row)
         beyond += std::max(0, box.Counts[row] - owned_.Counts[row]);
-    std::string text = PieceCountText(box.Total()) + " in the box";
+    std::string text = CountText(box.Total(), "piece") + " in the box";
     if (beyond > 0 && owned > 0) text += ", " + std::to_string(beyond) + " more than you own";
     if (beyond == 0 && owned > 0)
-        text = std::to_string(box.Total()) + " of your " + PieceCountText(owned) + " in the box";
+        text = std::to_string(box.Total()) + " of your " + CountText(owned, "piece") + " in the box";
     lblTotal_->setText(Shown(text));
 }
 

@@ -57,10 +57,13 @@ void Dialogs::ShowPrint() { frmPrint(session_, &window_).exec(); }
 
 void Dialogs::PutOnClipboard(const Clipping& clipping) {
     auto data = std::make_unique<QMimeData>();
-    data->setText(Shown(clipping.Text));
-    data->setData("image/png", QByteArray::fromStdString(clipping.Png));
-    data->setData("image/svg+xml", QByteArray::fromStdString(clipping.Svg));
-    data->setImageData(QImage::fromData(QByteArray::fromStdString(clipping.Png)));
+    if (!clipping.Text.empty()) data->setText(Shown(clipping.Text));
+    if (!clipping.Svg.empty()) data->setData("image/svg+xml", QByteArray::fromStdString(clipping.Svg));
+    if (!clipping.Png.empty()) {
+        const QByteArray png = QByteArray::fromStdString(clipping.Png);
+        data->setData("image/png", png);
+        data->setImageData(QImage::fromData(png));
+    }
     QGuiApplication::clipboard()->setMimeData(data.release()); // which owns it
 }
 

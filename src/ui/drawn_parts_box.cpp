@@ -15,7 +15,11 @@ namespace {
 constexpr std::array Parts{&DrawnParts::Numbers, &DrawnParts::Grid,       &DrawnParts::Room,
                            &DrawnParts::Surface, &DrawnParts::Background, &DrawnParts::BlackAndWhite};
 constexpr std::array PartNames{"numbers", "grid", "room", "surface", "background", "black and white"};
+constexpr const char* WallTiles = "wall tiles";
 constexpr const char* Nothing = "nothing";
+constexpr const char* Between = ", ";
+
+QString TrackName(int track) { return QString("track %1").arg(track + 1); }
 
 } // namespace
 
@@ -29,7 +33,9 @@ DrawnPartsBox::DrawnPartsBox(const Project& project, const DrawnParts& first, co
     for (int track = 0; track < TrackCount; ++track)
         cboTrack_->addItem(QString("Track %1").arg(track + 1), track);
     cboTrack_->insertItem(0, "All tracks", AllTracks);
-    cboTrack_->setCurrentIndex(0);
+    const bool hasPieces = first.Track != AllTracks &&
+                           !project.Design.Circuit.Tracks[static_cast<std::size_t>(first.Track)].ElementCodes.empty();
+    cboTrack_->setCurrentIndex(hasPieces ? cboTrack_->findData(first.Track) : 0);
     form->addRow("&Tracks:", cboTrack_);
     connect(cboTrack_, &QComboBox::currentIndexChanged, this, [changed] { changed(); });
     for (std::size_t part = 0; part < Parts.size(); ++part) {
@@ -48,18 +54,23 @@ std::array<QCheckBox*, 6> DrawnPartsBox::Choices() const {
     return {chkNumbers_, chkGrid_, chkRoom_, chkSurface_, chkBackground_, chkBlackAndWhite_};
 }
 
-std::string DrawnPartsBox::Ticked() const {
+std::string DrawnPartsBox::Remembered(const QCheckBox& walls) const {
     QStringList names;
+    if (const int track = Chosen().Track; track != AllTracks) names << TrackName(track);
+    if (walls.isChecked()) names << WallTiles;
     for (std::size_t part = 0; part < Parts.size(); ++part) {
         if (Choices()[part]->isChecked()) names << PartNames[part];
     }
-    return names.isEmpty() ? Nothing : names.join(", ").toStdString();
+    return names.isEmpty() ? Nothing : names.join(Between).toStdString();
 }
 
-DrawnParts PartsIn(const std::string& ticked, const DrawnParts& otherwise) {
-    if (ticked.empty()) return otherwise;
-    const QStringList names = Shown(ticked).split(", ");
+DrawnParts PartsIn(const std::string& remembered, const DrawnParts& otherwise) {
+    if (remembered.empty()) return otherwise;
+    const QStringList names = Shown(remembered).split(Between);
     DrawnParts parts;
+    for (int track = 0; track < TrackCount; ++track) {
+        if (names.contains(TrackName(track))) parts.Track = track;
+    }
     for (std::size_t part = 0; part < Parts.size(); ++part)
         parts.*Parts[part] = names.contains(PartNames[part]);
     return parts;
@@ -83,9 +94,10 @@ void DrawnPartsBox::EnableDrawing(bool draws, bool fills) {
     chkBackground_->setEnabled(fills && hasBackground_);
 }
 
-QCheckBox* NewWallsBox() {
+QCheckBox* NewWallsBox(const std::string& remembered) {
     auto* const box = Named(new QCheckBox("Tiles with &walls alone, too"), "chkWalls");
     box->setToolTip("Also the sheets on which nothing of the track stands, only a line of the room's wall");
+    box->setChecked(Shown(remembered).split(Between).contains(WallTiles));
     return box;
 }
 

@@ -15,13 +15,13 @@ namespace pistaro {
 
 class DrawnPartsBox : public QGroupBox {
 public:
-    /// Begins with `first`, but for the track. Calls `changed` after each change by the user. A background can be
-    /// chosen where the project has one to scale.
+    /// Begins with `first`, but with all tracks where its track is empty. Calls `changed` after each change by the
+    /// user. A background can be chosen where the project has one to scale.
     DrawnPartsBox(const Project& project, const DrawnParts& first, const std::function<void()>& changed);
 
     DrawnParts Chosen() const;
-    /// What is ticked, as PartsIn reads it.
-    std::string Ticked() const;
+    /// What is chosen, and whether the box for walls is ticked, as PartsIn and NewWallsBox read it.
+    std::string Remembered(const QCheckBox& walls) const;
     /// For formats that draw nothing only the track can be chosen, and surfaces, pictures and colours only where areas
     /// are filled.
     void EnableDrawing(bool draws, bool fills);
@@ -34,11 +34,11 @@ private:
     QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkSurface_, *chkBackground_, *chkBlackAndWhite_;
 };
 
-/// What was ticked; the other parts where that is empty.
-DrawnParts PartsIn(const std::string& ticked, const DrawnParts& otherwise);
+/// What was chosen; the other parts where that is empty.
+DrawnParts PartsIn(const std::string& remembered, const DrawnParts& otherwise);
 
-/// A box for tiles that show nothing of a circuit but its room's walls.
-QCheckBox* NewWallsBox();
+/// A box for tiles that show nothing of a circuit but its room's walls, ticked if it was.
+QCheckBox* NewWallsBox(const std::string& remembered);
 
 /// A list of the papers with their names as data: this one chosen, or A4 where there is none of that name.
 QComboBox* NewPaperList(const std::string& chosen);

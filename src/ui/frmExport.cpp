@@ -62,6 +62,14 @@ QString SizeText(const PlannedSheets& sheets, ExportFormat format, const ExportO
     return QString("%1 × %2 pixels, %3").arg(pixels.Width).arg(pixels.Height).arg(atScale);
 }
 
+/// As much of a file as a preview shows: whole lines, or a part of a line that is longer than that.
+QString FirstLines(const QString& text) {
+    constexpr qsizetype most = 4000; // characters
+    if (text.size() <= most) return text;
+    const qsizetype end = text.lastIndexOf('\n', most - 1) + 1;
+    return text.left(end > 0 ? end : most) + "…";
+}
+
 template <typename Value>
 Value SizeOf(const QComboBox& list) {
     return static_cast<Value>(list.currentData().toInt());
@@ -137,7 +145,7 @@ QGroupBox* frmExport::SizeFrame() {
     form->addRow("S&cale:", spnScale_);
     form->addRow("&Resolution:", spnDots_);
     form->addRow("&Width:", spnWidth_);
-    chkWalls_ = NewWallsBox();
+    chkWalls_ = NewWallsBox(session_.Habits.ExportContents);
     form->addRow(chkWalls_);
     connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QSpinBox* const box : {spnDots_, spnWidth_})
@@ -222,28 +230,25 @@ void frmExport::PlanAgain() {
     const ExportOptions chosen = Chosen();
     chkWalls_->setEnabled(chosen.Sheets.Tiles && chosen.Parts.Room && !session_.Project.Design.Room.Points.empty());
     bool can = false;
+    const bool isText = IsTable(Format());
+    picSheet_->setVisible(!isText);
+    txtLines_->setVisible(isText);
+    txtLines_->clear();
     try {
         lblPlanned_->setText(PlannedText());
+        if (isText) ShowLines();
         can = true;
     } catch (const Fault& fault) {
         lblPlanned_->setText(Shown(fault.what()));
     }
     cmdExport_->setEnabled(can);
-    ShowLines();
     picSheet_->ShowSheet(0);
 }
 
 void frmExport::ShowLines() {
-    const bool isText = IsTable(Format());
-    picSheet_->setVisible(!isText);
-    txtLines_->setVisible(isText);
-    if (!isText || !cmdExport_->isEnabled()) return txtLines_->clear();
-    constexpr std::size_t mostBytes = 4000;
-    const std::string text = ExportBytes(session_.Catalogue, session_.Project, Format(), Chosen());
-    const bool isWhole = text.size() <= mostBytes;
     txtLines_->setLineWrapMode(Format() == ExportFormat::Csv ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
     txtLines_->setWordWrapMode(QTextOption::WrapAnywhere);
-    txtLines_->setPlainText(Shown(text.substr(0, mostBytes)) + (isWhole ? "" : "…"));
+    txtLines_->setPlainText(FirstLines(Shown(ExportBytes(session_.Catalogue, session_.Project, Format(), Chosen()))));
 }
 
 QString frmExport::PlannedText() {
@@ -262,7 +267,7 @@ void frmExport::Export() {
     if (!written) return;
     Habits& habits = session_.Habits;
     habits.Paper = cboPaper_->currentText().toStdString();
-    habits.ExportContents = parts_->Ticked();
+    habits.ExportContents = parts_->Remembered(*chkWalls_);
     habits.ExportScale = QString::number(spnScale_->value()).toStdString();
     habits.ExportWidth = QString::number(spnWidth_->value()).toStdString();
     for (const SizeChoice& size : SizeChoices) {

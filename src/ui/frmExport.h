@@ -13,8 +13,8 @@
 
 namespace pistaro {
 
-/// Modal. It begins with what was chosen the last time, at first with what the window shows. Export asks for the file
-/// and closes when one was written.
+/// Modal. It begins with what was chosen the last time but for the resolution, at first with what the window shows.
+/// Export asks for the file and closes when one was written.
 class frmExport : public QDialog {
 public:
     explicit frmExport(Session& session, QWidget* parent = nullptr);
@@ -32,7 +32,7 @@ private:
     void FollowSize();
     /// Shows what the fields come to, or tells why that cannot be.
     void PlanAgain();
-    /// Shows the first lines of a file of text.
+    /// Shows the first lines of a file of text. Fault: it cannot be written.
     void ShowLines();
     /// How large the file's drawing is, or how long its table. Fault: it cannot be written so.
     QString PlannedText();

@@ -60,7 +60,7 @@ QGroupBox* frmPrint::PaperFrame() {
     form->addRow("O&rientation:", cboOrientation_);
     form->addRow(optFit_);
     form->addRow(optScale_, spnScale_);
-    chkWalls_ = NewWallsBox();
+    chkWalls_ = NewWallsBox(session_.Habits.PrintContents);
     form->addRow(chkWalls_);
     connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QComboBox* const list : {cboPaper_, cboOrientation_})
@@ -162,7 +162,7 @@ void frmPrint::Print() {
 
 void frmPrint::Finish() {
     session_.Habits.Paper = cboPaper_->currentText().toStdString();
-    session_.Habits.PrintContents = parts_->Ticked();
+    session_.Habits.PrintContents = parts_->Remembered(*chkWalls_);
     accept();
 }
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
@@ -69,6 +70,7 @@ struct Filters {
 
     /// A proposed file's name with the ending of the filter that was chosen after it, where it has that of another.
     QString WithEndingOf(const QString& filter, const QString& file) const {
+        if (!Names.contains(filter)) return file;
         const QString ending = Patterns.value(Names.indexOf(filter)).mid(1);
         for (const QString& pattern : Patterns) {
             const QString other = pattern.mid(1);
@@ -124,7 +126,9 @@ std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice
     const bool hasOneEndingEach = filters.Names.size() == filters.Patterns.size();
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
         if (!choice.Saving || !hasOneEndingEach || dialog.selectedFiles().isEmpty()) return;
-        dialog.selectFile(filters.WithEndingOf(filter, dialog.selectedFiles().constFirst()));
+        const QString file = dialog.selectedFiles().constFirst();
+        const QString proposed = filters.WithEndingOf(filter, file);
+        if (proposed != file && !QFileInfo(file).isDir()) dialog.selectFile(proposed);
     });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QString file = dialog.selectedFiles().constFirst();

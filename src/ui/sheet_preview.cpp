@@ -12,9 +12,10 @@ namespace pistaro {
 QString SheetsText(const PlannedSheets& sheets) {
     const QString scale = Shown(sheets.Plan.ScaleText());
     const int count = sheets.Painter({}).Count();
-    if (count == 1 && sheets.Plan.LeftOut == 0) return QString("1 sheet at %1").arg(scale);
     QString text =
-        QString("%1 sheets at %2: an overview and %3 tiles").arg(count).arg(scale).arg(sheets.Plan.Sheets.size());
+        count == 1
+            ? QString("1 sheet at %1").arg(scale)
+            : QString("%1 sheets at %2: an overview and %3 tiles").arg(count).arg(scale).arg(sheets.Plan.Sheets.size());
     if (sheets.Plan.LeftOut > 0) text += QString("; %1 with walls alone left out").arg(sheets.Plan.LeftOut);
     return text;
 }

@@ -80,18 +80,21 @@ TEST_F(ClipboardCommands, PasteIsAStepOfThatNameAndTellsWhatItLaid) {
     EXPECT_EQ(session_.History().Caption(session_.History().Present()), "Paste");
 }
 
-TEST_F(ClipboardCommands, PasteOntoAnEmptyTrackBeginsWhereANewCircuitDoes) {
+TEST_F(ClipboardCommands, PasteOntoAnEmptyTrackBeginsAtItsStartWhereverTheUserMovedThat) {
     Track& track = session_.Project.Design.Circuit.Tracks[2];
     track.TrackStartX = 400;
+    track.TrackStartY = 500;
     track.TrackStartHeading = 1;
     session_.Project.EditState.CurrentTrack = 2;
     clipboard_.Text = "C160 x2";
 
     Run("paste");
 
-    EXPECT_EQ(track.TrackStartX, EmptyCircuit().Tracks[2].TrackStartX);
-    EXPECT_EQ(track.TrackStartHeading, 0);
+    EXPECT_EQ(track.Start(), (BuildCursor{400, 500, 1}));
     EXPECT_EQ(clipboard_.Brief, "Pasted 2 pieces onto track 3");
+    const ViewRectangle shown = ShownRectangle(session_.Project.Design.View);
+    EXPECT_TRUE(shown.ViewLeft < 400 && shown.ViewRight > 400) << "the view has followed";
+    EXPECT_TRUE(shown.ViewBottom < 500 && shown.ViewTop > 500);
 }
 
 TEST_F(ClipboardCommands, TheViewFollowsWhatIsPasted) {

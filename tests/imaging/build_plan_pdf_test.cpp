@@ -2,6 +2,7 @@
 #include "imaging/build_plan_pdf.h"
 
 #include "imaging/circuit_picture.h"
+#include "pdf_reader.h"
 #include "support/chain.h"
 
 #include <QHashFunctions>
@@ -36,6 +37,23 @@ TEST_F(BuildPlanOnPaper, HasAHeadPageAndThreeStepsOnEachOther) {
 }
 
 TEST_F(BuildPlanOnPaper, HasFewerStepsOnASmallPage) { EXPECT_TRUE(HasPages(Pdf(40, "A5"), 3)); }
+
+TEST_F(BuildPlanOnPaper, TellsWhatIsLeftOutOnAsManyLinesAsThatTakes) {
+    const auto headPage = [](const std::string& unknown) {
+        const BuildPlan plan = BuildPlanOf(Pieces(), ProjectOf("C160 " + unknown), AllTracks);
+        return PagesOf(BuildPlanPdf(Pieces(), plan, PaperA4)).at(0);
+    };
+    const PdfPage one = headPage("X1");
+    std::string codes;
+    for (int i = 10; i < 20; ++i)
+        codes += "LONGCODE" + std::to_string(i) + " ";
+    const PdfPage ten = headPage(codes);
+
+    EXPECT_EQ(ten.Texts, one.Texts + 2) << "about 210 characters on lines of 18 cm";
+    const double down = one.Lines.at(0).FromY - ten.Lines.at(0).FromY;
+    EXPECT_GT(down, 0.6) << "what follows stands below them";
+    EXPECT_LT(down, 1.2);
+}
 
 TEST_F(BuildPlanOnPaper, IsTheSameOnEveryRun) {
     const std::string first = Pdf(25);

@@ -87,7 +87,7 @@ TEST(BuildPlanPage, ShowsBesideEachPictureWhereOnTheCircuitItIs) {
     EXPECT_EQ(CountOf(page, "<use href=\"#bed2\"/>"), 1U);
 }
 
-TEST(BuildPlanPage, HasAPictureAStepInWhichEarlierStepsAreGreyAndItsOwnThick) {
+TEST(BuildPlanPage, HasAPictureAStepInWhichEarlierStepsAreGreyAndItsOwnColoured) {
     const std::string page = BuildPlanPage(Pieces(), BuildPlanOf(Pieces(), ProjectOf(Straights(21)), AllTracks));
 
     EXPECT_EQ(CountOf(page, "<path id="), 3U);

@@ -2,7 +2,10 @@
 #include "ui/window_fixture.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <QScrollBar>
 
 namespace pistaro {
@@ -392,6 +395,17 @@ TEST_F(Editing, TheStatusBarTellsTrackPiecesGapAndUnsavedWork) {
     EXPECT_EQ(status->text(), "Track 2 · empty · unsaved");
     Click("optAll");
     EXPECT_EQ(status->text(), "All tracks · 2 pieces · unsaved");
+}
+
+TEST_F(Editing, TextAloneIsPutOnTheClipboardWithoutAPicture) {
+    Open();
+
+    Session->Windows->PutOnClipboard({.Text = "C160 x2", .Png = "", .Svg = ""});
+
+    const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(data.formats(), QStringList{"text/plain"});
+    EXPECT_EQ(data.text(), "C160 x2");
+    EXPECT_FALSE(data.hasImage());
 }
 
 } // namespace pistaro

@@ -170,6 +170,20 @@ TEST_F(FrmExport, BeginsWithWhatTheWindowShowsAndThenAsItEnded) {
     EXPECT_EQ(Find<QSpinBox>("spnWidth").value(), 432);
 }
 
+TEST_F(FrmExport, KeepsTrackAndWallTiles) {
+    Find<QCheckBox>("chkWalls").setChecked(true);
+    Choose("cboTrack", 2);
+    Exported("x.png");
+
+    Open();
+    EXPECT_TRUE(Find<QCheckBox>("chkWalls").isChecked());
+    EXPECT_EQ(Find<QComboBox>("cboTrack").currentText(), "Track 2");
+
+    project_.Design.Circuit.Tracks[1].ElementCodes.clear();
+    Open();
+    EXPECT_EQ(Find<QComboBox>("cboTrack").currentText(), "All tracks") << "of that one nothing could be exported";
+}
+
 TEST_F(FrmExport, ShowsTheFirstLinesOfATable) {
     Choose("cboFormat", Csv);
     ASSERT_TRUE(Find<QWidget>("txtLines").isVisible());
@@ -185,6 +199,33 @@ TEST_F(FrmExport, ShowsTheFirstLinesOfATable) {
     Choose("cboFormat", Svg);
     EXPECT_FALSE(Find<QWidget>("txtLines").isVisible());
     EXPECT_TRUE(Find<QWidget>("picSheet").isVisible());
+}
+
+TEST_F(FrmExport, CutsALongTableAtALinesEnd) {
+    project_.Design.Circuit.Tracks[0].ElementCodes.assign(100, "C160");
+    Open();
+    Choose("cboFormat", Csv);
+
+    const QStringList lines = Find<QPlainTextEdit>("txtLines").toPlainText().split('\n');
+
+    ASSERT_GE(lines.size(), 10);
+    EXPECT_LT(lines.size(), 100) << "not all of it";
+    EXPECT_EQ(lines.back(), "…");
+    EXPECT_EQ(lines[lines.size() - 2].count(','), 17) << "of 18 columns";
+}
+
+TEST_F(FrmExport, CutsALongLineBetweenCharacters) {
+    std::string manyOfTwoBytes;
+    for (int i = 0; i < 5000; ++i)
+        manyOfTwoBytes += "Ü";
+    for (const std::string& code : {manyOfTwoBytes, "x" + manyOfTwoBytes}) {
+        project_.Design.Circuit.Tracks[0].ElementCodes = {code};
+        Open();
+        Choose("cboFormat", Json);
+        const QString text = Find<QPlainTextEdit>("txtLines").toPlainText();
+        EXPECT_TRUE(text.endsWith("Ü…")) << text.right(4).toStdString();
+        EXPECT_FALSE(text.contains(QChar::ReplacementCharacter));
+    }
 }
 
 TEST_F(FrmExport, TellsSizesInTheUsersUnits) {

@@ -78,6 +78,15 @@ TEST_F(FrmPrint, LeavesTilesWithWallsAloneOutUnlessTheyAreTicked) {
     EXPECT_FALSE(Find<QWidget>("chkWalls").isEnabled());
 }
 
+TEST_F(FrmPrint, CountsOneTileThatIsLeftWithoutItsWallsAsOneSheet) {
+    PlannedSheets sheets;
+    sheets.Plan.Tiled = true;
+    sheets.Plan.Sheets.resize(1);
+    sheets.Plan.LeftOut = 4;
+
+    EXPECT_EQ(SheetsText(sheets), "1 sheet at 1:1; 4 with walls alone left out");
+}
+
 TEST_F(FrmPrint, PreviewsEachSheet) {
     ChooseScale(1);
     const int overview = Ink();
@@ -157,6 +166,7 @@ TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
     Choose("cboPaper", 6);
     Press("chkNumbers");
     Press("chkRoom");
+    Find<QCheckBox>("chkWalls").setChecked(true);
     prompts_.Files.push_back(folder_ / "x.pdf");
     Press("cmdPdf");
     EXPECT_EQ(prompts_.Told.at(0).Text, (folder_ / "x.pdf").string() + " is written.");
@@ -165,6 +175,7 @@ TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
     EXPECT_EQ(Find<QComboBox>("cboPaper").currentText(), "Letter");
     EXPECT_TRUE(Find<QCheckBox>("chkNumbers").isChecked());
     EXPECT_FALSE(Find<QCheckBox>("chkRoom").isChecked());
+    EXPECT_TRUE(Find<QCheckBox>("chkWalls").isChecked());
 }
 
 } // namespace

@@ -99,6 +99,23 @@ protected:
         return file ? file->filename().string() : "none";
     }
 
+    /// What comes of a dialog for a build plan that the user deals with so.
+    std::optional<std::filesystem::path> SavedPlan(const std::function<void(QFileDialog&, QLineEdit&)>& deal) {
+        WhenShown<QFileDialog>([&](QFileDialog& dialog) { deal(dialog, *dialog.findChild<QLineEdit*>()); });
+        return MessagePrompts().ChooseFile({.Saving = true,
+                                            .Title = "Build Plan",
+                                            .Filter = "Web page (*.html)|*.html|PDF (*.pdf)|*.pdf",
+                                            .DefaultName = "oval-plan.html",
+                                            .Folder = Folder.Path().string()});
+    }
+
+    static void ChooseKind(QFileDialog& dialog, int kind) {
+        auto& kinds = *dialog.findChild<QComboBox*>("fileTypeCombo");
+        kinds.setCurrentIndex(kind);
+        emit kinds.textActivated(kinds.currentText());
+        emit kinds.activated(kind);
+    }
+
     TemporaryFolder Folder;
 };
 
@@ -110,21 +127,29 @@ TEST_F(FileDialogs, ASavedFileGetsTheEndingThatItLacks) {
 }
 
 TEST_F(FileDialogs, AProposedNameTakesTheEndingOfTheKindThatIsChosen) {
-    WhenShown<QFileDialog>([](QFileDialog& dialog) {
-        auto& kinds = *dialog.findChild<QComboBox*>("fileTypeCombo");
-        kinds.setCurrentIndex(1);
-        emit kinds.textActivated(kinds.currentText());
-        emit kinds.activated(1);
-        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "oval-plan.pdf");
+    const auto file = SavedPlan([](QFileDialog& dialog, const QLineEdit& name) {
+        ChooseKind(dialog, 1);
+        EXPECT_EQ(name.text(), "oval-plan.pdf");
         dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
     });
-    const auto file = MessagePrompts().ChooseFile({.Saving = true,
-                                                   .Title = "Build Plan",
-                                                   .Filter = "Web page (*.html)|*.html|PDF (*.pdf)|*.pdf",
-                                                   .DefaultName = "oval-plan.html",
-                                                   .Folder = Folder.Path().string()});
     ASSERT_TRUE(file);
     EXPECT_EQ(file->filename().string(), "oval-plan.pdf");
+}
+
+TEST_F(FileDialogs, WithoutANameTheKindThatIsChosenChangesNeitherNameNorFolder) {
+    SavedPlan([this](QFileDialog& dialog, QLineEdit& name) {
+        name.clear();
+        ChooseKind(dialog, 1);
+        EXPECT_EQ(name.text(), "");
+        EXPECT_EQ(PathFromText(dialog.directory().absolutePath().toStdString()), Folder.Path());
+    });
+}
+
+TEST_F(FileDialogs, AKindThatWasNotOfferedLeavesTheName) {
+    SavedPlan([](QFileDialog& dialog, const QLineEdit& name) {
+        emit dialog.filterSelected("Photographs (*.jpg)");
+        EXPECT_EQ(name.text(), "oval-plan.html");
+    });
 }
 
 TEST_F(FileDialogs, AnExistingFileIsGivenWithoutAQuestionOfTheDialog) {
