@@ -18,25 +18,27 @@ void BalanceCommand(Session& session) {
 }
 
 void BalanceTrack(Session& session, const Balance& balance) {
-    session.Work([&] {
-        session.NameStep("Balance Lanes");
-        Track& track = *EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
-        track = Balanced(track, balance.Steps);
-        session.Project.EditState.DataChanged = true;
-    });
+    session.NameStep("Balance Lanes");
+    Track& track = *EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
+    track = Balanced(track, balance.Steps);
+    session.Project.EditState.DataChanged = true;
 }
 
 void PurchaseCommand(Session& session) {
-    const BoxedSets sets = SetsBeside(session.Catalogue, session.SettingsPath).value_or(BoxedSets());
-    const std::vector<int> missing =
-        MissingPieces(session.Catalogue, session.Project.Stock, session.Project.Design.Circuit);
+    const Catalogue& catalogue = session.Catalogue;
+    const BoxedSets sets = SetsBeside(catalogue, session.SettingsPath).value_or(BoxedSets());
+    const std::vector<int> missing = MissingPieces(catalogue, session.Project.Stock, session.Project.Design.Circuit);
     if (std::ranges::all_of(missing, [](int count) { return count == 0; }))
         return session.Prompts.Tell(
             {Icon::Information, "There is nothing to buy: all pieces of the design are owned.\n" +
-                                    PurchaseRemarks(session.Catalogue, session.Project, {})});
-    const JobWork work = [&session, stock = session.Project.Stock, missing, sets](const JobWatch& watch) -> JobEnd {
-        const Purchase purchase = CheapestPurchase(missing, stock, sets, watch);
-        return [&session, purchase, sets] { session.Windows->ShowPurchase(purchase, sets); };
+                                    ReportOf(catalogue, session.Project, sets, {}).Remarks});
+    const JobWork work = [&session, &catalogue, project = session.Project, missing,
+                          sets](const JobWatch& watch) -> JobEnd {
+        const PurchaseReport report =
+            ReportOf(catalogue, project, sets, CheapestPurchase(missing, project.Stock, sets, watch));
+        return [&session, report] {
+            if (session.Windows != nullptr) session.Windows->ShowPurchase(report);
+        };
     };
     session.StartJob({"Looking for the cheapest purchase", "A search for the cheapest purchase is running.", work});
 }
