@@ -53,8 +53,8 @@ QWidget* RowOf(std::initializer_list<QWidget*> widgets) {
 } // namespace
 
 SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
-    : Strip("fraSuggestions", view, "suggestion"), session_(session),
-      lblSuggestion_(Named(new QLabel, "lblSuggestion")), lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
+    : Strip("fraSuggestions", session, view, "suggestion"), lblSuggestion_(Named(new QLabel, "lblSuggestion")),
+      lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
       chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
       spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnMostRemoved_(Named(new QSpinBox, "spnMostRemoved")),
       spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")), spnRun_(Named(new QSpinBox, "spnRun")),
