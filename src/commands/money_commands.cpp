@@ -1,5 +1,6 @@
 #include "commands/money_commands.h"
 
+#include "layout/track_gap.h"
 #include "money/purchase.h"
 #include "money/purchase_text.h"
 #include "storage/sets_file.h"
@@ -9,12 +10,15 @@
 namespace pistaro {
 
 void BalanceCommand(Session& session) {
+    const Design& design = session.Project.Design;
     const int track = session.Project.EditState.CurrentTrack;
-    const Balance balance = BalanceLanes(session.Catalogue, session.Project.Design, track);
-    if (balance.Steps.empty())
-        session.Prompts.Tell({Icon::Information, BalanceText(balance, session.Project.Preferences.Units)});
-    else
-        session.Windows->ShowBalance(balance);
+    const Balance balance = BalanceLanes(session.Catalogue, design, track);
+    if (!balance.Steps.empty()) return session.Windows->ShowBalance(balance);
+    constexpr double pressedTogether = 2; // cm, which a hand can close
+    const TrackGap gap = GapOf(session.Catalogue, design.Circuit.Tracks[static_cast<std::size_t>(track)]);
+    const std::string open =
+        gap.Distance > pressedTogether && !balance.IsBalanced ? " The track does not close yet; close it first." : "";
+    session.Prompts.Tell({Icon::Information, BalanceText(balance, session.Project.Preferences.Units) + open});
 }
 
 void BalanceTrack(Session& session, const Balance& balance) {

@@ -61,10 +61,11 @@ QTreeWidget* frmPurchase::Lines() const {
 QLabel* frmPurchase::Total() const {
     const auto priced = [&](Cents cents) { return Amount(cents) + " " + Shown(CurrencySign(report_.Currency)); };
     const QString above = report_.AboveBound == 0 ? "" : "at most " + priced(report_.AboveBound) + " above ";
-    QLabel* const label =
-        NewText("lblPurchaseTotal", report_.Lines.empty()
-                                        ? "What is missing has no price yet. View ▸ Stock and Price takes prices."
-                                        : "Total " + priced(report_.Total) + ", " + above + "the cheapest there is.");
+    const QString without = report_.HasUnsold ? " without what has no price" : "";
+    QLabel* const label = NewText(
+        "lblPurchaseTotal", report_.Lines.empty()
+                                ? "What is missing has no price yet. View ▸ Stock and Price takes prices."
+                                : "Total " + priced(report_.Total) + without + ", " + above + "the cheapest there is.");
     QFont bold = label->font();
     bold.setBold(true);
     label->setFont(bold);

@@ -84,6 +84,7 @@ TEST_F(BalanceStrip, PutsTheViewBackWhenItIsLeft) {
 
     Choose("mnuBalance");
     Choose("mnuCloseLoop");
+    Click("cmdLeaveSuggestions");
     EXPECT_EQ(Project.Design.View, before) << "another strip took its place";
 }
 
@@ -95,6 +96,16 @@ TEST_F(BalanceStrip, TakesThePlaceOfAnotherStrip) {
     Choose("mnuBalance");
     EXPECT_TRUE(Strip().isVisible());
     EXPECT_FALSE(Find<QWidget>("fraSuggestions").isVisible());
+}
+
+TEST_F(BalanceStrip, AsksForAnOpenTrackToBeClosed) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R"));
+
+    Choose("mnuBalance");
+
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_TRUE(
+        QString::fromStdString(Prompts.Told[0].Text).endsWith(" The track does not close yet; close it first."));
 }
 
 TEST_F(BalanceStrip, IsNotShownWhereTheLanesAreBalanced) {

@@ -100,6 +100,27 @@ TEST_F(Purchases, ThatMayNotBeTheCheapestSayByHowMuchAtMost) {
               "Total 10.00 €, at most 2.50 € above the cheapest there is.");
 }
 
+TEST_F(Purchases, SayInTheTotalThatSomethingIsMissingFromIt) {
+    Open();
+    const frmPurchase dialog(
+        *Session, {.Lines = {{2, "Box", 500}}, .Total = 1000, .Currency = "EUR", .HasUnsold = true, .Remarks = {}},
+        nullptr);
+
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblPurchaseTotal")->text(),
+              "Total 10.00 € without what has no price, the cheapest there is.");
+}
+
+TEST_F(Purchases, OfExamplesAreNotMade) {
+    OpenWithSettings(ProjectOf("C160"));
+    frmSets examples(*Session);
+    EXPECT_TRUE(examples.findChild<QLabel*>("lblSets")->text().startsWith("These are examples"));
+
+    examples.findChild<QPushButton*>("cmdSaveSets")->click();
+
+    frmSets saved(*Session);
+    EXPECT_TRUE(saved.findChild<QLabel*>("lblSets")->text().startsWith("The boxes that your shop sells."));
+}
+
 TEST_F(Purchases, AreTakenAlongAsText) {
     Open();
     const frmPurchase dialog(

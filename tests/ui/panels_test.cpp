@@ -234,6 +234,31 @@ TEST_F(Panels, WhatIsTypedIntoTheMoneyPanelIsSaved) {
     EXPECT_TRUE(Prompts.Told.empty());
 }
 
+TEST_F(Panels, APriceMayHaveADecimalComma) {
+    OpenWithSettings(ProjectOf("C160"));
+    ShowPanel("mnuMoney");
+
+    Tree("lstMoney").topLevelItem(0)->setText(5, "3,25");
+    QTest::qWait(1);
+
+    EXPECT_EQ(Project.Stock[Pieces().FindRow("C160")].Price, 3.25F);
+    EXPECT_TRUE(Prompts.Told.empty());
+}
+
+TEST_F(Panels, DelInAListTakesNoPieceOutOfTheTrack) {
+    OpenWithSettings(ProjectOf("C160 C151R"));
+    Project.EditState.Select(1);
+    ShowPanel("mnuMoney");
+    QTreeWidget& list = Tree("lstMoney");
+    list.setCurrentItem(list.topLevelItem(0), 3);
+    list.setFocus();
+
+    QTest::keyClick(&list, Qt::Key_Delete);
+    QTest::keyClick(&list, Qt::Key_Backspace);
+
+    EXPECT_EQ(Codes(), "C160 C151R");
+}
+
 TEST_F(Panels, WhatIsNoNumberIsToldAndLeftAsItWas) {
     OpenWithSettings(ProjectOf("C160"));
     ShowPanel("mnuMoney");
