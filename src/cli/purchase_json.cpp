@@ -46,10 +46,10 @@ Json PurchaseJson(const Catalogue& catalogue, const Project& project, const Boxe
             {"notSold", CountsJson(catalogue, purchase.NotSold)},
             {"surplus", CountsJson(catalogue, purchase.Surplus)},
             {"unused", CountsJson(catalogue, UnusedPieces(catalogue, project.Stock, project.Design.Circuit))},
-            {"unknown", UnknownJson(CountUnknownCodes(catalogue, project.Design.Circuit))},
             {"total", Money(purchase.Total)},
             {"bound", Money(purchase.Bound)},
-            {"proven", purchase.IsProven()}};
+            {"proven", purchase.IsProven()},
+            {"unknown", UnknownJson(CountUnknownCodes(catalogue, project.Design.Circuit))}};
 }
 
 } // namespace pistaro

@@ -105,7 +105,7 @@ void BuyVerb(const VerbContext& context, const std::filesystem::path& circuit, c
     const Purchase purchase =
         CheapestPurchase(missing, project.Stock, boxes, {.Progress = {}, .Stop = interruptions.Stop()});
     context.Output << (json ? Line(PurchaseJson(context.Catalogue, project, boxes, purchase)) + '\n'
-                            : PurchaseText(context.Catalogue, project, boxes, purchase));
+                            : PurchaseText(ReportOf(context.Catalogue, project, boxes, purchase)));
 }
 
 void ShopVerb(const VerbContext& context, const std::filesystem::path& circuit, const DetailOptions& options,

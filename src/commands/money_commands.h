@@ -9,7 +9,7 @@ namespace pistaro {
 /// Shows the fewest changes that balance the lanes of the current track, or tells why there are none.
 void BalanceCommand(Session& session);
 
-/// Does them all, as one step of undo.
+/// Does them all: the running work is one step of undo.
 void BalanceTrack(Session& session, const Balance& balance);
 
 /// Looks for the cheapest purchase of what is missing, as a job, and shows it. The sets come from the file beside the

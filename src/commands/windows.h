@@ -2,9 +2,8 @@
 #pragma once
 
 #include "checks/balance.h"
-#include "model/boxed_set.h"
 #include "model/scaled_background.h"
-#include "money/purchase.h"
+#include "money/purchase_text.h"
 
 #include <string>
 
@@ -50,8 +49,8 @@ public:
     /// Changes that balance the lanes of the current track: to be looked at and done.
     virtual void ShowBalance(const Balance& balance) = 0;
 
-    /// What is to be bought, of these sets and of single pieces.
-    virtual void ShowPurchase(const Purchase& purchase, const BoxedSets& sets) = 0;
+    /// What is to be bought.
+    virtual void ShowPurchase(const PurchaseReport& report) = 0;
 
     /// Circuits from pieces at hand; others from the pieces of the design.
     virtual void ShowBox() = 0;

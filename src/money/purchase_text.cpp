@@ -48,46 +48,44 @@ std::string UnknownCodes(const Catalogue& catalogue, const Circuit& circuit) {
     return line.Text();
 }
 
+/// "12.50 EUR"
+std::string Priced(Cents cents, const std::string& currency) { return MoneyText(cents) + " " + currency; }
+
 } // namespace
 
-std::vector<PurchaseLine> PurchaseLines(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
-                                        const Purchase& purchase) {
-    std::vector<PurchaseLine> lines;
+PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
+                        const Purchase& purchase) {
+    const Circuit& circuit = project.Design.Circuit;
+    PurchaseReport report{.Lines = {},
+                          .Total = purchase.Total,
+                          .AboveBound = purchase.Total - purchase.Bound,
+                          .Currency = project.Preferences.Units.Currency,
+                          .HasUnsold = std::ranges::any_of(purchase.NotSold, [](int count) { return count > 0; }),
+                          .Remarks = {}};
     ForEachCount(purchase.Sets, [&](std::size_t set, int count) {
-        lines.push_back({count, sets[set].Name, sets[set].Price});
+        report.Lines.push_back({count, sets[set].Name, sets[set].Price});
     });
     ForEachCount(purchase.Singles, [&](std::size_t row, int count) {
         const std::string name = CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
-        lines.push_back({count, name, PriceOf(project, row)});
+        report.Lines.push_back({count, name, PriceOf(project, row)});
     });
-    return lines;
+    report.Remarks = CountsOf("In no set and without a price: ", catalogue, purchase.NotSold) +
+                     CountsOf("Left over from the sets: ", catalogue, purchase.Surplus) +
+                     CountsOf("Owned and not used: ", catalogue, UnusedPieces(catalogue, project.Stock, circuit)) +
+                     UnknownCodes(catalogue, circuit);
+    return report;
 }
 
-std::string PurchaseProof(const Purchase& purchase, const std::string& currency) {
-    if (purchase.IsProven()) return "the cheapest there is.";
-    return "at most " + MoneyText(purchase.Total - purchase.Bound) + " " + currency + " above the cheapest there is.";
-}
-
-std::string PurchaseRemarks(const Catalogue& catalogue, const Project& project, const Purchase& purchase) {
-    const Circuit& circuit = project.Design.Circuit;
-    return CountsOf("In no set and without a price: ", catalogue, purchase.NotSold) +
-           CountsOf("Left over from the sets: ", catalogue, purchase.Surplus) +
-           CountsOf("Owned and not used: ", catalogue, UnusedPieces(catalogue, project.Stock, circuit)) +
-           UnknownCodes(catalogue, circuit);
-}
-
-std::string PurchaseText(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
-                         const Purchase& purchase) {
-    const std::string remarks = PurchaseRemarks(catalogue, project, purchase);
-    const std::vector<PurchaseLine> lines = PurchaseLines(catalogue, project, sets, purchase);
-    const bool hasUnsold = std::ranges::any_of(purchase.NotSold, [](int count) { return count > 0; });
-    if (lines.empty() && hasUnsold) return "What is missing has no price yet.\n" + remarks;
+std::string PurchaseText(const PurchaseReport& report) {
+    if (report.Lines.empty() && report.HasUnsold) return "What is missing has no price yet.\n" + report.Remarks;
     std::string table;
-    for (const PurchaseLine& line : lines)
+    for (const PurchaseLine& line : report.Lines)
         table += Columns(line);
-    const std::string& currency = project.Preferences.Units.Currency;
-    return table + "Total " + MoneyText(purchase.Total) + " " + currency + ", " + PurchaseProof(purchase, currency) +
-           '\n' + remarks;
+    return table + "Total " + Priced(report.Total, report.Currency) + ", " +
+           (report.AboveBound == 0
+                ? "the cheapest there is.\n"
+                : "at most " + Priced(report.AboveBound, report.Currency) + " above the cheapest there is.\n") +
+           report.Remarks;
 }
 
 } // namespace pistaro

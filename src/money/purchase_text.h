@@ -16,19 +16,23 @@ struct PurchaseLine {
     Cents Price = 0;
 };
 
-/// What is bought: the sets, then the single pieces.
-std::vector<PurchaseLine> PurchaseLines(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
-                                        const Purchase& purchase);
+/// A purchase as it is told, with the prices and the pieces of the project that it is for.
+struct PurchaseReport {
+    std::vector<PurchaseLine> Lines; ///< the sets, then the single pieces
+    Cents Total = 0;
+    Cents AboveBound = 0; ///< by how much another purchase could be cheaper at most; 0 where this is the cheapest
+    std::string Currency;
+    bool HasUnsold = false; ///< something that is missing cannot be bought
 
-/// "the cheapest there is.", or "at most 2.50 EUR above the cheapest there is.".
-std::string PurchaseProof(const Purchase& purchase, const std::string& currency);
+    /// What cannot be bought, what is left over from the sets, what is owned and not used, and which codes are not
+    /// counted as the catalogue does not hold them: a line each where there is such.
+    std::string Remarks;
+};
 
-/// What cannot be bought, what is left over from the sets, what is owned and not used, and which codes are not counted
-/// as the catalogue does not hold them: a line each where there is such.
-std::string PurchaseRemarks(const Catalogue& catalogue, const Project& project, const Purchase& purchase);
+PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
+                        const Purchase& purchase);
 
 /// A line for each set and each product, the total, and what is left over. Columns are for a font of one width.
-std::string PurchaseText(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
-                         const Purchase& purchase);
+std::string PurchaseText(const PurchaseReport& report);
 
 } // namespace pistaro

@@ -6,13 +6,6 @@
 
 namespace pistaro {
 
-const std::array<Direction, HeadingCount> HeadingDirections = [] {
-    std::array<Direction, HeadingCount> all{};
-    for (int heading = 0; heading < HeadingCount; ++heading)
-        all[static_cast<std::size_t>(heading)] = Towards(AngleOf(heading));
-    return all;
-}();
-
 namespace {
 
 /// By how many headings a piece turns, to the left above 0; nothing where it leads off the lattice.

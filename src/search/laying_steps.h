@@ -28,11 +28,19 @@ struct SearchPose {
 };
 
 /// The directions of the headings.
-extern const std::array<Direction, HeadingCount> HeadingDirections;
+inline const std::array<Direction, HeadingCount>& DirectionsOfHeadings() {
+    static const std::array<Direction, HeadingCount> directions = [] {
+        std::array<Direction, HeadingCount> all{};
+        for (int heading = 0; heading < HeadingCount; ++heading)
+            all[static_cast<std::size_t>(heading)] = Towards(AngleOf(heading));
+        return all;
+    }();
+    return directions;
+}
 
 /// The point turned about the origin.
 inline GroundPoint Turned(GroundPoint point, int heading) {
-    const Direction across = HeadingDirections[static_cast<std::size_t>(heading)];
+    const Direction across = DirectionsOfHeadings()[static_cast<std::size_t>(heading)];
     return {point.X * across.X - point.Y * across.Y, point.X * across.Y + point.Y * across.X};
 }
 

@@ -322,11 +322,12 @@ bool LoopGrowth::IsTooWide(const Loop& loop) const {
     return right - left > room_.Width() || top - bottom > room_.Height();
 }
 
-/// Two adapters with nothing between them join nothing.
+/// Two adapters with nothing between them join nothing. What is kept may begin in one system and end in the other.
 bool LoopGrowth::HasAdaptersInARow(const Run& run) const {
-    bool before = steps_[run.back()].JoinsSystems();
-    return std::ranges::any_of(
-        run, [&](std::uint8_t step) { return std::exchange(before, steps_[step].JoinsSystems()) && before; });
+    const auto isAdapter = [&](std::uint8_t step) { return steps_[step].JoinsSystems() && steps_[step].Kept.empty(); };
+    bool before = isAdapter(run.back());
+    return std::ranges::any_of(run,
+                               [&](std::uint8_t step) { return std::exchange(before, isAdapter(step)) && before; });
 }
 
 /// Whether the loop closes as it is really laid, without overlaps, and finds a place in the room, where it then starts.

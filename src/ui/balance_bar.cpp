@@ -1,7 +1,6 @@
 #include "ui/balance_bar.h"
 
 #include "commands/money_commands.h"
-#include "editor/view_commands.h"
 #include "layout/outline.h"
 #include "layout/placement.h"
 #include "ui/named_controls.h"
@@ -55,7 +54,7 @@ private:
 } // namespace
 
 BalanceBar::BalanceBar(Session& session, CircuitView& view)
-    : Strip("fraBalance", view, "balance"), session_(session), lblBalance_(Named(new QLabel, "lblBalance")),
+    : Strip("fraBalance", session, view, "balance"), lblBalance_(Named(new QLabel, "lblBalance")),
       lstBalance_(Named(new QListWidget, "lstBalance")) {
     QPushButton* const cmdBalance = NewButton("cmdBalance", "&Apply");
     cmdBalance->setToolTip("Do all of these, as Enter does");
@@ -83,7 +82,7 @@ void BalanceBar::Show(const Balance& balance) {
             lstBalance_->addItem(Shown(StepText(step, units)));
         lstBalance_->setCurrentRow(0);
     }
-    show();
+    Open();
     ShowPieces();
     lstBalance_->setFocus();
 }
@@ -105,10 +104,7 @@ void BalanceBar::ShowPieces() {
         overlay.emplace_back(OverlayArea{OutlinePolygon(*placement, tolerance), ChosenColour, true});
     });
     ShowAbove(std::move(overlay));
-    session_.Do([&] {
-        ViewSettings& view = session_.Project.Design.View;
-        FollowTo(view, places.BoxOf(step), View().Frame().Covered(view));
-    });
+    BringIntoSight(places.BoxOf(step));
 }
 
 void BalanceBar::Accept() {

@@ -27,7 +27,6 @@ protected:
 private:
     void ShowPieces();
 
-    Session& session_;
     QLabel* const lblBalance_;
     QListWidget* const lstBalance_;
     Balance balance_;

@@ -125,7 +125,7 @@ QLayout* BoxFields::FilterFields() {
     txtFilterBox_->setPlaceholderText("Find a product");
     txtFilterBox_->setAccessibleName("Find a product");
     txtFilterBox_->setToolTip("Some of a product's code or name");
-    chkAllProducts_ = Named(new QCheckBox("All p&roducts"), "chkAllProducts");
+    chkAllProducts_ = Named(new QCheckBox("All prod&ucts"), "chkAllProducts");
     chkAllProducts_->setToolTip("List products, too, that you do not own and that are not in the box");
     connect(txtFilterBox_, &QLineEdit::textChanged, this, [this] { Filter(); });
     connect(chkAllProducts_, &QCheckBox::toggled, this, [this] { Filter(); });

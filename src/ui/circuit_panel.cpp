@@ -72,7 +72,7 @@ void CircuitPanel::Refresh() {
     SetUp(*vMov_, view.VMov, smallStep, largeStep);
 }
 
-void CircuitPanel::TakeStrip(QWidget& strip) {
+void CircuitPanel::TakeStrip(Strip& strip) {
     strips_.push_back(&strip);
     strip.setParent(this);
     strip.installEventFilter(this);
@@ -80,8 +80,9 @@ void CircuitPanel::TakeStrip(QWidget& strip) {
 
 bool CircuitPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ShowToParent) {
-        for (QWidget* const strip : strips_)
-            strip->setHidden(strip != watched);
+        for (Strip* const strip : strips_) {
+            if (strip != watched && !strip->isHidden()) strip->Leave();
+        }
     }
     const bool changesHeight = event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent ||
                                event->type() == QEvent::LayoutRequest;
@@ -95,7 +96,7 @@ void CircuitPanel::Arrange() {
     const int barWidth = vMov_->sizeHint().width();
     const int barHeight = hMov_->sizeHint().height();
     const QSize tools = tools_->sizeHint();
-    const auto shown = std::ranges::find_if(strips_, [](const QWidget* strip) { return !strip->isHidden(); });
+    const auto shown = std::ranges::find_if(strips_, [](const Strip* strip) { return !strip->isHidden(); });
     const int stripHeight = shown == strips_.end() ? 0 : (*shown)->sizeHint().height() + Gap;
     const QSize canvas(std::max(0, width() - barWidth), std::max(0, height() - tools.height() - Gap - stripHeight));
     view_->setGeometry(QRect(QPoint(0, 0), canvas));

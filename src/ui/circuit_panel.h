@@ -3,6 +3,7 @@
 
 #include "ui/circuit_view.h"
 #include "ui/command_controls.h"
+#include "ui/strip.h"
 
 #include <QScrollBar>
 
@@ -18,7 +19,7 @@ public:
 
     /// From now on the strip stands below the drawing while it is shown, and leaves it less height. Of several strips
     /// one is shown at a time, that which was opened last.
-    void TakeStrip(QWidget& strip);
+    void TakeStrip(Strip& strip);
 
     /// Brings the scroll bars to the view's ranges, values and steps.
     void Refresh();
@@ -38,7 +39,7 @@ private:
     QScrollBar* const hMov_;
     QScrollBar* const vMov_;
     QWidget* const tools_;
-    std::vector<QWidget*> strips_;
+    std::vector<Strip*> strips_;
 };
 
 } // namespace pistaro

@@ -47,9 +47,7 @@ void Dialogs::ShowSamples() { frmSamples(session_, SampleFolder(), &window_).exe
 
 void Dialogs::ShowBackground(const ScaledBackground& proposed) { frmBackground(session_, proposed, &window_).exec(); }
 
-void Dialogs::ShowPurchase(const Purchase& purchase, const BoxedSets& sets) {
-    frmPurchase(session_, purchase, sets, &window_).exec();
-}
+void Dialogs::ShowPurchase(const PurchaseReport& report) { frmPurchase(session_, report, &window_).exec(); }
 
 void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
 

@@ -46,7 +46,7 @@ public:
     void ShowClosings() override { suggestions_.ShowClosings(); }
     void ShowReplacements() override { suggestions_.ShowReplacements(); }
     void ShowBalance(const Balance& balance) override { balance_.Show(balance); }
-    void ShowPurchase(const Purchase& purchase, const BoxedSets& sets) override;
+    void ShowPurchase(const PurchaseReport& report) override;
 
     /// These stay beside the window, and come once.
     void ShowStock() override;

@@ -1,6 +1,5 @@
 #include "ui/frmPurchase.h"
 
-#include "money/purchase_text.h"
 #include "ui/named_controls.h"
 #include "ui/typed_number.h"
 
@@ -14,8 +13,8 @@ namespace {
 constexpr QSize UsualSize(560, 380);
 
 /// Text that may be marked, of no markup: names of sets are their user's.
-QLabel* NewText(const char* name, const std::string& text) {
-    auto* const label = Named(new QLabel(Shown(text)), name);
+QLabel* NewText(const char* name, const QString& text) {
+    auto* const label = Named(new QLabel(text), name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -24,31 +23,21 @@ QLabel* NewText(const char* name, const std::string& text) {
 
 } // namespace
 
-frmPurchase::frmPurchase(Session& session, const Purchase& purchase, const BoxedSets& sets, QWidget* parent)
-    : QDialog(parent), session_(session), purchase_(purchase), sets_(sets) {
+frmPurchase::frmPurchase(Session& session, const PurchaseReport& report, QWidget* parent)
+    : QDialog(parent), session_(session), report_(report) {
     setObjectName("frmPurchase");
     setWindowTitle("Cheapest Purchase");
-    QPushButton* const cmdSets = NewButton("cmdBoxedSets", "&Boxed Sets…");
-    QPushButton* const cmdCopy = NewButton("cmdCopyPurchase", "&Copy");
     QPushButton* const cmdClose = NewButton("cmdClosePurchase", "Close");
-    cmdSets->setToolTip("Tell what your shop sells in boxes, and look again afterwards");
-    cmdCopy->setToolTip("Put the list on the clipboard, as text");
     cmdClose->setDefault(true);
-    connect(cmdSets, &QPushButton::clicked, this, [this] {
-        accept();
-        session_.Windows->ShowSets();
-    });
-    connect(cmdCopy, &QPushButton::clicked, this, [this] { Copy(); });
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     auto* const column = new QVBoxLayout(this);
-    QTreeWidget* const lines = Lines();
-    const bool hasLines = lines->topLevelItemCount() > 0;
-    column->addWidget(lines, 1);
-    lines->setVisible(hasLines);
-    column->addWidget(Total(hasLines));
+    if (!report.Lines.empty()) {
+        column->addWidget(Lines(), 1);
+        resize(UsualSize);
+    }
+    column->addWidget(Total());
     column->addWidget(Remarks());
-    column->addLayout(ButtonRow({cmdSets, cmdCopy, cmdClose}));
-    if (hasLines) resize(UsualSize);
+    column->addLayout(ButtonRow({Sets(), Copy(), cmdClose}));
 }
 
 QTreeWidget* frmPurchase::Lines() const {
@@ -57,7 +46,7 @@ QTreeWidget* frmPurchase::Lines() const {
     list->setAlternatingRowColors(true);
     list->setAccessibleName("What to buy");
     list->setHeaderLabels({"Count", "Box or piece", "Price", "Sum"});
-    for (const PurchaseLine& line : PurchaseLines(session_.Catalogue, session_.Project, sets_, purchase_)) {
+    for (const PurchaseLine& line : report_.Lines) {
         auto* const item = new QTreeWidgetItem(
             list, {QString::number(line.Count), Shown(line.Name), Amount(line.Price), Amount(line.Price * line.Count)});
         for (const int number : {0, 2, 3})
@@ -69,12 +58,14 @@ QTreeWidget* frmPurchase::Lines() const {
     return list;
 }
 
-QLabel* frmPurchase::Total(bool hasLines) const {
-    const std::string& currency = session_.Project.Preferences.Units.Currency;
-    const std::string text = hasLines ? "Total " + Amount(purchase_.Total).toStdString() + " " +
-                                            CurrencySign(currency) + ", " + PurchaseProof(purchase_, currency)
-                                      : "What is missing has no price yet. View ▸ Stock and Price takes prices.";
-    QLabel* const label = NewText("lblPurchaseTotal", text);
+QLabel* frmPurchase::Total() const {
+    const auto priced = [&](Cents cents) { return Amount(cents) + " " + Shown(CurrencySign(report_.Currency)); };
+    const QString above = report_.AboveBound == 0 ? "" : "at most " + priced(report_.AboveBound) + " above ";
+    const QString without = report_.HasUnsold ? " without what has no price" : "";
+    QLabel* const label = NewText(
+        "lblPurchaseTotal", report_.Lines.empty()
+                                ? "What is missing has no price yet. View ▸ Stock and Price takes prices."
+                                : "Total " + priced(report_.Total) + without + ", " + above + "the cheapest there is.");
     QFont bold = label->font();
     bold.setBold(true);
     label->setFont(bold);
@@ -82,17 +73,27 @@ QLabel* frmPurchase::Total(bool hasLines) const {
 }
 
 QLabel* frmPurchase::Remarks() const {
-    const std::string text = PurchaseRemarks(session_.Catalogue, session_.Project, purchase_);
-    QLabel* const label = NewText("lblPurchaseRemarks", text.substr(0, text.find_last_not_of('\n') + 1));
-    label->setVisible(!text.empty());
+    QLabel* const label = NewText("lblPurchaseRemarks", Shown(report_.Remarks).trimmed());
+    label->setVisible(!report_.Remarks.empty());
     return label;
 }
 
-void frmPurchase::Copy() const {
-    session_.Do([&] {
-        const std::string text = PurchaseText(session_.Catalogue, session_.Project, sets_, purchase_);
-        session_.Windows->PutOnClipboard({.Text = text, .Png = {}, .Svg = {}});
+QPushButton* frmPurchase::Sets() {
+    QPushButton* const cmdSets = NewButton("cmdBoxedSets", "&Boxed Sets…");
+    cmdSets->setToolTip("Tell what your shop sells in boxes, and look again afterwards");
+    connect(cmdSets, &QPushButton::clicked, this, [this] {
+        accept();
+        session_.Windows->ShowSets();
     });
+    return cmdSets;
+}
+
+QPushButton* frmPurchase::Copy() {
+    QPushButton* const cmdCopy = NewButton("cmdCopyPurchase", "&Copy");
+    cmdCopy->setToolTip("Put the list on the clipboard, as text");
+    connect(cmdCopy, &QPushButton::clicked, this,
+            [this] { session_.Windows->PutOnClipboard({.Text = PurchaseText(report_), .Png = {}, .Svg = {}}); });
+    return cmdCopy;
 }
 
 } // namespace pistaro

@@ -2,28 +2,28 @@
 #pragma once
 
 #include "commands/session.h"
-#include "model/boxed_set.h"
-#include "money/purchase.h"
+#include "money/purchase_text.h"
 
 #include <QDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QTreeWidget>
 
 namespace pistaro {
 
 class frmPurchase : public QDialog {
 public:
-    frmPurchase(Session& session, const Purchase& purchase, const BoxedSets& sets, QWidget* parent);
+    frmPurchase(Session& session, const PurchaseReport& report, QWidget* parent);
 
 private:
     QTreeWidget* Lines() const;
-    QLabel* Total(bool hasLines) const;
+    QLabel* Total() const;
     QLabel* Remarks() const;
-    void Copy() const;
+    QPushButton* Sets();
+    QPushButton* Copy();
 
     Session& session_;
-    const Purchase purchase_;
-    const BoxedSets sets_;
+    const PurchaseReport report_;
 };
 
 } // namespace pistaro

@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -43,7 +44,8 @@ frmRecovered::frmRecovered(Session& session, Occasion occasion, QWidget* parent)
     connect(lstWorks_, &QListWidget::itemDoubleClicked, this, [this] { OpenChosen(); });
     connect(lstWorks_, &QListWidget::currentRowChanged, this, [this](int row) { Enable(row); });
     Fill();
-    resize(480, 460);
+    constexpr QSize usual(480, 460), frame(0, 60);
+    resize(usual.boundedTo(screen()->availableSize() - frame));
 }
 
 frmRecovered::~frmRecovered() {

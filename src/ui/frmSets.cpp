@@ -52,7 +52,15 @@ frmSets::frmSets(Session& session, QWidget* parent)
     columns->addLayout(SetList());
     columns->addLayout(SetFields(), 1);
     auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel("The boxes that your shop sells. The cheapest purchase is chosen among them."));
+    std::error_code unknown;
+    const bool areExamples = !std::filesystem::exists(file_, unknown);
+    auto* const lblSets = Named(new QLabel(areExamples ? "These are examples, which no purchase counts yet. Make them "
+                                                         "the boxes that your shop sells, and save them."
+                                                       : "The boxes that your shop sells. The cheapest purchase is "
+                                                         "chosen among them."),
+                                "lblSets");
+    lblSets->setWordWrap(true);
+    layout->addWidget(lblSets);
     layout->addLayout(columns);
     layout->addLayout(Buttons());
     resize(640, 480);

@@ -1,6 +1,7 @@
 // The list of a panel below the drawing: at first a few lines high, so that it leaves the drawing its height.
 #pragma once
 
+#include <QKeyEvent>
 #include <QTreeWidget>
 
 namespace pistaro {
@@ -10,6 +11,15 @@ public:
     PanelList() {
         setRootIsDecorated(false);
         setAlternatingRowColors(true);
+    }
+
+    /// Del and Backspace in a list are no commands on the track.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Delete || key == Qt::Key_Backspace) event->accept();
+        }
+        return QTreeWidget::event(event);
     }
 
     QSize sizeHint() const override {

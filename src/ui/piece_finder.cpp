@@ -32,8 +32,7 @@ PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void(
       lstFoundPieces_(Named(new QListWidget, "lstFoundPieces")) {
     txtFindPiece_->setPlaceholderText("Find: chic, C80, 45 … (Ctrl+F)");
     txtFindPiece_->setAccessibleName("Find a piece");
-    txtFindPiece_->setToolTip(
-        "Some of a piece's code, name or angle; Enter adds the chosen one, Esc ends the search");
+    txtFindPiece_->setToolTip("Some of a piece's code, name or angle; Enter adds the chosen one, Esc ends the search");
     txtFindPiece_->installEventFilter(this);
     lstFoundPieces_->setAccessibleName("Pieces found");
     lstFoundPieces_->setIconSize(QSize(PieceIconSide, PieceIconSide));

@@ -57,7 +57,7 @@ QLabel* NewHeading(const QString& text, const QString& tip) {
 
 ScoreWeightsBox::ScoreWeightsBox(std::function<void()> changed)
     : QGroupBox("A good circuit"), changed_(std::move(changed)), lblScore_(NewFigure("lblScore", 0)),
-      cmdUsualWeights_(NewButton("cmdUsualWeights", "&Usual Weights")) {
+      cmdUsualWeights_(NewButton("cmdUsualWeights", "Usual &Weights")) {
     auto* const grid = new QGridLayout(this);
     grid->setVerticalSpacing(2);
     for (std::size_t part = 0; part < Parts.size(); ++part)

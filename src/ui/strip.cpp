@@ -1,13 +1,41 @@
 #include "ui/strip.h"
 
+#include "editor/view_commands.h"
+
 #include <QKeyEvent>
+
+#include <algorithm>
+#include <cmath>
 
 namespace pistaro {
 
-Strip::Strip(const char* name, CircuitView& view, const char* overlay) : view_(view), overlay_(overlay) {
+Strip::Strip(const char* name, Session& session, CircuitView& view, const char* overlay)
+    : session_(session), view_(view), overlay_(overlay) {
     setObjectName(name);
     setAutoFillBackground(true);
     hide();
+}
+
+void Strip::Open() {
+    show();
+    viewBefore_ = viewShown_ = session_.Project.Design.View;
+}
+
+void Strip::Leave() {
+    hide();
+    if (session_.Project.Design.View == viewShown_) session_.Do([&] { session_.Project.Design.View = *viewBefore_; });
+}
+
+void Strip::BringIntoSight(const GroundBox& box) {
+    if (session_.Project.Design.View != viewShown_) viewBefore_ = session_.Project.Design.View; // moved by the user
+    constexpr double around = 10;                                                               // cm
+    const GroundBox shown = box.Grown(around);
+    ViewSettings view = *viewBefore_;
+    const double side = std::max(shown.Right - shown.Left, shown.Top - shown.Bottom);
+    if (side > double{view.Width}) view.Width = static_cast<float>(std::ceil(side));
+    FollowTo(view, shown, view_.Frame().Covered(view));
+    session_.Do([&] { session_.Project.Design.View = view; });
+    viewShown_ = view;
 }
 
 QLayout* Strip::Head(QLabel& text, QPushButton& accept, QPushButton& leave) {

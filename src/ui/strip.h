@@ -1,24 +1,36 @@
 // What stands below the drawing for a while and shows proposals in it: Enter takes the chosen one, Esc leaves.
 #pragma once
 
+#include "commands/session.h"
+#include "layout/ground.h"
 #include "ui/circuit_view.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
+#include <optional>
+#include <utility>
+
 namespace pistaro {
 
 class Strip : public QWidget {
 public:
     /// `overlay` names its part of what lies above the drawing.
-    Strip(const char* name, CircuitView& view, const char* overlay);
+    Strip(const char* name, Session& session, CircuitView& view, const char* overlay);
+
+    /// Esc, and Cancel: goes with all as it was, the view where it stood unless its user has moved it since.
+    void Leave();
 
 protected:
+    /// Shows it.
+    void Open();
+
     /// Enter, and the button that says so.
     virtual void Accept() = 0;
-    /// Esc, and Cancel.
-    virtual void Leave() { hide(); }
+
+    /// Moves the view no further than it takes to show a place of the drawing, and zooms out where that is larger.
+    void BringIntoSight(const GroundBox& box);
 
     /// What it says to the left of both buttons.
     QLayout* Head(QLabel& text, QPushButton& accept, QPushButton& leave);
@@ -28,14 +40,15 @@ protected:
 
     void ShowAbove(Overlay overlay) { view_.SetOverlay(overlay_, std::move(overlay)); }
     void ShowNothingAbove() { view_.ClearOverlay(overlay_); }
-    CircuitView& View() { return view_; }
-
     void keyPressEvent(QKeyEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+
+    Session& session_;
 
 private:
     CircuitView& view_;
     const char* const overlay_;
+    std::optional<ViewSettings> viewBefore_, viewShown_; ///< the user's, and what was made of it to show a place
 };
 
 } // namespace pistaro

@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <initializer_list>
 #include <utility>
 
@@ -54,8 +53,8 @@ QWidget* RowOf(std::initializer_list<QWidget*> widgets) {
 } // namespace
 
 SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
-    : Strip("fraSuggestions", view, "suggestion"), session_(session),
-      lblSuggestion_(Named(new QLabel, "lblSuggestion")), lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
+    : Strip("fraSuggestions", session, view, "suggestion"), lblSuggestion_(Named(new QLabel, "lblSuggestion")),
+      lstSuggestions_(Named(new QListWidget, "lstSuggestions")),
       chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
       spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnMostRemoved_(Named(new QSpinBox, "spnMostRemoved")),
       spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")), spnRun_(Named(new QSpinBox, "spnRun")),
@@ -126,7 +125,7 @@ QWidget* SuggestionBar::Choices() {
 
 void SuggestionBar::ShowClosings() {
     isReplacing_ = false;
-    Open();
+    OpenAndFind();
 }
 
 void SuggestionBar::ShowReplacements() {
@@ -138,15 +137,14 @@ void SuggestionBar::ShowReplacements() {
     firstReplaced_ = run.First;
     spnRun_->setRange(1, track.ElementLastIndex() + 1 - run.First);
     spnRun_->setValue(run.Count);
-    Open();
+    OpenAndFind();
 }
 
-void SuggestionBar::Open() {
+void SuggestionBar::OpenAndFind() {
     spnMostRemoved_->setVisible(!isReplacing_);
     spnRun_->setVisible(isReplacing_);
     cboWish_->setVisible(isReplacing_);
-    show();
-    viewBefore_ = viewShown_ = session_.Project.Design.View;
+    Open();
     Find();
     lstSuggestions_->setFocus();
 }
@@ -190,7 +188,7 @@ void SuggestionBar::ShowGhost() {
     const QString why = mendsAtNeed_ ? "No addition fits. " : "";
     lblSuggestion_->setText(why + Shown(TextOf(session_, suggestion)));
     lblSuggestion_->setToolTip(lblSuggestion_->text());
-    BringIntoSight(suggestion);
+    BringIntoSight(BoxOf(suggestion));
 }
 
 Overlay SuggestionBar::GhostOf(const Suggestion& suggestion) const {
@@ -201,19 +199,6 @@ Overlay SuggestionBar::GhostOf(const Suggestion& suggestion) const {
         overlay.emplace_back(OverlayArea{.Polygon = ground, .InkColour = TakenOut, .Hatched = true});
     overlay.emplace_back(OverlayPieces{suggestion.Edit.Insert, place.Start, place.CodeBefore, ColourOf(suggestion)});
     return overlay;
-}
-
-/// Moves the user's view no further than it takes, and zooms out where the ghost is larger than it.
-void SuggestionBar::BringIntoSight(const Suggestion& suggestion) {
-    if (session_.Project.Design.View != viewShown_) viewBefore_ = session_.Project.Design.View; // moved by the user
-    constexpr double around = 10;                                                               // cm
-    const GroundBox box = BoxOf(suggestion).Grown(around);
-    ViewSettings view = *viewBefore_;
-    const double side = std::max(box.Right - box.Left, box.Top - box.Bottom);
-    if (side > double{view.Width}) view.Width = static_cast<float>(std::ceil(side));
-    FollowTo(view, box, View().Frame().Covered(view));
-    session_.Do([&] { session_.Project.Design.View = view; });
-    viewShown_ = view;
 }
 
 GroundBox SuggestionBar::BoxOf(const Suggestion& suggestion) const {
@@ -259,12 +244,6 @@ void SuggestionBar::Accept() {
 
 void SuggestionBar::Refresh(const Changes& changes) {
     if (isVisible() && (changes.Circuit || changes.Room || changes.Stock || changes.EditState)) hide();
-}
-
-/// Goes with all as it was.
-void SuggestionBar::Leave() {
-    hide();
-    if (session_.Project.Design.View == viewShown_) session_.Do([&] { session_.Project.Design.View = *viewBefore_; });
 }
 
 /// The list's.

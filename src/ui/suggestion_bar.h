@@ -34,22 +34,19 @@ public:
 
 protected:
     void Accept() override;
-    void Leave() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* Replaced();
     QWidget* Choices();
-    void Open();
+    void OpenAndFind();
     void Find();
     void ShowGhost();
-    void BringIntoSight(const Suggestion& suggestion);
     Overlay GhostOf(const Suggestion& suggestion) const;
     GroundBox BoxOf(const Suggestion& suggestion) const;
     ClosingOptions Options() const;
     QIcon IconOf(const Suggestion& suggestion) const;
 
-    Session& session_;
     QLabel* const lblSuggestion_;
     QListWidget* const lstSuggestions_;
     QCheckBox* const chkOwnedOnly_;
@@ -59,8 +56,7 @@ private:
     QSpinBox* const spnRun_;
     QComboBox* const cboWish_;
     QPushButton* const cmdLay_;
-    std::optional<ViewSettings> viewBefore_, viewShown_; ///< the user's, and what was made of it to show a ghost
-    int firstReplaced_ = 0;                              ///< element of the current track
+    int firstReplaced_ = 0; ///< element of the current track
     bool isReplacing_ = false;
     bool mendsAtNeed_ = false; ///< suggestions take pieces out though none are asked to, as no other is free of faults
     std::vector<Suggestion> suggestions_;

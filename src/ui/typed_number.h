@@ -9,8 +9,8 @@
 
 namespace pistaro {
 
-/// What was typed as the number texts of the core, whatever the desktop's decimal sign; as it stands where it is no
-/// number to the desktop.
+/// What was typed as the number texts of the core, whatever the desktop's decimal sign; as it stands, but for a decimal
+/// comma, where it is no number to the desktop.
 std::string PlainNumber(const QString& typed);
 
 /// Money without its currency: "1.234,50" on a German desktop.

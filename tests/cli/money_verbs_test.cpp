@@ -45,7 +45,7 @@ TEST_F(MoneyVerbs, BuyListsSinglePiecesWithoutSets) {
     EXPECT_EQ(run.ExitStatus, 0);
     EXPECT_EQ(run.Output, R"({"currency":"EUR","sets":[],"singles":[{"code":"C151","count":2,"price":2.99,"sum":5.98},)"
                           R"({"code":"C160","count":2,"price":3.5,"sum":7}],"notSold":[{"code":"C164","count":1}],)"
-                          R"("surplus":[],"unused":[],"unknown":[],"total":12.98,"bound":12.98,"proven":true})"
+                          R"("surplus":[],"unused":[],"total":12.98,"bound":12.98,"proven":true,"unknown":[]})"
                           "\n");
 }
 

@@ -28,7 +28,7 @@ public:
     void ShowClosings() override { Opened += "closings "; }
     void ShowReplacements() override { Opened += "replacements "; }
     void ShowBalance(const Balance&) override { Opened += "balance "; }
-    void ShowPurchase(const Purchase&, const BoxedSets&) override { Opened += "purchase "; }
+    void ShowPurchase(const PurchaseReport&) override { Opened += "purchase "; }
     void ShowBox() override { Opened += "box "; }
     void ShowVariations() override { Opened += "variations "; }
     void ShowBackground(const ScaledBackground& proposed) override {

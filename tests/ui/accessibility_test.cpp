@@ -147,6 +147,16 @@ TEST_F(Accessibility, TheDocksAndTheBarOfSuggestionsNameTheirControls) {
     EXPECT_THAT(walk.Unnamed, IsEmpty());
 }
 
+TEST_F(Accessibility, TheStripOfBalancingChangesNamesItsControls) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R"));
+    Choose("mnuBalance");
+
+    const Walk walk = WalkOf(*Window);
+
+    EXPECT_TRUE(Find<QWidget>("fraBalance").isVisible());
+    EXPECT_THAT(walk.Unnamed, IsEmpty());
+}
+
 TEST_F(Accessibility, EveryDialogNamesItsControls) {
     Open(ProjectOf("C160 C151L C154L"));
     Colour colour = 0;

@@ -1,4 +1,4 @@
-// What stands beside the drawing, and in it: checks, money, lanes; the dialog of boxed sets; balancing and buying.
+// What stands beside the drawing, and in it: checks, money, lanes; the dialog of boxed sets.
 #include "ui/window_fixture.h"
 
 #include "storage/sets_file.h"
@@ -8,9 +8,7 @@
 
 #include <QApplication>
 #include <QLocale>
-#include <QTimer>
 #include <QTreeWidget>
-#include <QTreeWidgetItemIterator>
 
 namespace pistaro {
 namespace {
@@ -41,32 +39,8 @@ protected:
         return texts;
     }
 
-    /// What the dialog of the cheapest purchase shows: its lines, its total and its remarks, divided by bars.
-    std::string Bought() {
-        std::string shown;
-        QTimer::singleShot(0, Window.get(), [&] { WhenPurchaseShows(shown); });
-        Entry("mnuPurchase").trigger();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !shown.empty(); }));
-        return shown;
-    }
-
     TemporaryFolder folder_;
     std::filesystem::path settings_;
-
-private:
-    /// Reads the dialog and closes it; waits for it while it is not there.
-    void WhenPurchaseShows(std::string& shown) {
-        auto* const dialog = Window->findChild<QDialog*>("frmPurchase");
-        if (dialog == nullptr) return QTimer::singleShot(1, Window.get(), [this, &shown] { WhenPurchaseShows(shown); });
-        for (QTreeWidgetItemIterator line(dialog->findChild<QTreeWidget*>("lstPurchase")); *line != nullptr; ++line) {
-            for (int column = 0; column < 4; ++column)
-                shown += (*line)->text(column).toStdString() + " ";
-            shown += "| ";
-        }
-        shown += dialog->findChild<QLabel*>("lblPurchaseTotal")->text().toStdString() + " | " +
-                 dialog->findChild<QLabel*>("lblPurchaseRemarks")->text().toStdString();
-        QTest::mouseClick(dialog->findChild<QPushButton*>("cmdClosePurchase"), Qt::LeftButton);
-    }
 };
 
 using Texts = std::vector<std::string>;
@@ -276,6 +250,31 @@ TEST_F(Panels, AnOwnedCountTypedOverAnotherKeepsItsFirstDigit) {
     EXPECT_EQ(Session->Times, 1) << "it says nothing of the next piece";
 }
 
+TEST_F(Panels, APriceMayHaveADecimalComma) {
+    OpenWithSettings(ProjectOf("C160"));
+    ShowPanel("mnuMoney");
+
+    Tree("lstMoney").topLevelItem(0)->setText(5, "3,25");
+    QTest::qWait(1);
+
+    EXPECT_EQ(Project.Stock[Pieces().FindRow("C160")].Price, 3.25F);
+    EXPECT_TRUE(Prompts.Told.empty());
+}
+
+TEST_F(Panels, DelInAListTakesNoPieceOutOfTheTrack) {
+    OpenWithSettings(ProjectOf("C160 C151R"));
+    Project.EditState.Select(1);
+    ShowPanel("mnuMoney");
+    QTreeWidget& list = Tree("lstMoney");
+    list.setCurrentItem(list.topLevelItem(0), 3);
+    list.setFocus();
+
+    QTest::keyClick(&list, Qt::Key_Delete);
+    QTest::keyClick(&list, Qt::Key_Backspace);
+
+    EXPECT_EQ(Codes(), "C160 C151R");
+}
+
 TEST_F(Panels, WhatIsNoNumberIsToldAndLeftAsItWas) {
     OpenWithSettings(ProjectOf("C160"));
     ShowPanel("mnuMoney");
@@ -285,132 +284,6 @@ TEST_F(Panels, WhatIsNoNumberIsToldAndLeftAsItWas) {
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(Tree("lstMoney").topLevelItem(0)->text(3), "0");
-}
-
-/// A track whose lanes two change-overs balance.
-const char* const UnevenOval = "C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R";
-const char* const EvenOval = "C8006 C151R C151R C151R C151R C8006 C151R C151R C151R C151R";
-
-class BalanceStrip : public Panels {
-protected:
-    BalanceStrip() {
-        Open(ProjectOf(UnevenOval));
-        Choose("mnuBalance");
-    }
-
-    QWidget& Strip() { return Find<QWidget>("fraBalance"); }
-    QListWidget& Changes() { return Find<QListWidget>("lstBalance"); }
-
-    /// The codes of the pieces that are shown as ghosts, each with a blank after it, the chosen change's in brackets.
-    std::string Ghosts() {
-        std::string codes;
-        for (const OverlayItem& item : Canvas().OverlayOf("balance")) {
-            const auto* const pieces = std::get_if<OverlayPieces>(&item);
-            if (pieces == nullptr) continue;
-            const bool isChosen = pieces->InkColour == Rgb(0, 130, 60);
-            codes += (isChosen ? "[" : "") + CodesOf({pieces->Codes}) + (isChosen ? "] " : " ");
-        }
-        return codes;
-    }
-};
-
-TEST_F(BalanceStrip, ShowsTheChangesAndTheirPieces) {
-    EXPECT_TRUE(Strip().isVisible());
-    EXPECT_EQ(Text("lblBalance"), "2 changes balance the lanes of track 1. The lanes differ by 49.6 cm now.");
-    ASSERT_EQ(Changes().count(), 2);
-    EXPECT_EQ(Changes().item(0)->text(), "C8006 in place of C160 (0): each lane then leads into the other");
-    EXPECT_EQ(Changes().item(1)->text(), "C8006 in place of C160 (5): the lanes then differ by 0.0 cm");
-    EXPECT_EQ(Ghosts(), "[C8006] C8006 ");
-
-    QTest::keyClick(&Changes(), Qt::Key_Down);
-    EXPECT_EQ(Ghosts(), "C8006 [C8006] ");
-    EXPECT_EQ(Codes(), UnevenOval) << "looking changes nothing";
-}
-
-TEST_F(BalanceStrip, AppliesAllAsOneStepOfUndo) {
-    Click("cmdBalance");
-
-    EXPECT_EQ(Codes(), EvenOval);
-    EXPECT_TRUE(Project.EditState.DataChanged);
-    EXPECT_FALSE(Strip().isVisible());
-    EXPECT_EQ(Ghosts(), "");
-    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Balance Lanes");
-    Choose("mnuUndo");
-    EXPECT_EQ(Codes(), UnevenOval);
-}
-
-TEST_F(BalanceStrip, AppliesByEnterAndLeavesByEscape) {
-    QTest::keyClick(&Changes(), Qt::Key_Escape);
-    EXPECT_FALSE(Strip().isVisible());
-    EXPECT_EQ(Codes(), UnevenOval);
-    EXPECT_FALSE(Project.EditState.DataChanged);
-
-    Choose("mnuBalance");
-    QTest::keyClick(&Changes(), Qt::Key_Return);
-    EXPECT_EQ(Codes(), EvenOval);
-}
-
-TEST_F(BalanceStrip, GoesWhenTheCircuitChanges) {
-    Click("cmdElement", "C160");
-    EXPECT_FALSE(Strip().isVisible());
-}
-
-TEST_F(BalanceStrip, TakesThePlaceOfAnotherStrip) {
-    ClickLine(1);
-    Choose("mnuReplaceBy");
-    EXPECT_TRUE(Find<QWidget>("fraSuggestions").isVisible());
-
-    Choose("mnuBalance");
-    EXPECT_TRUE(Strip().isVisible());
-    EXPECT_FALSE(Find<QWidget>("fraSuggestions").isVisible());
-}
-
-TEST_F(Panels, BalancedLanesAreTold) {
-    Open(ProjectOf(EvenOval));
-
-    Choose("mnuBalance");
-
-    ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].Text, "The lanes differ by 0.0 cm: they are balanced.");
-    EXPECT_FALSE(Find<QWidget>("fraBalance").isVisible());
-}
-
-TEST_F(Panels, WhereAllIsOwnedThereIsNothingToBuy) {
-    pistaro::Project project = ProjectOf("C160 C9999");
-    project.Stock.Of(Pieces().FindRow("C160")).OwnedCount = 3;
-    Open(std::move(project));
-
-    Choose("mnuPurchase");
-
-    ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].Text, "There is nothing to buy: all pieces of the design are owned.\n"
-                                    "Owned and not used: 2 C160\n"
-                                    "Not in the catalogue, and not counted: 1 C9999\n");
-}
-
-TEST_F(Panels, APurchaseWithoutPricesSaysWhereTheyAreTaken) {
-    Open(ProjectOf("C160"));
-    EXPECT_EQ(Bought(), "What is missing has no price yet. View ▸ Stock and Price takes prices. | "
-                        "In no set and without a price: 1 C160");
-}
-
-TEST_F(Panels, TheCheapestPurchaseTakesTheSetsOfTheDialog) {
-    OpenWithSettings(ProjectOf("C160 C160"));
-    frmSets dialog(*Session);
-    auto& sets = *dialog.findChild<QListWidget*>("lstSets");
-    EXPECT_EQ(sets.count(), 4) << "an example comes along";
-    for (int i = 0; i < 4; ++i)
-        dialog.findChild<QPushButton*>("cmdDeleteSet")->click();
-    dialog.findChild<QPushButton*>("cmdAddSet")->click();
-    dialog.findChild<QLineEdit*>("txtSetName")->setText("Straights");
-    dialog.findChild<QLineEdit*>("txtSetPrice")->setText("5,95");
-    auto& pieces = *dialog.findChild<QTreeWidget*>("lstSetPieces");
-    pieces.findItems("C160", Qt::MatchExactly).front()->setText(2, "2");
-    dialog.findChild<QPushButton*>("cmdSaveSets")->click();
-
-    EXPECT_EQ(ReadSets(Pieces(), folder_ / "sets.toml"),
-              (BoxedSets{{"Straights", 595, {{Pieces().FindRow("C160"), 2}}}}));
-    EXPECT_EQ(Bought(), "1 Straights 5.95 5.95 | Total 5.95 €, the cheapest there is. | ");
 }
 
 TEST_F(Panels, ASetsPriceOrCountThatIsNoNumberIsToldAndTheOldOneStays) {

@@ -1,0 +1,123 @@
+// The strip of changes that balance the lanes: shown in the drawing, applied and left.
+#include "ui/window_fixture.h"
+
+namespace pistaro {
+namespace {
+
+/// A track whose lanes two change-overs balance.
+const char* const UnevenOval = "C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R";
+const char* const EvenOval = "C8006 C151R C151R C151R C151R C8006 C151R C151R C151R C151R";
+
+class BalanceStrip : public WindowTest {
+protected:
+    BalanceStrip() {
+        Open(ProjectOf(UnevenOval));
+        Choose("mnuBalance");
+    }
+
+    QWidget& Strip() { return Find<QWidget>("fraBalance"); }
+    QListWidget& Changes() { return Find<QListWidget>("lstBalance"); }
+
+    /// The codes of the pieces that are shown as ghosts, each with a blank after it, the chosen change's in brackets.
+    std::string Ghosts() {
+        std::string codes;
+        for (const OverlayItem& item : Canvas().OverlayOf("balance")) {
+            const auto* const pieces = std::get_if<OverlayPieces>(&item);
+            if (pieces == nullptr) continue;
+            const bool isChosen = pieces->InkColour == Rgb(0, 130, 60);
+            codes += (isChosen ? "[" : "") + CodesOf({pieces->Codes}) + (isChosen ? "] " : " ");
+        }
+        return codes;
+    }
+};
+
+TEST_F(BalanceStrip, ShowsTheChangesAndTheirPieces) {
+    EXPECT_TRUE(Strip().isVisible());
+    EXPECT_EQ(Text("lblBalance"), "2 changes balance the lanes of track 1. The lanes differ by 49.6 cm now.");
+    ASSERT_EQ(Changes().count(), 2);
+    EXPECT_EQ(Changes().item(0)->text(), "C8006 in place of C160 (0): each lane then leads into the other");
+    EXPECT_EQ(Changes().item(1)->text(), "C8006 in place of C160 (5): the lanes then differ by 0.0 cm");
+    EXPECT_EQ(Ghosts(), "[C8006] C8006 ");
+
+    QTest::keyClick(&Changes(), Qt::Key_Down);
+    EXPECT_EQ(Ghosts(), "C8006 [C8006] ");
+    EXPECT_EQ(Codes(), UnevenOval) << "looking changes nothing";
+}
+
+TEST_F(BalanceStrip, AppliesAllAsOneStepOfUndo) {
+    Click("cmdBalance");
+
+    EXPECT_EQ(Codes(), EvenOval);
+    EXPECT_TRUE(Project.EditState.DataChanged);
+    EXPECT_FALSE(Strip().isVisible());
+    EXPECT_EQ(Ghosts(), "");
+    EXPECT_EQ(Entry("mnuUndo").text(), "&Undo Balance Lanes");
+    Choose("mnuUndo");
+    EXPECT_EQ(Codes(), UnevenOval);
+}
+
+TEST_F(BalanceStrip, AppliesByEnterAndLeavesByEscape) {
+    QTest::keyClick(&Changes(), Qt::Key_Escape);
+    EXPECT_FALSE(Strip().isVisible());
+    EXPECT_EQ(Codes(), UnevenOval);
+    EXPECT_FALSE(Project.EditState.DataChanged);
+
+    Choose("mnuBalance");
+    QTest::keyClick(&Changes(), Qt::Key_Return);
+    EXPECT_EQ(Codes(), EvenOval);
+}
+
+TEST_F(BalanceStrip, GoesWhenTheCircuitChanges) {
+    Click("cmdElement", "C160");
+    EXPECT_FALSE(Strip().isVisible());
+}
+
+TEST_F(BalanceStrip, PutsTheViewBackWhenItIsLeft) {
+    ClickLine(1);
+    Session->Do([&] { Project.Design.View.MidX = 5000; });
+    const ViewSettings before = Project.Design.View;
+
+    Choose("mnuBalance");
+    EXPECT_NE(Project.Design.View, before) << "the changes are in sight";
+    Click("cmdLeaveBalance");
+    EXPECT_EQ(Project.Design.View, before);
+
+    Choose("mnuBalance");
+    Choose("mnuReplaceBy");
+    EXPECT_FALSE(Strip().isVisible());
+    Click("cmdLeaveSuggestions");
+    EXPECT_EQ(Project.Design.View, before) << "another strip took its place";
+}
+
+TEST_F(BalanceStrip, TakesThePlaceOfAnotherStrip) {
+    ClickLine(1);
+    Choose("mnuReplaceBy");
+    EXPECT_TRUE(Find<QWidget>("fraSuggestions").isVisible());
+
+    Choose("mnuBalance");
+    EXPECT_TRUE(Strip().isVisible());
+    EXPECT_FALSE(Find<QWidget>("fraSuggestions").isVisible());
+}
+
+TEST_F(BalanceStrip, AsksForAnOpenTrackToBeClosed) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R"));
+
+    Choose("mnuBalance");
+
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_TRUE(
+        QString::fromStdString(Prompts.Told[0].Text).endsWith(" The track does not close yet; close it first."));
+}
+
+TEST_F(BalanceStrip, IsNotShownWhereTheLanesAreBalanced) {
+    Open(ProjectOf(EvenOval));
+
+    Choose("mnuBalance");
+
+    ASSERT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_EQ(Prompts.Told[0].Text, "The lanes differ by 0.0 cm: they are balanced.");
+    EXPECT_FALSE(Find<QWidget>("fraBalance").isVisible());
+}
+
+} // namespace
+} // namespace pistaro
