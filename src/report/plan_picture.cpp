@@ -174,6 +174,7 @@ PlanPicture Overview(const BuildPlan& plan, const BuildStep& step, PictureArea a
         if (plan.Piece(track.First).Track != plan.Piece(step.First).Track) continue;
         const double length = arrowLength * picture.Scale;
         picture.Marks.push_back(ArrowAt(plan.Piece(track.First).Placement.Corners, length, length));
+        picture.Marks.back().Fill = Rgb(0, 0, 0); // the start is black, where the step begins is blue
     }
     return picture;
 }

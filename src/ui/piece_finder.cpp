@@ -22,6 +22,11 @@ QString LineOf(const CatalogueEntry& piece) {
     return Shown(std::string(ProductCode(piece.Code)) + "\n" + PieceName(piece) + side);
 }
 
+bool IsUndoOrRedo(const QEvent& event) {
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+}
+
 } // namespace
 
 PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void()> turned,
@@ -91,11 +96,16 @@ void PieceFinder::Refresh() {
 bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Leave && watched == lstFoundPieces_->viewport()) pointedAt_("");
     if (watched == lstFoundPieces_->viewport() && DragsOut(*event)) return true;
+    if (event->type() == QEvent::ShortcutOverride && IsUndoOrRedo(*event)) {
+        event->ignore(); // these are of the circuit
+        return true;
+    }
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<const QKeyEvent&>(*event).key();
     if (key == Qt::Key_Escape) {
         txtFindPiece_->clear();
-        txtFindPiece_->window()->setFocus(); // where digits and keys of commands belong
+        // Digits and keys of commands belong to the drawing.
+        txtFindPiece_->window()->findChild<QWidget*>("picCircuit")->setFocus();
         return true;
     }
     if (watched == lstFoundPieces_) {

@@ -280,7 +280,7 @@ TEST_F(PaletteTest, TheSearchShowsWhatIsFoundInPlaceOfTheButtons) {
 
     QTest::keyClick(&Line(), Qt::Key_Escape);
     EXPECT_EQ(Line().text(), "");
-    EXPECT_FALSE(Line().hasFocus()) << "a digit typed now is meant for a piece";
+    EXPECT_TRUE(Picture().hasFocus()) << "a digit typed now is meant for a piece";
     EXPECT_FALSE(FoundPieces().isVisible());
     EXPECT_TRUE(Find<QGroupBox>("fraStraights").isVisible());
 }
@@ -289,6 +289,10 @@ TEST_F(PaletteTest, EnterLaysTheFirstPieceFoundAndTheArrowsLeadToOthers) {
     Open();
 
     Search("22.5 left");
+    QTest::keyClick(&Line(), Qt::Key_Return);
+    EXPECT_EQ(Codes(), "C153L");
+    QTest::keyClick(&Line(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Codes(), "") << "undone is the piece, not what was typed";
     QTest::keyClick(&Line(), Qt::Key_Return);
     EXPECT_EQ(Codes(), "C153L");
 
