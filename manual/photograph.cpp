@@ -235,7 +235,8 @@ void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& 
     photographer.Take(about, "about");
 }
 
-/// A sample whose last pieces lack, with what closes it; and what may lie in the place of some pieces of the whole.
+/// A sample whose last pieces lack, with what closes it; what balances another one, and what may lie in the place of
+/// some of its pieces.
 void PhotographSuggestions(const Catalogue& catalogue, const std::filesystem::path& samples, const QString& folder) {
     SilentUser user;
     Session session(catalogue, user, StartUp(InitialSettings(catalogue)), "");
@@ -263,6 +264,7 @@ void PhotographSuggestions(const Catalogue& catalogue, const std::filesystem::pa
         track.ElementCodes.resize(track.ElementCodes.size() - 3);
         project.EditState.Select(track.ElementLastIndex());
     });
+    show("oval.trk", "mnuBalance", "balance", [](const Track&) {});
     show("oval.trk", "mnuReplaceBy", "replace-by", [&](const Track&) {
         project.EditState.Select(10);
         project.EditState.RunFrom = 8;
