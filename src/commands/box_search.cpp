@@ -9,7 +9,7 @@ namespace pistaro {
 
 namespace {
 
-constexpr int MostEfforts = 12; ///< of a search that has found nothing
+constexpr int MostEfforts = 40; ///< of a search that has found nothing
 
 } // namespace
 

@@ -1,6 +1,9 @@
 // What the window of circuits says of a search: how it stands, for what it was, and what can be done next.
 #include "ui/box_fixture.h"
 
+#include "storage/circuit_file.h"
+#include "support/places.h"
+
 namespace pistaro {
 namespace {
 
@@ -61,6 +64,23 @@ TEST_F(StandingOfASearch, AdvisesToKeepLessWhereNothingIsFoundAroundAPart) {
     Find<QCheckBox>("chkKeepPart").click();
     EXPECT_EQ(Text("lblFound"), "Press Search to see what these pieces make in this room.");
     EXPECT_TRUE(Find<QPushButton>("cmdSearch").isDefault());
+}
+
+/// The usual effort finds no first loop around this part; a second one does.
+TEST_F(StandingOfASearch, GoesOnUntilTheFirstCircuitAroundAPart) {
+    pistaro::Project project = ProjectOf("");
+    project.Design = ReadCircuit(SourceFolder() / "samples/grand-prix.trk");
+    project.EditState.CurrentElement[0] = 13;
+    project.EditState.RunFrom = 3;
+    Open(project);
+    Choose("mnuVariations");
+    ASSERT_EQ(Find<QCheckBox>("chkKeepPart").text(), "The selected pa&rt: 3 to 13");
+
+    PressHere("cmdSearch");
+
+    const auto hasEnded = [&] { return !Find<QPushButton>("cmdCancelSearch").isEnabled(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0 || hasEnded(); }, 60'000));
+    EXPECT_GT(Circuits().count(), 0);
 }
 
 } // namespace
