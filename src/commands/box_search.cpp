@@ -7,9 +7,23 @@
 
 namespace pistaro {
 
+namespace {
+
+constexpr int MostEfforts = 40; ///< of a search that has found nothing
+
+} // namespace
+
 /// The search is the thread's while a job runs; what it found since it was last asked passes from there to here.
 struct BoxSearch::Shared {
     Shared(const Catalogue& catalogue, const LayingTask& task) : Search(catalogue, task) {}
+
+    /// Looks on for a moment. False when it has come to its end.
+    bool Round(const JobWatch& watch) {
+        if (Search.Round(watch)) return true;
+        if (!Search.Found().empty() || Search.IsComplete() || ++Efforts >= MostEfforts) return false;
+        Search.Continue();
+        return true;
+    }
 
     /// Gives whether there is anything new.
     bool Publish() {
@@ -28,6 +42,7 @@ struct BoxSearch::Shared {
 
     CircuitSearch Search;
     std::size_t Published = 0;
+    int Efforts = 0; ///< that came to their end without a circuit, since it was last begun or gone on with
     bool HasEnded = false;
     std::atomic<bool> Pauses = false;
     std::mutex Mutex;
@@ -53,7 +68,10 @@ void BoxSearch::Pause() {
 
 void BoxSearch::Continue() {
     if (standing_ == BoxStanding::Runs) shared_->Pauses = false;
-    if (standing_ == BoxStanding::Ended) shared_->Search.Continue();
+    if (standing_ == BoxStanding::Ended) {
+        shared_->Efforts = 0;
+        shared_->Search.Continue();
+    }
     if (standing_ == BoxStanding::Ended || standing_ == BoxStanding::Paused) Run();
 }
 
@@ -69,7 +87,7 @@ void BoxSearch::Run() {
     const auto work = [this, shared = shared_](const JobWatch& watch) -> JobEnd {
         bool goesOn = true;
         while (goesOn && !shared->Pauses) {
-            goesOn = shared->Search.Round(watch);
+            goesOn = shared->Round(watch);
             if (shared->Publish()) watch.Step(static_cast<int>(shared->Published), 0);
         }
         shared->HasEnded = !goesOn;

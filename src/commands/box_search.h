@@ -16,7 +16,7 @@ enum class BoxStanding {
     Idle,     ///< nothing has been looked for
     Runs,     ///< beside its owner
     Paused,   ///< it was stopped before its end
-    Ended,    ///< it found so many as were wished for, or no more for long; it can be gone on with
+    Ended,    ///< it found so many as were wished for, or none for very long; it can be gone on with
     Complete, ///< it found all there are
 };
 
@@ -29,7 +29,8 @@ public:
 
     BoxStanding Standing() const { return standing_; }
 
-    /// Looks for circuits; what was found before is forgotten.
+    /// Looks for circuits; what was found before is forgotten. Where there is none after the usual effort it goes on
+    /// until the first one, or until several times that effort.
     void Start(const LayingTask& task);
 
     /// Stops at the next moment where the search can be gone on with as if it had not been stopped.

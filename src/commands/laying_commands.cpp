@@ -51,6 +51,13 @@ int UnpricedOf(const Session& session, const UsedCounts& used) {
     return unpriced;
 }
 
+/// Whether any of the pieces has a price, owned or not.
+bool HasPrices(const Session& session, const UsedCounts& used) {
+    return std::ranges::any_of(session.Catalogue.HeadRows(), [&](int row) {
+        return used[static_cast<std::size_t>(row)] > 0 && session.Project.Stock[row].Price > 0;
+    });
+}
+
 /// The pieces that would have to be bought, with their price.
 std::string LackingText(const Session& session, const Track& track) {
     const Stock& stock = session.Project.Stock;
@@ -58,6 +65,7 @@ std::string LackingText(const Session& session, const Track& track) {
     const PieceBox owned = OwnedBox(session.Catalogue, stock);
     const std::string lacking = Beyond(session, used, owned.Counts);
     if (lacking.empty()) return "nothing";
+    if (!HasPrices(session, used)) return lacking + "; price unknown";
     return lacking + "; " + PriceText(session, PriceOfMissing(session, track), UnpricedOf(session, used));
 }
 
@@ -117,6 +125,10 @@ Design EmptyArea(Area area, int middleX, int middleY) {
 
 bool HasWalls(const RoomPolygon& room) {
     return std::ranges::any_of(room.Points, [](const RoomPoint& point) { return point.Line == 1; });
+}
+
+bool IsForTheSame(const BoxWish& one, const BoxWish& other) {
+    return one.Box == other.Box && one.Area == other.Area && one.MustHave == other.MustHave && one.Kept == other.Kept;
 }
 
 Design RoomFor(const Session& session, const BoxWish& wish) {

@@ -37,6 +37,9 @@ struct BoxWish {
     std::uint64_t Seed = 1;
 };
 
+/// Whether both wish for the same circuits, however many of them.
+bool IsForTheSame(const BoxWish& one, const BoxWish& other);
+
 /// What lies around the circuits that are found: the room and the view.
 Design RoomFor(const Session& session, const BoxWish& wish);
 

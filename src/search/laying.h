@@ -23,6 +23,8 @@ namespace pistaro {
 struct KeptPart {
     std::vector<int> Rows;
     BuildCursor At; ///< before its first piece
+
+    bool operator==(const KeptPart&) const = default;
 };
 
 /// Whether circuits can be laid around such a part: it begins and ends within one system, and holds no piece that leads

@@ -6,6 +6,7 @@
 #include "ui/named_controls.h"
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
@@ -43,10 +44,11 @@ QSpinBox* NewLengthBox(const char* name, int value) {
 
 } // namespace
 
-BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()> boxChanged,
+BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()> wishChanged,
                      std::function<void()> countChanged)
-    : session_(session), purpose_(purpose), boxChanged_(std::move(boxChanged)), countChanged_(std::move(countChanged)),
-      owned_(OwnedBox(session.Catalogue, session.Project.Stock)), sets_(SetsOf(session)) {
+    : session_(session), purpose_(purpose), wishChanged_(std::move(wishChanged)),
+      countChanged_(std::move(countChanged)), owned_(OwnedBox(session.Catalogue, session.Project.Stock)),
+      sets_(SetsOf(session)) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(PieceFields(), 1);
@@ -59,11 +61,23 @@ BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()>
     OfferMustHaves();
     OfferRoom();
     ChooseRoom();
+    OfferOwned();
+    TellChanges();
+}
+
+void BoxFields::TellChanges() {
     lstBox_->Changed = [this] {
         ShowTotal();
         OfferMustHaves();
-        boxChanged_();
+        wishChanged_();
     };
+    std::vector<QAbstractButton*> choices(mustHaves_.begin(), mustHaves_.end());
+    choices.push_back(optRoomArea_);
+    if (chkKeepPart_ != nullptr) choices.push_back(chkKeepPart_);
+    for (QAbstractButton* const choice : choices)
+        connect(choice, &QAbstractButton::toggled, this, wishChanged_);
+    for (QSpinBox* const length : {spnWidth_, spnDepth_})
+        connect(length, &QSpinBox::valueChanged, this, wishChanged_);
 }
 
 void BoxFields::Refresh() {
@@ -71,6 +85,7 @@ void BoxFields::Refresh() {
     const PieceBox before = std::exchange(owned_, OwnedBox(session_.Catalogue, session_.Project.Stock));
     lstBox_->ShowOwned(owned_);
     if (purpose_ == BoxPurpose::Box && lstBox_->Box() == before && before != owned_) lstBox_->Show(owned_);
+    OfferOwned();
     ShowTotal();
     Filter();
 }
@@ -90,10 +105,9 @@ void BoxFields::ShowTotal() {
 
 QLayout* BoxFields::PieceFields() {
     lstBox_ = Named(new PieceCounts(session_.Catalogue), "lstBox");
-    QPushButton* const cmdAllOwned = NewButton("cmdAllOwned", "&All I Own");
+    cmdAllOwned_ = NewButton("cmdAllOwned", "&All I Own");
     QPushButton* const cmdNoPieces = NewButton("cmdNoPieces", "&Empty");
     QPushButton* const cmdAddSet = NewButton("cmdAddSet", "Add Se&t");
-    cmdAllOwned->setToolTip("Fill the box with exactly what you own");
     cmdAddSet->setToolTip("Add one such set to the box");
     cboSets_ = Named(new QComboBox, "cboSets");
     cboSets_->setAccessibleName("Boxed sets");
@@ -101,12 +115,12 @@ QLayout* BoxFields::PieceFields() {
     for (const BoxedSet& set : sets_)
         cboSets_->addItem(Shown(set.Name));
     cmdAddSet->setEnabled(!sets_.empty());
-    connect(cmdAllOwned, &QPushButton::clicked, this, [this] { FillBox(owned_); });
+    connect(cmdAllOwned_, &QPushButton::clicked, this, [this] { FillBox(owned_); });
     connect(cmdNoPieces, &QPushButton::clicked, this, [this] { FillBox(OwnedBox(session_.Catalogue, Stock())); });
     connect(cmdAddSet, &QPushButton::clicked, this, [this] { AddSet(); });
     lblTotal_ = Named(new QLabel, "lblTotal");
     auto* const contents = new QHBoxLayout;
-    contents->addWidget(cmdAllOwned);
+    contents->addWidget(cmdAllOwned_);
     contents->addWidget(cmdNoPieces);
     auto* const set = new QHBoxLayout;
     set->addWidget(cboSets_, 1);
@@ -124,9 +138,9 @@ QLayout* BoxFields::FilterFields() {
     txtFilterBox_ = Named(new QLineEdit, "txtFilterBox");
     txtFilterBox_->setPlaceholderText("Find a product");
     txtFilterBox_->setAccessibleName("Find a product");
-    txtFilterBox_->setToolTip("Some of a product's code or name");
+    txtFilterBox_->setToolTip("Some of a product's code or name; Enter goes on to its count");
+    txtFilterBox_->installEventFilter(this);
     chkAllProducts_ = Named(new QCheckBox("All prod&ucts"), "chkAllProducts");
-    chkAllProducts_->setToolTip("List products, too, that you do not own and that are not in the box");
     connect(txtFilterBox_, &QLineEdit::textChanged, this, [this] { Filter(); });
     connect(chkAllProducts_, &QCheckBox::toggled, this, [this] { Filter(); });
     auto* const filter = new QHBoxLayout;
@@ -135,14 +149,34 @@ QLayout* BoxFields::FilterFields() {
     return filter;
 }
 
+/// Enter in the field for a product is about that product, and starts no search.
+bool BoxFields::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    const int key = dynamic_cast<QKeyEvent&>(*event).key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Down)
+        return QWidget::eventFilter(watched, event);
+    lstBox_->EditFirst();
+    return true;
+}
+
 void BoxFields::Filter() {
-    chkAllProducts_->setEnabled(lstBox_->HasMine()); // else they are listed anyway
+    const bool hasMine = lstBox_->HasMine();
+    chkAllProducts_->setEnabled(hasMine);
+    chkAllProducts_->setToolTip(hasMine ? "List products, too, that you do not own and that are not in the box"
+                                        : "All products are listed while you own none and the box is empty");
     lstBox_->Filter(txtFilterBox_->text(), chkAllProducts_->isChecked());
 }
 
 void BoxFields::FillBox(const PieceBox& box) {
     lstBox_->Show(box);
     Filter();
+}
+
+void BoxFields::OfferOwned() {
+    const bool ownsAny = owned_.Total() > 0;
+    cmdAllOwned_->setEnabled(ownsAny);
+    cmdAllOwned_->setToolTip(ownsAny ? "Fill the box with exactly what you own"
+                                     : "You own nothing yet: say what you own in Settings ▸ Loose Track…");
 }
 
 void BoxFields::AddSet() {

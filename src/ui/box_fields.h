@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 
@@ -23,9 +24,9 @@ enum class BoxPurpose {
 
 class BoxFields : public QWidget {
 public:
-    /// `boxChanged` is called when other pieces are in the box, `countChanged` when another number of circuits is
-    /// wished for.
-    BoxFields(Session& session, BoxPurpose purpose, std::function<void()> boxChanged,
+    /// `wishChanged` is called when circuits of other pieces, in another room, or with other things are wished for,
+    /// `countChanged` when another number of them is.
+    BoxFields(Session& session, BoxPurpose purpose, std::function<void()> wishChanged,
               std::function<void()> countChanged);
 
     /// To be called when other pieces are owned, or the room is another: a box of all that is owned stays so.
@@ -36,6 +37,9 @@ public:
     /// How many circuits are wished for.
     int Count() const { return spnCount_->value(); }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QLayout* PieceFields();
     QLayout* FilterFields();
@@ -45,6 +49,8 @@ private:
     QWidget* MustHaveFields();
     QLayout* NumberFields();
     void AddSet();
+    void OfferOwned();
+    void TellChanges();
     void ShowTotal();
     void OfferMustHaves();
     void OfferRoom();
@@ -53,11 +59,12 @@ private:
 
     Session& session_;
     const BoxPurpose purpose_;
-    const std::function<void()> boxChanged_, countChanged_;
+    const std::function<void()> wishChanged_, countChanged_;
     PieceBox owned_; ///< as it was last looked at
     PieceCounts* lstBox_ = nullptr;
     QLineEdit* txtFilterBox_ = nullptr;
     QCheckBox* chkAllProducts_ = nullptr;
+    QPushButton* cmdAllOwned_ = nullptr;
     QLabel* lblTotal_ = nullptr;
     QComboBox* cboSets_ = nullptr;
     BoxedSets sets_;

@@ -13,32 +13,45 @@ namespace {
 
 constexpr int TogetherWithin = 60; ///< milliseconds
 
-QString CountText(std::size_t count) {
-    return QString::number(count) + (count == 1 ? " circuit found" : " circuits found");
+/// "The best 10 of 115 circuits found".
+QString CountText(std::size_t count, std::size_t shown) {
+    const QString found = QString::number(count) + (count == 1 ? " circuit found" : " circuits found");
+    return count > shown ? QString("The best %1 of %2").arg(shown).arg(found) : found;
 }
 
-/// What was found, how the search stands, and what can be done next.
-QString StandingText(BoxStanding standing, std::size_t count, bool isBoxEmpty) {
+QString IdleText(bool isBoxEmpty) {
+    return isBoxEmpty ? "Put pieces into the box: type their counts, or add a set."
+                      : "Press Search to see what these pieces make in this room.";
+}
+
+/// What was found, how the search stands, and what can be done next; `instead`, what gives more room to find some.
+QString StandingText(BoxStanding standing, std::size_t count, const QString& found, const QString& instead) {
     switch (standing) {
     case BoxStanding::Idle:
-        if (count > 0) return CountText(count) + ".";
-        return isBoxEmpty ? "Put pieces into the box: type their counts, or add a set."
-                          : "Press Search to see what these pieces make in this room.";
+        return found + ".";
     case BoxStanding::Runs:
-        return CountText(count) + ", still searching …";
+        return found + ", still searching …";
     case BoxStanding::Paused:
-        return CountText(count) + " so far.";
+        return found + " so far.";
     case BoxStanding::Ended:
-        if (count == 0) return "No circuit was found: try a larger room, more curves, or go on with Continue.";
-        return CountText(count) + "; there may be others.";
+        if (count == 0) return "Nothing found in the time so far: Continue looks on, or " + instead + ".";
+        return found + "; there may be others.";
     case BoxStanding::Complete:
         break;
     }
-    return count == 0 ? "These pieces make no circuit in this room." : CountText(count) + "; there are no others.";
+    return count == 0 ? "These pieces make no circuit in this room." : found + "; there are no others.";
+}
+
+QString InsteadFor(const BoxWish& wish, bool varies) {
+    if (wish.Kept) return "keep less of the track";
+    return varies ? "try a larger room, or other pieces" : "try a larger room, or more curves";
 }
 
 /// What stands in the place of circuits while there are none.
-QString HintFor(BoxStanding standing, bool varies) {
+QString HintFor(BoxStanding standing, bool varies, bool keeps) {
+    if (standing == BoxStanding::Runs && keeps)
+        return "Around a part that is kept the first circuit may take a minute: keep less of the track, or wait. "
+               "Stop ends the search.";
     if (standing == BoxStanding::Runs) return "The first circuits come in a moment.";
     if (standing != BoxStanding::Idle) return {};
     return QString("1.  %1\n\n2.  Say how large the room is.\n\n3.  Press Search, and choose among the circuits.")
@@ -75,7 +88,6 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(columns, 1);
     layout->addLayout(Buttons());
-    cmdSearch_->setDefault(true); // only now, as it takes a dialog to be the default of
     constexpr QSize comfortable(1180, 700), titleBar(0, 40);
     resize(comfortable.boundedTo(screen()->availableSize() - titleBar));
     showing_.setSingleShot(true);
@@ -85,8 +97,9 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
         if (changes.Stock || changes.Room) fields_->Refresh();
         if (changes.Preferences) lstCircuits_->ForgetPictures(); // their colours
         if (changes.Stock || changes.Preferences) ShowFound();
+        if (changes.Room) ShowStanding();
     });
-    ShowStanding();
+    ShowStanding(); // only now, as it takes a dialog to have a default button
     ShowChosen();
 }
 
@@ -170,7 +183,7 @@ void frmBox::Search() {
     session_.Do([&] {
         const BoxWish wish = fields_->Wish();
         const LayingTask task = TaskFor(session_, wish);
-        box_ = wish.Box;
+        searched_ = wish;
         room_ = RoomFor(session_, wish);
         kept_ = wish.Kept ? wish.Kept->Rows.size() : 0;
         lstCircuits_->Begin(room_, kept_);
@@ -202,17 +215,35 @@ void frmBox::ShowFound() {
     ShowChosen();
 }
 
+/// Whether other circuits are wished for than those that are shown.
+bool frmBox::IsForAnother(const BoxWish& wish) const {
+    return searched_ && !(IsForTheSame(wish, *searched_) && RoomFor(session_, wish).Room == room_.Room);
+}
+
 void frmBox::ShowStanding() {
     const BoxStanding standing = search_.Standing();
-    const bool isBoxEmpty = fields_->Wish().Box.Total() == 0;
-    lblFound_->setText(StandingText(standing, search_.Found().size(), isBoxEmpty));
-    lstCircuits_->ShowHint(HintFor(standing, varies_));
+    const BoxWish wish = fields_->Wish();
+    const std::size_t count = search_.Found().size();
+    const bool runs = standing == BoxStanding::Runs;
+    const bool isBoxEmpty = wish.Box.Total() == 0;
+    const bool isForAnother = IsForAnother(wish);
+    if (count == 0 && !runs && (isForAnother || standing == BoxStanding::Idle)) {
+        lblFound_->setText(IdleText(isBoxEmpty));
+    } else if (isForAnother) {
+        lblFound_->setText("Found for another box or room: press Search.");
+    } else {
+        const QString found = CountText(count, static_cast<std::size_t>(wish.Count));
+        lblFound_->setText(StandingText(standing, count, found, InsteadFor(wish, varies_)));
+    }
+    lstCircuits_->ShowHint(HintFor(standing, varies_, searched_ && searched_->Kept));
     cmdSearch_->setEnabled(!isBoxEmpty);
     cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Search for circuits from the beginning");
-    cmdStop_->setText(standing == BoxStanding::Runs || standing == BoxStanding::Idle ? "St&op" : "&Continue");
-    cmdStop_->setEnabled(standing != BoxStanding::Idle && standing != BoxStanding::Complete);
-    cmdCancelSearch_->setEnabled(standing == BoxStanding::Runs);
-    barSearch_->setVisible(standing == BoxStanding::Runs);
+    cmdStop_->setText(runs || standing == BoxStanding::Idle ? "St&op" : "&Continue");
+    cmdStop_->setEnabled(runs || (!isForAnother && standing != BoxStanding::Idle && standing != BoxStanding::Complete));
+    const bool shallContinue = standing == BoxStanding::Ended && count == 0 && !isForAnother;
+    (shallContinue ? cmdStop_ : cmdSearch_)->setDefault(true);
+    cmdCancelSearch_->setEnabled(runs);
+    barSearch_->setVisible(runs);
 }
 
 void frmBox::ShowChosen() {
@@ -231,7 +262,7 @@ void frmBox::ShowChosen() {
     }
     const LaidCircuit& circuit = search_.Found()[chosen.front()].Circuit;
     weights_->Show(circuit.Parts);
-    preview_->Show(lstCircuits_->DesignOf(circuit), kept_, FiguresOf(session_, box_, circuit));
+    preview_->Show(lstCircuits_->DesignOf(circuit), kept_, FiguresOf(session_, searched_->Box, circuit));
 }
 
 /// The window goes, so that the design is seen; it comes back as it was.

@@ -41,6 +41,7 @@ private:
     void StopOrContinue();
     void Hear();
     void ShowFound();
+    bool IsForAnother(const BoxWish& wish) const;
     void ShowStanding();
     void ShowChosen();
     void OpenChosen();
@@ -58,11 +59,11 @@ private:
     QProgressBar* barSearch_ = nullptr;
     QPushButton *cmdSearch_ = nullptr, *cmdStop_ = nullptr, *cmdCancelSearch_ = nullptr, *cmdOpen_ = nullptr,
                 *cmdKeep_ = nullptr;
-    PieceBox box_;                  ///< of the search whose circuits are shown
-    Design room_;                   ///< that they lie in
-    std::size_t kept_ = 0;          ///< of their pieces, the first ones
-    std::optional<Circuit> opened_; ///< that stands in the window because it was opened here
-    QTimer showing_;                ///< so that many circuits found at once are shown together
+    std::optional<BoxWish> searched_; ///< that the circuits which are shown were searched for
+    Design room_;                     ///< that they lie in
+    std::size_t kept_ = 0;            ///< of their pieces, the first ones
+    std::optional<Circuit> opened_;   ///< that stands in the window because it was opened here
+    QTimer showing_;                  ///< so that many circuits found at once are shown together
     Observation observation_;
     BoxSearch search_;
 };

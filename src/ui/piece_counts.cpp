@@ -11,6 +11,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <utility>
 
 namespace pistaro {
 
@@ -18,6 +19,8 @@ namespace {
 
 /// The columns of none and of all that is owned hold buttons, where these would change the count.
 enum Column { CodeColumn, CountColumn, NoneColumn, OwnedColumn, NameColumn };
+
+constexpr const char* NoHit = "No product matches.";
 
 int RowOf(const QTreeWidgetItem& line) { return line.data(CodeColumn, Qt::UserRole).toInt(); }
 int CountOf(const QTreeWidgetItem& line) { return line.data(CountColumn, Qt::EditRole).toInt(); }
@@ -34,6 +37,7 @@ public:
         auto* const editor = new QSpinBox(parent);
         editor->setRange(0, MostOfProduct);
         editor->setFrame(false);
+        editor->setAutoFillBackground(true); // over the count that it begins with
         return editor;
     }
 };
@@ -134,12 +138,32 @@ void PieceCounts::ShowCount(QTreeWidgetItem& line, int count) {
 /// A click anywhere but on a button is for the line's count, the only thing to edit there.
 void PieceCounts::Click(QTreeWidgetItem& line, int column) {
     const bool isButton = line.data(column, Qt::AccessibleTextRole).isValid();
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setCurrentItem(&line, CountColumn); // keys and Tab go on from there
-    setEditTriggers(QAbstractItemView::AllEditTriggers);
+    GoTo(&line);
     if (!isButton) return editItem(&line, CountColumn);
     ShowCount(line, column == NoneColumn ? 0 : OwnedOf(line));
     TellChange();
+}
+
+/// Keys and Tab go on from there; nothing is edited yet.
+void PieceCounts::GoTo(QTreeWidgetItem* line) {
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setCurrentItem(line, CountColumn);
+    setEditTriggers(QAbstractItemView::AllEditTriggers);
+}
+
+QTreeWidgetItem* PieceCounts::FirstListed() const {
+    for (int place = 0; place < topLevelItemCount(); ++place) {
+        if (!topLevelItem(place)->isHidden()) return topLevelItem(place);
+    }
+    return nullptr;
+}
+
+void PieceCounts::EditFirst() {
+    QTreeWidgetItem* const first = FirstListed();
+    if (first == nullptr) return;
+    GoTo(first);
+    setFocus();
+    editItem(first, CountColumn);
 }
 
 /// Tab goes from count to count.
@@ -187,6 +211,16 @@ void PieceCounts::Filter(const QString& text, bool all) {
                                line.text(NameColumn).contains(text, Qt::CaseInsensitive);
         line.setHidden(text.isEmpty() ? mineAlone && !IsMine(line) : !holdsText);
     }
+    QTreeWidgetItem* const first = FirstListed();
+    const bool isOther = std::exchange(filter_, text) != text;
+    const bool isGone = currentItem() != nullptr && currentItem()->isHidden();
+    if (isGone || (isOther && !text.isEmpty())) GoTo(first);
+    setAccessibleDescription(first == nullptr ? NoHit : "");
+}
+
+void PieceCounts::paintEvent(QPaintEvent* event) {
+    QTreeWidget::paintEvent(event);
+    if (FirstListed() == nullptr) QPainter(viewport()).drawText(viewport()->rect(), Qt::AlignCenter, NoHit);
 }
 
 PieceBox PieceCounts::Box() const {

@@ -22,22 +22,30 @@ public:
     void ShowOwned(const PieceBox& owned);
 
     /// Lists the products whose code or name holds the text; for an empty one `all`, or those that are owned or in the
-    /// box, if there are any.
+    /// box, if there are any. The first that another text finds becomes the current one; one that is not listed never
+    /// is.
     void Filter(const QString& text, bool all);
 
     /// Whether a product is owned or in the box.
     bool HasMine() const;
 
+    /// Goes to the first count that is listed, to be typed.
+    void EditFirst();
+
 protected:
+    void paintEvent(QPaintEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void ShowCount(QTreeWidgetItem& line, int count);
     void Click(QTreeWidgetItem& line, int column);
+    void GoTo(QTreeWidgetItem* line);
+    QTreeWidgetItem* FirstListed() const;
     void TellChange();
 
     const Catalogue& catalogue_;
+    QString filter_;
 };
 
 } // namespace pistaro

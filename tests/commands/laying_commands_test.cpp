@@ -128,6 +128,14 @@ TEST_F(LayingCommands, TellWhatLacksAndHasNoPrice) {
     EXPECT_EQ(FiguresOf(session_, box, circuit).back(), (CircuitFigure{"To buy", "nothing"}));
 }
 
+TEST_F(LayingCommands, TellNoSumWhereNothingHasAPrice) {
+    LaidCircuit circuit;
+    circuit.Track = Chain("C160 C151L C151R");
+
+    EXPECT_EQ(FiguresOf(session_, BoxOf(Pieces(), "C160=1,C151=2"), circuit).back(),
+              (CircuitFigure{"To buy", "2 × C151, C160; price unknown"}));
+}
+
 TEST_F(LayingCommands, OpenACircuitAsOneStepThatUndoTakesBack) {
     const Circuit before = session_.Project.Design.Circuit;
 

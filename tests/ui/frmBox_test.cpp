@@ -1,11 +1,9 @@
 // Circuits from a box in the window: the box, the room and what a circuit must have, the search beside the window, and
 // what is done with the circuits that it finds.
-#include "ui/frmBox.h"
+#include "ui/box_fixture.h"
 
 #include "storage/circuit_file.h"
-#include "support/stock.h"
 #include "support/temporary_folder.h"
-#include "ui/window_fixture.h"
 
 #include <gmock/gmock.h>
 
@@ -14,53 +12,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
-
-class MyBox : public WindowTest {
-protected:
-    void OpenBox(pistaro::Project project = ProjectOf("")) {
-        Open(std::move(project));
-        Choose("mnuFromBox");
-    }
-
-    frmBox& Dialog() {
-        for (frmBox* const dialog : Window->findChildren<frmBox*>()) {
-            if (dialog->isVisible()) return *dialog;
-        }
-        throw std::logic_error("no window of circuits is open");
-    }
-    QListWidget& Circuits() { return Find<QListWidget>("lstCircuits"); }
-    PieceCounts& Box() { return *Dialog().findChild<PieceCounts*>("lstBox"); }
-
-    /// A control of an array by its place.
-    template <typename Control>
-    Control& At(const char* name, int index) {
-        for (Control* const control : Dialog().findChildren<Control*>(name)) {
-            if (control->property("Index").toInt() == index) return *control;
-        }
-        throw std::logic_error(name);
-    }
-
-    void PressHere(const char* name) { QTest::mouseClick(&Find<QPushButton>(name), Qt::LeftButton); }
-
-    /// Has the window come back with the circuits that it found, and opens one of them.
-    void OpenCircuit(int row, const char* entry = "mnuFromBox") {
-        Choose(entry); // brings it up where it is open
-        ClickCircuit(row);
-        PressHere("cmdOpenCircuit");
-    }
-
-    /// Looks for circuits of these pieces, and waits for the end.
-    void Search(const char* box) {
-        Box().Show(BoxOf(Pieces(), box));
-        PressHere("cmdSearch");
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !Find<QPushButton>("cmdCancelSearch").isEnabled(); }, 60'000));
-    }
-
-    void ClickCircuit(int row, Qt::KeyboardModifiers keys = {}) {
-        QTest::mouseClick(Circuits().viewport(), Qt::LeftButton, keys,
-                          Circuits().visualItemRect(Circuits().item(row)).center());
-    }
-};
 
 TEST_F(MyBox, BeginsWithWhatIsOwned) {
     pistaro::Project project = ProjectOf("");

@@ -1,0 +1,57 @@
+// The window of circuits from a box, and its controls.
+#pragma once
+
+#include "support/stock.h"
+#include "ui/frmBox.h"
+#include "ui/window_fixture.h"
+
+namespace pistaro {
+
+class MyBox : public WindowTest {
+protected:
+    void OpenBox(pistaro::Project project = ProjectOf("")) {
+        Open(std::move(project));
+        Choose("mnuFromBox");
+    }
+
+    frmBox& Dialog() {
+        for (frmBox* const dialog : Window->findChildren<frmBox*>()) {
+            if (dialog->isVisible()) return *dialog;
+        }
+        throw std::logic_error("no window of circuits is open");
+    }
+    QListWidget& Circuits() { return Find<QListWidget>("lstCircuits"); }
+    PieceCounts& Box() { return *Dialog().findChild<PieceCounts*>("lstBox"); }
+
+    /// A control of an array by its place.
+    template <typename Control>
+    Control& At(const char* name, int index) {
+        for (Control* const control : Dialog().findChildren<Control*>(name)) {
+            if (control->property("Index").toInt() == index) return *control;
+        }
+        throw std::logic_error(name);
+    }
+
+    void PressHere(const char* name) { QTest::mouseClick(&Find<QPushButton>(name), Qt::LeftButton); }
+
+    /// Has the window come back with the circuits that it found, and opens one of them.
+    void OpenCircuit(int row, const char* entry = "mnuFromBox") {
+        Choose(entry); // brings it up where it is open
+        ClickCircuit(row);
+        PressHere("cmdOpenCircuit");
+    }
+
+    /// Looks for circuits of these pieces, and waits for the end.
+    void Search(const char* box) {
+        Box().Show(BoxOf(Pieces(), box));
+        PressHere("cmdSearch");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Find<QPushButton>("cmdCancelSearch").isEnabled(); }, 60'000));
+    }
+
+    void ClickCircuit(int row, Qt::KeyboardModifiers keys = {}) {
+        QTest::mouseClick(Circuits().viewport(), Qt::LeftButton, keys,
+                          Circuits().visualItemRect(Circuits().item(row)).center());
+    }
+};
+
+} // namespace pistaro
