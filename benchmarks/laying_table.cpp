@@ -97,6 +97,17 @@ bool IsFromBox(const Track& track, PieceBox box) {
     });
 }
 
+/// Whether pieces of different systems lie next to each other with no adapter between.
+bool HasBareJoint(const Track& track) {
+    const std::vector<std::string>& codes = track.ElementCodes;
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+        const CatalogueEntry& piece = *Pieces().Find(codes[i]);
+        const CatalogueEntry& next = *Pieces().Find(codes[(i + 1) % codes.size()]);
+        if (!piece.JoinsSystems() && !next.JoinsSystems() && piece.System != next.System) return true;
+    }
+    return false;
+}
+
 /// How many of them are not what they shall be.
 int CountWrong(const LayingTask& task, const std::vector<LaidCircuit>& circuits) {
     int wrong = 0;
@@ -111,8 +122,8 @@ int CountWrong(const LayingTask& task, const std::vector<LaidCircuit>& circuits)
         for (const std::string& code : circuit.Track.ElementCodes)
             rows.push_back(Pieces().FindRow(code));
         const bool isRight = gap.Distance <= 0.05F && std::abs(gap.Angle) <= 0.001F && !faults.Outside &&
-                             (faults.IsUnsure || !faults.Overlaps) && IsFromBox(circuit.Track, task.Box) &&
-                             keys.insert(CircuitKey(Pieces(), rows)).second;
+                             (faults.IsUnsure || !faults.Overlaps) && !HasBareJoint(circuit.Track) &&
+                             IsFromBox(circuit.Track, task.Box) && keys.insert(CircuitKey(Pieces(), rows)).second;
         wrong += isRight ? 0 : 1;
     }
     return wrong;

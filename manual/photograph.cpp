@@ -5,6 +5,7 @@
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "imaging/circuit_picture.h"
+#include "large_screen.h"
 #include "photograph_rules.h"
 #include "platform/files.h"
 #include "platform/processes.h"
@@ -131,14 +132,23 @@ RoomPolygon RoomOfTheManual() {
             .Angle = 0};
 }
 
+QWidget* PieceOf(const QWidget& window, const QString& code) {
+    for (auto* const button : window.findChildren<QWidget*>("cmdElement"))
+        if (button->property("Tag") == code) return button;
+    throw std::runtime_error("there is no button of " + code.toStdString());
+}
+
 /// The tour's third step: a straight is laid, and a 4 was typed.
 void PhotographTour(const Photographer& photographer, Session& session, frmCorvel& window) {
     session.Do([&] { session.Project = StartUp(InitialSettings(session.Catalogue)); });
     window.findChild<QAction*>("mnuTour")->trigger();
     QApplication::processEvents();
     session.Run(*session.Commands.Find("add C160"));
+    QWidget* const next = PieceOf(window, "C151L");
+    QCursor::setPos(next->mapToGlobal(next->rect().center())); // where its user's mouse is by then
     QTest::keyClick(&window, Qt::Key_4);
     photographer.Take(window, QRect(0, 0, 720, 450), "tour");
+    QCursor::setPos(0, 0);
     QTest::mouseClick(window.findChild<QAbstractButton*>("cmdEndTour"), Qt::LeftButton);
 }
 
@@ -185,9 +195,16 @@ void PhotographBackground(Session& session, frmCorvel& window, const Photographe
     dialog.findChild<QDoubleSpinBox*>("spnDistance")->setValue(480);
     photographer.Take(dialog, "background");
     dialog.findChild<QPushButton*>("cmdOk")->click();
+    const ViewSettings view = session.Project.Design.View;
+    for (const char* const id : {"background move", "fit"})
+        session.Run(*session.Commands.Find(id));
     QApplication::processEvents();
-    photographer.Take(window.Canvas(), "background-canvas");
-    session.Do([&] { session.Project.Background.reset(); });
+    photographer.Take(*window.Canvas().parentWidget(), "background-canvas");
+    session.Run(*session.Commands.Find("background move"));
+    session.Do([&] {
+        session.Project.Background.reset();
+        session.Project.Design.View = view;
+    });
 }
 
 void PhotographWindows(const Catalogue& catalogue, const std::filesystem::path& sample, const QString& folder) {
@@ -291,7 +308,7 @@ void PhotographBox(const Catalogue& catalogue, const QString& folder) {
     auto* const circuits = dialog.findChild<QListWidget*>("lstCircuits");
     dialog.resize(1020, 700);
     photographer.Take(dialog, "my-box");
-    dialog.resize(1630, 1000);
+    dialog.resize(1900, 1000);
     QApplication::processEvents();
     circuits->clearSelection();
     QRect shown;
@@ -363,10 +380,11 @@ void PhotographRecoveredWork(const Catalogue& catalogue, const std::filesystem::
 } // namespace pistaro
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const std::vector<std::string> arguments = pistaro::CommandLineArguments(argc, argv);
     try {
+        QTemporaryFile screen;
+        pistaro::UseLargeScreen(screen);
+        const QApplication application(argc, argv);
+        const std::vector<std::string> arguments = pistaro::CommandLineArguments(argc, argv);
         const QString folder = QString::fromStdString(arguments.at(1));
         const pistaro::Catalogue catalogue = pistaro::InitCatalogue();
         pistaro::PictureFirstCircuit(catalogue, folder);

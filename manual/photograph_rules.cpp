@@ -112,7 +112,7 @@ void PhotographRule(const Catalogue& catalogue, const std::string& rule, const Q
     if (found == findings.end()) throw std::runtime_error("the scene of " + rule + " does not break it");
     CircuitView view(session);
     view.resize(200, 200);
-    view.SetOverlay("checks", FindingsOverlay(catalogue, project.Design.Circuit, findings, &*found));
+    view.SetOverlay("checks", FindingsOverlay(catalogue, project.Design.Circuit, findings, {&*found}));
     view.show();
     QApplication::processEvents();
     if (!view.grab().save(file)) throw std::runtime_error("not written: " + file.toStdString());

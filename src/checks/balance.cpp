@@ -3,6 +3,7 @@
 #include "checks/balance.h"
 
 #include "checks/check.h"
+#include "checks/checked_circuit.h"
 #include "layout/built_lanes.h"
 #include "layout/placement.h"
 #include "layout/track_gap.h"
@@ -160,7 +161,11 @@ public:
     }
 
     Balance Find() const {
-        Balance balance{std::fabs(Difference(lanes_)), lanes_.Joined, IsEven(lanes_), {}};
+        Balance balance{.Before = std::fabs(Difference(lanes_)),
+                        .Joined = lanes_.Joined,
+                        .IsBalanced = IsEven(lanes_),
+                        .IsOpen = ClosingOf(gap_) == Closing::Open,
+                        .Steps = {}};
         if (balance.IsBalanced || track_.ElementCodes.empty()) return balance;
         const std::vector<std::vector<Change>> turns = Turns();
         for (const std::size_t size : {1U, 2U, 3U}) {
@@ -325,7 +330,9 @@ std::string StepText(const BalanceStep& step, const Units& units) {
 std::string BalanceText(const Balance& balance, const Units& units) {
     const std::string before = DifferenceText(balance, units);
     if (balance.IsBalanced) return before + ": they are balanced.";
-    if (balance.Steps.empty()) return before + ". One to three changes that balance them were not found.";
+    if (balance.Steps.empty())
+        return before + ". One to three changes that balance them were not found." +
+               (balance.IsOpen ? " The track does not close yet; close it first." : "");
     std::string text = "These changes balance the lanes:";
     int number = 0;
     for (const BalanceStep& step : balance.Steps)

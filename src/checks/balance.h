@@ -26,6 +26,7 @@ struct Balance {
     double Before = 0;              ///< by how much the lanes differ, cm
     bool Joined = false;            ///< each of them leads into the other
     bool IsBalanced = false;        ///< the track needs no change
+    bool IsOpen = false;            ///< its ends do not meet, nor can they be pressed together
     std::vector<BalanceStep> Steps; ///< none when it needs none, or when no few changes help
 };
 
@@ -41,7 +42,8 @@ std::string DifferenceText(const Balance& balance, const Units& units);
 /// "C8006 in place of C160 (0): the lanes then differ by 0.0 cm"
 std::string StepText(const BalanceStep& step, const Units& units);
 
-/// What it proposes as a sentence, with a line for each step and its effect.
+/// What it proposes as a sentence, with a line for each step and its effect; of an open track for which there is
+/// nothing to propose, that it is to be closed first.
 std::string BalanceText(const Balance& balance, const Units& units);
 
 /// The track with all steps done.

@@ -21,8 +21,8 @@ std::string_view NameOf(Severity severity) {
 }
 
 std::vector<Finding> CheckDesign(const Catalogue& catalogue, const Design& design, const Stock& stock,
-                                 const Units& units) {
-    const CheckedCircuit circuit(catalogue, design, stock, units);
+                                 const Units& units, const MoneyMarks& marks) {
+    const CheckedCircuit circuit(catalogue, design, stock, units, marks);
     std::vector<Finding> findings;
     for (const Rule& rule : Rules()) {
         for (Finding& finding : rule.Find(circuit)) {

@@ -13,17 +13,18 @@ namespace {
 constexpr float PressedDistance = 2; // cm
 constexpr float PressedAngle = static_cast<float>(3 * PiValue / 180);
 
+double Between(WorldPoint a, WorldPoint b) { return std::hypot(double{a.X} - b.X, double{a.Y} - b.Y); }
+
+} // namespace
+
 Closing ClosingOf(const TrackGap& gap) {
     if (IsWithin(gap, ClosedDistance)) return Closing::Closed;
     return IsWithin(gap, PressedDistance, PressedAngle) ? Closing::Pressed : Closing::Open;
 }
 
-double Between(WorldPoint a, WorldPoint b) { return std::hypot(double{a.X} - b.X, double{a.Y} - b.Y); }
-
-} // namespace
-
-CheckedCircuit::CheckedCircuit(const Catalogue& catalogue, const Design& design, const Stock& stock, const Units& units)
-    : Kinds(catalogue), Owned(stock), Shown(units), Room(design.Room),
+CheckedCircuit::CheckedCircuit(const Catalogue& catalogue, const Design& design, const Stock& stock, const Units& units,
+                               const MoneyMarks& marks)
+    : Kinds(catalogue), Owned(stock), Shown(units), Marks(marks), Room(design.Room),
       StatisticsWarnings(DesignWarnings(catalogue, stock, design.Circuit)), circuit_(design.Circuit) {
     std::vector<Ground> grounds;
     for (int index = 0; index < TrackCount; ++index) {

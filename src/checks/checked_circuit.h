@@ -6,6 +6,7 @@
 #include "layout/ground_grid.h"
 #include "layout/room_fit.h"
 #include "layout/track_gap.h"
+#include "model/money.h"
 #include "model/project.h"
 #include "stats/design_checks.h"
 
@@ -27,6 +28,9 @@ enum class Closing {
     Closed,
 };
 
+/// Track gives a little: up to 2 cm and 3 degrees its ends can be pressed together.
+Closing ClosingOf(const TrackGap& gap);
+
 struct CheckedTrack {
     int Index = 0; ///< 0..2
     const pistaro::Track* Track = nullptr;
@@ -44,11 +48,13 @@ struct CheckedTrack {
 
 struct CheckedCircuit {
     /// All that is given must outlive it.
-    CheckedCircuit(const Catalogue& catalogue, const Design& design, const Stock& stock, const Units& units);
+    CheckedCircuit(const Catalogue& catalogue, const Design& design, const Stock& stock, const Units& units,
+                   const MoneyMarks& marks = {});
 
     const Catalogue& Kinds;
     const Stock& Owned;
     const Units& Shown;
+    const MoneyMarks Marks;
     std::array<CheckedTrack, TrackCount> Tracks;
     GroundGrid Grounds;                ///< of all pieces, track by track
     std::vector<PieceAddress> PlaceOf; ///< of each ground

@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::size_t MostOfATrack = 100; ///< overlaps, and curves near other tracks, that are told
 constexpr int MostOfAPiece = 8;
+constexpr int MostBesideACurve = 24; ///< of other tracks' pieces are looked at, in a heap the first ones
 
 std::string AreaText(double area, const Units& units) {
     const double factor = units.UnitFactor();
@@ -155,19 +156,34 @@ struct Slide {
     std::size_t Ground;
 };
 
-std::optional<Slide> NearestSlide(const CheckedCircuit& circuit, std::size_t curve) {
+/// The outlines of the pieces that were asked for.
+class Outlines {
+public:
+    explicit Outlines(const std::vector<Ground>& grounds) : grounds_(grounds), edges_(grounds.size()) {}
+
+    const std::vector<Edge>& Of(std::size_t ground) {
+        std::vector<Edge>& edges = edges_[ground];
+        if (edges.empty()) edges = EdgesOf(grounds_[ground]);
+        return edges;
+    }
+
+private:
+    const std::vector<Ground>& grounds_;
+    std::vector<std::vector<Edge>> edges_;
+};
+
+std::optional<Slide> NearestSlide(const CheckedCircuit& circuit, Outlines& outlines, std::size_t curve) {
     constexpr double room = 10; // cm
     const std::vector<Ground>& grounds = circuit.Grounds.Grounds();
     std::optional<Slide> nearest;
-    int found = 0;
+    int others = 0;
     circuit.Grounds.ForEachMeeting(grounds[curve].Box.Grown(room), [&](int other, const Ground& ground) {
         const auto at = static_cast<std::size_t>(other);
         if (circuit.PlaceOf[at].Track == circuit.PlaceOf[curve].Track) return true;
-        const std::optional<double> distance =
-            SlideClearance(grounds[curve], ground, nearest ? nearest->Distance : room);
-        if (!distance) return true;
-        nearest = Slide{*distance, at};
-        return ++found < MostOfAPiece;
+        const double reach = nearest ? nearest->Distance : room;
+        const std::optional<double> distance = SlideClearance(grounds[curve], ground.Box, outlines.Of(at), reach);
+        if (distance) nearest = Slide{*distance, at};
+        return ++others < MostBesideACurve;
     });
     return nearest;
 }
@@ -239,12 +255,13 @@ std::vector<Finding> FindPiecesNearWalls(const CheckedCircuit& circuit) {
 
 std::vector<Finding> FindSlidesIntoTracks(const CheckedCircuit& circuit) {
     std::vector<Finding> findings;
+    Outlines outlines(circuit.Grounds.Grounds());
     for (const CheckedTrack& track : circuit.Tracks) {
         std::size_t curves = 0;
         std::map<int, std::size_t> meets; // by element: the piece that is met
         const auto near = MeasuredPieces(track, [&](std::size_t ground) -> std::optional<double> {
             if (!circuit.Grounds.Grounds()[ground].IsCurved || curves == MostOfATrack) return std::nullopt;
-            const std::optional<Slide> slide = NearestSlide(circuit, ground);
+            const std::optional<Slide> slide = NearestSlide(circuit, outlines, ground);
             if (!slide) return std::nullopt;
             ++curves;
             meets[circuit.PlaceOf[ground].Element] = slide->Ground;

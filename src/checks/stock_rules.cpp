@@ -54,8 +54,9 @@ bool IsStockTold(const CheckedCircuit& circuit) {
 std::string CostOf(const CheckedCircuit& circuit, int product, std::size_t count) {
     const Cents price = CentsOf(circuit.Owned[product].Price);
     if (price == 0) return "no price is known";
-    return "at " + MoneyText(price) + " they cost " + MoneyText(price * static_cast<Cents>(count)) + " " +
-           circuit.Shown.Currency;
+    const Cents sum = price * static_cast<Cents>(count);
+    return "at " + MoneyText(price, circuit.Marks) + " they cost " +
+           MoneyText(sum, circuit.Shown.Currency, circuit.Marks);
 }
 
 std::string Product(const CheckedCircuit& circuit, int row) {

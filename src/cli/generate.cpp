@@ -10,6 +10,11 @@
 
 #include <charconv>
 #include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <stop_token>
+#include <thread>
 
 namespace pistaro {
 
@@ -86,12 +91,29 @@ Json CircuitJson(const std::filesystem::path& file, const LaidCircuit& circuit) 
             {"score", Number(static_cast<float>(circuit.Score))}};
 }
 
-/// Whether a number of seconds, if there is one, has passed since this was made.
-std::function<bool()> TimeUpAfter(std::optional<double> seconds) {
-    if (!seconds) return {};
-    using Clock = std::chrono::steady_clock;
-    return [end = Clock::now() + std::chrono::duration<double>(*seconds)] { return Clock::now() >= end; };
-}
+/// Asks for the end of a search when something else does, or after a number of seconds, if there is one.
+class SearchEnd {
+public:
+    SearchEnd(std::optional<double> seconds, const std::stop_token& sooner)
+        : onSooner_(sooner, [this] { ending_.request_stop(); }) {
+        if (seconds) clock_ = std::jthread([this, seconds](const std::stop_token& isOver) { Wait(isOver, *seconds); });
+    }
+
+    std::stop_token Token() const { return ending_.get_token(); }
+
+private:
+    void Wait(const std::stop_token& isOver, double seconds) {
+        std::mutex mutex;
+        std::unique_lock lock(mutex);
+        std::condition_variable_any never;
+        never.wait_for(lock, isOver, std::chrono::duration<double>(seconds), [] { return false; });
+        if (!isOver.stop_requested()) ending_.request_stop();
+    }
+
+    std::stop_source ending_;
+    std::stop_callback<std::function<void()>> onSooner_;
+    std::jthread clock_; ///< goes first
+};
 
 /// A whole number of cm at the front of `text`, which is taken off it; 0 where there is none.
 int TakeLength(std::string_view& text) {
@@ -116,10 +138,11 @@ const char* WhyNoMore(const Laying& laying, bool wasInterrupted) {
 
 /// Ctrl+C ends the search with what is found by then, as the time does.
 Laying Lay(const VerbContext& context, const LayingTask& task, const Interruptions& interruptions,
-           const std::function<bool()>& isTimeUp) {
+           std::optional<double> seconds) {
     return InForeground(interruptions, context.Errors, "generate, circuits found", [&](const JobWatch& watch) {
         const JobWatch untilEnded{.Progress = watch.Progress, .Stop = {}};
-        return LayCircuits(context.Catalogue, task, untilEnded, isTimeUp, interruptions.Stop());
+        const SearchEnd end(seconds, interruptions.Stop());
+        return LayCircuits(context.Catalogue, task, untilEnded, end.Token());
     });
 }
 
@@ -161,7 +184,7 @@ void GenerateVerb(const VerbContext& context, const GenerateOptions& options) {
                           .Count = options.Count};
     RefuseWhatHoldsSomething(options.Out);
     const Interruptions interruptions;
-    const Laying laying = Lay(context, task, interruptions, TimeUpAfter(options.Seconds));
+    const Laying laying = Lay(context, task, interruptions, options.Seconds);
     const bool wasInterrupted = interruptions.Stop().stop_requested();
     if (laying.Circuits.empty() && wasInterrupted) throw Stopped();
     if (laying.Circuits.empty()) throw Fault("No circuit", WhyNone(laying));

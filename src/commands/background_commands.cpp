@@ -1,5 +1,7 @@
 #include "commands/background_commands.h"
 
+#include "editor/view_commands.h"
+#include "imaging/backdrop.h"
 #include "platform/fault.h"
 #include "storage/background_file.h"
 
@@ -39,6 +41,24 @@ void Decode(Session& session, const ScaledBackground& background, const std::fil
     if (session.Windows != nullptr) session.Pictures.Of(background.Picture, TextFromPath(file));
 }
 
+/// What the picture under the circuit covers; nothing where there is none that can be seen.
+std::optional<GroundBox> GroundOfPicture(Session& session) {
+    const Project& project = session.Project;
+    if (!project.Background || session.Windows == nullptr) return std::nullopt;
+    try {
+        const Box box = GroundUnder(*project.Background, project.Design.Room, session.Pictures);
+        return GroundBox{box.Left, box.Right, box.Bottom, box.Top};
+    } catch (const Fault&) {
+        return std::nullopt; // as was told when the circuit was loaded
+    }
+}
+
+bool IsInView(const GroundBox& box, const ViewSettings& view) {
+    const ViewRectangle shown = ShownRectangle(view);
+    return box.Left >= shown.ViewLeft && box.Right <= shown.ViewRight && box.Bottom >= shown.ViewBottom &&
+           box.Top <= shown.ViewTop;
+}
+
 /// Of a circuit that was replaced by one without. What is no background is left alone. Gives whether it is gone.
 bool RemoveBackground(const std::filesystem::path& file) {
     if (!IsThere(file)) return false;
@@ -55,6 +75,8 @@ bool RemoveBackground(const std::filesystem::path& file) {
 
 } // namespace
 
+void FitCommand(Session& session) { FitView(session.Catalogue, session.Project.Design, GroundOfPicture(session)); }
+
 void ImportBackgroundCommand(Session& session) {
     const auto file = session.Prompts.ChooseFile({.Saving = false,
                                                   .Title = "Import Background to Scale",
@@ -66,6 +88,11 @@ void ImportBackgroundCommand(Session& session) {
     const ScaledBackground proposed = InMiddleOf(session.Project.Design, ReadFile(*file, MostPictureBytes));
     session.Pictures.Of(proposed.Picture, TextFromPath(*file)); // a fault when it is none
     session.Windows->ShowBackground(proposed);
+    const auto& laid = session.Project.Background;
+    if (!laid || laid->Picture != proposed.Picture) return;
+    const auto ground = GroundOfPicture(session);
+    if (ground && !IsInView(*ground, session.Project.Design.View)) FitCommand(session);
+    if (!session.Windows->IsPanelShown(Panel::Picture)) session.Windows->TogglePanel(Panel::Picture);
 }
 
 void SetBackground(Session& session, std::shared_ptr<const ScaledBackground> background) {

@@ -9,7 +9,11 @@
 
 namespace pistaro {
 
-/// Asks for a picture file and shows where it is to be placed. Fault: the file is no picture.
+/// Shows all tracks, the room and, in the window, the picture under them.
+void FitCommand(Session& session);
+
+/// Asks for a picture file and shows where it is to be placed; once it lies there, has it dragged to its place in the
+/// drawing. Fault: the file is no picture.
 void ImportBackgroundCommand(Session& session);
 
 /// Lays it under the circuit, or with null takes away what lies there.

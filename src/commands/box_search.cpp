@@ -1,5 +1,7 @@
 #include "commands/box_search.h"
 
+#include "search/no_circuit.h"
+
 #include <atomic>
 #include <iterator>
 #include <mutex>
@@ -9,20 +11,29 @@ namespace pistaro {
 
 namespace {
 
-constexpr int MostEfforts = 40; ///< of a search that has found nothing
+constexpr int MostEfforts = 40;  ///< of a search that has found nothing
+constexpr int BeyondEffort = -1; ///< in place of the percent of its effort
 
 } // namespace
 
 /// The search is the thread's while a job runs; what it found since it was last asked passes from there to here.
 struct BoxSearch::Shared {
-    Shared(const Catalogue& catalogue, const LayingTask& task) : Search(catalogue, task) {}
+    Shared(const Catalogue& catalogue, const LayingTask& task)
+        : Search(catalogue, task), IsHopeless(!WhyNoCircuit(catalogue, task).empty()) {}
 
     /// Looks on for a moment. False when it has come to its end.
     bool Round(const JobWatch& watch) {
         if (Search.Round(watch)) return true;
-        if (!Search.Found().empty() || Search.IsComplete() || ++Efforts >= MostEfforts) return false;
+        if (!Search.Found().empty() || Search.IsComplete() || IsHopeless || ++Efforts >= MostEfforts) return false;
         Search.Continue();
         return true;
+    }
+
+    /// Gives whether it is farther than when it was last asked.
+    bool IsFarther() {
+        constexpr double hundred = 100;
+        const int percent = Efforts > 0 ? BeyondEffort : static_cast<int>(Search.Spent() * hundred);
+        return Percent.exchange(percent) != percent;
     }
 
     /// Gives whether there is anything new.
@@ -41,10 +52,12 @@ struct BoxSearch::Shared {
     }
 
     CircuitSearch Search;
+    const bool IsHopeless;
     std::size_t Published = 0;
     int Efforts = 0; ///< that came to their end without a circuit, since it was last begun or gone on with
     bool HasEnded = false;
     std::atomic<bool> Pauses = false;
+    std::atomic<int> Percent = 0;
     std::mutex Mutex;
     std::vector<FoundCircuit> Fresh;
 };
@@ -60,6 +73,13 @@ void BoxSearch::Start(const LayingTask& task) {
     found_.clear();
     shared_ = std::make_shared<Shared>(catalogue_, task);
     Run();
+}
+
+bool BoxSearch::IsPausing() const { return standing_ == BoxStanding::Runs && shared_->Pauses; }
+
+std::optional<int> BoxSearch::Percent() const {
+    const int percent = standing_ == BoxStanding::Runs ? shared_->Percent.load() : 0;
+    return percent == BeyondEffort ? std::nullopt : std::optional(percent);
 }
 
 void BoxSearch::Pause() {
@@ -88,7 +108,8 @@ void BoxSearch::Run() {
         bool goesOn = true;
         while (goesOn && !shared->Pauses) {
             goesOn = shared->Round(watch);
-            if (shared->Publish()) watch.Step(static_cast<int>(shared->Published), 0);
+            const bool isFarther = shared->IsFarther();
+            if (shared->Publish() || isFarther) watch.Step(static_cast<int>(shared->Published), 0);
         }
         shared->HasEnded = !goesOn;
         return [this] { End(); };

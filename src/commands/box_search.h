@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace pistaro {
@@ -29,8 +30,15 @@ public:
 
     BoxStanding Standing() const { return standing_; }
 
+    /// Whether it runs on until the next moment where it can stop.
+    bool IsPausing() const;
+
+    /// How far the search that runs is, in percent of its usual effort; nothing when it looks beyond that for a first
+    /// circuit.
+    std::optional<int> Percent() const;
+
     /// Looks for circuits; what was found before is forgotten. Where there is none after the usual effort it goes on
-    /// until the first one, or until several times that effort.
+    /// until the first one, or until several times that effort, unless it is certain that there can be none.
     void Start(const LayingTask& task);
 
     /// Stops at the next moment where the search can be gone on with as if it had not been stopped.

@@ -1,8 +1,10 @@
 // Rows of the drawing's own menu, and of how the window looks.
 #include "commands/command_groups.h"
 
+#include "commands/background_commands.h"
 #include "commands/row_parts.h"
 #include "commands/session.h"
+#include "commands/side_columns.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 
@@ -18,15 +20,25 @@ std::string RingSelected(const Session& session) {
     return ring ? "" : "The track is not closed.";
 }
 
+Command ColumnRow(const char* id, const char* control, const char* caption, const char* tip, SideColumnLook column) {
+    return {.Id = id,
+            .Control = control,
+            .Caption = caption,
+            .Tip = tip,
+            .From = Availability::WindowOnly,
+            .Run = [column](Session& session) { FoldColumn(session, column); },
+            .IsOn = [column](const Session& session) { return IsColumnShown(session, column); }};
+}
+
 } // namespace
 
 void AddCanvasCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "fit",
                     .Control = "cmdFit",
                     .Caption = "Fit",
-                    .Tip = "Show all tracks and the room",
+                    .Tip = "Show all tracks, the room, and the picture under them",
                     .Key = "Ctrl+9",
-                    .Run = [](Session& session) { FitView(session.Catalogue, session.Project.Design); }});
+                    .Run = FitCommand});
     rows.push_back({.Id = "select rest",
                     .Control = "mnuSelectRest",
                     .Caption = "Select &All After",
@@ -54,14 +66,20 @@ void AddCanvasCommands(std::vector<Command>& rows) {
                              "Draw the tracks as they look, with bed, slots and kerbs", "Ctrl+U", &Looks::Surface));
     rows.push_back(WindowRow("legend", "mnuLegend", "&Legend", "Tell what the colours and patterns of the drawing mean",
                              "", &Looks::Legend));
-    rows.push_back(WindowRow("lanes", "mnuLanes", "&Lanes",
+    rows.push_back(WindowRow("lanes", "mnuLanes", "L&anes",
                              "Paint each lane in its own colour, through every change-over", "", &Looks::Lanes));
     rows.push_back(
-        WindowRow("suggest", "mnuSuggest", "&Suggest",
+        WindowRow("suggest", "mnuSuggest", "Su&ggest",
                   "Show the best closing of the track in the drawing as soon as six pieces or fewer would do", "",
                   &Looks::Suggestions));
     rows.push_back(WindowRow("columns", "mnuColumns", "Side &Columns", "Show the columns at both sides of the drawing",
                              "F9", &Looks::Columns));
+    rows.push_back(ColumnRow("fold pieces", "cmdFoldPieces", "Pieces",
+                             "Fold the pieces away, or unfold them; F9 does so with both columns",
+                             &Looks::PieceColumn));
+    rows.push_back(ColumnRow("fold track", "cmdFoldTrack", "Track and elements",
+                             "Fold track and elements away, or unfold them; F9 does so with both columns",
+                             &Looks::TrackColumn));
 }
 
 } // namespace pistaro

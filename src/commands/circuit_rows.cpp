@@ -99,7 +99,7 @@ void AddCircuitCommands(std::vector<Command>& rows) {
                     .Run = SaveCommand});
     rows.push_back({.Id = "recovered work",
                     .Control = "mnuRecovered",
-                    .Caption = "&Recovered Work…",
+                    .Caption = "Reco&vered Work…",
                     .Tip = "Show work that was not saved, and open it",
                     .From = Availability::WindowOnly,
                     .WhyNot = KeepsWork,

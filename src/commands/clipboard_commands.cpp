@@ -1,12 +1,15 @@
 #include "commands/clipboard_commands.h"
 
 #include "commands/export_circuit.h"
+#include "editor/free_floor.h"
 #include "editor/piece_list.h"
 #include "editor/status_text.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "layout/ground.h"
+#include "layout/room_fit.h"
 #include "layout/track_gap.h"
+#include "platform/fault.h"
 #include "text/count_text.h"
 
 #include <algorithm>
@@ -16,10 +19,22 @@ namespace pistaro {
 
 namespace {
 
+constexpr const char* WhatPasteTakes =
+    "Paste takes a list of pieces such as \"C160 x3, C151L x4\", or one code a line.";
+
+/// Which elements of the current track are copied: several that are selected, else all.
+ElementRun CopiedRun(const Track& track, const EditState& edit) {
+    const ElementRun selected = edit.SelectedRun(track.ElementLastIndex());
+    return selected.Count > 1 ? selected : ElementRun{0, track.ElementLastIndex() + 1};
+}
+
 std::string PieceListOf(const Session& session) {
     const Circuit& circuit = session.Project.Design.Circuit;
-    if (const Track* const track = EditedTrack(circuit, session.Project.EditState))
-        return PieceListText(track->ElementCodes);
+    if (const Track* const track = EditedTrack(circuit, session.Project.EditState)) {
+        const ElementRun run = CopiedRun(*track, session.Project.EditState);
+        const auto first = track->ElementCodes.begin() + run.First;
+        return PieceListText({first, first + run.Count});
+    }
     std::string text;
     for (const Track& track : circuit.Tracks) {
         if (!track.ElementCodes.empty()) text += (text.empty() ? "" : "\n") + PieceListText(track.ElementCodes);
@@ -44,70 +59,155 @@ bool LeavesClosedTrack(Session& session, std::size_t pieces) {
     const auto empty = EmptyTrack(circuit);
     if (!empty || track.ElementCodes.empty() || !IsClosed(GapOf(session.Catalogue, track))) return true;
     const std::string question = "Track " + std::to_string(edit.CurrentTrack + 1) +
-                                 " is closed: pieces at its end would lie over its first ones. " +
-                                 CountText(pieces, "piece") + (pieces == 1 ? " is" : " are") + " laid on track " +
-                                 std::to_string(*empty + 1) + ", which is empty.";
-    if (session.Prompts.Ask(question, Buttons::OkCancel) != Answer::Ok) return false;
+                                 " is closed: pieces at its end would lie over its first ones. Lay " +
+                                 (pieces == 1 ? "the piece" : "the " + CountText(pieces, "piece")) + " on track " +
+                                 std::to_string(*empty + 1) + " instead, which is empty?";
+    const std::string action = "Lay on &Track " + std::to_string(*empty + 1);
+    if (session.Prompts.AskWhether(question, action) != Answer::Ok) return false;
     ChooseTrack(edit, *empty);
     return true;
 }
 
-/// "3 pieces of track 1"
+/// "3 pieces of track 1: the list as text, and a picture of it", "pieces 4 to 6 of track 1: ...".
 std::string WhatIsCopied(const Session& session) {
     const Circuit& circuit = session.Project.Design.Circuit;
-    if (const Track* const track = EditedTrack(circuit, session.Project.EditState))
-        return CountText(track->ElementCodes.size(), "piece") + " of track " +
-               std::to_string(session.Project.EditState.CurrentTrack + 1);
+    const EditState& edit = session.Project.EditState;
+    const char* const forms = ": the list as text, and a picture of ";
+    if (const Track* const track = EditedTrack(circuit, edit)) {
+        const std::string name = " of track " + std::to_string(edit.CurrentTrack + 1);
+        const ElementRun run = CopiedRun(*track, edit);
+        if (run.Count == track->ElementLastIndex() + 1)
+            return CountText(track->ElementCodes.size(), "piece") + name + forms + "it";
+        const int last = run.First + run.Count - 1;
+        return "pieces " + std::to_string(run.First) + " to " + std::to_string(last) + name + forms + "them";
+    }
     std::size_t count = 0;
     for (const Track& track : circuit.Tracks)
         count += track.ElementCodes.size();
-    return CountText(count, "piece") + " of all tracks";
+    return CountText(count, "piece") + " of all tracks" + forms + "it";
 }
 
-/// Moves the view to the track's pieces from that one on; shows everything where they need more room than it has.
-void ShowPieces(const Catalogue& catalogue, Design& design, const Track& track, int first) {
-    std::optional<GroundBox> laid;
+/// Joins the ground of the track's pieces from that one on to what there is already.
+void AddGround(std::optional<GroundBox>& laid, const Catalogue& catalogue, const Track& track, int first) {
     WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
         if (placement == nullptr || index < first) return;
         const GroundBox ground = GroundOf(*placement).Box;
         laid = laid ? laid->Joined(ground) : ground;
     });
+}
+
+/// Moves the view to the track's pieces from that one on, and where they are all of it, to those of the other tracks,
+/// too; shows everything where that needs more room than the view has.
+void ShowPieces(const Catalogue& catalogue, Design& design, const Track& track, int first) {
+    std::optional<GroundBox> laid;
+    AddGround(laid, catalogue, track, first);
     if (!laid) return;
+    if (first == 0) {
+        for (const Track& other : design.Circuit.Tracks)
+            AddGround(laid, catalogue, other, 0);
+    }
     if (std::max(laid->Right - laid->Left, laid->Top - laid->Bottom) > double{design.View.Width})
         return FitView(catalogue, design);
     constexpr double margin = 10; // cm
     FollowTo(design.View, laid->Grown(margin), ShownRectangle(design.View));
 }
 
+/// "; 3 of them lie outside the room" of the track's pieces from that one on; empty where none does.
+std::string OutsideText(const Catalogue& catalogue, const Design& design, const Track& track, int first) {
+    const RoomFit room(design.Room);
+    int pieces = 0;
+    int outside = 0;
+    WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement == nullptr || index < first) return;
+        ++pieces;
+        outside += room.Holds(GroundOf(*placement)) ? 0 : 1;
+    });
+    if (outside == 0) return {};
+    if (pieces == 1) return "; it lies outside the room";
+    if (outside == pieces) return "; they lie outside the room";
+    return "; " + std::to_string(outside) + (outside == 1 ? " of them lies" : " of them lie") + " outside the room";
+}
+
+/// How an element's entry lies.
+float HeadingOf(const Catalogue& catalogue, const Track& track, int element) {
+    float heading = track.TrackStartHeading;
+    WalkTrack(catalogue, track, [&](int index, const PiecePlacement*, const BuildCursor& entry) {
+        if (index == element) heading = entry.CursorHeading;
+    });
+    return heading;
+}
+
+/// The pieces that the clipboard's text names. A fault says what would have been one.
+std::vector<std::string> PastedPieces(const Catalogue& catalogue, const std::string& text) {
+    try {
+        return ParsePieceList(catalogue, text);
+    } catch (const Fault& fault) {
+        const std::string words = fault.what();
+        const bool isList = words.starts_with("Subscript out of range"); // of more pieces than a track holds
+        const std::string help = isList ? "" : std::string("\n") + WhatPasteTakes;
+        throw Fault("Nothing was pasted", words.substr(words.find(": ") + 2) + "." + help);
+    }
+}
+
+/// Turns what was copied as it was, and brings the track to where it lies on no other.
+void FindFloor(const Session& session, Design& design, int track, const std::string& list) {
+    Track& laid = design.Circuit.Tracks[static_cast<std::size_t>(track)];
+    if (list == session.Copied.List) laid.TrackStartHeading = session.Copied.Heading;
+    const BuildCursor start = FreeStart(session.Catalogue, design, track);
+    laid.TrackStartX = start.CursorX;
+    laid.TrackStartY = start.CursorY;
+}
+
 } // namespace
+
+std::string PiecesToPaste(const Session& session) {
+    constexpr std::size_t longestList = 8000; // characters; what is far longer than a track is none
+    const std::string text = session.Windows->ClipboardText();
+    const bool names = text.size() <= longestList && NamesPiece(session.Catalogue, text);
+    return names ? "" : std::string("No pieces are on the clipboard. ") + WhatPasteTakes;
+}
 
 void CopyCommand(Session& session) {
     constexpr int pixels = 1600; // wide; enough for a screen
     ExportOptions options;
-    options.Parts.Track = session.Project.EditState.CurrentTrack;
+    const EditState& edit = session.Project.EditState;
+    options.Parts.Track = edit.CurrentTrack;
     options.PixelWidth = pixels;
+    options.Parts.StockColours = false; // whoever it is for has his own pieces
+    const std::string list = PieceListOf(session);
+    session.Copied = CopiedPieces();
+    if (const Track* const track = EditedTrack(session.Project.Design.Circuit, edit)) {
+        options.Parts.Run = CopiedRun(*track, edit);
+        session.Copied = {list, HeadingOf(session.Catalogue, *track, options.Parts.Run->First)};
+    }
     const auto bytes = [&](ExportFormat format) {
         return ExportBytes(session.Catalogue, session.Project, format, options);
     };
-    session.Windows->PutOnClipboard({PieceListOf(session), bytes(ExportFormat::Png), bytes(ExportFormat::Svg)});
-    session.Windows->TellBriefly("Copied " + WhatIsCopied(session) + ": the list as text, and a picture of it");
+    session.Windows->PutOnClipboard({list, bytes(ExportFormat::Png), bytes(ExportFormat::Svg)});
+    session.Windows->TellBriefly("Copied " + WhatIsCopied(session));
 }
 
 void PasteCommand(Session& session) {
-    const std::vector<std::string> codes = ParsePieceList(session.Catalogue, session.Windows->ClipboardText());
+    const std::string list = session.Windows->ClipboardText();
+    const std::vector<std::string> codes = PastedPieces(session.Catalogue, list);
     if (!LeavesClosedTrack(session, codes.size())) return;
     Design design = session.Project.Design;
     EditState edit = session.Project.EditState;
     Track& track = *EditedTrack(design.Circuit, edit);
     const int first = track.ElementLastIndex() + 1;
     AppendPieces(design, edit, codes);
+    if (codes.size() > 1) edit.RunFrom = first;
+    if (first == 0) FindFloor(session, design, edit.CurrentTrack, list);
     ShowPieces(session.Catalogue, design, track, first);
     session.Project.Design = std::move(design);
     session.Project.EditState = std::move(edit);
     session.NameStep("Paste");
+    const Design& laid = session.Project.Design;
+    const EditState& now = session.Project.EditState;
     session.Windows->TellBriefly("Pasted " + CountText(codes.size(), "piece") +
                                  (first == 0 ? " onto" : " at the end of") + " track " +
-                                 std::to_string(session.Project.EditState.CurrentTrack + 1));
+                                 std::to_string(now.CurrentTrack + 1) +
+                                 OutsideText(session.Catalogue, laid, *EditedTrack(laid.Circuit, now), first));
 }
 
 } // namespace pistaro

@@ -38,11 +38,11 @@ void LaySuggestion(Session& session, int number);
 /// The same for a suggestion at hand.
 void LaySuggestion(Session& session, const Suggestion& suggestion);
 
-/// "2 pieces: C160, C151L. 7.50 EUR; to buy: C160. Each joint gives 0.1 mm." and what is wrong with it. Of a mend what
-/// it takes out stands first: "Takes out C160 (0), lays C159, C151L. 7.50 EUR ..."
+/// "2 pieces: C160, C151L. 7.50 €; to buy: C160. Each joint gives 0.1 mm." and what is wrong with it. Of a mend what
+/// it takes out stands first: "Takes out C160 (0), lays C159, C151L. 7.50 € ..."
 std::string TextOf(const Session& session, const Suggestion& suggestion);
 
-/// The same in short, three lines: "2 pieces" or "2 pieces for 1", "7.50 EUR", "all owned".
+/// The same in short, three lines: "2 pieces" or "2 pieces for 1", "7.50 €", "all owned".
 std::string CaptionOf(const Session& session, const Suggestion& suggestion);
 
 /// Where a suggestion's pieces would lie in the current track.

@@ -32,6 +32,17 @@ SheetOptions SheetsFor(ExportFormat format, const SheetOptions& given, const Box
     return sheets;
 }
 
+/// A sheet at full size, on which the margin of paper would not be seen beside a circuit.
+SheetPlan WithMargin(SheetPlan plan) {
+    const double margin = std::max(plan.Width, plan.Height) / 25;
+    plan.Width += 2 * margin;
+    plan.Height += 2 * margin;
+    plan.Whole = plan.Whole.Wider(margin);
+    for (Sheet& sheet : plan.Sheets)
+        sheet.Cell = sheet.Part = plan.Whole;
+    return plan;
+}
+
 std::string DrawingBytes(CircuitDrawing drawing, ExportFormat format, const ExportOptions& options) {
     if (format == ExportFormat::Dxf) return DxfOf(drawing);
     DecodedPicture pictures;
@@ -46,12 +57,21 @@ std::string DrawingBytes(CircuitDrawing drawing, ExportFormat format, const Expo
 
 std::string ExportEndings() { return EndingsText(Endings); }
 
+std::vector<std::string> EndingsBut(ExportFormat format) {
+    std::vector<std::string> endings;
+    endings.reserve(Endings.size());
+    for (const ExportEnding& ending : Endings) {
+        if (ending.Value != format) endings.emplace_back(ending.Text);
+    }
+    return endings;
+}
+
 const char* EndingOf(ExportFormat format) { return EndingOf(Endings, format); }
 
 std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) { return FormatIn(Endings, file); }
 
 SheetPlan PlanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options) {
-    if (format == ExportFormat::Dxf) return PlanSheets(drawing, {.Scale = 1, .Header = false});
+    if (format == ExportFormat::Dxf) return WithMargin(PlanSheets(drawing, {.Scale = 1, .Header = false}));
     return PlanSheets(drawing, SheetsFor(format, options.Sheets, drawing.Whole()));
 }
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace pistaro {
 
@@ -18,6 +19,9 @@ const char* EndingOf(ExportFormat format);
 
 /// ".png, .svg, ...".
 std::string ExportEndings();
+
+/// The endings of the other formats.
+std::vector<std::string> EndingsBut(ExportFormat format);
 
 /// The format that a file's ending names, in capital or small letters.
 std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file);

@@ -11,6 +11,9 @@ namespace pistaro {
 /// What a format is called where one chooses it.
 const char* CaptionOf(ExportFormat format);
 
+/// What one takes it for: "For forums, mail and messengers".
+const char* PurposeOf(ExportFormat format);
+
 /// What a file of the project is called without its ending.
 std::string FileTitleOf(const Session& session);
 
@@ -20,12 +23,21 @@ std::string ExportFolderOf(const Session& session);
 /// Asks for the file, and before one that is there already is replaced; nothing where the user gave none or said no.
 std::optional<std::filesystem::path> ChooseFileToWrite(Session& session, const FileChoice& choice);
 
-/// Asks for a file of that format, named like the project, and writes into it what `bytes` gives; a file that is there
-/// already only after a yes. Tells when it is written, remembers where, and gives whether one was. Faults: those of
-/// `bytes` and of writing.
-bool ExportToChosenFile(Session& session, ExportFormat format, const std::function<std::string()>& bytes);
+/// A file that is to be exported to, and the format that its ending names.
+struct ExportFile {
+    std::filesystem::path Path;
+    ExportFormat Format;
+};
 
-/// The same with the export of the project as it stands.
-bool ExportCommand(Session& session, ExportFormat format, const ExportOptions& options);
+/// Asks for a file, named like the project and of that format unless its user types the ending of another one, and
+/// before one that is there already is replaced; nothing where the user gave none or said no.
+std::optional<ExportFile> ChooseExportFile(Session& session, ExportFormat proposed);
+
+/// Writes it, remembers where, and tells where it is and what opens it. Fault: it cannot be written.
+void WriteExport(Session& session, const ExportFile& file, const std::string& bytes);
+
+/// Asks for a file for sheets and writes into it what `pdf` gives. Gives whether one was written. Faults: its user
+/// typed another format's ending; those of `pdf` and of writing.
+bool ExportSheets(Session& session, const std::function<std::string()>& pdf);
 
 } // namespace pistaro

@@ -2,13 +2,17 @@
 
 #include "commands/circuit_commands.h"
 #include "commands/piece_texts.h"
+#include "editor/owned_track.h"
 #include "editor/view_commands.h"
 #include "layout/built_lanes.h"
+#include "layout/room_fit.h"
 #include "model/length_text.h"
 #include "platform/fault.h"
 #include "platform/files.h"
+#include "search/no_circuit.h"
 #include "storage/circuit_file.h"
 #include "storage/sets_file.h"
+#include "text/count_text.h"
 #include "text/fixed_text.h"
 
 #include <algorithm>
@@ -69,6 +73,9 @@ std::string LackingText(const Session& session, const Track& track) {
     return lacking + "; " + PriceText(session, PriceOfMissing(session, track), UnpricedOf(session, used));
 }
 
+/// Whether the user has told what he owns; until then the box is what there is.
+bool OwnsAny(const Session& session) { return OwnedBox(session.Catalogue, session.Project.Stock).Total() > 0; }
+
 std::string PercentText(const LaidCircuit& circuit) {
     constexpr double hundred = 100;
     return std::to_string(std::lround(circuit.Used * hundred)) + " %";
@@ -84,6 +91,23 @@ Design WithTrack(Design design, const Track& track) {
     design.Circuit = EmptyCircuit();
     design.Circuit.Tracks.front() = track;
     return design;
+}
+
+Stretches StretchesOf(const Session& session, const LaidCircuit& circuit) {
+    Rows rows;
+    for (const std::string& code : circuit.Track.ElementCodes) {
+        const int row = session.Catalogue.FindRow(code);
+        if (row >= 0) rows.push_back(row);
+    }
+    return pistaro::StretchesOf(session.Catalogue, rows);
+}
+
+/// By which Save proposes a file beside that of the design that is varied; empty where that has no name.
+std::string VariationName(const EditState& edit) {
+    const std::string suffix = " variation";
+    const std::string name = ProjectName(edit);
+    if (name == NewProjectName) return {};
+    return name.ends_with(suffix) ? name : name + suffix;
 }
 
 /// "found.trk" for one of one; "found-02.trk" for the second of several.
@@ -154,6 +178,38 @@ LayingTask TaskFor(const Session& session, const BoxWish& wish) {
     return task;
 }
 
+std::string WhyNeverFulfilled(const Session& session, const BoxWish& wish) {
+    const LayingTask task{.Box = wish.Box, .Room = RoomFor(session, wish).Room, .Kept = wish.Kept};
+    return wish.Box.Total() > 0 && HasWalls(task.Room) ? WhyNoCircuit(session.Catalogue, task) : "";
+}
+
+std::string RoomSizeText(const RoomPolygon& room) {
+    if (!HasWalls(room)) return "";
+    const RoomFit fit(room);
+    std::vector<double> across, up;
+    for (const Wall& wall : fit.Walls()) {
+        across.insert(across.end(), {wall.From.X, wall.To.X});
+        up.insert(up.end(), {wall.From.Y, wall.To.Y});
+    }
+    const auto extent = [](const std::vector<double>& places) {
+        const auto [least, most] = std::ranges::minmax(places);
+        return std::to_string(std::lround(most - least));
+    };
+    return extent(across) + " × " + extent(up) + " cm";
+}
+
+void OwnBox(Session& session, const PieceBox& box) {
+    const int owned = OwnedBox(session.Catalogue, session.Project.Stock).Total();
+    const std::string question = "You own " + CountText(owned, "piece") + " by now. Shall it be the " +
+                                 std::to_string(box.Total()) + " of this box?";
+    if (owned > 0 && session.Prompts.Ask(question, Buttons::YesNo) != Answer::Yes) return;
+    StockBoxes boxes = EmptyStockBoxes(session.Catalogue);
+    FillStockBoxes(session.Catalogue, session.Project.Stock, boxes);
+    for (StockBox& product : boxes)
+        product.Owned = std::to_string(CountOfProduct(session.Catalogue, box, product.Tag));
+    SaveOwnedTrack(session.Catalogue, session.SettingsPath, session.Project.Stock, boxes, session.Prompts);
+}
+
 PieceBox BoxOfDesign(const Session& session) { return {CountUsed(session.Catalogue, session.Project.Design.Circuit)}; }
 
 KeptPart PartOf(const Session& session, int first, int count) {
@@ -195,41 +251,59 @@ std::string UseText(const LaidCircuit& circuit) {
 }
 
 std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit) {
+    std::string length = FixedText(circuit.Length / CmInMetre, 2) + " m";
+    if (!OwnsAny(session)) return length; // what the box holds need not be bought
     const Cents price = PriceOfMissing(session, circuit.Track);
     const bool isKnown = price > 0 || UnpricedOf(session, UsedBy(session, circuit.Track)) == 0;
-    return FixedText(circuit.Length / CmInMetre, 2) + " m, " +
-           (isKnown ? PriceText(session, price, 0) : "price unknown");
+    return length + ", " + (isKnown ? PriceText(session, price, 0) : "price unknown");
+}
+
+std::string SizeAndStraightText(const Session& session, const LaidCircuit& circuit) {
+    std::string straight = "straight " + FixedText(StretchesOf(session, circuit).LongestStraight / CmInMetre, 2) + " m";
+    const auto extent = ExtentOf(session.Catalogue, WithTrack(Design(), circuit.Track));
+    if (!extent) return straight;
+    return std::to_string(std::lround(extent->Right - extent->Left)) + " × " +
+           std::to_string(std::lround(extent->Top - extent->Bottom)) + " cm, " + straight;
+}
+
+std::string CornersText(const Session& session, const LaidCircuit& circuit) {
+    const Stretches stretches = StretchesOf(session, circuit);
+    return CountText(stretches.LeftCorners, "corner") + " left, " + std::to_string(stretches.RightCorners) + " right";
 }
 
 std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights) {
     const std::array<double, 2> lanes = LanesOf(session, circuit);
     return "lanes differ " + FixedText(std::abs(lanes[0] - lanes[1]), 1) + " cm, score " +
-           FixedText(Score(circuit.Parts, weights), 3);
+           FixedText(Score(circuit.Parts, weights), 2);
 }
 
 std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit) {
     const std::array<double, 2> lanes = LanesOf(session, circuit);
     const std::string left = Beyond(session, box.Counts, UsedBy(session, circuit.Track));
-    return {{"Box used",
-             PercentText(circuit) + ", " + PiecesText(circuit) + " of " + std::to_string(box.Total()) + " pieces"},
-            {"Left over", left.empty() ? "nothing" : left},
-            {"Lap", FixedText(circuit.Length / CmInMetre, 2) + " m"},
-            {"Lanes", FixedText(lanes[0] / CmInMetre, 2) + " m and " + FixedText(lanes[1] / CmInMetre, 2) + " m"},
-            {"To buy", LackingText(session, circuit.Track)}};
+    std::vector<CircuitFigure> figures{
+        {"Box used",
+         PercentText(circuit) + ", " + PiecesText(circuit) + " of " + std::to_string(box.Total()) + " pieces"},
+        {"Left over", left.empty() ? "nothing" : left},
+        {"Lap", FixedText(circuit.Length / CmInMetre, 2) + " m"},
+        {"Lanes", FixedText(lanes[0] / CmInMetre, 2) + " m and " + FixedText(lanes[1] / CmInMetre, 2) + " m"},
+    };
+    if (OwnsAny(session)) figures.push_back({"To buy", LackingText(session, circuit.Track)});
+    return figures;
 }
 
-bool OpenAsNew(Session& session, std::string_view step, const Design& room, const Track& track,
-               std::optional<Circuit>& opened) {
+bool OpenAsNew(Session& session, bool varies, const Design& room, const Track& track, std::optional<Circuit>& opened) {
     const Design design = WithTrack(room, track);
     Project& project = session.Project;
     if (project.Design.Circuit == design.Circuit) return true;
     if (project.Design.Circuit != opened && !MayReplace(session)) return false;
     session.NotifyLeaving();
+    const std::string name = varies ? VariationName(project.EditState) : std::string();
     NewProject(project);
+    project.EditState.Name = name;
     project.Design = design;
     FitView(session.Catalogue, project.Design);
     project.EditState.DataChanged = true;
-    session.BeginCircuit(std::string(step));
+    session.BeginCircuit(varies ? "Variation" : "Circuit from My Box");
     opened = design.Circuit;
     return true;
 }
@@ -250,9 +324,9 @@ bool KeepAsFiles(Session& session, const Design& room, const std::vector<Track>&
         written.push_back(std::make_unique<WrittenFile>(files[i], CircuitBytes(WithTrack(room, tracks[i]))));
     for (const std::unique_ptr<WrittenFile>& one : written)
         one->TakePlace();
-    const std::string names = TextFromPath(files.front()) +
-                              (files.size() > 1 ? " to " + TextFromPath(files.back().filename()) + " are" : " is");
-    session.Prompts.Tell({Icon::Information, names + " written."});
+    const std::string others =
+        files.size() > 1 ? "The others stand beside it, up to " + TextFromPath(files.back().filename()) + "." : "";
+    session.Prompts.TellWritten(files.front(), others);
     return true;
 }
 

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace pistaro {
@@ -46,6 +45,15 @@ Design RoomFor(const Session& session, const BoxWish& wish);
 /// The search's task. Fault "Refused" where nothing can come of it, which says why.
 LayingTask TaskFor(const Session& session, const BoxWish& wish);
 
+/// Why these wishes can never be fulfilled, for certain: too few curves, too small a room; empty where they may be.
+std::string WhyNeverFulfilled(const Session& session, const BoxWish& wish);
+
+/// The room's extent: "400 × 300 cm"; empty where it has no walls.
+std::string RoomSizeText(const RoomPolygon& room);
+
+/// Takes the box for all that is owned, after a question where something else was, and writes that into the settings.
+void OwnBox(Session& session, const PieceBox& box);
+
 /// The pieces of all tracks of the design.
 PieceBox BoxOfDesign(const Session& session);
 
@@ -64,11 +72,17 @@ Cents PriceOfMissing(const Session& session, const Track& track);
 /// "96 % of the box, 24 pieces": what is told of a found circuit in a line.
 std::string UseText(const LaidCircuit& circuit);
 
-/// "12.34 m, 0.00 EUR": how long a lap is, and what would have to be bought.
+/// "12.34 m, 0.00 €": how long a lap is, and what would have to be bought.
 std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit);
 
-/// "lanes 2.4 cm, score 0.914": by how much its lanes differ, as built, and how good it is by these weights.
+/// "lanes differ 2.4 cm, score 0.91": by how much its lanes differ, as built, and how good it is by these weights.
 std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights);
+
+/// "245 × 130 cm, straight 1.40 m": the ground that it covers, and its longest straight.
+std::string SizeAndStraightText(const Session& session, const LaidCircuit& circuit);
+
+/// "5 corners left, 7 right"
+std::string CornersText(const Session& session, const LaidCircuit& circuit);
 
 /// One of the figures that are told of a found circuit at length.
 struct CircuitFigure {
@@ -79,9 +93,9 @@ struct CircuitFigure {
 std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit);
 
 /// Puts a found circuit in the place of the design, which is asked for as by Load unless it is `opened`: what was put
-/// there like this before. One step of undo, of that name. Gives whether it is there now.
-bool OpenAsNew(Session& session, std::string_view step, const Design& room, const Track& track,
-               std::optional<Circuit>& opened);
+/// there like this before. One step of undo. A variation is named after the design that it varies. Gives whether it is
+/// there now.
+bool OpenAsNew(Session& session, bool varies, const Design& room, const Track& track, std::optional<Circuit>& opened);
 
 /// Writes found circuits into files that the user names by one name, all or none: a number is put behind it where they
 /// are several. Gives whether they were written.

@@ -1,6 +1,5 @@
 #include "commands/money_commands.h"
 
-#include "layout/track_gap.h"
 #include "money/purchase.h"
 #include "money/purchase_text.h"
 #include "storage/sets_file.h"
@@ -9,16 +8,25 @@
 
 namespace pistaro {
 
+namespace {
+
+/// Why there is nothing to buy for it.
+std::string WhyNothing(const Catalogue& catalogue, const Circuit& circuit) {
+    if (std::ranges::all_of(circuit.Tracks, [](const Track& track) { return track.ElementCodes.empty(); }))
+        return "the design has no pieces yet.";
+    const std::vector<int> used = CountUsedByProduct(catalogue, circuit);
+    return std::ranges::all_of(used, [](int count) { return count == 0; })
+               ? "the design has no pieces of the catalogue."
+               : "all pieces of the design are owned.";
+}
+
+} // namespace
+
 void BalanceCommand(Session& session) {
-    const Design& design = session.Project.Design;
-    const int track = session.Project.EditState.CurrentTrack;
-    const Balance balance = BalanceLanes(session.Catalogue, design, track);
+    const Balance balance =
+        BalanceLanes(session.Catalogue, session.Project.Design, session.Project.EditState.CurrentTrack);
     if (!balance.Steps.empty()) return session.Windows->ShowBalance(balance);
-    constexpr double pressedTogether = 2; // cm, which a hand can close
-    const TrackGap gap = GapOf(session.Catalogue, design.Circuit.Tracks[static_cast<std::size_t>(track)]);
-    const std::string open =
-        gap.Distance > pressedTogether && !balance.IsBalanced ? " The track does not close yet; close it first." : "";
-    session.Prompts.Tell({Icon::Information, BalanceText(balance, session.Project.Preferences.Units) + open});
+    session.Prompts.Tell({Icon::Information, BalanceText(balance, session.Project.Preferences.Units)});
 }
 
 void BalanceTrack(Session& session, const Balance& balance) {
@@ -32,10 +40,11 @@ void PurchaseCommand(Session& session) {
     const Catalogue& catalogue = session.Catalogue;
     const BoxedSets sets = SetsBeside(catalogue, session.SettingsPath).value_or(BoxedSets());
     const std::vector<int> missing = MissingPieces(catalogue, session.Project.Stock, session.Project.Design.Circuit);
-    if (std::ranges::all_of(missing, [](int count) { return count == 0; }))
-        return session.Prompts.Tell(
-            {Icon::Information, "There is nothing to buy: all pieces of the design are owned.\n" +
-                                    ReportOf(catalogue, session.Project, sets, {}).Remarks});
+    if (std::ranges::all_of(missing, [](int count) { return count == 0; })) {
+        const std::string why = WhyNothing(catalogue, session.Project.Design.Circuit);
+        return session.Prompts.Tell({Icon::Information, "There is nothing to buy: " + why + "\n" +
+                                                            ReportOf(catalogue, session.Project, sets, {}).Remarks});
+    }
     const JobWork work = [&session, &catalogue, project = session.Project, missing,
                           sets](const JobWatch& watch) -> JobEnd {
         const PurchaseReport report =

@@ -4,6 +4,7 @@
 #include "commands/circuit_commands.h"
 #include "commands/row_parts.h"
 #include "commands/session.h"
+#include "commands/side_columns.h"
 #include "editor/building.h"
 #include "editor/tour.h"
 
@@ -48,7 +49,7 @@ void TourCommand(Session& session) {
     if (!IsEmpty(session.Project.Design.Circuit)) NewCommand(session);
     if (!IsEmpty(session.Project.Design.Circuit)) return;
     BeginTour(session.Project.EditState);
-    session.Looks.Columns = true;
+    ShowPieceColumn(session);
     session.Windows->ShowTour();
 }
 
@@ -66,7 +67,7 @@ void AddPaletteCommands(std::vector<Command>& rows, const Catalogue& catalogue) 
                     .From = Availability::WindowOnly,
                     .WhyNot = HasWindows,
                     .Run = [](Session& session) {
-                        session.Looks.Columns = true;
+                        ShowPieceColumn(session);
                         session.Windows->FindPiece();
                     }});
     rows.push_back({.Id = "samples",

@@ -15,8 +15,7 @@ std::string CountedPiece(const Session& session, int headRow, int count) {
 }
 
 std::string PriceText(const Session& session, Cents price, int unpriced) {
-    const std::string& currency = session.Project.Preferences.Units.Currency;
-    std::string text = MoneyText(price) + (currency.empty() ? "" : " " + currency);
+    std::string text = MoneyText(price, session.Project.Preferences.Units.Currency, session.MoneyMarks);
     if (unpriced > 0) text += " + " + std::to_string(unpriced) + " without a price";
     return text;
 }

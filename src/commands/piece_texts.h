@@ -15,7 +15,7 @@ std::string Listed(const std::vector<std::string>& words);
 /// "C160" for one, "2 × C160" for two.
 std::string CountedPiece(const Session& session, int headRow, int count);
 
-/// "7.50 EUR"; of pieces among which some have no price "7.50 EUR + 2 without a price".
+/// "7.50 €"; of pieces among which some have no price "7.50 € + 2 without a price".
 std::string PriceText(const Session& session, Cents price, int unpriced);
 
 } // namespace pistaro

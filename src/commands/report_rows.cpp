@@ -47,7 +47,7 @@ Command DrawingRow(Command row) {
 } // namespace
 
 void AddCheckCommands(std::vector<Command>& rows) {
-    rows.push_back(WindowRow("checks", "mnuChecks", "&Checks", "Show problems with the design beside the drawing", "F8",
+    rows.push_back(WindowRow("checks", "mnuChecks", "C&hecks", "Show problems with the design beside the drawing", "F8",
                              Panel::Checks));
     rows.push_back(WindowRow("stock and price", "mnuMoney", "Stock and &Price",
                              "Show what the pieces cost, beside the drawing", "", Panel::Money));
@@ -120,14 +120,15 @@ void AddExchangeCommands(std::vector<Command>& rows) {
                     .From = Availability::WindowOnly,
                     .WhyNot = AnyPieces,
                     .Run = BuildPlanCommand});
-    rows.push_back({.Id = "copy",
-                    .Control = "mnuCopy",
-                    .Caption = "&Copy",
-                    .Tip = "Put the picture and the list of pieces on the clipboard",
-                    .Key = "Ctrl+C",
-                    .From = Availability::WindowOnly,
-                    .WhyNot = AnythingToCopy,
-                    .Run = CopyCommand});
+    rows.push_back(
+        {.Id = "copy",
+         .Control = "mnuCopy",
+         .Caption = "&Copy",
+         .Tip = "Put the picture and the list of the track's pieces on the clipboard, or of several selected ones",
+         .Key = "Ctrl+C",
+         .From = Availability::WindowOnly,
+         .WhyNot = AnythingToCopy,
+         .Run = CopyCommand});
     rows.push_back(
         {.Id = "paste",
          .Control = "mnuPaste",
@@ -137,8 +138,10 @@ void AddExchangeCommands(std::vector<Command>& rows) {
          .From = Availability::WindowOnly,
          .WhyNot =
              [](const Session& session) {
-                 std::string whyNot = HasWindows(session);
-                 return whyNot.empty() ? OneTrackChosen(session) : whyNot;
+                 for (const auto whyNot : {HasWindows, OneTrackChosen, PiecesToPaste}) {
+                     if (std::string words = whyNot(session); !words.empty()) return words;
+                 }
+                 return std::string();
              },
          .Run = PasteCommand});
 }

@@ -120,8 +120,9 @@ void Session::NameStep(const Command& command) {
     if (command.Repeatable) step_.Run = command.Id;
 }
 
-void Session::NameStep(std::string caption) {
+void Session::NameStep(std::string caption, std::string run) {
     step_.Caption = std::move(caption);
+    step_.Run = std::move(run);
     step_.EditsView = true;
 }
 

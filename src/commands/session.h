@@ -8,6 +8,7 @@
 #include "imaging/picture.h"
 #include "model/habits.h"
 #include "model/looks.h"
+#include "model/money.h"
 #include "model/project.h"
 #include "model/prompts.h"
 #include "search/closing_tables.h"
@@ -46,6 +47,12 @@ struct KeptBackground {
     std::shared_ptr<const ScaledBackground> Value;
 };
 
+/// The track, or part of one, that was copied last, and how it lies: a paste of the same lays it alike.
+struct CopiedPieces {
+    std::string List;
+    float Heading = 0; ///< of its first piece
+};
+
 using Observer = std::function<void(const Changes&)>;
 
 /// Its holder hears of changes as long as he holds it, and the session lives.
@@ -69,9 +76,12 @@ public:
     std::optional<Picture> Background;      ///< behind the drawing
     pistaro::KeptBackground KeptBackground; ///< of the circuit's file, as it was read or written last
     DecodedPicture Pictures;                ///< under the circuit
+    CopiedPieces Copied;                    ///< by this program
     pistaro::Looks Looks;                   ///< of the window
+    bool HasRoomForColumns = true;          ///< on the screen; else there is room for one of them
     pistaro::Habits Habits;                 ///< of its user
     int Times = 1;                          ///< so many pieces the next press of a piece's button lays
+    pistaro::MoneyMarks MoneyMarks;         ///< of the desktop, for what people read in the window
     int PicturePixels;                      ///< width and height of the drawing as it is shown
     pistaro::Windows* Windows = nullptr;    ///< null in a script
     pistaro::Recovery* Recovery = nullptr;  ///< what keeps unsaved work, where something does
@@ -108,8 +118,9 @@ public:
     /// Begins the history with what is there now.
     void ForgetHistory() { history_ = pistaro::History(); }
 
-    /// Calls the step that the running work makes so; then a change of the view alone makes a step, too.
-    void NameStep(std::string caption);
+    /// Calls the step that the running work makes so; then a change of the view alone makes a step, too. Works of the
+    /// same `run` that follow each other quickly are one step.
+    void NameStep(std::string caption, std::string run = {});
 
     /// The running work has put another circuit in the place of that before: it is a step of that name.
     void BeginCircuit(std::string caption);

@@ -62,23 +62,24 @@ void AddBackgroundCommands(std::vector<Command>& rows) {
     rows.push_back({.Id = "background select",
                     .Control = "mnuBackgroundSelect",
                     .Caption = "Select &Background…",
-                    .Tip = "Show a picture behind the circuit, such as a floor plan",
+                    .Tip = "Show a picture behind the circuit, at the window's size: it does not zoom, and is not kept",
                     .From = Availability::WindowOnly,
                     .Run = SelectBackgroundCommand});
     rows.push_back({.Id = "background clear",
                     .Control = "mnuBackgroundClear",
-                    .Caption = "&Clear Background",
+                    .Caption = "Clea&r Background",
                     .Tip = "Remove the picture behind the circuit",
                     .From = Availability::WindowOnly,
                     .WhyNot = HasBackground,
                     .Run = [](Session& session) { session.Background.reset(); }});
-    rows.push_back({.Id = "background import",
-                    .Control = "mnuBackgroundImport",
-                    .Caption = "&Import Background to Scale…",
-                    .Tip = "Put a picture under the circuit at its true size, and keep it with the circuit",
-                    .From = Availability::WindowOnly,
-                    .WhyNot = HasWindows,
-                    .Run = ImportBackgroundCommand});
+    rows.push_back(
+        {.Id = "background import",
+         .Control = "mnuBackgroundImport",
+         .Caption = "Import Background &to Scale…",
+         .Tip = "Put a floor plan under the circuit at its true size: it zooms, and is kept with the circuit",
+         .From = Availability::WindowOnly,
+         .WhyNot = HasWindows,
+         .Run = ImportBackgroundCommand});
     rows.push_back({.Id = "background place",
                     .Control = "mnuBackgroundPlace",
                     .Caption = "Place Backgroun&d…",
@@ -86,9 +87,14 @@ void AddBackgroundCommands(std::vector<Command>& rows) {
                     .From = Availability::WindowOnly,
                     .WhyNot = HasScaledBackground,
                     .Run = [](Session& session) { session.Windows->ShowBackground(*session.Project.Background); }});
+    Command drag =
+        WindowRow("background move", "mnuBackgroundMove", "&Move Background",
+                  "Drag, turn or fade the picture under the circuit in the drawing itself", "", Panel::Picture);
+    drag.WhyNot = HasScaledBackground;
+    rows.push_back(std::move(drag));
     rows.push_back({.Id = "background remove",
                     .Control = "mnuBackgroundRemove",
-                    .Caption = "&Remove Background to Scale",
+                    .Caption = "Remo&ve Background to Scale",
                     .Tip = "Remove the picture that lies under the circuit at its true size",
                     .From = Availability::WindowOnly,
                     .WhyNot = HasScaledBackground,

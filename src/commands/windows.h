@@ -14,6 +14,7 @@ enum class Panel {
     Checks,  ///< what is wrong with the design
     Money,   ///< what its pieces cost
     History, ///< the steps that led to it
+    Picture, ///< how the picture under the circuit is dragged and faded, while it is
 };
 
 /// What is copied, in the forms that other programs take.
@@ -51,6 +52,9 @@ public:
 
     /// What is to be bought.
     virtual void ShowPurchase(const PurchaseReport& report) = 0;
+
+    /// Leads the keyboard to the first price that something missing lacks.
+    virtual void EnterPrices() = 0;
 
     /// Circuits from pieces at hand; others from the pieces of the design.
     virtual void ShowBox() = 0;

@@ -1,5 +1,6 @@
 #include "editor/palette_pieces.h"
 
+#include "text/minus_text.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -64,6 +65,12 @@ int LeftInBox(const Catalogue& catalogue, const UsedCounts& used, const Stock& s
         if (counts) left += stock[row].OwnedCount - used[static_cast<std::size_t>(row)];
     }
     return left;
+}
+
+std::string LeftText(const Stock& stock, int left) {
+    const bool ownsAny = std::ranges::any_of(stock.Products, [](const ProductStock& of) { return of.OwnedCount > 0; });
+    if (left < 0 && !ownsAny) return std::to_string(-left) + " to buy";
+    return WithMinus(std::to_string(left)) + " left";
 }
 
 std::vector<int> FindPieces(const Catalogue& catalogue, std::string_view words, TrackSystem inUse) {

@@ -19,6 +19,9 @@ std::vector<int> SpecialsOf(const Catalogue& catalogue, const CatalogueEntry& ba
 /// shape together, of a special piece itself alone.
 int LeftInBox(const Catalogue& catalogue, const UsedCounts& used, const Stock& stock, const CatalogueEntry& piece);
 
+/// "3 left"; where nothing at all is owned, "3 to buy" instead of what lacks.
+std::string LeftText(const Stock& stock, int left);
+
 /// The rows of the pieces, special ones among them, that have all of these words in their code, name, hand or angle,
 /// however they are written; those of the system in use first. None for no word.
 std::vector<int> FindPieces(const Catalogue& catalogue, std::string_view words, TrackSystem inUse);

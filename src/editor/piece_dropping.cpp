@@ -2,6 +2,7 @@
 
 #include "catalogue/track_geometry.h"
 #include "editor/building.h"
+#include "editor/palette_pieces.h"
 #include "editor/status_text.h"
 #include "editor/track_editing.h"
 #include "layout/track_gap.h"
@@ -73,6 +74,21 @@ bool IsBeforeStart(const Track& track, const DropPlace& place) {
     return place.Element == 0 && !track.ElementCodes.empty() && place.At != track.Start();
 }
 
+/// The place's track with the piece laid there.
+Track TrackWith(const Project& project, const DropPlace& place, const HeldPiece& held) {
+    Track track = project.Design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
+    if (IsBeforeStart(track, place)) {
+        track.TrackStartX = place.At.CursorX;
+        track.TrackStartY = place.At.CursorY;
+        track.TrackStartHeading = place.At.CursorHeading;
+    }
+    if (place.Replaces)
+        track.ElementCodes[static_cast<std::size_t>(place.Element)] = held.Code;
+    else
+        Insert(track, place, held);
+    return track;
+}
+
 } // namespace
 
 std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& held) {
@@ -83,7 +99,9 @@ std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& 
         held.Times == 1 && !piece->IsBasic() && FitsSelected(catalogue, project.Design.Circuit, edit, held.Code);
     if (replaces || (edit.InsertMode && edit.SelectedElement() >= 0))
         return SelectedPlace(catalogue, project, replaces);
-    return JointAt(catalogue, project, EditedTrack(project.Design.Circuit, edit)->ElementLastIndex() + 1);
+    const Track& track = *EditedTrack(project.Design.Circuit, edit);
+    if (IsRing(catalogue, track)) return std::nullopt;
+    return JointAt(catalogue, project, track.ElementLastIndex() + 1);
 }
 
 std::optional<DropPlace> SelectedPlace(const Catalogue& catalogue, const Project& project, bool replaces) {
@@ -143,18 +161,14 @@ std::vector<std::string> DisplacedPieces(const Project& project, const DropPlace
     return {track.ElementCodes.begin() + place.Element, track.ElementCodes.end()};
 }
 
+int LeftWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held) {
+    Circuit circuit = project.Design.Circuit;
+    circuit.Tracks[static_cast<std::size_t>(place.Track)] = TrackWith(project, place, held);
+    return LeftInBox(catalogue, CountUsed(catalogue, circuit), project.Stock, *catalogue.Find(held.Code));
+}
+
 std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held) {
-    Track track = project.Design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
-    if (IsBeforeStart(track, place)) {
-        track.TrackStartX = place.At.CursorX;
-        track.TrackStartY = place.At.CursorY;
-        track.TrackStartHeading = place.At.CursorHeading;
-    }
-    if (place.Replaces)
-        track.ElementCodes[static_cast<std::size_t>(place.Element)] = held.Code;
-    else
-        Insert(track, place, held);
-    return GapText(GapOf(catalogue, track), project.Preferences.Units);
+    return GapText(GapOf(catalogue, TrackWith(project, place, held)), project.Preferences.Units);
 }
 
 } // namespace pistaro

@@ -27,8 +27,9 @@ struct HeldPiece {
     int Times = 1;
 };
 
-/// Where a press of the piece's button would lay it: at the end of the current track, before the selected element in
-/// Insert mode, or, one special piece, in the selected element's place where it fits. Nothing with all tracks chosen.
+/// Where a press of the piece's button would lay it: at the open end of the current track, before the selected element
+/// in Insert mode, or, one special piece, in the selected element's place where it fits. Nothing with all tracks
+/// chosen, and behind the last piece of a closed track.
 std::optional<DropPlace> ButtonPlace(const Catalogue& catalogue, const Project& project, const HeldPiece& piece);
 
 /// Before the selected element, or in its place; nothing where none is selected.
@@ -47,6 +48,9 @@ void DropPiece(const Catalogue& catalogue, Project& project, const DropPlace& pl
 /// The pieces that make room for what is put in there, in their order; those before it stay where they lie. None at a
 /// track's end, before its start, and where a piece is replaced.
 std::vector<std::string> DisplacedPieces(const Project& project, const DropPlace& place);
+
+/// What is left of the owned pieces when it has been laid there, counted as LeftInBox does.
+int LeftWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held);
 
 /// The track's gap with the piece laid there.
 std::string GapWith(const Catalogue& catalogue, const Project& project, const DropPlace& place, const HeldPiece& held);

@@ -63,7 +63,7 @@ Fault NoPiece(const Catalogue& catalogue, const std::string& word) {
 /// Reads the words one by one.
 class ListReader {
 public:
-    explicit ListReader(const Catalogue& catalogue) : catalogue_(catalogue) {}
+    ListReader(const Catalogue& catalogue, bool takesProducts) : catalogue_(catalogue), takesProducts_(takesProducts) {}
 
     void Read(const std::string& word) {
         if (word == "X") {
@@ -72,8 +72,7 @@ public:
         }
         const std::optional<int> count = CountIn(word);
         if (!count) {
-            if (catalogue_.Find(word) == nullptr) throw NoPiece(catalogue_, word);
-            Add(word, std::max(1, std::exchange(next_, 0)));
+            Add(CodeOf(word), std::max(1, std::exchange(next_, 0)));
         } else if (*count < 1 || *count > MaxElements) {
             throw Overflow("\"" + word + "\" is no number of pieces");
         } else if (repeats_ || word.starts_with('X')) {
@@ -92,6 +91,12 @@ public:
     }
 
 private:
+    std::string CodeOf(const std::string& word) const {
+        if (catalogue_.Find(word) != nullptr) return word;
+        if (takesProducts_ && catalogue_.Find(word + "L") != nullptr) return word + "L";
+        throw NoPiece(catalogue_, word);
+    }
+
     void Add(const std::string& code, int count) {
         if (static_cast<int>(codes_.size()) + count > MaxElements)
             throw SubscriptOutOfRange("a track holds at most " + std::to_string(MaxElements) + " pieces");
@@ -99,10 +104,18 @@ private:
     }
 
     const Catalogue& catalogue_;
+    const bool takesProducts_; ///< codes without their hand, too
     std::vector<std::string> codes_;
     int next_ = 0;         ///< how many of the code that comes, 0 when no number stands before it
     bool repeats_ = false; ///< a sign stands behind the last code
 };
+
+std::vector<std::string> CodesIn(const Catalogue& catalogue, std::string_view text, bool takesProducts) {
+    ListReader reader(catalogue, takesProducts);
+    for (const std::string& word : Words(text))
+        reader.Read(word);
+    return reader.Codes();
+}
 
 } // namespace
 
@@ -119,10 +132,18 @@ std::string PieceListText(const std::vector<std::string>& codes) {
 }
 
 std::vector<std::string> ParsePieceList(const Catalogue& catalogue, std::string_view text) {
-    ListReader reader(catalogue);
-    for (const std::string& word : Words(text))
-        reader.Read(word);
-    return reader.Codes();
+    return CodesIn(catalogue, text, false);
+}
+
+std::map<int, int> ParseProductList(const Catalogue& catalogue, std::string_view text) {
+    std::map<int, int> counts;
+    for (const std::string& code : CodesIn(catalogue, text, true))
+        ++counts[catalogue.FindHeadRow(ProductCode(code))];
+    return counts;
+}
+
+bool NamesPiece(const Catalogue& catalogue, std::string_view text) {
+    return std::ranges::any_of(Words(text), [&](const std::string& word) { return catalogue.Find(word) != nullptr; });
 }
 
 void AppendPieces(Design& design, EditState& edit, const std::vector<std::string>& codes) {

@@ -4,6 +4,7 @@
 #include "model/design.h"
 #include "model/edit_state.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,12 @@ std::string PieceListText(const std::vector<std::string>& codes);
 /// nothing in it; a word that is no piece's code, which is told with the codes that it may have meant; more pieces than
 /// a track holds.
 std::vector<std::string> ParsePieceList(const Catalogue& catalogue, std::string_view text);
+
+/// Whether one of a text's words is a piece's code, so that it may be meant as such a list.
+bool NamesPiece(const Catalogue& catalogue, std::string_view text);
+
+/// The products that such a list names, where hands do not matter: "8 C151, C160 x4" counts by head row.
+std::map<int, int> ParseProductList(const Catalogue& catalogue, std::string_view text);
 
 /// Lays pieces at the end of the current track, and selects the last. Fault when the track has no room for all; nothing
 /// changes then.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/picking.h"
+#include "model/money.h"
 #include "model/project.h"
 
 #include <string>
@@ -10,6 +11,7 @@ namespace pistaro {
 
 /// Code and name, track and index, lane lengths by the catalogue, price, and whether the owned pieces cover it: one
 /// line each.
-std::string PieceTip(const Catalogue& catalogue, const Project& project, const PieceAddress& piece);
+std::string PieceTip(const Catalogue& catalogue, const Project& project, const PieceAddress& piece,
+                     const MoneyMarks& marks = {});
 
 } // namespace pistaro

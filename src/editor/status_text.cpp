@@ -7,6 +7,7 @@
 #include "model/money.h"
 #include "text/count_text.h"
 #include "text/fixed_text.h"
+#include "text/minus_text.h"
 
 #include <cmath>
 
@@ -94,20 +95,20 @@ Bills BillsOf(const Catalogue& catalogue, const Project& project) {
 }
 
 /// "43.50 €, 2 without a price"
-std::string SumText(const Bill& bill, const Units& units) {
-    const std::string sum = MoneyText(bill.Sum) + " " + CurrencySign(units.Currency);
+std::string SumText(const Bill& bill, const Units& units, const MoneyMarks& marks) {
+    const std::string sum = MoneyText(bill.Sum, units.Currency, marks);
     return bill.Unpriced == 0 ? sum : sum + ", " + std::to_string(bill.Unpriced) + " without a price";
 }
 
-std::string ToBuyText(const Bill& bill, const Units& units) {
+std::string ToBuyText(const Bill& bill, const Units& units, const MoneyMarks& marks) {
     if (bill.Pieces == 0) return "all owned";
     const std::string text = std::to_string(bill.Pieces) + " to buy";
-    return bill.HasPrices() ? text + ": " + SumText(bill, units) : text + ", without a price";
+    return bill.HasPrices() ? text + ": " + SumText(bill, units, marks) : text + ", without a price";
 }
 
 } // namespace
 
-std::string FiguresText(const Catalogue& catalogue, const Project& project) {
+std::string FiguresText(const Catalogue& catalogue, const Project& project, const MoneyMarks& marks) {
     const Bills bills = BillsOf(catalogue, project);
     if (bills.All.Pieces == 0) return {};
     const Units& units = project.Preferences.Units;
@@ -117,14 +118,14 @@ std::string FiguresText(const Catalogue& catalogue, const Project& project) {
         text = "lanes " + FineLength(lanes.Lengths[0], units) + " and " + FineLength(lanes.Lengths[1], units) + " " +
                units.Name() + " as built" + Between;
     }
-    if (bills.All.HasPrices()) text += "price " + SumText(bills.All, units) + Between;
-    return text + ToBuyText(bills.ToBuy, units);
+    if (bills.All.HasPrices()) text += "price " + SumText(bills.All, units, marks) + Between;
+    return text + ToBuyText(bills.ToBuy, units, marks);
 }
 
 std::string PlaceText(const Project& project, WorldPoint place) {
     const Units& units = project.Preferences.Units;
-    return LengthLabel(place.X, units) + ", " + LengthLabel(place.Y, units) + " " + units.Name() + Between + "view " +
-           LengthLabel(project.Design.View.Width, units) + " " + units.Name();
+    return WithMinus(LengthLabel(place.X, units)) + ", " + WithMinus(LengthLabel(place.Y, units)) + " " + units.Name() +
+           Between + "view " + LengthLabel(project.Design.View.Width, units) + " " + units.Name();
 }
 
 } // namespace pistaro

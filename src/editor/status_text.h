@@ -3,6 +3,7 @@
 
 #include "layout/shapes.h"
 #include "layout/track_gap.h"
+#include "model/money.h"
 #include "model/project.h"
 
 #include <string>
@@ -23,7 +24,7 @@ std::string GapText(const TrackGap& gap, const Units& units);
 
 /// "lanes 560.20 and 487.10 cm as built · price 43.50 € · 3 to buy: 7.50 €, 1 without a price": what the chosen track,
 /// or all, comes to; empty where there are no pieces. To the cent; what has no price is counted beside each sum.
-std::string FiguresText(const Catalogue& catalogue, const Project& project);
+std::string FiguresText(const Catalogue& catalogue, const Project& project, const MoneyMarks& marks = {});
 
 /// "12.3, -4.5 cm · view 320 cm": a place of the drawing and how much of the world it shows.
 std::string PlaceText(const Project& project, WorldPoint place);

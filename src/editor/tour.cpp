@@ -102,7 +102,11 @@ TourStop TourStopOf(const Project& project, int times) {
         hindrance.Text = stop.Text;
         return hindrance;
     }
-    if (there > laid) stop.Remark = OtherPieces(*track, laid);
+    if (there > laid) {
+        stop.IsAstray = true;
+        stop.Remark = OtherPieces(*track, laid);
+        stop.Text = "The tour goes on as soon as the oval is right again.";
+    }
     return stop;
 }
 

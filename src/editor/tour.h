@@ -15,6 +15,7 @@ struct TourStop {
     std::string Remark = {}; ///< kindly, where something else was done than was asked
     std::string Control;     ///< beside which it is told
     std::string Tag = {};    ///< of the control, if it is one of many of its name
+    bool IsAstray = false;   ///< something lies there that has to be taken back before the tour goes on
 };
 
 /// Where the tour stands. `times` is the digit that was typed for the next piece, 1 where none was.

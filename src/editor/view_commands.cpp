@@ -34,6 +34,29 @@ double MoveInto(double from, double to, double least, double most) {
     return std::min(0.0, from - least) + std::max(0.0, to - most);
 }
 
+bool IsInside(const GroundBox& box, const ViewRectangle& covered) {
+    return box.Left >= covered.ViewLeft && box.Right <= covered.ViewRight && box.Bottom >= covered.ViewBottom &&
+           box.Top <= covered.ViewTop;
+}
+
+/// Whether elements were put in before others of a track, and no more was done to it.
+bool IsInsertion(const Track& before, const Track& after) {
+    const auto& old = before.ElementCodes;
+    const auto& now = after.ElementCodes;
+    if (now.size() <= old.size() || before.Start() != after.Start()) return false;
+    const auto changed = std::ranges::mismatch(old, now).in1;
+    const std::ptrdiff_t behind = old.end() - changed;
+    return behind > 0 && std::equal(changed, old.end(), now.end() - behind);
+}
+
+std::optional<GroundBox> ExtentOf(const Catalogue& catalogue, const Track& track) {
+    std::optional<GroundBox> box;
+    WalkTrack(catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement != nullptr) Include(box, GroundOf(*placement).Box);
+    });
+    return box;
+}
+
 int ScrollStep(double width) {
     constexpr double most = 1e6; // a bar's step must stay a whole number
     return static_cast<int>(std::min(most, RoundHalfEven(std::fabs(width))));
@@ -94,11 +117,8 @@ void ZoomByNotches(ViewSettings& view, WorldPoint at, int notches, bool finely) 
 
 std::optional<GroundBox> ExtentOf(const Catalogue& catalogue, const Design& design) {
     std::optional<GroundBox> box;
-    for (const Track& track : design.Circuit.Tracks) {
-        WalkTrack(catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
-            if (placement != nullptr) Include(box, GroundOf(*placement).Box);
-        });
-    }
+    for (const Track& track : design.Circuit.Tracks)
+        if (const auto ground = ExtentOf(catalogue, track)) Include(box, *ground);
     for (const RoomPoint& point : design.Room.Points) {
         const WorldPoint corner = RoomCorner(design.Room, point);
         Include(box, {corner.X, corner.X, corner.Y, corner.Y});
@@ -106,9 +126,10 @@ std::optional<GroundBox> ExtentOf(const Catalogue& catalogue, const Design& desi
     return box;
 }
 
-void FitView(const Catalogue& catalogue, Design& design) {
+void FitView(const Catalogue& catalogue, Design& design, const std::optional<GroundBox>& besides) {
     ViewSettings& view = design.View;
-    const auto box = ExtentOf(catalogue, design);
+    auto box = ExtentOf(catalogue, design);
+    if (besides) Include(box, *besides);
     if (!box) {
         view.Width = ViewSettings().Width;
         return CentreView(view, 0, 0);
@@ -118,12 +139,29 @@ void FitView(const Catalogue& catalogue, Design& design) {
     CentreView(view, (box->Left + box->Right) / 2, (box->Bottom + box->Top) / 2);
 }
 
+bool IsShown(const GroundBox& box, const ViewRectangle& covered) {
+    const bool isLarge = box.Right - box.Left > double{covered.ViewRight} - covered.ViewLeft ||
+                         box.Top - box.Bottom > double{covered.ViewTop} - covered.ViewBottom;
+    if (!isLarge) return IsInside(box, covered);
+    const double x = (box.Left + box.Right) / 2;
+    const double y = (box.Bottom + box.Top) / 2;
+    return IsInside({x, x, y, y}, covered);
+}
+
 void FollowTo(ViewSettings& view, const GroundBox& box, const ViewRectangle& covered) {
     const double right = MoveInto(box.Left, box.Right, covered.ViewLeft, covered.ViewRight);
     const double up = MoveInto(box.Bottom, box.Top, covered.ViewBottom, covered.ViewTop);
     // Away from the old place, so that the whole cm reach far enough.
     const auto outwards = [](double way) { return way < 0 ? std::floor(way) : std::ceil(way); };
     if (right != 0 || up != 0) CentreView(view, view.MidX + outwards(right), view.MidY + outwards(up));
+}
+
+std::optional<GroundBox> ExtentAfterInsertion(const Catalogue& catalogue, const Track& before, const Track& after,
+                                              const ViewRectangle& covered) {
+    if (!IsInsertion(before, after)) return std::nullopt;
+    const auto box = ExtentOf(catalogue, before);
+    if (!box || !IsInside(*box, covered)) return std::nullopt;
+    return ExtentOf(catalogue, after);
 }
 
 int SmallScrollStep(const ViewSettings& view) { return ScrollStep(view.Width / 20.0); }

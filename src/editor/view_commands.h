@@ -42,11 +42,20 @@ void ZoomByNotches(ViewSettings& view, WorldPoint at, int notches, bool finely);
 /// All tracks' ground and the room's corners; nothing where there is neither.
 std::optional<GroundBox> ExtentOf(const Catalogue& catalogue, const Design& design);
 
-/// Centres the view's square on all that there is, with a margin around it; on the default view where there is nothing.
-void FitView(const Catalogue& catalogue, Design& design);
+/// Centres the view's square on all that there is, `besides` included, with a margin around it; on the default view
+/// where there is nothing.
+void FitView(const Catalogue& catalogue, Design& design, const std::optional<GroundBox>& besides = {});
+
+/// Whether the box lies inside what a window covers of the world, or its middle where it is larger than that.
+bool IsShown(const GroundBox& box, const ViewRectangle& covered);
 
 /// Moves the view no further than it takes to have the box inside what a window covers of the world.
 void FollowTo(ViewSettings& view, const GroundBox& box, const ViewRectangle& covered);
+
+/// The ground of a track into which elements were put before others, where all of it lay in what a window covers before
+/// these made room; nothing in any other case.
+std::optional<GroundBox> ExtentAfterInsertion(const Catalogue& catalogue, const Track& before, const Track& after,
+                                              const ViewRectangle& covered);
 
 /// The bars' small and large steps in cm.
 int SmallScrollStep(const ViewSettings& view);

@@ -10,8 +10,11 @@ namespace pistaro {
 
 class ScaledBackdrop;
 
-/// The picture of a drawing's background, in greys where that is in black and white; null where it has none. The
-/// drawing is told what it covers. Fault: the bytes are no picture.
+/// What of the world a background covers in its room. Fault: its bytes are no picture.
+Box GroundUnder(const ScaledBackground& background, const RoomPolygon& room, DecodedPicture& pictures);
+
+/// The picture of a drawing's background as it looks on white paper, in greys where the drawing is in black and white;
+/// null where it has none. The drawing is told what it covers. Fault: the bytes are no picture.
 std::shared_ptr<const ScaledBackdrop> TakeBackdrop(CircuitDrawing& drawing, DecodedPicture& pictures);
 
 } // namespace pistaro

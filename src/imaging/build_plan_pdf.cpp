@@ -2,9 +2,10 @@
 
 #include "imaging/pdf_document.h"
 #include "imaging/plan_painter.h"
-#include "text/number_text.h"
+#include "text/count_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pistaro {
 
@@ -17,6 +18,8 @@ constexpr double ListWidth = 6.2;
 constexpr double NumberWidth = 0.9; ///< of the list's columns
 constexpr double CodeWidth = 1.7;
 constexpr double LeastStep = 8; ///< so high at least
+constexpr double LeastStepBelowHead = 7.3;
+constexpr double HighestStep = 13;
 constexpr double Gap = 0.3;
 
 /// How many steps each page of steps shows: as many as there is room for, and about as many on each.
@@ -36,28 +39,36 @@ public:
         : catalogue_(catalogue),
           plan_(plan), content_{Margin, Margin + FooterHeight, paper.Width - Margin, paper.Height - Margin},
           document_(plan.Drawing.Name, paper.Width, paper.Height),
-          page_(document_.Painter(), paper.Height, PdfDocument::DotsPerInch), pictures_(plan, page_),
-          stepsOfPages_(StepsOfPages(static_cast<int>(plan.Steps.size()),
-                                     std::clamp(static_cast<int>(content_.Height() / LeastStep), 1, 3))) {}
+          page_(document_.Painter(), paper.Height, PdfDocument::DotsPerInch), pictures_(plan, page_) {}
 
     std::string Bytes() {
-        DrawHead();
+        const Box below = DrawHead();
+        const int steps = static_cast<int>(plan_.Steps.size());
+        constexpr double rounding = 1e-6; // the head leaves room for whole steps
+        const double room = std::max(0.0, below.Height()) / LeastStepBelowHead + rounding;
+        const int first = std::min(steps, static_cast<int>(room));
+        stepsOfPages_ = StepsOfPages(steps - first, std::clamp(static_cast<int>(content_.Height() / LeastStep), 1, 3));
+        DrawSteps(first, below);
         DrawFooter();
-        std::size_t step = 0;
         for (const int count : stepsOfPages_) {
             document_.NewPage();
             ++number_;
-            const double height = content_.Height() / count;
-            for (int at = 0; at < count; ++at) {
-                const double top = content_.Top - at * height;
-                DrawStep(step++, {content_.Left, top - height + Gap, content_.Right, top});
-            }
+            DrawSteps(count, content_);
             DrawFooter();
         }
         return document_.Bytes();
     }
 
 private:
+    /// The next steps, below each other, in equal parts of an area.
+    void DrawSteps(int count, const Box& area) {
+        const double height = std::min(HighestStep, area.Height() / std::max(count, 1));
+        for (int at = 0; at < count; ++at) {
+            const double top = area.Top - at * height;
+            DrawStep(step_++, {area.Left, top - height + Gap, area.Right, top});
+        }
+    }
+
     /// Draws a line of words at the top of an area, and takes it off that.
     void Line(Box& area, double height, const std::string& text, double points, QFont::Weight weight) {
         page_.Words(area, text, Qt::AlignLeft, points, weight);
@@ -75,22 +86,41 @@ private:
                     Qt::AlignRight, 8);
     }
 
-    void DrawHead() {
+    /// Gives what is left of the page below the head.
+    Box DrawHead() {
         Box area = content_;
         Line(area, 1.1, plan_.Drawing.Name + ": build plan", 20, QFont::Bold);
         for (const std::string& fact : plan_.Facts())
             area.Top -= page_.Paragraph(area, fact, 10) + 0.15;
+        if (!plan_.Steps.empty()) area.Top -= page_.Paragraph(area, BuildPlan::OnNumbers, 10) + 0.15;
         area.Top -= 0.3;
-        Line(area, 0.8, "What you need: " + std::to_string(plan_.Drawing.Pieces.size()) + " pieces", 13, QFont::Bold);
+        Line(area, 0.8, "What you need: " + CountText(plan_.Drawing.Pieces.size(), "piece"), 13, QFont::Bold);
         area.Top -= DrawNeeded(area) + 0.4;
         constexpr double leastPicture = 4;
-        if (!plan_.Steps.empty() && area.Height() >= leastPicture) pictures_.PaintWhole(area);
+        if (plan_.Steps.empty() || area.Height() < leastPicture) return {};
+        Box picture = area;
+        picture.Bottom = area.Top - HeightOfWhole(area);
+        pictures_.PaintWhole(picture);
+        return {area.Left, area.Bottom, area.Right, picture.Bottom - Gap};
     }
 
-    /// The table of counts, in two columns where it is long. Gives how high it is.
+    /// As high as the circuit is in an area's width, or lower where another step has room below it then; all of an area
+    /// that has no room for a step.
+    double HeightOfWhole(const Box& area) const {
+        constexpr double around = 2.2;   // for numbers that stand aside
+        constexpr double smallest = 0.7; // of its height
+        const Box& extent = plan_.Drawing.Extent;
+        const double fitting = (area.Width() - around) * extent.Height() / extent.Width() + around;
+        const double below = area.Height() - Gap;
+        const double room = std::floor((below - fitting * smallest) / LeastStepBelowHead);
+        const double steps = std::min(room, static_cast<double>(plan_.Steps.size()));
+        return steps < 1 ? area.Height() : std::min(fitting, below - steps * LeastStepBelowHead);
+    }
+
+    /// The table of counts, in two columns unless it is short. Gives how high it is.
     double DrawNeeded(const Box& area) {
         constexpr double rowHeight = 0.6;
-        constexpr std::size_t longest = 10;
+        constexpr std::size_t longest = 3;
         const std::size_t rows = plan_.Needed.size();
         const std::size_t inColumn = rows > longest ? (rows + 1) / 2 : rows;
         const double width = (area.Width() - 2 * Gap) / 2;
@@ -125,14 +155,11 @@ private:
     }
 
     void DrawList(Box list, const BuildStep& step) {
-        for (int at = step.First; at <= step.Last; ++at) {
-            const DrawnPiece& piece = plan_.Piece(at);
+        for (const StepLine& line : plan_.LinesOf(catalogue_, step)) {
             const double code = list.Left + NumberWidth, name = code + CodeWidth;
-            page_.Words({list.Left, list.Bottom, code - 0.2, list.Top}, NumberText(piece.Index), Qt::AlignRight, 9.5,
-                        QFont::Bold);
-            page_.Words({code, list.Bottom, name, list.Top}, piece.Code, Qt::AlignLeft, 9.5, QFont::Bold);
-            page_.Words({name, list.Bottom, list.Right, list.Top - 0.03}, catalogue_.Find(piece.Code)->LongName,
-                        Qt::AlignLeft, 8.5);
+            page_.Words({list.Left, list.Bottom, code - 0.2, list.Top}, line.Number, Qt::AlignRight, 9.5, QFont::Bold);
+            page_.Words({code, list.Bottom, name, list.Top}, line.Code, Qt::AlignLeft, 9.5, QFont::Bold);
+            page_.Words({name, list.Bottom, list.Right, list.Top - 0.03}, line.Name, Qt::AlignLeft, 8.5);
             list.Top -= LineHeight;
         }
     }
@@ -144,7 +171,8 @@ private:
     PaperPage page_;
     PlanPainter pictures_;
     std::vector<int> stepsOfPages_;
-    int number_ = 1; ///< of the page
+    int number_ = 1;       ///< of the page
+    std::size_t step_ = 0; ///< the next one to draw
 };
 
 } // namespace

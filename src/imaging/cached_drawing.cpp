@@ -97,7 +97,10 @@ void CachedDrawing::DrawGroundOf(const QImage& backdrop) {
 }
 
 void CachedDrawing::PaintScaled(QPainter& painter, const PainterSurface& surface) const {
-    if (key_.Background) scaled_.Paint(painter, surface, *key_.Background, key_.Room);
+    if (!key_.Background) return;
+    painter.setOpacity(key_.Background->Opacity);
+    scaled_.Paint(painter, surface, *key_.Background, key_.Room);
+    painter.setOpacity(1);
 }
 
 void CachedDrawing::DrawTracksOf(const Catalogue& catalogue, const Project& project, QRect part) {

@@ -7,6 +7,9 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <algorithm>
+#include <cmath>
+
 namespace pistaro {
 
 namespace {
@@ -35,7 +38,8 @@ public:
     }
 
     void operator()(const OverlayPath& path) {
-        strokes_.SetPen({path.Pixels, PenWidth::Unit::Pixels});
+        const double wide = std::max(path.Pixels, path.Centimetres * frame_.PixelsPerCm(view_));
+        strokes_.SetPen({wide, PenWidth::Unit::Pixels});
         strokes_.SetDashed(path.Dashed);
         for (const Segment& segment : path.Path)
             Stroke(segment, path.InkColour);
@@ -75,9 +79,13 @@ public:
         const QString words = QString::fromStdString(text.Text);
         const QFontMetricsF metrics(painter_.font());
         QRectF plate(QPointF(0, 0), QSizeF(metrics.horizontalAdvance(words) + 2 * margin, metrics.height() + margin));
-        plate.moveTopLeft(frame_.PlaceOf(text.Place, view_) + QPointF(3 * margin, -plate.height() - margin));
+        const QPointF place = frame_.PlaceOf(text.Place, view_);
+        plate.moveTopLeft(place + QPointF(3 * margin, -plate.height() - margin));
+        if (text.Heading) plate.moveCenter(place + WayAhead(*text.Heading, plate.size(), 3 * margin));
         const QRectF whole(QPointF(0, 0), QSizeF(frame_.Size));
         if (plate.right() > whole.right()) plate.moveRight(whole.right() - margin);
+        if (plate.left() < whole.left()) plate.moveLeft(whole.left() + margin);
+        if (plate.bottom() > whole.bottom()) plate.moveBottom(whole.bottom() - margin);
         if (plate.top() < whole.top()) plate.moveTop(whole.top() + margin);
         painter_.setPen(QPen(ToQColor(text.InkColour), 1));
         const QPalette desktop = QGuiApplication::palette();
@@ -90,6 +98,13 @@ public:
     }
 
 private:
+    /// From a track's end to the middle of a plate that lies so many pixels ahead of it.
+    static QPointF WayAhead(double heading, QSizeF plate, double pixels) {
+        const QPointF ahead(-std::sin(heading), -std::cos(heading)); // 0 leads up
+        const double half = std::fabs(ahead.x()) * plate.width() / 2 + std::fabs(ahead.y()) * plate.height() / 2;
+        return ahead * (half + pixels);
+    }
+
     QPolygonF Mapped(const std::vector<WorldPoint>& points) const {
         QPolygonF polygon;
         for (const WorldPoint& point : points)

@@ -9,6 +9,7 @@
 
 #include <QPainter>
 
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -21,6 +22,7 @@ struct OverlayPath {
     Colour InkColour = 0;
     double Pixels = 2;
     bool Dashed = false;
+    double Centimetres = 0; ///< it is so wide in the world where that is more
 };
 
 /// A polygon that need not repeat its first point, such as the ground that two pieces share.
@@ -58,6 +60,8 @@ struct OverlayText {
     WorldPoint Place = {};
     std::string Text = {};
     Colour InkColour = 0;
+    /// Of the track that ends there, radians: the words stand ahead of it, and on none of it.
+    std::optional<double> Heading = {};
 };
 
 using OverlayItem = std::variant<OverlayPath, OverlayArea, OverlayPieces, OverlayHandle, OverlayText>;

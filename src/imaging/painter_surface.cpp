@@ -197,7 +197,8 @@ void PainterSurface::DrawText(const std::string& text, Colour colour) {
 
 void PainterSurface::SetFontSize(double points) {
     QFont font = painter_.font();
-    font.setPixelSize(static_cast<int>(std::lround(points * target_.DotsPerInch / PointsPerInch)));
+    const auto pixels = static_cast<int>(std::lround(points * target_.DotsPerInch / PointsPerInch));
+    font.setPixelSize(std::max(1, pixels)); // of none the font would keep the size it had
     painter_.setFont(font);
 }
 

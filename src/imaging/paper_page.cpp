@@ -59,8 +59,9 @@ void PaperPage::ChooseFont(const Box& area, double points, QFont::Weight weight)
 }
 
 void PaperPage::Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points,
-                      QFont::Weight weight) {
+                      QFont::Weight weight, Colour ink) {
     ChooseFont(area, points, weight);
+    painter_.setPen(ToQColor(ink));
     painter_.drawText(Place(area), static_cast<int>(alignment | Qt::AlignTop), QString::fromStdString(text));
 }
 

@@ -28,7 +28,7 @@ public:
 
     /// A line of words at the top of an area; what is too long for it is cut.
     void Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points = 9,
-               QFont::Weight weight = QFont::Normal);
+               QFont::Weight weight = QFont::Normal, Colour ink = Rgb(0, 0, 0));
 
     /// Words on as many lines as they take, from the area's top on. Gives how high they are.
     double Paragraph(const Box& area, const std::string& text, double points);

@@ -26,6 +26,17 @@ Box ExtentOf(const ScaledBackground& background, const RoomPolygon& room, QSizeF
                      size.width() * sine + size.height() * cosine);
 }
 
+/// A picture as it shows on white paper.
+QImage Faded(const QImage& picture, double opacity) {
+    if (opacity >= 1) return picture;
+    QImage faded(picture.size(), QImage::Format_RGB32);
+    faded.fill(Qt::white);
+    QPainter painter(&faded);
+    painter.setOpacity(opacity);
+    painter.drawImage(QPoint(0, 0), picture);
+    return faded;
+}
+
 } // namespace
 
 ScaledBackdrop::ScaledBackdrop(QImage picture) {
@@ -66,10 +77,15 @@ void ScaledBackdrop::Paint(QPainter& painter, const PainterSurface& surface, con
     painter.restore();
 }
 
+Box GroundUnder(const ScaledBackground& background, const RoomPolygon& room, DecodedPicture& pictures) {
+    return ExtentOf(background, room, pictures.Of(background.Picture, "background").Image().size());
+}
+
 std::shared_ptr<const ScaledBackdrop> TakeBackdrop(CircuitDrawing& drawing, DecodedPicture& pictures) {
     if (!drawing.Background) return {};
-    QImage picture = pictures.Of(drawing.Background->Picture, "background").Image();
-    drawing.BackgroundExtent = ExtentOf(*drawing.Background, drawing.Room, picture.size());
+    const ScaledBackground& background = *drawing.Background;
+    drawing.BackgroundExtent = GroundUnder(background, drawing.Room, pictures);
+    QImage picture = Faded(pictures.Of(background.Picture, "background").Image(), background.Opacity);
     if (drawing.Parts.BlackAndWhite) picture.convertTo(QImage::Format_Grayscale8);
     return std::make_shared<const ScaledBackdrop>(picture);
 }

@@ -9,18 +9,13 @@ namespace pistaro {
 
 namespace {
 
-struct Edge {
-    GroundPoint From, To;
-};
-
-/// Calls visit(edge) for each side of a piece, arcs as chords that lie half beyond them, half within, until it gives
-/// false.
+/// Calls visit(edge) for each side of a piece, arcs as chords that lie half beyond them, half within.
 template <typename Visit>
 void ForEachEdge(const Ground& ground, Visit visit) {
     for (std::size_t i = 0; i < 4; ++i) {
         // Of a curve the arcs run between corners 1 and 2, and between 3 and 0.
         if (ground.IsCurved && i % 2 != 0) continue;
-        if (!visit(Edge{ground.Corners[i], ground.Corners[(i + 1) % 4]})) return;
+        visit(Edge{ground.Corners[i], ground.Corners[(i + 1) % 4]});
     }
     if (!ground.IsCurved) return;
     constexpr double widest = std::numbers::pi / 31;
@@ -34,7 +29,7 @@ void ForEachEdge(const Ground& ground, Visit visit) {
             const Direction next{here.X * step.X - here.Y * step.Y, here.X * step.Y + here.Y * step.X};
             const Edge edge{{ground.Centre.X + chordRadius * here.X, ground.Centre.Y + chordRadius * here.Y},
                             {ground.Centre.X + chordRadius * next.X, ground.Centre.Y + chordRadius * next.Y}};
-            if (!visit(edge)) return;
+            visit(edge);
             here = next;
         }
     }
@@ -110,28 +105,29 @@ std::optional<double> WallClearance(const Ground& ground, const Wall& wall, doub
                         std::min(wall.From.Y, wall.To.Y), std::max(wall.From.Y, wall.To.Y)};
     if (!box.Meets(ground.Box.Grown(reach))) return std::nullopt;
     double nearest = reach;
-    ForEachEdge(ground, [&](const Edge& edge) {
-        nearest = std::min(nearest, DistanceBetween(edge, wall));
-        return true;
-    });
+    ForEachEdge(ground, [&](const Edge& edge) { nearest = std::min(nearest, DistanceBetween(edge, wall)); });
     return nearest < reach ? std::optional(nearest) : std::nullopt;
 }
 
-std::optional<double> SlideClearance(const Ground& curve, const Ground& other, double reach) {
+std::vector<Edge> EdgesOf(const Ground& ground) {
+    std::vector<Edge> edges;
+    ForEachEdge(ground, [&](const Edge& edge) { edges.push_back(edge); });
+    return edges;
+}
+
+std::optional<double> SlideClearance(const Ground& curve, const GroundBox& box, const std::vector<Edge>& edges,
+                                     double reach) {
     constexpr double touch = 0.5; // cm: pieces that are laid against each other may press into each other a little
-    if (!curve.IsCurved || LiesBeyond(curve, curve.OuterRadius + reach, other.Box) ||
-        LiesBesideSector(curve, other.Box))
+    if (!curve.IsCurved || LiesBeyond(curve, curve.OuterRadius + reach, box) || LiesBesideSector(curve, box))
         return std::nullopt;
     double nearest = reach;
-    bool overlaps = false;
-    ForEachEdge(other, [&](const Edge& edge) {
+    for (const Edge& edge : edges) {
         const std::optional<Radii> radii = RadiiWithin(curve, edge);
-        if (!radii || radii->Greatest <= curve.InnerRadius + touch) return true;
-        overlaps = radii->Least < curve.OuterRadius - touch;
+        if (!radii || radii->Greatest <= curve.InnerRadius + touch) continue;
+        if (radii->Least < curve.OuterRadius - touch) return std::nullopt;
         nearest = std::min(nearest, std::max(0.0, radii->Least - curve.OuterRadius));
-        return !overlaps;
-    });
-    return overlaps || nearest >= reach ? std::nullopt : std::optional(nearest);
+    }
+    return nearest < reach ? std::optional(nearest) : std::nullopt;
 }
 
 } // namespace pistaro

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <vector>
 
 namespace pistaro {
 
@@ -109,31 +110,50 @@ Clipped CutAlong(const Clipped& polygon, GroundPoint from, GroundPoint to) {
         return (to.X - from.X) * (point.Y - from.Y) - (to.Y - from.Y) * (point.X - from.X);
     };
     Clipped left;
-    for (std::size_t i = 0; i < polygon.size(); ++i) {
-        const GroundPoint here = polygon[i];
-        const GroundPoint next = polygon[(i + 1) % polygon.size()];
-        const double depthHere = depth(here);
+    const GroundPoint* here = polygon.end() - 1;
+    double depthHere = depth(*here);
+    for (const GroundPoint& next : polygon) {
         const double depthNext = depth(next);
-        if (depthHere >= 0) left.Add(here);
-        if ((depthHere >= 0) == (depthNext >= 0)) continue;
-        const double along = depthHere / (depthHere - depthNext);
-        left.Add({here.X + along * (next.X - here.X), here.Y + along * (next.Y - here.Y)});
+        if ((depthHere >= 0) != (depthNext >= 0)) {
+            const double along = depthHere / (depthHere - depthNext);
+            left.Add({here->X + along * (next.X - here->X), here->Y + along * (next.Y - here->Y)});
+        }
+        if (depthNext >= 0) left.Add(next);
+        here = &next;
+        depthHere = depthNext;
     }
     return left;
 }
 
 double AreaOf(const Clipped& polygon) {
+    if (polygon.size() == 0) return 0;
     double twice = 0;
-    for (std::size_t i = 0; i < polygon.size(); ++i) {
-        const GroundPoint a = polygon[i];
-        const GroundPoint b = polygon[(i + 1) % polygon.size()];
-        twice += a.X * b.Y - b.X * a.Y;
+    const GroundPoint* before = polygon.end() - 1;
+    for (const GroundPoint& point : polygon) {
+        twice += before->X * point.Y - point.X * before->Y;
+        before = &point;
     }
     return twice / 2;
 }
 
+/// A part with its box.
+struct BoxedPart {
+    Quadrangle Corners;
+    GroundBox Box;
+};
+
+/// The parts of a piece that meet a box.
+std::vector<BoxedPart> PartsMeeting(const Ground& ground, const GroundBox& box) {
+    std::vector<BoxedPart> parts;
+    parts.reserve(ground.IsCurved ? static_cast<std::size_t>(SlicesOf(ground, WidestPart)) : 1);
+    ForEachPart(ground, [&](const Quadrangle& part) {
+        const GroundBox boxOfPart = BoxOf(part);
+        if (boxOfPart.Meets(box)) parts.push_back({part, boxOfPart});
+    });
+    return parts;
+}
+
 double CommonArea(const Quadrangle& a, const Quadrangle& b) {
-    if (!BoxOf(a).Meets(BoxOf(b))) return 0;
     // Around a corner of its own, as places far from the origin have fewer digits to spare.
     const GroundPoint origin = a[0];
     const auto moved = [&](GroundPoint point) { return GroundPoint{point.X - origin.X, point.Y - origin.Y}; };
@@ -148,13 +168,14 @@ double CommonArea(const Quadrangle& a, const Quadrangle& b) {
 /// The area that both cover; where it is more than `enough`, part of it.
 double CommonArea(const Ground& a, const Ground& b, double enough) {
     double area = 0;
-    if (!a.Box.Meets(b.Box)) return area;
-    ForEachPart(a, [&](const Quadrangle& partOfA) {
-        if (area > enough || !BoxOf(partOfA).Meets(b.Box)) return;
-        ForEachPart(b, [&](const Quadrangle& partOfB) {
-            if (area <= enough) area += CommonArea(partOfA, partOfB);
-        });
-    });
+    const std::vector<BoxedPart> partsOfB = PartsMeeting(b, a.Box);
+    for (const BoxedPart& partOfA : PartsMeeting(a, b.Box)) {
+        for (const BoxedPart& partOfB : partsOfB) {
+            if (!partOfA.Box.Meets(partOfB.Box)) continue;
+            area += CommonArea(partOfA.Corners, partOfB.Corners);
+            if (area > enough) return area;
+        }
+    }
     return area;
 }
 

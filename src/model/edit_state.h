@@ -28,7 +28,7 @@ struct EditState {
     bool ShowNumbers = false;                               ///< element numbers are drawn
     bool DataChanged = false;                               ///< the circuit has changes not yet saved
     std::filesystem::path File; ///< that the circuit came from or was saved to; empty for a new one
-    std::string Name;           ///< of recovered work, which has no file but had one, or none
+    std::string Name;           ///< of work that has no file: as a sample, a variation and recovered work may
 
     bool ShowsAllTracks() const { return CurrentTrack == AllTracks; }
 

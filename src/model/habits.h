@@ -12,8 +12,10 @@ struct Habits {
     std::string ExportSize;   ///< how it is chosen; with the scale's N and the pixels that stood there
     std::string ExportScale;
     std::string ExportWidth;
+    std::string ExportDots;     ///< an inch
     std::string ExportContents; ///< what was ticked; empty before the first time
     std::string PrintContents;
+    std::string BoxRoom; ///< "240x160": the area that circuits from a box were last laid in, cm
 
     bool operator==(const Habits&) const = default;
 };

@@ -13,6 +13,10 @@ public:
     const char* what() const noexcept override { return "stopped"; }
 };
 
+inline void ThrowIfStopped(const std::stop_token& stop) {
+    if (stop.stop_requested()) throw Stopped();
+}
+
 /// What a job reports to and asks: a job is a function on copies of its inputs that ends with a value.
 struct JobWatch {
     std::function<void(int done, int total)> Progress; ///< may be empty
@@ -20,7 +24,7 @@ struct JobWatch {
 
     /// Tells how far the work is. Throws Stopped when it shall go no further.
     void Step(int done, int total) const {
-        if (Stop.stop_requested()) throw Stopped();
+        ThrowIfStopped(Stop);
         if (Progress) Progress(done, total);
     }
 };

@@ -8,7 +8,9 @@ struct Looks {
     bool Legend = false;
     bool Lanes = false;       ///< each lane is painted in its own colour
     bool Suggestions = false; ///< the best closing of the current track is shown
-    bool Columns = true;      ///< at both sides of the drawing
+    bool Columns = true;      ///< at the sides of the drawing; without it both are folded away
+    bool PieceColumn = true;  ///< the left one is among them
+    bool TrackColumn = true;  ///< the right one
 
     bool operator==(const Looks&) const = default;
 };

@@ -23,4 +23,21 @@ std::string CurrencySign(const std::string& currency) {
     return currency;
 }
 
+std::string MoneyText(Cents cents, const MoneyMarks& marks) {
+    constexpr std::size_t fraction = 3, thousands = 3; // characters
+    std::string text = MoneyText(cents);
+    const std::size_t sign = cents < 0 ? 1 : 0;
+    std::size_t place = text.size() - fraction;
+    text.replace(place, 1, marks.Decimal);
+    while (place > sign + thousands) {
+        place -= thousands;
+        text.insert(place, marks.Group);
+    }
+    return text;
+}
+
+std::string MoneyText(Cents cents, const std::string& currency, const MoneyMarks& marks) {
+    return MoneyText(cents, marks) + (currency.empty() ? "" : " " + CurrencySign(currency));
+}
+
 } // namespace pistaro

@@ -17,4 +17,18 @@ std::string MoneyText(Cents cents);
 /// The currency's sign where it has one that everybody knows: "€" for "EUR".
 std::string CurrencySign(const std::string& currency);
 
+/// How a desktop writes numbers.
+struct MoneyMarks {
+    std::string Decimal = ".";
+    std::string Group; ///< between thousands
+
+    bool operator==(const MoneyMarks&) const = default;
+};
+
+/// "1.234,50" with the marks of a German desktop.
+std::string MoneyText(Cents cents, const MoneyMarks& marks);
+
+/// "12.50 €": with the currency's sign, where there is a currency.
+std::string MoneyText(Cents cents, const std::string& currency, const MoneyMarks& marks = {});
+
 } // namespace pistaro

@@ -8,6 +8,8 @@ void Prompts::TellWritten(const std::filesystem::path& file, const std::string& 
     Tell({Icon::Information, WrittenText(file, more)});
 }
 
+Answer Prompts::AskWhether(const std::string& question, const std::string&) { return Ask(question, Buttons::OkCancel); }
+
 std::string WrittenText(const std::filesystem::path& file, const std::string& more) {
     return TextFromPath(file) + " is written." + (more.empty() ? "" : "\n\n" + more);
 }

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace pistaro {
 
@@ -26,6 +27,8 @@ struct FileChoice {
     std::string Filter; ///< "name|pattern;pattern|name|pattern"
     std::string DefaultName;
     std::string Folder;
+    /// A typed name with one of these (".pdf") keeps it; another one gets the filter's where it has none of those.
+    std::vector<std::string> OtherEndings = {};
 };
 
 class Prompts {
@@ -35,6 +38,8 @@ public:
     /// Tells that a file that its user asked for is written, and more about it, which may be empty.
     virtual void TellWritten(const std::filesystem::path& file, const std::string& more);
     virtual Answer Ask(const std::string& question, Buttons buttons) = 0;
+    /// Asks whether to do what a button named so does, beside Cancel: Ok or Cancel.
+    virtual Answer AskWhether(const std::string& question, const std::string& action);
     /// The chosen file; nothing when the dialog was cancelled.
     virtual std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) = 0;
 };

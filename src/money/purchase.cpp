@@ -150,7 +150,7 @@ private:
 
     /// Finds all purchases with these fixed counts that are cheaper than the best; gives a bound of what they cost.
     Cents Explore(SetCounts& counts, const Relaxed& relaxed) {
-        if (watch_.Stop.stop_requested()) throw Stopped();
+        ThrowIfStopped(watch_.Stop);
         if (relaxed.Bound >= bestCost_) return relaxed.Bound;
         TryRounded(counts, relaxed);
         const std::size_t set = MostBroken(relaxed);

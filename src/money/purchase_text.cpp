@@ -48,9 +48,6 @@ std::string UnknownCodes(const Catalogue& catalogue, const Circuit& circuit) {
     return line.Text();
 }
 
-/// "12.50 EUR"
-std::string Priced(Cents cents, const std::string& currency) { return MoneyText(cents) + " " + currency; }
-
 } // namespace
 
 PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
@@ -60,32 +57,38 @@ PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, cons
                           .Total = purchase.Total,
                           .AboveBound = purchase.Total - purchase.Bound,
                           .Currency = project.Preferences.Units.Currency,
-                          .HasUnsold = std::ranges::any_of(purchase.NotSold, [](int count) { return count > 0; }),
+                          .Unsold = {},
+                          .UnsoldRemark = CountsOf("In no set and without a price: ", catalogue, purchase.NotSold),
                           .Remarks = {}};
+    const auto nameOf = [&](std::size_t row) {
+        return CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
+    };
     ForEachCount(purchase.Sets, [&](std::size_t set, int count) {
         report.Lines.push_back({count, sets[set].Name, sets[set].Price});
     });
     ForEachCount(purchase.Singles, [&](std::size_t row, int count) {
-        const std::string name = CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
-        report.Lines.push_back({count, name, PriceOf(project, row)});
+        report.Lines.push_back({count, nameOf(row), PriceOf(project, row)});
     });
-    report.Remarks = CountsOf("In no set and without a price: ", catalogue, purchase.NotSold) +
-                     CountsOf("Left over from the sets: ", catalogue, purchase.Surplus) +
+    ForEachCount(purchase.NotSold, [&](std::size_t row, int count) {
+        report.Unsold.push_back({count, nameOf(row), 0});
+    });
+    report.Remarks = CountsOf("Left over from the sets: ", catalogue, purchase.Surplus) +
                      CountsOf("Owned and not used: ", catalogue, UnusedPieces(catalogue, project.Stock, circuit)) +
                      UnknownCodes(catalogue, circuit);
     return report;
 }
 
 std::string PurchaseText(const PurchaseReport& report) {
-    if (report.Lines.empty() && report.HasUnsold) return "What is missing has no price yet.\n" + report.Remarks;
+    const std::string remarks = report.UnsoldRemark + report.Remarks;
+    if (report.Lines.empty() && !report.Unsold.empty()) return "What is missing has no price yet.\n" + remarks;
     std::string table;
     for (const PurchaseLine& line : report.Lines)
         table += Columns(line);
-    return table + "Total " + Priced(report.Total, report.Currency) + ", " +
+    return table + "Total " + MoneyText(report.Total, report.Currency) + ", " +
            (report.AboveBound == 0
                 ? "the cheapest there is.\n"
-                : "at most " + Priced(report.AboveBound, report.Currency) + " above the cheapest there is.\n") +
-           report.Remarks;
+                : "at most " + MoneyText(report.AboveBound, report.Currency) + " above the cheapest there is.\n") +
+           remarks;
 }
 
 } // namespace pistaro

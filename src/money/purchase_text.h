@@ -22,10 +22,11 @@ struct PurchaseReport {
     Cents Total = 0;
     Cents AboveBound = 0; ///< by how much another purchase could be cheaper at most; 0 where this is the cheapest
     std::string Currency;
-    bool HasUnsold = false; ///< something that is missing cannot be bought
+    std::vector<PurchaseLine> Unsold; ///< what is missing, but in no set and without a price
+    std::string UnsoldRemark;         ///< the same as a line of text; empty where there is none
 
-    /// What cannot be bought, what is left over from the sets, what is owned and not used, and which codes are not
-    /// counted as the catalogue does not hold them: a line each where there is such.
+    /// What is left over from the sets, what is owned and not used, and which codes are not counted as the catalogue
+    /// does not hold them: a line each where there is such.
     std::string Remarks;
 };
 

@@ -15,17 +15,24 @@ namespace {
 
 constexpr Colour White = Rgb(255, 255, 255);
 constexpr Colour Black = Rgb(0, 0, 0);
-constexpr double WidestNumber = 100; ///< pixels; one that begins beside a part may reach into it
+constexpr double PixelsPerPoint = 96.0 / 72;
+constexpr double NumberHeight = 2.5; ///< cm of the world: read by who stands before the track, where there is such room
+constexpr double WidestNumber = 4;   ///< of a font's size; one that begins beside a part may reach into it
 
 /// Colours for white paper.
-ColourScheme PaperColours(const ColourScheme& chosen, bool blackAndWhite) {
+ColourScheme PaperColours(const ColourScheme& chosen, const DrawnParts& parts) {
+    constexpr Colour lightInk = Rgb(112, 112, 112);
     ColourScheme colours = chosen;
-    if (blackAndWhite) {
+    if (parts.BlackAndWhite) {
         colours = {White, Black, Black, Black, Black, Black};
     } else if (TextColourOn(chosen.Background) == White) {
         colours = {White, Rgb(128, 128, 128), Black, Rgb(255, 0, 0), Rgb(0, 0, 255), Rgb(0, 128, 0)};
     }
     colours.Background = White;
+    if (!parts.StockColours && !parts.BlackAndWhite) {
+        colours.Owned = colours.NonOwned = Black;
+        colours.Rail = parts.Surface ? Black : lightInk;
+    }
     return colours;
 }
 
@@ -41,12 +48,16 @@ Box ExtentOfStrokes(const PiecePlacement& placement) {
     return box;
 }
 
+bool IsDrawn(const DrawnParts& parts, int index) {
+    return !parts.Run || (index >= parts.Run->First && index < parts.Run->First + parts.Run->Count);
+}
+
 void AddTrack(CircuitDrawing& drawing, const Catalogue& catalogue, const Circuit& circuit, int trackIndex,
               const std::vector<bool>& covered) {
     const Track& track = circuit.Tracks[static_cast<std::size_t>(trackIndex)];
     const ColourScheme& colours = drawing.Preferences.Colours;
     WalkTrack(catalogue, track, [&](int index, const PiecePlacement* placement, const BuildCursor&) {
-        if (placement == nullptr) return;
+        if (placement == nullptr || !IsDrawn(drawing.Parts, index)) return;
         const auto at = static_cast<std::size_t>(index);
         drawing.Pieces.push_back({trackIndex, index, track.ElementCodes[at], *placement,
                                   covered[at] ? colours.Owned : colours.NonOwned, ExtentOfStrokes(*placement)});
@@ -83,7 +94,7 @@ CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, con
                            .Extent = {}};
     if (!parts.Room) drawing.Room.Points.clear(); // but for its angle, with which the background turns
     if (parts.Background) drawing.Background = project.Background;
-    drawing.Preferences.Colours = PaperColours(project.Preferences.Colours, parts.BlackAndWhite);
+    drawing.Preferences.Colours = PaperColours(project.Preferences.Colours, parts);
     drawing.Preferences.Grid = GridToDraw(project.Preferences);
     const StockColours covered = AssignStockColours(catalogue, project.Stock, circuit);
     for (int track = 0; track < TrackCount; ++track) {
@@ -109,6 +120,8 @@ void DrawPieceOf(const CircuitDrawing& drawing, const DrawnPiece& piece, Surface
     DrawPiece(piece.Placement, piece.Outline, drawing.Preferences.Colours.Rail, surface);
 }
 
+double NumberSize(double pixelsPerCm) { return std::max(NumberHeight, NormalFont * PixelsPerPoint / pixelsPerCm); }
+
 std::vector<WorldPoint> NumberPlate(WorldPoint label, std::size_t digits, double fontSize) {
     constexpr double digitWidth = 0.64; // of a font's size
     constexpr double lineHeight = 1.16;
@@ -128,14 +141,13 @@ void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface) 
     DrawRoom(drawing.Room, surface);
     if (!drawing.Parts.Numbers) return;
     const Colour ink = TextColourOn(colours.Background);
-    const Box around = part.Wider(WidestNumber / surface.PixelsPerCm());
-    constexpr double pixelsPerPoint = 96.0 / 72;
+    const double fontSize = NumberSize(surface.PixelsPerCm());
+    const Box around = part.Wider(WidestNumber * fontSize);
+    surface.SetFontSize(fontSize * surface.PixelsPerCm() / PixelsPerPoint);
     for (const DrawnPiece& piece : drawing.Pieces) {
         if (!BoxOf(piece.Placement.Label).Meets(around)) continue;
-        if (drawing.Parts.Surface) {
-            const double fontSize = NormalFont * pixelsPerPoint / surface.PixelsPerCm();
+        if (drawing.Parts.Surface)
             surface.Fill(NumberPlate(piece.Placement.Label, NumberText(piece.Index).size(), fontSize), White);
-        }
         surface.DrawPoint(piece.Placement.Label, ink);
         surface.DrawText(NumberText(piece.Index), ink);
     }

@@ -3,11 +3,13 @@
 
 #include "catalogue/catalogue.h"
 #include "layout/placement.h"
+#include "model/edit_state.h"
 #include "model/project.h"
 #include "paper/box.h"
 #include "render/surface.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,9 +21,11 @@ struct DrawnParts {
     bool Numbers = false;
     bool Grid = false;
     bool Room = false;
-    bool Surface = false;       ///< tracks as they look, under their lines
-    bool BlackAndWhite = false; ///< areas in grey
-    bool Background = false;    ///< the picture that lies under the circuit to scale
+    bool Surface = false;               ///< tracks as they look, under their lines
+    bool BlackAndWhite = false;         ///< areas in grey
+    bool Background = false;            ///< the picture that lies under the circuit to scale
+    bool StockColours = true;           ///< pieces in the colours of owned ones and of those to buy; else all in ink
+    std::optional<ElementRun> Run = {}; ///< of the one track; else all of it
 
     bool operator==(const DrawnParts&) const = default;
 };
@@ -57,6 +61,10 @@ CircuitDrawing DrawingOf(const Catalogue& catalogue, const Project& project, con
 
 /// A piece as its drawing shows it: its bed, where surfaces are drawn, and its lines.
 void DrawPieceOf(const CircuitDrawing& drawing, const DrawnPiece& piece, Surface& surface);
+
+/// The font's size of numbers, cm of the world, where a cm of it takes so many pixels of 1/96 inch: never smaller on
+/// paper than other words.
+double NumberSize(double pixelsPerCm);
 
 /// The ground that a number of so many digits stands on where surfaces are drawn, whose asphalt is as dark as it;
 /// `fontSize` in cm of the world.

@@ -76,11 +76,10 @@ std::string BuildPlan::TitleOf(const BuildStep& step) const {
     return track + ", pieces " + std::to_string(first.Index) + " to " + std::to_string(last.Index);
 }
 
-std::vector<std::string> BuildPlan::LinesOf(const Catalogue& catalogue, const BuildStep& step) const {
-    std::vector<std::string> lines;
+std::vector<StepLine> BuildPlan::LinesOf(const Catalogue& catalogue, const BuildStep& step) const {
+    std::vector<StepLine> lines;
     for (int at = step.First; at <= step.Last; ++at)
-        lines.push_back(std::to_string(Piece(at).Index) + "  " + Piece(at).Code + "  " +
-                        catalogue.Find(Piece(at).Code)->LongName);
+        lines.push_back({std::to_string(Piece(at).Index), Piece(at).Code, catalogue.Find(Piece(at).Code)->LongName});
     return lines;
 }
 

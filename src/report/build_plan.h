@@ -21,6 +21,13 @@ struct NeededPieces {
     int Count = 0;
 };
 
+/// A piece as a step's list has it: "0", "C160", "standard straight".
+struct StepLine {
+    std::string Number, Code, Name;
+
+    bool operator==(const StepLine&) const = default;
+};
+
 struct BuildPlan {
     CircuitDrawing Drawing; ///< its pieces are in the order of laying
     std::vector<NeededPieces> Needed;
@@ -31,8 +38,11 @@ struct BuildPlan {
 
     /// "Track 1, pieces 0 to 9"
     std::string TitleOf(const BuildStep& step) const;
-    /// The pieces of a step with their numbers: "0  C160  standard straight".
-    std::vector<std::string> LinesOf(const Catalogue& catalogue, const BuildStep& step) const;
+    /// The pieces of a step, a line each.
+    std::vector<StepLine> LinesOf(const Catalogue& catalogue, const BuildStep& step) const;
+    /// How the numbers of pieces are to be read, for people who count from 1.
+    static constexpr const char* OnNumbers =
+        "Pieces bear the numbers that the drawing shows: each track begins with 0.";
     /// What stands at the plan's head, a line each: how many pieces in how many steps, how large the circuit and its
     /// room are in the user's units, what is left out.
     std::vector<std::string> Facts() const;

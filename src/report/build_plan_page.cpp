@@ -5,8 +5,10 @@
 #include "layout/outline.h"
 #include "layout/room_lines.h"
 #include "paper/path_data.h"
+#include "render/redraw.h"
 #include "report/html_text.h"
 #include "report/plan_picture.h"
+#include "text/count_text.h"
 #include "text/decimal_text.h"
 
 namespace pistaro {
@@ -25,12 +27,16 @@ td:first-child { text-align: right; } td:nth-child(2) { font-weight: bold; }
 .step h3 { margin: 0.4em 0; }
 .step div { display: flex; gap: 1em; align-items: flex-start; }
 .step div div { flex: 0 0 18em; order: -1; flex-direction: column; gap: 0.5em; }
-ul { list-style: none; padding: 0; margin: 0; font-size: 90%; line-height: 1.5; } li { white-space: pre-wrap; }
+.step td { padding: 0.1em 0.8em 0.1em 0; font-size: 90%; vertical-align: top; }
+h1 { margin: 0 0 0.4em; } h2 { margin: 1em 0 0.5em; } p { margin: 0.3em 0; }
+.kind { margin-top: 1.5em; color: #666; letter-spacing: 0.05em; text-transform: uppercase; font-size: 85%; }
+.head { display: flex; flex-wrap: wrap; gap: 1em 2em; align-items: flex-start; } .head svg { flex: 1 1 26em; margin: 0; }
 svg { flex: 1; width: 100%; box-sizing: border-box; }
 .whole { max-height: 30em; margin-top: 1em; }
 .lanes, .way, .room, .shown { fill: none; } .lanes { stroke-opacity: 0.4; } .way { stroke-linejoin: round; }
-.room { stroke: #2a8a2a; } .foot { stroke: #000; } .badge { fill: #fff; stroke: #000; }
+.foot { stroke: #000; } .badge { fill: #fff; stroke: #000; }
 text { fill: #000; font-weight: bold; text-anchor: middle; }
+@media screen and (max-width: 44em) { .step div { flex-direction: column; } .step div div { order: 0; } svg { flex: none; } }
 @page { size: auto; margin: 1.5cm; @bottom-right { content: "page " counter(page) " of " counter(pages); } }
 @media print {
   body { margin: 0; padding: 0; max-width: none; font-size: 75%; }
@@ -78,7 +84,8 @@ std::string BedRule(const char* name, const BedLook& look) {
 std::string Style() {
     return StyleBegin + BedRule("before", LaidBefore) + BedRule("new", LaidNow) + "svg { border: 1px solid " +
            HexText(FrameColour) + "; } .way { stroke: " + HexText(WayColour) +
-           "; } .shown { stroke: " + HexText(ShownColour) + "; }\n</style></head><body>\n";
+           "; } .shown { stroke: " + HexText(ShownColour) + "; } .room { stroke: " + HexText(RoomColour) +
+           "; }\n</style></head><body>\n";
 }
 
 std::string PolylineOf(const BuildPlan& plan, const BuildStep& pieces) {
@@ -94,12 +101,14 @@ public:
 
     std::string Write() {
         const std::string name = HtmlText(plan_.Drawing.Name);
-        page_ = Head + name + ": build plan" + Style() + "<h1>" + name + "</h1>\n";
+        page_ = Head + name + ": build plan" + Style() + "<p class=\"kind\">Build plan</p>\n<h1>" + name + "</h1>\n";
         for (const std::string& fact : plan_.Facts())
             page_ += "<p>" + HtmlText(fact) + "</p>\n";
-        AddNeeded();
+        if (!plan_.Steps.empty()) page_ += std::string("<p>") + BuildPlan::OnNumbers + "</p>\n";
         AddShapes();
+        AddNeeded();
         AddWhole();
+        page_ += "</div>\n";
         for (std::size_t step = 0; step < plan_.Steps.size(); ++step)
             AddStep(step);
         return page_ + "</body></html>\n";
@@ -107,12 +116,15 @@ public:
 
 private:
     void AddNeeded() {
-        page_ += "<h2>What you need: " + std::to_string(plan_.Drawing.Pieces.size()) + " pieces</h2>\n<table>\n";
-        for (const NeededPieces& needed : plan_.Needed) {
-            page_ += "<tr><td>" + std::to_string(needed.Count) + " ×</td><td>" + HtmlText(needed.Code) + "</td><td>" +
-                     HtmlText(needed.Name) + "</td></tr>\n";
-        }
+        page_ += "<h2>What you need: " + CountText(plan_.Drawing.Pieces.size(), "piece") +
+                 "</h2>\n<div class=\"head\"><table>\n";
+        for (const NeededPieces& needed : plan_.Needed)
+            AddRow(std::to_string(needed.Count) + " ×", needed.Code, needed.Name);
         page_ += "</table>\n";
+    }
+
+    void AddRow(const std::string& number, const std::string& code, const std::string& name) {
+        page_ += "<tr><td>" + number + "</td><td>" + HtmlText(code) + "</td><td>" + HtmlText(name) + "</td></tr>\n";
     }
 
     void AddShapes() {
@@ -153,10 +165,10 @@ private:
                  "</h3>\n<div>\n";
         const PlanPicture picture = PictureOf(plan_, step, StepArea);
         AddPicture(number, picture);
-        page_ += "<div><ul>\n";
-        for (const std::string& line : plan_.LinesOf(catalogue_, step))
-            page_ += "<li>" + HtmlText(line) + "</li>\n";
-        page_ += "</ul>\n";
+        page_ += "<div><table>\n";
+        for (const StepLine& line : plan_.LinesOf(catalogue_, step))
+            AddRow(line.Number, line.Code, line.Name);
+        page_ += "</table>\n";
         AddOverview(number, picture.Part);
         page_ += "</div></div></div>\n";
     }

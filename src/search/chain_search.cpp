@@ -63,7 +63,7 @@ void ChainSearch::ForEachChain(int count, const JobWatch& watch, const Visitor& 
     const int level = std::min(count - deepest, deepest);
     int visited = 0;
     for (const TablePose& pose : Table(ends_.EndSystem, level).Poses()) {
-        if ((++visited & 1023) == 0 && watch.Stop.stop_requested()) throw Stopped();
+        if ((++visited & 1023) == 0) ThrowIfStopped(watch.Stop);
         if ((pose.FirstShapes & visit.FirstShapes) == 0) continue;
         if (!VisitBehind({pose, level, {}, pose.Pose()}, count - deepest - level, visit)) return;
     }

@@ -6,7 +6,6 @@
 #include "search/special_pieces.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace pistaro {
 
@@ -62,18 +61,6 @@ void BeginOnKept(const std::vector<int>& kept, Rows& rows) {
     }
 }
 
-/// The squares of the floor in which its pieces end.
-std::vector<std::pair<int, int>> SquaresOf(const Catalogue& catalogue, const Rows& rows, Pose pose) {
-    constexpr double side = 25; // cm
-    std::set<std::pair<int, int>> squares;
-    for (const int row : rows) {
-        pose = ExitOf(catalogue[row].Kind, pose);
-        squares.emplace(static_cast<int>(std::floor(pose.CursorX / side)),
-                        static_cast<int>(std::floor(pose.CursorY / side)));
-    }
-    return {squares.begin(), squares.end()};
-}
-
 } // namespace
 
 CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, const LoopRoom& room)
@@ -89,10 +76,21 @@ bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
     const auto laid = LaidInRoom(std::move(*rows), start);
     if (!laid) return false;
     keys_.insert(std::move(key));
-    found_.push_back(
-        {CircuitOf(*laid), OutlineKey(catalogue_, loopRows), SquaresOf(catalogue_, laid->Rows, laid->Start)});
-    if (found_.back().Circuit.Used == 1) wholeOutlines_.insert(found_.back().Outline);
+    found_.push_back({CircuitOf(*laid), LookOf(catalogue_, laid->Rows)});
+    CountWhole(found_.back());
     return true;
+}
+
+void CircuitPool::CountWhole(const FoundCircuit& found) {
+    if (found.Circuit.Used < 1) return;
+    ++whole_;
+    const auto isLike = [&](const CircuitLook& known) { return LookAlike(known, found.Look); };
+    if (std::ranges::none_of(looksOfWhole_, isLike)) looksOfWhole_.push_back(found.Look);
+}
+
+bool CircuitPool::HasWhole(int wanted) const {
+    constexpr int manyMore = 8;
+    return static_cast<int>(looksOfWhole_.size()) >= wanted || whole_ >= manyMore * wanted;
 }
 
 /// The circuit as it lies, free of faults, where there is a place for it.

@@ -16,8 +16,9 @@ public:
 
     const std::vector<FoundCircuit>& Found() const { return found_; }
 
-    /// How many of different outlines use the whole box.
-    int CountOfWhole() const { return static_cast<int>(wholeOutlines_.size()); }
+    /// Whether so many use the whole box of which no two look alike, or so many more of those that do that there will
+    /// hardly be others.
+    bool HasWhole(int wanted) const;
 
     /// Takes a loop of basic pieces, and of those that are kept, where it is a circuit unlike those that are known and
     /// has what it must have. Gives whether it is.
@@ -33,12 +34,15 @@ private:
     std::optional<Laid> LaidInRoom(Rows rows, const SearchPose& start) const;
     std::optional<BuildCursor> Placed(Rows& rows, const SearchPose& start) const;
     LaidCircuit CircuitOf(const Laid& laid) const;
+    void CountWhole(const FoundCircuit& found);
 
     const Catalogue& catalogue_;
     const LayingTask& task_;
     const LoopRoom& room_;
     std::vector<FoundCircuit> found_;
-    std::set<std::vector<int>> keys_, wholeOutlines_;
+    std::set<std::vector<int>> keys_;
+    int whole_ = 0; ///< that use the whole box
+    std::vector<CircuitLook> looksOfWhole_;
 };
 
 } // namespace pistaro

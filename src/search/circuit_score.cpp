@@ -2,17 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 
 namespace pistaro {
 
 namespace {
 
-/// Stretches of straights, and of curves that turn to the same side, around the circuit.
-struct Stretches {
-    double LongestStraight = 0;
-    std::set<std::vector<int>> Corners; ///< by their curves' products
-};
+double UpTo1(double value) { return std::clamp(value, 0.0, 1.0); }
+
+} // namespace
 
 Stretches StretchesOf(const Catalogue& catalogue, Rows rows) {
     const auto shape = [&](int row) { return catalogue[row].Kind.Shape; };
@@ -30,16 +27,13 @@ Stretches StretchesOf(const Catalogue& catalogue, Rows rows) {
             std::vector<int> corner;
             for (auto row = first; row != end; ++row)
                 corner.push_back(catalogue[*row].StockIndex);
+            ++(shape(*first) == PieceShape::LeftCurve ? stretches.LeftCorners : stretches.RightCorners);
             stretches.Corners.insert(std::min(corner, {corner.rbegin(), corner.rend()}));
         }
         first = end;
     }
     return stretches;
 }
-
-double UpTo1(double value) { return std::clamp(value, 0.0, 1.0); }
-
-} // namespace
 
 double Score(const ScoreParts& parts, const ScoreWeights& weights) {
     const double sum = weights.Used * parts.Used + weights.Lanes * parts.Lanes + weights.Straights * parts.Straights +

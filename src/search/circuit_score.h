@@ -3,7 +3,18 @@
 
 #include "search/loop.h"
 
+#include <set>
+#include <vector>
+
 namespace pistaro {
+
+/// Stretches of straights, and of curves that turn to the same side, around a circuit.
+struct Stretches {
+    double LongestStraight = 0; ///< cm
+    int LeftCorners = 0, RightCorners = 0;
+    std::set<std::vector<int>> Corners; ///< different ones, by their curves' products
+};
+Stretches StretchesOf(const Catalogue& catalogue, Rows rows);
 
 struct ScoreParts {
     double Used = 0;       ///< share of the box's pieces

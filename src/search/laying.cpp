@@ -1,139 +1,17 @@
 #include "search/laying.h"
 
 #include "search/circuit_pool.h"
+#include "search/growing_search.h"
 #include "search/loop_enumeration.h"
-#include "search/loop_growth.h"
 #include "search/special_pieces.h"
 
 #include <algorithm>
-#include <iterator>
 #include <limits>
+#include <utility>
 
 namespace pistaro {
 
 namespace {
-
-constexpr int MostFailures = 1500;  ///< in a row, before a loop is given up
-constexpr int FewFailures = 400;    ///< the same, when only more circuits are looked for
-constexpr int Reheatings = 2;       ///< times that a loop which grows no more may shrink again
-constexpr int HotChanges = 40;      ///< while it may
-constexpr int MostBeginnings = 400; ///< tries at a first loop
-constexpr int AlikeRounds = 30;     ///< in a row in vain before a box is taken to have no other circuits
-constexpr std::size_t Parents = 4;  ///< of the largest loops, which others are made from
-
-/// The effort of one search, as LoopGrowth counts it.
-constexpr std::int64_t MostEffort = 37'000'000;
-
-/// The same where it has not found so many circuits by then as were wished for: others are made from the largest ones.
-constexpr std::int64_t MostEffortForMore = MostEffort * 5 / 4;
-
-void ThrowIfStopped(const std::stop_token& stop) {
-    if (stop.stop_requested()) throw Stopped();
-}
-
-/// One search by growing loops.
-class GrowingSearch {
-public:
-    GrowingSearch(LoopGrowth growth, const ShapeCounts& shapes, std::uint64_t seed, CircuitPool& pool)
-        : growth_(std::move(growth)), random_(~seed), most_(PieceBox{shapes}.Total()), pool_(pool) {}
-
-    /// Adds one loop to the pool, or several. False when there is nothing to be found any more.
-    bool Round(int wanted, const std::stop_token& stop) {
-        auto loop = Begins() ? Begun(stop) : Parent(stop);
-        if (!loop) return false;
-        const std::size_t before = pool_.Found().size();
-        try {
-            Grow(*loop, stop);
-        } catch (const Stopped&) {
-            Keep(*loop); // as far as it has come
-            throw;
-        }
-        inVain_ = pool_.Found().size() > before ? 0 : inVain_ + 1;
-        const bool hasEnough = pool_.Found().size() >= static_cast<std::size_t>(wanted);
-        const std::int64_t most = hasEnough ? MostEffort : MostEffortForMore;
-        return inVain_ < AlikeRounds && Effort() < most && pool_.CountOfWhole() < wanted;
-    }
-
-    /// The effort begins anew.
-    void Continue() {
-        effortBefore_ = growth_.Effort();
-        inVain_ = 0;
-    }
-
-private:
-    /// Whether a round is to begin anew, and not to go on from a large loop that was found.
-    bool Begins() {
-        if (parents_.empty() || IsLate()) return parents_.empty();
-        return parents_.size() < Parents || random_.Happens(1, 2);
-    }
-
-    std::optional<Loop> Begun(const std::stop_token& stop) {
-        std::optional<Loop> loop;
-        for (const bool ofBoth : {true, false}) {
-            for (int tried = 0; tried < MostBeginnings && !loop; ++tried) {
-                ThrowIfStopped(stop);
-                loop = growth_.Begin(ofBoth);
-            }
-        }
-        if (!loop && !parents_.empty()) return Parent(stop);
-        return loop;
-    }
-
-    /// One of the largest loops, shrunk to about two thirds.
-    Loop Parent(const std::stop_token& stop) {
-        Loop loop = parents_[random_.Below(parents_.size())];
-        constexpr int changes = 200;
-        Heat(loop, SizeOf(loop) * 2 / 3, changes, stop);
-        return loop;
-    }
-
-    std::int64_t Effort() const { return growth_.Effort() - effortBefore_; }
-    bool IsLate() const { return Effort() >= MostEffort; }
-
-    void Change(Loop& loop, int fewest, const std::stop_token& stop) {
-        ThrowIfStopped(stop);
-        growth_.Change(loop, fewest);
-    }
-
-    /// Lets it shrink.
-    void Heat(Loop& loop, int fewest, int changes, const std::stop_token& stop) {
-        for (; changes > 0; --changes)
-            Change(loop, fewest, stop);
-    }
-
-    /// Grows a loop as far as it goes, and lets it shrink a little and grow again.
-    void Grow(Loop& loop, const std::stop_token& stop) {
-        for (int round = 0;; ++round) {
-            int failures = 0;
-            int size = SizeOf(loop);
-            while (failures < (IsLate() ? FewFailures : MostFailures) && size < most_) {
-                Change(loop, size, stop);
-                failures = SizeOf(loop) > size ? 0 : failures + 1;
-                size = SizeOf(loop);
-            }
-            Keep(loop);
-            if (size == most_ || round == Reheatings) return;
-            Heat(loop, size - std::max(size / 10, 2), HotChanges, stop);
-        }
-    }
-
-    static int SizeOf(const Loop& loop) { return static_cast<int>(loop.Steps.size()); }
-
-    void Keep(const Loop& loop) {
-        if (!pool_.Add(RowsOf(growth_.Steps(), loop.Steps), loop.Start)) return;
-        parents_.push_back(loop);
-        std::ranges::stable_sort(parents_, std::ranges::greater(), SizeOf);
-        if (parents_.size() > Parents) parents_.pop_back();
-    }
-
-    LoopGrowth growth_;
-    Random random_;
-    int most_;
-    CircuitPool& pool_;
-    std::vector<Loop> parents_;     ///< the largest ones
-    std::int64_t effortBefore_ = 0; ///< it was gone on with
-    int inVain_ = 0;
-};
 
 /// All circuits of a small box. False where there would be too much to look at.
 bool AddAll(const Catalogue& catalogue, const ShapeCounts& shapes, CircuitPool& pool, const std::stop_token& stop) {
@@ -160,14 +38,10 @@ ShapeCounts ShapesAround(const Catalogue& catalogue, ShapeCounts shapes, const s
     return shapes;
 }
 
-using Squares = std::vector<std::pair<int, int>>;
-
-/// How many of the squares that one of two passes the other does, too.
-double SharedPart(const Squares& one, const Squares& other) {
-    Squares shared;
-    std::ranges::set_intersection(one, other, std::back_inserter(shared));
-    const std::size_t together = one.size() + other.size() - shared.size();
-    return together == 0 ? 1 : static_cast<double>(shared.size()) / static_cast<double>(together);
+/// Up to 1, for two that look the same.
+double Likeness(const CircuitLook& one, const CircuitLook& other) {
+    constexpr double nothingAlike = 0.8; // radians of heading
+    return std::max(0.0, 1 - LeastDifference(one, other) / nothingAlike);
 }
 
 } // namespace
@@ -188,14 +62,25 @@ std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int coun
         const auto place = static_cast<std::size_t>(std::ranges::max_element(worth) - worth.begin());
         best.push_back(place);
         for (std::size_t other = 0; other < found.size(); ++other) {
-            const double likeness = SharedPart(found[place].Squares, found[other].Squares);
-            const bool sameOutline = found[place].Outline == found[other].Outline;
-            worth[other] = std::min(worth[other], scores[other] - mostForNew * likeness - (sameOutline ? 1 : 0));
+            const double likeness = Likeness(found[place].Look, found[other].Look);
+            const bool lookAlike = LookAlike(found[place].Look, found[other].Look);
+            worth[other] = std::min(worth[other], scores[other] - mostForNew * likeness - (lookAlike ? 1 : 0));
         }
         worth[place] = -std::numeric_limits<double>::infinity();
     }
     std::ranges::stable_sort(best, [&](std::size_t a, std::size_t b) { return scores[a] > scores[b]; });
     return best;
+}
+
+std::vector<std::size_t> DifferentFirst(const std::vector<FoundCircuit>& found, std::vector<std::size_t> places) {
+    std::vector<std::size_t> different, others;
+    for (const std::size_t place : places) {
+        const auto looksLike = [&](std::size_t before) { return LookAlike(found[before].Look, found[place].Look); };
+        (std::ranges::any_of(different, looksLike) ? others : different).push_back(place);
+    }
+    std::ranges::copy(different, places.begin());
+    std::ranges::copy(others, places.begin() + static_cast<std::ptrdiff_t>(different.size()));
+    return places;
 }
 
 struct CircuitSearch::State {
@@ -211,17 +96,17 @@ struct CircuitSearch::State {
             IsComplete =
                 !Task.Kept && PieceBox{Shapes}.Total() <= EnumeratedBox && AddAll(Catalogue, Shapes, Pool, stop);
             if (IsComplete) return false;
-            Growing.emplace(Growth(), Shapes, Task.Seed, Pool);
+            Growing = Grower();
         }
         return Growing->Round(Wanted, stop);
     }
 
-    LoopGrowth Growth() const {
-        if (!Task.Kept) return {Catalogue, Shapes, Room, Task.Seed};
+    std::unique_ptr<GrowingSearch> Grower() {
+        if (!Task.Kept) return std::make_unique<GrowingSearch>(Catalogue, Shapes, Room, Task.Seed, Pool);
         const BuildCursor& at = Task.Kept->At;
         const auto kept = KeptStep(Catalogue, Task.Kept->Rows, Catalogue.Count());
-        return {Catalogue, Shapes,       Room,
-                Task.Seed, kept.value(), {at.CursorX, at.CursorY, NearestHeading(at.CursorHeading)}};
+        const SearchPose place{at.CursorX, at.CursorY, NearestHeading(at.CursorHeading)};
+        return std::make_unique<GrowingSearch>(Catalogue, Shapes, Room, Task.Seed, Pool, kept.value(), place);
     }
 
     const pistaro::Catalogue& Catalogue;
@@ -230,7 +115,7 @@ struct CircuitSearch::State {
     const LoopRoom Room;
     CircuitPool Pool;
     int Wanted;
-    std::optional<GrowingSearch> Growing; ///< made by the first round
+    std::unique_ptr<GrowingSearch> Growing; ///< made by the first round
     bool IsComplete = false;
 };
 
@@ -247,10 +132,12 @@ void CircuitSearch::Continue() {
 
 const std::vector<FoundCircuit>& CircuitSearch::Found() const { return state_->Pool.Found(); }
 
+double CircuitSearch::Spent() const { return state_->Growing ? state_->Growing->Spent() : 0; }
+
 bool CircuitSearch::IsComplete() const { return state_->IsComplete; }
 
 Laying LayCircuits(const Catalogue& catalogue, const LayingTask& task, const JobWatch& watch,
-                   const std::function<bool()>& isTimeUp, const std::stop_token& ending) {
+                   const std::stop_token& ending) {
     CircuitSearch search(catalogue, task);
     std::stop_source both;
     const std::stop_callback onStop(watch.Stop, [&] { both.request_stop(); });
@@ -260,7 +147,6 @@ Laying LayCircuits(const Catalogue& catalogue, const LayingTask& task, const Job
     while (goesOn && !timeWasUp) {
         try {
             goesOn = search.Round({.Progress = {}, .Stop = both.get_token()});
-            timeWasUp = goesOn && isTimeUp && isTimeUp();
         } catch (const Stopped&) {
             timeWasUp = true;
         }

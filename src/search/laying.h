@@ -4,17 +4,16 @@
 #include "model/circuit.h"
 #include "model/job.h"
 #include "model/room_polygon.h"
+#include "search/circuit_look.h"
 #include "search/circuit_score.h"
 #include "search/must_haves.h"
 #include "search/piece_box.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace pistaro {
@@ -52,13 +51,15 @@ struct LaidCircuit {
 
 struct FoundCircuit {
     LaidCircuit Circuit;
-    std::vector<int> Outline;                 ///< the same for circuits that look alike
-    std::vector<std::pair<int, int>> Squares; ///< of the floor that it passes, in order
+    CircuitLook Look;
 };
 
-/// Which of them are the best by these weights, best first, so many at most: of different outlines before others, and
-/// those that pass other squares of the floor before those that are much like a better one.
+/// Which of them are the best by these weights, best first, so many at most: one that looks like another only where
+/// there are no others, and what looks quite different before what is much like a better one.
 std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const ScoreWeights& weights);
+
+/// These places in the same order, but with those that look like one before them behind all others.
+std::vector<std::size_t> DifferentFirst(const std::vector<FoundCircuit>& found, std::vector<std::size_t> places);
 
 /// A search that can be watched, and gone on with. Its rounds follow from the task alone.
 class CircuitSearch {
@@ -78,6 +79,9 @@ public:
 
     const std::vector<FoundCircuit>& Found() const;
 
+    /// The share of its effort that is spent, 0 to 1; it may come to its end before.
+    double Spent() const;
+
     /// Whether these are all there are, however long one looks.
     bool IsComplete() const;
 
@@ -89,12 +93,12 @@ private:
 struct Laying {
     std::vector<LaidCircuit> Circuits; ///< the best ones first; no two are alike
     bool AreAll = false;               ///< more there are not, however long one looks
-    bool TimeWasUp = false;            ///< or it was ended, before the search had come to its end
+    bool TimeWasUp = false;            ///< it was ended before the search had come to its end
 };
 
-/// Lays circuits. The effort is counted in steps: the same task gives the same circuits on every machine. `isTimeUp`,
-/// which may be empty, ends it earlier, with what is found by then; `ending` does so at once. Throws Stopped.
+/// Lays circuits. The effort is counted in steps: the same task gives the same circuits on every machine. `ending` ends
+/// it earlier, at once, with what is found by then. Throws Stopped.
 Laying LayCircuits(const Catalogue& catalogue, const LayingTask& task, const JobWatch& watch,
-                   const std::function<bool()>& isTimeUp, const std::stop_token& ending = {});
+                   const std::stop_token& ending = {});
 
 } // namespace pistaro

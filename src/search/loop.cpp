@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace pistaro {
 
@@ -113,6 +114,24 @@ bool OverlapsItself(const LaidLoop& laid, const std::vector<int>& parts) {
     return false;
 }
 
+int TurnOf(const std::vector<LayingStep>& steps, const Run& run) {
+    int turn = 0;
+    for (const std::uint8_t step : run)
+        turn += steps[step].Turn;
+    return turn;
+}
+
+bool IsWholeTurn(const std::vector<LayingStep>& steps, const Run& run) {
+    return std::abs(TurnOf(steps, run)) == HeadingCount;
+}
+
+bool HasAdaptersInARow(const std::vector<LayingStep>& steps, const Run& run) {
+    const auto isAdapter = [&](std::uint8_t step) { return steps[step].JoinsSystems() && steps[step].Kept.empty(); };
+    bool before = isAdapter(run.back());
+    return std::ranges::any_of(run,
+                               [&](std::uint8_t step) { return std::exchange(before, isAdapter(step)) && before; });
+}
+
 LoopRoom::LoopRoom(const RoomPolygon& room, double touch) : fit_(room), touch_(touch), extent_(Nothing()) {
     for (const Wall& wall : fit_.Walls()) {
         for (const GroundPoint end : {wall.From, wall.To})
@@ -191,6 +210,31 @@ std::vector<double> LoopRoom::WallDistances(const LaidLoop& laid, GroundPoint sh
         distances.push_back(nearest);
     }
     return distances;
+}
+
+bool IsTooWide(const std::vector<LayingStep>& steps, const Loop& loop, const LoopRoom& room) {
+    SearchPose pose = loop.Start;
+    double left = pose.X, right = pose.X, bottom = pose.Y, top = pose.Y;
+    for (const std::uint8_t step : loop.Steps) {
+        pose = steps[step].After(pose);
+        left = std::min(left, pose.X);
+        right = std::max(right, pose.X);
+        bottom = std::min(bottom, pose.Y);
+        top = std::max(top, pose.Y);
+    }
+    return right - left > room.Width() || top - bottom > room.Height();
+}
+
+bool Settle(const Catalogue& catalogue, const std::vector<LayingStep>& steps, const LoopRoom& room,
+            const std::vector<int>& parts, Random& random, Loop& loop) {
+    if (HasAdaptersInARow(steps, loop.Steps)) return false;
+    const LaidLoop laid = LayLoop(catalogue, RowsOf(steps, loop.Steps), loop.Cursor());
+    if (!IsClosed(laid)) return false;
+    const auto shift = room.ShiftInto(laid, random);
+    if (!shift || OverlapsItself(laid, parts)) return false;
+    loop.Start.X += shift->X;
+    loop.Start.Y += shift->Y;
+    return true;
 }
 
 } // namespace pistaro

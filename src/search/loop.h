@@ -45,6 +45,16 @@ bool IsClosed(const LaidLoop& laid);
 /// part lie to each other as they lay before, free of overlaps. `parts` may be empty: then no piece does.
 bool OverlapsItself(const LaidLoop& laid, const std::vector<int>& parts);
 
+/// By how many headings the run turns, to the left above 0.
+int TurnOf(const std::vector<LayingStep>& steps, const Run& run);
+
+/// Whether the run turns by a whole circle, to either side.
+bool IsWholeTurn(const std::vector<LayingStep>& steps, const Run& run);
+
+/// Whether two adapters follow each other, the last step and the first being neighbours: with nothing between them they
+/// join nothing. What is kept may begin in one system and end in the other.
+bool HasAdaptersInARow(const std::vector<LayingStep>& steps, const Run& run);
+
 /// The room that loops must lie in.
 class LoopRoom {
 public:
@@ -82,5 +92,16 @@ private:
     double touch_;
     GroundBox extent_;
 };
+
+/// Whether the pieces' entries alone reach farther than the room.
+bool IsTooWide(const std::vector<LayingStep>& steps, const Loop& loop, const LoopRoom& room);
+
+/// Whether the loop closes as it is really laid, without overlaps between its `parts`, and finds a place in the room,
+/// where it then starts.
+bool Settle(const Catalogue& catalogue, const std::vector<LayingStep>& steps, const LoopRoom& room,
+            const std::vector<int>& parts, Random& random, Loop& loop);
+
+/// What that counts for where a search counts its effort.
+constexpr std::int64_t EffortOfSettling(std::size_t pieces) { return 4 * static_cast<std::int64_t>(pieces); }
 
 } // namespace pistaro

@@ -1,5 +1,7 @@
 #include "search/loop_growth.h"
 
+#include "search/random_steps.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
@@ -39,8 +41,6 @@ private:
     Random& random_;
 };
 
-bool IsWholeTurn(int turn) { return std::abs(turn) == HeadingCount; }
-
 } // namespace
 
 LoopGrowth::LoopGrowth(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed)
@@ -66,13 +66,6 @@ std::vector<SearchPose> LoopGrowth::PosesOf(const Run& run) const {
     return poses;
 }
 
-int LoopGrowth::TurnOf(const Run& run) const {
-    int turn = 0;
-    for (const std::uint8_t step : run)
-        turn += steps_[step].Turn;
-    return turn;
-}
-
 /// Whether the pieces were there to be taken.
 bool LoopGrowth::Take(ShapeCounts& left, const Run& run) const {
     for (const std::uint8_t step : run) {
@@ -91,62 +84,18 @@ bool LoopGrowth::Allows(ShapeCounts& left, const RunTable& table, std::size_t ru
     return allows;
 }
 
-/// A step within the system; the more pieces of a shape are left, the likelier.
-std::optional<std::uint8_t> LoopGrowth::RandomStep(const ShapeCounts& left, TrackSystem system) {
-    const auto weight = [&](const LayingStep& step) {
-        const bool usable = step.Entry == system && step.Exit == system;
-        return usable ? static_cast<std::size_t>(left[static_cast<std::size_t>(step.Shape)]) : 0;
-    };
-    std::size_t all = 0;
-    for (const LayingStep& step : steps_)
-        all += weight(step);
-    if (all == 0) return std::nullopt;
-    std::size_t place = random_.Below(all);
-    for (std::size_t step = 0;; ++step) {
-        if (place < weight(steps_[step])) return static_cast<std::uint8_t>(step);
-        place -= weight(steps_[step]);
-    }
-}
-
-void LoopGrowth::AddRandomSteps(Run& run, ShapeCounts& left, TrackSystem system, std::size_t count) {
-    for (; count > 0; --count) {
-        const auto step = RandomStep(left, system);
-        if (!step) return;
-        run.push_back(*step);
-        --left[static_cast<std::size_t>(steps_[*step].Shape)];
-    }
-}
-
-/// Appends Ninco pieces between two adapters. False where the box has not got them.
-bool LoopGrowth::CrossToNinco(Run& run, ShapeCounts& left) {
-    const auto adapter = [&](TrackSystem entry) {
-        const auto found = std::ranges::find_if(
-            steps_, [&](const LayingStep& step) { return step.JoinsSystems() && step.Entry == entry; });
-        return static_cast<std::uint8_t>(found - steps_.begin());
-    };
-    const std::uint8_t into = adapter(TrackSystem::Scalextric);
-    if (into == steps_.size() || !HasTable(TrackSystem::Ninco) || !HasTable(TrackSystem::Scalextric)) return false;
-    int& adapters = left[static_cast<std::size_t>(steps_[into].Shape)];
-    if (adapters < 2) return false;
-    adapters -= 2;
-    run.push_back(into);
-    constexpr std::size_t fewest = 2, most = 12;
-    AddRandomSteps(run, left, TrackSystem::Ninco, fewest + random_.Below(most));
-    run.push_back(adapter(TrackSystem::Ninco));
-    return true;
-}
-
 /// A few pieces to begin with: of one system, or of both where the box allows it.
 Run LoopGrowth::RandomWalk(ShapeCounts& left, bool ofBoth) {
     Run walk;
     constexpr std::size_t mostBefore = 4;
-    if (ofBoth && CrossToNinco(walk, left)) return walk;
+    if (ofBoth && CrossToNinco(steps_, left, random_, walk)) return walk;
     std::size_t scalextric = 0, ninco = 0;
     for (const LayingStep& step : steps_)
         (step.Entry == TrackSystem::Ninco ? ninco : scalextric) +=
             static_cast<std::size_t>(left[static_cast<std::size_t>(step.Shape)]);
     const bool ofNinco = random_.Below(scalextric + ninco) < ninco;
-    AddRandomSteps(walk, left, ofNinco ? TrackSystem::Ninco : TrackSystem::Scalextric, 1 + random_.Below(mostBefore));
+    const TrackSystem system = ofNinco ? TrackSystem::Ninco : TrackSystem::Scalextric;
+    AddRandomSteps(steps_, system, 1 + random_.Below(mostBefore), left, random_, walk);
     return walk;
 }
 
@@ -156,7 +105,7 @@ Run LoopGrowth::KeptWalk(ShapeCounts& left) {
     const LayingStep& kept = steps_.back();
     --left[static_cast<std::size_t>(kept.Shape)];
     constexpr std::size_t most = 4;
-    AddRandomSteps(walk, left, kept.Exit, random_.Below(most + 1));
+    AddRandomSteps(steps_, kept.Exit, random_.Below(most + 1), left, random_, walk);
     return walk;
 }
 
@@ -184,7 +133,7 @@ std::optional<Loop> LoopGrowth::Closed(const Run& walk) {
             for (const std::size_t run : {first, second})
                 std::ranges::copy(table.StepsOfRun(run), std::back_inserter(loop));
             ShapeCounts stock = shapes_;
-            if (IsWholeTurn(TurnOf(loop)) && Take(stock, loop)) loops.Show(loop);
+            if (IsWholeTurn(steps_, loop) && Take(stock, loop)) loops.Show(loop);
         });
         if (loops.Items.size() == MostReplacements) break;
     }
@@ -216,7 +165,7 @@ LoopGrowth::Opened LoopGrowth::Open(const Loop& loop, bool anew) {
     const Run rest(loop.Steps.begin() + static_cast<std::ptrdiff_t>(removed), loop.Steps.end());
     Take(opened.Left, rest);
     constexpr std::size_t mostNew = 3;
-    if (anew) AddRandomSteps(opened.Steps, opened.Left, system, random_.Below(mostNew + 1));
+    if (anew) AddRandomSteps(steps_, system, random_.Below(mostNew + 1), opened.Left, random_, opened.Steps);
     opened.NewCount = opened.Steps.size();
     std::ranges::copy(rest, std::back_inserter(opened.Steps));
     opened.Poses = PosesOf(opened.Steps);
@@ -277,8 +226,8 @@ bool LoopGrowth::Change(Loop& loop, int fewest) {
         const auto at = changed.Steps.begin() + static_cast<std::ptrdiff_t>(replacement.First);
         changed.Steps.insert(changed.Steps.erase(at, at + static_cast<std::ptrdiff_t>(replacement.Removed)),
                              run.begin(), run.end());
-        if (changed.Steps == loop.Steps || !IsWholeTurn(TurnOf(changed.Steps))) continue;
-        if (!keptAt_ && IsTooWide(changed)) continue;
+        if (changed.Steps == loop.Steps || !IsWholeTurn(steps_, changed.Steps)) continue;
+        if (!keptAt_ && IsTooWide(steps_, changed, room_)) continue;
         // What is new has a part of its own; so has what lies between and what follows.
         std::vector<int> parts(changed.Steps.size());
         for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -308,43 +257,14 @@ void LoopGrowth::MoveKeptToItsPlace(Loop& loop) const {
     loop.Start = Beyond(*keptAt_, Relative(kept, SearchPose()));
 }
 
-/// Whether the pieces' entries alone reach farther than the room.
-bool LoopGrowth::IsTooWide(const Loop& loop) const {
-    SearchPose pose = loop.Start;
-    double left = pose.X, right = pose.X, bottom = pose.Y, top = pose.Y;
-    for (const std::uint8_t step : loop.Steps) {
-        pose = steps_[step].After(pose);
-        left = std::min(left, pose.X);
-        right = std::max(right, pose.X);
-        bottom = std::min(bottom, pose.Y);
-        top = std::max(top, pose.Y);
-    }
-    return right - left > room_.Width() || top - bottom > room_.Height();
-}
-
-/// Two adapters with nothing between them join nothing. What is kept may begin in one system and end in the other.
-bool LoopGrowth::HasAdaptersInARow(const Run& run) const {
-    const auto isAdapter = [&](std::uint8_t step) { return steps_[step].JoinsSystems() && steps_[step].Kept.empty(); };
-    bool before = isAdapter(run.back());
-    return std::ranges::any_of(run,
-                               [&](std::uint8_t step) { return std::exchange(before, isAdapter(step)) && before; });
-}
-
 /// Whether the loop closes as it is really laid, without overlaps, and finds a place in the room, where it then starts.
 bool LoopGrowth::Settle(Loop& loop, const std::vector<int>& parts) {
-    constexpr std::int64_t effortOfPiece = 4;
-    effort_ += effortOfPiece * static_cast<std::int64_t>(loop.Steps.size());
-    if (HasAdaptersInARow(loop.Steps)) return false;
-    const Rows rows = RowsOf(steps_, loop.Steps);
-    if (keptAt_) MoveKeptToItsPlace(loop);
-    const LaidLoop laid = LayLoop(catalogue_, rows, loop.Cursor());
-    if (!IsClosed(laid)) return false;
-    if (keptAt_) return room_.Holds(laid) && !OverlapsItself(laid, PartsOfRows(loop.Steps, parts));
-    const auto shift = room_.ShiftInto(laid, random_);
-    if (!shift || OverlapsItself(laid, parts)) return false;
-    loop.Start.X += shift->X;
-    loop.Start.Y += shift->Y;
-    return true;
+    effort_ += EffortOfSettling(loop.Steps.size());
+    if (!keptAt_) return pistaro::Settle(catalogue_, steps_, room_, parts, random_, loop);
+    if (HasAdaptersInARow(steps_, loop.Steps)) return false;
+    MoveKeptToItsPlace(loop);
+    const LaidLoop laid = LayLoop(catalogue_, RowsOf(steps_, loop.Steps), loop.Cursor());
+    return IsClosed(laid) && room_.Holds(laid) && !OverlapsItself(laid, PartsOfRows(loop.Steps, parts));
 }
 
 } // namespace pistaro

@@ -89,7 +89,7 @@ private:
         int freeOnes = 0;
         for (Mend& mend : mends_) {
             if (freeOnes >= options_.Limit) break;
-            if (watch_.Stop.stop_requested()) throw Stopped();
+            ThrowIfStopped(watch_.Stop);
             const auto known = taken.find(mend.Contents);
             if (known != taken.end() && known->second.IsFree()) continue;
             Suggestion& change = mend.Change;

@@ -40,6 +40,14 @@ PieceBox OwnedBox(const Catalogue& catalogue, const Stock& stock) {
     return box;
 }
 
+int CountOfProduct(const Catalogue& catalogue, const PieceBox& box, std::string_view code) {
+    int count = 0;
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        if (ProductCode(catalogue[row].Code) == ProductCode(code)) count += box.Counts[static_cast<std::size_t>(row)];
+    }
+    return count;
+}
+
 PieceBox BoxOf(const Catalogue& catalogue, std::string_view text) {
     PieceBox box{std::vector<int>(static_cast<std::size_t>(catalogue.Count()))};
     std::vector<bool> named(box.Counts.size());

@@ -21,6 +21,9 @@ struct PieceBox {
 /// What the user owns.
 PieceBox OwnedBox(const Catalogue& catalogue, const Stock& stock);
 
+/// How many pieces of a product, told by one of its codes, a box holds.
+int CountOfProduct(const Catalogue& catalogue, const PieceBox& box, std::string_view code);
+
 /// The most pieces of a product that a box may hold.
 inline constexpr int MostOfProduct = 501;
 

@@ -48,17 +48,4 @@ std::vector<int> CircuitKey(const Catalogue& catalogue, const std::vector<int>& 
     return std::min({LeastTurned(forward), LeastTurned(mirrored), LeastTurned(backwards), LeastTurned(both)});
 }
 
-std::vector<int> OutlineKey(const Catalogue& catalogue, std::vector<int> rows) {
-    const auto isCurve = [&](int row) { return !catalogue[row].IsStraight(); };
-    const auto curve = std::ranges::find_if(rows, isCurve);
-    std::rotate(rows.begin(), curve, rows.end());
-    for (auto first = rows.begin(); first != rows.end();) {
-        first = std::find_if_not(first, rows.end(), isCurve);
-        const auto end = std::find_if(first, rows.end(), isCurve);
-        std::sort(first, end);
-        first = end;
-    }
-    return CircuitKey(catalogue, rows);
-}
-
 } // namespace pistaro

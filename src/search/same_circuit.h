@@ -11,7 +11,4 @@ namespace pistaro {
 /// whose shape it has.
 std::vector<int> CircuitKey(const Catalogue& catalogue, const std::vector<int>& rows);
 
-/// The same key after the straights of each straight stretch have been sorted: of circuits that look alike.
-std::vector<int> OutlineKey(const Catalogue& catalogue, std::vector<int> rows);
-
 } // namespace pistaro

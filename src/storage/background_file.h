@@ -1,4 +1,5 @@
-// The file beside a circuit's that holds the picture under it: a few lines that tell where it lies, then its bytes.
+// The file beside a circuit's that holds the picture under it: a few lines that tell where it lies, how faded it is and
+// what its size was taken from, then its bytes.
 #pragma once
 
 #include "model/scaled_background.h"

@@ -1,6 +1,7 @@
 #include "ui/balance_bar.h"
 
 #include "commands/money_commands.h"
+#include "imaging/painter_surface.h"
 #include "layout/outline.h"
 #include "layout/placement.h"
 #include "ui/named_controls.h"
@@ -19,6 +20,27 @@ constexpr int Margin = 6;
 constexpr int Lines = 3; ///< no balance has more steps
 constexpr Colour ChosenColour = Rgb(0, 130, 60);
 constexpr Colour OtherColour = Rgb(110, 160, 0);
+
+/// The changes are no alternatives: it takes all of them.
+std::string TogetherText(std::size_t count) {
+    if (count == 1) return "This one change makes them equally long:";
+    return (count == 2 ? "Both changes" : "All " + std::to_string(count) + " changes") +
+           std::string(" together make them equally long:");
+}
+
+QString Sample(const char* sign, Colour colour, const char* words) {
+    return QString("<span style=\"color:%1\">%2</span> %3").arg(ToQColor(colour).name(), sign, words);
+}
+
+/// What the colours in the drawing mean.
+QString LegendText(std::size_t count) {
+    const QString between = " &nbsp; ";
+    QString text = "In the drawing: " + Sample("■", ChosenColour, "new") + between;
+    if (count > 1)
+        text = "In the drawing: " + Sample("■", ChosenColour, "new by the chosen line") + between +
+               Sample("■", OtherColour, "new by another line") + between;
+    return text + Sample("▨", ChosenColour, "taken out for it");
+}
 
 /// The places of a track's pieces once all steps are done.
 class BalancedPlaces {
@@ -55,31 +77,35 @@ private:
 
 BalanceBar::BalanceBar(Session& session, CircuitView& view)
     : Strip("fraBalance", session, view, "balance"), lblBalance_(Named(new QLabel, "lblBalance")),
-      lstBalance_(Named(new QListWidget, "lstBalance")) {
-    QPushButton* const cmdBalance = NewButton("cmdBalance", "&Apply");
-    cmdBalance->setToolTip("Do all of these, as Enter does");
+      lstBalance_(Named(new QListWidget, "lstBalance")), lblLegend_(Named(new QLabel, "lblBalanceLegend")),
+      cmdBalance_(NewButton("cmdBalance", "Appl&y")) {
     lstBalance_->setAccessibleName("Changes");
     lstBalance_->setFixedHeight(Lines * (lstBalance_->fontMetrics().height() + 4) + 2 * lstBalance_->frameWidth());
     lstBalance_->installEventFilter(this);
     connect(lstBalance_, &QListWidget::currentRowChanged, this, [this] { ShowPieces(); });
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
-    column->addLayout(Head(*lblBalance_, *cmdBalance, *NewButton("cmdLeaveBalance", "Cancel")));
+    column->addLayout(Head(*lblBalance_, *cmdBalance_, *NewButton("cmdLeaveBalance", "Cancel")));
     column->addWidget(lstBalance_);
+    lblLegend_->setWordWrap(true);
+    column->addWidget(lblLegend_);
 }
 
 void BalanceBar::Show(const Balance& balance) {
     balance_ = balance;
     const Units& units = session_.Project.Preferences.Units;
     const std::size_t count = balance.Steps.size();
-    lblBalance_->setText(Shown((count == 1 ? "One change balances" : std::to_string(count) + " changes balance") +
-                               " the lanes of track " + std::to_string(session_.Project.EditState.CurrentTrack + 1) +
-                               ". " + DifferenceText(balance, units) + " now."));
+    lblBalance_->setText(Shown("Track " + std::to_string(session_.Project.EditState.CurrentTrack + 1) + ": " +
+                               DifferenceText(balance, units) + " now. " + TogetherText(count)));
+    cmdBalance_->setText(count == 1 ? "Appl&y" : count == 2 ? "Appl&y Both" : "Appl&y All");
+    cmdBalance_->setToolTip(count == 1 ? "Do this, as Enter does" : "Do all of these, as Enter does");
+    lblLegend_->setText(LegendText(count));
     {
         const QSignalBlocker quiet(lstBalance_);
         lstBalance_->clear();
+        int number = 0;
         for (const BalanceStep& step : balance.Steps)
-            lstBalance_->addItem(Shown(StepText(step, units)));
+            lstBalance_->addItem(Shown(std::to_string(++number) + ". " + StepText(step, units)));
         lstBalance_->setCurrentRow(0);
     }
     Open();
@@ -105,6 +131,14 @@ void BalanceBar::ShowPieces() {
     });
     ShowAbove(std::move(overlay));
     BringIntoSight(places.BoxOf(step));
+}
+
+std::optional<Circuit> BalanceBar::Shows() const {
+    if (isHidden()) return std::nullopt;
+    Circuit circuit = session_.Project.Design.Circuit;
+    if (Track* const track = EditedTrack(circuit, session_.Project.EditState))
+        *track = Balanced(*track, balance_.Steps);
+    return circuit;
 }
 
 void BalanceBar::Accept() {

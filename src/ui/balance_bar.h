@@ -8,6 +8,8 @@
 
 #include <QListWidget>
 
+#include <optional>
+
 namespace pistaro {
 
 class BalanceBar : public Strip {
@@ -20,6 +22,9 @@ public:
     /// To be called after each change: what is shown stands for the circuit as it is, so the strip goes.
     void Refresh(const Changes& changes);
 
+    /// The circuit with the changes that it shows; nothing while it is hidden.
+    std::optional<Circuit> Shows() const;
+
 protected:
     void Accept() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -29,6 +34,8 @@ private:
 
     QLabel* const lblBalance_;
     QListWidget* const lstBalance_;
+    QLabel* const lblLegend_;
+    QPushButton* const cmdBalance_;
     Balance balance_;
 };
 

@@ -6,8 +6,8 @@
 #include "ui/named_controls.h"
 
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QRegularExpressionValidator>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -63,6 +63,7 @@ BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()>
     ChooseRoom();
     OfferOwned();
     TellChanges();
+    setFocusProxy(txtFilterBox_); // Enter there goes to a count; on a button it would press that
 }
 
 void BoxFields::TellChanges() {
@@ -101,13 +102,40 @@ void BoxFields::ShowTotal() {
     if (beyond == 0 && owned > 0)
         text = std::to_string(box.Total()) + " of your " + CountText(owned, "piece") + " in the box";
     lblTotal_->setText(Shown(text));
+    OfferToOwn();
+}
+
+/// Where the box is what is owned, there is nothing to take over.
+void BoxFields::OfferToOwn() {
+    const PieceBox box = lstBox_->Box();
+    const bool isOwned = std::ranges::all_of(session_.Catalogue.ProductRows(), [&](int row) {
+        const auto count = [&](const PieceBox& of) {
+            return CountOfProduct(session_.Catalogue, of, session_.Catalogue[row].Code);
+        };
+        return count(box) == count(owned_);
+    });
+    cmdOwnBox_->setVisible(box.Total() > 0 && !isOwned && purpose_ == BoxPurpose::Box);
+    EnableSaving(*cmdOwnBox_, !session_.SettingsPath.empty());
+    if (cmdOwnBox_->isEnabled())
+        cmdOwnBox_->setToolTip("Take exactly these pieces for what you own, here and wherever Pistaro counts");
 }
 
 QLayout* BoxFields::PieceFields() {
     lstBox_ = Named(new PieceCounts(session_.Catalogue), "lstBox");
+    auto* const column = new QVBoxLayout;
+    column->addLayout(SourceFields());
+    column->addLayout(FilterFields());
+    column->addWidget(lstBox_, 1);
+    column->addLayout(TotalFields());
+    return column;
+}
+
+/// Whence the box is filled: above its list, as the first thing to do.
+QLayout* BoxFields::SourceFields() {
     cmdAllOwned_ = NewButton("cmdAllOwned", "&All I Own");
     QPushButton* const cmdNoPieces = NewButton("cmdNoPieces", "&Empty");
     QPushButton* const cmdAddSet = NewButton("cmdAddSet", "Add Se&t");
+    cmdNoPieces->setToolTip("Take everything out of the box");
     cmdAddSet->setToolTip("Add one such set to the box");
     cboSets_ = Named(new QComboBox, "cboSets");
     cboSets_->setAccessibleName("Boxed sets");
@@ -118,28 +146,45 @@ QLayout* BoxFields::PieceFields() {
     connect(cmdAllOwned_, &QPushButton::clicked, this, [this] { FillBox(owned_); });
     connect(cmdNoPieces, &QPushButton::clicked, this, [this] { FillBox(OwnedBox(session_.Catalogue, Stock())); });
     connect(cmdAddSet, &QPushButton::clicked, this, [this] { AddSet(); });
-    lblTotal_ = Named(new QLabel, "lblTotal");
     auto* const contents = new QHBoxLayout;
     contents->addWidget(cmdAllOwned_);
+    if (purpose_ == BoxPurpose::Variations) {
+        QPushButton* const cmdDesignPieces = NewButton("cmdDesignPieces", "The Desi&gn's");
+        cmdDesignPieces->setToolTip("Fill the box with exactly the pieces of the design that is open");
+        connect(cmdDesignPieces, &QPushButton::clicked, this, [this] { FillBox(BoxOfDesign(session_)); });
+        contents->addWidget(cmdDesignPieces);
+    }
     contents->addWidget(cmdNoPieces);
     auto* const set = new QHBoxLayout;
     set->addWidget(cboSets_, 1);
     set->addWidget(cmdAddSet);
     auto* const column = new QVBoxLayout;
-    column->addLayout(FilterFields());
-    column->addWidget(lstBox_, 1);
-    column->addWidget(lblTotal_);
+    column->addWidget(new QLabel("<b>What shall it be built from?</b>"));
     column->addLayout(contents);
     column->addLayout(set);
     return column;
 }
 
+/// How many pieces that is, and that they be what is owned from now on.
+QLayout* BoxFields::TotalFields() {
+    lblTotal_ = Named(new QLabel, "lblTotal");
+    lblTotal_->setWordWrap(true);
+    lblTotal_->setMinimumHeight(2 * lblTotal_->fontMetrics().lineSpacing()); // the list above stays as high as it is
+    cmdOwnBox_ = NewButton("cmdOwnBox", "&I Own These");
+    QSizePolicy keepsItsPlace = cmdOwnBox_->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(purpose_ == BoxPurpose::Box);
+    cmdOwnBox_->setSizePolicy(keepsItsPlace);
+    connect(cmdOwnBox_, &QPushButton::clicked, this,
+            [this] { session_.Do([this] { OwnBox(session_, lstBox_->Box()); }); });
+    auto* const total = new QHBoxLayout;
+    total->addWidget(lblTotal_, 1);
+    total->addWidget(cmdOwnBox_);
+    return total;
+}
+
 QLayout* BoxFields::FilterFields() {
-    txtFilterBox_ = Named(new QLineEdit, "txtFilterBox");
-    txtFilterBox_->setPlaceholderText("Find a product");
-    txtFilterBox_->setAccessibleName("Find a product");
-    txtFilterBox_->setToolTip("Some of a product's code or name; Enter goes on to its count");
-    txtFilterBox_->installEventFilter(this);
+    txtFilterBox_ = new ProductFinder("txtFilterBox");
+    txtFilterBox_->GoesOn = [this] { lstBox_->EditFirst(); };
     chkAllProducts_ = Named(new QCheckBox("All prod&ucts"), "chkAllProducts");
     connect(txtFilterBox_, &QLineEdit::textChanged, this, [this] { Filter(); });
     connect(chkAllProducts_, &QCheckBox::toggled, this, [this] { Filter(); });
@@ -147,16 +192,6 @@ QLayout* BoxFields::FilterFields() {
     filter->addWidget(txtFilterBox_, 1);
     filter->addWidget(chkAllProducts_);
     return filter;
-}
-
-/// Enter in the field for a product is about that product, and starts no search.
-bool BoxFields::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-    const int key = dynamic_cast<QKeyEvent&>(*event).key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Down)
-        return QWidget::eventFilter(watched, event);
-    lstBox_->EditFirst();
-    return true;
 }
 
 void BoxFields::Filter() {
@@ -211,15 +246,24 @@ QWidget* BoxFields::RoomFields() {
 void BoxFields::OfferRoom() {
     const bool isThere = HasWalls(session_.Project.Design.Room);
     optRoomDesign_->setEnabled(isThere);
+    const QString size = Shown(RoomSizeText(session_.Project.Design.Room));
+    optRoomDesign_->setText(isThere ? "The &design's, " + size : "The &design's");
     optRoomDesign_->setToolTip(isThere ? "The walls of the design that is open" : "The design has no room with walls");
     if (!isThere) optRoomArea_->setChecked(true);
 }
 
-/// Begins with the design's room, where there is one; else with an area in which its circuit has room.
+/// Begins with the design's room, where there is one; else with an area in which its circuit has room, or with the last
+/// one.
 void BoxFields::ChooseRoom() {
     const Design& design = session_.Project.Design;
     const bool isThere = HasWalls(design.Room);
     const auto extent = ExtentOf(session_.Catalogue, design);
+    const QString last = Shown(session_.Habits.BoxRoom);
+    const std::array<int, 2> sides{last.section('x', 0, 0).toInt(), last.section('x', 1, 1).toInt()};
+    if (std::ranges::min(sides) > 0) {
+        spnWidth_->setValue(sides[0]);
+        spnDepth_->setValue(sides[1]);
+    }
     if (purpose_ == BoxPurpose::Variations && extent && !isThere) {
         constexpr double spare = 60; // cm
         spnWidth_->setValue(static_cast<int>(std::ceil(extent->Right - extent->Left + spare)));
@@ -275,9 +319,10 @@ void BoxFields::OfferPart() {
     if (canKeep) part_ = PartOf(session_, run.First, run.Count);
     chkKeepPart_->setEnabled(canKeep);
     chkKeepPart_->setChecked(canKeep && run.Count > 1);
-    chkKeepPart_->setText(canKeep && run.Count > 1
-                              ? QString("The selected pa&rt: %1 to %2").arg(run.First).arg(run.First + run.Count - 1)
-                              : QString("The selected pa&rt"));
+    QString part = "The selected pa&rt";
+    if (!canKeep) part += ": none is selected";
+    if (canKeep && run.Count > 1) part += QString(": %1 to %2").arg(run.First).arg(run.First + run.Count - 1);
+    chkKeepPart_->setText(part);
     chkKeepPart_->setToolTip(canKeep ? "These elements stay as they are, where they are"
                                      : "Select elements first: a click, then Shift and a click");
 }
@@ -290,16 +335,26 @@ QLayout* BoxFields::NumberFields() {
     connect(spnCount_, &QSpinBox::valueChanged, this, countChanged_);
     txtSeed_ = Named(new QLineEdit("1"), "txtSeed");
     txtSeed_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{1,18}"), txtSeed_));
-    txtSeed_->setToolTip("The same seed always finds the same circuits; another one finds others");
+    txtSeed_->setToolTip("A number to begin with: the same one always finds the same circuits, another one others");
     auto* const numbers = new QHBoxLayout;
     auto* const lblCount = new QLabel("&Circuits:");
     auto* const lblSeed = new QLabel("Seed:");
     lblCount->setBuddy(spnCount_);
     lblSeed->setBuddy(txtSeed_);
+    lblSeed->hide();
+    txtSeed_->hide();
+    auto* const cmdMore = Named(new QToolButton, "cmdMoreNumbers");
+    cmdMore->setText("More");
+    cmdMore->setToolTip("What few need: the number that a search begins with, so that it can be repeated");
+    cmdMore->setCheckable(true);
+    connect(cmdMore, &QToolButton::toggled, lblSeed, &QWidget::setVisible);
+    connect(cmdMore, &QToolButton::toggled, txtSeed_, &QWidget::setVisible);
     numbers->addWidget(lblCount);
     numbers->addWidget(spnCount_);
+    numbers->addStretch();
     numbers->addWidget(lblSeed);
     numbers->addWidget(txtSeed_, 1);
+    numbers->addWidget(cmdMore);
     return numbers;
 }
 
@@ -314,6 +369,10 @@ BoxWish BoxFields::Wish() const {
     wish.Count = spnCount_->value();
     wish.Seed = txtSeed_->text().toULongLong();
     return wish;
+}
+
+void BoxFields::RememberArea() const {
+    session_.Habits.BoxRoom = std::to_string(spnWidth_->value()) + "x" + std::to_string(spnDepth_->value());
 }
 
 } // namespace pistaro

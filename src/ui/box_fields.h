@@ -3,6 +3,7 @@
 
 #include "commands/laying_commands.h"
 #include "ui/piece_counts.h"
+#include "ui/product_finder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -34,15 +35,17 @@ public:
 
     BoxWish Wish() const;
 
+    /// Keeps the area, which the next one begins with.
+    void RememberArea() const;
+
     /// How many circuits are wished for.
     int Count() const { return spnCount_->value(); }
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     QLayout* PieceFields();
+    QLayout* SourceFields();
     QLayout* FilterFields();
+    QLayout* TotalFields();
     void FillBox(const PieceBox& box);
     void Filter();
     QWidget* RoomFields();
@@ -50,6 +53,7 @@ private:
     QLayout* NumberFields();
     void AddSet();
     void OfferOwned();
+    void OfferToOwn();
     void TellChanges();
     void ShowTotal();
     void OfferMustHaves();
@@ -62,9 +66,9 @@ private:
     const std::function<void()> wishChanged_, countChanged_;
     PieceBox owned_; ///< as it was last looked at
     PieceCounts* lstBox_ = nullptr;
-    QLineEdit* txtFilterBox_ = nullptr;
+    ProductFinder* txtFilterBox_ = nullptr;
     QCheckBox* chkAllProducts_ = nullptr;
-    QPushButton* cmdAllOwned_ = nullptr;
+    QPushButton *cmdAllOwned_ = nullptr, *cmdOwnBox_ = nullptr;
     QLabel* lblTotal_ = nullptr;
     QComboBox* cboSets_ = nullptr;
     BoxedSets sets_;

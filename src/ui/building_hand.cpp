@@ -32,8 +32,9 @@ WorldPoint MiddleAt(const BuildCursor& cursor, double width) {
 } // namespace
 
 BuildingHand::BuildingHand(Session& session, CircuitView& view, const std::vector<QToolButton*>& pieces,
-                           std::function<void()> told)
-    : QObject(&view), session_(session), view_(view), told_(std::move(told)), chip_(new TimesChip(*view.window())) {
+                           std::function<void()> told, std::function<bool()> previews)
+    : QObject(&view), session_(session), view_(view), told_(std::move(told)), previews_(std::move(previews)),
+      chip_(new TimesChip(*view.window())) {
     for (QToolButton* const piece : pieces)
         piece->installEventFilter(this);
     // Lists would look for a digit among their lines; those that are typed into keep it.
@@ -86,16 +87,18 @@ void BuildingHand::PointAt(const std::string& code, Pointing pointing) {
 }
 
 std::optional<DropPlace> BuildingHand::PlacePointedAt() const {
-    if (code_.empty()) return std::nullopt;
+    if (code_.empty() || previews_()) return std::nullopt;
     if (pointing_ == Pointing::AtButton) return ButtonPlace(session_.Catalogue, Now(), Held());
     return SelectedPlace(session_.Catalogue, Now(), pointing_ == Pointing::AtReplacement);
 }
 
 bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
-    if (event.type() == QEvent::Enter && button.isEnabled()) {
+    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) {
+        OnFocus(button, static_cast<const QFocusEvent&>(event));
+    } else if (event.type() == QEvent::Enter && button.isEnabled()) {
         PointAt(TagOf(button));
     } else if (event.type() == QEvent::Leave && !dragged_) {
-        PointAt("");
+        if (code_ == TagOf(button)) PointAt(""); // else the keyboard has gone to another
     } else if (event.type() == QEvent::MouseMove && letGo_) {
         return true; // which would press the button again that came up when the piece was dragged off it
     } else if (event.type() == QEvent::MouseMove && button.isEnabled()) {
@@ -111,6 +114,13 @@ bool BuildingHand::OnPiece(QToolButton& button, const QEvent& event) {
         Drop();
     }
     return false;
+}
+
+void BuildingHand::OnFocus(const QToolButton& button, const QFocusEvent& event) {
+    const bool byKey = event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason ||
+                       event.reason() == Qt::ShortcutFocusReason;
+    if (event.gotFocus() && byKey) PointAt(TagOf(button));
+    if (event.lostFocus() && code_ == TagOf(button) && !button.underMouse()) PointAt("");
 }
 
 void BuildingHand::TakeUp(const std::string& code) {
@@ -160,6 +170,15 @@ void BuildingHand::Drop() {
                           std::string(ProductCode(held.Code)));
         DropPiece(session_.Catalogue, session_.Project, *place, held);
     });
+    Follow(*place, held.Times);
+}
+
+void BuildingHand::Follow(const DropPlace& place, int times) {
+    for (int i = 0; i < times; ++i)
+        view_.Follow({place.Track, place.Element + i});
+    const auto pieces = Now().Design.Circuit.Tracks[static_cast<std::size_t>(place.Track)].ElementCodes.size();
+    const bool isBeforeOthers = place.Element == 0 && pieces > static_cast<std::size_t>(times);
+    if (isBeforeOthers) view_.Follow({place.Track, 0}); // the farthest out is seen in any case
 }
 
 void BuildingHand::LetGo() {
@@ -179,13 +198,11 @@ void BuildingHand::ShowCursor() const {
 }
 
 std::string BuildingHand::WordsAt(const DropPlace& place) const {
-    const Circuit& circuit = Now().Design.Circuit;
-    const CatalogueEntry& piece = *session_.Catalogue.Find(code_);
-    const int left = LeftInBox(session_.Catalogue, CountUsed(session_.Catalogue, circuit), Now().Stock, piece);
     const int times = TimesAt(place);
     std::string words = (times > 1 ? std::to_string(times) + " × " : "") + PieceCaption(code_);
-    if (place.Replaces) words += " in place of " + PieceCaption(SelectedCode(circuit, Now().EditState));
-    return words + " · " + std::to_string(left) + " left · " + GapWith(session_.Catalogue, Now(), place, Held());
+    if (place.Replaces) words += " in place of " + PieceCaption(SelectedCode(Now().Design.Circuit, Now().EditState));
+    const int left = LeftWith(session_.Catalogue, Now(), place, Held());
+    return words + " · then " + LeftText(Now().Stock, left) + " · " + GapWith(session_.Catalogue, Now(), place, Held());
 }
 
 void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
@@ -202,8 +219,11 @@ void BuildingHand::ShowGhost(const std::optional<DropPlace>& place) {
     for (int i = 0; i < times; ++i)
         end = ExitOf(kind, end);
     const std::vector<std::string> codes(static_cast<std::size_t>(times), code_);
+    const Track& track = Now().Design.Circuit.Tracks[static_cast<std::size_t>(place->Track)];
+    const bool isAtEnd = place->Element > track.ElementLastIndex(); // else something lies ahead
+    const std::optional<double> ahead = isAtEnd ? std::optional<double>(end.CursorHeading) : std::nullopt;
     view_.SetOverlay(GhostOverlay, {OverlayPieces{codes, place->At, place->CodeBefore, colour},
-                                    OverlayText{MiddleAt(end, kind.Width), WordsAt(*place), colour}});
+                                    OverlayText{MiddleAt(end, kind.Width), WordsAt(*place), colour, ahead}});
     ShowDisplaced(*place, end);
 }
 

@@ -1,5 +1,5 @@
-// Building by hand: the ghost of the piece that the mouse is on, pieces dragged from their buttons onto the drawing,
-// digits that lay so many, and the handles of the current track's open ends.
+// Building by hand: the ghost of the piece that the mouse or the keyboard is on, pieces dragged from their buttons onto
+// the drawing, digits that lay so many, and the handles of the current track's open ends.
 #pragma once
 
 #include "editor/piece_dropping.h"
@@ -17,9 +17,10 @@ namespace pistaro {
 
 class BuildingHand : public QObject {
 public:
-    /// `told` is called when the number to lay has changed.
+    /// `told` is called when the number to lay has changed; while `previews` something else shows its pieces in the
+    /// drawing, and no ghost of one that is pointed at lies among them.
     BuildingHand(Session& session, CircuitView& view, const std::vector<QToolButton*>& pieces,
-                 std::function<void()> told);
+                 std::function<void()> told, std::function<bool()> previews);
 
     /// Brings handles and ghost up to date.
     void Refresh();
@@ -41,6 +42,8 @@ private:
 
     bool OnKey(const QKeyEvent& key);
     bool OnPiece(QToolButton& button, const QEvent& event);
+    /// On the button that the keyboard goes to or leaves.
+    void OnFocus(const QToolButton& button, const QFocusEvent& event);
     bool OnCarried(const QEvent& event);
     void TakeDigit(int digit);
 
@@ -61,6 +64,8 @@ private:
     /// Shows the piece that is dragged at a place of the screen.
     void Carry(QPointF global);
     void Drop();
+    /// Moves the view where pieces that were laid there lie outside of it.
+    void Follow(const DropPlace& place, int times);
     /// Lets go of the piece that is dragged.
     void LetGo();
     /// The piece hangs on the mouse while it is dragged; where it cannot be laid a sign says so.
@@ -71,6 +76,7 @@ private:
     Session& session_;
     CircuitView& view_;
     std::function<void()> told_;
+    std::function<bool()> previews_;
     std::string code_; ///< of the piece that is pointed at or dragged
     Pointing pointing_ = Pointing::AtButton;
     bool dragged_ = false;           ///< it is held over the drawing

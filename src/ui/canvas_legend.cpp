@@ -1,20 +1,13 @@
 #include "ui/canvas_legend.h"
 
+#include "ui/named_controls.h"
+
 #include <algorithm>
 #include <array>
 
 namespace pistaro {
 
 namespace {
-
-struct Entry {
-    PieceStanding Standing;
-    const char* Words;
-};
-constexpr std::array<Entry, 4> Entries{{{PieceStanding::Active, "selected"},
-                                        {PieceStanding::Owned, "you own it"},
-                                        {PieceStanding::NonOwned, "to buy"},
-                                        {PieceStanding::Inactive, "another track"}}};
 
 constexpr double Margin = 12;
 constexpr double SampleWidth = 34;
@@ -30,14 +23,29 @@ void PaintSample(QPainter& painter, const QRectF& place, PieceStanding standing,
 
 double LineHeight(const QFontMetricsF& letters) { return letters.height() + 8; }
 
+void PaintSample(QPainter& painter, const QRectF& place, Colour lane) {
+    constexpr double thickness = 4;
+    const double middle = place.center().y();
+    painter.setPen(QPen(ToQColor(lane), thickness, Qt::SolidLine, Qt::FlatCap));
+    painter.drawLine(QPointF(place.left(), middle), QPointF(place.right(), middle));
+}
+
 } // namespace
 
-QRectF LegendPlace(QSizeF drawing, const QFontMetricsF& letters, const std::vector<QPointF>& busy) {
+std::vector<LegendEntry> StandingLegend() {
+    return {{PieceStanding::Active, "selected"},
+            {PieceStanding::Owned, "you own it"},
+            {PieceStanding::NonOwned, "to buy"},
+            {PieceStanding::Inactive, "another track"}};
+}
+
+QRectF LegendPlace(QSizeF drawing, const QFontMetricsF& letters, const std::vector<LegendEntry>& entries,
+                   const std::vector<QPointF>& busy) {
     double widest = 0;
-    for (const Entry& entry : Entries)
-        widest = std::max(widest, letters.horizontalAdvance(entry.Words));
+    for (const LegendEntry& entry : entries)
+        widest = std::max(widest, letters.horizontalAdvance(Shown(entry.Words)));
     const QSizeF size(SampleWidth + widest + 3 * Margin,
-                      static_cast<double>(Entries.size()) * LineHeight(letters) + Margin);
+                      static_cast<double>(entries.size()) * LineHeight(letters) + Margin);
     const double right = drawing.width() - Margin - size.width();
     const double bottom = drawing.height() - Margin - size.height();
     const std::array<QPointF, 4> corners{{{Margin, Margin}, {right, Margin}, {right, bottom}, {Margin, bottom}}};
@@ -47,7 +55,8 @@ QRectF LegendPlace(QSizeF drawing, const QFontMetricsF& letters, const std::vect
     return {*std::ranges::min_element(corners, {}, hidden), size};
 }
 
-void PaintLegend(QPainter& painter, const QRectF& plate, const ColourScheme& colours, TrackLook look) {
+void PaintLegend(QPainter& painter, const QRectF& plate, const std::vector<LegendEntry>& entries,
+                 const ColourScheme& colours, TrackLook look) {
     const double line = LineHeight(QFontMetricsF(painter.font()));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -57,12 +66,15 @@ void PaintLegend(QPainter& painter, const QRectF& plate, const ColourScheme& col
     painter.setBrush(ground);
     painter.drawRoundedRect(plate, 6, 6);
     double top = plate.top() + Margin / 2;
-    for (const Entry& entry : Entries) {
+    for (const LegendEntry& entry : entries) {
         const QRectF sample(plate.left() + Margin, top + 5, SampleWidth, line - 10);
-        PaintSample(painter, sample, entry.Standing, colours, look);
+        if (const auto* const standing = std::get_if<PieceStanding>(&entry.Sample))
+            PaintSample(painter, sample, *standing, colours, look);
+        else
+            PaintSample(painter, sample, std::get<Colour>(entry.Sample));
         painter.setPen(ToQColor(TextColourOn(colours.Background)));
         painter.drawText(QRectF(QPointF(sample.right() + Margin, top), QPointF(plate.right(), top + line)),
-                         Qt::AlignVCenter, entry.Words);
+                         Qt::AlignVCenter, Shown(entry.Words));
         top += line;
     }
     painter.restore();

@@ -1,15 +1,18 @@
 #include "ui/canvas_pointer.h"
 
+#include "commands/background_commands.h"
 #include "editor/building.h"
 #include "editor/mouse_selection.h"
 #include "editor/piece_tip.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "layout/outline.h"
+#include "text/minus_text.h"
 #include "text/number_text.h"
 #include "ui/named_controls.h"
 #include "ui/piece_menu.h"
 #include "ui/strip.h"
+#include "ui/tip_place.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -62,6 +65,7 @@ CanvasPointer::CanvasPointer(Session& session, const CommandControls& controls, 
     view.grabGesture(Qt::PinchGesture);
     view.installEventFilter(this);
     pieces_ = PickMap(session.Catalogue, Now().Design.Circuit);
+    laid_ = Now().Design.Circuit;
     followed_ = {Now().EditState.CurrentTrack, Now().EditState.SelectedElement()};
 }
 
@@ -69,6 +73,8 @@ void CanvasPointer::Refresh(const Changes& changes) {
     if (changes.Circuit) {
         pieces_ = PickMap(session_.Catalogue, Now().Design.Circuit);
         PointAt(std::nullopt);
+        if (!changes.OtherCircuit) FollowInsertion();
+        laid_ = Now().Design.Circuit;
     }
     if (changes.EditState) Follow();
     if (changes.EditState || changes.Circuit) ShowRun();
@@ -92,17 +98,19 @@ void CanvasPointer::Follow() {
     const PieceAddress selected{Now().EditState.CurrentTrack, Now().EditState.SelectedElement()};
     if (selected == followed_) return;
     followed_ = selected;
-    if (selected.Element < 0) return;
-    const auto placement = PlacementOf(session_.Catalogue, Now().Design.Circuit, selected);
-    if (!placement) return;
-    const Ground ground = GroundOf(*placement);
-    const GroundPoint middle = MiddleOf(ground);
-    const QPointF place = view_.PlaceOf({static_cast<float>(middle.X), static_cast<float>(middle.Y)});
-    if (QRectF(view_.rect()).contains(place)) return;
-    session_.Do([&] {
-        ViewSettings& view = session_.Project.Design.View;
-        FollowTo(view, ground.Box, view_.Frame().Covered(view));
-    });
+    if (selected.Element >= 0) view_.Follow(selected);
+}
+
+void CanvasPointer::FollowInsertion() {
+    const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
+    if (track == nullptr) return;
+    const Track& before = laid_.Tracks[static_cast<std::size_t>(Now().EditState.CurrentTrack)];
+    const ViewRectangle covered = view_.Frame().Covered(Now().Design.View);
+    const auto box = ExtentAfterInsertion(session_.Catalogue, before, *track, covered);
+    if (!box) return;
+    const bool hasRoom = box->Right - box->Left <= double{covered.ViewRight} - covered.ViewLeft &&
+                         box->Top - box->Bottom <= double{covered.ViewTop} - covered.ViewBottom;
+    session_.Do([&] { hasRoom ? FollowTo(session_.Project.Design.View, *box, covered) : FitCommand(session_); });
 }
 
 bool CanvasPointer::eventFilter(QObject*, QEvent* event) { return Handle(*event); }
@@ -289,10 +297,8 @@ bool CanvasPointer::Pinch(const QGestureEvent& event) {
 void CanvasPointer::PointAt(const std::optional<PieceAddress>& piece) {
     if (piece == pointed_) return;
     pointed_ = piece;
-    if (!piece) {
-        QToolTip::hideText();
-        return view_.ClearOverlay(HoverOverlay);
-    }
+    QToolTip::hideText(); // it tells of the piece before
+    if (!piece) return view_.ClearOverlay(HoverOverlay);
     constexpr double hoverPixels = 2.5;
     const auto placement = PlacementOf(session_.Catalogue, Now().Design.Circuit, *piece);
     if (placement) view_.SetOverlay(HoverOverlay, {OutlineOf(*placement, HoverColour, hoverPixels)});
@@ -300,10 +306,28 @@ void CanvasPointer::PointAt(const std::optional<PieceAddress>& piece) {
 
 void CanvasPointer::ShowTip(const QHelpEvent& event) {
     if (!pointed_) return QToolTip::hideText();
-    QToolTip::showText(event.globalPos(),
-                       Shown(PieceTip(session_.Catalogue, Now(), *pointed_) +
-                             "\nDrag moves the track · Shift: in steps · Ctrl: turns it"),
-                       &view_);
+    QRect told(event.globalPos(), QSize(1, 1));
+    std::vector<QRect> others;
+    WalkTrack(session_.Catalogue, Now().Design.Circuit.Tracks[static_cast<std::size_t>(pointed_->Track)],
+              [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+                  if (placement == nullptr) return;
+                  const QRect place = ScreenPlaceOf(*placement);
+                  if (element != pointed_->Element) return others.push_back(place);
+                  // Of a piece that fills much of the drawing what lies around the mouse.
+                  constexpr int near = 120; // pixels
+                  told = place & told.adjusted(-near, -near, near, near);
+              });
+    ShowTipBeside(told,
+                  Shown(PieceTip(session_.Catalogue, Now(), *pointed_, session_.MoneyMarks) +
+                        "\nDrag moves the track · Shift: in steps · Ctrl: turns it"),
+                  view_, others);
+}
+
+QRect CanvasPointer::ScreenPlaceOf(const PiecePlacement& placement) const {
+    const GroundBox box = GroundOf(placement).Box;
+    const QPointF upperLeft = view_.PlaceOf({static_cast<float>(box.Left), static_cast<float>(box.Top)});
+    const QPointF lowerRight = view_.PlaceOf({static_cast<float>(box.Right), static_cast<float>(box.Bottom)});
+    return {view_.mapToGlobal(upperLeft.toPoint()), view_.mapToGlobal(lowerRight.toPoint())};
 }
 
 /// The mouse, or where the keyboard asks for the menu, the selected piece.
@@ -348,7 +372,7 @@ void CanvasPointer::ShowDragged(QPointF place) {
                       OverlayText{view_.WorldAt(place), WordsOfDrag(), colours.Active}});
 }
 
-/// "12.5, -3.1 cm", or "22.5° to the left".
+/// "12.5, −3.1 cm", or "22.5° to the left".
 std::string CanvasPointer::WordsOfDrag() const {
     if (doing_ == Doing::TurningTrack) {
         constexpr double degrees = 11.25; // a step of the turn buttons
@@ -356,7 +380,9 @@ std::string CanvasPointer::WordsOfDrag() const {
     }
     const BuildCursor start = EditedTrack(Now().Design.Circuit, Now().EditState)->Start();
     const Units& units = Now().Preferences.Units;
-    const auto length = [&units](float cm) { return NumberText(std::round(cm / units.UnitFactor() * 10) / 10); };
+    const auto length = [&units](float cm) {
+        return WithMinus(NumberText(std::round(cm / units.UnitFactor() * 10) / 10));
+    };
     return length(dragged_.CursorX - start.CursorX) + ", " + length(dragged_.CursorY - start.CursorY) + " " +
            units.Name();
 }

@@ -53,6 +53,7 @@ private:
     bool Pinch(const QNativeGestureEvent& event);
     bool Pinch(const QGestureEvent& event);
     void ShowTip(const QHelpEvent& event);
+    QRect ScreenPlaceOf(const PiecePlacement& placement) const;
     QPoint PlaceOfMenu(const QContextMenuEvent& event) const;
 
     void Select(QPointF place, bool andAllBetween = false);
@@ -67,6 +68,8 @@ private:
     void ShowCursor();
     /// Moves the view where what was selected since the last time lies outside of it.
     void Follow();
+    /// Goes on showing the whole of a track that makes room for elements that are put in.
+    void FollowInsertion();
     void ShowRun();
 
     const Project& Now() const { return session_.Project; }
@@ -75,6 +78,7 @@ private:
     const CommandControls& controls_;
     CircuitView& view_;
     PickMap pieces_;
+    Circuit laid_; ///< as it was before the last change
     std::optional<PieceAddress> pointed_;
     PieceAddress followed_{-1, -1}; ///< what was selected last
     Doing doing_ = Doing::Nothing;

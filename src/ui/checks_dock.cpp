@@ -1,21 +1,26 @@
 #include "ui/checks_dock.h"
 
 #include "checks/check.h"
+#include "checks/rules.h"
 #include "editor/picking.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "layout/ground.h"
+#include "layout/placement.h"
 #include "platform/fault.h"
 #include "ui/findings_overlay.h"
 #include "ui/named_controls.h"
+#include "ui/wrapped_lines.h"
 
 #include <QHeaderView>
 #include <QPainter>
 #include <QTimer>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace pistaro {
 
@@ -61,6 +66,13 @@ QString SummaryOf(const std::vector<Finding>& findings) {
            text(count(Severity::Advice), "piece of advice", "pieces of advice");
 }
 
+const Rule& RuleOf(const Finding& finding) {
+    return *std::ranges::find_if(Rules(), [&](const Rule& rule) { return rule.Id == finding.Rule; });
+}
+
+/// Its place among the findings; of a heading that of the first below it.
+std::size_t FindingOf(const QTreeWidgetItem& line) { return line.data(0, Qt::UserRole).value<std::size_t>(); }
+
 } // namespace
 
 ChecksDock::ChecksDock(Session& session, CircuitView& view)
@@ -72,21 +84,35 @@ ChecksDock::ChecksDock(Session& session, CircuitView& view)
     column->setContentsMargins(6, 6, 6, 6);
     column->addWidget(summary_);
     column->addWidget(list_);
+    summary_->setWordWrap(true);
+    setWidget(content);
+    SetUpList();
+}
+
+void ChecksDock::SetUpList() {
     list_->setHeaderLabels({"Track", "Finding"});
     list_->setWordWrap(true);
     list_->setTextElideMode(Qt::ElideNone);
+    list_->setItemDelegate(new WrappedLines(*list_));
+    list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list_->setExpandsOnDoubleClick(false); // a click does
     list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list_->setMinimumWidth(240);
     list_->setAccessibleName("Findings");
-    setWidget(content);
     connect(list_, &QTreeWidget::currentItemChanged, this, [this] {
         Mark();
         if (const Finding* const finding = Chosen()) Show(*finding);
     });
-    connect(list_, &QTreeWidget::itemClicked, this, [this] {
+    connect(list_, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* line) {
         if (const Finding* const finding = Chosen()) Show(*finding);
+        line->setExpanded(true);
     });
+    const auto ruleOf = [this](const QTreeWidgetItem& line) { return findings_[FindingOf(line)].Rule; };
+    connect(list_, &QTreeWidget::itemExpanded, this,
+            [this, ruleOf](QTreeWidgetItem* line) { unfolded_.insert(ruleOf(*line)); });
+    connect(list_, &QTreeWidget::itemCollapsed, this,
+            [this, ruleOf](QTreeWidgetItem* line) { unfolded_.erase(ruleOf(*line)); });
 }
 
 void ChecksDock::Refresh(const Changes& changes) {
@@ -115,9 +141,12 @@ void ChecksDock::CheckLater() {
 
 void ChecksDock::Check() {
     const Project& project = session_.Project;
+    const std::optional<Finding> chosen = Chosen() == nullptr ? std::nullopt : std::optional(*Chosen());
+    const bool wasHeading = chosen && list_->currentItem()->childCount() > 0;
     QString summary;
     try {
-        findings_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units);
+        findings_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units,
+                                session_.MoneyMarks);
         summary = SummaryOf(findings_);
     } catch (const Fault& fault) { // a stock that no count can hold
         findings_.clear();
@@ -125,28 +154,92 @@ void ChecksDock::Check() {
     }
     summary_->setText(summary);
     List();
+    if (chosen) Choose(*chosen, wasHeading);
     Mark();
 }
 
+/// Many findings of a rule stand below a heading, folded at first, so that they hide no others.
 void ChecksDock::List() {
+    constexpr std::ptrdiff_t mostUnfolded = 5;
     const QSignalBlocker quiet(list_);
     list_->clear();
+    std::map<std::string_view, std::ptrdiff_t> counts;
+    for (const Finding& finding : findings_)
+        ++counts[finding.Rule];
+    std::map<std::string_view, QTreeWidgetItem*> headings;
+    for (std::size_t at = 0; at < findings_.size(); ++at) {
+        const std::string_view rule = findings_[at].Rule;
+        if (counts[rule] <= mostUnfolded) {
+            list_->addTopLevelItem(NewLine(at));
+            continue;
+        }
+        QTreeWidgetItem*& heading = headings[rule];
+        if (heading == nullptr) list_->addTopLevelItem(heading = NewHeading(at, counts[rule]));
+        heading->addChild(NewLine(at));
+    }
+    for (const auto& [rule, heading] : headings)
+        heading->setExpanded(unfolded_.contains(rule));
+    list_->setRootIsDecorated(!headings.empty());
+}
+
+QTreeWidgetItem* ChecksDock::NewLine(std::size_t at) const {
+    const Finding& finding = findings_[at];
+    auto* const line = new QTreeWidgetItem(QStringList{QString::number(finding.Track + 1), Shown(finding.Text)});
+    line->setData(0, Qt::UserRole, QVariant::fromValue(at));
+    line->setIcon(0, IconOf(finding.Severity));
+    line->setToolTip(0, Shown(NameOf(finding.Severity)));
+    line->setToolTip(1, "<p>" + Shown(RuleOf(finding).Why).toHtmlEscaped() + "</p>"); // which may take several lines
+    return line;
+}
+
+QTreeWidgetItem* ChecksDock::NewHeading(std::size_t first, std::ptrdiff_t count) const {
+    QTreeWidgetItem* const heading = NewLine(first);
+    heading->setText(0, TracksOf(findings_[first].Rule));
+    heading->setText(1, Shown(RuleOf(findings_[first]).Text) + " (" + QString::number(count) + ")");
+    QFont bold = list_->font();
+    bold.setBold(true);
+    heading->setFont(1, bold);
+    return heading;
+}
+
+/// "1, 3": on which tracks a rule has found something.
+QString ChecksDock::TracksOf(std::string_view rule) const {
+    std::set<int> tracks;
     for (const Finding& finding : findings_) {
-        auto* const item = new QTreeWidgetItem(list_, {QString::number(finding.Track + 1), Shown(finding.Text)});
-        item->setIcon(0, IconOf(finding.Severity));
-        item->setToolTip(0, Shown(NameOf(finding.Severity)));
-        item->setToolTip(1, Shown(finding.Rule));
+        if (finding.Rule == rule) tracks.insert(finding.Track + 1);
+    }
+    QStringList texts;
+    for (const int track : tracks)
+        texts += QString::number(track);
+    return texts.join(", ");
+}
+
+/// The line of that finding, if it is found still, or the heading of its rule.
+void ChecksDock::Choose(const Finding& finding, bool heading) {
+    const QSignalBlocker quiet(list_);
+    for (QTreeWidgetItemIterator line(list_); *line != nullptr; ++line) {
+        const bool isHeading = (*line)->childCount() > 0;
+        const Finding& of = findings_[FindingOf(**line)];
+        const bool isSeen = (*line)->parent() == nullptr || (*line)->parent()->isExpanded();
+        if (isHeading != heading || !isSeen || !(heading ? of.Rule == finding.Rule : of == finding)) continue;
+        return list_->setCurrentItem(*line);
     }
 }
 
 const Finding* ChecksDock::Chosen() const {
-    const int row = list_->indexOfTopLevelItem(list_->currentItem());
-    return row < 0 || row >= static_cast<int>(findings_.size()) ? nullptr : &findings_[static_cast<std::size_t>(row)];
+    const QTreeWidgetItem* const line = list_->currentItem();
+    return line == nullptr ? nullptr : &findings_[FindingOf(*line)];
 }
 
 void ChecksDock::Mark() {
     if (!isVisible()) return;
-    view_.SetOverlay(Owner, FindingsOverlay(session_.Catalogue, session_.Project.Design.Circuit, findings_, Chosen()));
+    const Finding* const current = Chosen();
+    const bool isHeading = current != nullptr && list_->currentItem()->childCount() > 0; // it stands for all below it
+    std::vector<const Finding*> chosen;
+    for (const Finding& finding : findings_) {
+        if (&finding == current || (isHeading && finding.Rule == current->Rule)) chosen.push_back(&finding);
+    }
+    view_.SetOverlay(Owner, FindingsOverlay(session_.Catalogue, session_.Project.Design.Circuit, findings_, chosen));
 }
 
 void ChecksDock::Show(const Finding& finding) {
@@ -160,11 +253,44 @@ void ChecksDock::Show(const Finding& finding) {
         SelectElement(project.Design.Circuit, project.EditState, first);
         const bool isRun = last > first && last - first + 1 == static_cast<int>(finding.Pieces.size());
         if (isRun) project.EditState.RunFrom = last;
+        if (finding.Rule == "open-track") return BringEndsIntoView(finding.Track);
+        if (finding.Rule == "lanes-differ") return ShowCurves(finding);
         // The first piece comes last, so that it is seen even where not all of them can be.
         if (finding.Other) BringPieceIntoView(*finding.Other);
         for (auto element = finding.Pieces.rbegin(); element != finding.Pieces.rend(); ++element)
             BringPieceIntoView({finding.Track, *element});
     });
+}
+
+/// All that make one lane longer than the other, the first of them selected.
+void ChecksDock::ShowCurves(const Finding& finding) {
+    Project& project = session_.Project;
+    const std::vector<PieceAddress> curves = PiecesOf(session_.Catalogue, project.Design.Circuit, finding);
+    if (curves.empty()) return;
+    SelectElement(project.Design.Circuit, project.EditState, curves.front().Element);
+    std::optional<GroundBox> box;
+    for (const PieceAddress curve : curves) {
+        const auto placement = PlacementOf(session_.Catalogue, project.Design.Circuit, curve);
+        if (!placement) continue;
+        const GroundBox ground = GroundOf(*placement).Box;
+        box = box ? box->Joined(ground) : ground;
+    }
+    if (box) project.Design.View = view_.ViewWith(*box, project.Design.View);
+}
+
+void ChecksDock::BringEndsIntoView(int track) {
+    Design& design = session_.Project.Design;
+    const Track& open = design.Circuit.Tracks[static_cast<std::size_t>(track)];
+    const auto boxAt = [](const BuildCursor& cursor) {
+        return GroundBox{cursor.CursorX, cursor.CursorX, cursor.CursorY, cursor.CursorY};
+    };
+    const BuildCursor end = WalkTrack(session_.Catalogue, open, [](int, const PiecePlacement*, const BuildCursor&) {});
+    GroundBox box = boxAt(open.Start()).Joined(boxAt(end));
+    for (const int element : {0, open.ElementLastIndex()}) {
+        if (const auto placement = PlacementOf(session_.Catalogue, design.Circuit, {track, element}))
+            box = box.Joined(GroundOf(*placement).Box);
+    }
+    design.View = view_.ViewWith(box, design.View);
 }
 
 void ChecksDock::BringPieceIntoView(PieceAddress piece) {

@@ -9,6 +9,10 @@
 #include <QDockWidget>
 #include <QLabel>
 
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string_view>
 #include <vector>
 
 namespace pistaro {
@@ -28,12 +32,19 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void SetUpList();
     void CheckLater();
     void Check();
     void List();
+    QTreeWidgetItem* NewLine(std::size_t finding) const;
+    QTreeWidgetItem* NewHeading(std::size_t first, std::ptrdiff_t count) const;
+    void Choose(const Finding& finding, bool heading);
     void Mark();
     void Show(const Finding& finding);
     void BringPieceIntoView(PieceAddress piece);
+    void BringEndsIntoView(int track);
+    void ShowCurves(const Finding& finding);
+    QString TracksOf(std::string_view rule) const;
     const Finding* Chosen() const;
 
     Session& session_;
@@ -41,7 +52,8 @@ private:
     PanelList* const list_;
     QLabel* const summary_;
     std::vector<Finding> findings_;
-    bool waiting_ = false; ///< a check is due
+    std::set<std::string_view> unfolded_; ///< the rules whose findings are listed below their heading
+    bool waiting_ = false;                ///< a check is due
 };
 
 } // namespace pistaro

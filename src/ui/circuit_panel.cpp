@@ -43,7 +43,7 @@ CircuitPanel::CircuitPanel(Session& session, CommandControls& controls)
             [this](int value) { session_.Do([&] { ScrollHorizontally(session_.Project.Design.View, value); }); });
     connect(vMov_, &QScrollBar::valueChanged, this,
             [this](int value) { session_.Do([&] { ScrollVertically(session_.Project.Design.View, value); }); });
-    setMinimumSize(300, 300);
+    setMinimumSize(300, 230);
 }
 
 QWidget* CircuitPanel::Tools(CommandControls& controls) {

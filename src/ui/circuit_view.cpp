@@ -1,21 +1,26 @@
 // Redrawing and showing are two things: what only uncovers the window shows the kept picture again.
 #include "ui/circuit_view.h"
 
+#include "commands/side_columns.h"
+#include "editor/picking.h"
+#include "editor/view_commands.h"
 #include "layout/placement.h"
 #include "platform/fault.h"
 #include "storage/settings_file.h"
 #include "ui/canvas_colours.h"
-#include "ui/canvas_legend.h"
 
 #include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace pistaro {
 
 namespace {
 
+constexpr Colour NeutralEdge = Rgb(128, 132, 138);
 constexpr int RestTime = 60; ///< milliseconds without a move after which a large circuit is drawn as it is
 
 /// More pieces than can be drawn anew for every step of a moving view.
@@ -61,11 +66,36 @@ void CircuitView::Redraw() {
     rest_.stop();
     drawing_.Redraw(session_.Catalogue, Drawn(), session_.Background ? session_.Background->Image() : QImage(), Frame(),
                     Look(), ScaledPicture());
-    if (session_.Looks.Legend) legend_ = PlaceOfLegend();
+    legend_ = PlaceOfLegend();
     stale_ = moved_ = false;
 }
 
+std::vector<LegendEntry> CircuitView::Legend() const {
+    std::vector<LegendEntry> entries = session_.Looks.Legend ? StandingLegend() : std::vector<LegendEntry>();
+    entries.insert(entries.end(), laneLegend_.begin(), laneLegend_.end());
+    return entries;
+}
+
+void CircuitView::ShowLaneLegend(std::vector<LegendEntry> entries) {
+    if (entries.empty() && laneLegend_.empty()) return;
+    laneLegend_ = std::move(entries);
+    legend_ = PlaceOfLegend();
+    update();
+}
+
+void CircuitView::Invite(bool invites) {
+    invites_ = invites;
+    update();
+}
+
+/// Where it hides the least of what is drawn.
 QRectF CircuitView::PlaceOfLegend() const {
+    const std::vector<LegendEntry> entries = Legend();
+    if (entries.empty()) return {};
+    return LegendPlace(size(), fontMetrics(), entries, PlacesOfCorners());
+}
+
+std::vector<QPointF> CircuitView::PlacesOfCorners() const {
     std::vector<QPointF> corners;
     for (const Track& track : session_.Project.Design.Circuit.Tracks) {
         WalkTrack(session_.Catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
@@ -74,20 +104,25 @@ QRectF CircuitView::PlaceOfLegend() const {
                 corners.push_back(PlaceOf(corner));
         });
     }
-    return LegendPlace(size(), fontMetrics(), corners);
+    return corners;
 }
 
+/// While lanes are shown in colours, the edges of beds have none that could be taken for a lane's: stripes tell what is
+/// not owned.
 ColourScheme CircuitView::Colours() const {
-    return CanvasColours(session_.Project.Preferences.Colours, initialColours_, palette());
+    ColourScheme colours = CanvasColours(session_.Project.Preferences.Colours, initialColours_, palette());
+    if (session_.Looks.Lanes && session_.Looks.Surface) colours.NonOwned = colours.Owned = NeutralEdge;
+    return colours;
 }
 
 const Project& CircuitView::Drawn() {
     const ColourScheme colours = Colours();
-    recoloured_.reset();
-    if (colours == session_.Project.Preferences.Colours) return session_.Project;
-    recoloured_ = session_.Project;
-    recoloured_->Preferences.Colours = colours;
-    return *recoloured_;
+    altered_.reset();
+    if (colours == session_.Project.Preferences.Colours && !proposed_) return session_.Project;
+    altered_ = session_.Project;
+    altered_->Preferences.Colours = colours;
+    if (proposed_) altered_->Background = proposed_;
+    return *altered_;
 }
 
 QImage CircuitView::ScaledPicture() const {
@@ -129,8 +164,8 @@ void CircuitView::paintEvent(QPaintEvent*) {
     }
     for (const auto& [owner, overlay] : overlays_)
         PaintOverlay(overlay, session_.Catalogue, View(), Frame(), painter);
-    if (IsEmpty(session_.Project.Design.Circuit)) PaintInvitation(painter);
-    if (session_.Looks.Legend) PaintLegend(painter, legend_, Colours(), Look());
+    if (invites_ && IsEmpty(session_.Project.Design.Circuit)) PaintInvitation(painter);
+    if (!legend_.isEmpty()) PaintLegend(painter, legend_, Legend(), Colours(), Look());
 }
 
 void CircuitView::PaintInvitation(QPainter& painter) {
@@ -142,7 +177,7 @@ void CircuitView::PaintInvitation(QPainter& painter) {
     painter.setFont(large);
     painter.setPen(ink);
     painter.drawText(rect().adjusted(24, 24, -24, -height() / 2), Qt::AlignCenter | Qt::TextWordWrap,
-                     session_.Looks.Columns
+                     IsColumnShown(session_, &Looks::PieceColumn)
                          ? "Press a piece at the left to begin, or drag one here. Help ▸ Tour shows how."
                          : "Press F9 to see the pieces, and one of them to begin. Help ▸ Tour shows how.");
     painter.setFont(font());
@@ -155,6 +190,13 @@ void CircuitView::SetOverlay(const std::string& owner, Overlay overlay) {
 
 void CircuitView::ClearOverlay(const std::string& owner) {
     if (overlays_.erase(owner) > 0) update();
+}
+
+void CircuitView::ProposeBackground(std::shared_ptr<const ScaledBackground> proposed) {
+    if (proposed == proposed_) return;
+    proposed_ = std::move(proposed);
+    stale_ = true;
+    update();
 }
 
 const Overlay& CircuitView::OverlayOf(const std::string& owner) const {
@@ -172,8 +214,29 @@ void CircuitView::changeEvent(QEvent* event) {
 
 void CircuitView::resizeEvent(QResizeEvent*) { session_.PicturePixels = Frame().Square().width(); }
 
+ViewSettings CircuitView::ViewWith(const GroundBox& box, ViewSettings view) const {
+    constexpr double around = 10; // cm
+    const GroundBox shown = box.Grown(around);
+    const double side = std::max(shown.Right - shown.Left, shown.Top - shown.Bottom);
+    if (side > double{view.Width}) view.Width = static_cast<float>(std::ceil(side));
+    FollowTo(view, shown, Frame().Covered(view));
+    return view;
+}
+
 WorldPoint CircuitView::WorldAt(QPointF place) const { return Frame().WorldAt(place, View()); }
 
 QPointF CircuitView::PlaceOf(WorldPoint point) const { return Frame().PlaceOf(point, View()); }
+
+void CircuitView::Follow(const PieceAddress& piece) {
+    const auto placement = PlacementOf(session_.Catalogue, session_.Project.Design.Circuit, piece);
+    if (!placement) return;
+    const GroundBox box = GroundOf(*placement).Box;
+    const ViewRectangle covered = Frame().Covered(session_.Project.Design.View);
+    if (IsShown(box, covered)) return;
+    const double side =
+        std::min(double{covered.ViewRight} - covered.ViewLeft, double{covered.ViewTop} - covered.ViewBottom);
+    const double margin = side / 8; // for what is laid next
+    session_.Do([&] { FollowTo(session_.Project.Design.View, box.Grown(margin), covered); });
+}
 
 } // namespace pistaro

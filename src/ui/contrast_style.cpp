@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QStyleOption>
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
@@ -40,13 +42,59 @@ void PaintFrame(QPainter& painter, const QStyleOption& option, bool round) {
     painter.restore();
 }
 
+/// The dot of what is chosen, which the style below draws pale.
+void PaintDot(QPainter& painter, const QStyleOption& option) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(option.palette.color(QPalette::Text));
+    const QRectF ring(option.rect);
+    painter.drawEllipse(ring.center(), ring.width() / 4, ring.height() / 4);
+    painter.restore();
+}
+
+/// The line across a menu, behind the words of a heading: the style below draws it darker than the menu.
+void PaintSeparator(QPainter& painter, const QStyleOptionMenuItem& entry) {
+    constexpr int margin = 5;
+    const int words = entry.text.isEmpty() ? 0 : entry.fontMetrics.horizontalAdvance(entry.text) + margin;
+    painter.save();
+    painter.setPen(entry.palette.color(QPalette::Disabled, QPalette::Mid));
+    const int middle = entry.rect.center().y();
+    painter.drawLine(entry.rect.left() + margin + words, middle, entry.rect.right() - margin, middle);
+    painter.restore();
+}
+
 } // namespace
 
 void ContrastStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                   const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (element == PE_IndicatorRadioButton) PaintFrame(*painter, *option, true);
+    if (element == PE_IndicatorRadioButton) {
+        PaintFrame(*painter, *option, true);
+        const bool isPale = IsDark(option->palette) || HasHighContrast(option->palette);
+        if (option->state & State_On && isPale) PaintDot(*painter, *option);
+    }
     if (HasFrame(element, HasHighContrast(option->palette))) PaintFrame(*painter, *option, false);
+}
+
+void ContrastStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    const auto* const entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    const bool isSeparator =
+        element == CE_MenuItem && entry != nullptr && entry->menuItemType == QStyleOptionMenuItem::Separator;
+    if (isSeparator && IsDark(entry->palette)) PaintSeparator(*painter, *entry);
+}
+
+QSize ContrastStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                      const QWidget* widget) const {
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const auto* const entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    const bool isHeading = type == CT_MenuItem && entry != nullptr &&
+                           entry->menuItemType == QStyleOptionMenuItem::Separator && !entry->text.isEmpty();
+    constexpr int around = 10;
+    if (isHeading) size.setHeight(std::max(size.height(), entry->fontMetrics.height() + around));
+    return size;
 }
 
 void ContrastStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

@@ -8,6 +8,7 @@
 #include "ui/frmCorvel.h"
 #include "ui/frmRecovered.h"
 #include "ui/message_prompts.h"
+#include "ui/screen_fit.h"
 #include "ui/window_settings.h"
 
 #include <QApplication>
@@ -51,7 +52,7 @@ void BeginDesigning(frmCorvel& window, Session& session, const std::vector<Messa
         if (circuit) window.Open(*circuit);
         session.ForgetHistory(); // it is what this start is about
         if (session.Recovery != nullptr && !session.Recovery->Untold().empty())
-            frmRecovered(session, frmRecovered::Occasion::Start, &window).exec();
+            ShowModally(frmRecovered(session, frmRecovered::Occasion::Start, &window));
     };
     const auto showWindow = [&window, begin] {
         window.show();
@@ -80,8 +81,8 @@ int RunDesigner(int argc, char** argv, const Catalogue& catalogue, const Designe
     Recovery recovery(session, RecoveryFolder(), post);
     frmCorvel window(session);
     RestoreWindow(WindowSettingsPath(), window, session);
-    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window,
-                     [&] { KeepWindow(WindowSettingsPath(), window, session); });
+    WindowKeeper keeper(WindowSettingsPath(), window, session);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &keeper, &WindowKeeper::Keep);
     CloseOnLogOff(application, window, recovery);
     CloseOnTermination(window);
     BeginDesigning(window, session, start.Messages, options);

@@ -12,6 +12,7 @@
 #include "ui/frmSets.h"
 #include "ui/frmStats.h"
 #include "ui/named_controls.h"
+#include "ui/screen_fit.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -31,27 +32,36 @@ void BringUp(QWidget& window) {
     window.activateWindow();
 }
 
+/// Beside the window.
+template <typename Dialog>
+Dialog* Fitted(Dialog* dialog) {
+    FitScreen(*dialog);
+    return dialog;
+}
+
 } // namespace
 
-void Dialogs::ShowRecovered() { frmRecovered(session_, frmRecovered::Occasion::Menu, &window_).exec(); }
+void Dialogs::ShowRecovered() { ShowModally(frmRecovered(session_, frmRecovered::Occasion::Menu, &window_)); }
 
-void Dialogs::ShowDrawArea() { frmDrawArea(session_, &window_).exec(); }
+void Dialogs::ShowDrawArea() { ShowModally(frmDrawArea(session_, &window_)); }
 
-void Dialogs::ShowColours() { frmColors(session_, &window_).exec(); }
+void Dialogs::ShowColours() { ShowModally(frmColors(session_, &window_)); }
 
-void Dialogs::ShowStatistics() { frmStats(session_, &window_).exec(); }
+void Dialogs::ShowStatistics() { ShowModally(frmStats(session_, &window_)); }
 
-void Dialogs::ShowSets() { frmSets(session_, &window_).exec(); }
+void Dialogs::ShowSets() { ShowModally(frmSets(session_, &window_)); }
 
-void Dialogs::ShowSamples() { frmSamples(session_, SampleFolder(), &window_).exec(); }
+void Dialogs::ShowSamples() { ShowModally(frmSamples(session_, SampleFolder(), &window_)); }
 
-void Dialogs::ShowBackground(const ScaledBackground& proposed) { frmBackground(session_, proposed, &window_).exec(); }
+void Dialogs::ShowBackground(const ScaledBackground& proposed) {
+    ShowModally(frmBackground(session_, proposed, &window_));
+}
 
-void Dialogs::ShowPurchase(const PurchaseReport& report) { frmPurchase(session_, report, &window_).exec(); }
+void Dialogs::ShowPurchase(const PurchaseReport& report) { ShowModally(frmPurchase(session_, report, &window_)); }
 
-void Dialogs::ShowExport() { frmExport(session_, &window_).exec(); }
+void Dialogs::ShowExport() { ShowModally(frmExport(session_, &window_)); }
 
-void Dialogs::ShowPrint() { frmPrint(session_, &window_).exec(); }
+void Dialogs::ShowPrint() { ShowModally(frmPrint(session_, &window_)); }
 
 void Dialogs::PutOnClipboard(const Clipping& clipping) {
     auto data = std::make_unique<QMimeData>();
@@ -65,7 +75,21 @@ void Dialogs::PutOnClipboard(const Clipping& clipping) {
     QGuiApplication::clipboard()->setMimeData(data.release()); // which owns it
 }
 
-std::string Dialogs::ClipboardText() { return QGuiApplication::clipboard()->text().toStdString(); }
+Dialogs::Dialogs(Session& session, QWidget& window, SuggestionBar& suggestions, BalanceBar& balance)
+    : session_(session), window_(window), suggestions_(suggestions), balance_(balance) {
+    const QClipboard* const clipboard = QGuiApplication::clipboard();
+    QObject::connect(clipboard, &QClipboard::dataChanged, &window_, [this, clipboard] {
+        clipboard_.reset();
+        if (!clipboard->ownsClipboard()) session_.Copied = {}; // it is another program's now
+    });
+}
+
+/// Asked of the system once after each change: it may have to wait for another program.
+std::string Dialogs::ClipboardText() {
+    constexpr qsizetype most = 100000; // characters; no list of pieces comes near it
+    if (!clipboard_) clipboard_ = QGuiApplication::clipboard()->text().left(most).toStdString();
+    return *clipboard_;
+}
 
 void Dialogs::TellBriefly(const std::string& text) {
     constexpr int milliseconds = 8000;
@@ -74,21 +98,21 @@ void Dialogs::TellBriefly(const std::string& text) {
 
 void Dialogs::ShowStock() {
     if (!stock_) {
-        stock_ = new frmStock(session_, &window_);
+        stock_ = Fitted(new frmStock(session_, &window_));
         stock_->setAttribute(Qt::WA_DeleteOnClose);
     }
     BringUp(*stock_);
 }
 
 void Dialogs::ShowBox() {
-    if (!box_) box_ = new frmBox(session_, frmBox::Purpose::Box, &window_);
+    if (!box_) box_ = Fitted(new frmBox(session_, frmBox::Purpose::Box, &window_));
     BringUp(*box_);
 }
 
 void Dialogs::ShowVariations() {
     if (!variations_ || !variations_->IsAboutTheDesign()) {
         delete variations_;
-        variations_ = new frmBox(session_, frmBox::Purpose::Variations, &window_);
+        variations_ = Fitted(new frmBox(session_, frmBox::Purpose::Variations, &window_));
     }
     BringUp(*variations_);
 }

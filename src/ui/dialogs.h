@@ -12,14 +12,14 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 
 namespace pistaro {
 
 class Dialogs : public Windows {
 public:
     /// The strips are those below the drawing.
-    Dialogs(Session& session, QWidget& window, SuggestionBar& suggestions, BalanceBar& balance)
-        : session_(session), window_(window), suggestions_(suggestions), balance_(balance) {}
+    Dialogs(Session& session, QWidget& window, SuggestionBar& suggestions, BalanceBar& balance);
 
     void ShowRecovered() override;
     void ShowDrawArea() override;
@@ -47,6 +47,10 @@ public:
     void ShowReplacements() override { suggestions_.ShowReplacements(); }
     void ShowBalance(const Balance& balance) override { balance_.Show(balance); }
     void ShowPurchase(const PurchaseReport& report) override;
+    void EnterPrices() override { enterPrices_(); }
+
+    /// Has the window itself do this from now on.
+    void OfferPrices(std::function<void()> enterPrices) { enterPrices_ = std::move(enterPrices); }
 
     /// These stay beside the window, and come once.
     void ShowStock() override;
@@ -72,7 +76,8 @@ private:
     QPointer<frmStock> stock_;
     QPointer<frmBox> box_, variations_;
     std::map<Panel, PanelDoor> panels_;
-    std::function<void()> findPiece_, showTour_;
+    std::function<void()> findPiece_, showTour_, enterPrices_;
+    std::optional<std::string> clipboard_; ///< its text, until that changes
 };
 
 } // namespace pistaro

@@ -1,6 +1,7 @@
 #include "ui/drawn_parts_box.h"
 
 #include "paper/paper_size.h"
+#include "ui/choice_list.h"
 #include "ui/named_controls.h"
 
 #include <QFormLayout>
@@ -12,9 +13,10 @@ namespace pistaro {
 namespace {
 
 /// In the order of the boxes.
-constexpr std::array Parts{&DrawnParts::Numbers, &DrawnParts::Grid,       &DrawnParts::Room,
-                           &DrawnParts::Surface, &DrawnParts::Background, &DrawnParts::BlackAndWhite};
-constexpr std::array PartNames{"numbers", "grid", "room", "surface", "background", "black and white"};
+constexpr std::array Parts{&DrawnParts::Numbers,      &DrawnParts::Grid,       &DrawnParts::Room,
+                           &DrawnParts::Surface,      &DrawnParts::Background, &DrawnParts::StockColours,
+                           &DrawnParts::BlackAndWhite};
+constexpr std::array PartNames{"numbers", "grid", "room", "surface", "background", "missing pieces", "black and white"};
 constexpr const char* WallTiles = "wall tiles";
 constexpr const char* Nothing = "nothing";
 constexpr const char* Between = ", ";
@@ -24,10 +26,12 @@ QString TrackName(int track) { return QString("track %1").arg(track + 1); }
 } // namespace
 
 DrawnPartsBox::DrawnPartsBox(const Project& project, const DrawnParts& first, const std::function<void()>& changed)
-    : QGroupBox("Contents"), cboTrack_(Named(new QComboBox, "cboTrack")), hasBackground_(project.Background != nullptr),
-      chkNumbers_(Named(new QCheckBox("&Numbers"), "chkNumbers")), chkGrid_(Named(new QCheckBox("&Grid"), "chkGrid")),
-      chkRoom_(Named(new QCheckBox("R&oom"), "chkRoom")), chkSurface_(Named(new QCheckBox("S&urface"), "chkSurface")),
+    : QGroupBox("Contents"), cboTrack_(Named(new ChoiceList, "cboTrack")),
+      hasBackground_(project.Background != nullptr), chkNumbers_(Named(new QCheckBox("&Numbers"), "chkNumbers")),
+      chkGrid_(Named(new QCheckBox("&Grid"), "chkGrid")), chkRoom_(Named(new QCheckBox("R&oom"), "chkRoom")),
+      chkSurface_(Named(new QCheckBox("S&urface"), "chkSurface")),
       chkBackground_(Named(new QCheckBox("Bac&kground"), "chkBackground")),
+      chkMissing_(Named(new QCheckBox("Mark &missing pieces"), "chkMissing")),
       chkBlackAndWhite_(Named(new QCheckBox("&Black and white"), "chkBlackAndWhite")) {
     auto* const form = new QFormLayout(this);
     for (int track = 0; track < TrackCount; ++track)
@@ -44,14 +48,17 @@ DrawnPartsBox::DrawnPartsBox(const Project& project, const DrawnParts& first, co
         choice->setChecked(first.*Parts[part]);
         connect(choice, &QCheckBox::toggled, this, [changed] { changed(); });
     }
+    connect(chkBlackAndWhite_, &QCheckBox::toggled, this, [this] { EnableColours(); });
+    EnableColours();
     chkSurface_->setToolTip("The tracks as they look, under their lines");
+    chkMissing_->setToolTip("Owned pieces and those to buy in their colours; else all are drawn in black");
     chkBackground_->setEnabled(hasBackground_);
     chkBackground_->setToolTip(hasBackground_ ? "The picture that lies under the circuit to scale"
                                               : "No picture lies under the circuit to scale");
 }
 
-std::array<QCheckBox*, 6> DrawnPartsBox::Choices() const {
-    return {chkNumbers_, chkGrid_, chkRoom_, chkSurface_, chkBackground_, chkBlackAndWhite_};
+std::array<QCheckBox*, 7> DrawnPartsBox::Choices() const {
+    return {chkNumbers_, chkGrid_, chkRoom_, chkSurface_, chkBackground_, chkMissing_, chkBlackAndWhite_};
 }
 
 std::string DrawnPartsBox::Remembered(const QCheckBox& walls) const {
@@ -83,7 +90,13 @@ DrawnParts DrawnPartsBox::Chosen() const {
             .Room = chkRoom_->isChecked(),
             .Surface = chkSurface_->isChecked() && chkSurface_->isEnabled(),
             .BlackAndWhite = chkBlackAndWhite_->isChecked(),
-            .Background = chkBackground_->isChecked() && chkBackground_->isEnabled()};
+            .Background = chkBackground_->isChecked() && chkBackground_->isEnabled(),
+            .StockColours = chkMissing_->isChecked()};
+}
+
+/// What marks pieces by colours does not go with black and white.
+void DrawnPartsBox::EnableColours() {
+    chkMissing_->setEnabled(chkBlackAndWhite_->isEnabled() && !chkBlackAndWhite_->isChecked());
 }
 
 void DrawnPartsBox::EnableDrawing(bool draws, bool fills) {
@@ -91,6 +104,7 @@ void DrawnPartsBox::EnableDrawing(bool draws, bool fills) {
         choice->setEnabled(draws);
     for (QCheckBox* const choice : {chkSurface_, chkBlackAndWhite_})
         choice->setEnabled(fills);
+    EnableColours();
     chkBackground_->setEnabled(fills && hasBackground_);
 }
 
@@ -102,7 +116,7 @@ QCheckBox* NewWallsBox(const std::string& remembered) {
 }
 
 QComboBox* NewPaperList(const std::string& chosen) {
-    auto* const list = Named(new QComboBox, "cboPaper");
+    auto* const list = Named(new ChoiceList, "cboPaper");
     for (const PaperSize& paper : PaperSizes) {
         list->addItem(paper.Name, QString(paper.Name));
         list->setItemData(list->count() - 1, QString("%1 × %2 cm").arg(paper.Width).arg(paper.Height), Qt::ToolTipRole);

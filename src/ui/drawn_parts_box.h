@@ -1,4 +1,4 @@
-// What of a circuit is printed or exported: tracks, numbers, grid, room, surface, background, in black and white.
+// What of a circuit is printed or exported: tracks, numbers, grid, room, surface, background, in which colours.
 #pragma once
 
 #include "paper/circuit_drawing.h"
@@ -27,11 +27,12 @@ public:
     void EnableDrawing(bool draws, bool fills);
 
 private:
-    std::array<QCheckBox*, 6> Choices() const;
+    std::array<QCheckBox*, 7> Choices() const;
+    void EnableColours();
 
     QComboBox* cboTrack_;
     const bool hasBackground_;
-    QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkSurface_, *chkBackground_, *chkBlackAndWhite_;
+    QCheckBox *chkNumbers_, *chkGrid_, *chkRoom_, *chkSurface_, *chkBackground_, *chkMissing_, *chkBlackAndWhite_;
 };
 
 /// What was chosen; the other parts where that is empty.

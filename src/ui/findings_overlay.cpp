@@ -1,6 +1,5 @@
 #include "ui/findings_overlay.h"
 
-#include "layout/built_lanes.h"
 #include "layout/outline.h"
 #include "layout/placement.h"
 
@@ -105,44 +104,47 @@ void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding
     }
 }
 
-void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
-    std::vector<PieceAddress> places;
-    places.reserve(finding.Pieces.size() + 1);
-    for (const int element : finding.Pieces)
-        places.push_back({finding.Track, element});
-    if (finding.Other) places.push_back(*finding.Other);
+void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding,
+              const std::vector<PieceAddress>& places) {
     for (const PieceAddress place : places) {
         if (const PiecePlacement* const piece = pieces.At(place))
             overlay.emplace_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false});
     }
 }
 
+bool IsCurve(const Catalogue& catalogue, const std::string& code) {
+    const CatalogueEntry* const piece = catalogue.Find(code);
+    return piece != nullptr && !piece->IsStraight();
+}
+
 } // namespace
 
+std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding) {
+    std::vector<PieceAddress> places;
+    if (finding.Rule == "lanes-differ") {
+        const std::vector<std::string>& codes = circuit.Tracks[static_cast<std::size_t>(finding.Track)].ElementCodes;
+        for (std::size_t element = 0; element < codes.size(); ++element) {
+            if (IsCurve(catalogue, codes[element])) places.push_back({finding.Track, static_cast<int>(element)});
+        }
+        return places;
+    }
+    places.reserve(finding.Pieces.size() + 1);
+    for (const int element : finding.Pieces)
+        places.push_back({finding.Track, element});
+    if (finding.Other) places.push_back(*finding.Other);
+    return places;
+}
+
 Overlay FindingsOverlay(const Catalogue& catalogue, const Circuit& circuit, const std::vector<Finding>& findings,
-                        const Finding* chosen) {
+                        const std::vector<const Finding*>& chosen) {
     Overlay overlay;
     const LaidPieces pieces(catalogue, circuit);
-    if (chosen != nullptr) AddTints(overlay, pieces, *chosen);
+    for (const Finding* const one : chosen)
+        AddTints(overlay, pieces, *one, PiecesOf(catalogue, circuit, *one));
     for (const Finding& finding : findings) {
         if (finding.Rule == "overlap") AddSharedGround(overlay, pieces, finding);
         if (finding.Rule == "open-track") AddGap(overlay, pieces, circuit, finding);
         if (finding.Rule == "outside-room") AddEdges(overlay, pieces, finding);
-    }
-    return overlay;
-}
-
-Overlay LanesOverlay(const Catalogue& catalogue, const Circuit& circuit) {
-    constexpr std::size_t lanesPerTrack = 2;
-    constexpr std::array<Colour, lanesPerTrack * TrackCount> colours{
-        Rgb(230, 30, 60), Rgb(30, 100, 240), Rgb(245, 150, 0), Rgb(0, 160, 140), Rgb(190, 40, 200), Rgb(110, 160, 0)};
-    Overlay overlay;
-    for (std::size_t track = 0; track < circuit.Tracks.size(); ++track) {
-        const BuiltLanes lanes = LanesAsBuilt(catalogue, circuit.Tracks[track]);
-        std::array<std::vector<Segment>, 2> paths = LanePaths(catalogue, circuit.Tracks[track]);
-        for (std::size_t lane = 0; lane < paths.size(); ++lane)
-            overlay.emplace_back(
-                OverlayPath{std::move(paths[lane]), colours[2 * track + (lanes.Joined ? 0 : lane)], 3, false});
     }
     return overlay;
 }

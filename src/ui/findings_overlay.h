@@ -1,4 +1,4 @@
-// How findings and lanes show in the drawing.
+// How findings show in the drawing.
 #pragma once
 
 #include "checks/finding.h"
@@ -8,13 +8,13 @@
 
 namespace pistaro {
 
-/// Marks of all findings: the ground that two pieces share hatched, a dashed line across the gap of a track that does
-/// not close, a red edge round pieces outside the room. The pieces of the chosen finding, if one is, are tinted.
-Overlay FindingsOverlay(const Catalogue& catalogue, const Circuit& circuit, const std::vector<Finding>& findings,
-                        const Finding* chosen);
+/// The pieces that a finding is about, where it was told of a whole track those that make the difference: of lanes that
+/// differ its curves. Its first comes first.
+std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding);
 
-/// Both lanes of each track in colours of their own, round the whole track through every change-over; in one colour
-/// where an odd number of change-overs makes them one.
-Overlay LanesOverlay(const Catalogue& catalogue, const Circuit& circuit);
+/// Marks of all findings: the ground that two pieces share hatched, a dashed line across the gap of a track that does
+/// not close, a red edge round pieces outside the room. The pieces of the chosen findings are tinted.
+Overlay FindingsOverlay(const Catalogue& catalogue, const Circuit& circuit, const std::vector<Finding>& findings,
+                        const std::vector<const Finding*>& chosen);
 
 } // namespace pistaro

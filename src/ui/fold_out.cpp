@@ -4,6 +4,7 @@
 #include "ui/named_controls.h"
 #include "ui/piece_badge.h"
 #include "ui/piece_menu_style.h"
+#include "ui/tip_place.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -20,6 +21,7 @@ FoldOut::FoldOut(Session& session, CommandControls& controls, const std::string&
     setProperty("Tag", Shown(basic));
     setAccessibleName("Special pieces");
     setToolTipsVisible(true);
+    KeepTipsBeside(*this);
     ShowLargeIcons(*this);
     for (const int row : rows_)
         controls.AddEntry(*this, "special " + session_.Catalogue[row].Code);

@@ -1,12 +1,15 @@
-// The circuits that were found, as cards with a picture and figures, of which some can be chosen.
+// The circuits that were found, as cards with a picture and figures. Some can be chosen, and some ticked to be kept.
 #pragma once
 
 #include "commands/session.h"
 #include "search/laying.h"
 
 #include <QListWidget>
+#include <QPushButton>
 
 #include <functional>
+#include <optional>
+#include <set>
 
 namespace pistaro {
 
@@ -14,14 +17,15 @@ class FoundCircuits : public QListWidget {
 public:
     explicit FoundCircuits(Session& session);
 
-    std::function<void()> ChosenChanged; ///< called when others are chosen
+    std::function<void()> ChosenChanged; ///< called when others are chosen or ticked
     std::function<void()> Opened;        ///< called for a double click, or Enter
 
     /// Shows none, and those to come in this room; their first `kept` pieces are marked.
     void Begin(const Design& room, std::size_t kept);
 
-    /// Shows those of `found` that stand at these places, in this order. The chosen ones stay chosen; until the user
-    /// has chosen some it is the first one.
+    /// Shows those of `found` that stand at these places, in this order, and behind them those that are ticked or
+    /// chosen. The chosen ones stay chosen; until the user has chosen some it is the first one. Who has scrolled keeps
+    /// what he looks at where it is, and is offered to see a new first one; who has not sees it.
     void Show(const std::vector<FoundCircuit>& found, const std::vector<std::size_t>& places,
               const ScoreWeights& weights);
 
@@ -31,25 +35,49 @@ public:
     /// Draws the pictures anew when they are shown next.
     void ForgetPictures() { pictures_.clear(); }
 
-    /// The places of the chosen ones among those found.
-    std::vector<std::size_t> Chosen() const;
+    /// The place among those found of the one to be shown large: of those chosen the one that was clicked last.
+    std::optional<std::size_t> InView() const;
+
+    /// Those that are ticked, in the order shown; where none is, those that are chosen.
+    std::vector<std::size_t> ToKeep() const;
 
     /// A circuit in its room as it lies.
     Design DesignOf(const LaidCircuit& circuit) const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    /// A card of which its user knows where it is.
+    struct Sight {
+        std::size_t Place;
+        int Top; ///< in the viewport
+    };
+
+    bool IsAtTop() const;
+    std::size_t PlaceOf(int row) const;
+    int RowOf(std::size_t place) const;
+    std::vector<std::size_t> Chosen() const;
+    std::vector<std::size_t> WithThoseThatStay(std::vector<std::size_t> places,
+                                               const std::vector<std::size_t>& chosen) const;
+    std::optional<Sight> Seen() const;
+    void KeepInSight(const std::optional<Sight>& seen);
+    void OfferFirst();
+    void Tick(const QListWidgetItem& line);
     void Fill(QListWidgetItem& line, const FoundCircuit& found, std::size_t place, const ScoreWeights& weights);
 
     Session& session_;
     Design room_;
     QString hint_;
     std::size_t kept_ = 0;
-    std::vector<QIcon> pictures_; ///< by place among those found; those never shown have none
-    bool hasChosen_ = false;      ///< the user has
+    std::vector<QIcon> pictures_;      ///< by place among those found; those never shown have none
+    std::set<std::size_t> ticked_;     ///< their places
+    bool hasChosen_ = false;           ///< the user has
+    std::optional<std::size_t> first_; ///< the first one's place when the user last saw it
+    QPushButton* const cmdShowFirst_;
 };
 
 } // namespace pistaro

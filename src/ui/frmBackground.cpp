@@ -5,6 +5,7 @@
 
 #include <QFormLayout>
 
+#include <cmath>
 #include <numbers>
 
 namespace pistaro {
@@ -12,6 +13,7 @@ namespace pistaro {
 namespace {
 
 constexpr double DegreesPerRadian = 180 / std::numbers::pi;
+constexpr int Percent = 100;
 
 QDoubleSpinBox* NewLengthBox(const char* name, double least, double most, double value) {
     auto* const box = Named(new QDoubleSpinBox, name);
@@ -38,6 +40,8 @@ frmBackground::frmBackground(Session& session, const ScaledBackground& proposed,
     const QImage& picture = session.Pictures.Of(proposed.Picture, "background").Image();
     pixels_ = picture.size();
     picBackground_ = Named(new MarkedPicture(picture, [this] { Measure(); }), "picBackground");
+    if (const auto& measured = proposed.Measured)
+        picBackground_->SetMarks({{measured->FromX, measured->FromY}, {measured->ToX, measured->ToY}});
     auto* const right = new QVBoxLayout;
     right->addWidget(ScaleFrame());
     right->addWidget(PlaceFrame());
@@ -46,20 +50,27 @@ frmBackground::frmBackground(Session& session, const ScaledBackground& proposed,
     columns->addWidget(picBackground_, 1);
     columns->addLayout(right);
     auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(Named(NewHint("Lay a floor plan, or a photograph of the table from above, under the track at its "
+                                    "true size: click two points of it and enter how far they are apart."),
+                            "lblPurpose"));
     layout->addLayout(columns, 1);
     layout->addLayout(Buttons());
-    resize(900, 560);
+    resize(960, 600);
     Measure();
 }
 
 QGroupBox* frmBackground::ScaleFrame() {
     constexpr double most = 100000; // cm
     auto* const frame = new QGroupBox("Size");
-    spnDistance_ = NewLengthBox("spnDistance", 0.1, most, 100);
+    constexpr double usual = 100;
+    spnDistance_ =
+        NewLengthBox("spnDistance", 0.1, most, background_.Measured ? background_.Measured->Distance : usual);
+    lblStep_ = Named(NewHint(""), "lblStep");
+    constexpr int width = 260; // of the column; what is to be done next must not move what stands below
+    lblStep_->setFixedSize(width, 3 * lblStep_->fontMetrics().lineSpacing());
     lblScale_ = Named(NewHint(""), "lblScale");
     auto* const form = new QFormLayout(frame);
-    form->addRow(NewHint("Click two points whose distance apart you know, such as the ends of a wall. The "
-                         "wheel zooms, a drag moves the picture."));
+    form->addRow(lblStep_);
     form->addRow("&Distance:", spnDistance_);
     form->addRow(lblScale_);
     connect(spnDistance_, &QDoubleSpinBox::valueChanged, this, [this] { Measure(); });
@@ -74,12 +85,25 @@ QGroupBox* frmBackground::PlaceFrame() {
     spnTurn_->setSuffix("°");
     spnTurn_->setDecimals(1);
     spnTurn_->setRange(-360, 360);
+    connect(spnTurn_, &QDoubleSpinBox::valueChanged, this,
+            [this](double degrees) { picBackground_->SetTurn(degrees / DegreesPerRadian); });
     spnTurn_->setValue(background_.Angle * DegreesPerRadian);
+    spnOpacity_ = Named(new QSpinBox, "spnOpacity");
+    spnOpacity_->setSuffix(" %");
+    spnOpacity_->setRange(static_cast<int>(LeastOpacity * Percent), Percent);
+    spnOpacity_->setSingleStep(10);
+    spnOpacity_->setToolTip("How much of the picture shows: less lets the track stand out");
+    connect(spnOpacity_, &QSpinBox::valueChanged, this,
+            [this](int percent) { picBackground_->SetOpacity(static_cast<double>(percent) / Percent); });
+    spnOpacity_->setValue(static_cast<int>(std::lround(background_.Opacity * Percent)));
+    picBackground_->SetOpacity(background_.Opacity);
     auto* const form = new QFormLayout(frame);
     form->addRow("Middle &X:", spnX_);
     form->addRow("Middle &Y:", spnY_);
     form->addRow("&Turned clockwise:", spnTurn_);
-    form->addRow(NewHint("X and Y are room coordinates; the picture turns with the room."));
+    form->addRow("O&pacity:", spnOpacity_);
+    form->addRow(NewHint("X and Y are room coordinates; the picture turns with the room. View ▸ Move Background "
+                         "drags and turns it in the drawing."));
     return frame;
 }
 
@@ -96,13 +120,29 @@ QLayout* frmBackground::Buttons() {
     return ButtonRow({cmdOk_, cmdCancel});
 }
 
+void frmBackground::TellStep() {
+    switch (picBackground_->Marks().size()) {
+    case 0:
+        lblStep_->setText("Click two points whose distance apart you know, such as the ends of a wall.");
+        break;
+    case 1:
+        lblStep_->setText("Now click the second point.");
+        break;
+    default:
+        lblStep_->setText("A point can be dragged. The wheel zooms, a drag beside the points moves the picture.");
+    }
+    const bool both = picBackground_->Distance().has_value();
+    picBackground_->SetWords(both ? spnDistance_->text() : QString());
+}
+
 void frmBackground::Measure() {
+    TellStep();
     const auto distance = picBackground_->Distance();
     if (distance && *distance >= 1) background_.CmPerPixel = spnDistance_->value() / *distance;
     const double scale = background_.CmPerPixel;
     const bool known = scale >= LeastCmPerPixel && scale <= MostCmPerPixel;
     if (cmdOk_ != nullptr) cmdOk_->setEnabled(known);
-    lblScale_->setText(known ? QString("The whole picture is %1 × %2 cm.")
+    lblScale_->setText(known ? QString("The whole picture is %1\u00A0×\u00A0%2\u00A0cm.")
                                    .arg(pixels_.width() * scale, 0, 'f', 1)
                                    .arg(pixels_.height() * scale, 0, 'f', 1)
                              : QString("The picture's size is not known yet."));
@@ -113,6 +153,9 @@ ScaledBackground frmBackground::Chosen() const {
     chosen.X = spnX_->value();
     chosen.Y = spnY_->value();
     chosen.Angle = spnTurn_->value() / DegreesPerRadian;
+    chosen.Opacity = static_cast<double>(spnOpacity_->value()) / Percent;
+    if (const std::vector<QPointF>& marks = picBackground_->Marks(); marks.size() == 2)
+        chosen.Measured = {marks[0].x(), marks[0].y(), marks[1].x(), marks[1].y(), spnDistance_->value()};
     return chosen;
 }
 

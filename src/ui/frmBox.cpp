@@ -35,7 +35,7 @@ QString StandingText(BoxStanding standing, std::size_t count, const QString& fou
         return found + " so far.";
     case BoxStanding::Ended:
         if (count == 0) return "Nothing found in the time so far: Continue looks on, or " + instead + ".";
-        return found + "; there may be others.";
+        return found + ". Continue looks for others.";
     case BoxStanding::Complete:
         break;
     }
@@ -47,16 +47,26 @@ QString InsteadFor(const BoxWish& wish, bool varies) {
     return varies ? "try a larger room, or other pieces" : "try a larger room, or more curves";
 }
 
-/// What stands in the place of circuits while there are none.
-QString HintFor(BoxStanding standing, bool varies, bool keeps) {
-    if (standing == BoxStanding::Runs && keeps)
-        return "Around a part that is kept the first circuit may take a minute: keep less of the track, or wait. "
-               "Stop ends the search.";
-    if (standing == BoxStanding::Runs) return "The first circuits come in a moment.";
-    if (standing != BoxStanding::Idle) return {};
+/// What stands in the place of circuits while there are none; `never`, why there can be none.
+QString HintFor(BoxStanding standing, const QString& never, bool varies, bool keeps) {
+    if (!never.isEmpty()) return never + "\n\nAdd pieces to the box, or choose a larger room.";
+    switch (standing) {
+    case BoxStanding::Idle:
+        break;
+    case BoxStanding::Runs:
+        return keeps ? "Around a part that is kept the first circuit may take a minute: keep less of the track, or "
+                       "wait. Stop ends the search."
+                     : "The first circuits come in a moment.";
+    case BoxStanding::Complete:
+        return "Every way to lay these pieces was tried, and none closes inside the room.\n\n"
+               "More curves, straights of another length, or a larger room make a difference.";
+    case BoxStanding::Paused:
+    case BoxStanding::Ended:
+        return "No circuit so far.\n\nMore curves, straights of another length, or a larger room make it easier.";
+    }
     return QString("1.  %1\n\n2.  Say how large the room is.\n\n3.  Press Search, and choose among the circuits.")
         .arg(varies ? "The box holds the pieces of your design; add others, if you like."
-                    : "Fill the box: click a line and type how many you have, or add a set.");
+                    : "Fill the box: All I Own, a set that you have, or a click on a line and its count.");
 }
 
 } // namespace
@@ -77,8 +87,8 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
     setObjectName(varies_ ? "frmVariations" : "frmBox");
     setWindowTitle(varies_ ? "Variations" : "Circuits from My Box");
     auto* const found = new QHBoxLayout;
-    found->addLayout(Circuits(), 3);
-    found->addLayout(Chosen(varies_ ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 2);
+    found->addLayout(Circuits(), 1);
+    found->addLayout(Chosen(varies_ ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 1);
     auto* const right = new QVBoxLayout;
     right->addLayout(found, 1);
     right->addWidget(weights_);
@@ -88,8 +98,9 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(columns, 1);
     layout->addLayout(Buttons());
-    constexpr QSize comfortable(1180, 700), titleBar(0, 40);
-    resize(comfortable.boundedTo(screen()->availableSize() - titleBar));
+    constexpr QSize comfortable(1280, 820);
+    constexpr double ofScreen = 0.875;
+    resize(comfortable.boundedTo(screen()->availableSize() * ofScreen));
     showing_.setSingleShot(true);
     showing_.setInterval(TogetherWithin);
     connect(&showing_, &QTimer::timeout, this, [this] { ShowFound(); });
@@ -99,6 +110,7 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
         if (changes.Stock || changes.Preferences) ShowFound();
         if (changes.Room) ShowStanding();
     });
+    fields_->setFocus();
     ShowStanding(); // only now, as it takes a dialog to have a default button
     ShowChosen();
 }
@@ -114,7 +126,7 @@ QWidget* frmBox::Fields() {
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(fields_, 1);
     column->addLayout(SearchButtons());
-    constexpr int width = 310;
+    constexpr int width = 330;
     fields->setFixedWidth(width);
     return fields;
 }
@@ -123,7 +135,6 @@ QLayout* frmBox::SearchButtons() {
     cmdSearch_ = NewButton("cmdSearch", "&Search");
     cmdStop_ = NewButton("cmdStop", "St&op");
     cmdCancelSearch_ = NewButton("cmdCancelSearch", "Cancel");
-    cmdStop_->setToolTip("Pause the search; it can be continued from there");
     cmdCancelSearch_->setToolTip("End the search at once; the circuits found are kept");
     connect(cmdSearch_, &QPushButton::clicked, this, [this] { Search(); });
     connect(cmdStop_, &QPushButton::clicked, this, [this] { StopOrContinue(); });
@@ -142,7 +153,6 @@ QLayout* frmBox::Circuits() {
     lstCircuits_->Opened = [this] { OpenChosen(); };
     lblFound_ = Named(new QLabel, "lblFound");
     barSearch_ = Named(new QProgressBar, "barSearch");
-    barSearch_->setRange(0, 0); // nobody knows how much there is to find
     barSearch_->setTextVisible(false);
     barSearch_->setAccessibleName("Searching");
     constexpr int height = 6;
@@ -161,8 +171,8 @@ QLayout* frmBox::Circuits() {
 QLayout* frmBox::Chosen(const QString& entry) {
     cmdOpen_ = NewButton("cmdOpenCircuit", "O&pen This Circuit");
     connect(cmdOpen_, &QPushButton::clicked, this, [this] { OpenChosen(); });
-    auto* const lblComesBack = new QLabel(QString("%1 brings all the circuits back.").arg(entry));
-    lblComesBack->setEnabled(false);
+    auto* const lblComesBack =
+        new QLabel(QString("Undo takes it back at once, and %1 brings all the circuits back.").arg(entry));
     lblComesBack->setWordWrap(true);
     auto* const column = new QVBoxLayout;
     column->addWidget(preview_, 1);
@@ -176,7 +186,9 @@ QLayout* frmBox::Buttons() {
     QPushButton* const cmdClose = NewButton("cmdCloseBox", "Close");
     connect(cmdKeep_, &QPushButton::clicked, this, [this] { KeepChosen(); });
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
-    return ButtonRow({cmdKeep_, cmdClose});
+    QHBoxLayout* const row = ButtonRow({cmdKeep_, cmdClose});
+    row->insertWidget(1, new QLabel("Tick the circuits that you want to keep."));
+    return row;
 }
 
 void frmBox::Search() {
@@ -188,6 +200,7 @@ void frmBox::Search() {
         kept_ = wish.Kept ? wish.Kept->Rows.size() : 0;
         lstCircuits_->Begin(room_, kept_);
         search_.Start(task);
+        if (wish.Area && !varies_) fields_->RememberArea();
     });
     ShowStanding();
     ShowChosen();
@@ -198,8 +211,8 @@ void frmBox::StopOrContinue() {
         search_.Pause();
     } else {
         search_.Continue();
-        ShowStanding();
     }
+    ShowStanding();
 }
 
 void frmBox::Hear() {
@@ -210,7 +223,7 @@ void frmBox::Hear() {
 void frmBox::ShowFound() {
     const std::vector<FoundCircuit>& found = search_.Found();
     const ScoreWeights weights = weights_->Weights();
-    lstCircuits_->Show(found, BestOf(found, fields_->Count(), weights), weights);
+    lstCircuits_->Show(found, DifferentFirst(found, BestOf(found, fields_->Count(), weights)), weights);
     ShowStanding();
     ShowChosen();
 }
@@ -221,9 +234,11 @@ bool frmBox::IsForAnother(const BoxWish& wish) const {
 }
 
 void frmBox::ShowStanding() {
-    const BoxStanding standing = search_.Standing();
     const BoxWish wish = fields_->Wish();
+    const QString never = Shown(WhyNeverFulfilled(session_, wish));
     const std::size_t count = search_.Found().size();
+    const bool isInVain = count == 0 && !never.isEmpty() && !wish.Kept && search_.Standing() == BoxStanding::Ended;
+    const BoxStanding standing = isInVain ? BoxStanding::Complete : search_.Standing();
     const bool runs = standing == BoxStanding::Runs;
     const bool isBoxEmpty = wish.Box.Total() == 0;
     const bool isForAnother = IsForAnother(wish);
@@ -235,51 +250,63 @@ void frmBox::ShowStanding() {
         const QString found = CountText(count, static_cast<std::size_t>(wish.Count));
         lblFound_->setText(StandingText(standing, count, found, InsteadFor(wish, varies_)));
     }
-    lstCircuits_->ShowHint(HintFor(standing, varies_, searched_ && searched_->Kept));
+    const BoxStanding ofThisWish = isForAnother && !runs ? BoxStanding::Idle : standing;
+    lstCircuits_->ShowHint(HintFor(ofThisWish, never, varies_, searched_ && searched_->Kept));
     cmdSearch_->setEnabled(!isBoxEmpty);
     cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Search for circuits from the beginning");
-    cmdStop_->setText(runs || standing == BoxStanding::Idle ? "St&op" : "&Continue");
-    cmdStop_->setEnabled(runs || (!isForAnother && standing != BoxStanding::Idle && standing != BoxStanding::Complete));
+    cmdStop_->setText(search_.IsPausing()                     ? "Stopping…"
+                      : runs || standing == BoxStanding::Idle ? "St&op"
+                                                              : "&Continue");
+    cmdStop_->setToolTip(runs ? "Pause the search; it can be continued from there"
+                              : "Look on for other circuits; those that are found stay");
+    cmdStop_->setEnabled(runs ? !search_.IsPausing()
+                              : !isForAnother && standing != BoxStanding::Idle && standing != BoxStanding::Complete);
     const bool shallContinue = standing == BoxStanding::Ended && count == 0 && !isForAnother;
     (shallContinue ? cmdStop_ : cmdSearch_)->setDefault(true);
     cmdCancelSearch_->setEnabled(runs);
-    barSearch_->setVisible(runs);
+    ShowProgress();
+}
+
+/// How much of the usual effort is spent; of a search that looks on beyond it nobody knows how long it takes.
+void frmBox::ShowProgress() {
+    constexpr int whole = 100; // percent
+    const std::optional<int> percent = search_.Percent();
+    barSearch_->setRange(0, percent ? whole : 0);
+    barSearch_->setValue(percent.value_or(0));
+    barSearch_->setVisible(search_.Standing() == BoxStanding::Runs);
 }
 
 void frmBox::ShowChosen() {
-    const std::vector<std::size_t> chosen = lstCircuits_->Chosen();
-    const bool isOne = chosen.size() == 1;
-    cmdOpen_->setEnabled(isOne);
-    cmdOpen_->setToolTip(isOne ? "Open it in place of the design, as one step that Undo takes back"
-                               : "Choose one circuit first");
-    cmdKeep_->setEnabled(!chosen.empty());
-    cmdKeep_->setToolTip(chosen.empty() ? "Choose circuits first: a click, and others with Ctrl or Shift"
-                                        : "Write the chosen circuits into files");
-    if (!isOne) {
+    const std::optional<std::size_t> shown = lstCircuits_->InView();
+    const std::size_t kept = lstCircuits_->ToKeep().size();
+    cmdOpen_->setEnabled(shown.has_value());
+    cmdOpen_->setToolTip(shown ? "Open it in place of the design, as one step that Undo takes back"
+                               : "Choose a circuit first");
+    cmdKeep_->setEnabled(kept > 0);
+    cmdKeep_->setText(kept > 1 ? QString("&Keep %1 as Files…").arg(kept) : "&Keep as Files…");
+    cmdKeep_->setToolTip(kept > 0 ? "Write the circuits that are ticked into files, or else the chosen one"
+                                  : "Tick circuits first, or choose one");
+    if (!shown) {
         weights_->Show(std::nullopt);
-        return preview_->ShowNone(chosen.empty() ? "The chosen circuit is shown here."
-                                                 : QString("%1 circuits are chosen.").arg(chosen.size()));
+        return preview_->ShowNone("The chosen circuit is shown here.");
     }
-    const LaidCircuit& circuit = search_.Found()[chosen.front()].Circuit;
+    const LaidCircuit& circuit = search_.Found()[*shown].Circuit;
     weights_->Show(circuit.Parts);
     preview_->Show(lstCircuits_->DesignOf(circuit), kept_, FiguresOf(session_, searched_->Box, circuit));
 }
 
 /// The window goes, so that the design is seen; it comes back as it was.
 void frmBox::OpenChosen() {
-    const std::vector<std::size_t> chosen = lstCircuits_->Chosen();
-    if (chosen.size() != 1) return;
+    const std::optional<std::size_t> shown = lstCircuits_->InView();
+    if (!shown) return;
     bool isOpen = false;
-    session_.Do([&] {
-        isOpen = OpenAsNew(session_, varies_ ? "Variation" : "Circuit from My Box", room_,
-                           search_.Found()[chosen.front()].Circuit.Track, opened_);
-    });
+    session_.Do([&] { isOpen = OpenAsNew(session_, varies_, room_, search_.Found()[*shown].Circuit.Track, opened_); });
     if (isOpen) close();
 }
 
 void frmBox::KeepChosen() {
     std::vector<Track> tracks;
-    for (const std::size_t place : lstCircuits_->Chosen())
+    for (const std::size_t place : lstCircuits_->ToKeep())
         tracks.push_back(search_.Found()[place].Circuit.Track);
     session_.Do([&] { KeepAsFiles(session_, room_, tracks); });
 }

@@ -43,6 +43,7 @@ private:
     void ShowFound();
     bool IsForAnother(const BoxWish& wish) const;
     void ShowStanding();
+    void ShowProgress();
     void ShowChosen();
     void OpenChosen();
     void KeepChosen();

@@ -1,13 +1,16 @@
 #include "ui/frmCorvel.h"
 
 #include "commands/circuit_commands.h"
+#include "commands/side_columns.h"
 #include "editor/status_text.h"
 #include "platform/files.h"
-#include "ui/findings_overlay.h"
+#include "ui/fold_handle.h"
+#include "ui/lanes_overlay.h"
 #include "ui/main_menus.h"
-#include "ui/side_column.h"
+#include "ui/typed_number.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
 #include <QHBoxLayout>
@@ -49,6 +52,7 @@ void Toggle(QDockWidget& panel) {
     if (IsInFront(panel)) return panel.hide();
     panel.show();
     panel.raise();
+    if (panel.focusProxy() != nullptr) panel.focusProxy()->setFocus(); // one to type into
 }
 
 } // namespace
@@ -56,15 +60,18 @@ void Toggle(QDockWidget& panel) {
 frmCorvel::frmCorvel(Session& session)
     : session_(session), controls_(session), palette_(new PiecePalette(session, controls_)),
       circuit_(new CircuitPanel(session, controls_)), middle_(new QMainWindow),
-      track_(new TrackPanel(session, controls_)), pointer_(new CanvasPointer(session, controls_, circuit_->View())),
+      track_(new TrackPanel(session, controls_)), pieceColumn_(new SideColumn(palette_)),
+      trackColumn_(new SideColumn(track_)), pointer_(new CanvasPointer(session, controls_, circuit_->View())),
       suggestions_(new SuggestionBar(session, circuit_->View())), balance_(new BalanceBar(session, circuit_->View())),
-      suggester_(session, circuit_->View()), dialogs_(session, *this, *suggestions_, *balance_),
-      jobBar_(new JobBar(session, controls_)), status_(new QLabel), figures_(new ElidedLabel), place_(new QLabel),
-      checks_(new ChecksDock(session, circuit_->View())), money_(new MoneyDock(session)),
-      history_(new HistoryDock(session)) {
+      picture_(new PictureBar(session, circuit_->View())), suggester_(session, circuit_->View()),
+      dialogs_(session, *this, *suggestions_, *balance_), jobBar_(new JobBar(session, controls_)), status_(new QLabel),
+      figures_(new ElidedLabel), place_(new QLabel), checks_(new ChecksDock(session, circuit_->View())),
+      money_(new MoneyDock(session)), history_(new HistoryDock(session)) {
     setObjectName("frmCorvel");
+    session.MoneyMarks = DesktopMarks();
     circuit_->TakeStrip(*suggestions_);
     circuit_->TakeStrip(*balance_);
+    circuit_->TakeStrip(*picture_);
     new CanvasKeys(session, *pointer_, circuit_->View());
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
@@ -73,16 +80,14 @@ frmCorvel::frmCorvel(Session& session)
     middle_->setCentralWidget(circuit_);
     auto* const columns = new QWidget;
     auto* const row = new QHBoxLayout(columns);
-    row->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
-    row->setSpacing(Spacing);
-    row->addWidget(new SideColumn(palette_));
+    row->setSpacing(0);
+    row->addWidget(pieceColumn_);
+    row->addWidget(NewHandle("fold pieces", Qt::LeftEdge));
     row->addWidget(middle_, 1);
-    row->addWidget(new SideColumn(track_));
+    row->addWidget(NewHandle("fold track", Qt::RightEdge));
+    row->addWidget(trackColumn_);
     setCentralWidget(columns);
-    status_->setObjectName("lblStatus");
-    statusBar()->addWidget(status_);
-    figures_->setObjectName("lblFigures");
-    statusBar()->addWidget(figures_, 1);
+    statusBar()->addWidget(StatusLine(), 1);
     place_->setObjectName("lblPlace");
     statusBar()->addPermanentWidget(jobBar_);
     statusBar()->addPermanentWidget(place_);
@@ -96,17 +101,43 @@ frmCorvel::frmCorvel(Session& session)
     };
     track_->MenuWanted = [this](QPoint global) { pointer_->OpenMenu(global); };
     session_.Windows = &dialogs_;
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+        if (isActiveWindow()) controls_.Refresh(); // what is behind others looks when it comes to the front
+    });
     observation_ = session_.Observe([this](const Changes& changes) { Refresh(changes); });
     Refresh({});
+    circuit_->View().setFocus();
     resize(QSize(1200, 820).boundedTo(screen()->availableSize() - QSize(0, TitleBarHeight)));
 }
 
 frmCorvel::~frmCorvel() {
     session_.Windows = nullptr;
-    // What these do when they are hidden needs the rest of the window.
+    // What these tell of when they are hidden needs the rest of the window.
+    picture_->Gone = [] {};
+    suggestions_->Turned = balance_->Turned = nullptr;
+    palette_->PointedAt = [](const std::string&) {};
     delete checks_;
     delete money_;
     delete history_;
+}
+
+QWidget* frmCorvel::NewHandle(const char* id, Qt::Edge side) {
+    auto* const handle = new FoldHandle(side);
+    controls_.Bind(*handle, id);
+    return handle;
+}
+
+/// Both texts of the line as one, a blank apart.
+QWidget* frmCorvel::StatusLine() {
+    auto* const line = new QWidget;
+    auto* const row = new QHBoxLayout(line);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(fontMetrics().horizontalAdvance(' '));
+    status_->setObjectName("lblStatus");
+    row->addWidget(status_);
+    figures_->setObjectName("lblFigures");
+    row->addWidget(figures_, 1);
+    return line;
 }
 
 void frmCorvel::AddPanels() {
@@ -121,16 +152,25 @@ void frmCorvel::AddPanels() {
     add(Panel::Checks, checks_, Qt::BottomDockWidgetArea);
     add(Panel::Money, money_, Qt::BottomDockWidgetArea);
     add(Panel::History, history_, Qt::RightDockWidgetArea);
+    dialogs_.OfferPrices([this] { money_->EnterPrices(); });
+    picture_->Gone = [this] { controls_.Refresh(); };
+    dialogs_.Offer(Panel::Picture, {[this] { picture_->Toggle(); }, [this] { return !picture_->isHidden(); }});
     middle_->tabifyDockWidget(checks_, money_);
     for (QTabBar* const tabs : middle_->findChildren<QTabBar*>())
         tabs->setFocusPolicy(Qt::NoFocus); // they are there before any panel is; keys and menu bring one to the front
 }
 
 void frmCorvel::AddHand() {
-    hand_ = new BuildingHand(session_, circuit_->View(), palette_->Pieces(), [this] {
+    const auto told = [this] {
         ShowStatus();
         if (tour_ != nullptr) tour_->Refresh();
-    });
+    };
+    const auto previews = [this] { return !suggestions_->isHidden() || !balance_->isHidden(); };
+    hand_ = new BuildingHand(session_, circuit_->View(), palette_->Pieces(), told, previews);
+    suggestions_->Turned = balance_->Turned = [this] {
+        ShowLanes();
+        hand_->Refresh();
+    };
     palette_->PointedAt = [this](const std::string& code) { hand_->PointAt(code); };
     palette_->TakenUp = [this](const std::string& code) { hand_->TakeUp(code); };
     pointer_->PointedAtInMenu = [this](const std::string& code, bool replaces) {
@@ -141,17 +181,21 @@ void frmCorvel::AddHand() {
 }
 
 void frmCorvel::ShowLanes() {
-    if (session_.Looks.Lanes)
-        circuit_->View().SetOverlay(LanesOverlayName,
-                                    LanesOverlay(session_.Catalogue, session_.Project.Design.Circuit));
-    else
-        circuit_->View().ClearOverlay(LanesOverlayName);
+    CircuitView& view = circuit_->View();
+    if (!session_.Looks.Lanes) {
+        view.ShowLaneLegend({});
+        return view.ClearOverlay(LanesOverlayName);
+    }
+    const Circuit circuit = balance_->Shows().value_or(session_.Project.Design.Circuit);
+    view.SetOverlay(LanesOverlayName, LanesOverlay(session_.Catalogue, circuit));
+    view.ShowLaneLegend(LanesLegend(session_.Catalogue, circuit, session_.Project.Preferences.Units));
 }
 
 void frmCorvel::Refresh(const Changes& changes) {
     circuit_->View().Invalidate(changes);
     suggestions_->Refresh(changes);
     balance_->Refresh(changes);
+    picture_->Refresh(changes);
     suggester_.Refresh(changes);
     controls_.Refresh();
     circuit_->Refresh();
@@ -163,9 +207,8 @@ void frmCorvel::Refresh(const Changes& changes) {
     checks_->Refresh(changes);
     money_->Refresh(changes);
     history_->Refresh();
-    if (changes.Circuit || changes.Looks) ShowLanes();
-    for (QWidget* const column : {palette_->parentWidget()->parentWidget(), track_->parentWidget()->parentWidget()})
-        column->setVisible(session_.Looks.Columns);
+    if (changes.Circuit || changes.Looks || changes.Preferences) ShowLanes();
+    ShowColumns();
     // "[*]" would be taken for the toolkit's mark of modified documents.
     setWindowTitle(QString::fromStdString(Caption(session_.Project.EditState)).replace("[*]", "[*][*]"));
     ShowStatus();
@@ -174,13 +217,22 @@ void frmCorvel::Refresh(const Changes& changes) {
     pointer_->Refresh(changes);
 }
 
+/// Where a column is folded away its handle lies at the window's very edge, which the mouse cannot miss.
+void frmCorvel::ShowColumns() {
+    const bool pieces = IsColumnShown(session_, &Looks::PieceColumn);
+    const bool track = IsColumnShown(session_, &Looks::TrackColumn);
+    pieceColumn_->setVisible(pieces);
+    trackColumn_->setVisible(track);
+    centralWidget()->layout()->setContentsMargins(pieces ? Spacing : 0, Spacing, track ? Spacing : 0, Spacing);
+}
+
 void frmCorvel::ShowPlace() { place_->setText(QString::fromStdString(PlaceText(session_.Project, *pointedAt_))); }
 
 void frmCorvel::ShowStatus() {
     std::string text = StatusText(session_.Catalogue, session_.Project);
     if (session_.Times > 1) text += " · the next piece " + std::to_string(session_.Times) + " times";
     status_->setText(QString::fromStdString(text));
-    const std::string figures = FiguresText(session_.Catalogue, session_.Project);
+    const std::string figures = FiguresText(session_.Catalogue, session_.Project, session_.MoneyMarks);
     figures_->setText(QString::fromStdString(figures.empty() ? "" : "· " + figures));
 }
 
@@ -198,8 +250,11 @@ void frmCorvel::closeEvent(QCloseEvent* event) {
 void frmCorvel::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     // Later, as a question must not be asked before the window is back.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        QTimer::singleShot(0, this, [this] { CheckFileOnDisk(); });
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    QTimer::singleShot(0, this, [this] {
+        controls_.Refresh(); // something may have been copied elsewhere
+        CheckFileOnDisk();
+    });
 }
 
 void frmCorvel::CheckFileOnDisk() {

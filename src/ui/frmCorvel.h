@@ -11,7 +11,9 @@
 #include "ui/history_dock.h"
 #include "ui/job_bar.h"
 #include "ui/money_dock.h"
+#include "ui/picture_bar.h"
 #include "ui/piece_palette.h"
+#include "ui/side_column.h"
 #include "ui/suggester.h"
 #include "ui/tour.h"
 #include "ui/track_panel.h"
@@ -40,6 +42,9 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    QWidget* NewHandle(const char* id, Qt::Edge side);
+    QWidget* StatusLine();
+
     /// Puts checks and money below the drawing and the history beside it, hidden at first, and has them shown by their
     /// commands.
     void AddPanels();
@@ -50,6 +55,7 @@ private:
 
     /// Has the drawing redrawn, and brings every control up to date that may show what has changed.
     void Refresh(const Changes& changes);
+    void ShowColumns();
     void ShowPlace();
     void ShowStatus();
 
@@ -62,9 +68,12 @@ private:
     CircuitPanel* const circuit_;
     QMainWindow* const middle_; ///< the drawing with its panels, between the columns
     TrackPanel* const track_;
+    SideColumn* const pieceColumn_;
+    SideColumn* const trackColumn_;
     CanvasPointer* const pointer_;
     SuggestionBar* const suggestions_;
     BalanceBar* const balance_;
+    PictureBar* const picture_;
     Suggester suggester_;
     Dialogs dialogs_;
     JobBar* const jobBar_;

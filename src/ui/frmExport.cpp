@@ -2,11 +2,15 @@
 
 #include "imaging/sheet_picture.h"
 #include "platform/fault.h"
+#include "ui/choice_list.h"
 #include "ui/named_controls.h"
 
+#include <QAbstractItemView>
 #include <QFontDatabase>
 #include <QFormLayout>
+#include <QPainter>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 #include <cmath>
 
@@ -70,6 +74,63 @@ QString FirstLines(const QString& text) {
     return text.left(end > 0 ? end : most) + "…";
 }
 
+/// A line of a table with its lengths and angles to three digits: what is smaller comes of computing.
+QString RoundedLine(const QString& line) {
+    constexpr int firstNumber = 4; // of the columns
+    QStringList fields = line.split(',');
+    for (qsizetype field = firstNumber; field < fields.size(); ++field) {
+        bool isNumber = false;
+        const double value = fields[field].toDouble(&isNumber);
+        if (isNumber) fields[field] = QString::number(std::round(value * 1000) / 1000 + 0.0, 'g', 10);
+    }
+    return fields.join(',');
+}
+
+QString Rounded(const QString& table) {
+    QStringList lines = QString(table).remove('\r').split('\n');
+    for (QString& line : lines)
+        line = RoundedLine(line);
+    return lines.join('\n');
+}
+
+/// Entries of an open list with a second column, paler: what each is for.
+class PurposeBeside : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    static constexpr int Gap = 16; ///< pixels
+
+    static int Width(const QComboBox& list) {
+        int widest = 0;
+        for (int row = 0; row < list.count(); ++row)
+            widest = std::max(widest, list.fontMetrics().horizontalAdvance(Purpose(list.model()->index(row, 0))));
+        return CaptionsWidth(*list.model(), list.fontMetrics()) + widest + 3 * Gap;
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const bool chosen = option.state & QStyle::State_Selected;
+        painter->setPen(option.palette.color(chosen ? QPalette::HighlightedText : QPalette::PlaceholderText));
+        const QRect place = option.rect.adjusted(CaptionsWidth(*index.model(), option.fontMetrics) + Gap, 0, 0, 0);
+        painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft, Purpose(index));
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        constexpr int air = 6; // pixels
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, air);
+    }
+
+private:
+    static QString Purpose(const QModelIndex& index) { return index.data(Qt::UserRole + 1).toString(); }
+
+    static int CaptionsWidth(const QAbstractItemModel& model, const QFontMetrics& metrics) {
+        int widest = 0;
+        for (int row = 0; row < model.rowCount(); ++row)
+            widest = std::max(widest, metrics.horizontalAdvance(model.index(row, 0).data().toString()));
+        return widest;
+    }
+};
+
 template <typename Value>
 Value SizeOf(const QComboBox& list) {
     return static_cast<Value>(list.currentData().toInt());
@@ -81,17 +142,14 @@ frmExport::frmExport(Session& session, QWidget* parent) : QDialog(parent), sessi
     setObjectName("frmExport");
     setWindowTitle("Export");
     setModal(true);
-    cboFormat_ = Named(new QComboBox, "cboFormat");
-    for (const ExportFormat format : Formats)
-        cboFormat_->addItem(CaptionOf(format), static_cast<int>(format));
-    auto* const form = new QFormLayout;
-    form->addRow("&Format:", cboFormat_);
-    const DrawnParts inTheWindow{
-        .Numbers = session.Project.EditState.ShowNumbers, .Room = true, .Surface = session.Looks.Surface};
+    const DrawnParts inTheWindow{.Numbers = session.Project.EditState.ShowNumbers,
+                                 .Room = true,
+                                 .Surface = session.Looks.Surface,
+                                 .StockColours = false};
     parts_ = new DrawnPartsBox(session.Project, PartsIn(session.Habits.ExportContents, inTheWindow),
                                [this] { PlanAgain(); });
     auto* const left = new QVBoxLayout;
-    left->addLayout(form);
+    left->addWidget(FormatFrame());
     left->addWidget(SizeFrame());
     left->addWidget(parts_);
     left->addStretch();
@@ -102,14 +160,32 @@ frmExport::frmExport(Session& session, QWidget* parent) : QDialog(parent), sessi
     layout->addLayout(columns);
     layout->addLayout(Buttons());
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    connect(cboFormat_, &QComboBox::currentIndexChanged, this, [this] { FollowFormat(); });
     BeginAsLastTime();
+}
+
+QGroupBox* frmExport::FormatFrame() {
+    auto* const frame = new QGroupBox("Format");
+    auto* const form = new QFormLayout(frame);
+    cboFormat_ = Named(new ChoiceList, "cboFormat");
+    for (const ExportFormat format : Formats) {
+        cboFormat_->addItem(CaptionOf(format), static_cast<int>(format));
+        cboFormat_->setItemData(cboFormat_->count() - 1, PurposeOf(format), Qt::UserRole + 1);
+    }
+    cboFormat_->setItemDelegate(new PurposeBeside(cboFormat_));
+    cboFormat_->view()->setMinimumWidth(PurposeBeside::Width(*cboFormat_));
+    lblPurpose_ = Named(new QLabel, "lblPurpose");
+    lblPurpose_->setForegroundRole(QPalette::PlaceholderText);
+    form->addRow("&Format:", cboFormat_);
+    form->addRow(lblPurpose_);
+    connect(cboFormat_, &QComboBox::currentIndexChanged, this, [this] { FollowFormat(); });
+    return frame;
 }
 
 void frmExport::BeginAsLastTime() {
     const Habits& habits = session_.Habits;
     if (const double scale = Shown(habits.ExportScale).toDouble(); scale > 0) spnScale_->setValue(scale);
     if (const int width = Shown(habits.ExportWidth).toInt(); width > 0) spnWidth_->setValue(width);
+    if (const int dots = Shown(habits.ExportDots).toInt(); dots > 0) spnDots_->setValue(dots);
     if (const auto last = ExportFormatOf("x" + habits.ExportEnding)) {
         const QSignalBlocker followedBelow(cboFormat_);
         cboFormat_->setCurrentIndex(cboFormat_->findData(static_cast<int>(*last)));
@@ -124,8 +200,11 @@ void frmExport::BeginAsLastTime() {
 QGroupBox* frmExport::SizeFrame() {
     fraSize_ = new QGroupBox("Size");
     auto* const form = new QFormLayout(fraSize_);
-    cboSize_ = Named(new QComboBox, "cboSize");
+    cboSize_ = Named(new ChoiceList, "cboSize");
     cboSize_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    for (const SizeChoice& size : SizeChoices)
+        cboSize_->addItem(size.Caption);
+    cboSize_->setMinimumWidth(cboSize_->sizeHint().width()); // the window keeps its own whatever is offered
     cboPaper_ = NewPaperList(session_.Habits.Paper);
     spnScale_ = Named(new QDoubleSpinBox, "spnScale");
     spnScale_->setPrefix("1:");
@@ -210,8 +289,11 @@ void frmExport::FollowFormat() {
         for (const SizeChoice& size : SizeChoices) {
             if (Offers(format, size.Value)) cboSize_->addItem(size.Caption, static_cast<int>(size.Value));
         }
+        if (cboSize_->count() > 0) cboSize_->setCurrentIndex(0); // a list with a placeholder chooses nothing itself
     }
+    cboSize_->setPlaceholderText(IsTable(format) ? "No drawing" : "At its full size");
     fraSize_->setEnabled(cboSize_->count() > 0);
+    lblPurpose_->setText(PurposeOf(format));
     parts_->EnableDrawing(!IsTable(format), Offers(format, Size::OnPaper));
     FollowSize();
 }
@@ -231,8 +313,9 @@ void frmExport::PlanAgain() {
     chkWalls_->setEnabled(chosen.Sheets.Tiles && chosen.Parts.Room && !session_.Project.Design.Room.Points.empty());
     bool can = false;
     const bool isText = IsTable(Format());
-    picSheet_->setVisible(!isText);
-    txtLines_->setVisible(isText);
+    QWidget* const views[] = {picSheet_, txtLines_};
+    views[isText ? 0 : 1]->hide(); // before the other one comes, or the window would grow for a moment
+    views[isText ? 1 : 0]->show();
     txtLines_->clear();
     try {
         lblPlanned_->setText(PlannedText());
@@ -246,9 +329,12 @@ void frmExport::PlanAgain() {
 }
 
 void frmExport::ShowLines() {
-    txtLines_->setLineWrapMode(Format() == ExportFormat::Csv ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+    const bool isTable = Format() == ExportFormat::Csv;
+    txtLines_->setLineWrapMode(isTable ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
     txtLines_->setWordWrapMode(QTextOption::WrapAnywhere);
-    txtLines_->setPlainText(FirstLines(Shown(ExportBytes(session_.Catalogue, session_.Project, Format(), Chosen()))));
+    const QString text = FirstLines(Shown(ExportBytes(session_.Catalogue, session_.Project, Format(), Chosen())));
+    txtLines_->setPlainText(isTable ? Rounded(text) : text);
+    txtLines_->setToolTip(isTable ? "Rounded to three digits here; the file has all of them" : "");
 }
 
 QString frmExport::PlannedText() {
@@ -261,19 +347,37 @@ QString frmExport::PlannedText() {
     return SizeText(*sheets_, Format(), options);
 }
 
+void frmExport::ChangeFormat(ExportFormat format) {
+    const QVariant size = cboSize_->currentData();
+    cboFormat_->setCurrentIndex(cboFormat_->findData(static_cast<int>(format)));
+    if (const int place = cboSize_->findData(size); place >= 0) cboSize_->setCurrentIndex(place);
+}
+
 void frmExport::Export() {
     bool written = false;
-    session_.Do([&] { written = ExportCommand(session_, Format(), Chosen()); });
+    session_.Do([&] {
+        const auto file = ChooseExportFile(session_, Format());
+        if (!file) return;
+        if (file->Format != Format()) ChangeFormat(file->Format);
+        WriteExport(session_, *file, ExportBytes(session_.Catalogue, session_.Project, file->Format, Chosen()));
+        written = true;
+    });
     if (!written) return;
+    Remember();
+    accept();
+}
+
+void frmExport::Remember() {
     Habits& habits = session_.Habits;
+    habits.ExportEnding = EndingOf(Format());
     habits.Paper = cboPaper_->currentText().toStdString();
     habits.ExportContents = parts_->Remembered(*chkWalls_);
     habits.ExportScale = QString::number(spnScale_->value()).toStdString();
     habits.ExportWidth = QString::number(spnWidth_->value()).toStdString();
+    habits.ExportDots = QString::number(spnDots_->value()).toStdString();
     for (const SizeChoice& size : SizeChoices) {
         if (cboSize_->currentIndex() >= 0 && size.Value == SizeOf<Size>(*cboSize_)) habits.ExportSize = size.Habit;
     }
-    accept();
 }
 
 } // namespace pistaro

@@ -13,13 +13,14 @@
 
 namespace pistaro {
 
-/// Modal. It begins with what was chosen the last time but for the resolution, at first with what the window shows.
+/// Modal. It begins with what was chosen the last time, at first with what the window shows.
 /// Export asks for the file and closes when one was written.
 class frmExport : public QDialog {
 public:
     explicit frmExport(Session& session, QWidget* parent = nullptr);
 
 private:
+    QGroupBox* FormatFrame();
     QGroupBox* SizeFrame();
     QLayout* PreviewColumn();
     /// What the user chose the last time stands there again.
@@ -37,6 +38,10 @@ private:
     /// How large the file's drawing is, or how long its table. Fault: it cannot be written so.
     QString PlannedText();
     void Export();
+    /// Another format with the same way to choose its size, where it offers that.
+    void ChangeFormat(ExportFormat format);
+    /// What was chosen stands there the next time.
+    void Remember();
 
     Session& session_;
     QComboBox *cboFormat_ = nullptr, *cboSize_ = nullptr, *cboPaper_ = nullptr;
@@ -48,7 +53,7 @@ private:
     std::optional<PlannedSheets> sheets_;
     SheetPreview* picSheet_ = nullptr;
     QPlainTextEdit* txtLines_ = nullptr; ///< in the preview's place where there is no drawing
-    QLabel* lblPlanned_ = nullptr;
+    QLabel *lblPurpose_ = nullptr, *lblPlanned_ = nullptr;
     QPushButton* cmdExport_ = nullptr;
 };
 

@@ -2,6 +2,7 @@
 
 #include "imaging/pdf_file.h"
 #include "platform/fault.h"
+#include "ui/choice_list.h"
 #include "ui/named_controls.h"
 
 #include <QDate>
@@ -23,8 +24,9 @@ frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session
     setObjectName("frmPrint");
     setWindowTitle("Print");
     setModal(true);
-    parts_ = new DrawnPartsBox(session.Project, PartsIn(session.Habits.PrintContents, {.Room = true}),
-                               [this] { PlanAgain(); });
+    parts_ =
+        new DrawnPartsBox(session.Project, PartsIn(session.Habits.PrintContents, {.Room = true, .StockColours = false}),
+                          [this] { PlanAgain(); });
     auto* const left = new QVBoxLayout;
     left->addWidget(PaperFrame());
     left->addWidget(parts_);
@@ -43,7 +45,7 @@ QGroupBox* frmPrint::PaperFrame() {
     auto* const frame = new QGroupBox("Paper");
     auto* const form = new QFormLayout(frame);
     cboPaper_ = NewPaperList(session_.Habits.Paper);
-    cboOrientation_ = Named(new QComboBox, "cboOrientation");
+    cboOrientation_ = Named(new ChoiceList, "cboOrientation");
     for (const char* const way : {"Whichever fits best", "Portrait", "Landscape"})
         cboOrientation_->addItem(way);
     optFit_ = Named(new QRadioButton("&Fit on one sheet"), "optSize", 0);
@@ -80,15 +82,34 @@ QLayout* frmPrint::PreviewColumn() {
     spnSheet_->setPrefix("Sheet ");
     spnSheet_->setAccessibleName("Sheet shown");
     spnSheet_->setMinimum(1);
-    connect(spnSheet_, &QSpinBox::valueChanged, this, [this](int sheet) { picSheet_->ShowSheet(sheet - 1); });
+    connect(spnSheet_, &QSpinBox::valueChanged, this, [this] { ShowSheet(); });
     lblSheets_ = Named(new QLabel, "lblSheets");
     lblSheets_->setWordWrap(true);
-    auto* const row = new QHBoxLayout;
-    row->addWidget(lblSheets_, 1);
-    row->addWidget(spnSheet_);
+    lblSheets_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblSheets_->setMinimumHeight(2 * lblSheets_->fontMetrics().lineSpacing()); // whatever is told, nothing moves
+    lblFloor_ = Named(new QLabel, "lblFloor");
+    lblShown_ = Named(new QLabel, "lblShown");
+    lblShown_->setMinimumWidth(lblShown_->fontMetrics().horizontalAdvance("Tile AAA1000"));
+    const auto turn = [this](const char* name, Qt::ArrowType arrow, const char* words, int step) {
+        auto* const button = Named(new QToolButton, name);
+        button->setArrowType(arrow);
+        button->setAccessibleName(words);
+        button->setToolTip(words);
+        connect(button, &QToolButton::clicked, this, [this, step] { spnSheet_->setValue(spnSheet_->value() + step); });
+        return button;
+    };
+    cmdPrevious_ = turn("cmdPrevious", Qt::LeftArrow, "Previous sheet", -1);
+    cmdNext_ = turn("cmdNext", Qt::RightArrow, "Next sheet", 1);
+    picSheet_->Turned = [this](int sheets) { spnSheet_->setValue(spnSheet_->value() + sheets); };
+    auto* const pages = new QHBoxLayout;
+    for (QWidget* const control : std::initializer_list<QWidget*>{cmdPrevious_, spnSheet_, cmdNext_, lblShown_})
+        pages->addWidget(control);
+    pages->addStretch();
     auto* const column = new QVBoxLayout;
     column->addWidget(picSheet_);
-    column->addLayout(row);
+    column->addLayout(pages);
+    column->addWidget(lblFloor_);
+    column->addWidget(lblSheets_);
     return column;
 }
 
@@ -102,9 +123,8 @@ QLayout* frmPrint::Buttons() {
     connect(cmdPdf_, &QPushButton::clicked, this, [this] {
         bool written = false;
         session_.Do([&] {
-            written = ExportToChosenFile(session_, ExportFormat::Pdf, [&] {
-                return PdfOf(sheets_->Drawing, sheets_->Plan, date_, sheets_->Backdrop.get());
-            });
+            written = ExportSheets(
+                session_, [&] { return PdfOf(sheets_->Drawing, sheets_->Plan, date_, sheets_->Backdrop.get()); });
         });
         if (written) Finish();
     });
@@ -135,19 +155,41 @@ void frmPrint::PlanAgain() {
         auto backdrop = TakeBackdrop(drawing, session_.Pictures);
         SheetPlan plan = PlanSheets(drawing, Chosen());
         sheets_ = {std::move(drawing), std::move(plan), std::move(backdrop)};
-        spnSheet_->setMaximum(sheets_->Painter({}).Count());
+        const int count = sheets_->Painter({}).Count();
+        spnSheet_->setMaximum(count);
+        spnSheet_->setSuffix(QString(" of %1").arg(count));
         lblSheets_->setText(SheetsText(*sheets_));
+        lblFloor_->setText(FloorText(*sheets_, cboPaper_->currentText()));
     } catch (const Fault& fault) {
         lblSheets_->setText(Shown(fault.what()));
+        lblFloor_->clear();
     }
     for (QWidget* const control :
          {static_cast<QWidget*>(cmdPrint_), static_cast<QWidget*>(cmdPdf_), static_cast<QWidget*>(spnSheet_)}) {
         if (control != nullptr) control->setEnabled(sheets_.has_value());
     }
-    picSheet_->ShowSheet(spnSheet_->value() - 1);
+    ShowSheet();
+}
+
+void frmPrint::ShowSheet() {
+    const int sheet = spnSheet_->value();
+    picSheet_->ShowSheet(sheet - 1);
+    lblShown_->setText(sheets_ ? SheetText(*sheets_, sheet - 1) : QString());
+    cmdPrevious_->setEnabled(sheets_ && sheet > 1);
+    cmdNext_->setEnabled(sheets_ && sheet < spnSheet_->maximum());
+}
+
+bool frmPrint::WantsSheets() const {
+    constexpr int many = 20;
+    const int count = sheets_->Painter({}).Count();
+    if (count <= many) return true;
+    const std::string question = FloorText(*sheets_, cboPaper_->currentText()).toStdString() + ". Print them all?";
+    const std::string action = "Print " + std::to_string(count) + " &Sheets";
+    return session_.Prompts.AskWhether(question, action) == Answer::Ok;
 }
 
 void frmPrint::Print() {
+    if (!WantsSheets()) return;
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(Shown(sheets_->Drawing.Name));
     QPrintDialog choose(&printer, this);

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QToolButton>
 
 #include <optional>
 
@@ -32,6 +33,9 @@ private:
     SheetOptions Chosen() const;
     /// Lays the sheets out as the fields say, or tells why that cannot be.
     void PlanAgain();
+    void ShowSheet();
+    /// Whether so many sheets are wanted: asks where they are many.
+    bool WantsSheets() const;
     void Print();
     /// Closes when the sheets are out.
     void Finish();
@@ -44,8 +48,9 @@ private:
     QDoubleSpinBox* spnScale_ = nullptr;
     QCheckBox* chkWalls_ = nullptr;
     QSpinBox* spnSheet_ = nullptr;
-    QLabel* lblSheets_ = nullptr;
+    QLabel *lblSheets_ = nullptr, *lblFloor_ = nullptr, *lblShown_ = nullptr;
     SheetPreview* picSheet_ = nullptr;
+    QToolButton *cmdPrevious_ = nullptr, *cmdNext_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdPdf_ = nullptr;
     DrawnPartsBox* parts_ = nullptr;
 };

@@ -27,17 +27,19 @@ frmPurchase::frmPurchase(Session& session, const PurchaseReport& report, QWidget
     : QDialog(parent), session_(session), report_(report) {
     setObjectName("frmPurchase");
     setWindowTitle("Cheapest Purchase");
+    QPushButton* const cmdPrices = Prices();
     QPushButton* const cmdClose = NewButton("cmdClosePurchase", "Close");
-    cmdClose->setDefault(true);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     auto* const column = new QVBoxLayout(this);
-    if (!report.Lines.empty()) {
-        column->addWidget(Lines(), 1);
-        resize(UsualSize);
-    }
     column->addWidget(Total());
+    column->addWidget(Unsold());
+    column->addWidget(Lines(), 1);
     column->addWidget(Remarks());
-    column->addLayout(ButtonRow({Sets(), Copy(), cmdClose}));
+    column->addLayout(ButtonRow({cmdPrices, Sets(), Copy(), cmdClose}));
+    QPushButton* const next = !report.Unsold.empty() && cmdPrices->isEnabled() ? cmdPrices : cmdClose;
+    next->setDefault(true);
+    next->setFocus();
+    resize(UsualSize);
 }
 
 QTreeWidget* frmPurchase::Lines() const {
@@ -45,12 +47,22 @@ QTreeWidget* frmPurchase::Lines() const {
     list->setRootIsDecorated(false);
     list->setAlternatingRowColors(true);
     list->setAccessibleName("What to buy");
-    list->setHeaderLabels({"Count", "Box or piece", "Price", "Sum"});
+    list->setHeaderLabels(
+        {"Count", "Box or piece", WithSign("Price", report_.Currency), WithSign("Sum", report_.Currency)});
+    for (const int number : {0, 2, 3})
+        list->headerItem()->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
     for (const PurchaseLine& line : report_.Lines) {
         auto* const item = new QTreeWidgetItem(
             list, {QString::number(line.Count), Shown(line.Name), Amount(line.Price), Amount(line.Price * line.Count)});
         for (const int number : {0, 2, 3})
             item->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
+    }
+    for (const PurchaseLine& line : report_.Unsold) {
+        auto* const item =
+            new QTreeWidgetItem(list, {QString::number(line.Count), Shown(line.Name), "no price yet", QString()});
+        for (const int number : {0, 2})
+            item->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
+        item->setForeground(2, list->palette().brush(QPalette::PlaceholderText));
     }
     list->header()->setStretchLastSection(false);
     list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -59,31 +71,56 @@ QTreeWidget* frmPurchase::Lines() const {
 }
 
 QLabel* frmPurchase::Total() const {
-    const auto priced = [&](Cents cents) { return Amount(cents) + " " + Shown(CurrencySign(report_.Currency)); };
+    const auto priced = [&](Cents cents) { return Amount(cents, report_.Currency); };
     const QString above = report_.AboveBound == 0 ? "" : "at most " + priced(report_.AboveBound) + " above ";
-    const QString without = report_.HasUnsold ? " without what has no price" : "";
-    QLabel* const label = NewText(
-        "lblPurchaseTotal", report_.Lines.empty()
-                                ? "What is missing has no price yet. View ▸ Stock and Price takes prices."
-                                : "Total " + priced(report_.Total) + without + ", " + above + "the cheapest there is.");
+    const QString without = report_.Unsold.empty() ? "" : " without what has no price";
+    QLabel* const label =
+        NewText("lblPurchaseTotal", report_.Lines.empty() ? "What is missing has no price yet."
+                                                          : "Total " + priced(report_.Total) + without + ", " + above +
+                                                                "the cheapest there is.");
     QFont bold = label->font();
     bold.setBold(true);
     label->setFont(bold);
     return label;
 }
 
+/// What to do about prices that nobody has entered.
+QLabel* frmPurchase::Unsold() const {
+    const std::size_t count = report_.Unsold.size();
+    const QString lacking = count == 1 ? "One price is" : QString::number(count) + " prices are";
+    const QString which = report_.Lines.empty() ? " unknown." : " unknown, at the end of the list.";
+    QLabel* const label = NewText("lblPurchaseUnsold", lacking + which +
+                                                           " Enter what one piece costs, or tell which boxed sets your "
+                                                           "shop sells: the cheapest purchase follows from these.");
+    if (count == 0) label->hide();
+    return label;
+}
+
 QLabel* frmPurchase::Remarks() const {
     QLabel* const label = NewText("lblPurchaseRemarks", Shown(report_.Remarks).trimmed());
-    label->setVisible(!report_.Remarks.empty());
+    if (report_.Remarks.empty()) label->hide();
     return label;
+}
+
+QPushButton* frmPurchase::Prices() {
+    QPushButton* const cmdPrices = NewButton("cmdEnterPrices", "&Enter Prices");
+    EnableSaving(*cmdPrices, !session_.SettingsPath.empty());
+    if (cmdPrices->isEnabled()) cmdPrices->setToolTip("Go to the first of them in View ▸ Stock and Price");
+    if (report_.Unsold.empty()) cmdPrices->hide();
+    connect(cmdPrices, &QPushButton::clicked, this, [this] {
+        accept();
+        session_.Windows->EnterPrices();
+    });
+    return cmdPrices;
 }
 
 QPushButton* frmPurchase::Sets() {
     QPushButton* const cmdSets = NewButton("cmdBoxedSets", "&Boxed Sets…");
-    cmdSets->setToolTip("Tell what your shop sells in boxes, and look again afterwards");
+    cmdSets->setToolTip("Tell what your shop sells in boxes; then the purchase is looked for again");
     connect(cmdSets, &QPushButton::clicked, this, [this] {
         accept();
         session_.Windows->ShowSets();
+        session_.TryRun(*session_.Commands.Find("purchase"));
     });
     return cmdSets;
 }

@@ -18,7 +18,9 @@ public:
 private:
     QTreeWidget* Lines() const;
     QLabel* Total() const;
+    QLabel* Unsold() const;
     QLabel* Remarks() const;
+    QPushButton* Prices();
     QPushButton* Sets();
     QPushButton* Copy();
 

@@ -2,9 +2,11 @@
 
 #include "commands/laying_commands.h"
 #include "editor/owned_track.h"
+#include "editor/piece_list.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "storage/sets_file.h"
+#include "text/count_text.h"
 #include "text/number_text.h"
 #include "ui/named_controls.h"
 #include "ui/typed_number.h"
@@ -12,64 +14,72 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
+#include <QKeyEvent>
 
-#include <exception>
+#include <algorithm>
 
 namespace pistaro {
 
 namespace {
 
-/// A decimal comma is taken whatever the desktop's sign is.
-Cents PriceIn(const QString& typed) {
-    const std::string text = PlainNumber(typed);
-    const std::string pointed = Shown(text).replace(',', '.').toStdString();
-    return CentsOf(NumberIn(IsNumber(pointed) ? pointed : text, "the set's price"));
+Cents PriceIn(const QString& typed) { return CentsOf(NumberIn(PlainNumber(typed), "the set's price")); }
+
+enum Column { Code, Name, Count };
+
+int RowOf(const QTreeWidgetItem& line) { return line.data(Code, Qt::UserRole).toInt(); }
+
+/// The count of a product that somebody typed. Fault: it is none.
+int CountIn(const QString& typed, const QString& code) {
+    const std::string text = typed.trimmed().isEmpty() ? "0" : PlainNumber(typed);
+    const std::string what = "the count of " + code.toStdString();
+    const double number = NumberIn(text, what);
+    const std::optional<int> count = RoundedWithin<int>(number, 0);
+    if (!count || *count != number) throw TypeMismatch(what + ", \"" + text + "\", is no whole number from 0 on");
+    return *count;
 }
 
 /// Puts the line's count into the set.
 void KeepCount(const QTreeWidgetItem& line, BoxedSet& set) {
-    const std::string text = PlainNumber(line.text(2));
-    const std::string what = "the count of " + line.text(0).toStdString();
-    const double number = NumberIn(text, what);
-    const std::optional<int> count = RoundedWithin<int>(number, 0);
-    if (!count || *count != number) throw TypeMismatch(what + ", \"" + text + "\", is no whole number from 0 on");
-    const int row = line.data(0, Qt::UserRole).toInt();
-    if (*count > 0)
-        set.Pieces[row] = *count;
+    const int count = CountIn(line.text(Count), line.text(Code));
+    if (count > 0)
+        set.Pieces[RowOf(line)] = count;
     else
-        set.Pieces.erase(row);
+        set.Pieces.erase(RowOf(line));
 }
 
 } // namespace
 
 frmSets::frmSets(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session), file_(session.SettingsPath.parent_path() / SetsName), sets_(SetsOf(session)) {
+    : QDialog(parent), session_(session), file_(session.SettingsPath.parent_path() / SetsName),
+      areExamples_(!SetsBeside(session.Catalogue, session.SettingsPath)), before_(SetsOf(session)), sets_(before_) {
     setObjectName("frmSets");
     setWindowTitle("Boxed Sets");
     setModal(true);
     auto* const columns = new QHBoxLayout;
-    columns->addLayout(SetList());
-    columns->addLayout(SetFields(), 1);
+    columns->addLayout(SetList(), 1);
+    columns->addLayout(SetFields(), 2);
     auto* const layout = new QVBoxLayout(this);
-    std::error_code unknown;
-    const bool areExamples = !std::filesystem::exists(file_, unknown);
-    auto* const lblSets = Named(new QLabel(areExamples ? "These are examples, which no purchase counts yet. Make them "
-                                                         "the boxes that your shop sells, and save them."
-                                                       : "The boxes that your shop sells. The cheapest purchase is "
-                                                         "chosen among them."),
-                                "lblSets");
+    auto* const lblSets =
+        Named(new QLabel(areExamples_ ? "These are examples, which no purchase counts yet. Make them "
+                                        "the boxes that your shop sells, and save them. Examples that "
+                                        "you leave as they are, are not saved with others."
+                                      : "The boxes that your shop sells. The cheapest purchase is "
+                                        "chosen among them."),
+              "lblSets");
     lblSets->setWordWrap(true);
     layout->addWidget(lblSets);
     layout->addLayout(columns);
     layout->addLayout(Buttons());
-    resize(640, 480);
+    resize(700, 520);
     ListSets(0);
 }
 
 QLayout* frmSets::SetList() {
     lstSets_ = Named(new QListWidget, "lstSets");
     lstSets_->setAccessibleName("Sets");
+    lstSets_->setWordWrap(true); // names are as long as their user likes
+    lstSets_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    lstSets_->setAlternatingRowColors(true);
     QPushButton* const cmdAddSet = NewButton("cmdAddSet", "&New");
     QPushButton* const cmdDeleteSet = NewButton("cmdDeleteSet", "&Delete");
     connect(lstSets_, &QListWidget::currentRowChanged, this, [this](int row) {
@@ -100,21 +110,68 @@ QLayout* frmSets::SetList() {
 
 QLayout* frmSets::SetFields() {
     txtName_ = Named(new QLineEdit, "txtSetName");
+    connect(txtName_, &QLineEdit::textEdited, this, [this](const QString& name) {
+        if (QListWidgetItem* const entry = lstSets_->item(shown_)) entry->setText(name);
+    });
     txtPrice_ = NewNumberBox("txtSetPrice", 8);
-    lstPieces_ = Named(new QTreeWidget, "lstSetPieces");
-    lstPieces_->setHeaderLabels({"Code", "Piece", "In the box"});
-    lstPieces_->setRootIsDecorated(false);
-    lstPieces_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    lstPieces_->setEditTriggers(QAbstractItemView::AllEditTriggers);
+    lstPieces_ = Named(new FieldTable({Count}, {Count}), "lstSetPieces");
+    lstPieces_->SetHeadings({"Code", "Piece", "In the box"});
+    lstPieces_->header()->setSectionResizeMode(Name, QHeaderView::Stretch);
     lstPieces_->setAccessibleName("Pieces in the box");
-    // A click anywhere in a line is for its count, the only thing to edit there.
-    connect(lstPieces_, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { lstPieces_->editItem(item, 2); });
+    lstPieces_->SetEmptyText(NoProductFound);
+    txtFind_ = new ProductFinder("txtFindProduct");
+    txtFind_->GoesOn = [this] {
+        QTreeWidgetItem* const first = FirstListed(*lstPieces_);
+        if (first == nullptr) return;
+        lstPieces_->setFocus();
+        lstPieces_->setCurrentItem(first, Count);
+        lstPieces_->editItem(first, Count);
+    };
+    connect(txtFind_, &QLineEdit::textChanged, this, [this] { Find(); });
+    connect(lstPieces_, &QTreeWidget::itemChanged, this, [this] { ShowContents(); });
+    lstPieces_->Keep = [this](const FieldTable::Step& step) { return AreCounts(step); };
+    lblContents_ = Named(new QLabel, "lblSetContents");
+    lblContents_->setAlignment(Qt::AlignRight);
     auto* const fields = new QFormLayout;
     fields->addRow("N&ame", txtName_);
-    fields->addRow("&Price, " + Shown(session_.Project.Preferences.Units.Currency), txtPrice_);
-    fields->addRow(lstPieces_);
-    return fields;
+    fields->addRow(WithSign("&Price", session_.Project.Preferences.Units.Currency), txtPrice_);
+    QLayout* const list = PieceList();
+    auto* const caption = new QLabel("From a &list");
+    caption->setBuddy(txtList_);
+    fields->addRow(caption, list);
+    fields->addRow("P&ieces", txtFind_);
+    auto* const column = new QVBoxLayout;
+    column->addLayout(fields);
+    column->addWidget(lstPieces_, 1);
+    column->addWidget(lblContents_);
+    return column;
+}
+
+QLayout* frmSets::PieceList() {
+    txtList_ = Named(new QLineEdit, "txtSetList");
+    txtList_->setPlaceholderText("8 C151, 4 C160, C367");
+    txtList_->setToolTip("What is in the box, typed or pasted: codes with their counts");
+    txtList_->setAccessibleName("List of what is in the box");
+    txtList_->installEventFilter(this);
+    cmdFill_ = NewButton("cmdFillSet", "&Fill the Box");
+    cmdFill_->setToolTip("Have the box hold what the list names, and nothing else");
+    const auto enable = [this] { cmdFill_->setEnabled(HasList()); };
+    enable();
+    connect(txtList_, &QLineEdit::textChanged, this, enable);
+    connect(cmdFill_, &QPushButton::clicked, this, [this] { FillFromList(); });
+    auto* const row = new QHBoxLayout;
+    row->addWidget(txtList_);
+    row->addWidget(cmdFill_);
+    return row;
+}
+
+/// Enter in the list fills the box, and does not save.
+bool frmSets::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != txtList_ || event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const int key = static_cast<const QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    cmdFill_->click();
+    return true;
 }
 
 QLayout* frmSets::Buttons() {
@@ -146,30 +203,92 @@ void frmSets::ListSets(int chosen) {
 
 void frmSets::ShowSet() {
     const bool isAny = shown_ >= 0;
-    for (QWidget* const field : std::initializer_list<QWidget*>{txtName_, txtPrice_, lstPieces_})
+    for (QWidget* const field : std::initializer_list<QWidget*>{txtName_, txtPrice_, txtList_, txtFind_, lstPieces_})
         field->setEnabled(isAny);
-    lstPieces_->clear();
+    txtList_->clear();
+    txtFind_->clear();
     const BoxedSet none;
     const BoxedSet& set = isAny ? sets_[static_cast<std::size_t>(shown_)] : none;
     txtName_->setText(Shown(set.Name));
-    txtPrice_->setText(Shown(MoneyText(set.Price)));
-    for (const int row : session_.Catalogue.ProductRows()) {
-        const auto found = set.Pieces.find(row);
-        const int count = found == set.Pieces.end() ? 0 : found->second;
-        const CatalogueEntry& product = session_.Catalogue[row];
-        auto* const item = new QTreeWidgetItem(
-            lstPieces_, {Shown(ProductCode(product.Code)), Shown(product.LongName), QString::number(count)});
-        item->setData(0, Qt::UserRole, row);
-        item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-        item->setFlags(item->flags() | Qt::ItemIsEditable);
+    txtPrice_->setText(Amount(set.Price));
+    ListPieces(set.Pieces);
+}
+
+void frmSets::ListPieces(const std::map<int, int>& counts) {
+    {
+        const QSignalBlocker quiet(lstPieces_);
+        lstPieces_->clear();
+        lstPieces_->ForgetEntries();
+        std::vector<int> rows = session_.Catalogue.ProductRows();
+        std::stable_partition(rows.begin(), rows.end(), [&](int row) { return counts.contains(row); });
+        for (const int row : rows) {
+            const auto found = counts.find(row);
+            const int count = found == counts.end() ? 0 : found->second;
+            const CatalogueEntry& product = session_.Catalogue[row];
+            auto* const item = new QTreeWidgetItem(
+                lstPieces_, {Shown(ProductCode(product.Code)), Shown(product.LongName), QString::number(count)});
+            item->setData(Code, Qt::UserRole, row);
+            item->setFlags(item->flags() | Qt::ItemIsEditable);
+        }
+    }
+    Find();
+    ShowContents();
+}
+
+void frmSets::Find() {
+    lstPieces_->EndEntry();
+    for (int at = 0; at < lstPieces_->topLevelItemCount(); ++at) {
+        QTreeWidgetItem& line = *lstPieces_->topLevelItem(at);
+        line.setHidden(!HoldsText(line, Name, txtFind_->text()));
     }
 }
 
-bool frmSets::KeepSet() {
-    if (shown_ < 0 || shown_ >= static_cast<int>(sets_.size())) return true;
-    BoxedSet& set = sets_[static_cast<std::size_t>(shown_)];
+void frmSets::ShowContents() {
+    const QSignalBlocker quiet(lstPieces_);
+    Cents singly = 0;
+    int pieces = 0;
+    bool arePriced = true;
+    for (int at = 0; at < lstPieces_->topLevelItemCount(); ++at) {
+        QTreeWidgetItem& line = *lstPieces_->topLevelItem(at);
+        const int count = line.text(Count).toInt(); // what is no number is told when the set is kept
+        QFont font = lstPieces_->font();
+        font.setBold(count > 0);
+        for (const int column : {Code, Name, Count})
+            line.setFont(column, font);
+        if (count == 0) continue;
+        const Cents price = CentsOf(session_.Project.Stock[RowOf(line)].Price);
+        pieces += count;
+        singly += price * count;
+        arePriced = arePriced && price > 0;
+    }
+    QString contents = Shown(CountText(pieces, "piece")) + " in the box";
+    if (pieces > 0 && arePriced)
+        contents += ", bought singly " + Amount(singly, session_.Project.Preferences.Units.Currency);
+    lblContents_->setText(contents);
+}
+
+bool frmSets::AreCounts(const FieldTable::Step& step) {
+    const bool areCounts = session_.Do([&] {
+        for (const FieldTable::Entry& entry : step)
+            CountIn(entry.Text, entry.Line);
+    });
+    if (areCounts) ShowContents();
+    return areCounts;
+}
+
+bool frmSets::HasList() const { return !txtList_->text().trimmed().isEmpty(); }
+
+bool frmSets::FillFromList() {
+    const bool filled = session_.Do([&] {
+        const std::map<int, int> counts = ParseProductList(session_.Catalogue, txtList_->text().toStdString());
+        ListPieces(counts);
+        txtList_->clear();
+    });
+    return filled;
+}
+
+std::exception_ptr frmSets::TakeFields(BoxedSet& set) const {
     set.Name = txtName_->text().toStdString();
-    if (QListWidgetItem* const entry = lstSets_->item(shown_)) entry->setText(Shown(set.Name));
     std::exception_ptr fault;
     const auto keep = [&fault](const auto& field) {
         try {
@@ -181,16 +300,43 @@ bool frmSets::KeepSet() {
     keep([&] { set.Price = PriceIn(txtPrice_->text()); });
     for (int line = 0; line < lstPieces_->topLevelItemCount(); ++line)
         keep([&] { KeepCount(*lstPieces_->topLevelItem(line), set); });
+    return fault;
+}
+
+bool frmSets::KeepSet() {
+    if (shown_ < 0 || shown_ >= static_cast<int>(sets_.size())) return true;
+    if (HasList() && !FillFromList()) return false;
+    BoxedSet& set = sets_[static_cast<std::size_t>(shown_)];
+    const std::exception_ptr fault = TakeFields(set);
+    if (QListWidgetItem* const entry = lstSets_->item(shown_)) entry->setText(Shown(set.Name));
     if (!fault) return true;
     session_.Do([&] { std::rethrow_exception(fault); });
     ShowSet();
     return false;
 }
 
+bool frmSets::IsChanged() const {
+    BoxedSets now = sets_;
+    const bool fault = shown_ >= 0 && TakeFields(now[static_cast<std::size_t>(shown_)]);
+    return fault || HasList() || now != before_;
+}
+
+void frmSets::reject() {
+    constexpr const char* question = "The changes to your boxed sets are not saved. Close without them?";
+    if (!IsChanged() || session_.Prompts.AskWhether(question, "Close &Without Them") == Answer::Ok) QDialog::reject();
+}
+
+/// The sets but for the examples that were left as they are, where there are others.
+BoxedSets frmSets::WithoutExamples() const {
+    BoxedSets own = sets_;
+    std::erase_if(own, [this](const BoxedSet& set) { return std::ranges::find(before_, set) != before_.end(); });
+    return own.empty() ? sets_ : own;
+}
+
 void frmSets::Save() {
     if (!KeepSet()) return;
     const bool saved = session_.Do([&] {
-        const std::string text = SetsText(session_.Catalogue, sets_);
+        const std::string text = SetsText(session_.Catalogue, areExamples_ ? WithoutExamples() : sets_);
         ParseSets(session_.Catalogue, text, SetsName); // what could not be read again is told, and not written
         ReplaceFile(file_, text);
     });

@@ -3,13 +3,18 @@
 
 #include "commands/session.h"
 #include "model/boxed_set.h"
+#include "ui/field_table.h"
+#include "ui/product_finder.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTreeWidget>
+#include <QPushButton>
 
+#include <exception>
 #include <filesystem>
+#include <map>
 
 namespace pistaro {
 
@@ -19,25 +24,52 @@ class frmSets : public QDialog {
 public:
     explicit frmSets(Session& session, QWidget* parent = nullptr);
 
+    /// Esc, Cancel and the window's own button: asks before changes are lost.
+    void reject() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QLayout* SetList();
     QLayout* SetFields();
+    QLayout* PieceList();
     QLayout* Buttons();
     void ListSets(int chosen);
     void ShowSet();
-    /// Takes what the fields say into the set. What is no number is told, false then, and the field shows the old
-    /// again.
+    /// Lists all products, those in the box first.
+    void ListPieces(const std::map<int, int>& counts);
+    /// Lists the products that are looked for.
+    void Find();
+    /// Takes what the fields say into a set, and gives the first fault that is found: what is no number is not taken.
+    std::exception_ptr TakeFields(BoxedSet& set) const;
+    /// The same into the set that is shown. What is no number is told, false then, and the field shows the old again.
     bool KeepSet();
+    bool IsChanged() const;
+    bool HasList() const;
+    /// Has the box hold what the list that was typed or pasted names. A fault is told, false then.
+    bool FillFromList();
+    /// Shows what is in the box apart from what is not, and how much that is.
+    void ShowContents();
+    /// Whether what was entered are counts, which show then. A fault is told.
+    bool AreCounts(const FieldTable::Step& step);
+    BoxedSets WithoutExamples() const;
     void Save();
 
     Session& session_;
     const std::filesystem::path file_;
+    const bool areExamples_; ///< as long as there is no file of the user's own
+    const BoxedSets before_;
     BoxedSets sets_;
     int shown_ = -1; ///< the set in the fields
     QListWidget* lstSets_ = nullptr;
     QLineEdit* txtName_ = nullptr;
     QLineEdit* txtPrice_ = nullptr;
-    QTreeWidget* lstPieces_ = nullptr;
+    QLineEdit* txtList_ = nullptr;
+    QPushButton* cmdFill_ = nullptr;
+    ProductFinder* txtFind_ = nullptr;
+    FieldTable* lstPieces_ = nullptr;
+    QLabel* lblContents_ = nullptr;
 };
 
 } // namespace pistaro

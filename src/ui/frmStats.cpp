@@ -26,8 +26,8 @@ QLabel* NewLabel(const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
 QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const BuiltLanes& built, const Units& units) {
     auto* const frame = Named(new QGroupBox(Shown(texts.Name)), "fraTrack", index);
     auto* const grid = new QGridLayout(frame);
-    grid->setContentsMargins(6, 8, 6, 8);
-    grid->setHorizontalSpacing(4);
+    grid->setContentsMargins(3, 8, 3, 8);
+    grid->setHorizontalSpacing(3);
     grid->setColumnStretch(1, 1);
     // Wide enough for all but rare figures, so that the frames are equally wide.
     grid->setColumnMinimumWidth(1, frame->fontMetrics().horizontalAdvance("888.88"));
@@ -37,19 +37,14 @@ QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const BuiltLanes& b
         grid->addWidget(Named(NewLabel(Shown(value), Qt::AlignRight), name, index), row, 1);
         if (unit != nullptr) grid->addWidget(unit, row, 2);
     };
-    const auto lengthUnit = [&](int place) { return Named(NewLabel(units.Name()), "lblUnit", place); };
-    add(LeftLengthCaption, "lblLL", texts.Left, lengthUnit(2 * index));
-    add(RightLengthCaption, "lblRL", texts.Right, lengthUnit(2 * index + 1));
+    const auto lengthUnit = [&](const char* name, int place) { return Named(NewLabel(units.Name()), name, place); };
+    add(LeftLengthCaption, "lblLL", texts.Left, lengthUnit("lblUnit", 2 * index));
+    add(RightLengthCaption, "lblRL", texts.Right, lengthUnit("lblUnit", 2 * index + 1));
     add(PriceCaption, "lblPrice", texts.Price, Named(NewLabel(Shown(units.Currency)), "lblCurrency", index));
     add(ElementsCaption, "lblElNum", texts.Elements, nullptr);
-    // Their unit is that of the lengths above; the column of units is theirs too.
-    const auto addBuilt = [&](const char* caption, const char* name, double length) {
-        const int row = grid->rowCount();
-        grid->addWidget(new QLabel(caption), row, 0);
-        grid->addWidget(Named(NewLabel(Shown(FineLength(length, units)), Qt::AlignRight), name, index), row, 1, 1, 2);
-    };
-    addBuilt(BuiltLeftCaption, "lblBuiltLeft", built.Lengths[0]);
-    addBuilt(BuiltRightCaption, "lblBuiltRight", built.Lengths[1]);
+    add(BuiltLeftCaption, "lblBuiltLeft", FineLength(built.Lengths[0], units), lengthUnit("lblBuiltUnit", 2 * index));
+    add(BuiltRightCaption, "lblBuiltRight", FineLength(built.Lengths[1], units),
+        lengthUnit("lblBuiltUnit", 2 * index + 1));
     if (built.Joined) frame->setToolTip(Shown(LanesText(built, units)));
     return frame;
 }
@@ -74,6 +69,7 @@ frmStats::frmStats(Session& session, QWidget* parent)
     setWindowTitle("Track Statistics");
     setModal(true);
     auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(5, 8, 5, 8); // four frames side by side on the smallest screen
     layout->addWidget(Frames());
     layout->addWidget(DetailArea());
     layout->addLayout(Buttons());
@@ -89,6 +85,7 @@ QWidget* frmStats::Frames() {
     auto* const frames = new QWidget;
     auto* const row = new QHBoxLayout(frames);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(3);
     int index = 0;
     const Units& units = session_.Project.Preferences.Units;
     const auto built = BuiltFrames(session_.Catalogue, session_.Project.Design.Circuit);

@@ -62,10 +62,13 @@ struct Filters {
         }
     }
 
-    QString WithEnding(const QString& file) const {
-        const auto matches = [&](const QString& pattern) { return file.endsWith(pattern.mid(1), Qt::CaseInsensitive); };
-        const bool ends = Patterns.isEmpty() || std::any_of(Patterns.begin(), Patterns.end(), matches);
-        return ends ? file : file + Patterns.first().mid(1);
+    QString WithEnding(const QString& file, const std::vector<std::string>& others) const {
+        const auto ends = [&](const QString& ending) { return file.endsWith(ending, Qt::CaseInsensitive); };
+        const auto matches = [&](const QString& pattern) { return ends(pattern.mid(1)); };
+        const auto isOther = [&](const std::string& ending) { return ends(QString::fromStdString(ending)); };
+        const bool keeps = Patterns.isEmpty() || std::any_of(Patterns.begin(), Patterns.end(), matches) ||
+                           std::ranges::any_of(others, isOther);
+        return keeps ? file : file + Patterns.first().mid(1);
     }
 
     /// A proposed file's name with the ending of the filter that was chosen after it, where it has that of another.
@@ -115,6 +118,15 @@ Answer MessagePrompts::Ask(const std::string& question, Buttons buttons) {
     return answer == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
+Answer MessagePrompts::AskWhether(const std::string& question, const std::string& action) {
+    PlainBox box(QMessageBox::Question, question, QMessageBox::Cancel);
+    QPushButton* const does = box.addButton(QString::fromStdString(action), QMessageBox::AcceptRole);
+    box.setDefaultButton(does);
+    box.setEscapeButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == does ? Answer::Ok : Answer::Cancel;
+}
+
 std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice& choice) {
     const Filters filters(choice.Filter);
     QFileDialog dialog(Owner(), QString::fromStdString(choice.Title), QString::fromStdString(choice.Folder));
@@ -122,7 +134,8 @@ std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice
     dialog.setFileMode(choice.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the program asks itself
     dialog.setNameFilters(filters.Names);
-    if (!choice.DefaultName.empty()) dialog.selectFile(filters.WithEnding(QString::fromStdString(choice.DefaultName)));
+    if (!choice.DefaultName.empty())
+        dialog.selectFile(filters.WithEnding(QString::fromStdString(choice.DefaultName), {}));
     const bool hasOneEndingEach = filters.Names.size() == filters.Patterns.size();
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
         if (!choice.Saving || !hasOneEndingEach || dialog.selectedFiles().isEmpty()) return;
@@ -132,7 +145,7 @@ std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice
     });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QString file = dialog.selectedFiles().constFirst();
-    return PathFromText((choice.Saving ? filters.WithEnding(file) : file).toStdString());
+    return PathFromText((choice.Saving ? filters.WithEnding(file, choice.OtherEndings) : file).toStdString());
 }
 
 } // namespace pistaro

@@ -16,6 +16,7 @@ public:
     /// With a button that opens its folder.
     void TellWritten(const std::filesystem::path& file, const std::string& more) override;
     Answer Ask(const std::string& question, Buttons buttons) override;
+    Answer AskWhether(const std::string& question, const std::string& action) override;
 
     /// A file to be saved gets the first ending of the filter where it has none of the filter's.
     std::optional<std::filesystem::path> ChooseFile(const FileChoice& choice) override;

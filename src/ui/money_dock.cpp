@@ -3,68 +3,86 @@
 #include "editor/owned_track.h"
 #include "model/money.h"
 #include "money/purchase.h"
+#include "text/count_text.h"
 #include "ui/named_controls.h"
 #include "ui/typed_number.h"
 
+#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QStyledItemDelegate>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace pistaro {
 
 namespace {
 
-/// Lets only some columns be edited.
-class ColumnDelegate : public QStyledItemDelegate {
-public:
-    ColumnDelegate(std::vector<int> columns, QObject* parent)
-        : QStyledItemDelegate(parent), columns_(std::move(columns)) {}
-
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const override {
-        const bool edits = std::ranges::find(columns_, index.column()) != columns_.end();
-        return edits ? QStyledItemDelegate::createEditor(parent, option, index) : nullptr;
-    }
-
-private:
-    std::vector<int> columns_;
-};
+constexpr QRgb MissingColour = qRgb(214, 60, 50); // to be seen on light and dark grounds; it is bold besides
 
 /// A price of 0 is none: nobody has entered one.
 QString AmountIfKnown(Cents price, Cents amount) { return price == 0 ? QString() : Amount(amount); }
 
+constexpr const char* NoProducts = "Lay pieces: here stands how many you own, which are missing, and what these cost.";
+
 } // namespace
 
 MoneyDock::MoneyDock(Session& session)
-    : QDockWidget("Stock and Price"), session_(session), list_(Named(new PanelList, "lstMoney")),
-      total_(Named(new QLabel, "lblMoney")) {
+    : QDockWidget("Stock and Price"), session_(session),
+      list_(Named(new FieldTable({OwnedColumn, Price}, {Used, OwnedColumn, Missing, Price, Sum}), "lstMoney")),
+      pieces_(Named(new ElidedLabel, "lblMoneyPieces")), total_(Named(new QLabel, "lblMoney")),
+      hint_(Named(new ElidedLabel, "lblMoneyHint")) {
     setObjectName("fraMoney");
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
     column->setContentsMargins(6, 6, 6, 6);
     column->addWidget(list_);
-    column->addWidget(total_);
+    auto* const totals = new QHBoxLayout;
+    totals->addWidget(pieces_, 1);
+    totals->addWidget(total_);
+    column->addLayout(totals);
+    column->addWidget(hint_);
     total_->setTextFormat(Qt::PlainText);
-    total_->setWordWrap(true);
-    list_->setColumnCount(ColumnCount);
-    list_->setHeaderLabels({"Code", "Piece", "Used", "Owned", "Missing", "Price", "Sum"});
-    list_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    list_->header()->setStretchLastSection(false);
-    list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
-                           QAbstractItemView::AnyKeyPressed);
-    list_->setAccessibleName("Pieces and prices");
-    if (!session.SettingsPath.empty())
-        list_->setItemDelegate(new ColumnDelegate({OwnedColumn, Price}, list_));
-    else
-        list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    QFont bold = total_->font();
+    bold.setBold(true);
+    total_->setFont(bold);
+    hint_->setText("Type what you own and what one costs. Enter: next line, Tab: next field.");
+    hint_->setForegroundRole(QPalette::PlaceholderText);
+    hint_->hide();
     setWidget(content);
-    connect(list_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int at) { Edited(*item, at); });
+    setFocusProxy(list_);
+    SetUpList();
+}
+
+void MoneyDock::SetUpList() {
+    ShowHeadings();
+    QHeaderView& header = *list_->header();
+    header.setSectionResizeMode(Name, QHeaderView::Stretch);
+    header.setSectionsClickable(true);
+    header.setSortIndicator(-1, Qt::AscendingOrder);
+    header.setSortIndicatorClearable(true);
+    connect(&header, &QHeaderView::sortIndicatorChanged, this, [this](int section) {
+        list_->header()->setSortIndicatorShown(section >= 0); // its place is the names' until then
+        list_->EndEntry();
+        List();
+        Count();
+    });
+    list_->SetHint(Price, "price");
+    list_->SetEmptyText(NoProducts);
+    list_->setAccessibleName("Pieces and prices");
+    if (session_.SettingsPath.empty()) list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    connect(list_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
+        Keep({{item->text(Code), column, item->text(column)}});
+    });
+    list_->Keep = [this](const FieldTable::Step& step) { return Keep(step); };
 }
 
 void MoneyDock::Refresh(const Changes& changes) {
+    // The design's own undo is the next one; and what was entered elsewhere is no step here.
+    if (changes.Circuit || (changes.Stock && !isKeeping_)) list_->ForgetEntries();
     if ((changes.Circuit || changes.Stock || changes.Preferences) && isVisible()) CountLater();
 }
 
@@ -83,62 +101,158 @@ void MoneyDock::CountLater() {
 }
 
 void MoneyDock::Count() {
-    const QSignalBlocker quiet(list_);
-    list_->clear();
-    const Project& project = session_.Project;
-    const Catalogue& catalogue = session_.Catalogue;
-    const std::vector<int> used = CountUsedByProduct(catalogue, project.Design.Circuit);
-    Cents toBuy = 0;
-    int unpriced = 0;
-    for (const int row : catalogue.ProductRows()) {
-        const int count = used[static_cast<std::size_t>(row)];
-        if (count == 0) continue;
-        AddProduct(row, count);
-        const ProductStock product = project.Stock[row];
-        const int missing = std::max(0, count - product.OwnedCount);
-        toBuy += CentsOf(product.Price) * missing;
-        if (product.Price == 0) unpriced += missing;
+    used_ = CountUsedByProduct(session_.Catalogue, session_.Project.Design.Circuit);
+    std::vector<int> products;
+    std::ranges::copy_if(session_.Catalogue.ProductRows(), std::back_inserter(products),
+                         [&](int row) { return used_[static_cast<std::size_t>(row)] > 0; });
+    if (products != products_) { // else an entry that has been begun goes on
+        list_->EndEntry();
+        products_ = std::move(products);
+        List();
     }
+    const QSignalBlocker quiet(list_);
+    ShowHeadings();
+    int line = 0;
+    for (const int row : rows_)
+        ShowProduct(*list_->topLevelItem(line++), row);
+    ShowTotals();
+    ShowHint();
+}
+
+void MoneyDock::EnterPrices() {
+    show();
+    raise();
+    Count();
+    list_->setFocus();
+    if (list_->IsClosed()) return;
+    for (int line = 0; line < list_->topLevelItemCount(); ++line) {
+        const Figures figures = FiguresOf(rows_[static_cast<std::size_t>(line)]);
+        if (figures[Missing - Used] == 0 || figures[Price - Used] > 0) continue;
+        QTreeWidgetItem* const item = list_->topLevelItem(line);
+        list_->setCurrentItem(item, Price);
+        return list_->editItem(item, Price);
+    }
+}
+
+void MoneyDock::ShowHeadings() {
+    const std::string& currency = session_.Project.Preferences.Units.Currency;
+    list_->SetHeadings(
+        {"Code", "Piece", "Used", "Owned", "Missing", WithSign("Price", currency), WithSign("To buy", currency)});
+    const std::pair<Column, const char*> tips[] = {{Code, "A click sorts by this, another one the other way"},
+                                                   {Used, "How many the design uses"},
+                                                   {OwnedColumn, "How many you own: type them here"},
+                                                   {Missing, "How many you do not own yet"},
+                                                   {Price, "What one costs: type it here"},
+                                                   {Sum, "What the missing ones cost"}};
+    for (const auto& [column, tip] : tips)
+        list_->headerItem()->setToolTip(column, tip);
+}
+
+void MoneyDock::List() {
+    const QSignalBlocker quiet(list_);
+    const int line = list_->indexOfTopLevelItem(list_->currentItem());
+    const int current = line < 0 ? -1 : rows_[static_cast<std::size_t>(line)];
+    const int column = line < 0 ? OwnedColumn : list_->currentColumn();
+    list_->clear();
+    rows_ = InOrder(products_);
+    for (const int row : rows_) {
+        const CatalogueEntry& product = session_.Catalogue[row];
+        auto* const item = new QTreeWidgetItem(list_, {Shown(ProductCode(product.Code)), Shown(product.LongName)});
+        item->setFlags(item->flags() | Qt::ItemIsEditable);
+        item->setToolTip(Name, Shown(product.LongName));
+        if (row == current) list_->setCurrentItem(item, column);
+    }
+    // The keyboard begins at the first field.
+    if (list_->currentItem() == nullptr && !rows_.empty())
+        list_->setCurrentItem(list_->topLevelItem(0), OwnedColumn, QItemSelectionModel::NoUpdate);
+}
+
+/// That of the heading that was clicked last; numbers do not change it until another click.
+std::vector<int> MoneyDock::InOrder(std::vector<int> rows) const {
+    const int column = list_->header()->sortIndicatorSection();
+    if (column < 0) return rows;
+    const auto isBefore = [&](int one, int other) {
+        if (column >= Used) {
+            const auto at = static_cast<std::size_t>(column - Used);
+            return FiguresOf(one)[at] < FiguresOf(other)[at];
+        }
+        const auto text = [&](int row) {
+            const CatalogueEntry& product = session_.Catalogue[row];
+            return column == Code ? product.Code : product.LongName;
+        };
+        return text(one) < text(other);
+    };
+    const bool isDown = list_->header()->sortIndicatorOrder() == Qt::DescendingOrder;
+    std::ranges::stable_sort(rows,
+                             [&](int one, int other) { return isDown ? isBefore(other, one) : isBefore(one, other); });
+    return rows;
+}
+
+MoneyDock::Figures MoneyDock::FiguresOf(int row) const {
+    const ProductStock stock = session_.Project.Stock[row];
+    const Cents used = used_[static_cast<std::size_t>(row)];
+    const Cents owned = stock.OwnedCount;
+    const Cents missing = std::max<Cents>(0, used - owned);
+    const Cents price = CentsOf(stock.Price);
+    return {used, owned, missing, price, price * missing};
+}
+
+void MoneyDock::ShowProduct(QTreeWidgetItem& line, int row) const {
+    const auto [used, owned, missing, price, sum] = FiguresOf(row);
+    line.setText(Used, QString::number(used));
+    line.setText(OwnedColumn, QString::number(owned));
+    line.setText(Missing, missing > 0 ? QString::number(missing) : "–");
+    line.setText(Price, AmountIfKnown(price, price));
+    line.setText(Sum, missing > 0 ? AmountIfKnown(price, sum) : QString());
+    QFont font = list_->font();
+    font.setBold(missing > 0);
+    line.setFont(Missing, font);
+    line.setData(Missing, Qt::ForegroundRole, missing > 0 ? QBrush(QColor(MissingColour)) : QVariant());
+}
+
+void MoneyDock::ShowTotals() {
+    Cents toBuy = 0;
+    Cents pieces = 0;
+    Cents missing = 0;
+    Cents unpriced = 0;
+    for (const int row : rows_) {
+        const auto [used, owned, lacking, price, sum] = FiguresOf(row);
+        pieces += used;
+        missing += lacking;
+        toBuy += sum;
+        if (price == 0) unpriced += lacking;
+    }
+    pieces_->setText(Shown(CountText(pieces, "piece") + " in the design, " +
+                           (pieces > 0 && missing == 0 ? "all owned" : std::to_string(missing) + " missing")));
     QStringList parts;
-    if (toBuy > 0 || unpriced == 0)
-        parts += Amount(toBuy) + " " + Shown(CurrencySign(project.Preferences.Units.Currency));
+    if (toBuy > 0 || unpriced == 0) parts += Amount(toBuy, session_.Project.Preferences.Units.Currency);
     if (unpriced > 0) parts += QString::number(unpriced) + " without a price";
     total_->setText("To buy: " + parts.join(", and "));
 }
 
-void MoneyDock::AddProduct(int row, int used) {
-    const CatalogueEntry& product = session_.Catalogue[row];
-    const ProductStock stock = session_.Project.Stock[row];
-    const int missing = std::max(0, used - stock.OwnedCount);
-    const Cents price = CentsOf(stock.Price);
-    auto* const item =
-        new QTreeWidgetItem(list_, {Shown(ProductCode(product.Code)), Shown(product.LongName), QString::number(used),
-                                    QString::number(stock.OwnedCount), QString::number(missing),
-                                    AmountIfKnown(price, price), AmountIfKnown(price, price * missing)});
-    for (int column = Used; column < ColumnCount; ++column)
-        item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-    item->setFlags(item->flags() | Qt::ItemIsEditable);
-    item->setToolTip(OwnedColumn, "Type how many you own");
-    item->setToolTip(Price, "Type what one costs");
-    if (missing > 0) {
-        QFont bold = item->font(Missing);
-        bold.setBold(true);
-        item->setFont(Missing, bold);
-    }
+void MoneyDock::ShowHint() {
+    const bool isUntouched = std::ranges::all_of(rows_, [&](int row) {
+        const ProductStock product = session_.Project.Stock[row];
+        return product.OwnedCount == 0 && product.Price == 0;
+    });
+    hint_->setVisible(isUntouched && !rows_.empty() && !list_->IsClosed());
 }
 
-void MoneyDock::Edited(const QTreeWidgetItem& item, int column) {
-    const std::string typed = PlainNumber(item.text(column));
-    const std::string code = item.text(Code).toStdString();
-    session_.Do([&] {
+bool MoneyDock::Keep(const FieldTable::Step& step) {
+    const QScopedValueRollback keeping(isKeeping_, true);
+    const bool isKept = session_.Do([&] {
         StockBoxes boxes = EmptyStockBoxes(session_.Catalogue);
         FillStockBoxes(session_.Catalogue, session_.Project.Stock, boxes);
-        for (StockBox& box : boxes) {
-            if (box.Tag == code) (column == Price ? box.Price : box.Owned) = typed;
+        for (const FieldTable::Entry& entry : step) {
+            const auto box = std::ranges::find(boxes, entry.Line.toStdString(), &StockBox::Tag);
+            if (box == boxes.end()) continue;
+            std::string& text = entry.Column == Price ? box->Price : box->Owned;
+            text = entry.Text.trimmed().isEmpty() ? "0" : PlainNumber(entry.Text);
         }
         KeepOwnedTrack(session_.Catalogue, session_.SettingsPath, session_.Project.Stock, boxes);
     });
     CountLater(); // what was refused shows as it was
+    return isKept;
 }
 
 } // namespace pistaro

@@ -1,5 +1,7 @@
 #include "ui/piece_badge.h"
 
+#include "text/minus_text.h"
+#include "ui/named_controls.h"
 #include "ui/piece_icon.h"
 
 #include <QWidget>
@@ -15,7 +17,7 @@ const QColor TooFew(198, 40, 40);
 } // namespace
 
 void PaintBadge(QPainter& painter, const QRectF& place, int left, const QPalette& palette) {
-    const QString number = QString::number(left).replace('-', "−");
+    const QString number = Shown(WithMinus(std::to_string(left)));
     const QFontMetricsF letters(painter.font(), painter.device());
     const double height = letters.height();
     const double width = std::max(height, letters.horizontalAdvance(number) + height / 2);

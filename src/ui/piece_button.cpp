@@ -4,12 +4,12 @@
 #include "ui/named_controls.h"
 #include "ui/piece_badge.h"
 #include "ui/piece_icon.h"
+#include "ui/tip_place.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -43,10 +43,10 @@ PieceButton::PieceButton(const CatalogueEntry& piece, const Catalogue& catalogue
     setAccessibleName(Shown(std::string(ProductCode(piece.Code)) + ", " + PieceName(piece)) + HandOf(piece));
 }
 
-void PieceButton::ShowLeft(int left) {
+void PieceButton::ShowLeft(int left, const std::string& words) {
     left_ = left;
     const QString folded = foldOut_ == nullptr ? "" : "; Alt+Down opens its special pieces";
-    setAccessibleDescription(QString("%1 left").arg(left) + folded);
+    setAccessibleDescription(Shown(words) + folded);
     update();
 }
 
@@ -91,11 +91,10 @@ QRect PieceButton::FoldOutPlace() const {
 
 bool PieceButton::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
-        const auto& help = static_cast<const QHelpEvent&>(*event);
-        if (FoldOutPlace().contains(help.pos())) {
-            QToolTip::showText(help.globalPos(), "Special pieces of this shape (Alt+↓)", this);
-            return true;
-        }
+        const bool isFoldOut = FoldOutPlace().contains(static_cast<const QHelpEvent&>(*event).pos());
+        ShowTipBeside(RowOfColumn(*this, rect()), isFoldOut ? "Special pieces of this shape (Alt+↓)" : toolTip(),
+                      *this);
+        return true;
     }
     return QToolButton::event(event);
 }
@@ -112,6 +111,7 @@ void PieceButton::mouseMoveEvent(QMouseEvent* event) {
 
 void PieceButton::keyPressEvent(QKeyEvent* event) {
     if (foldOut_ != nullptr && event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier) return Open();
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click(); // as in the list of found ones
     QToolButton::keyPressEvent(event);
 }
 

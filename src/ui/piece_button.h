@@ -12,8 +12,8 @@ class PieceButton : public QToolButton {
 public:
     PieceButton(const CatalogueEntry& piece, const Catalogue& catalogue, QWidget* parent);
 
-    /// Shows how many of the piece's shape are left, red below 0.
-    void ShowLeft(int left);
+    /// Shows how many of the piece's shape are left, red below 0, and says so in words.
+    void ShowLeft(int left, const std::string& words);
 
     /// Opens these special pieces at its lower edge, and by Alt+Down.
     void SetFoldOut(QMenu& menu);

@@ -1,6 +1,7 @@
 #include "ui/piece_counts.h"
 
 #include "ui/named_controls.h"
+#include "ui/product_finder.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -19,8 +20,6 @@ namespace {
 
 /// The columns of none and of all that is owned hold buttons, where these would change the count.
 enum Column { CodeColumn, CountColumn, NoneColumn, OwnedColumn, NameColumn };
-
-constexpr const char* NoHit = "No product matches.";
 
 int RowOf(const QTreeWidgetItem& line) { return line.data(CodeColumn, Qt::UserRole).toInt(); }
 int CountOf(const QTreeWidgetItem& line) { return line.data(CountColumn, Qt::EditRole).toInt(); }
@@ -99,6 +98,8 @@ PieceCounts::PieceCounts(const Catalogue& catalogue) : catalogue_(catalogue) {
     setEditTriggers(QAbstractItemView::AllEditTriggers);
     setMouseTracking(true);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
+    header()->setMinimumSectionSize(1);
     setAccessibleName("Pieces in the box");
     for (const int row : catalogue.HeadRows()) {
         auto* const line = new QTreeWidgetItem(this);
@@ -130,7 +131,7 @@ void PieceCounts::ShowCount(QTreeWidgetItem& line, int count) {
     line.setFont(CountColumn, font);
     line.setData(CountColumn, Qt::EditRole, count);
     const int owned = OwnedOf(line);
-    ShowButton(line, NoneColumn, count > 0, "0", "Take none of " + line.text(CodeColumn));
+    ShowButton(line, NoneColumn, count > 0, "×", "Take none of " + line.text(CodeColumn));
     ShowButton(line, OwnedColumn, owned > 0 && owned != count, owned > 0 ? QString::number(owned) : QString(),
                QString("Take all %1 of %2 that you own").arg(owned).arg(line.text(CodeColumn)));
 }
@@ -151,15 +152,8 @@ void PieceCounts::GoTo(QTreeWidgetItem* line) {
     setEditTriggers(QAbstractItemView::AllEditTriggers);
 }
 
-QTreeWidgetItem* PieceCounts::FirstListed() const {
-    for (int place = 0; place < topLevelItemCount(); ++place) {
-        if (!topLevelItem(place)->isHidden()) return topLevelItem(place);
-    }
-    return nullptr;
-}
-
 void PieceCounts::EditFirst() {
-    QTreeWidgetItem* const first = FirstListed();
+    QTreeWidgetItem* const first = FirstListed(*this);
     if (first == nullptr) return;
     GoTo(first);
     setFocus();
@@ -188,6 +182,7 @@ void PieceCounts::Show(const PieceBox& box) {
 }
 
 void PieceCounts::ShowOwned(const PieceBox& owned) {
+    setColumnHidden(OwnedColumn, owned.Total() == 0);
     for (int place = 0; place < topLevelItemCount(); ++place) {
         QTreeWidgetItem& line = *topLevelItem(place);
         const QSignalBlocker quiet(this);
@@ -207,20 +202,18 @@ void PieceCounts::Filter(const QString& text, bool all) {
     const bool mineAlone = !all && HasMine();
     for (int place = 0; place < topLevelItemCount(); ++place) {
         QTreeWidgetItem& line = *topLevelItem(place);
-        const bool holdsText = line.text(CodeColumn).contains(text, Qt::CaseInsensitive) ||
-                               line.text(NameColumn).contains(text, Qt::CaseInsensitive);
-        line.setHidden(text.isEmpty() ? mineAlone && !IsMine(line) : !holdsText);
+        line.setHidden(text.isEmpty() ? mineAlone && !IsMine(line) : !HoldsText(line, NameColumn, text));
     }
-    QTreeWidgetItem* const first = FirstListed();
+    QTreeWidgetItem* const first = FirstListed(*this);
     const bool isOther = std::exchange(filter_, text) != text;
     const bool isGone = currentItem() != nullptr && currentItem()->isHidden();
     if (isGone || (isOther && !text.isEmpty())) GoTo(first);
-    setAccessibleDescription(first == nullptr ? NoHit : "");
+    setAccessibleDescription(first == nullptr ? NoProductFound : "");
 }
 
 void PieceCounts::paintEvent(QPaintEvent* event) {
     QTreeWidget::paintEvent(event);
-    if (FirstListed() == nullptr) QPainter(viewport()).drawText(viewport()->rect(), Qt::AlignCenter, NoHit);
+    if (FirstListed(*this) == nullptr) PaintInstead(*this, NoProductFound);
 }
 
 PieceBox PieceCounts::Box() const {

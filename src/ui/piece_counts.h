@@ -18,7 +18,7 @@ public:
     void Show(const PieceBox& box);
     PieceBox Box() const;
 
-    /// Shows beside each count how many are owned, which a click makes the count.
+    /// Shows beside each count how many are owned, which a click makes the count; where none are, names have the room.
     void ShowOwned(const PieceBox& owned);
 
     /// Lists the products whose code or name holds the text; for an empty one `all`, or those that are owned or in the
@@ -41,7 +41,6 @@ private:
     void ShowCount(QTreeWidgetItem& line, int count);
     void Click(QTreeWidgetItem& line, int column);
     void GoTo(QTreeWidgetItem* line);
-    QTreeWidgetItem* FirstListed() const;
     void TellChange();
 
     const Catalogue& catalogue_;

@@ -5,7 +5,9 @@
 #include "ui/named_controls.h"
 #include "ui/piece_badge.h"
 #include "ui/piece_icon.h"
+#include "ui/tip_place.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -51,10 +53,7 @@ PieceFinder::PieceFinder(Session& session, QWidget& palette, std::function<void(
     lstFoundPieces_->installEventFilter(this);
     lstFoundPieces_->setMouseTracking(true);
     lstFoundPieces_->viewport()->installEventFilter(this);
-    connect(lstFoundPieces_, &QListWidget::itemEntered, this, [this](const QListWidgetItem* item) {
-        const CatalogueEntry* const piece = PieceOf(item);
-        pointedAt_(piece == nullptr ? "" : piece->Code);
-    });
+    connect(lstFoundPieces_, &QListWidget::itemEntered, this, &PieceFinder::PointAt);
     connect(lstFoundPieces_, &QListWidget::viewportEntered, this, [this] { pointedAt_(""); });
 }
 
@@ -89,13 +88,13 @@ void PieceFinder::Refresh() {
         if (piece == nullptr) continue;
         const int left = LeftInBox(session_.Catalogue, used, project.Stock, *piece);
         item.setIcon(BadgedPieceIcon(*piece, session_.Catalogue, left, *lstFoundPieces_));
-        item.setData(Qt::AccessibleDescriptionRole, QString("%1 left").arg(left));
+        item.setData(Qt::AccessibleDescriptionRole, Shown(LeftText(project.Stock, left)));
     }
 }
 
 bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Leave && watched == lstFoundPieces_->viewport()) pointedAt_("");
-    if (watched == lstFoundPieces_->viewport() && DragsOut(*event)) return true;
+    if (watched == lstFoundPieces_->viewport()) return OnMouse(*event);
+    if (event->type() == QEvent::FocusOut) pointedAt_("");
     if (event->type() == QEvent::ShortcutOverride && IsUndoOrRedo(*event)) {
         event->ignore(); // these are of the circuit
         return true;
@@ -108,14 +107,29 @@ bool PieceFinder::eventFilter(QObject* watched, QEvent* event) {
         txtFindPiece_->window()->findChild<QWidget*>("picCircuit")->setFocus();
         return true;
     }
-    if (watched == lstFoundPieces_) {
-        if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    if (watched == lstFoundPieces_ && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
         Lay(lstFoundPieces_->currentItem());
         return true;
     }
     if (!IsOn() || (key != Qt::Key_Down && key != Qt::Key_Up)) return false;
     const int row = lstFoundPieces_->currentRow() + (key == Qt::Key_Down ? 1 : -1);
     lstFoundPieces_->setCurrentRow(std::clamp(row, 0, lstFoundPieces_->count() - 1));
+    PointAt(lstFoundPieces_->currentItem());
+    return true;
+}
+
+void PieceFinder::PointAt(const QListWidgetItem* item) {
+    const CatalogueEntry* const piece = PieceOf(item);
+    pointedAt_(piece == nullptr ? "" : piece->Code);
+}
+
+bool PieceFinder::OnMouse(const QEvent& event) {
+    if (event.type() == QEvent::Leave) pointedAt_("");
+    if (event.type() != QEvent::ToolTip) return DragsOut(event);
+    QWidget& lines = *lstFoundPieces_->viewport();
+    const QListWidgetItem* const item = lstFoundPieces_->itemAt(static_cast<const QHelpEvent&>(event).pos());
+    const QRect line = item == nullptr ? lines.rect() : lstFoundPieces_->visualItemRect(item);
+    ShowTipBeside(RowOfColumn(lines, line), item == nullptr ? "" : item->toolTip(), lines);
     return true;
 }
 

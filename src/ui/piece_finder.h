@@ -14,7 +14,8 @@ namespace pistaro {
 class PieceFinder : public QObject {
 public:
     /// `turned` is called when the search begins and when it ends, `pointedAt` with the code of the piece found that
-    /// the mouse is on, empty when it is on none; `takenUp` with that of one that it has dragged out of the list.
+    /// the mouse is on, or that the arrow keys lead to, empty when it is none; `takenUp` with that of one that it has
+    /// dragged out of the list.
     PieceFinder(Session& session, QWidget& palette, std::function<void()> turned,
                 std::function<void(const std::string&)> pointedAt, std::function<void(const std::string&)> takenUp);
 
@@ -35,6 +36,8 @@ public:
 private:
     void Find();
     bool DragsOut(const QEvent& event);
+    bool OnMouse(const QEvent& event);
+    void PointAt(const QListWidgetItem* item);
     void Lay(const QListWidgetItem* item);
 
     /// What a line stands for; null where nothing was found.

@@ -7,6 +7,7 @@
 #include "ui/named_controls.h"
 #include "ui/piece_badge.h"
 #include "ui/piece_menu_style.h"
+#include "ui/tip_place.h"
 
 namespace pistaro {
 
@@ -17,6 +18,7 @@ PieceMenu::PieceMenu(Session& session, const CommandControls& controls, QWidget*
     setAccessibleName("Piece");
     setAttribute(Qt::WA_DeleteOnClose);
     setToolTipsVisible(true);
+    KeepTipsBeside(*this);
     AddTitle();
     AddReplacements();
     AddInsertions();
@@ -44,6 +46,7 @@ QMenu& PieceMenu::AddPieces(const char* name, const char* title, bool replaces) 
     QMenu* const pieces = addMenu(title);
     pieces->setObjectName(name);
     pieces->setToolTipsVisible(true);
+    KeepTipsBeside(*pieces);
     ShowLargeIcons(*pieces);
     connect(pieces, &QMenu::hovered, this,
             [this, replaces](const QAction* entry) { PointedAt(TagOf(*entry), replaces); });

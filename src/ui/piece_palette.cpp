@@ -39,11 +39,11 @@ namespace {
 constexpr auto Scx = TrackSystem::Scalextric;
 constexpr auto Nin = TrackSystem::Ninco;
 constexpr PieceFrame Straights{"fraStraights", "Str&aights", Scx, 4, IsStraight};
-constexpr PieceFrame LeftCurves{"fraLeftCurves", "&Left", Scx, 2, IsLeftCurve};
+constexpr PieceFrame LeftCurves{"fraLeftCurves", "Le&ft", Scx, 2, IsLeftCurve};
 constexpr PieceFrame RightCurves{"fraRightCurves", "R&ight", Scx, 2, IsRightCurve};
 constexpr PieceFrame BankedCurves{"fraBankedCurves", "&Banked", Scx, 4, IsBanked};
 constexpr PieceFrame NincoStraights{"fraNincoStraights", "Str&aights", Nin, 4, IsStraight};
-constexpr PieceFrame NincoLeftCurves{"fraNincoLeftCurves", "&Left", Nin, 2, IsLeftCurve};
+constexpr PieceFrame NincoLeftCurves{"fraNincoLeftCurves", "Le&ft", Nin, 2, IsLeftCurve};
 constexpr PieceFrame NincoRightCurves{"fraNincoRightCurves", "R&ight", Nin, 2, IsRightCurve};
 
 /// From the top down; where there are two, side by side.
@@ -170,8 +170,11 @@ void PiecePalette::Refresh() {
     cmdInsert_->setText(Shown(ModeSwitchRow().Caption));
     cmdInsert_->ShowMode(project.EditState.InsertMode);
     const UsedCounts used = CountUsed(session_.Catalogue, project.Design.Circuit);
-    for (PieceButton* const button : pieces_)
-        button->ShowLeft(LeftInBox(session_.Catalogue, used, project.Stock, *session_.Catalogue.Find(TagOf(*button))));
+    for (PieceButton* const button : pieces_) {
+        const CatalogueEntry& piece = *session_.Catalogue.Find(TagOf(*button));
+        const int left = LeftInBox(session_.Catalogue, used, project.Stock, piece);
+        button->ShowLeft(left, LeftText(project.Stock, left));
+    }
     finder_.Refresh();
     // What is let go while a box stands open is heard by nobody.
     if (!cmdSeeRemaining_->isDown()) RestoreCaptions();

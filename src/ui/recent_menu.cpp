@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "ui/named_controls.h"
+#include "ui/tip_place.h"
 
 namespace pistaro {
 
@@ -9,6 +10,7 @@ RecentMenu::RecentMenu(Session& session, QWidget* parent)
     : QMenu("&Recent", parent), session_(session), controls_(session) {
     setObjectName("mnuRecentCircuits");
     setToolTipsVisible(true);
+    KeepTipsBeside(*this);
     for (std::size_t at = 0; at < RecentCircuits::Most; ++at)
         circuits_.append(controls_.AddEntry(*this, "recent " + std::to_string(at + 1)));
     addSeparator();

@@ -47,7 +47,6 @@ QLabel* NewFigure(const char* name, int index) {
 
 QLabel* NewHeading(const QString& text, const QString& tip) {
     auto* const heading = new QLabel(text);
-    heading->setEnabled(false);
     heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     heading->setToolTip(tip);
     return heading;
@@ -105,7 +104,7 @@ void ScoreWeightsBox::AddPart(QGridLayout& grid, std::size_t part) {
 void ScoreWeightsBox::ShowWeights() {
     const ScoreWeights weights = Weights();
     for (std::size_t part = 0; part < Parts.size(); ++part)
-        weights_[part]->setText(QString::number(weights.*Parts[part].Weight, 'f', 1));
+        weights_[part]->setText(Hundredths(weights.*Parts[part].Weight));
     cmdUsualWeights_->setEnabled(weights != ScoreWeights());
 }
 

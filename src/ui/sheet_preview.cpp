@@ -4,6 +4,7 @@
 #include "ui/named_controls.h"
 
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -20,6 +21,24 @@ QString SheetsText(const PlannedSheets& sheets) {
     return text;
 }
 
+QString FloorText(const PlannedSheets& sheets, const QString& paper) {
+    const SheetPlan& plan = sheets.Plan;
+    const int count = sheets.Painter({}).Count();
+    const char* const way = plan.Width > plan.Height ? "landscape" : "portrait";
+    QString text = QString(count == 1 ? "%1 sheet of %2, %3" : "%1 sheets of %2, %3").arg(count).arg(paper, way);
+    if (count == 1) return text;
+    const bool inches = sheets.Drawing.Preferences.Units.Inches;
+    const double unit = inches ? 2.54 : 100; // cm
+    const auto length = [&](double world) { return QString::number(world / plan.Scale / unit, 'f', inches ? 0 : 1); };
+    return text + QString("; laid out about %1 × %2 %3")
+                      .arg(length(plan.Whole.Width()), length(plan.Whole.Height()), inches ? "in" : "m");
+}
+
+QString SheetText(const PlannedSheets& sheets, int number) {
+    if (sheets.Painter({}).Count() == 1) return {};
+    return number == 0 ? "Overview" : "Tile " + Shown(sheets.Plan.Sheets[static_cast<std::size_t>(number) - 1].Name);
+}
+
 SheetPreview::SheetPreview(const std::optional<PlannedSheets>& sheets, std::string date, QSize size)
     : sheets_(sheets), date_(std::move(date)) {
     setFixedSize(size);
@@ -28,6 +47,15 @@ SheetPreview::SheetPreview(const std::optional<PlannedSheets>& sheets, std::stri
 void SheetPreview::ShowSheet(int number) {
     number_ = number;
     update();
+}
+
+void SheetPreview::wheelEvent(QWheelEvent* event) {
+    if (!Turned) return event->ignore();
+    wheel_ -= event->angleDelta().y();
+    const int notches = wheel_ / QWheelEvent::DefaultDeltasPerStep;
+    wheel_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+    if (notches != 0) Turned(notches);
+    event->accept();
 }
 
 void SheetPreview::paintEvent(QPaintEvent*) {

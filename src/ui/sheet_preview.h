@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 namespace pistaro {
@@ -22,6 +23,12 @@ struct PlannedSheets {
 /// "1 sheet at 1:2.5", "4 sheets at 1:1: an overview and 3 tiles; 12 with walls alone left out".
 QString SheetsText(const PlannedSheets& sheets);
 
+/// "4 sheets of A4, portrait; laid out about 0.2 × 0.7 m".
+QString FloorText(const PlannedSheets& sheets, const QString& paper);
+
+/// Which sheet that is, from 0: "Overview", "Tile B2"; empty where there is but one.
+QString SheetText(const PlannedSheets& sheets, int number);
+
 class SheetPreview : public QWidget {
 public:
     /// Shows `sheets`, which its owner keeps and changes, with that date in their headers.
@@ -30,13 +37,18 @@ public:
     /// Shows that sheet from now on, from 0; to be called after each change of the sheets, too.
     void ShowSheet(int number);
 
+    /// Called when its user turns the wheel over it: by so many sheets on, or back below 0.
+    std::function<void(int)> Turned;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     const std::optional<PlannedSheets>& sheets_;
     const std::string date_;
     int number_ = 0;
+    int wheel_ = 0; ///< what was turned of the next notch
 };
 
 } // namespace pistaro

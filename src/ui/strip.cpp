@@ -1,11 +1,6 @@
 #include "ui/strip.h"
 
-#include "editor/view_commands.h"
-
 #include <QKeyEvent>
-
-#include <algorithm>
-#include <cmath>
 
 namespace pistaro {
 
@@ -19,6 +14,7 @@ Strip::Strip(const char* name, Session& session, CircuitView& view, const char* 
 void Strip::Open() {
     show();
     viewBefore_ = viewShown_ = session_.Project.Design.View;
+    if (Turned) Turned();
 }
 
 void Strip::Leave() {
@@ -28,12 +24,7 @@ void Strip::Leave() {
 
 void Strip::BringIntoSight(const GroundBox& box) {
     if (session_.Project.Design.View != viewShown_) viewBefore_ = session_.Project.Design.View; // moved by the user
-    constexpr double around = 10;                                                               // cm
-    const GroundBox shown = box.Grown(around);
-    ViewSettings view = *viewBefore_;
-    const double side = std::max(shown.Right - shown.Left, shown.Top - shown.Bottom);
-    if (side > double{view.Width}) view.Width = static_cast<float>(std::ceil(side));
-    FollowTo(view, shown, view_.Frame().Covered(view));
+    const ViewSettings view = view_.ViewWith(box, *viewBefore_);
     session_.Do([&] { session_.Project.Design.View = view; });
     viewShown_ = view;
 }
@@ -74,6 +65,7 @@ void Strip::keyPressEvent(QKeyEvent* event) {
 void Strip::hideEvent(QHideEvent*) {
     ShowNothingAbove();
     view_.setFocus();
+    if (Turned) Turned();
 }
 
 } // namespace pistaro

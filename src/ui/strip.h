@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -21,6 +22,8 @@ public:
 
     /// Esc, and Cancel: goes with all as it was, the view where it stood unless its user has moved it since.
     void Leave();
+
+    std::function<void()> Turned; ///< told when it has come or gone
 
 protected:
     /// Shows it.

@@ -58,7 +58,7 @@ SuggestionBar::SuggestionBar(Session& session, CircuitView& view)
       chkOwnedOnly_(Named(new QCheckBox("Only &owned"), "chkOwnedOnly")),
       spnMostPieces_(Named(new QSpinBox, "spnMostPieces")), spnMostRemoved_(Named(new QSpinBox, "spnMostRemoved")),
       spnTolerance_(Named(new QDoubleSpinBox, "spnTolerance")), spnRun_(Named(new QSpinBox, "spnRun")),
-      cboWish_(Named(new QComboBox, "cboWish")), cmdLay_(NewButton("cmdLaySuggestion", "&Lay")) {
+      cboWish_(Named(new QComboBox, "cboWish")), cmdLay_(NewButton("cmdLaySuggestion", "La&y")) {
     lblSuggestion_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblSuggestion_->setFixedHeight(2 * lblSuggestion_->fontMetrics().lineSpacing());
     cmdLay_->setToolTip("Lay the selected one, as Enter does");

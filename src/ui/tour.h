@@ -4,6 +4,7 @@
 
 #include "commands/session.h"
 #include "editor/tour.h"
+#include "ui/circuit_view.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -15,13 +16,19 @@ namespace pistaro {
 
 class TourBubble : public QWidget {
 public:
-    /// Lies in the window; `ended` is called when its button is pressed.
-    TourBubble(QWidget& window, const std::function<void()>& ended);
+    /// Lies in the window; `takenBack` and `ended` are called when its buttons are pressed.
+    TourBubble(QWidget& window, const std::function<void()>& takenBack, const std::function<void()>& ended);
 
     void Tell(const QString& heading, const QString& text, const QString& remark, bool last);
 
-    /// Stands in that corner of a place of the window.
-    void StandIn(const QRect& place, Qt::Corner corner);
+    /// With a button that takes back what was done last.
+    void OfferToTakeBack(bool offers) { cmdTakeBack_->setVisible(offers); }
+
+    /// Where it comes to stand in that corner of a place of the window.
+    QRect PlaceIn(const QRect& place, Qt::Corner corner) const;
+
+    /// Becomes as large as its words take.
+    void FitWords();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -30,13 +37,14 @@ private:
     QLabel* const lblTourStep_;
     QLabel* const lblTour_;
     QLabel* const lblTourRemark_;
+    QPushButton* const cmdTakeBack_;
     QPushButton* const cmdEndTour_;
 };
 
 class Tour : public QObject {
 public:
     /// It is told in the drawing, which covers no button.
-    Tour(Session& session, QWidget& window, QWidget& drawing);
+    Tour(Session& session, QWidget& window, CircuitView& drawing);
 
     /// From the first step; nothing may be laid yet.
     void Begin();
@@ -52,11 +60,15 @@ private:
     /// Heeds where the control goes, and whether it can be seen.
     void Watch(QWidget* control);
     void Stand();
+    /// In the corner nearest to what it tells of, of those where it hides neither legend nor what is laid.
+    QRect PlaceOfBubble(const QRect& ring) const;
+    /// How much it would hide there.
+    int HiddenBy(const QRect& bubble) const;
     QRect PlaceOf(const QWidget& part) const { return {part.mapTo(&window_, QPoint()), part.size()}; }
 
     Session& session_;
     QWidget& window_;
-    QWidget& drawing_;
+    CircuitView& drawing_;
     QPointer<TourBubble> bubble_;
     QPointer<QWidget> ring_;
     QPointer<QWidget> control_; ///< that the ring is around

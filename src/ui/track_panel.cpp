@@ -91,7 +91,7 @@ QWidget* TrackPanel::ArrowPad() {
 }
 
 QWidget* TrackPanel::Elements() {
-    auto* const box = new QGroupBox("&Elements");
+    auto* const box = new QGroupBox("E&lements");
     auto* const column = new QVBoxLayout(box);
     lstTrack_->setObjectName("lstTrack");
     lstTrack_->setUniformItemSizes(true);

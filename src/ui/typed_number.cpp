@@ -1,20 +1,56 @@
 #include "ui/typed_number.h"
 
 #include "text/number_text.h"
+#include "ui/named_controls.h"
 
-#include <QLocale>
+#include <QRegularExpression>
 
 namespace pistaro {
 
-std::string PlainNumber(const QString& typed) {
-    bool isNumber = false;
-    const double value = QLocale::system().toDouble(typed.trimmed(), &isNumber);
-    if (isNumber) return NumberText(value);
-    // One comma alone is meant as the decimal one wherever the desktop does not take it for something else.
-    const bool hasDecimalComma = typed.count(',') == 1 && !typed.contains('.');
-    return (hasDecimalComma ? QString(typed).replace(',', '.') : typed).trimmed().toStdString();
+namespace {
+
+/// Digits in the groups of three in which amounts are shown, with the desktop's signs, as the core writes numbers. No
+/// text where it is none of that: "3.50" has no groups where these are divided by points.
+QString Ungrouped(const QString& typed, const QLocale& desktop) {
+    const QString mark = desktop.groupSeparator().trimmed();
+    const QString between = mark.isEmpty() ? QString(' ') : mark; // any blank is as good as the desktop's
+    const QString decimal = desktop.decimalPoint();
+    const QRegularExpression form("^[+-]?([0-9]{1,3}(" + QRegularExpression::escape(between) + "[0-9]{3})+|[0-9]+)(" +
+                                  QRegularExpression::escape(decimal) + "[0-9]+)?$");
+    QString text = typed.simplified();
+    if (!form.match(text).hasMatch()) return {};
+    return text.remove(between).replace(decimal, ".");
 }
 
-QString Amount(Cents cents) { return QLocale::system().toString(static_cast<double>(cents) / 100, 'f', 2); }
+} // namespace
+
+std::string PlainNumber(const QString& text, const QLocale& desktop) {
+    QString typed = text;
+    typed.removeIf([](QChar character) { return character.category() == QChar::Symbol_Currency; });
+    bool isNumber = false;
+    const double value = desktop.toDouble(typed.trimmed(), &isNumber);
+    if (isNumber) return NumberText(value);
+    // Not every desktop divides into threes, and some only long numbers.
+    if (const QString number = Ungrouped(typed, desktop); !number.isEmpty())
+        return NumberText(ParseNumber(number.toStdString()));
+    // One comma alone is meant as the decimal one wherever the desktop does not take it for something else.
+    const bool hasDecimalComma = typed.count(',') == 1 && !typed.contains('.');
+    return (hasDecimalComma ? typed.replace(',', '.') : typed).trimmed().toStdString();
+}
+
+MoneyMarks DesktopMarks(const QLocale& desktop) {
+    const bool isGrouped = !desktop.numberOptions().testFlag(QLocale::OmitGroupSeparator);
+    return {desktop.decimalPoint().toStdString(), isGrouped ? desktop.groupSeparator().toStdString() : std::string()};
+}
+
+QString Amount(Cents cents, const QLocale& desktop) { return Shown(MoneyText(cents, DesktopMarks(desktop))); }
+
+QString Amount(Cents cents, const std::string& currency) {
+    return Amount(cents) + (currency.empty() ? "" : " " + Shown(CurrencySign(currency)));
+}
+
+QString WithSign(const QString& caption, const std::string& currency) {
+    return caption + (currency.empty() ? "" : " (" + Shown(CurrencySign(currency)) + ")");
+}
 
 } // namespace pistaro

@@ -3,17 +3,27 @@
 
 #include "model/money.h"
 
+#include <QLocale>
 #include <QString>
 
 #include <string>
 
 namespace pistaro {
 
-/// What was typed as the number texts of the core, whatever the desktop's decimal sign; as it stands, but for a decimal
-/// comma, where it is no number to the desktop.
-std::string PlainNumber(const QString& typed);
+/// What was typed as the number texts of the core, whatever the desktop's decimal sign and without a currency's;
+/// amounts are read as they are shown; as it stands, but for a decimal comma, where it is no number to the desktop.
+std::string PlainNumber(const QString& text, const QLocale& desktop = QLocale::system());
+
+/// Of the desktop.
+MoneyMarks DesktopMarks(const QLocale& desktop = QLocale::system());
 
 /// Money without its currency: "1.234,50" on a German desktop.
-QString Amount(Cents cents);
+QString Amount(Cents cents, const QLocale& desktop = QLocale::system());
+
+/// With its currency's sign: "1.234,50 €".
+QString Amount(Cents cents, const std::string& currency);
+
+/// Over amounts without it: "Price (€)".
+QString WithSign(const QString& caption, const std::string& currency);
 
 } // namespace pistaro

@@ -3,12 +3,15 @@
 #include "platform/files.h"
 #include "ui/named_controls.h"
 
+#include <QDockWidget>
+#include <QEvent>
 #include <QLocale>
 #include <QMainWindow>
 #include <QScreen>
 #include <QSettings>
 
 #include <algorithm>
+#include <utility>
 
 namespace pistaro {
 
@@ -21,11 +24,11 @@ struct NamedLook {
     bool Looks::*Look;
     bool AtFirst;
 };
-constexpr NamedLook NamedLooks[] = {{"window/surface", &Looks::Surface, true},
-                                    {"window/legend", &Looks::Legend, false},
-                                    {"window/lanes", &Looks::Lanes, false},
-                                    {"window/suggestions", &Looks::Suggestions, false},
-                                    {"window/columns", &Looks::Columns, true}};
+constexpr NamedLook NamedLooks[] = {
+    {"window/surface", &Looks::Surface, true},        {"window/legend", &Looks::Legend, false},
+    {"window/lanes", &Looks::Lanes, false},           {"window/suggestions", &Looks::Suggestions, false},
+    {"window/columns", &Looks::Columns, true},        {"window/pieceColumn", &Looks::PieceColumn, true},
+    {"window/trackColumn", &Looks::TrackColumn, true}};
 constexpr const char* NumbersKey = "window/numbers";
 struct NamedHabit {
     const char* Key;
@@ -37,8 +40,10 @@ constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFol
                                       {"habits/exportSize", &Habits::ExportSize},
                                       {"habits/exportScale", &Habits::ExportScale},
                                       {"habits/exportWidth", &Habits::ExportWidth},
+                                      {"habits/exportDots", &Habits::ExportDots},
                                       {"habits/exportContents", &Habits::ExportContents},
-                                      {"habits/printContents", &Habits::PrintContents}};
+                                      {"habits/printContents", &Habits::PrintContents},
+                                      {"habits/boxRoom", &Habits::BoxRoom}};
 constexpr const char* PlaceKey = "window/place";
 constexpr const char* PanelsKey = "window/panels";
 
@@ -76,7 +81,8 @@ void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Sessi
         PanelsOf(window).restoreState(settings.value(PanelsKey).toByteArray());
     }
     if (session.Habits.Paper.empty()) session.Habits.Paper = PaperOfLocale(QLocale());
-    if (!HasRoomForColumns(window)) looks.Columns = false;
+    session.HasRoomForColumns = HasRoomForColumns(window);
+    if (!session.HasRoomForColumns) looks.Columns = false;
     session.Do([&] {
         session.Looks = looks;
         session.Project.EditState.ShowNumbers = numbers;
@@ -87,7 +93,9 @@ void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, co
     if (path.empty()) return;
     QSettings settings(FileName(path), QSettings::IniFormat);
     for (const NamedLook& named : NamedLooks) {
-        const bool isUsersChoice = named.Look != &Looks::Columns || HasRoomForColumns(window);
+        const bool isOfColumns =
+            named.Look == &Looks::Columns || named.Look == &Looks::PieceColumn || named.Look == &Looks::TrackColumn;
+        const bool isUsersChoice = !isOfColumns || HasRoomForColumns(window);
         if (isUsersChoice) settings.setValue(named.Key, session.Looks.*named.Look);
     }
     settings.setValue(NumbersKey, session.Project.EditState.ShowNumbers);
@@ -95,6 +103,35 @@ void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, co
         settings.setValue(named.Key, Shown(session.Habits.*named.Habit));
     settings.setValue(PlaceKey, window.saveGeometry());
     settings.setValue(PanelsKey, PanelsOf(window).saveState());
+}
+
+WindowKeeper::WindowKeeper(std::filesystem::path path, QMainWindow& window, Session& session)
+    : path_(std::move(path)), window_(window), session_(session) {
+    constexpr int rest = 1000; // milliseconds in which a window that is dragged comes to its place
+    rest_.setSingleShot(true);
+    rest_.setInterval(rest);
+    connect(&rest_, &QTimer::timeout, this, [this] { Keep(); });
+    window.installEventFilter(this);
+    for (QDockWidget* const panel : window.findChildren<QDockWidget*>())
+        connect(panel, &QDockWidget::visibilityChanged, this, [this] { rest_.start(); });
+    observation_ = session.Observe([this](const Changes& changes) {
+        const bool numbers = session_.Project.EditState.ShowNumbers;
+        const bool habits = session_.Habits != habits_;
+        if (!changes.Looks && numbers == numbers_ && !habits) return;
+        numbers_ = numbers;
+        habits_ = session_.Habits;
+        rest_.start();
+    });
+    numbers_ = session.Project.EditState.ShowNumbers;
+    habits_ = session.Habits;
+}
+
+void WindowKeeper::Keep() { KeepWindow(path_, window_, session_); }
+
+bool WindowKeeper::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move || event->type() == QEvent::WindowStateChange)
+        rest_.start();
+    return false;
 }
 
 } // namespace pistaro

@@ -3,6 +3,9 @@
 
 #include "commands/session.h"
 
+#include <QObject>
+#include <QTimer>
+
 #include <filesystem>
 
 class QLocale;
@@ -21,5 +24,24 @@ void RestoreWindow(const std::filesystem::path& path, QMainWindow& window, Sessi
 
 /// Keeps them. Without a path, or where the file cannot be written, nothing is kept.
 void KeepWindow(const std::filesystem::path& path, const QMainWindow& window, const Session& session);
+
+/// Keeps them a moment after each change, so that they outlive an end that gives no time for it.
+class WindowKeeper : public QObject {
+public:
+    WindowKeeper(std::filesystem::path path, QMainWindow& window, Session& session);
+
+    void Keep();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    const std::filesystem::path path_;
+    QMainWindow& window_;
+    Session& session_;
+    bool numbers_ = false; ///< as they were at the last change, as the habits
+    Habits habits_;
+    QTimer rest_;
+    Observation observation_;
+};
 
 } // namespace pistaro

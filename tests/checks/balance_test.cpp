@@ -44,7 +44,8 @@ TEST(Balance, IsNotFoundWithoutStraightsOfAChangeOversLength) {
     EXPECT_EQ(Told("C159 " + HalfTurn + "C159 " + HalfTurn),
               "The lanes differ by 49.6 cm. One to three changes that balance them were not found.");
     EXPECT_EQ(Told("C8006 " + HalfTurn + "C159 C159 " + HalfTurn + "C151R"),
-              "Each lane leads into the other. One to three changes that balance them were not found.");
+              "Each lane leads into the other. One to three changes that balance them were not found. The track does "
+              "not close yet; close it first.");
 }
 
 TEST(Balance, TakesAChangeOverOutOfAFigureOfEight) {

@@ -210,9 +210,9 @@ TEST(Rules, TellWhatIsNotOwnedOnceSomethingIs) {
 
     SetStock(project, "C160", 1, 3.5F);
     EXPECT_THAT(Told(project, "not-owned"),
-                ElementsAre("advice 1 [1] 1 more C160 than the 1 owned: at 3.50 they cost 3.50 EUR.",
+                ElementsAre("advice 1 [1] 1 more C160 than the 1 owned: at 3.50 they cost 3.50 €.",
                             "advice 1 [2] 1 more C151 than the 0 owned: no price is known.",
-                            "advice 2 [0] 1 more C160 than the 1 owned: at 3.50 they cost 3.50 EUR.",
+                            "advice 2 [0] 1 more C160 than the 1 owned: at 3.50 they cost 3.50 €.",
                             "advice 2 [1] 1 more C151 than the 0 owned: no price is known."));
 }
 

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
+#include <chrono>
 #include <cmath>
 #include <sstream>
 
@@ -146,6 +147,17 @@ TEST_F(Generate, SaysThatTheTimeWasUp) {
                                    "100", "--seconds", "0.2", "--out", "found"});
 
     EXPECT_THAT(finished.Errors, testing::HasSubstr("the time was up\n"));
+}
+
+/// Not only between two rounds of the search, of which one alone takes longer in so large a box.
+TEST_F(Generate, EndsSoonAfterTheTimeIsUp) {
+    const auto begun = std::chrono::steady_clock::now();
+    const Finished finished =
+        Run({"--area", "2000x2000", "--pieces", "C160=400,C151=100", "--seconds", "0.5", "--out", "found"});
+    const auto taken = std::chrono::steady_clock::now() - begun;
+
+    EXPECT_THAT(finished.Errors, HasSubstr("the time was up"));
+    EXPECT_LT(taken, std::chrono::seconds(5)); // on a machine under load; it is a tenth of a second beyond the half
 }
 
 TEST_F(Generate, RefusesAWrongCommandLine) {

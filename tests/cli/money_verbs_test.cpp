@@ -54,7 +54,7 @@ TEST_F(MoneyVerbs, BuyNamesTheCodesThatItDoesNotCount) {
 
     EXPECT_EQ(Run({"buy", "strange.trk"}).Output,
               "    1 x C160 standard straight                          3.50        3.50\n"
-              "Total 3.50 EUR, the cheapest there is.\n"
+              "Total 3.50 €, the cheapest there is.\n"
               "Not in the catalogue, and not counted: 2 C9999, 1 X1\n");
     EXPECT_THAT(Run({"buy", "strange.trk", "--json"}).Output,
                 HasSubstr(R"("unknown":[{"code":"C9999","count":2},{"code":"X1","count":1}])"));
@@ -66,7 +66,7 @@ TEST_F(MoneyVerbs, BuyTakesTheSetsBesideTheSettings) {
     EXPECT_THAT(Run({"buy", "circuit.trk"}).Output,
                 StartsWith("    1 x Straights                                       5.95        5.95\n"
                            "    2 x C151 standard curve 45°                         2.99        5.98\n"
-                           "Total 11.93 EUR, the cheapest there is.\n"
+                           "Total 11.93 €, the cheapest there is.\n"
                            "In no set and without a price: 1 C164\n"
                            "Left over from the sets: 1 C159\n"));
 }

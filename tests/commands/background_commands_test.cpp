@@ -193,6 +193,58 @@ TEST_F(ScaledBackgrounds, AreProposedUprightInTheMiddleOfTheView) {
     EXPECT_EQ(windows_.Background.CmPerPixel, 0) << "which is still to be measured";
 }
 
+TEST_F(ScaledBackgrounds, AreWithinWhatFitShows) {
+    session_.Project.Design = ProjectOf("").Design;
+    Lay(600); // 300 x 2 cm around 7, 0
+
+    Run("fit");
+
+    EXPECT_EQ(session_.Project.Design.View.MidX, 7);
+    EXPECT_GE(session_.Project.Design.View.Width, 300);
+    EXPECT_LT(session_.Project.Design.View.Width, 400);
+}
+
+TEST_F(ScaledBackgrounds, ThatAreNoPicturesDoNotKeepFitFromTheCircuit) {
+    session_.Project.Background = std::make_shared<const ScaledBackground>(
+        ScaledBackground{.Picture = std::make_shared<const std::string>("nothing"), .X = 5000, .CmPerPixel = 1});
+
+    Run("fit");
+
+    EXPECT_LT(session_.Project.Design.View.MidX, 100);
+    EXPECT_TRUE(user_.Told.empty()) << LastTold();
+}
+
+/// A user who lays a picture as it is proposed, at a scale.
+class LayingWindows : public NamedWindows {
+public:
+    explicit LayingWindows(Session& session) : session_(session) {}
+
+    void ShowBackground(const ScaledBackground& proposed) override {
+        NamedWindows::ShowBackground(proposed);
+        ScaledBackground laid = proposed;
+        laid.CmPerPixel = 2;
+        SetBackground(session_, std::make_shared<const ScaledBackground>(laid));
+    }
+
+private:
+    Session& session_;
+};
+
+TEST_F(ScaledBackgrounds, ThatWereJustImportedAreShownWholeAndDraggedToTheirPlace) {
+    LayingWindows windows(session_);
+    session_.Windows = &windows;
+    WriteBytes(folder_ / "floor.bmp", Bitmap(600, 4, Rgb(9, 9, 9)));
+    user_.Files.push_back(folder_ / "floor.bmp");
+
+    Run("background import");
+
+    EXPECT_EQ(windows.Opened, "background panel 3 ");
+    EXPECT_GE(session_.Project.Design.View.Width, 1200) << "600 pixels of 2 cm";
+    Run("undo");
+    EXPECT_EQ(Laid(), nullptr);
+    session_.Windows = &windows_;
+}
+
 TEST_F(ScaledBackgrounds, AreRefusedWhenTheirFileIsNoPicture) {
     WriteBytes(folder_ / "floor.png", "");
     user_.Files.push_back(folder_ / "floor.png");

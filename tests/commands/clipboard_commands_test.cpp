@@ -1,6 +1,7 @@
 // Copy and Paste as rows of the command table, with a clipboard of the test's own.
 #include "commands/session.h"
 #include "imaging/circuit_picture.h"
+#include "layout/overlap.h"
 #include "support/chain.h"
 #include "support/fault_of.h"
 #include "support/named_windows.h"
@@ -97,6 +98,47 @@ TEST_F(ClipboardCommands, PasteOntoAnEmptyTrackBeginsAtItsStartWhereverTheUserMo
     EXPECT_TRUE(shown.ViewBottom < 500 && shown.ViewTop > 500);
 }
 
+TEST_F(ClipboardCommands, CopyTakesSeveralSelectedPiecesAlone) {
+    session_.Project.EditState.Select(2);
+    session_.Project.EditState.RunFrom = 1;
+
+    Run("copy");
+
+    EXPECT_EQ(clipboard_.Copied.Text, "C160, C151L");
+    EXPECT_EQ(clipboard_.Copied.Svg.find("data-index=\"0\""), std::string::npos);
+    EXPECT_NE(clipboard_.Copied.Svg.find("data-index=\"2\""), std::string::npos);
+    EXPECT_EQ(clipboard_.Brief, "Copied pieces 1 to 2 of track 1: the list as text, and a picture of them");
+}
+
+TEST_F(ClipboardCommands, PasteOntoAnEmptyTrackLiesBesideAllOthersAndIsTurnedAsItWas) {
+    session_.Project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
+    session_.Project.Design.Circuit.Tracks[0].TrackStartHeading = 1.5707964F;
+    Run("copy");
+    clipboard_.Text = clipboard_.Copied.Text;
+    session_.Project.EditState.CurrentTrack = 2;
+
+    Run("paste");
+
+    const Track& pasted = session_.Project.Design.Circuit.Tracks[2];
+    EXPECT_EQ(pasted.ElementCodes.size(), 8U);
+    EXPECT_EQ(pasted.TrackStartHeading, 1.5707964F);
+    std::vector<Ground> grounds[TrackCount];
+    for (std::size_t track = 0; track < TrackCount; ++track) {
+        WalkTrack(Pieces(), session_.Project.Design.Circuit.Tracks[track],
+                  [&](int, const PiecePlacement* placement, const BuildCursor&) {
+                      grounds[track].push_back(GroundOf(*placement));
+                  });
+    }
+    for (const Ground& ground : grounds[2]) {
+        for (const std::size_t other : {0U, 1U}) {
+            for (const Ground& laid : grounds[other])
+                EXPECT_FALSE(Overlaps(ground, laid));
+        }
+    }
+    Run("undo");
+    EXPECT_EQ(session_.Project.Design.Circuit.Tracks[2].TrackStartX, -15.5F) << "with its start";
+}
+
 TEST_F(ClipboardCommands, TheViewFollowsWhatIsPasted) {
     ViewSettings& view = session_.Project.Design.View;
     view = ViewAround(1000, 0, 320, 160);
@@ -113,10 +155,57 @@ TEST_F(ClipboardCommands, TheViewFollowsWhatIsPasted) {
     EXPECT_EQ(view.Width, 320);
 }
 
+TEST_F(ClipboardCommands, WhatIsPastedIsSelected) {
+    clipboard_.Text = "C160 x2, C151L";
+    Run("paste");
+    EXPECT_EQ(session_.Project.EditState.SelectedRun(5), (ElementRun{3, 3}));
+
+    clipboard_.Text = "C160";
+    Run("paste");
+    EXPECT_EQ(session_.Project.EditState.SelectedRun(6), (ElementRun{6, 1}));
+}
+
+TEST_F(ClipboardCommands, PasteTellsWhatLiesOutsideTheRoom) {
+    session_.Project.Design.Room.Points = {
+        {-50, -50, 0}, {50, -50, 1}, {50, 150, 1}, {-50, 150, 1}, {-50, -50, 1}}; // straight up there is room for four
+    session_.Project.Design.Circuit.Tracks[0] = Chain("C160 C160");
+    clipboard_.Text = "C160 x3";
+
+    Run("paste");
+    EXPECT_EQ(clipboard_.Brief, "Pasted 3 pieces at the end of track 1; 1 of them lies outside the room");
+    Run("paste");
+    EXPECT_EQ(clipboard_.Brief, "Pasted 3 pieces at the end of track 1; they lie outside the room");
+    clipboard_.Text = "C160";
+    Run("paste");
+    EXPECT_EQ(clipboard_.Brief, "Pasted 1 piece at the end of track 1; it lies outside the room");
+}
+
+TEST_F(ClipboardCommands, TheViewShowsATrackThatIsPastedTogetherWithTheOthers) {
+    session_.Project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
+    Run("copy");
+    clipboard_.Text = clipboard_.Copied.Text;
+    session_.Project.EditState.CurrentTrack = 2;
+    session_.Project.Design.View = ViewAround(0, 0, 120, 160);
+
+    Run("paste");
+
+    const ViewRectangle shown = ShownRectangle(session_.Project.Design.View);
+    for (const Track& track : session_.Project.Design.Circuit.Tracks) {
+        WalkTrack(Pieces(), track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+            const GroundBox box = GroundOf(*placement).Box;
+            EXPECT_TRUE(shown.ViewLeft <= box.Left && box.Right <= shown.ViewRight);
+            EXPECT_TRUE(shown.ViewBottom <= box.Bottom && box.Top <= shown.ViewTop);
+        });
+    }
+}
+
 TEST_F(ClipboardCommands, PasteOfAnotherTextIsRefusedAndChangesNothing) {
     clipboard_.Text = "Hello";
 
-    EXPECT_EQ(FaultOf([&] { Run("paste"); }), "Type mismatch: \"HELLO\" is no piece");
+    EXPECT_EQ(
+        FaultOf([&] { Run("paste"); }),
+        "Refused: \"paste\" is not offered now: No pieces are on the clipboard. Paste takes a list of pieces such as "
+        "\"C160 x3, C151L x4\", or one code a line.");
     EXPECT_EQ(Track1(), "C160 C160 C151L");
 }
 
@@ -134,9 +223,10 @@ TEST_F(ClipboardCommands, PasteOnAClosedTrackOffersAnEmptyOne) {
     user_.Answers = {Answer::Ok, Answer::Cancel};
 
     Run("paste");
-    EXPECT_EQ(user_.Asked.at(0).Text,
-              "Track 1 is closed: pieces at its end would lie over its first ones. 2 pieces are laid "
-              "on track 3, which is empty.");
+    EXPECT_EQ(
+        user_.Asked.at(0).Text,
+        "Track 1 is closed: pieces at its end would lie over its first ones. Lay the 2 pieces on track 3 instead, "
+        "which is empty?");
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[2]), "C160 C160");
     EXPECT_EQ(session_.Project.EditState.CurrentTrack, 2);
     EXPECT_EQ(Track1(), circle);
@@ -162,9 +252,18 @@ TEST_F(ClipboardCommands, AnUnknownCodeIsToldBeforeAnythingIsAsked) {
     session_.Project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
     clipboard_.Text = "C160, C999 x2";
 
-    EXPECT_EQ(FaultOf([&] { Run("paste"); }), "Type mismatch: \"C999\" is no piece");
+    EXPECT_EQ(
+        FaultOf([&] { Run("paste"); }),
+        "Nothing was pasted: \"C999\" is no piece.\nPaste takes a list of pieces such as \"C160 x3, C151L x4\", or one "
+        "code a line.");
     EXPECT_TRUE(user_.Asked.empty());
     EXPECT_EQ(session_.Project.Design.Circuit.Tracks[0].ElementCodes.size(), 8U);
+}
+
+TEST_F(ClipboardCommands, OfAListThatNoTrackHoldsOnlyThatIsTold) {
+    clipboard_.Text = "C160 x501, C159";
+
+    EXPECT_EQ(FaultOf([&] { Run("paste"); }), "Nothing was pasted: a track holds at most 501 pieces.");
 }
 
 TEST_F(ClipboardCommands, WithoutPiecesThereIsNothingToCopyPrintExportOrPlan) {

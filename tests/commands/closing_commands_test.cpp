@@ -36,7 +36,7 @@ TEST_F(ClosingCommands, TakePiecesOutWhereNoAdditionIsFreeOfFaults) {
     const Suggestion best = Best();
 
     EXPECT_EQ(best.Edit, (TrackEdit{.At = 0, .Remove = 1, .Insert = {"C160"}}));
-    EXPECT_EQ(TextOf(*session_, best), "Takes out C152R (0), lays C160. 0.00 EUR + 1 without a price; to buy: C160.");
+    EXPECT_EQ(TextOf(*session_, best), "Takes out C152R (0), lays C160. 0.00 € + 1 without a price; to buy: C160.");
     EXPECT_EQ(CaptionOf(*session_, best), "1 piece for 1\nprice unknown\nnot all owned");
 }
 
@@ -49,7 +49,7 @@ TEST_F(ClosingCommands, TakeNothingOutByThemselvesWhereAnAdditionIsFree) {
 
 TEST_F(ClosingCommands, TellOfAPieceTooManyAndOfOneThatLacksInBetween) {
     Start("C160 C160 C157 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
-    EXPECT_EQ(TextOf(*session_, Best({.MostRemoved = 1})), "Takes out C157 (2). 0.00 EUR, all owned.");
+    EXPECT_EQ(TextOf(*session_, Best({.MostRemoved = 1})), "Takes out C157 (2). 0.00 €, all owned.");
 
     const Suggestion between{.Edit = {.At = 2, .Insert = {"C159", "C160"}}, .IsMend = true};
     EXPECT_THAT(TextOf(*session_, between), HasSubstr("Lays C159, C160 before C157 (2). "));

@@ -84,6 +84,8 @@ TEST_F(LayingCommands, TellHowMuchOfTheBoxACircuitUses) {
     session_.Project.Preferences.Units.Currency = "EUR";
 
     EXPECT_EQ(UseText(circuit), "96 % of the box, 3 pieces");
+    EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m") << "the box is what there is";
+    SetStock(session_.Project, "C160", 1, 0);
     EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m, price unknown");
 }
 
@@ -93,8 +95,30 @@ TEST_F(LayingCommands, TellHowACircuitDiffersFromOthers) {
     circuit.Parts.Used = 1;
 
     // Lanes that lie 7.9 cm apart differ by 2 pi times that, once round.
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 1.000");
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 0.500");
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 1.00");
+    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 0.50");
+}
+
+TEST_F(LayingCommands, TellTheShapeOfACircuit) {
+    LaidCircuit circuit;
+    circuit.Track = Chain("C160 C151L C151L C151L C151L C160 C160 C151L C151L C151L C151L C160");
+
+    // Four curves of 45 degrees turn round on twice 29.725 cm, the outer radius of which is 37.4.
+    EXPECT_EQ(SizeAndStraightText(session_, circuit), "75 × 145 cm, straight 0.70 m");
+    EXPECT_EQ(CornersText(session_, circuit), "2 corners left, 0 right");
+    circuit.Track = Chain("C160 C151L C151R C160 C151R");
+    EXPECT_EQ(CornersText(session_, circuit), "1 corner left, 2 right");
+}
+
+TEST_F(LayingCommands, AVariationIsNamedAfterItsDesign) {
+    session_.Project.EditState.File = folder_ / "club.trk";
+
+    session_.Do([&] { OpenAsNew(session_, true, room_, Chain("C151L C151L"), opened_); });
+    EXPECT_EQ(Caption(session_.Project.EditState), "Pistaro - club variation");
+    session_.Do([&] { OpenAsNew(session_, true, room_, Chain("C151L C160"), opened_); });
+    EXPECT_EQ(Caption(session_.Project.EditState), "Pistaro - club variation");
+    session_.Do([&] { OpenAsNew(session_, false, room_, Chain("C160"), opened_); });
+    EXPECT_EQ(Caption(session_.Project.EditState), "Pistaro - new project");
 }
 
 TEST_F(LayingCommands, TellTheFiguresOfACircuit) {
@@ -111,7 +135,7 @@ TEST_F(LayingCommands, TellTheFiguresOfACircuit) {
                                                    {"Left over", "2 × C151"},
                                                    {"Lap", "1.05 m"},
                                                    {"Lanes", "1.05 m and 1.05 m"},
-                                                   {"To buy", "2 × C160; 5.00 EUR"}}));
+                                                   {"To buy", "2 × C160; 5.00 €"}}));
 }
 
 TEST_F(LayingCommands, TellWhatLacksAndHasNoPrice) {
@@ -123,7 +147,7 @@ TEST_F(LayingCommands, TellWhatLacksAndHasNoPrice) {
     const PieceBox box = BoxOf(Pieces(), "C160=1,C151=2");
 
     EXPECT_EQ(FiguresOf(session_, box, circuit).back(),
-              (CircuitFigure{"To buy", "2 × C151; 0.00 EUR + 2 without a price"}));
+              (CircuitFigure{"To buy", "2 × C151; 0.00 € + 2 without a price"}));
     SetStock(session_.Project, "C151L", 2, 0);
     EXPECT_EQ(FiguresOf(session_, box, circuit).back(), (CircuitFigure{"To buy", "nothing"}));
 }
@@ -131,15 +155,17 @@ TEST_F(LayingCommands, TellWhatLacksAndHasNoPrice) {
 TEST_F(LayingCommands, TellNoSumWhereNothingHasAPrice) {
     LaidCircuit circuit;
     circuit.Track = Chain("C160 C151L C151R");
+    const PieceBox box = BoxOf(Pieces(), "C160=1,C151=2");
 
-    EXPECT_EQ(FiguresOf(session_, BoxOf(Pieces(), "C160=1,C151=2"), circuit).back(),
-              (CircuitFigure{"To buy", "2 × C151, C160; price unknown"}));
+    EXPECT_NE(FiguresOf(session_, box, circuit).back().Name, "To buy") << "nobody has told what he owns";
+    SetStock(session_.Project, "C159", 1, 0);
+    EXPECT_EQ(FiguresOf(session_, box, circuit).back(), (CircuitFigure{"To buy", "2 × C151, C160; price unknown"}));
 }
 
 TEST_F(LayingCommands, OpenACircuitAsOneStepThatUndoTakesBack) {
     const Circuit before = session_.Project.Design.Circuit;
 
-    session_.Do([&] { OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151L C151L"), opened_); });
+    session_.Do([&] { OpenAsNew(session_, false, room_, Chain("C151L C151L"), opened_); });
 
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151L C151L");
     EXPECT_EQ(session_.Project.Design.Room, room_.Room);
@@ -154,10 +180,10 @@ TEST_F(LayingCommands, AskBeforeUnsavedWorkGivesWayButNotForWhatWasOpenedBefore)
     session_.Project.EditState.DataChanged = true;
     prompts_.Answers = {Answer::Cancel, Answer::Ok};
 
-    EXPECT_FALSE(OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151L"), opened_));
+    EXPECT_FALSE(OpenAsNew(session_, false, room_, Chain("C151L"), opened_));
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C160 C160 C151R");
-    EXPECT_TRUE(OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151L C160"), opened_));
-    EXPECT_TRUE(OpenAsNew(session_, "Circuit from My Box", room_, Chain("C151R C160"), opened_));
+    EXPECT_TRUE(OpenAsNew(session_, false, room_, Chain("C151L C160"), opened_));
+    EXPECT_TRUE(OpenAsNew(session_, false, room_, Chain("C151R C160"), opened_));
 
     EXPECT_EQ(prompts_.Asked.size(), 2U);
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151R C160");
@@ -170,7 +196,8 @@ TEST_F(LayingCommands, KeepOneCircuitUnderItsNameAndSeveralWithNumbers) {
     EXPECT_TRUE(KeepAsFiles(session_, room_, {Chain("C160"), Chain("C159")}));
 
     EXPECT_EQ(prompts_.Told.at(0).Text, TextFromPath(folder_ / "one.trk") + " is written.");
-    EXPECT_EQ(prompts_.Told.at(1).Text, TextFromPath(folder_ / "many-01.trk") + " to many-02.trk are written.");
+    EXPECT_EQ(prompts_.Told.at(1).Text,
+              TextFromPath(folder_ / "many-01.trk") + " is written.\n\nThe others stand beside it, up to many-02.trk.");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "one.trk").Circuit.Tracks[0]), "C151L");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-01.trk").Circuit.Tracks[0]), "C160");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-02.trk").Circuit.Tracks[0]), "C159");

@@ -68,5 +68,15 @@ TEST(PalettePieces, ASpecialPieceIsCountedAloneAndABasicOneWithItsShape) {
     EXPECT_EQ(Left(project, "C160"), 4);
 }
 
+TEST(WhatIsLeft, IsToBuyWhereNothingIsOwned) {
+    Stock stock;
+    EXPECT_EQ(LeftText(stock, 0), "0 left");
+    EXPECT_EQ(LeftText(stock, -9), "9 to buy");
+
+    stock.Of(3).OwnedCount = 1;
+    EXPECT_EQ(LeftText(stock, -9), "−9 left");
+    EXPECT_EQ(LeftText(stock, 1), "1 left");
+}
+
 } // namespace
 } // namespace pistaro

@@ -149,8 +149,9 @@ TEST(PieceTips, TellWhatThereIsToKnow) {
     straight.Price = 2.5F;
 
     EXPECT_EQ(PieceTip(Pieces(), project, {0, 0}),
-              "C160, standard straight\nTrack 1, element 0\nLanes 35 and 35 cm by the catalogue\n2.5 EUR, owned");
-    EXPECT_TRUE(PieceTip(Pieces(), project, {0, 1}).ends_with("2.5 EUR, not owned"));
+              "C160, standard straight\nTrack 1, element 0\nLanes 35 and 35 cm by the catalogue\n2.50 €, owned");
+    EXPECT_TRUE(PieceTip(Pieces(), project, {0, 1}).ends_with("2.50 €, not owned"));
+    EXPECT_TRUE(PieceTip(Pieces(), project, {0, 1}, {",", "."}).ends_with("2,50 €, not owned"));
 }
 
 TEST(PieceTips, OfAnUnknownCodeSayThatItIsUnknown) {

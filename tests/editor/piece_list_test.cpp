@@ -33,6 +33,13 @@ TEST(PieceList, IsReadAsPeopleWriteIt) {
     EXPECT_EQ(Parsed("C160 x1"), "C160");
 }
 
+TEST(PieceList, OfProductsNeedsNoHands) {
+    const auto row = [](const char* product) { return Pieces().FindHeadRow(product); };
+    EXPECT_EQ(ParseProductList(Pieces(), "8 c151, C160 x2, C151R, C8010, C367"),
+              (std::map<int, int>{{row("C151"), 9}, {row("C160"), 2}, {row("C8010"), 1}, {row("C367"), 1}}));
+    EXPECT_EQ(FaultOf([] { ParseProductList(Pieces(), "C15"); }), "Type mismatch: \"C15\" is no piece");
+}
+
 TEST(PieceList, OfSomethingElseIsRefusedInWords) {
     const auto fault = [](const char* text) { return FaultOf([&] { ParsePieceList(Pieces(), text); }); };
     EXPECT_EQ(fault(""), "Type mismatch: there is no list of pieces such as \"C160 x3, C151L\"");
@@ -45,6 +52,13 @@ TEST(PieceList, OfSomethingElseIsRefusedInWords) {
     EXPECT_EQ(fault("C160 x0"), "Overflow: \"X0\" is no number of pieces");
     EXPECT_EQ(fault("C160 x502"), "Overflow: \"X502\" is no number of pieces");
     EXPECT_EQ(fault("C160 x500, C160 x2"), "Subscript out of range: a track holds at most 501 pieces");
+}
+
+TEST(PieceList, MayBeMeantByATextThatNamesAPiece) {
+    EXPECT_TRUE(NamesPiece(Pieces(), "hello c160"));
+    EXPECT_TRUE(NamesPiece(Pieces(), "C999 x2, C151L"));
+    EXPECT_FALSE(NamesPiece(Pieces(), "hello C151"));
+    EXPECT_FALSE(NamesPiece(Pieces(), ""));
 }
 
 TEST(PastedPieces, AreLaidAtTheEndOfTheCurrentTrackInEitherMode) {

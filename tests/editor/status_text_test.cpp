@@ -156,6 +156,7 @@ TEST(Figures, TellLanesAsBuiltPriceAndWhatIsToBuy) {
     EXPECT_EQ(FiguresText(Pieces(), project), lanes + "price 2.50 €, 1 without a price · 1 to buy, without a price");
     project.Stock.Of(Pieces().FindRow("C159")) = {.OwnedCount = 0, .Price = 1.99F};
     EXPECT_EQ(FiguresText(Pieces(), project), lanes + "price 4.49 € · 1 to buy: 1.99 €");
+    EXPECT_EQ(FiguresText(Pieces(), project, {",", "."}), lanes + "price 4,49 € · 1 to buy: 1,99 €");
     project.Stock.Of(Pieces().FindRow("C159")).OwnedCount = 1;
     EXPECT_EQ(FiguresText(Pieces(), project), lanes + "price 4.49 € · all owned");
 }
@@ -170,7 +171,7 @@ TEST(Figures, OfAllTracksAreThoseOfAllPieces) {
 
 TEST(Places, AreToldInDisplayUnitsWithTheViewsWidth) {
     Project project = ProjectOf("");
-    EXPECT_EQ(PlaceText(project, {12.34F, -4.5F}), "12.3, -4.5 cm · view 320 cm");
+    EXPECT_EQ(PlaceText(project, {12.34F, -4.5F}), "12.3, −4.5 cm · view 320 cm");
 
     project.Preferences.Units.Inches = true;
     EXPECT_EQ(PlaceText(project, {25.4F, 0}), "10, 0 in · view 125.9 in");

@@ -35,6 +35,9 @@ TEST(Tour, TellsOfAnotherPieceAndHowToTakeItBack) {
     const TourStop stop = At("C160 C159");
 
     EXPECT_EQ(Place(stop), "2 lblStatus ");
+    EXPECT_TRUE(stop.IsAstray);
+    EXPECT_FALSE(At("C160").IsAstray);
+    EXPECT_EQ(stop.Text, "The tour goes on as soon as the oval is right again.");
     EXPECT_THAT(stop.Remark, HasSubstr("C159"));
     EXPECT_THAT(stop.Remark, HasSubstr("Undo"));
 }

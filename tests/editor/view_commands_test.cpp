@@ -197,6 +197,15 @@ TEST(Follow, MovesTheViewNoFurtherThanItMust) {
     EXPECT_EQ(view.MidY, 11);
 }
 
+TEST(Follow, LeavesAloneWhatIsShownWholeOrIsTooLargeForThat) {
+    const ViewRectangle covered{.ViewLeft = -50, .ViewTop = 40, .ViewRight = 50, .ViewBottom = -40};
+
+    EXPECT_TRUE(IsShown({-50, 50, -40, 40}, covered));
+    EXPECT_FALSE(IsShown({30, 51, 0, 10}, covered)) << "its end is out of sight";
+    EXPECT_TRUE(IsShown({-60, 61, 0, 10}, covered)) << "its middle is in view";
+    EXPECT_FALSE(IsShown({-60, 162, 0, 10}, covered));
+}
+
 TEST(Follow, CentresWhatIsLargerThanWhatIsShown) {
     ViewSettings view;
     view.Width = 20;
@@ -205,6 +214,36 @@ TEST(Follow, CentresWhatIsLargerThanWhatIsShown) {
 
     EXPECT_EQ(view.MidX, 120);
     EXPECT_EQ(view.MidY, 0);
+}
+
+namespace {
+
+constexpr ViewRectangle Upwards{.ViewLeft = -50, .ViewTop = 60, .ViewRight = 50, .ViewBottom = -60};
+
+/// What a track covers into which something was put, as left, right, bottom and top; empty where nothing is told.
+std::vector<double> After(const std::string& before, const std::string& after) {
+    const auto box = ExtentAfterInsertion(Pieces(), Chain(before), Chain(after), Upwards);
+    if (!box) return {};
+    return {box->Left, box->Right, box->Bottom, box->Top};
+}
+
+} // namespace
+
+TEST(Insertion, IntoATrackInViewExtendsOverAllOfIt) {
+    EXPECT_EQ(After("C160 C159", "C160 C158 C158 C159"), (std::vector<double>{0, 15.5, 0, 70}));
+    EXPECT_EQ(After("C159", "C160 C159"), (std::vector<double>{0, 15.5, 0, 52.5}));
+}
+
+TEST(Insertion, IntoATrackThatIsOutOfSightInPartTellsNothing) {
+    EXPECT_TRUE(After("C160 C159 C160", "C160 C158 C159 C160").empty());
+}
+
+TEST(Insertion, IsNoneWhereATrackGrewAtItsEndShrankOrChanged) {
+    EXPECT_TRUE(After("C160", "C160 C159").empty());
+    EXPECT_TRUE(After("C160 C158", "C160").empty());
+    EXPECT_TRUE(After("C160 C158", "C160 C159 C157").empty());
+    EXPECT_TRUE(After("C160 C159", "C160 C158").empty());
+    EXPECT_TRUE(After("", "C160").empty());
 }
 
 } // namespace pistaro

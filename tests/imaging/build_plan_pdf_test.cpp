@@ -36,6 +36,17 @@ TEST_F(BuildPlanOnPaper, HasAHeadPageAndThreeStepsOnEachOther) {
     EXPECT_TRUE(HasPages(Pdf(30, "Letter"), 2));
 }
 
+TEST_F(BuildPlanOnPaper, BeginsWithTheStepsBelowTheHeadWhereThereIsRoom) {
+    const auto pages = [](const std::string& codes) {
+        return PagesOf(BuildPlanPdf(Pieces(), BuildPlanOf(Pieces(), ProjectOf(codes), AllTracks), PaperA4)).size();
+    };
+    const std::string quarter = "C151L C151L ";
+    const std::string side = "C160 C160 C160 C160 ";
+    const std::string flat = quarter + side + quarter + quarter + side + quarter;
+    EXPECT_EQ(pages(flat), 1U) << "an oval of 16 pieces in two steps, wider than high";
+    EXPECT_EQ(pages(side + quarter + quarter + side + quarter + quarter), 2U) << "higher than wide";
+}
+
 TEST_F(BuildPlanOnPaper, HasFewerStepsOnASmallPage) { EXPECT_TRUE(HasPages(Pdf(40, "A5"), 3)); }
 
 TEST_F(BuildPlanOnPaper, TellsWhatIsLeftOutOnAsManyLinesAsThatTakes) {

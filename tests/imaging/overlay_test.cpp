@@ -44,6 +44,16 @@ TEST_F(Overlays, PathsAreAsThickAsTheyAreTold) {
     EXPECT_FALSE(IsInked(image, 60, 0));
 }
 
+TEST_F(Overlays, PathsMayBeAsWideAsSomethingInTheWorld) {
+    OverlayPath path{.Path = {LineSegment{{-50, 0}, {50, 0}}}, .InkColour = Violet, .Pixels = 6};
+    path.Centimetres = 20;
+    EXPECT_TRUE(IsInked(Painted({path}), 0, 8));
+    EXPECT_FALSE(IsInked(Painted({path}), 0, 12));
+
+    path.Centimetres = 3;
+    EXPECT_TRUE(IsInked(Painted({path}), 0, 2)) << "never thinner than its pixels";
+}
+
 TEST_F(Overlays, DashedPathsHaveGaps) {
     const QImage image = Painted(
         {OverlayPath{.Path = {LineSegment{{-90, 0}, {90, 0}}}, .InkColour = Violet, .Pixels = 2, .Dashed = true}});
@@ -113,6 +123,18 @@ TEST_F(Overlays, HandlesAndTextsStandAtTheirPlaces) {
     for (int x = 100; x < 199; ++x)
         found = found || IsInked(plate, x, 88);
     EXPECT_TRUE(found) << "it stays on the canvas";
+}
+
+TEST_F(Overlays, WordsAtATracksEndStandAheadOfIt) {
+    constexpr double quarter = 1.5707963;
+    constexpr std::pair<int, int> ways[] = {{0, 1}, {-1, 0}, {0, -1}, {1, 0}}; // up, and on to the left
+    for (int turn = 0; turn < 4; ++turn) {
+        const QImage plate = Painted({OverlayText{{0, 0}, "12 left", Violet, turn * quarter}});
+        const auto [right, up] = ways[turn];
+        EXPECT_TRUE(IsInked(plate, 25 * right, 25 * up)) << turn;
+        for (int back = -12; back < 95; ++back)
+            EXPECT_FALSE(IsInked(plate, -back * right, -back * up)) << turn << ", " << back;
+    }
 }
 
 } // namespace

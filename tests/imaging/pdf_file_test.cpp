@@ -189,6 +189,34 @@ TEST(APdfOfTiles, HasAPieceThatCrossesACornerWhereFourTilesMeetOnAllOfThem) {
     EXPECT_EQ(match.OnFour, 6);
 }
 
+/// The marks at the corners of what stays of a tile that lie level: four tenths of a cm long, as no other line is.
+std::ptrdiff_t LevelCutMarks(const PdfPage& page) {
+    return std::ranges::count_if(page.Lines, [](const PdfLine& line) {
+        return std::fabs(line.Length() - 0.4) < 0.001 && std::fabs(line.FromY - line.ToY) < 0.001;
+    });
+}
+
+TEST(APdfOfTiles, HasMarksToCutAtUnlessItIsASingleSheet) {
+    const auto two = PagesOf(Pdf(ProjectOf("C160"), {.Scale = 1, .Tiles = true}));
+    ASSERT_EQ(two.size(), 3U);
+    EXPECT_EQ(LevelCutMarks(two[0]), 0);
+    EXPECT_EQ(LevelCutMarks(two[1]), 4);
+
+    const auto one = PagesOf(Pdf(ProjectOf("C160"), {.Scale = 5, .Tiles = true}));
+    ASSERT_EQ(one.size(), 1U);
+    EXPECT_EQ(LevelCutMarks(one[0]), 0);
+}
+
+TEST(APdfOfTiles, HasAnOverviewWithWhatIsChosenAndTheNamesOfTheTiles) {
+    const auto texts = [](const DrawnParts& parts) {
+        return PagesOf(Pdf(ProjectOf("C160 C160"), {.Scale = 1, .Tiles = true}, parts))[0].Texts;
+    };
+    const int plain = texts({});
+
+    EXPECT_GE(plain, 3) << "the tiles' names";
+    EXPECT_EQ(texts({.Numbers = true}) - plain, 2);
+}
+
 TEST(APdfOnOnePage, HasTheScaleThatIsAskedFor) {
     const auto pages = PagesOf(Pdf(ProjectOf("C160"), {.Scale = 2, .Paper = PaperA4}));
 

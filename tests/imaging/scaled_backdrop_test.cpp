@@ -59,6 +59,17 @@ TEST_F(ScaledBackdrops, LieWhereTheyArePlacedAtTheirTrueSize) {
     EXPECT_EQ(At(50, 42), Ground());
 }
 
+TEST_F(ScaledBackdrops, LetTheGroundShineThroughWhenTheyAreFaded) {
+    ScaledBackground faded = *project_.Background;
+    faded.Opacity = 0.5;
+    project_.Background = std::make_shared<const ScaledBackground>(faded);
+
+    const QRgb dot = At(31, 21);
+
+    EXPECT_NEAR(qRed(dot), qRed(Ground()) / 2, 2) << "of cyan nothing";
+    EXPECT_NEAR(qGreen(dot), (255 + qGreen(Ground())) / 2, 2);
+}
+
 TEST_F(ScaledBackdrops, TurnWithTheRoom) {
     project_.Design.Room.Angle = std::numbers::pi_v<float> / 2; // clockwise: 50, 30 comes to 30, -50
 

@@ -2,6 +2,7 @@
 #include "imaging/backdrop.h"
 #include "imaging/circuit_picture.h"
 #include "imaging/image_file.h"
+#include "imaging/sheet_painter.h"
 #include "imaging/sheet_picture.h"
 #include "support/chain.h"
 #include "support/fault_of.h"
@@ -22,6 +23,45 @@ TEST(ASheetsPicture, HasThePixelsOfItsPaperAndKnowsItsResolution) {
 
     EXPECT_EQ(image.size(), QSize(2480, 3508));
     EXPECT_NEAR(image.dotsPerMeterX(), 11811, 1);
+}
+
+/// The overview of two straights on tiles, 508 dots an inch: 200 a cm.
+QImage Overview(const DrawnParts& parts) {
+    const OffscreenGraphics graphics;
+    const CircuitDrawing drawing = DrawingOf(Pieces(), ProjectOf("C160 C160"), parts);
+    const SheetPlan plan = PlanSheets(drawing, {.Scale = 1, .Paper = PaperA4, .Tiles = true});
+    QImage image(4200, 5940, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    SheetPainter(drawing, plan).Paint(painter, 508, 0);
+    return image;
+}
+
+TEST(AnOverviewOfTiles, HidesNothingOfTheTrackBehindTheirNames) {
+    // The three tiles are 75.3 cm high on 26.1 cm of paper, the straights 70 of them, in the middle.
+    const QImage image = Overview({.StockColours = false});
+    constexpr double scale = 75.3 / 26.1;
+    const double left = 2100 - 15.5 / 2 / scale * 200;
+    const int top = static_cast<int>(200 * (1 + .8 + (75.3 - 70) / 2 / scale)) + 8;
+    const int bottom = top + static_cast<int>(70 / scale * 200) - 16;
+    for (int y = top; y < bottom; ++y) {
+        int darkest = 255;
+        for (int x = static_cast<int>(left) - 8; x <= static_cast<int>(left) + 8; ++x)
+            darkest = std::min(darkest, qGray(image.pixel(x, y)));
+        ASSERT_LT(darkest, 80) << "the edge at row " << y;
+    }
+}
+
+TEST(AnOverviewOfTiles, ShowsTheirNamesUponSurfaces) {
+    const auto ink = [](const QImage& image) { // of the names
+        int count = 0;
+        for (int y = 600; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                count += qBlue(image.pixel(x, y)) - qRed(image.pixel(x, y)) > 60 ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_GT(ink(Overview({.Surface = true, .StockColours = false})), 20000) << "letters and edges";
 }
 
 TEST(ASheetsPicture, DrawsThePiecesToScale) {
@@ -69,6 +109,13 @@ TEST(ASheetsPicture, HasTheBackgroundWhereItLiesAtItsTrueSizeWhenItIsChosen) {
     EXPECT_EQ(qRed(grey), qBlue(grey));
     EXPECT_NEAR(qRed(grey), 185, 4) << "as light as the colour is";
     EXPECT_EQ(draw({}).size(), QSize(355, 550));
+    ScaledBackground faded = *project.Background;
+    faded.Opacity = 0.2;
+    project.Background = std::make_shared<const ScaledBackground>(faded);
+    const QRgb pale = draw({.Background = true}).pixel(105, 105);
+    EXPECT_NEAR(qRed(pale), 204, 2) << "a fifth of the colour on white";
+    EXPECT_NEAR(qGreen(pale), 244, 2);
+    EXPECT_NEAR(qBlue(pale), 255, 2);
 }
 
 TEST(ASheetsPicture, OfTooManyPixelsIsRefused) {

@@ -16,6 +16,10 @@ Ground Laid(const std::string& code, const BuildCursor& cursor = {}) {
     return GroundOf(PlacePiece(Pieces(), code, cursor, "").value());
 }
 
+std::optional<double> SlideFrom(const Ground& curve, const Ground& other, double reach) {
+    return SlideClearance(curve, other.Box, EdgesOf(other), reach);
+}
+
 TEST(Clearance, OfAStraightToTheWallBesideIt) {
     EXPECT_NEAR(WallClearance(Laid("C160"), {{20, -50}, {20, 50}}, 5).value(), 4.5, 1e-6);
     EXPECT_NEAR(WallClearance(Laid("C160"), {{-3, 38}, {-4, 60}}, 5).value(), std::hypot(3, 3), 1e-6);
@@ -33,16 +37,16 @@ TEST(Clearance, OfACurveToAWallIsTakenFromItsArc) {
 }
 
 TEST(Clearance, OfASlideIsTheWayFromTheOuterEdge) {
-    EXPECT_NEAR(SlideClearance(Laid("C151L"), Laid("C160", {19.5F, 0, 0}), 10).value(), 4, 0.04);
-    EXPECT_NEAR(SlideClearance(Laid("C151L"), Laid("C153L", {15.5F, 0, 0}), 10).value(), 0, 0.04) << "laid against it";
-    EXPECT_FALSE(SlideClearance(Laid("C151L"), Laid("C160", {25.6F, 0, 0}), 10));
+    EXPECT_NEAR(SlideFrom(Laid("C151L"), Laid("C160", {19.5F, 0, 0}), 10).value(), 4, 0.04);
+    EXPECT_NEAR(SlideFrom(Laid("C151L"), Laid("C153L", {15.5F, 0, 0}), 10).value(), 0, 0.04) << "laid against it";
+    EXPECT_FALSE(SlideFrom(Laid("C151L"), Laid("C160", {25.6F, 0, 0}), 10));
 }
 
 TEST(Clearance, OfASlideCountsInTheCurvesOwnSectorAlone) {
-    EXPECT_FALSE(SlideClearance(Laid("C151L"), Laid("C160", {19.5F, -36, 0}), 10)) << "before the curve";
-    EXPECT_FALSE(SlideClearance(Laid("C151L"), Laid("C160", {-20, 0, 0}), 10)) << "on its inside";
-    EXPECT_FALSE(SlideClearance(Laid("C160"), Laid("C160", {19.5F, 0, 0}), 10)) << "beside a straight";
-    EXPECT_FALSE(SlideClearance(Laid("C151L"), Laid("C160", {10, 0, 0}), 10)) << "they overlap";
+    EXPECT_FALSE(SlideFrom(Laid("C151L"), Laid("C160", {19.5F, -36, 0}), 10)) << "before the curve";
+    EXPECT_FALSE(SlideFrom(Laid("C151L"), Laid("C160", {-20, 0, 0}), 10)) << "on its inside";
+    EXPECT_FALSE(SlideFrom(Laid("C160"), Laid("C160", {19.5F, 0, 0}), 10)) << "beside a straight";
+    EXPECT_FALSE(SlideFrom(Laid("C151L"), Laid("C160", {10, 0, 0}), 10)) << "they overlap";
 }
 
 TEST(Clearance, OfASlideAgreesWithWalkingAlongTheOuterEdge) {
@@ -69,7 +73,7 @@ TEST(Clearance, OfASlideAgreesWithWalkingAlongTheOuterEdge) {
             for (double way = 0; way < nearest; way += 0.05)
                 if (Covers(other, at(curve.OuterRadius + way))) nearest = way;
         }
-        const std::optional<double> clearance = SlideClearance(curve, other, 10);
+        const std::optional<double> clearance = SlideFrom(curve, other, 10);
         if (nearest < 0) continue; // they overlap, or nearly
         if (nearest < 9.9) {
             ++met;

@@ -19,6 +19,23 @@ TEST(Money, HasTwoDecimals) {
     EXPECT_EQ(MoneyText(0), "0.00");
 }
 
+TEST(Money, HasItsCurrencysSign) {
+    EXPECT_EQ(MoneyText(1250, "EUR"), "12.50 €");
+    EXPECT_EQ(MoneyText(1250, "CHF"), "12.50 CHF");
+    EXPECT_EQ(MoneyText(1250, ""), "12.50");
+}
+
+TEST(Money, IsWrittenAsADesktopDoes) {
+    const MoneyMarks german{",", "."};
+    EXPECT_EQ(MoneyText(1250, german), "12,50");
+    EXPECT_EQ(MoneyText(99999, german), "999,99");
+    EXPECT_EQ(MoneyText(123456789, german), "1.234.567,89");
+    EXPECT_EQ(MoneyText(-123456, german), "-1.234,56");
+    EXPECT_EQ(MoneyText(-12345, german), "-123,45");
+    EXPECT_EQ(MoneyText(1250, "EUR", german), "12,50 €");
+    EXPECT_EQ(MoneyText(123456, "EUR"), "1234.56 €");
+}
+
 TEST(Money, BeyondAllPricesStaysANumber) { EXPECT_EQ(CentsOf(3e38F), 100'000'000'000'000); }
 
 } // namespace

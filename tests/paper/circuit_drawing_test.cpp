@@ -53,6 +53,19 @@ TEST(CircuitDrawing, TakesTheStocksColoursOnEveryTrackWhicheverIsBeingEdited) {
     EXPECT_EQ(drawing.Pieces[1].Outline, Rgb(255, 0, 0));
 }
 
+TEST(CircuitDrawing, IsDrawnInInkWithoutTheStocksColours) {
+    Project project = ProjectOf("C160 C160");
+    project.Stock.Of(Pieces().FindRow("C160")).OwnedCount = 1;
+
+    const CircuitDrawing lines = DrawingOf(Pieces(), project, {.StockColours = false});
+    const CircuitDrawing surface = DrawingOf(Pieces(), project, {.Surface = true, .StockColours = false});
+
+    EXPECT_EQ(lines.Pieces[0].Outline, Rgb(0, 0, 0));
+    EXPECT_EQ(lines.Pieces[1].Outline, Rgb(0, 0, 0));
+    EXPECT_EQ(lines.Preferences.Colours.Rail, Rgb(112, 112, 112));
+    EXPECT_EQ(surface.Preferences.Colours.Rail, Rgb(0, 0, 0)) << "on asphalt";
+}
+
 TEST(CircuitDrawing, OfADarkSchemeTakesColoursThatShowOnWhitePaper) {
     Project project = ProjectOf("C160");
     project.Preferences.Colours = {Rgb(0, 0, 0),     Rgb(9, 9, 9),     Rgb(255, 255, 255),
@@ -102,7 +115,7 @@ TEST(APartOfADrawing, ShowsGridNumbersAndRoomWhenTheyAreChosen) {
     project.Preferences.Grid = {1, 10};
     const Box part{-0.5, -0.5, 40, 40};
 
-    EXPECT_EQ(Drawn(project, {.Numbers = true}, part).size(), 8U) << "and a point and a text";
+    EXPECT_EQ(Drawn(project, {.Numbers = true}, part).size(), 9U) << "and their size, a point and a text";
     EXPECT_EQ(Drawn(project, {.Room = true}, part).size(), 7U);
     EXPECT_EQ(Drawn(project, {.Grid = true}, part).size(), 22U) << "and lines from -20 to 50 both ways";
 }
@@ -127,6 +140,23 @@ TEST(APartOfADrawing, HasNumbersOnPlatesWhereTheGroundIsDark) {
 
     EXPECT_EQ(fills({.Numbers = true, .Surface = true}) - fills({.Surface = true}), 1);
     EXPECT_EQ(fills({.Numbers = true}), 0);
+}
+
+TEST(ANumber, IsReadByWhoStandsBeforeTheTrackAndIsNeverSmallerThanOtherWords) {
+    constexpr double pixelsAtFullSize = 96 / 2.54; // a cm
+    EXPECT_DOUBLE_EQ(NumberSize(pixelsAtFullSize), 2.5);
+    EXPECT_DOUBLE_EQ(NumberSize(pixelsAtFullSize / 5), 2.5);
+    EXPECT_NEAR(NumberSize(pixelsAtFullSize / 20), 20 * 8.25 * 2.54 / 72, 1e-9) << "8.25 points of the paper";
+}
+
+TEST(ARunOfADrawnTrack, IsDrawnAloneWithItsOwnNumbers) {
+    const CircuitDrawing drawing =
+        DrawingOf(Pieces(), ProjectOf("C160 C151L C160 C157"), {.Track = 0, .Run = ElementRun{1, 2}});
+
+    ASSERT_EQ(drawing.Pieces.size(), 2U);
+    EXPECT_EQ(drawing.Pieces[0].Index, 1);
+    EXPECT_EQ(drawing.Pieces[0].Code, "C151L");
+    EXPECT_EQ(drawing.Pieces[1].Index, 2);
 }
 
 TEST(ANumbersPlate, IsAsWideAsItsDigits) {

@@ -36,7 +36,7 @@ TEST(BuildPlan, OfOneTrackHasItsStepsAlone) {
     const BuildPlan plan = BuildPlanOf(Pieces(), ProjectOf("C160", "C157"), 1);
 
     ASSERT_EQ(plan.Steps.size(), 1U);
-    EXPECT_EQ(plan.LinesOf(Pieces(), plan.Steps[0]), (std::vector<std::string>{"0  C157  short straight"}));
+    EXPECT_EQ(plan.LinesOf(Pieces(), plan.Steps[0]), (std::vector<StepLine>{{"0", "C157", "short straight"}}));
 }
 
 TEST(BuildPlan, CountsProductsWithBothHandsTogether) {
@@ -77,6 +77,14 @@ TEST(BuildPlanPage, TellsWhatIsLeftOutAsText) {
     const std::string page = BuildPlanPage(Pieces(), BuildPlanOf(Pieces(), ProjectOf("C160 <b>"), AllTracks));
 
     EXPECT_NE(page.find("no such piece: &quot;&lt;b&gt;&quot;.</p>"), std::string::npos);
+}
+
+TEST(BuildPlanPage, HasTheRoomInItsColourAndTellsHowPiecesAreNumbered) {
+    const std::string page = BuildPlanPage(Pieces(), BuildPlanOf(Pieces(), ProjectOf("C160"), AllTracks));
+
+    EXPECT_NE(page.find(".room { stroke: #800000; }"), std::string::npos) << "dark red, as elsewhere";
+    EXPECT_NE(page.find("<p>Pieces bear the numbers that the drawing shows: each track begins with 0.</p>"),
+              std::string::npos);
 }
 
 TEST(BuildPlanPage, ShowsBesideEachPictureWhereOnTheCircuitItIs) {

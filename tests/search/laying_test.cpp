@@ -39,7 +39,7 @@ LayingTask TaskOf(const std::string& box, Rectangle room, std::uint64_t seed = 1
     return task;
 }
 
-Laying Lay(const LayingTask& task) { return LayCircuits(Pieces(), task, {}, {}); }
+Laying Lay(const LayingTask& task) { return LayCircuits(Pieces(), task, {}); }
 
 std::vector<Polygon> OutlinesOf(const Track& track, double tolerance = 0.01) {
     std::vector<Polygon> outlines;
@@ -171,21 +171,29 @@ TEST(LaidCircuits, OfNincoTrackCloseToo) {
     ExpectSound(task, laying, {300, 200});
 }
 
+/// Pieces of different systems next to each other.
+int CountBareJoints(const Track& track) {
+    const std::vector<std::string>& codes = track.ElementCodes;
+    int bare = 0;
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+        const std::string& next = codes[(i + 1) % codes.size()];
+        if (codes[i] != "N10110" && next != "N10110" && codes[i].front() != next.front()) ++bare;
+    }
+    return bare;
+}
+
 TEST(LaidCircuits, OfBothSystemsJoinThemByAdapters) {
-    const LayingTask task = TaskOf("C151=12,C160=8,C159=4,N10110=2,N10102=4,N10105=8,N10103=2", {400, 300});
+    for (const char* adapters : {"2", "4"}) {
+        const LayingTask task =
+            TaskOf("C151=12,C160=8,C159=4,N10102=4,N10105=8,N10103=2,N10110=" + std::string(adapters), {400, 300});
 
-    const Laying laying = Lay(task);
+        const Laying laying = Lay(task);
 
-    ASSERT_EQ(laying.Circuits.size(), 10U);
-    EXPECT_GE(laying.Circuits.front().Used, 0.8);
-    ExpectSound(task, laying, {400, 300});
-    for (const LaidCircuit& circuit : laying.Circuits) {
-        const std::vector<std::string>& codes = circuit.Track.ElementCodes;
-        for (std::size_t i = 0; i < codes.size(); ++i) {
-            const std::string& next = codes[(i + 1) % codes.size()];
-            if (codes[i] == "N10110" || next == "N10110") continue;
-            EXPECT_EQ(codes[i].front(), next.front()) << "no adapter between";
-        }
+        ASSERT_EQ(laying.Circuits.size(), 10U);
+        EXPECT_GE(laying.Circuits.front().Used, 0.8);
+        ExpectSound(task, laying, {400, 300});
+        for (const LaidCircuit& circuit : laying.Circuits)
+            EXPECT_EQ(CountBareJoints(circuit.Track), 0) << "with " << adapters << " adapters";
     }
 }
 
@@ -288,33 +296,31 @@ TEST(LaidCircuits, BeginOnAStraight) {
         EXPECT_TRUE(Pieces().Find(circuit.Track.ElementCodes.front())->IsStraight());
 }
 
-TEST(BestOf, PrefersACircuitElsewhereToOneMuchLikeABetterOne) {
-    const auto found = [](double used, std::vector<int> outline, std::vector<std::pair<int, int>> squares) {
-        FoundCircuit circuit{{}, std::move(outline), std::move(squares)};
-        circuit.Circuit.Parts.Used = used;
-        return circuit;
-    };
-    const ScoreWeights usedAlone{1, 0, 0, 0, 0, 0, 0};
-    const std::vector<FoundCircuit> circuits{found(0.85, {1}, {{5, 5}, {6, 5}}),
-                                             found(0.95, {2}, {{0, 0}, {0, 1}, {1, 0}, {1, 1}}),
-                                             found(0.94, {3}, {{0, 0}, {0, 1}, {1, 0}, {2, 1}}),
-                                             found(0.7, {4}, {{8, 8}, {9, 8}}), found(0.95, {2}, {{7, 7}})};
-
-    EXPECT_EQ(BestOf(circuits, 1, usedAlone), (std::vector<std::size_t>{1}));
-    EXPECT_EQ(BestOf(circuits, 2, usedAlone), (std::vector<std::size_t>{1, 0})) << "three squares of five are the same";
-    EXPECT_EQ(BestOf(circuits, 3, usedAlone), (std::vector<std::size_t>{1, 2, 0}));
-    EXPECT_EQ(BestOf(circuits, 9, usedAlone), (std::vector<std::size_t>{1, 4, 2, 0, 3}))
-        << "the same outline last of all";
+/// A circuit that uses so much of its box, whose heading swings to either side so often in a lap, and so far.
+FoundCircuit Found(double used, std::size_t swings, double swing) {
+    FoundCircuit circuit;
+    circuit.Circuit.Parts.Used = used;
+    circuit.Look.Harmonics.at(swings - 1) = swing;
+    circuit.Look.Sizes.at(swings - 1) = swing;
+    return circuit;
 }
 
-TEST(Laying, GivesWhatItHasWhenTheTimeIsUp) {
-    int asked = 0;
-    const LayingTask task = TaskOf("C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4", {400, 300});
+const std::vector<FoundCircuit> FiveCircuits{Found(0.85, 2, 1), Found(0.95, 1, 1), Found(0.94, 1, 1.23),
+                                             Found(0.7, 3, 1), Found(0.95, 1, 1)};
 
-    const Laying laying = LayCircuits(Pieces(), task, {}, [&] { return ++asked == 2; });
+TEST(BestOf, PrefersACircuitThatLooksDifferentToOneMuchLikeABetterOne) {
+    const ScoreWeights usedAlone{1, 0, 0, 0, 0, 0, 0};
 
-    EXPECT_EQ(asked, 2);
-    EXPECT_FALSE(laying.Circuits.empty());
+    EXPECT_EQ(BestOf(FiveCircuits, 1, usedAlone), (std::vector<std::size_t>{1}));
+    EXPECT_EQ(BestOf(FiveCircuits, 2, usedAlone), (std::vector<std::size_t>{1, 0}));
+    EXPECT_EQ(BestOf(FiveCircuits, 3, usedAlone), (std::vector<std::size_t>{1, 2, 0}));
+    EXPECT_EQ(BestOf(FiveCircuits, 9, usedAlone), (std::vector<std::size_t>{1, 4, 2, 0, 3}))
+        << "what looks the same is taken last of all";
+}
+
+TEST(DifferentFirst, PutsWhatLooksLikeABetterOneBehindAllOthers) {
+    EXPECT_EQ(DifferentFirst(FiveCircuits, {1, 4, 2, 0, 3}), (std::vector<std::size_t>{1, 2, 0, 3, 4}));
+    EXPECT_EQ(DifferentFirst(FiveCircuits, {}), (std::vector<std::size_t>{}));
 }
 
 TEST(Laying, GivesWhatItHasWhenItIsEndedWithinARound) {
@@ -327,18 +333,34 @@ TEST(Laying, GivesWhatItHasWhenItIsEndedWithinARound) {
     };
     const JobWatch watch{.Progress = endAfterTheFirst, .Stop = {}};
 
-    const Laying laying = LayCircuits(Pieces(), task, watch, {}, ending.get_token());
+    const Laying laying = LayCircuits(Pieces(), task, watch, ending.get_token());
 
     EXPECT_TRUE(laying.TimeWasUp);
     EXPECT_FALSE(laying.Circuits.empty());
     EXPECT_EQ(reports, 2) << "of the first round, and of the one that was ended";
 }
 
+TEST(CircuitSearch, CanBeGoneOnWithWhereNothingWasFound) {
+    CircuitSearch search(Pieces(), TaskOf("C151=12,C160=6", {40, 40}));
+
+    for (int begun = 0; begun < 3; ++begun) {
+        constexpr int most = 100;
+        int rounds = 0;
+        while (rounds < most && search.Round({}))
+            ++rounds;
+        EXPECT_LT(rounds, most);
+        EXPECT_GE(search.Spent(), 0);
+        search.Continue();
+    }
+
+    EXPECT_TRUE(search.Found().empty());
+}
+
 TEST(Laying, StopsWhenItIsAskedTo) {
     std::stop_source stop;
     JobWatch watch{.Progress = [&](int, int) { stop.request_stop(); }, .Stop = stop.get_token()};
 
-    EXPECT_THROW(LayCircuits(Pieces(), TaskOf("C151=24,C160=24,C153=8", {400, 300}), watch, {}), Stopped);
+    EXPECT_THROW(LayCircuits(Pieces(), TaskOf("C151=24,C160=24,C153=8", {400, 300}), watch), Stopped);
 }
 
 } // namespace

@@ -31,6 +31,31 @@ TEST(ABackgroundFile, IsWrittenAsItIsRead) {
     EXPECT_EQ(BackgroundBytes(ParseBackground(Whole, "x.background")), Whole);
 }
 
+TEST(ABackgroundFile, TellsHowFadedThePictureIsAndWhatItsSizeWasTakenFrom) {
+    const std::string told =
+        "[Background]\r\nX=12.5\r\nY=-3\r\nAngle=.25\r\nCmPerPixel=.421\r\nOpacity=.6\r\nFromX=10\r\n"
+        "FromY=20.5\r\nToX=310\r\nToY=20.5\r\nDistance=126.3\r\nBytes=5\r\n" +
+        Picture;
+
+    const ScaledBackground background = ParseBackground(told, "x.background");
+
+    EXPECT_EQ(background.Opacity, 0.6);
+    ASSERT_TRUE(background.Measured.has_value());
+    EXPECT_EQ(background.Measured->FromX, 10);
+    EXPECT_EQ(background.Measured->FromY, 20.5);
+    EXPECT_EQ(background.Measured->ToX, 310);
+    EXPECT_EQ(background.Measured->Distance, 126.3);
+    EXPECT_EQ(*background.Picture, Picture);
+    EXPECT_EQ(BackgroundBytes(background), told);
+}
+
+TEST(ABackgroundFile, OfAnEarlierVersionIsNotFadedAndNotMeasured) {
+    const ScaledBackground background = ParseBackground(Whole, "x.background");
+
+    EXPECT_EQ(background.Opacity, 1);
+    EXPECT_FALSE(background.Measured.has_value());
+}
+
 TEST(ABackgroundFile, StandsBesideTheCircuitsByItsName) {
     EXPECT_EQ(BackgroundFileOf("/a/oval.trk"), "/a/oval.background");
     EXPECT_EQ(BackgroundFileOf("/a/oval.v2.TRK"), "/a/oval.v2.background");
@@ -59,6 +84,11 @@ TEST(ABackgroundFile, IsRefusedWhenANumberIsNoneOrOutOfItsRange) {
     EXPECT_NE(with("Angle=.25", "Angle=north"), "");
     EXPECT_NE(with("CmPerPixel=.421", "CmPerPixel=0"), "");
     EXPECT_NE(with("Bytes=5", "Bytes=-5"), "");
+    EXPECT_EQ(with("Bytes=5", "Opacity=0\r\nBytes=5"),
+              "Bad file format: x.background: \"Opacity=0\" stands where Opacity= and a number from .1 to 1 should");
+    EXPECT_EQ(with("Bytes=5", "FromX=0\r\nBytes=5"),
+              "Bad file format: x.background: \"Bytes=5\" stands where FromY= and a number from -1000000 to 1000000 "
+              "should");
 }
 
 TEST(ABackgroundFile, IsReadFromDisk) {

@@ -29,6 +29,7 @@ public:
     void ShowReplacements() override { Opened += "replacements "; }
     void ShowBalance(const Balance&) override { Opened += "balance "; }
     void ShowPurchase(const PurchaseReport&) override { Opened += "purchase "; }
+    void EnterPrices() override { Opened += "enter prices "; }
     void ShowBox() override { Opened += "box "; }
     void ShowVariations() override { Opened += "variations "; }
     void ShowBackground(const ScaledBackground& proposed) override {

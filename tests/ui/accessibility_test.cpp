@@ -20,6 +20,8 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QDockWidget>
+#include <QGroupBox>
+#include <QMenuBar>
 
 #include <gmock/gmock.h>
 
@@ -155,6 +157,74 @@ TEST_F(Accessibility, TheStripOfBalancingChangesNamesItsControls) {
 
     EXPECT_TRUE(Find<QWidget>("fraBalance").isVisible());
     EXPECT_THAT(walk.Unnamed, IsEmpty());
+}
+
+TEST_F(Accessibility, TheStripThatMovesThePictureNamesItsControls) {
+    pistaro::Project project = ProjectOf("C160");
+    project.Background = std::make_shared<const ScaledBackground>(
+        ScaledBackground{.Picture = std::make_shared<const std::string>(Bitmap(40, 32, 0)), .CmPerPixel = 1});
+    Open(project);
+    Choose("mnuBackgroundMove");
+
+    const Walk walk = WalkOf(*Window);
+
+    EXPECT_TRUE(Find<QWidget>("fraPicture").isVisible());
+    EXPECT_THAT(walk.Unnamed, IsEmpty());
+}
+
+/// The letters that Alt takes one to in a window: of its menus, buttons, frames and fields that can be seen.
+std::vector<std::string> LettersOf(QWidget& window) {
+    QStringList texts;
+    for (const QMenuBar* const bar : window.findChildren<QMenuBar*>())
+        for (const QAction* const menu : bar->actions())
+            texts.append(menu->text());
+    for (const QWidget* const part : window.findChildren<QWidget*>()) {
+        if (!part->isVisible()) continue;
+        if (const auto* const button = qobject_cast<const QAbstractButton*>(part)) texts.append(button->text());
+        if (const auto* const frame = qobject_cast<const QGroupBox*>(part)) texts.append(frame->title());
+        const auto* const label = qobject_cast<const QLabel*>(part);
+        if (label != nullptr && label->buddy() != nullptr) texts.append(label->text());
+    }
+    std::vector<std::string> letters;
+    for (const QString& text : texts) {
+        const QString letter = QKeySequence::mnemonic(text).toString();
+        if (!letter.isEmpty()) letters.push_back(letter.toStdString());
+    }
+    std::ranges::sort(letters);
+    return letters;
+}
+
+std::vector<std::string> DoubledOf(std::vector<std::string> sorted) {
+    std::vector<std::string> doubled;
+    for (auto letter = std::ranges::adjacent_find(sorted); letter != sorted.end();
+         letter = std::adjacent_find(letter + 1, sorted.end()))
+        doubled.push_back(*letter);
+    return doubled;
+}
+
+TEST_F(Accessibility, AltWithALetterMeansOneThingInTheMainWindow) {
+    pistaro::Project project = ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R");
+    project.Background = std::make_shared<const ScaledBackground>(
+        ScaledBackground{.Picture = std::make_shared<const std::string>(Bitmap(40, 32, 0)), .CmPerPixel = 1});
+    Open(project);
+    EXPECT_THAT(LettersOf(*Window), testing::IsSupersetOf({"Alt+C", "Alt+F", "Alt+I", "Alt+L", "Alt+M", "Alt+N"}));
+    for (const char* const entry : {"mnuReplaceBy", "mnuBalance", "mnuBackgroundMove", "mnuScalextricNinco"}) {
+        Choose(entry);
+        EXPECT_THAT(DoubledOf(LettersOf(*Window)), IsEmpty()) << entry;
+    }
+}
+
+TEST_F(Accessibility, ALetterMeansOneThingInEachMenu) {
+    Open();
+    for (const QMenu* const menu : Window->menuBar()->findChildren<QMenu*>()) {
+        std::vector<std::string> letters;
+        for (const QAction* const entry : menu->actions()) {
+            const QString letter = QKeySequence::mnemonic(entry->text()).toString();
+            if (!letter.isEmpty()) letters.push_back(letter.toStdString());
+        }
+        std::ranges::sort(letters);
+        EXPECT_THAT(DoubledOf(letters), IsEmpty()) << menu->title().toStdString();
+    }
 }
 
 TEST_F(Accessibility, EveryDialogNamesItsControls) {

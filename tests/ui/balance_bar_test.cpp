@@ -33,15 +33,25 @@ protected:
 
 TEST_F(BalanceStrip, ShowsTheChangesAndTheirPieces) {
     EXPECT_TRUE(Strip().isVisible());
-    EXPECT_EQ(Text("lblBalance"), "2 changes balance the lanes of track 1. The lanes differ by 49.6 cm now.");
+    EXPECT_EQ(Text("lblBalance"), "Track 1: The lanes differ by 49.6 cm now. Both changes together make them equally "
+                                  "long:");
+    EXPECT_EQ(Button("cmdBalance").text(), "Appl&y Both");
     ASSERT_EQ(Changes().count(), 2);
-    EXPECT_EQ(Changes().item(0)->text(), "C8006 in place of C160 (0): each lane then leads into the other");
-    EXPECT_EQ(Changes().item(1)->text(), "C8006 in place of C160 (5): the lanes then differ by 0.0 cm");
+    EXPECT_EQ(Changes().item(0)->text(), "1. C8006 in place of C160 (0): each lane then leads into the other");
+    EXPECT_EQ(Changes().item(1)->text(), "2. C8006 in place of C160 (5): the lanes then differ by 0.0 cm");
     EXPECT_EQ(Ghosts(), "[C8006] C8006 ");
 
     QTest::keyClick(&Changes(), Qt::Key_Down);
     EXPECT_EQ(Ghosts(), "C8006 [C8006] ");
     EXPECT_EQ(Codes(), UnevenOval) << "looking changes nothing";
+}
+
+TEST_F(BalanceStrip, TellsWhatItsColoursMean) {
+    const QString legend = Find<QLabel>("lblBalanceLegend").text();
+
+    EXPECT_TRUE(legend.contains("color:#00823c\">■</span> new by the chosen line")) << legend.toStdString();
+    EXPECT_TRUE(legend.contains("color:#6ea000\">■</span> new by another line"));
+    EXPECT_TRUE(legend.contains("color:#00823c\">▨</span> taken out for it"));
 }
 
 TEST_F(BalanceStrip, AppliesAllAsOneStepOfUndo) {
@@ -105,8 +115,44 @@ TEST_F(BalanceStrip, AsksForAnOpenTrackToBeClosed) {
     Choose("mnuBalance");
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_TRUE(
-        QString::fromStdString(Prompts.Told[0].Text).endsWith(" The track does not close yet; close it first."));
+    EXPECT_EQ(Prompts.Told[0].Text,
+              "The lanes differ by 24.8 cm. One to three changes that balance them were not found. "
+              "The track does not close yet; close it first.");
+}
+
+TEST_F(BalanceStrip, HasLanesInColoursShowWhereTheyWouldRun) {
+    Click("cmdLeaveBalance");
+    Choose("mnuLanes");
+    const auto words = [this] {
+        std::vector<std::string> lines;
+        for (const LegendEntry& entry : Canvas().LaneLegend())
+            lines.push_back(entry.Words);
+        return lines;
+    };
+    using Lines = std::vector<std::string>;
+    const Lines uneven{"track 1, left 280.49 cm", "track 1, right 230.85 cm"};
+    EXPECT_EQ(words(), uneven);
+
+    Choose("mnuBalance");
+    EXPECT_EQ(words(), (Lines{"track 1, left 257.43 cm", "track 1, right 257.43 cm"}));
+
+    Click("cmdLeaveBalance");
+    EXPECT_EQ(words(), uneven);
+}
+
+TEST_F(BalanceStrip, LeavesNoGhostOfAPieceThatIsPointedAt) {
+    Click("cmdLeaveBalance");
+    ClickLine(0);
+    Click("cmdInsert"); // a closed track has no end for a ghost
+    QEnterEvent enters({5, 5}, {5, 5}, {5, 5});
+    QApplication::sendEvent(&Piece("C160"), &enters);
+    EXPECT_FALSE(Canvas().OverlayOf("ghost").empty());
+
+    Session->Run(*Session->Commands.Find("balance"));
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+
+    Click("cmdLeaveBalance");
+    EXPECT_FALSE(Canvas().OverlayOf("ghost").empty()) << "the mouse is there still";
 }
 
 TEST_F(BalanceStrip, IsNotShownWhereTheLanesAreBalanced) {

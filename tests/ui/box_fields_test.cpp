@@ -1,6 +1,11 @@
 // What circuits are laid from, as it is typed: the list of products, the field that finds one, what is offered.
 #include "ui/box_fixture.h"
 
+#include "storage/settings_file.h"
+#include "support/temporary_folder.h"
+
+#include <QToolButton>
+
 namespace pistaro {
 namespace {
 
@@ -114,6 +119,115 @@ TEST_F(BoxesOfPieces, TellWhereToSayWhatIsOwned) {
     EXPECT_EQ(all.toolTip(), "Fill the box with exactly what you own");
     EXPECT_TRUE(products.isEnabled());
     EXPECT_EQ(products.toolTip(), "List products, too, that you do not own and that are not in the box");
+}
+
+TEST_F(BoxesOfPieces, ShowWhatIsOwnedWhereSomethingIs) {
+    constexpr int owned = 3;
+    OpenBox();
+    EXPECT_TRUE(Box().isColumnHidden(owned)) << "names have its room";
+
+    Session->Do([&] { SetStock(Project, "C160", 4); });
+
+    EXPECT_FALSE(Box().isColumnHidden(owned));
+}
+
+TEST_F(BoxesOfPieces, KeepTheirPlaceWhenTheyCanBeOwned) {
+    OpenBox();
+    QApplication::processEvents();
+    const QRect before = Box().geometry();
+    EXPECT_FALSE(Find<QPushButton>("cmdOwnBox").isVisible());
+
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=6"));
+    QApplication::processEvents();
+
+    EXPECT_TRUE(Find<QPushButton>("cmdOwnBox").isVisible());
+    EXPECT_EQ(Box().geometry(), before);
+}
+
+TEST_F(BoxesOfPieces, HaveTheirSeedBehindMore) {
+    OpenBox();
+    EXPECT_FALSE(Find<QLineEdit>("txtSeed").isVisible());
+
+    QTest::mouseClick(&Find<QToolButton>("cmdMoreNumbers"), Qt::LeftButton);
+
+    EXPECT_TRUE(Find<QLineEdit>("txtSeed").isVisible());
+}
+
+TEST_F(BoxesOfPieces, BecomeWhatIsOwned) {
+    const TemporaryFolder folder;
+    const std::filesystem::path settings = folder / "corvel.ini";
+    WriteBytes(settings, InitialSettingsBytes(Pieces(), {}, ""));
+    pistaro::Project project = ProjectOf("");
+    SetStock(project, "C160", 4);
+    Open(project, settings);
+    Choose("mnuFromBox");
+    EXPECT_FALSE(Find<QPushButton>("cmdOwnBox").isVisible()) << "it is what is owned";
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=6"));
+    ASSERT_TRUE(Find<QPushButton>("cmdOwnBox").isVisible());
+
+    Prompts.Answers = {Answer::No, Answer::Yes};
+    PressHere("cmdOwnBox");
+    EXPECT_EQ(OwnedBox(Pieces(), Project.Stock), BoxOf(Pieces(), "C160=4"));
+    PressHere("cmdOwnBox");
+
+    EXPECT_EQ(Prompts.Asked.back().Text, "You own 4 pieces by now. Shall it be the 14 of this box?");
+    EXPECT_EQ(OwnedBox(Pieces(), Project.Stock), BoxOf(Pieces(), "C151=8,C160=6"));
+    EXPECT_EQ(OwnedBox(Pieces(), ReadSettings(Pieces(), settings).Stock), BoxOf(Pieces(), "C151=8,C160=6"));
+    EXPECT_EQ(Text("lblTotal"), "14 of your 14 pieces in the box");
+    EXPECT_FALSE(Find<QPushButton>("cmdOwnBox").isVisible());
+}
+
+TEST_F(BoxesOfPieces, BecomeWhatIsOwnedWhicheverHandAProductIsCountedBy) {
+    const TemporaryFolder folder;
+    const std::filesystem::path settings = folder / "corvel.ini";
+    WriteBytes(settings, InitialSettingsBytes(Pieces(), {}, ""));
+    Open(ProjectOf(""), settings);
+    Choose("mnuFromBox");
+    Box().Show(BoxOf(Pieces(), "C8010R=2,C160=6"));
+
+    PressHere("cmdOwnBox");
+
+    EXPECT_EQ(OwnedBox(Pieces(), ReadSettings(Pieces(), settings).Stock), BoxOf(Pieces(), "C8010=2,C160=6"));
+    EXPECT_FALSE(Find<QPushButton>("cmdOwnBox").isVisible()) << "it is what is owned";
+}
+
+TEST_F(BoxesOfPieces, AreFilledWithTheDesignsAgain) {
+    Open(ProjectOf("C160 C151L C151L"));
+    Choose("mnuVariations");
+    PressHere("cmdNoPieces");
+    ASSERT_EQ(Box().Box().Total(), 0);
+
+    PressHere("cmdDesignPieces");
+
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=2,C160=1"));
+}
+
+class RoomsOfABox : public MyBox {};
+
+TEST_F(RoomsOfABox, TellTheDesignsSize) {
+    pistaro::Project project = ProjectOf("C160");
+    project.Design.Room = EmptyArea({240, 160}).Room;
+
+    OpenBox(project);
+
+    EXPECT_EQ(Find<QRadioButton>("optRoomDesign").text(), "The &design's, 240 × 160 cm");
+}
+
+TEST_F(RoomsOfABox, AreThoseOfTheLastSearch) {
+    OpenBox();
+    Find<QSpinBox>("spnRoomWidth").setValue(250);
+    Find<QSpinBox>("spnRoomDepth").setValue(150);
+    Search("C151=8,C160=4");
+    const Habits habits = Session->Habits;
+    EXPECT_EQ(habits.BoxRoom, "250x150");
+
+    Open(ProjectOf(""));
+    Session->Habits = habits;
+    Choose("mnuFromBox");
+
+    EXPECT_EQ(Find<QSpinBox>("spnRoomWidth").value(), 250);
+    EXPECT_EQ(Find<QSpinBox>("spnRoomDepth").value(), 150);
+    EXPECT_TRUE(Find<QRadioButton>("optRoomArea").isChecked());
 }
 
 } // namespace

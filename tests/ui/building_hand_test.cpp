@@ -38,13 +38,68 @@ TEST_F(BuildingByHand, APieceAppearsAsAGhostWhereItsButtonWouldLayIt) {
     Enter("C159");
     EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C159"}));
     EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
-    EXPECT_EQ(GhostWords(), "C159 · 0 left · gap 52.5 cm");
+    EXPECT_EQ(GhostWords(), "C159 · then 1 to buy · gap 52.5 cm");
 
     Click("cmdElement", "C159");
     EXPECT_FLOAT_EQ(Ghost().Start.CursorY, 52.5F) << "and then the next one";
-    EXPECT_EQ(GhostWords(), "C159 · -1 left · gap 70.0 cm");
+    EXPECT_EQ(GhostWords(), "C159 · then 2 to buy · gap 70.0 cm");
     Leave("C159");
     EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+}
+
+TEST_F(BuildingByHand, WhoOwnsSomethingReadsWhatWouldBeLeft) {
+    pistaro::Project project = ProjectOf("C160");
+    project.Stock.Of(13).OwnedCount = 4; // of C160
+    Open(project);
+
+    Enter("C159");
+    EXPECT_EQ(GhostWords(), "C159 · then −1 left · gap 52.5 cm");
+    Enter("C160");
+    EXPECT_EQ(GhostWords(), "C160 · then 2 left · gap 70.0 cm");
+}
+
+TEST_F(BuildingByHand, TheGhostIsOfThePieceThatTheKeyboardGoesTo) {
+    Open(ProjectOf("C160"));
+    Piece("C160").setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C160"}));
+
+    QTest::keyClick(&Piece("C160"), Qt::Key_Right);
+    EXPECT_TRUE(Piece("C159").hasFocus());
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C159"}));
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+    QTest::keyClick(&Piece("C159"), Qt::Key_Space);
+    EXPECT_FLOAT_EQ(Ghost().Start.CursorY, 52.5F) << "and then the next one";
+
+    Picture().setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+}
+
+TEST_F(BuildingByHand, TheMouseAndTheKeyboardEachEndTheirOwnGhost) {
+    Open(ProjectOf("C160"));
+    Enter("C158");
+    Piece("C160").setFocus(Qt::TabFocusReason);
+
+    Leave("C158");
+    ASSERT_FALSE(Canvas().OverlayOf("ghost").empty());
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C160"}));
+    Enter("C158");
+    Picture().setFocus(Qt::TabFocusReason);
+
+    ASSERT_FALSE(Canvas().OverlayOf("ghost").empty());
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C158"}));
+}
+
+TEST_F(BuildingByHand, OnceItsTrackIsClosedThereIsNoGhostAtItsEnd) {
+    Open(ProjectOf("C151L C151L C151L C151L C151L C151L C151L"));
+    Enter("C151L");
+    EXPECT_FALSE(Canvas().OverlayOf("ghost").empty());
+
+    Click("cmdElement", "C151L");
+    EXPECT_EQ(Text("lblStatus"), "Track 1 · 8 pieces · closed · unsaved");
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+
+    Click("cmdInsert");
+    EXPECT_FALSE(Canvas().OverlayOf("ghost").empty()) << "before the selected piece there is room";
 }
 
 TEST_F(BuildingByHand, InInsertModeTheGhostStandsBeforeTheSelectedElement) {
@@ -135,9 +190,9 @@ TEST_F(BuildingByHand, ADigitShowsSoManyGhostsAndADragLaysThem) {
     QTest::keyClick(Window.get(), Qt::Key_3);
     Enter("C159");
     EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C159", "C159", "C159"}));
-    EXPECT_EQ(GhostWords(), "3 × C159 · 0 left · gap 87.5 cm");
+    EXPECT_EQ(GhostWords(), "3 × C159 · then 3 to buy · gap 87.5 cm");
     QTest::keyClick(Window.get(), Qt::Key_2);
-    EXPECT_EQ(GhostWords(), "2 × C159 · 0 left · gap 70.0 cm") << "the digit typed last";
+    EXPECT_EQ(GhostWords(), "2 × C159 · then 2 to buy · gap 70.0 cm") << "the digit typed last";
 
     Drag("C159", 8, -12);
     EXPECT_EQ(Codes(), "C159 C159 C160");
@@ -310,6 +365,39 @@ TEST_F(BuildingByHand, ACurveBeforeTheStartLeavesAllOthersWhereTheyLie) {
     EXPECT_NEAR(placement->Corners.Entry.X, 0, 1e-4);
     EXPECT_NEAR(placement->Corners.Entry.Y, 0, 1e-4);
     EXPECT_NEAR(placement->Corners.Exit.Y, 35, 1e-4);
+}
+
+TEST_F(BuildingByHand, TheViewFollowsPiecesDraggedBeforeTheStartOutOfIt) {
+    Open(ProjectOf("C160 C160"));
+    ClickDrawing(8, 10);
+    const auto isShown = [this](int element) {
+        const auto placement = PlacementOf(Pieces(), Project.Design.Circuit, {0, element});
+        const QRectF seen = Canvas().rect();
+        return seen.contains(Canvas().PlaceOf(placement->Corners.Entry)) &&
+               seen.contains(Canvas().PlaceOf(placement->Corners.Exit));
+    };
+
+    for (int i = 0; i < 6; ++i)
+        Drag("C160", 8, First().TrackStartY + 5);
+    ASSERT_EQ(First().ElementCodes.size(), 8U);
+    ASSERT_LT(First().TrackStartY, -200) << "far below where the view was";
+    EXPECT_TRUE(isShown(0));
+
+    QTest::keyClick(Window.get(), Qt::Key_9);
+    Drag("C160", 8, First().TrackStartY + 5);
+    EXPECT_TRUE(isShown(0)) << "the farthest of nine";
+    Choose("mnuUndo");
+    EXPECT_EQ(First().ElementCodes.size(), 8U) << "as one step, without one of the view";
+}
+
+TEST_F(BuildingByHand, ADragToAnEmptyTrackShowsTheLastOfThePiecesLaid) {
+    Open();
+
+    QTest::keyClick(Window.get(), Qt::Key_9);
+    Drag("C160", 8, 5);
+
+    const auto placement = PlacementOf(Pieces(), Project.Design.Circuit, {0, 8});
+    EXPECT_TRUE(QRectF(Canvas().rect()).contains(Canvas().PlaceOf(placement->Corners.Exit)));
 }
 
 TEST_F(BuildingByHand, APieceLetGoFarFromAllTracksGoesToTheNearestOpenEnd) {

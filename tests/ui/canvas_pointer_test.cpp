@@ -1,6 +1,8 @@
 // The mouse and the keyboard on the drawing.
 #include "ui/window_fixture.h"
 
+#include "editor/view_commands.h"
+
 #include <QEnterEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -36,11 +38,50 @@ protected:
         QTest::mouseRelease(&Picture(), button, keys, to);
     }
     const ViewSettings& View() { return Project.Design.View; }
+    void CentreAt(double x, double y) {
+        Session->Do([&] { CentreView(Project.Design.View, x, y); });
+    }
     void Key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&Picture(), key, keys); }
     const Track& First() { return Project.Design.Circuit.Tracks[0]; }
 
     std::string DragWords() { return std::get<OverlayText>(Canvas().OverlayOf("moved track").at(2)).Text; }
 };
+
+TEST_F(CanvasPointers, ATrackThatIsInViewStaysSoWhenItMakesRoomForAPiece) {
+    pistaro::Project project = ProjectOf("C160 C159 C151L");
+    project.Design.View.Width = 150;
+    Open(project);
+    Window->resize(1200, 700);
+    CentreAt(0, 25);
+    ASSERT_LT(Canvas().Frame().Covered(View()).ViewTop, 110) << "a straight more and the curve is out of sight";
+    ClickLine(1);
+    Click("cmdInsert");
+
+    Click("cmdElement", "C160");
+    EXPECT_EQ(View().Width, 150) << "there is room for it at this scale";
+    EXPECT_GT(Canvas().Frame().Covered(View()).ViewTop, 110);
+    EXPECT_LE(Canvas().Frame().Covered(View()).ViewBottom, 0);
+    EXPECT_EQ(View().VMov.Value, View().MidY) << "as the bar stands and a file keeps it";
+
+    QTest::keyClick(Window.get(), Qt::Key_4);
+    Click("cmdElement", "C160");
+    EXPECT_GT(View().Width, 250) << "else all of it is shown";
+    EXPECT_GT(Canvas().Frame().Covered(View()).ViewTop, 250);
+    EXPECT_LE(Canvas().Frame().Covered(View()).ViewBottom, 0);
+}
+
+TEST_F(CanvasPointers, APieceThatIsPutInWhereOneLooksCloselyLeavesTheScale) {
+    pistaro::Project project = ProjectOf("C160 C160 C160 C160 C160 C160 C160");
+    project.Design.View.Width = 60;
+    Open(project);
+    CentreAt(0, 30);
+    ClickLine(1);
+    Click("cmdInsert");
+
+    Click("cmdElement", "C159");
+
+    EXPECT_EQ(View().Width, 60) << "most of the track was out of sight before";
+}
 
 TEST_F(CanvasPointers, TheWheelZoomsAtThePointer) {
     Open();

@@ -4,6 +4,7 @@
 #include "storage/circuit_file.h"
 #include "support/temporary_folder.h"
 
+#include <QMenuBar>
 #include <QMimeData>
 #include <QWindow>
 
@@ -33,6 +34,39 @@ protected:
 
     TemporaryFolder Folder;
 };
+
+TEST_F(CircuitMenu, LettersTypedIntoTheWindowOrAnOpenMenuNeitherChangeTheDesignNorOpenAnotherMenu) {
+    Open(ProjectOf("C160 C151L C151R"));
+    const std::string letters = "abcdefghijklmnopqrstuvwxyzTM";
+    for (QWidget* const focused : {&Picture(), static_cast<QWidget*>(&List()), static_cast<QWidget*>(Window.get())}) {
+        focused->setFocus();
+        for (const char letter : letters)
+            QTest::keyClick(focused, letter);
+        EXPECT_EQ(Codes(), "C160 C151L C151R");
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    }
+
+    QMenu* circuit = nullptr;
+    for (QMenu* const menu : Window->findChildren<QMenu*>()) {
+        if (menu->title() == "&Circuit") circuit = menu;
+    }
+    ASSERT_NE(circuit, nullptr);
+    Window->menuBar()->setActiveAction(circuit->menuAction());
+    ASSERT_TRUE(circuit->isVisible());
+    for (const char letter : {'/', 't', 'i'}) {
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        QTest::keyClick(QApplication::activePopupWidget(), letter); // by two menus' letters: Track, Invert
+    }
+    EXPECT_EQ(QApplication::activePopupWidget(), circuit) << "the track's menu has not taken its place";
+    for (const char letter : {'r', 't', 'i'}) {
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        QTest::keyClick(QApplication::activePopupWidget(), letter); // the first one opens the recent circuits
+    }
+    EXPECT_EQ(QApplication::activePopupWidget()->objectName(), "mnuRecentCircuits");
+    EXPECT_EQ(Codes(), "C160 C151L C151R");
+    EXPECT_FALSE(Project.EditState.DataChanged);
+    circuit->close();
+}
 
 TEST_F(CircuitMenu, LoadReplacesTheCircuitAndNamesTheWindowAfterTheFile) {
     Open(ProjectOf("C157 C157 C157"));

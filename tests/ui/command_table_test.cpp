@@ -8,6 +8,7 @@
 #include "support/press.h"
 #include "support/temporary_folder.h"
 
+#include <QClipboard>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QTabBar>
@@ -69,6 +70,7 @@ protected:
             ++project.EditState.CurrentElement[0];
         project.Preferences.WorkingDirectory = (Folder / "").string();
         Kept.reset();
+        if (command.Id == "paste") QGuiApplication::clipboard()->setText("C160 x2");
         Open(project);
         Opened = Project;
         Kept = KeepsWork(*Session, command);
@@ -89,7 +91,7 @@ protected:
     void Prepare(pistaro::Session& session, const Command& command) const {
         if (command.Id == "undo" || command.Id == "redo") session.Run(*session.Commands.Find("mirror"));
         if (command.Id == "redo") session.Run(*session.Commands.Find("undo"));
-        if (command.Id == "background place" || command.Id == "background remove")
+        if (command.Id == "background place" || command.Id == "background move" || command.Id == "background remove")
             session.Do([&] { session.Project.Background = Carpet(); });
         LayRecent(session, command);
     }
@@ -119,7 +121,8 @@ protected:
         for (QAbstractButton* const button : Window->findChildren<QAbstractButton*>()) {
             // The strips have buttons of their own, as dialogs have.
             const bool isOfStrip = Find<QWidget>("fraSuggestions").isAncestorOf(button) ||
-                                   Find<QWidget>("fraBalance").isAncestorOf(button);
+                                   Find<QWidget>("fraBalance").isAncestorOf(button) ||
+                                   Find<QWidget>("fraPicture").isAncestorOf(button);
             // The toolkit's own scroll the tabs of panels, or close these.
             const bool isToolkits =
                 button->objectName().startsWith("qt_") || qobject_cast<QTabBar*>(button->parent()) != nullptr;

@@ -3,13 +3,16 @@
 
 #include "model/colour_scheme.h"
 #include "ui/canvas_colours.h"
+#include "ui/contrast_style.h"
 #include "ui/line_icon.h"
 #include "ui/window_fixture.h"
 
 #include <QApplication>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOptionButton>
 
 #include <cmath>
 
@@ -124,6 +127,52 @@ TEST_F(DesktopColours, FramesOfHighContrastCanBeSeen) {
     EXPECT_EQ(image.pixelColor(50, 0), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(0, 20), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(5, 20), QColor(Qt::black));
+}
+
+TEST_F(DesktopColours, LinesAcrossMenusCanBeSeenOnADarkGround) {
+    for (const DesktopPreference wish : {DesktopPreference{true, false}, DesktopPreference{true, true}}) {
+        ShowAsWished(wish, before_);
+        Open();
+        for (const char* const neighbour : {"mnuSurface", "mnuC151"}) { // below a line, and below a heading
+            for (QMenu* const menu : Window->menuBar()->findChildren<QMenu*>()) {
+                const auto entries = menu->actions();
+                const auto below = entries.indexOf(&Entry(neighbour));
+                if (below < 1) continue;
+                menu->popup(QPoint(0, 0));
+                const QPoint middle = menu->actionGeometry(entries[below - 1]).center();
+                const QImage shown = menu->grab().toImage();
+                const QColor line = shown.pixelColor(menu->width() - 20, middle.y());
+                const QColor ground = shown.pixelColor(menu->width() - 20, middle.y() - 3);
+                EXPECT_GT(Contrast(line, ground), 2) << neighbour;
+                menu->close();
+            }
+        }
+    }
+}
+
+TEST_F(DesktopColours, TheDotOfWhatIsChosenIsAsPlainAsWords) {
+    for (const DesktopPreference wish :
+         {DesktopPreference{true, false}, DesktopPreference{true, true}, DesktopPreference{false, true}}) {
+        ShowAsWished(wish, before_);
+        Open();
+        QAbstractButton& chosen = Button("optTrack", "1");
+        QStyleOptionButton option;
+        option.initFrom(&chosen);
+        const QRect ring = chosen.style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, &chosen);
+        const QColor dot = chosen.grab().toImage().pixelColor(ring.center());
+        EXPECT_GT(Contrast(dot, chosen.palette().color(QPalette::Base)), wish.HighContrast ? 15 : 7);
+    }
+}
+
+TEST_F(DesktopColours, AMenusHeadingHasRoomAroundItsWords) {
+    ShowAsWished({}, before_);
+    QApplication::setStyle(new ContrastStyle(QStyleFactory::create("Fusion")));
+    QMenu menu;
+    QAction* const heading = menu.addSection("C160 · element 0 of track 1");
+    menu.addAction("Delete");
+
+    EXPECT_GE(menu.actionGeometry(heading).height(), QFontMetrics(menu.font()).height() + 10);
+    EXPECT_GE(menu.actionGeometry(heading).top(), 4);
 }
 
 TEST_F(DesktopColours, IconsHaveTheColourOfTheWords) {

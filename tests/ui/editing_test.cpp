@@ -397,6 +397,24 @@ TEST_F(Editing, TheStatusBarTellsTrackPiecesGapAndUnsavedWork) {
     EXPECT_EQ(status->text(), "All tracks · 2 pieces · unsaved");
 }
 
+TEST_F(Editing, PasteIsGreyWithoutPiecesOnTheClipboardAndTellsWhatItTakes) {
+    QGuiApplication::clipboard()->setText("Dear Anna");
+    Open(ProjectOf("C160"));
+    EXPECT_FALSE(Entry("mnuPaste").isEnabled());
+    EXPECT_EQ(
+        Entry("mnuPaste").toolTip().toStdString(),
+        "No pieces are on the clipboard. Paste takes a list of pieces such as \"C160 x3, C151L x4\", or one code a "
+        "line.");
+
+    QGuiApplication::clipboard()->setText("C151L\nC160");
+    EXPECT_TRUE(Entry("mnuPaste").isEnabled());
+    Choose("mnuPaste");
+    EXPECT_EQ(Codes(), "C160 C151L C160");
+
+    QGuiApplication::clipboard()->setText("Yours, Ben");
+    EXPECT_FALSE(Entry("mnuPaste").isEnabled());
+}
+
 TEST_F(Editing, TextAloneIsPutOnTheClipboardWithoutAPicture) {
     Open();
 

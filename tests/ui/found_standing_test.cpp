@@ -83,5 +83,38 @@ TEST_F(StandingOfASearch, GoesOnUntilTheFirstCircuitAroundAPart) {
     EXPECT_GT(Circuits().count(), 0);
 }
 
+TEST_F(StandingOfASearch, TellsWhyThereCanBeNoCircuit) {
+    OpenBox();
+    const auto hint = [&] { return Circuits().accessibleDescription().toStdString(); };
+
+    Box().Show(BoxOf(Pieces(), "C151=5,C160=20"));
+    EXPECT_EQ(hint(), "The curves of the box turn by 225° in all, and a circuit turns by 360°.\n\n"
+                      "Add pieces to the box, or choose a larger room.");
+    Search("C151=5,C160=20");
+
+    EXPECT_EQ(Text("lblFound"), "These pieces make no circuit in this room.");
+    EXPECT_FALSE(Find<QPushButton>("cmdStop").isEnabled());
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=20"));
+    EXPECT_EQ(hint().substr(0, 2), "1.");
+}
+
+TEST_F(StandingOfASearch, TellsHowFarItIs) {
+    OpenBox();
+    Box().Show(BoxOf(Pieces(), "C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
+    PressHere("cmdSearch");
+    const QProgressBar& bar = Find<QProgressBar>("barSearch");
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(bar.maximum(), 100);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar.value() > 0; }, 60'000));
+    PressHere("cmdStop");
+
+    EXPECT_EQ(Find<QPushButton>("cmdStop").text(), "Stopping…");
+    EXPECT_FALSE(Find<QPushButton>("cmdStop").isEnabled());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStop").text() == "&Continue"; }, 60'000));
+    EXPECT_TRUE(Find<QPushButton>("cmdStop").isEnabled());
+    EXPECT_FALSE(bar.isVisible());
+}
+
 } // namespace
 } // namespace pistaro

@@ -10,6 +10,7 @@
 namespace pistaro {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -132,7 +133,8 @@ TEST_F(MyBox, ShowsAllCircuitsOfASmallBoxAsPictures) {
     ASSERT_EQ(Circuits().count(), 5);
     EXPECT_EQ(Text("lblFound"), "5 circuits found; there are no others.");
     EXPECT_THAT(Circuits().item(0)->text().toStdString(),
-                StartsWith("100 % of the box, 12 pieces\n3.26 m, price unknown\nlanes differ 49.6 cm, score 0."));
+                AllOf(StartsWith("100 % of the box, 12 pieces\n3.26 m\n"), HasSubstr(" cm, straight "),
+                      HasSubstr(" left, 0 right\nlanes differ 49.6 cm, score 0.")));
     EXPECT_FALSE(Circuits().item(0)->icon().isNull());
     EXPECT_FALSE(Find<QPushButton>("cmdStop").isEnabled());
 }
@@ -275,16 +277,16 @@ TEST_F(MyBox, TellsTheWeightsAndPutsThemBack) {
     OpenBox();
     Search("C151=8,C160=4");
     const std::string score = Text("lblScore");
-    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "6.0");
-    EXPECT_EQ(At<QLabel>("lblWeight", 6).text(), "0.5");
+    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "6.00");
+    EXPECT_EQ(At<QLabel>("lblWeight", 6).text(), "0.50");
     EXPECT_FALSE(Find<QPushButton>("cmdUsualWeights").isEnabled());
 
     At<QSlider>("sldWeight", 0).setValue(25);
-    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "2.5");
+    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "2.50");
     EXPECT_NE(Text("lblScore"), score);
     PressHere("cmdUsualWeights");
 
-    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "6.0");
+    EXPECT_EQ(At<QLabel>("lblWeight", 0).text(), "6.00");
     EXPECT_EQ(Text("lblScore"), score);
 }
 

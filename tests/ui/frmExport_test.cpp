@@ -5,6 +5,8 @@
 #include "dialog_fixture.h"
 #include "support/chain.h"
 
+#include <QAbstractItemView>
+
 namespace pistaro {
 namespace {
 
@@ -170,6 +172,87 @@ TEST_F(FrmExport, BeginsWithWhatTheWindowShowsAndThenAsItEnded) {
     EXPECT_EQ(Find<QSpinBox>("spnWidth").value(), 432);
 }
 
+TEST_F(FrmExport, WritesTheFormatWhoseEndingIsTyped) {
+    Choose("cboFormat", Csv);
+
+    const std::string dxf = Exported("x.dxf");
+
+    EXPECT_NE(dxf.find("$ACADVER"), std::string::npos) << dxf.substr(0, 40);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 2) << "it, and the settings";
+    EXPECT_EQ(prompts_.Dialogs[0].OtherEndings, (std::vector<std::string>{".png", ".svg", ".pdf", ".dxf", ".json"}));
+    EXPECT_EQ(prompts_.Told.at(0).Text,
+              (folder_ / "x.dxf").string() +
+                  " is written.\n\nA CAD program such as LibreCAD opens it; its unit is the centimetre.");
+    Open();
+    EXPECT_EQ(Find<QComboBox>("cboFormat").currentText(), "Construction (DXF)");
+}
+
+TEST_F(FrmExport, KeepsTheScaleWhenATypedEndingChangesTheFormat) {
+    Choose("cboFormat", Png);
+    Choose("cboSize", 1);
+    Find<QDoubleSpinBox>("spnScale").setValue(5);
+    Choose("cboTrack", 2);
+
+    EXPECT_NE(Exported("X.SVG").find("width=\"5.1cm\" height=\"3.53125cm\""), std::string::npos);
+}
+
+TEST_F(FrmExport, WritesWhatTheKeysReachedInTheListThatStillStandsOpen) {
+    Choose("cboFormat", Png);
+    auto& formats = Find<QComboBox>("cboFormat");
+    QTest::keyClick(&formats, Qt::Key_Down, Qt::AltModifier);
+    ASSERT_TRUE(formats.view()->isVisible());
+
+    QTest::keyClick(formats.view(), Qt::Key_Down);
+    EXPECT_EQ(formats.currentText(), "Drawing (SVG)");
+    prompts_.Files.push_back(folder_ / "x.svg");
+    QTest::keyClick(formats.view(), Qt::Key_E, Qt::AltModifier);
+    QApplication::processEvents();
+
+    EXPECT_TRUE(BytesOf(folder_ / "x.svg").starts_with("<?xml"));
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(FrmExport, TakesBackWhatTheKeysReachedWhenEscapeClosesTheList) {
+    Choose("cboFormat", Pdf);
+    auto& formats = Find<QComboBox>("cboFormat");
+    QTest::keyClick(&formats, Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(formats.view(), Qt::Key_Down);
+    QTest::keyClick(formats.view(), Qt::Key_Down);
+    EXPECT_EQ(formats.currentText(), "Table of pieces (CSV)");
+
+    QTest::keyClick(formats.view(), Qt::Key_Escape);
+
+    EXPECT_EQ(formats.currentText(), "Paper (PDF)");
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(FrmExport, ChoosesASizeAgainBehindAFormatWithoutSizes) {
+    Choose("cboFormat", Dxf);
+    Choose("cboFormat", Pdf);
+
+    EXPECT_EQ(Find<QComboBox>("cboSize").currentIndex(), 0);
+}
+
+TEST_F(FrmExport, TellsWhatEachFormatIsFor) {
+    Choose("cboFormat", Png);
+    EXPECT_EQ(Label("lblPurpose"), "For forums, mail and messengers");
+    Choose("cboFormat", Csv);
+    EXPECT_EQ(Label("lblPurpose"), "For a spreadsheet: each piece and its place");
+    for (const Formats format : {Png, Svg, Pdf, Dxf, Csv, Json}) {
+        Choose("cboFormat", format);
+        ExpectNothingClipped();
+    }
+}
+
+TEST_F(FrmExport, PaintsNothingAsOwnedOrToBuyUnlessThatIsTicked) {
+    Choose("cboFormat", Svg);
+    EXPECT_EQ(Exported("plain.svg").find("#ff0000"), std::string::npos);
+
+    Open();
+    Press("chkMissing");
+    EXPECT_NE(Exported("stock.svg").find("#ff0000"), std::string::npos);
+}
+
 TEST_F(FrmExport, KeepsTrackAndWallTiles) {
     Find<QCheckBox>("chkWalls").setChecked(true);
     Choose("cboTrack", 2);
@@ -199,6 +282,58 @@ TEST_F(FrmExport, ShowsTheFirstLinesOfATable) {
     Choose("cboFormat", Svg);
     EXPECT_FALSE(Find<QWidget>("txtLines").isVisible());
     EXPECT_TRUE(Find<QWidget>("picSheet").isVisible());
+}
+
+TEST_F(FrmExport, KeepsItsWidthWhateverIsChosen) {
+    Choose("cboFormat", Png);
+    const QSize size = dialog_->size();
+
+    for (const Formats format : {Svg, Pdf, Dxf, Csv, Json, Png}) {
+        Choose("cboFormat", format);
+        QApplication::processEvents();
+        EXPECT_EQ(dialog_->size(), size) << format;
+    }
+}
+
+TEST_F(FrmExport, RemembersTheResolution) {
+    Choose("cboFormat", Png);
+    Find<QSpinBox>("spnDots").setValue(150);
+    Exported("x.png");
+
+    Open();
+    EXPECT_EQ(Find<QSpinBox>("spnDots").value(), 150);
+}
+
+TEST_F(FrmExport, ShowsATablesNumbersRoundedAndWritesThemWhole) {
+    project_.Design.Circuit.Tracks[0] = Chain("C151L C151L C160");
+    Open();
+    Choose("cboFormat", Csv);
+
+    const QStringList fields = Find<QPlainTextEdit>("txtLines").toPlainText().split('\n')[3].split(',');
+    const std::string csv = Exported("x.csv");
+
+    ASSERT_EQ(fields.size(), 18);
+    EXPECT_EQ(fields[6], "1.571") << "two curves of 45 degrees";
+    for (qsizetype field = 4; field < fields.size(); ++field)
+        EXPECT_LE(fields[field].section('.', 1).size(), 3) << fields[field].toStdString();
+    EXPECT_NE(csv.find("1.5707"), std::string::npos);
+}
+
+TEST_F(FrmExport, ShowsAConstructionWithAMarginAroundIt) {
+    Choose("cboFormat", Dxf);
+    const QImage preview = Find<QWidget>("picSheet").grab().toImage();
+    const QRgb paper = qRgb(255, 255, 255);
+    int first = -1; // row of paper, and of ink on it
+    int ink = -1;
+    for (int y = 0; y < preview.height() && ink < 0; ++y) {
+        for (int x = 0; x < preview.width(); ++x) {
+            const QRgb dot = preview.pixel(x, y);
+            if (dot == paper && first < 0) first = y;
+            if (first >= 0 && qGray(dot) < 60) ink = y;
+        }
+    }
+    ASSERT_GE(ink, 0);
+    EXPECT_GE(ink - first, 10) << "a twenty-fifth of some 340 pixels";
 }
 
 TEST_F(FrmExport, CutsALongTableAtALinesEnd) {
@@ -256,7 +391,10 @@ TEST_F(FrmExport, TellsWhereTheFileIsAndBeginsTheNextTimeAsItEnded) {
     prompts_.Files.push_back(folder_ / "out" / "x.pdf");
     Press("cmdExport");
     ASSERT_EQ(prompts_.Told.size(), 1U);
-    EXPECT_EQ(prompts_.Told[0], (Message{Icon::Information, (folder_ / "out" / "x.pdf").string() + " is written."}));
+    EXPECT_EQ(prompts_.Told[0],
+              (Message{Icon::Information,
+                       (folder_ / "out" / "x.pdf").string() +
+                           " is written.\n\nAny PDF reader or web browser opens and prints it, to scale at 100 %."}));
 
     Open();
     EXPECT_EQ(Find<QComboBox>("cboFormat").currentText(), "Paper (PDF)");

@@ -6,6 +6,7 @@
 #include "support/chain.h"
 
 #include <QPrinter>
+#include <QWheelEvent>
 
 namespace pistaro {
 namespace {
@@ -87,12 +88,107 @@ TEST_F(FrmPrint, CountsOneTileThatIsLeftWithoutItsWallsAsOneSheet) {
     EXPECT_EQ(SheetsText(sheets), "1 sheet at 1:1; 4 with walls alone left out");
 }
 
+TEST_F(FrmPrint, KeepsItsSizeAndThePlaceOfThePreviewWhateverIsChosen) {
+    project_.Design.Room.Points = {{0, 0, 0}, {100, 0, 1}};
+    Open();
+    const QSize size = dialog_->size();
+    const QRect preview = Find<QWidget>("picSheet").geometry();
+
+    ChooseScale(1);
+    Choose("cboOrientation", 1);
+    QApplication::processEvents();
+
+    EXPECT_EQ(Label("lblSheets"), "7 sheets at 1:1: an overview and 6 tiles; 4 with walls alone left out");
+    EXPECT_EQ(dialog_->size(), size);
+    EXPECT_EQ(Find<QWidget>("picSheet").geometry(), preview);
+}
+
 TEST_F(FrmPrint, PreviewsEachSheet) {
     ChooseScale(1);
     const int overview = Ink();
     Find<QSpinBox>("spnSheet").setValue(2);
 
     EXPECT_NE(Ink(), overview);
+}
+
+TEST_F(FrmPrint, TurnsThePagesOfThePreviewAndTellsWhichItShows) {
+    EXPECT_EQ(Label("lblShown"), "");
+    EXPECT_FALSE(Find<QWidget>("cmdNext").isEnabled());
+    ChooseScale(1);
+    EXPECT_EQ(Label("lblShown"), "Overview");
+    EXPECT_FALSE(Find<QWidget>("cmdPrevious").isEnabled());
+
+    Press("cmdNext");
+    EXPECT_EQ(Label("lblShown"), "Tile A1");
+    auto& preview = Find<QWidget>("picSheet");
+    const auto turn = [&](int notches) {
+        QWheelEvent wheel({9, 9}, preview.mapToGlobal(QPointF(9, 9)), {}, {0, 120 * notches}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&preview, &wheel);
+    };
+    turn(-2);
+    EXPECT_EQ(Find<QSpinBox>("spnSheet").value(), 4);
+    EXPECT_EQ(Label("lblShown"), "Tile A3");
+    EXPECT_FALSE(Find<QWidget>("cmdNext").isEnabled());
+    turn(1);
+    Press("cmdPrevious");
+    EXPECT_EQ(Label("lblShown"), "Tile A1");
+}
+
+TEST_F(FrmPrint, TellsHowMuchFloorTheSheetsCover) {
+    EXPECT_EQ(Label("lblFloor"), "1 sheet of A4, portrait");
+    ChooseScale(1);
+    EXPECT_EQ(Label("lblFloor"), "4 sheets of A4, portrait; laid out about 0.2 × 0.8 m")
+        << "three tiles of 18 x 25.1 cm";
+    project_.Preferences.Units.Inches = true;
+    Choose("cboPaper", 3);
+    EXPECT_EQ(Label("lblFloor"), "3 sheets of A2, portrait; laid out about 15 × 43 in")
+        << "two tiles of 39 x 54.8 cm, 109.6 together";
+    ExpectNothingClipped();
+}
+
+TEST_F(FrmPrint, AsksBeforeManySheetsArePrinted) {
+    project_.Design = ProjectOf("C160 C160 C160 C160 C160 C160 C160 C160 C160 C160 C160 C160 C160 C160 C160").Design;
+    Open();
+    ChooseScale(1);
+    prompts_.Answers = {Answer::Cancel};
+
+    Press("cmdPrint");
+
+    ASSERT_EQ(prompts_.Asked.size(), 1U);
+    EXPECT_EQ(prompts_.Asked[0].Text, "22 sheets of A4, portrait; laid out about 0.2 × 5.3 m. Print them all?")
+        << "525 cm on tiles of 25.1";
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(FrmPrint, WritesNoOtherFormatThanItsOwn) {
+    prompts_.Files.push_back(folder_ / "x.png");
+
+    Press("cmdPdf");
+
+    EXPECT_EQ(prompts_.Told.at(0).Text,
+              "Nothing was written: x.png: sheets are written as .pdf; other formats are in Circuit ▸ Export");
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "x.png"));
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(FrmPrint, PaintsPiecesInInkUnlessMissingOnesAreMarked) {
+    const auto red = [this] {
+        const QImage preview = Find<QWidget>("picSheet").grab().toImage();
+        int count = 0;
+        for (int y = 0; y < preview.height(); ++y) {
+            for (int x = 0; x < preview.width(); ++x)
+                count += qRed(preview.pixel(x, y)) - qGreen(preview.pixel(x, y)) > 40 ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_EQ(red(), 0);
+
+    Press("chkBlackAndWhite");
+    EXPECT_FALSE(Find<QCheckBox>("chkMissing").isEnabled());
+    Press("chkBlackAndWhite");
+    Press("chkMissing");
+    EXPECT_GT(red(), 100);
 }
 
 TEST_F(FrmPrint, ShowsMoreWhenMoreIsChosen) {
@@ -169,7 +265,10 @@ TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
     Find<QCheckBox>("chkWalls").setChecked(true);
     prompts_.Files.push_back(folder_ / "x.pdf");
     Press("cmdPdf");
-    EXPECT_EQ(prompts_.Told.at(0).Text, (folder_ / "x.pdf").string() + " is written.");
+    EXPECT_EQ(prompts_.Told.at(0).Text,
+              (folder_ / "x.pdf").string() +
+                  " is written.\n\nAny PDF reader or web browser opens and prints it, to scale at "
+                  "100 %.");
 
     Open();
     EXPECT_EQ(Find<QComboBox>("cboPaper").currentText(), "Letter");

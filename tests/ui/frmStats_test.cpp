@@ -120,6 +120,11 @@ TEST_F(FrmStats, ShowsTheLanesAsBuiltBesideTheCataloguesLengths) {
     EXPECT_EQ(Text("lblLL", 0) + " " + Text("lblRL", 0), "14 7") << "of the catalogue";
     EXPECT_EQ(Text("lblBuiltLeft", 0) + " " + Text("lblBuiltRight", 0), "15.87 28.27");
     EXPECT_EQ(Text("lblBuiltLeft", 3) + " " + Text("lblBuiltRight", 3), "50.87 63.27");
+    for (int index = 0; index < 8; ++index)
+        EXPECT_EQ(Text("lblBuiltUnit", index), "cm");
+    const auto right = [&](const char* label) { return Find<QLabel>(label, 0)->geometry().right(); };
+    EXPECT_EQ(right("lblBuiltLeft"), right("lblLL")) << "figures stand below each other";
+    EXPECT_EQ(right("lblBuiltUnit"), right("lblUnit"));
 }
 
 TEST_F(FrmStats, NamesUnitsAndCurrency) {

@@ -71,6 +71,22 @@ TEST(MessagePrompts, AQuestionIsAnsweredByItsButtonsAndEnterAndEscapeAreTheHarml
     }
 }
 
+TEST(MessagePrompts, AQuestionWhetherToDoSomethingHasAButtonNamedSo) {
+    const auto answer = [](Qt::Key key) {
+        WhenShown<QMessageBox>([key](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), QMessageBox::Question);
+            EXPECT_EQ(box.standardButtons(), QMessageBox::Cancel);
+            ASSERT_NE(box.defaultButton(), nullptr);
+            EXPECT_EQ(box.defaultButton()->text(), "Lay on &Track 3");
+            QTest::keyClick(&box, key);
+        });
+        return MessagePrompts().AskWhether("Lay the piece on track 3 instead?", "Lay on &Track 3");
+    };
+
+    EXPECT_EQ(answer(Qt::Key_Return), Answer::Ok);
+    EXPECT_EQ(answer(Qt::Key_Escape), Answer::Cancel);
+}
+
 TEST(MessagePrompts, AFilesNameThatLooksLikeMarkupIsShownAsItStands) {
     const std::string text = "File not found: /tmp/<b>club</b>.trk";
     const auto look = [text](QMessageBox& box) {
@@ -95,7 +111,8 @@ protected:
                                                        .Title = "Save Circuit",
                                                        .Filter = "Track files (*.trk)|*.trk",
                                                        .DefaultName = "oval",
-                                                       .Folder = Folder.Path().string()});
+                                                       .Folder = Folder.Path().string(),
+                                                       .OtherEndings = {".svg"}});
         return file ? file->filename().string() : "none";
     }
 
@@ -124,6 +141,8 @@ TEST_F(FileDialogs, ASavedFileGetsTheEndingThatItLacks) {
     EXPECT_EQ(SavedAs("club 2.0"), "club 2.0.trk");
     EXPECT_EQ(SavedAs("club.trk"), "club.trk");
     EXPECT_EQ(SavedAs("CLUB.TRK"), "CLUB.TRK");
+    EXPECT_EQ(SavedAs("club.SVG"), "club.SVG") << "one of the other endings";
+    EXPECT_EQ(SavedAs("club.dxf"), "club.dxf.trk");
 }
 
 TEST_F(FileDialogs, AProposedNameTakesTheEndingOfTheKindThatIsChosen) {

@@ -86,7 +86,7 @@ TEST_F(PaletteTest, ABadgeTellsWhatIsLeftAndIsRedBelowZero) {
     EXPECT_EQ(RedPixels("C160"), 0);
     Click("cmdElement", "C160");
 
-    EXPECT_EQ(Piece("C160").accessibleDescription(), "-1 left; Alt+Down opens its special pieces");
+    EXPECT_EQ(Piece("C160").accessibleDescription(), "−1 left; Alt+Down opens its special pieces");
     EXPECT_GT(RedPixels("C160"), 20);
     EXPECT_EQ(RedPixels("C157"), 0);
 }
@@ -217,18 +217,18 @@ TEST_F(PaletteTest, AFoldedOutPieceAppearsAsAGhostWhereAPressWouldPutIt) {
     PointAt(menu, 4);
     EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C8007"}));
     EXPECT_EQ(Ghost().Start, (BuildCursor{0, 70, 0}));
-    EXPECT_EQ(GhostWords(), "C8007 · 2 left · gap 105.0 cm");
+    EXPECT_EQ(GhostWords(), "C8007 · then 1 left · gap 105.0 cm");
     menu.close();
     EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
 
     ClickLine(0);
     Unfold("C159");
     PointAt(Find<QMenu>("mnuFoldOut", "C159"), 0);
-    EXPECT_EQ(GhostWords(), "C277 · 0 left · gap 87.5 cm") << "of another shape than the selected piece";
+    EXPECT_EQ(GhostWords(), "C277 · then −1 left · gap 87.5 cm") << "of another shape than the selected piece";
     Find<QMenu>("mnuFoldOut", "C159").close();
     PointAt(Unfold("C160"), 4);
     EXPECT_EQ(Ghost().Start, (BuildCursor{0, 0, 0}));
-    EXPECT_EQ(GhostWords(), "C8007 in place of C160 · 2 left · gap 70.0 cm");
+    EXPECT_EQ(GhostWords(), "C8007 in place of C160 · then 1 left · gap 70.0 cm");
 }
 
 TEST_F(PaletteTest, APieceFoundAppearsAsAGhostWhileTheMouseIsOnIt) {
@@ -240,7 +240,7 @@ TEST_F(PaletteTest, APieceFoundAppearsAsAGhostWhileTheMouseIsOnIt) {
 
     PointAtFound(0);
     EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
-    EXPECT_EQ(GhostWords(), "C159 · 3 left · gap 52.5 cm");
+    EXPECT_EQ(GhostWords(), "C159 · then 2 left · gap 52.5 cm");
 
     QTest::mouseMove(FoundPieces().viewport(), {20, FoundPieces().viewport()->height() - 5});
     QApplication::processEvents();
@@ -248,6 +248,29 @@ TEST_F(PaletteTest, APieceFoundAppearsAsAGhostWhileTheMouseIsOnIt) {
     PointAtFound(0);
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(FoundPieces().viewport(), &leave);
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
+}
+
+TEST_F(PaletteTest, APieceFoundThatTheArrowKeysLeadToAppearsAsAGhost) {
+    Open(ProjectOf("C160"));
+    Search("22.5 left");
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty()) << "what is typed points at nothing";
+
+    QTest::keyClick(&Line(), Qt::Key_Down);
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C154L"}));
+    QTest::keyClick(&Line(), Qt::Key_Up);
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C153L"}));
+    QTest::keyClick(&Line(), Qt::Key_Up);
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C153L"})) << "it is the first one";
+    EXPECT_EQ(Ghost().Start, (BuildCursor{0, 35, 0}));
+    QTest::keyClick(&Line(), Qt::Key_Return);
+    EXPECT_NE(Ghost().Start, (BuildCursor{0, 35, 0})) << "the next one follows on it";
+    FoundPieces().setFocus();
+    EXPECT_TRUE(Canvas().OverlayOf("ghost").empty()) << "the keyboard went elsewhere";
+    QTest::keyClick(&FoundPieces(), Qt::Key_Down);
+    EXPECT_EQ(Ghost().Codes, (std::vector<std::string>{"C154L"}));
+
+    QTest::keyClick(&FoundPieces(), Qt::Key_Escape);
     EXPECT_TRUE(Canvas().OverlayOf("ghost").empty());
 }
 

@@ -1,47 +1,12 @@
 // What stands beside the drawing, and in it: checks, money, lanes; the dialog of boxed sets.
-#include "ui/window_fixture.h"
+#include "ui/panels_fixture.h"
 
 #include "storage/sets_file.h"
 #include "support/stock.h"
-#include "support/temporary_folder.h"
 #include "ui/frmSets.h"
-
-#include <QApplication>
-#include <QLocale>
-#include <QTreeWidget>
 
 namespace pistaro {
 namespace {
-
-class Panels : public WindowTest {
-protected:
-    Panels() { QLocale::setDefault(QLocale::c()); }
-
-    void OpenWithSettings(pistaro::Project project) {
-        settings_ = folder_ / "corvel.ini";
-        WriteBytes(settings_, InitialSettingsBytes(Pieces()));
-        Open(std::move(project), settings_);
-    }
-
-    void ShowPanel(const char* entry) {
-        Entry(entry).trigger();
-        QApplication::processEvents();
-        QTest::qWait(1);
-    }
-
-    QTreeWidget& Tree(const char* name) { return Find<QTreeWidget>(name); }
-
-    /// The texts of a list's lines in one column.
-    std::vector<std::string> Column(const char* name, int column) {
-        std::vector<std::string> texts;
-        for (int line = 0; line < Tree(name).topLevelItemCount(); ++line)
-            texts.push_back(Tree(name).topLevelItem(line)->text(column).toStdString());
-        return texts;
-    }
-
-    TemporaryFolder folder_;
-    std::filesystem::path settings_;
-};
 
 using Texts = std::vector<std::string>;
 
@@ -117,7 +82,8 @@ TEST_F(Panels, AClickOnAFindingSelectsItsPiece) {
 
     EXPECT_EQ(Project.EditState.CurrentTrack, 1);
     EXPECT_EQ(Project.EditState.CurrentElement[1], 2);
-    EXPECT_EQ(Project.Design.View.MidX, 356) << "the view follows, with its bar";
+    EXPECT_EQ(Project.Design.View.MidX, 396)
+        << "the view follows with its bar, and leaves room for what may be laid next";
     EXPECT_FALSE(Project.EditState.DataChanged);
 }
 
@@ -182,6 +148,31 @@ TEST_F(Panels, LanesAreFollowedInTheDrawing) {
     EXPECT_EQ(std::get<OverlayPath>(Canvas().OverlayOf("built lanes")[0]).Path.size(), 4U);
     ShowPanel("mnuLanes");
     EXPECT_TRUE(Canvas().OverlayOf("built lanes").empty());
+}
+
+TEST_F(Panels, NoEdgeOfTheSurfaceLooksLikeALane) {
+    pistaro::Project project = ProjectOf("C160 C151L");
+    const Colour notOwned = project.Preferences.Colours.NonOwned;
+    Open(project);
+    const auto holds = [&](Colour colour) {
+        const QImage& picture = Canvas().Picture();
+        const QRgb pixel = qRgb(Red(colour), Green(colour), Blue(colour));
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixel(x, y) == pixel) return true;
+            }
+        }
+        return false;
+    };
+    Session->Do([&] { Session->Looks.Surface = true; });
+    EXPECT_TRUE(holds(notOwned));
+
+    ShowPanel("mnuLanes");
+    EXPECT_FALSE(holds(notOwned));
+    EXPECT_TRUE(holds(Rgb(128, 132, 138)));
+
+    Session->Do([&] { Session->Looks.Surface = false; });
+    EXPECT_TRUE(holds(notOwned)) << "lines alone are drawn as ever";
 }
 
 TEST_F(Panels, MoneyIsCountedToTheCent) {

@@ -117,7 +117,7 @@ TEST_F(PieceMenus, ShowsOnePieceInThePlaceOfAnotherWhateverDigitWasTyped) {
     menu.findChild<QMenu*>("mnuReplacements")->actions().at(0)->hover();
     const Overlay replacing = Canvas().OverlayOf("ghost");
     EXPECT_EQ(std::get<OverlayPieces>(replacing.at(0)).Codes, (std::vector<std::string>{"C164"}));
-    EXPECT_EQ(std::get<OverlayText>(replacing.at(1)).Text, "C164 in place of C160 · 0 left · gap 87.5 cm");
+    EXPECT_EQ(std::get<OverlayText>(replacing.at(1)).Text, "C164 in place of C160 · then 1 to buy · gap 87.5 cm");
     EXPECT_EQ(std::get<OverlayText>(replacing.at(1)).Place, (WorldPoint{7.75F, 70}));
 
     menu.findChild<QMenu*>("mnuInsertions")->actions().at(1)->hover();

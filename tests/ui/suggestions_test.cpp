@@ -48,7 +48,7 @@ TEST_F(Suggestions, AreHiddenUntilTheyAreAskedFor) {
     EXPECT_TRUE(Strip().isVisible());
     EXPECT_EQ(Ways().count(), 10);
     EXPECT_EQ(Ghosts(), pistaro::Codes("C151R"));
-    EXPECT_EQ(Text("lblSuggestion"), "1 piece: C151R. 0.00 EUR + 1 without a price; to buy: C151.");
+    EXPECT_EQ(Text("lblSuggestion"), "1 piece: C151R. 0.00 € + 1 without a price; to buy: C151.");
 }
 
 TEST_F(Suggestions, AreGoneThroughByKeysAndWheel) {
@@ -83,7 +83,7 @@ TEST_F(Suggestions, TakeAPieceOutWhereNoAdditionIsFreeOfFaults) {
     Choose("mnuCloseLoop");
 
     EXPECT_EQ(Find<QSpinBox>("spnMostRemoved").value(), 0);
-    EXPECT_EQ(Text("lblSuggestion"), "No addition fits. Takes out C152R (0), lays C160. 0.00 EUR + 1 without a price; "
+    EXPECT_EQ(Text("lblSuggestion"), "No addition fits. Takes out C152R (0), lays C160. 0.00 € + 1 without a price; "
                                      "to buy: C160.");
     EXPECT_EQ(Ways().item(0)->text().toStdString(), "1 piece for 1\nprice unknown\nnot all owned");
     const Overlay& ghost = Canvas().OverlayOf("suggestion");
@@ -115,7 +115,7 @@ TEST_F(Suggestions, TakeAsManyPiecesOutAsTheirBoxAllows) {
     QTest::keyClick(&most, Qt::Key_Up);
 
     EXPECT_EQ(most.value(), 1);
-    EXPECT_EQ(Text("lblSuggestion"), "Takes out C157 (8). 0.00 EUR, all owned.");
+    EXPECT_EQ(Text("lblSuggestion"), "Takes out C157 (8). 0.00 €, all owned.");
     EXPECT_TRUE(Ghosts().empty());
     Choose("mnuCloseLoop");
     EXPECT_EQ(most.value(), 1) << "the strip keeps what was chosen in it";
@@ -142,11 +142,11 @@ TEST_F(Suggestions, TellHowManyOfTheirPiecesHaveNoPrice) {
     Open(project);
     Choose("mnuReplaceBy");
 
-    EXPECT_EQ(Text("lblSuggestion"), "2 pieces: C277, C277. 0.00 EUR + 2 without a price; to buy: 2 × C277.");
+    EXPECT_EQ(Text("lblSuggestion"), "2 pieces: C277, C277. 0.00 € + 2 without a price; to buy: 2 × C277.");
     EXPECT_EQ(Ways().item(0)->text().toStdString(), "2 pieces\nprice unknown\nnot all owned");
     Press(Qt::Key_Down);
-    EXPECT_EQ(Text("lblSuggestion"), "2 pieces: C159, C159. 3.00 EUR, all owned.");
-    EXPECT_EQ(Ways().item(1)->text().toStdString(), "2 pieces\n3.00 EUR\nall owned");
+    EXPECT_EQ(Text("lblSuggestion"), "2 pieces: C159, C159. 3.00 €, all owned.");
+    EXPECT_EQ(Ways().item(1)->text().toStdString(), "2 pieces\n3.00 €\nall owned");
 }
 
 TEST_F(Suggestions, StandBelowTheDrawingAndCoverNothingOfIt) {

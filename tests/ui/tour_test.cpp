@@ -70,8 +70,15 @@ TEST_F(TourTest, WaitsAndTellsKindlyWhenSomethingElseIsDone) {
     EXPECT_EQ(Text("lblTourStep"), "Step 1 of 6");
     EXPECT_THAT(Text("lblTourRemark"), HasSubstr("Now C159 lies"));
     EXPECT_TRUE(Find<QLabel>("lblTourRemark").isVisible());
+    EXPECT_EQ(Text("lblTour"), "The tour goes on as soon as the oval is right again.");
+    EXPECT_FALSE(Find<QWidget>("fraTourRing").isVisible()) << "no control goes on from here";
+    EXPECT_TRUE(Button("cmdTakeBack").isVisible());
 
-    Choose("mnuUndo");
+    Click("cmdElement", "C159");
+    Click("cmdTakeBack", "", 2);
+    EXPECT_EQ(Codes(), "");
+    EXPECT_FALSE(Button("cmdTakeBack").isVisible());
+    EXPECT_TRUE(Ring().contains(PlaceOf(Piece("C160")))) << "the step goes on";
     EXPECT_FALSE(Find<QLabel>("lblTourRemark").isVisible());
     Choose("mnuColumns");
     Settle();
@@ -141,6 +148,44 @@ TEST_F(TourTest, CoversNoControlAtAnyStep) {
     }
     Choose("mnuChecks");
     expectClear();
+}
+
+TEST_F(TourTest, HidesNeitherTheLegendNorWhatIsLaidNorTheOpenEnd) {
+    Open();
+    Session->Do([&] { Session->Looks.Legend = true; });
+    Begin();
+    const auto expectClear = [&] {
+        Settle();
+        const QRectF bubble(Bubble().geometry().translated(-PlaceOf(Picture()).topLeft()));
+        EXPECT_FALSE(Canvas().PlaceOfLegend().isEmpty());
+        EXPECT_FALSE(bubble.intersects(Canvas().PlaceOfLegend())) << Text("lblTourStep");
+        for (const QPointF corner : Canvas().PlacesOfCorners())
+            EXPECT_FALSE(bubble.contains(corner)) << Text("lblTourStep");
+    };
+    for (const QSize size : {QSize(1366, 768), QSize(1920, 1080)}) {
+        Window->resize(size);
+        expectClear();
+        for (const char* const code : {"C160", "C151L", "C160", "C151L"}) {
+            if (std::string(code) == "C151L") Digit(Qt::Key_4);
+            Click("cmdElement", code);
+            expectClear();
+        }
+        EXPECT_EQ(Text("lblTourStep"), "Done");
+        Session->Do([&] { Project.Design.Circuit.Tracks[0].ElementCodes.clear(); });
+    }
+}
+
+TEST_F(TourTest, TheEmptyDrawingDoesNotInviteWhileTheTourDoes) {
+    Open();
+    const QRect upperHalf(0, 0, Picture().width(), Picture().height() / 2);
+    const QImage inviting = Picture().grab(upperHalf).toImage();
+    Begin();
+    const QImage silent = Picture().grab(upperHalf).toImage();
+    EXPECT_NE(silent, inviting);
+
+    Click("cmdEndTour");
+
+    EXPECT_EQ(Picture().grab(upperHalf).toImage(), inviting);
 }
 
 TEST_F(TourTest, TheRingFollowsAColumnThatScrolls) {

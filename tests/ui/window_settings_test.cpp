@@ -90,6 +90,50 @@ TEST_F(WindowSettings, ColumnsThatANarrowScreenFoldedAwayComeBackOnAWiderOne) {
                      .contains("window/columns"));
 }
 
+TEST_F(WindowSettings, AreKeptWhileTheWindowIsUsed) {
+    Open();
+    WindowKeeper keeper(folder_ / "window.ini", *Window, *Session);
+    const auto kept = [this](const char* key) {
+        return QSettings(QString::fromStdString((folder_ / "window.ini").string()), QSettings::IniFormat).value(key);
+    };
+
+    Choose("mnuLegend");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return kept("window/legend").toBool(); }, 10000));
+    Session->Run(*Session->Commands.Find("numbers"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return kept("window/numbers").toBool(); }, 10000));
+    const QVariant place = kept("window/place");
+    Window->resize(960, 600);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return kept("window/place") != place; }, 10000));
+    const QVariant panels = kept("window/panels");
+    Choose("mnuChecks");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return kept("window/panels") != panels; }, 10000));
+    Session->Do([&] { Session->Habits.Paper = "Letter"; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return kept("habits/paper") == "Letter"; }, 10000));
+}
+
+TEST_F(WindowSettings, ThatCannotBeKeptAreNotTold) {
+    Open();
+    WindowKeeper keeper(folder_ / "no such folder" / std::string(300, 'x') / "window.ini", *Window, *Session);
+
+    Choose("mnuLegend");
+    keeper.Keep();
+
+    EXPECT_TRUE(Prompts.Told.empty());
+    EXPECT_TRUE(Session->Looks.Legend);
+}
+
+TEST_F(WindowSettings, BringBackWhichColumnIsFolded) {
+    QSettings settings(QString::fromStdString((folder_ / "window.ini").string()), QSettings::IniFormat);
+    settings.setValue("window/trackColumn", false);
+    settings.sync();
+
+    Open();
+    RestoreWindow(folder_ / "window.ini", *Window, *Session);
+
+    EXPECT_FALSE(Session->Looks.TrackColumn);
+    EXPECT_TRUE(Session->Looks.PieceColumn);
+}
+
 TEST_F(WindowSettings, WithoutAHomeNothingIsWritten) {
     Open();
 
@@ -145,8 +189,10 @@ TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
                         .ExportSize = "width",
                         .ExportScale = "12.5",
                         .ExportWidth = "432",
+                        .ExportDots = "150",
                         .ExportContents = "numbers, black and white",
-                        .PrintContents = "nothing"};
+                        .PrintContents = "nothing",
+                        .BoxRoom = "240x160"};
     Session->Habits = habits;
     KeepWindow(folder_ / "window.ini", *Window, *Session);
 

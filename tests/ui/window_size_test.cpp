@@ -79,6 +79,51 @@ TEST_F(WindowSize, OnAWideScreenMostOfTheWidthIsDrawing) {
     EXPECT_GE(Picture().width(), 1344) << "seven tenths";
 }
 
+TEST_F(WindowSize, AHandleAtEachSideFoldsItsColumnAndUnfoldsIt) {
+    Open();
+    const auto shows = [this] {
+        return std::string(Piece("C160").isVisible() ? "pieces " : "") + (List().isVisible() ? "track" : "");
+    };
+    EXPECT_EQ(shows(), "pieces track");
+
+    Click("cmdFoldTrack");
+    EXPECT_EQ(shows(), "pieces ");
+    Click("cmdFoldPieces");
+    EXPECT_EQ(shows(), "");
+    EXPECT_TRUE(ShowsWholly(Button("cmdFoldPieces")));
+    EXPECT_TRUE(ShowsWholly(Button("cmdFoldTrack")));
+    QTest::keyClick(Window.get(), Qt::Key_F9);
+    EXPECT_EQ(shows(), "pieces track");
+
+    QTest::keyClick(Window.get(), Qt::Key_F9);
+    Click("cmdFoldTrack");
+    EXPECT_EQ(shows(), "track") << "that one alone";
+    QTest::keyClick(Window.get(), Qt::Key_F9);
+    QTest::keyClick(Window.get(), Qt::Key_F9);
+    EXPECT_EQ(shows(), "track") << "as it was";
+    Click("cmdFoldPieces");
+    EXPECT_EQ(shows(), "pieces track");
+}
+
+TEST_F(WindowSize, WhereThereIsRoomForOneColumnItFoldsTheOther) {
+    Open();
+    Session->HasRoomForColumns = false;
+    Session->Do([&] { Session->Looks.Columns = false; });
+
+    QTest::keyClick(Window.get(), Qt::Key_F9);
+    EXPECT_TRUE(Piece("C160").isVisible());
+    EXPECT_FALSE(List().isVisible());
+    Click("cmdFoldTrack");
+    EXPECT_FALSE(Piece("C160").isVisible());
+    EXPECT_TRUE(List().isVisible());
+    Click("cmdFoldPieces");
+    EXPECT_TRUE(Piece("C160").isVisible());
+    EXPECT_FALSE(List().isVisible());
+    Click("cmdFoldPieces");
+    EXPECT_FALSE(Piece("C160").isVisible());
+    EXPECT_FALSE(List().isVisible());
+}
+
 TEST_F(WindowSize, AStatusLineThatIsTooLongGivesWayAndTellsAllInItsTip) {
     pistaro::Project project = ProjectOf("C160 C151L C151L C151L C8006");
     project.Preferences.Units.Currency = "shillings of the club's own house";

@@ -1,0 +1,328 @@
+#include "ui/field_table.h"
+
+#include "text/number_text.h"
+#include "ui/product_finder.h"
+#include "ui/typed_number.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPointer>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <utility>
+
+namespace pistaro {
+
+namespace {
+
+constexpr int Inset = 1;   ///< pixels between a field and its cell
+constexpr int Padding = 5; ///< pixels between a field's edge and its text
+
+/// Its text, whose first cells may be empty; none where all are.
+QString Clipboard() {
+    QString text = QGuiApplication::clipboard()->text();
+    if (text.trimmed().isEmpty()) return {};
+    while (text.endsWith('\n') || text.endsWith('\r'))
+        text.chop(1);
+    return text;
+}
+
+bool HoldsSeveralCells() { return Clipboard().contains('\n') || Clipboard().contains('\t'); }
+
+/// The key of the window's redo everywhere, and the desktop's own.
+bool IsRedo(const QKeyEvent& key) {
+    return key.matches(QKeySequence::Redo) || (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier);
+}
+
+class FieldDelegate : public QStyledItemDelegate {
+public:
+    explicit FieldDelegate(FieldTable& table) : QStyledItemDelegate(&table), table_(table) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override {
+        if (!table_.IsField(index.column())) return nullptr;
+        QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
+        if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
+            line->setAlignment(Qt::AlignRight);
+            line->setPlaceholderText(table_.HintOf(index.column()));
+        }
+        return editor;
+    }
+
+    void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
+        if (const auto* const line = qobject_cast<QLineEdit*>(editor)) table_.Enter(index, line->text());
+    }
+
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        editor->setGeometry(option.rect);
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const int beside = table_.IsField(index.column()) ? 2 * Padding : 0;
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(beside, 2 * (Inset + 2));
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        if (table_.IsClosed() || !table_.IsField(index.column()))
+            return QStyledItemDelegate::paint(painter, option, index);
+        table_.style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, &table_);
+        const QRect place = option.rect.adjusted(Inset, Inset, -Inset, -Inset);
+        // On the ground of a selected line that colour would not be seen.
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        const bool isCurrent = index == table_.currentIndex() && table_.hasFocus();
+        const auto current = isSelected ? QPalette::Text : QPalette::Highlight;
+        PaintFrame(*painter, place, option.palette, isCurrent ? current : QPalette::Mid, isCurrent ? 2 : 1);
+        const QString text = index.data().toString();
+        painter->setPen(option.palette.color(text.isEmpty() ? QPalette::PlaceholderText : QPalette::Text));
+        painter->drawText(place.adjusted(Padding, 0, -Padding, 0), Qt::AlignRight | Qt::AlignVCenter,
+                          text.isEmpty() ? table_.HintOf(index.column()) : text);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (table_.IsNumber(index.column())) option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const QPointer<QWidget> editor(qobject_cast<QWidget*>(watched));
+        const int key = event->type() == QEvent::KeyPress ? static_cast<const QKeyEvent*>(event)->key() : 0;
+        // Other events come also while the table goes, when nothing may be asked of it any more.
+        if (key == 0) return QStyledItemDelegate::eventFilter(watched, event);
+        const auto way = WayOf(key);
+        if (static_cast<const QKeyEvent*>(event)->matches(QKeySequence::Paste) && HoldsSeveralCells()) {
+            emit closeEditor(editor, NoHint);
+            table_.Paste();
+            return true;
+        }
+        if (editor.isNull() || !way) return QStyledItemDelegate::eventFilter(watched, event);
+        emit commitData(editor);
+        if (editor.isNull()) return true; // a box that told of a fault has closed it
+        emit closeEditor(editor, *way);
+        if (key == Qt::Key_Tab || key == Qt::Key_Backtab) table_.OpenNeighbour(key == Qt::Key_Tab);
+        return true;
+    }
+
+private:
+    /// Where a key leads that ends an entry.
+    std::optional<EndEditHint> WayOf(int key) const {
+        const bool isLast = !table_.indexBelow(table_.currentIndex()).isValid();
+        switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Down:
+            return isLast ? SubmitModelCache : EditNextItem;
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+            return SubmitModelCache;
+        case Qt::Key_Up:
+            return table_.indexAbove(table_.currentIndex()).isValid() ? EditPreviousItem : SubmitModelCache;
+        default:
+            return std::nullopt;
+        }
+    }
+
+    static void PaintFrame(QPainter& painter, const QRect& place, const QPalette& palette, QPalette::ColorRole ink,
+                           int pixels) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette.color(ink), pixels));
+        painter.setBrush(palette.color(QPalette::Base));
+        constexpr double rounding = 2.5;
+        painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), rounding, rounding);
+        painter.restore();
+    }
+
+    FieldTable& table_;
+};
+
+} // namespace
+
+FieldTable::FieldTable(std::vector<int> fields, std::vector<int> numbers)
+    : fields_(std::move(fields)), numbers_(std::move(numbers)) {
+    setItemDelegate(new FieldDelegate(*this));
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setStretchLastSection(false);
+    connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* line, int column) {
+        if (!IsClosed()) editItem(line, IsField(column) ? column : fields_.front());
+    });
+}
+
+void FieldTable::SetHeadings(const QStringList& headings) {
+    setHeaderLabels(headings);
+    for (const int column : numbers_)
+        headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+bool FieldTable::IsField(int column) const { return std::ranges::find(fields_, column) != fields_.end(); }
+
+bool FieldTable::IsNumber(int column) const { return std::ranges::find(numbers_, column) != numbers_.end(); }
+
+void FieldTable::OpenNeighbour(bool next) {
+    const QModelIndex now = currentIndex();
+    const auto at = std::ranges::find(fields_, now.column());
+    const bool leavesLine = next ? at + 1 == fields_.end() : at == fields_.begin();
+    const QModelIndex line = !leavesLine ? now : next ? indexBelow(now) : indexAbove(now);
+    if (!line.isValid()) return;
+    const int column = !leavesLine ? *(next ? at + 1 : at - 1) : next ? fields_.front() : fields_.back();
+    setCurrentIndex(line.siblingAtColumn(column));
+    PanelList::edit(currentIndex());
+}
+
+QModelIndex FieldTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const QModelIndex now = currentIndex();
+    if (!now.isValid() || (action != MoveLeft && action != MoveRight)) return PanelList::moveCursor(action, modifiers);
+    const auto at = std::ranges::find(fields_, now.column());
+    if (action == MoveRight)
+        return at == fields_.end() || at + 1 == fields_.end() ? now : now.siblingAtColumn(*(at + 1));
+    return at == fields_.begin() || at == fields_.end() ? now : now.siblingAtColumn(*(at - 1));
+}
+
+bool FieldTable::Takes(const QKeyEvent& key) const {
+    if (IsClosed()) return false;
+    return key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
+           (key.matches(QKeySequence::Undo) && !undo_.empty()) || (IsRedo(key) && !redo_.empty());
+}
+
+/// Keys that are about a field here are no commands on the track.
+bool FieldTable::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && Takes(*static_cast<const QKeyEvent*>(event))) event->accept();
+    return PanelList::event(event);
+}
+
+/// No number begins with a letter.
+bool FieldTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    const bool isKey = trigger == AnyKeyPressed && event != nullptr && event->type() == QEvent::KeyPress;
+    const QString typed = isKey ? static_cast<const QKeyEvent*>(event)->text() : QString();
+    if (!typed.isEmpty() && typed.front().isLetter()) return false;
+    return PanelList::edit(index, trigger, event);
+}
+
+bool FieldTable::DoKey(const QKeyEvent& key) {
+    const bool empties = key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace;
+    if (IsClosed() || !currentIndex().isValid() || !(empties || Takes(key))) return false;
+    if (empties) {
+        Enter(currentIndex(), QString());
+    } else if (key.matches(QKeySequence::Copy)) {
+        QGuiApplication::clipboard()->setText(currentIndex().data().toString());
+    } else if (key.matches(QKeySequence::Paste)) {
+        Paste();
+    } else if (key.matches(QKeySequence::Undo)) {
+        GoBack(undo_, redo_);
+    } else {
+        GoBack(redo_, undo_);
+    }
+    return true;
+}
+
+void FieldTable::keyPressEvent(QKeyEvent* event) {
+    if (DoKey(*event)) return event->accept();
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enters && state() != EditingState && edit(currentIndex(), EditKeyPressed, event)) return;
+    PanelList::keyPressEvent(event);
+    if (state() == EditingState) event->accept(); // nobody else is to take the first digit of an entry
+}
+
+void FieldTable::EndEntry() {
+    const QPointer<QWidget> editor(state() == EditingState ? indexWidget(currentIndex()) : nullptr);
+    if (editor.isNull()) return;
+    commitData(editor);
+    if (!editor.isNull()) closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+FieldTable::Entry FieldTable::EntryAt(const QModelIndex& field, const QString& text) const {
+    return {field.siblingAtColumn(0).data().toString(), field.column(), text};
+}
+
+void FieldTable::Enter(const QModelIndex& field, const QString& text) {
+    if (field.data().toString() != text) Do({EntryAt(field, text)});
+}
+
+void FieldTable::Paste() {
+    const QString pasted = Clipboard();
+    if (pasted.isEmpty()) return;
+    Step step;
+    QModelIndex line = currentIndex();
+    const auto first = std::ranges::find(fields_, line.column());
+    for (const QString& texts : pasted.split('\n')) {
+        auto field = first;
+        for (const QString& text : texts.split('\t')) {
+            if (!line.isValid() || field == fields_.end()) break;
+            if (!text.trimmed().isEmpty() && !pistaro::IsNumber(PlainNumber(text))) return QApplication::beep();
+            step.push_back(EntryAt(line.siblingAtColumn(*field++), text.trimmed()));
+        }
+        line = indexBelow(line);
+    }
+    Do(step);
+}
+
+void FieldTable::Do(const Step& step) {
+    const std::optional<Step> back = Put(step);
+    if (!back || back->empty()) return;
+    undo_.push_back(*back);
+    redo_.clear();
+}
+
+std::optional<FieldTable::Step> FieldTable::Put(const Step& step) {
+    Step back = Show(step);
+    if (back.empty() || Keep(step)) return back;
+    Show(back);
+    return std::nullopt;
+}
+
+FieldTable::Step FieldTable::Show(const Step& step) {
+    const QSignalBlocker quiet(this); // the owner hears of the step as a whole
+    Step back;
+    for (const Entry& entry : step) {
+        const QList<QTreeWidgetItem*> lines = findItems(entry.Line, Qt::MatchExactly);
+        if (lines.isEmpty()) continue;
+        back.push_back({entry.Line, entry.Column, lines.front()->text(entry.Column)});
+        lines.front()->setText(entry.Column, entry.Text);
+    }
+    return back;
+}
+
+void FieldTable::GoBack(std::vector<Step>& from, std::vector<Step>& to) {
+    const Step step = std::move(from.back());
+    from.pop_back();
+    const std::optional<Step> back = Put(step);
+    if (!back) return from.push_back(step);
+    if (back->empty()) return;
+    to.push_back(*back);
+    const QList<QTreeWidgetItem*> lines = findItems(step.front().Line, Qt::MatchExactly);
+    if (!lines.isEmpty()) setCurrentItem(lines.front(), step.front().Column, QItemSelectionModel::ClearAndSelect);
+}
+
+void FieldTable::ForgetEntries() {
+    undo_.clear();
+    redo_.clear();
+}
+
+QString FieldTable::HintOf(int column) const {
+    const auto hint = hints_.find(column);
+    return hint == hints_.end() ? QString() : hint->second;
+}
+
+void FieldTable::SetEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
+void FieldTable::paintEvent(QPaintEvent* event) {
+    PanelList::paintEvent(event);
+    if (FirstListed(*this) == nullptr) PaintInstead(*this, emptyText_);
+}
+
+/// A line is for its fields: wherever else it is clicked, the first of them is meant.
+void FieldTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    PanelList::currentChanged(current, previous);
+    if (current.isValid() && !IsField(current.column()))
+        selectionModel()->setCurrentIndex(current.siblingAtColumn(fields_.front()), QItemSelectionModel::NoUpdate);
+}
+
+} // namespace pistaro

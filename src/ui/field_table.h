@@ -1,0 +1,89 @@
+// A table some of whose columns are fields to type into.
+#pragma once
+
+#include "ui/panel_list.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace pistaro {
+
+/// Its fields look like fields. A click or what is typed starts an entry, as Enter does; Enter and Down end it and go
+/// on to the line below, Up to the one above, Tab to the next field of the lines, Shift+Tab to the one before. Left and
+/// Right lead from field to field. Del empties a field, numbers are copied and pasted, a column of them too, and what
+/// was entered is undone and redone, until its owner forgets it. Lines are known by their first column.
+class FieldTable : public PanelList {
+public:
+    /// What a field holds, or is to hold.
+    struct Entry {
+        QString Line; ///< its first column
+        int Column = 0;
+        QString Text;
+    };
+    using Step = std::vector<Entry>;
+
+    /// The columns of its fields from left to right, and those of numbers, which stand to the right.
+    FieldTable(std::vector<int> fields, std::vector<int> numbers);
+
+    void SetHeadings(const QStringList& headings);
+
+    /// What stands, pale, in empty fields of a column.
+    void SetHint(int column, const QString& hint) { hints_[column] = hint; }
+    QString HintOf(int column) const;
+
+    /// What stands in the place of lines while none is shown.
+    void SetEmptyText(const QString& text);
+
+    bool IsField(int column) const;
+    bool IsNumber(int column) const;
+
+    /// Whether nothing can be typed.
+    bool IsClosed() const { return editTriggers() == NoEditTriggers; }
+
+    /// Opens the next field of the lines, or the one before; behind the last there is none.
+    void OpenNeighbour(bool next);
+
+    /// Takes what is being typed.
+    void EndEntry();
+
+    /// Has a field hold a text, as a step that can be undone.
+    void Enter(const QModelIndex& field, const QString& text);
+
+    /// From the current field on, down and to the right; nothing where something there is no number.
+    void Paste();
+
+    /// Has its owner keep what was entered, a paste as a whole. False where he refuses, which he tells: then the fields
+    /// hold again what they held, and there is nothing to undo.
+    std::function<bool(const Step&)> Keep = [](const Step&) { return true; };
+
+    /// What was entered until now can be undone no longer.
+    void ForgetEntries();
+
+protected:
+    bool event(QEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool Takes(const QKeyEvent& key) const;
+    bool DoKey(const QKeyEvent& key);
+    Entry EntryAt(const QModelIndex& field, const QString& text) const;
+    void Do(const Step& step);
+    /// Gives what leads back; nothing where the owner refuses the step.
+    std::optional<Step> Put(const Step& step);
+    /// Gives what stood there.
+    Step Show(const Step& step);
+    void GoBack(std::vector<Step>& from, std::vector<Step>& to);
+
+    const std::vector<int> fields_, numbers_;
+    std::map<int, QString> hints_; ///< by column
+    QString emptyText_;
+    std::vector<Step> undo_, redo_;
+};
+
+} // namespace pistaro

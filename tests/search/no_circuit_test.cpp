@@ -1,0 +1,57 @@
+// What is told for certain before anything is looked for.
+#include "search/no_circuit.h"
+
+#include "support/chain.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+namespace {
+
+LayingTask TaskOf(const std::string& box, std::int16_t width = 400, std::int16_t depth = 300) {
+    LayingTask task;
+    task.Box = BoxOf(Pieces(), box);
+    task.Room = {{{0, 0, 0}, {width, 0, 1}, {width, depth, 1}, {0, depth, 1}, {0, 0, 1}}, 0};
+    return task;
+}
+
+std::string Why(const LayingTask& task) { return WhyNoCircuit(Pieces(), task); }
+
+TEST(NoCircuit, IsThereWithoutCurvesOrWithTooFew) {
+    EXPECT_EQ(Why(TaskOf("C160=40")), "There are no curves in the box.");
+    EXPECT_EQ(Why(TaskOf("C151=5,C160=4")), "The curves of the box turn by 225° in all, and a circuit turns by 360°.");
+    EXPECT_EQ(Why(TaskOf("C153=8,C151=3")), "The curves of the box turn by 315° in all, and a circuit turns by 360°.");
+    EXPECT_EQ(Why(TaskOf("C151=8")), "");
+}
+
+TEST(NoCircuit, IsThereOfTwoSystemsThatNothingJoins) {
+    EXPECT_EQ(Why(TaskOf("C151=4,N10105=6")),
+              "The curves of the box turn by 270° in all, and a circuit turns by 360°.");
+    EXPECT_EQ(Why(TaskOf("C151=4,N10105=6,N10110=1")),
+              "The curves of the box turn by 270° in all, and a circuit turns by 360°.");
+    EXPECT_EQ(Why(TaskOf("C151=4,N10105=6,N10110=2")), "");
+}
+
+TEST(NoCircuit, IsThereInARoomSmallerThanItsSmallestCircle) {
+    EXPECT_EQ(Why(TaskOf("C151=8,C153=4", 300, 74)),
+              "The smallest circle of the box, of C151, takes 75 cm, and the room is 74 cm deep.");
+    EXPECT_EQ(Why(TaskOf("C151=8,C153=4", 300, 75)), "");
+}
+
+TEST(NoCircuit, IsThereAroundAPartOutsideTheRoom) {
+    LayingTask task = TaskOf("C151=8,C160=4");
+    task.Kept = KeptPart{RowsOf("C160 C160"), {200, 100, 0}};
+    EXPECT_EQ(Why(task), "");
+    task.Kept->At.CursorY = 250;
+    EXPECT_EQ(Why(task), "The part that is kept does not lie inside the room.");
+}
+
+TEST(NoCircuit, CountsWhatIsKeptThoughTheBoxHoldsLess) {
+    LayingTask task = TaskOf("C151=4");
+    EXPECT_NE(Why(task), "");
+    task.Kept = KeptPart{RowsOf("C151L C151L C151L C151L C151L C151L C151L C151L"), {200, 100, 0}};
+    EXPECT_EQ(Why(task), "");
+}
+
+} // namespace
+} // namespace pistaro

@@ -1,0 +1,170 @@
+// The list of findings: what is shown of each, however narrow it is and however many they are.
+#include "ui/panels_fixture.h"
+
+namespace pistaro {
+namespace {
+
+class ChecksList : public Panels {
+protected:
+    QTreeWidget& List() { return Tree("lstChecks"); }
+
+    /// The line that begins so.
+    QTreeWidgetItem& Line(const char* text) {
+        for (QTreeWidgetItem* const line : List().findItems(text, Qt::MatchStartsWith | Qt::MatchRecursive, 1))
+            return *line;
+        throw std::logic_error(std::string("there is no finding ") + text);
+    }
+
+    void ClickOn(QTreeWidgetItem& line) {
+        List().scrollToItem(&line);
+        QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().visualItemRect(&line).center());
+    }
+
+    /// Two tracks of straights that lie on one another.
+    void OpenOnAHeap() {
+        const std::string straights = "C160 C160 C160 C160 C160 C160 C160";
+        pistaro::Project project = ProjectOf(straights, straights);
+        project.Design.Circuit.Tracks[1].TrackStartX = project.Design.Circuit.Tracks[0].TrackStartX + 5;
+        Open(std::move(project));
+        ShowPanel("mnuChecks");
+    }
+};
+
+TEST_F(ChecksList, AnOpenTrackIsShownWithBothItsEnds) {
+    std::string straights;
+    for (int i = 0; i < 12; ++i)
+        straights += "C160 ";
+    Open(ProjectOf(straights)); // 420 cm
+    Session->Do([&] { Project.Design.View.Width = 100; });
+    ShowPanel("mnuChecks");
+
+    ClickOn(Line("The track does not close"));
+
+    const ViewRectangle covered = Canvas().Frame().Covered(Project.Design.View);
+    EXPECT_LT(covered.ViewBottom, 0);
+    EXPECT_GT(covered.ViewTop, 420);
+    EXPECT_LT(covered.ViewLeft, 0);
+    EXPECT_GT(covered.ViewRight, 15.5);
+}
+
+TEST_F(ChecksList, ANearGapIsShownWithoutZooming) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R"));
+    Session->Do([&] {
+        Project.Design.View.Width = 200;
+        Project.Design.View.MidX = 900;
+    });
+    ShowPanel("mnuChecks");
+
+    ClickOn(Line("The track does not close"));
+
+    const ViewRectangle covered = Canvas().Frame().Covered(Project.Design.View);
+    EXPECT_EQ(Project.Design.View.Width, 200);
+    EXPECT_LT(covered.ViewLeft, 0);
+    EXPECT_GT(covered.ViewRight, 15.5);
+}
+
+TEST_F(ChecksList, AFindingIsWrappedWhereTheListIsNarrow) {
+    Open(ProjectOf("C160 C160 C160"));
+    ShowPanel("mnuChecks");
+    auto& dock = Find<QDockWidget>("fraChecks");
+    dock.setFloating(true);
+    const auto heightAt = [&](int width) {
+        dock.resize(width, 300);
+        QTest::qWait(10);
+        return List().visualItemRect(&Line("The track does not close")).height();
+    };
+    const int letters = List().fontMetrics().height();
+    EXPECT_LT(heightAt(900), 2 * letters);
+
+    const int height = heightAt(260);
+
+    EXPECT_LE(dock.width(), 260);
+    const int width = List().columnWidth(1) - 8;
+    const QRect needed = List().fontMetrics().boundingRect(QRect(0, 0, width, 1000), Qt::TextWordWrap,
+                                                           Line("The track does not close").text(1));
+    EXPECT_GT(needed.height(), letters) << "it takes several lines";
+    EXPECT_GT(height, needed.height() - letters / 2) << "no line is missing; each is rounded on its own here";
+    EXPECT_LE(needed.width(), width);
+}
+
+TEST_F(ChecksList, LanesThatDifferAreShownByTheCurves) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R"));
+    ShowPanel("mnuChecks");
+
+    ClickOn(Line("The lanes differ"));
+
+    int tinted = 0;
+    for (const OverlayItem& item : Canvas().OverlayOf("checks"))
+        tinted += std::holds_alternative<OverlayArea>(item);
+    EXPECT_EQ(tinted, 8) << "all curves, and no straight";
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 1) << "the first of them is selected";
+    const ViewRectangle covered = Canvas().Frame().Covered(Project.Design.View);
+    EXPECT_GT(covered.ViewTop, 35 + 37) << "all of them are in sight";
+    EXPECT_LT(covered.ViewBottom, -37);
+}
+
+TEST_F(ChecksList, ManyFindingsOfARuleStandBelowAHeading) {
+    OpenOnAHeap();
+    QTreeWidgetItem& heading = Line("Pieces that overlap");
+    EXPECT_EQ(heading.text(1).toStdString(), "Pieces that overlap (7)");
+    EXPECT_EQ(heading.text(0), "1") << "the track on which they are";
+    EXPECT_EQ(heading.childCount(), 7);
+    EXPECT_FALSE(heading.isExpanded());
+    EXPECT_EQ(Text("lblChecks"), "9 errors, 0 warnings, 4 pieces of advice");
+
+    ClickOn(heading);
+
+    EXPECT_TRUE(heading.isExpanded());
+    std::ptrdiff_t tinted = 0;
+    for (const OverlayItem& item : Canvas().OverlayOf("checks")) {
+        const auto* const area = std::get_if<OverlayArea>(&item);
+        tinted += area != nullptr && !area->Hatched;
+    }
+    EXPECT_EQ(tinted, 14) << "both pieces of each of the seven overlaps";
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 0);
+}
+
+TEST_F(ChecksList, TheArrowKeysSelectThePiecesOfEachFinding) {
+    OpenOnAHeap();
+    QTreeWidgetItem& heading = Line("Pieces that overlap");
+    List().setFocus();
+    List().setCurrentItem(&heading);
+    QTest::keyClick(&List(), Qt::Key_Right);
+    for (int element = 0; element < 7; ++element) {
+        QTest::keyClick(&List(), Qt::Key_Down);
+        EXPECT_EQ(Project.EditState.CurrentElement[0], element);
+        EXPECT_TRUE(List().hasFocus());
+    }
+
+    QTest::keyClick(&List(), Qt::Key_Delete);
+
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 7U);
+}
+
+TEST_F(ChecksList, StaysWhereItsUserIsWhenItChecksAgain) {
+    OpenOnAHeap();
+    ClickOn(Line("Pieces that overlap"));
+    QTreeWidgetItem& third = *Line("Pieces that overlap").child(2);
+    const QString text = third.text(1);
+    ClickOn(third);
+
+    Session->Do([&] { Project.Design.Circuit.Tracks[1].ElementCodes.emplace_back("C160"); });
+    QTest::qWait(1);
+
+    EXPECT_TRUE(Line("Pieces that overlap").isExpanded());
+    ASSERT_NE(List().currentItem(), nullptr);
+    EXPECT_EQ(List().currentItem()->text(1), text);
+}
+
+TEST_F(ChecksList, AHeadingStaysChosenWhenItChecksAgain) {
+    OpenOnAHeap();
+    ClickOn(Line("Pieces that overlap"));
+
+    Session->Do([&] { Project.Design.Circuit.Tracks[1].ElementCodes.emplace_back("C160"); });
+    QTest::qWait(1);
+
+    EXPECT_EQ(List().currentItem(), &Line("Pieces that overlap"));
+}
+
+} // namespace
+} // namespace pistaro

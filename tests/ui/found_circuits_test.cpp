@@ -1,0 +1,145 @@
+// The cards of the circuits that were found: which are chosen, ticked and in sight, whatever order they come into.
+#include "ui/box_fixture.h"
+
+#include "storage/circuit_file.h"
+#include "support/temporary_folder.h"
+
+#include <QScrollBar>
+
+namespace pistaro {
+namespace {
+
+class Cards : public MyBox {
+protected:
+    std::string TextOf(int row) { return Circuits().item(row)->text().toStdString(); }
+    bool IsTicked(int row) { return Circuits().item(row)->checkState() == Qt::Checked; }
+    QScrollBar& Bar() { return *Circuits().verticalScrollBar(); }
+
+    /// The box in the corner of a card's picture.
+    QPoint TickOf(int row) {
+        const QRect card = Circuits().visualItemRect(Circuits().item(row));
+        constexpr int margin = 8, inside = 10;
+        return {card.left() + margin + Circuits().iconSize().width() - inside, card.top() + margin + inside};
+    }
+    void ClickTick(int row) { QTest::mouseClick(Circuits().viewport(), Qt::LeftButton, {}, TickOf(row)); }
+
+    /// Shows all that were found, which are so many that the list has room for few of them.
+    void SearchMany() {
+        OpenBox();
+        Find<QSpinBox>("spnCircuits").setValue(12);
+        Search("C151=12,C160=6,C159=2");
+        Find<QSpinBox>("spnCircuits").setValue(100);
+        ASSERT_GT(Circuits().count(), 11);
+        ASSERT_LT(Circuits().count(), 100);
+        Dialog().resize(Dialog().minimumSizeHint());
+        QApplication::processEvents();
+        ASSERT_GT(Bar().maximum(), 300);
+    }
+
+    /// Has the length of the longest straight alone count, which turns the order over.
+    void WeighStraightsAlone() {
+        for (int part = 0; part < 7; ++part)
+            At<QSlider>("sldWeight", part).setValue(part == 2 ? 100 : 0);
+    }
+};
+
+TEST_F(Cards, AreTickedOneByOneAndKeptTogether) {
+    const TemporaryFolder folder;
+    OpenBox();
+    Search("C151=8,C160=4");
+    EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep as Files…");
+
+    ClickTick(1);
+    ClickTick(3);
+    ClickCircuit(0);
+    EXPECT_TRUE(IsTicked(1));
+    EXPECT_TRUE(IsTicked(3));
+    EXPECT_FALSE(IsTicked(0)) << "a click elsewhere looks at it";
+    EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep 2 as Files…");
+    Prompts.Files = {folder / "mine.trk"};
+    PressHere("cmdKeepCircuits");
+
+    EXPECT_EQ(ReadCircuit(folder / "mine-01.trk").Circuit.Tracks[0].ElementCodes.size(), 12U);
+    EXPECT_EQ(ReadCircuit(folder / "mine-02.trk").Circuit.Tracks[0].ElementCodes.size(), 10U);
+    ClickTick(3);
+    EXPECT_FALSE(IsTicked(3));
+}
+
+TEST_F(Cards, AreTickedByTheSpaceBarAndNotOpenedByQuickClicksOnTheirBoxes) {
+    OpenBox(ProjectOf("C160"));
+    Search("C151=8,C160=4");
+    Circuits().setFocus();
+
+    QTest::keyClick(&Circuits(), Qt::Key_Space);
+    EXPECT_TRUE(IsTicked(0));
+    QTest::mouseDClick(Circuits().viewport(), Qt::LeftButton, {}, TickOf(2));
+
+    EXPECT_EQ(Codes(), "C160");
+    EXPECT_TRUE(Dialog().isVisible());
+}
+
+TEST_F(Cards, StayWhileTheyAreTickedOrChosen) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    ClickTick(2);
+    ClickCircuit(4);
+
+    Find<QSpinBox>("spnCircuits").setValue(1);
+
+    ASSERT_EQ(Circuits().count(), 3);
+    EXPECT_FALSE(IsTicked(0));
+    EXPECT_NE(IsTicked(1), IsTicked(2));
+    EXPECT_EQ(Circuits().selectedItems().size(), 1);
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "67 %, 8 of 12 pieces");
+}
+
+TEST_F(Cards, ShowTheOneOfSeveralThatWasClickedLast) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    ClickCircuit(0);
+
+    ClickCircuit(4, Qt::ControlModifier);
+
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "67 %, 8 of 12 pieces");
+    EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep 2 as Files…");
+    EXPECT_TRUE(Find<QPushButton>("cmdOpenCircuit").isEnabled());
+}
+
+TEST_F(Cards, ShowANewFirstOneToWhoHasNotScrolled) {
+    SearchMany();
+    const std::string first = TextOf(0);
+
+    WeighStraightsAlone();
+
+    EXPECT_EQ(Bar().value(), 0);
+    EXPECT_NE(TextOf(0), first);
+    EXPECT_TRUE(Circuits().item(0)->isSelected()) << "nobody has chosen another";
+    EXPECT_FALSE(Find<QPushButton>("cmdShowFirst").isVisible());
+}
+
+TEST_F(Cards, StayWhereTheyAreForWhoHasScrolledAndOfferTheNewFirstOne) {
+    SearchMany();
+    ClickCircuit(0);
+    Bar().setValue(Bar().maximum() / 2);
+    QListWidgetItem* seen = nullptr;
+    for (int row = 0; seen == nullptr; ++row) {
+        if (Circuits().visualItemRect(Circuits().item(row)).top() >= 0) seen = Circuits().item(row);
+    }
+    const qulonglong place = seen->data(Qt::UserRole).toULongLong();
+    const int top = Circuits().visualItemRect(seen).top();
+
+    WeighStraightsAlone();
+
+    int row = 0;
+    while (Circuits().item(row)->data(Qt::UserRole).toULongLong() != place)
+        ++row;
+    EXPECT_NE(Circuits().item(row), seen) << "it stands elsewhere in the order";
+    EXPECT_EQ(Circuits().visualItemRect(Circuits().item(row)).top(), top);
+    ASSERT_TRUE(Find<QPushButton>("cmdShowFirst").isVisible());
+    PressHere("cmdShowFirst");
+    EXPECT_EQ(Bar().value(), 0);
+    EXPECT_FALSE(Find<QPushButton>("cmdShowFirst").isVisible());
+}
+
+} // namespace
+} // namespace pistaro
