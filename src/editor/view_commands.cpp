@@ -10,9 +10,7 @@ namespace pistaro {
 
 namespace {
 
-constexpr float ZoomStep = 10; ///< cm on every side
-
-constexpr float FineStep = 1;      ///< cm on every side
+constexpr float ZoomStep = 10;     ///< cm on every side
 constexpr double FitMargin = 1.08; ///< of all there is, around it
 constexpr double FarthestCentre = 1e6;
 
@@ -62,6 +60,12 @@ int ScrollStep(double width) {
     return static_cast<int>(std::min(most, RoundHalfEven(std::fabs(width))));
 }
 
+/// What a notch of the wheel changes a view of that width by, cm.
+double NotchStep(double width, bool finely) {
+    constexpr double step = 2.0 * ZoomStep, share = 1.0 / 8, fine = 1.0 / 10;
+    return std::max(1.0, std::round(width * share / step)) * step * (finely ? fine : 1);
+}
+
 } // namespace
 
 bool CanZoomIn(const ViewSettings& view) { return view.Width > SmallestZoomableWidth; }
@@ -107,11 +111,11 @@ void ZoomAt(ViewSettings& view, WorldPoint fixed, double width) {
 }
 
 void ZoomByNotches(ViewSettings& view, WorldPoint at, int notches, bool finely) {
-    const double step = 2.0 * (finely ? FineStep : ZoomStep);
     double width = view.Width;
     for (; notches > 0 && width > SmallestZoomableWidth; --notches)
-        width = std::max(width - step, step);
-    if (notches < 0) width -= notches * step;
+        width = std::max(width - NotchStep(width, finely), double{SmallestZoomableWidth});
+    for (; notches < 0; ++notches)
+        width += NotchStep(width, finely);
     if (width != view.Width) ZoomAt(view, at, width);
 }
 

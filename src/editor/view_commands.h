@@ -35,8 +35,9 @@ void CentreView(ViewSettings& view, double x, double y);
 /// Makes the view so wide (cm) around a point that stays where it is shown, up to the centre's whole cm.
 void ZoomAt(ViewSettings& view, WorldPoint fixed, double width);
 
-/// What a notch of the wheel does at a point: what ZoomIn or ZoomOut does, or, finely, a tenth of it. `notches` is
-/// positive to zoom in, which ends where ZoomIn is not offered any more.
+/// What notches of the wheel do at a point: each takes the steps of ZoomIn or ZoomOut that come nearest to an eighth of
+/// the width, one at least, or, finely, a tenth of them. `notches` is positive to zoom in, which ends where ZoomIn is
+/// not offered any more.
 void ZoomByNotches(ViewSettings& view, WorldPoint at, int notches, bool finely);
 
 /// All tracks' ground and the room's corners; nothing where there is neither.

@@ -206,11 +206,16 @@ void CanvasPointer::Press(const QMouseEvent& event) {
     if (event.button() == Qt::MiddleButton) doing_ = Doing::Panning;
     ShowCursor();
     held_ = event.button() == Qt::LeftButton && pieces_.OnlyPieceAt(grip_).has_value();
+    onFloor_ = event.button() == Qt::LeftButton && pieces_.PiecesAt(grip_).empty();
 }
 
 void CanvasPointer::Move(const QMouseEvent& event) {
     TellPlace(view_.WorldAt(event.position()));
     const bool farEnough = (event.position() - pressed_).manhattanLength() >= QApplication::startDragDistance();
+    if (onFloor_ && doing_ == Doing::Nothing && farEnough) {
+        doing_ = Doing::Panning;
+        ShowCursor();
+    }
     if (doing_ == Doing::Panning) return PanTo(event.position());
     if (held_ && doing_ == Doing::Nothing && farEnough && (event.buttons() & Qt::LeftButton)) {
         const auto piece = pieces_.OnlyPieceAt(grip_);
@@ -234,7 +239,7 @@ void CanvasPointer::Move(const QMouseEvent& event) {
 void CanvasPointer::Release() {
     if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) EndDrag();
     doing_ = Doing::Nothing;
-    held_ = false;
+    held_ = onFloor_ = false;
     ShowCursor();
 }
 

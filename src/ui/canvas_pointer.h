@@ -83,6 +83,7 @@ private:
     PieceAddress followed_{-1, -1}; ///< what was selected last
     Doing doing_ = Doing::Nothing;
     bool held_ = false;      ///< a button is down on a piece that a drag would move
+    bool onFloor_ = false;   ///< a button is down beside all pieces, where a drag pans
     bool spaceHeld_ = false; ///< a drag pans
     QPointF pressed_;        ///< where the button went down
     WorldPoint grip_;        ///< of the world, which a pan keeps under the mouse

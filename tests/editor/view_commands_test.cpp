@@ -141,12 +141,15 @@ TEST(Centring, BeyondTheBarsBringsTheirRangesAlong) {
     EXPECT_EQ(view.MidX, 170);
 }
 
-TEST(Zoom, ByNotchesTakesTheStepsOfTheButtonsOrATenthOfThem) {
+TEST(Zoom, ByNotchesTakesAsManyStepsOfTheButtonsAsAnEighthOfTheWidthHasOrATenthOfThem) {
     ViewSettings view;
     ZoomByNotches(view, {0, 0}, 2, false);
-    EXPECT_EQ(view.Width, 280);
+    EXPECT_EQ(view.Width, 240); // 320 - 40 - 40
     ZoomByNotches(view, {0, 0}, -3, true);
-    EXPECT_EQ(view.Width, 286);
+    EXPECT_EQ(view.Width, 252); // 240 + 4 + 4 + 4
+    view.Width = 3200;
+    ZoomByNotches(view, {0, 0}, -1, false);
+    EXPECT_EQ(view.Width, 3600) << "a notch is felt at every scale";
     ZoomByNotches(view, {0, 0}, 100, false);
     EXPECT_EQ(view.Width, 20) << "no narrower than zooming in is offered";
     ZoomByNotches(view, {0, 0}, 1, true);

@@ -88,7 +88,7 @@ TEST_F(CanvasPointers, TheWheelZoomsAtThePointer) {
     const QPoint place(60, 90);
     const WorldPoint before = Canvas().WorldAt(place);
 
-    Turn(place, 4);
+    Turn(place, 2);
 
     EXPECT_EQ(View().Width, 240);
     Turn(place, -1);
@@ -105,7 +105,7 @@ TEST_F(CanvasPointers, WithCtrlTheWheelZoomsFinely) {
 
     Turn({100, 100}, 1, Qt::ControlModifier);
 
-    EXPECT_EQ(View().Width, 318);
+    EXPECT_EQ(View().Width, 316);
 }
 
 TEST_F(CanvasPointers, MiddleDragPansAndLeavesTheSelection) {
@@ -122,6 +122,20 @@ TEST_F(CanvasPointers, MiddleDragPansAndLeavesTheSelection) {
     EXPECT_FALSE(Project.EditState.DataChanged);
     MoveTo({300, 300});
     EXPECT_NEAR(Canvas().WorldAt({180, 160}).X, under.X, 0.51) << "until the button comes up";
+}
+
+TEST_F(CanvasPointers, DragBesideThePiecesPansAndLeavesTheSelection) {
+    Open(ProjectOf("C160 C160 C160"));
+    ClickDrawing(8, 50);
+    const QPoint floor = At(-60, 20);
+    const WorldPoint under = Canvas().WorldAt(floor);
+
+    Drag(floor, floor + QPoint(60, 30));
+
+    EXPECT_NEAR(Canvas().WorldAt(floor + QPoint(60, 30)).X, under.X, 0.51);
+    EXPECT_NEAR(Canvas().WorldAt(floor + QPoint(60, 30)).Y, under.Y, 0.51);
+    EXPECT_EQ(Project.EditState.SelectedElement(), 1) << "not the piece nearest to where the drag began";
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartX, 0) << "the track stays where it lies";
 }
 
 TEST_F(CanvasPointers, DragWithTheSpaceBarPansAndSelectsNothing) {
