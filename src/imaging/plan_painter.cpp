@@ -1,6 +1,7 @@
 #include "imaging/plan_painter.h"
 
 #include "catalogue/track_geometry.h"
+#include "imaging/badge_painter.h"
 #include "imaging/pdf_document.h"
 #include "layout/outline.h"
 #include "layout/strokes.h"
@@ -15,7 +16,6 @@ namespace {
 constexpr Colour LanesBefore = Rgb(0xC8, 0xC8, 0xC8);
 constexpr Colour LanesNow = Rgb(0x99, 0x7A, 0x26);
 constexpr PenWidth ThinPen{0.2, PenWidth::Unit::Millimetres};
-constexpr double BadgePoints = 10;
 constexpr double DotsPerPaperCm = PdfDocument::DotsPerInch / CmPerInch;
 
 PictureArea SizeOf(const Box& area) { return {area.Width(), area.Height()}; }
@@ -101,25 +101,7 @@ void PlanPainter::PaintBeds(PainterSurface& surface, const PlanPicture& picture,
 void PlanPainter::PaintMarks(PainterSurface& surface, const PlanPicture& picture) {
     for (const FilledArea& mark : picture.Marks)
         surface.Fill(mark.Polygon, mark.Fill);
-    surface.SetFontSize(BadgePoints);
-    QFont font = page_.Painter().font();
-    font.setBold(true);
-    page_.Painter().setFont(font);
-    for (const NumberBadge& badge : picture.Badges)
-        PaintBadge(surface, badge);
-}
-
-void PlanPainter::PaintBadge(PainterSurface& surface, const NumberBadge& badge) {
-    QPainter& painter = page_.Painter();
-    painter.setPen(PenOf(Rgb(0, 0, 0), 0.03));
-    const QPointF middle = surface.PlaceOf(badge.Place);
-    if (badge.StandsAside()) painter.drawLine(middle, surface.PlaceOf(badge.Foot));
-    const QPointF half = QPointF(badge.Width, BadgeHeight) * DotsPerPaperCm / 2;
-    const QRectF ground(middle - half, middle + half);
-    painter.setBrush(Qt::white);
-    painter.drawRoundedRect(ground, half.y(), half.y());
-    painter.setBrush(Qt::NoBrush);
-    painter.drawText(ground, Qt::AlignCenter, QString::fromStdString(badge.Text));
+    PaintBadges(picture.Badges, page_.Painter(), surface, DotsPerPaperCm);
 }
 
 } // namespace pistaro

@@ -24,7 +24,6 @@ private:
     void PaintPicture(const Box& area, const PlanPicture& picture, const std::function<void(PainterSurface&)>& paint);
     void PaintBeds(PainterSurface& surface, const PlanPicture& picture, const BuildStep& pieces, bool areNew);
     void PaintMarks(PainterSurface& surface, const PlanPicture& picture);
-    void PaintBadge(PainterSurface& surface, const NumberBadge& badge);
 
     const BuildPlan& plan_;
     PaperPage page_;

@@ -1,12 +1,9 @@
 #include "report/plan_picture.h"
 
-#include "layout/ground.h"
+#include "layout/piece_middle.h"
 #include "text/number_text.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <optional>
 
 namespace pistaro {
 
@@ -15,41 +12,6 @@ namespace {
 constexpr double PaperMargin = 0.9; ///< cm of paper around what a picture is about, for numbers that stand aside
 constexpr double LeastAcross = 90;  ///< cm of the world: a lone piece is to be seen among its neighbours
 constexpr Colour ArrowColour = ShownColour;
-
-WorldPoint PointBy(double x, double y) { return {static_cast<float>(x), static_cast<float>(y)}; }
-
-WorldPoint Between(WorldPoint one, WorldPoint other) {
-    return PointBy((double{one.X} + other.X) / 2, (double{one.Y} + other.Y) / 2);
-}
-
-WorldPoint MiddleOfPiece(const PiecePlacement& placement) {
-    const GroundPoint middle = MiddleOf(GroundOf(placement));
-    return PointBy(middle.X, middle.Y);
-}
-
-double Distance(WorldPoint from, WorldPoint to) { return std::hypot(double{from.X} - to.X, double{from.Y} - to.Y); }
-
-/// A unit vector.
-struct Way {
-    double X = 1, Y = 0;
-};
-
-/// From the reference edge to the other one.
-Way AcrossEntry(const Corners& corners) {
-    const double length = Distance(corners.Entry, corners.OtherEntry);
-    if (length == 0) return {};
-    return {(double{corners.OtherEntry.X} - corners.Entry.X) / length,
-            (double{corners.OtherEntry.Y} - corners.Entry.Y) / length};
-}
-
-/// Across a piece in its middle.
-Way AcrossMiddle(const Corners& corners) {
-    const WorldPoint from = Between(corners.Entry, corners.Exit);
-    const WorldPoint to = Between(corners.OtherEntry, corners.OtherExit);
-    const double length = Distance(from, to);
-    if (length == 0) return AcrossEntry(corners);
-    return {(double{to.X} - from.X) / length, (double{to.Y} - from.Y) / length};
-}
 
 /// An arrow with its tip so far beyond a piece's entry, by `size` long.
 FilledArea ArrowAt(const Corners& corners, double tip, double size) {
@@ -91,57 +53,6 @@ void AddStarts(PlanPicture& picture, const BuildPlan& plan, int last) {
     }
 }
 
-/// Finds places for numbers one after the other.
-class BadgePlaces {
-public:
-    explicit BadgePlaces(PlanPicture& picture) : picture_(picture) {}
-
-    /// On the piece where it is large enough and no other number stands there, else beside it.
-    void Add(const std::string& text, const PiecePlacement& placement) {
-        constexpr double digit = 0.21; // cm of paper
-        NumberBadge badge{text, MiddleOfPiece(placement), MiddleOfPiece(placement),
-                          std::max(BadgeHeight, 0.2 + digit * static_cast<double>(text.size()))};
-        const Corners& corners = placement.Corners;
-        const double length =
-            Distance(Between(corners.Entry, corners.OtherEntry), Between(corners.Exit, corners.OtherExit));
-        const bool fits = length >= badge.Width * 1.1 * picture_.Scale && IsFree(badge);
-        if (!fits) MoveAside(badge, corners);
-        taken_.push_back(BoxOfBadge(badge));
-        picture_.Badges.push_back(std::move(badge));
-    }
-
-private:
-    Box BoxOfBadge(const NumberBadge& badge) const {
-        return BoxAround(badge.Place.X, badge.Place.Y, badge.Width * picture_.Scale, BadgeHeight * picture_.Scale);
-    }
-
-    bool IsFree(const NumberBadge& badge) const {
-        const Box box = BoxOfBadge(badge);
-        const bool inside = box.Left >= picture_.Part.Left && box.Right <= picture_.Part.Right &&
-                            box.Bottom >= picture_.Part.Bottom && box.Top <= picture_.Part.Top;
-        return inside && std::ranges::none_of(taken_, [&](const Box& other) { return other.Meets(box); });
-    }
-
-    /// To the nearest free place across the track; where there is none it stays.
-    void MoveAside(NumberBadge& badge, const Corners& corners) const {
-        const Way across = AcrossMiddle(corners);
-        const double edge = Distance(corners.Entry, corners.OtherEntry) / 2;
-        for (const double away : {0.4, 0.95, 1.5, 2.05}) {
-            for (const int side : {1, -1}) {
-                const double way = side * (edge + away * picture_.Scale);
-                NumberBadge moved = badge;
-                moved.Place = PointBy(badge.Foot.X + across.X * way, badge.Foot.Y + across.Y * way);
-                if (!IsFree(moved)) continue;
-                badge.Place = moved.Place;
-                return;
-            }
-        }
-    }
-
-    PlanPicture& picture_;
-    std::vector<Box> taken_;
-};
-
 } // namespace
 
 PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area) {
@@ -149,9 +60,10 @@ PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea 
     PlanPicture picture = PictureAround(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin);
     AddStarts(picture, plan, step.Last);
     picture.Marks.push_back(ArrowAt(plan.Piece(step.First).Placement.Corners, 0, arrowLength * picture.Scale));
-    BadgePlaces places(picture);
+    BadgePlaces places(picture.Part, picture.Scale);
     for (int at = step.First; at <= step.Last; ++at)
         places.Add(NumberText(plan.Piece(at).Index), plan.Piece(at).Placement);
+    picture.Badges = std::move(places.Badges);
     return picture;
 }
 
@@ -159,10 +71,11 @@ PlanPicture WholePicture(const BuildPlan& plan, PictureArea area) {
     PlanPicture picture = PictureAround(plan.Drawing.Extent, area, PaperMargin);
     AddStarts(picture, plan, static_cast<int>(plan.Drawing.Pieces.size()));
     if (plan.Steps.size() < 2) return picture;
-    BadgePlaces places(picture);
+    BadgePlaces places(picture.Part, picture.Scale);
     for (std::size_t step = 0; step < plan.Steps.size(); ++step)
         places.Add(std::to_string(step + 1),
                    plan.Piece((plan.Steps[step].First + plan.Steps[step].Last) / 2).Placement);
+    picture.Badges = std::move(places.Badges);
     return picture;
 }
 

@@ -2,10 +2,10 @@
 // stand on it so that they can be read.
 #pragma once
 
+#include "paper/number_badges.h"
 #include "render/track_bed.h"
 #include "report/build_plan.h"
 
-#include <string>
 #include <vector>
 
 namespace pistaro {
@@ -15,22 +15,10 @@ struct PictureArea {
     double Width = 0, Height = 0;
 };
 
-/// A number on a plain ground.
-struct NumberBadge {
-    std::string Text;
-    WorldPoint Place; ///< its middle
-    WorldPoint Foot;  ///< what it tells of: a line leads there, unless it stands on it
-    double Width = 0; ///< cm of paper
-
-    bool StandsAside() const { return Place != Foot; }
-};
-
-inline constexpr double BadgeHeight = 0.5; ///< cm of paper, as the widths below
-
 /// How a track bed is drawn.
 struct BedLook {
     Colour Fill, Edge;
-    double EdgeWidth;
+    double EdgeWidth; ///< cm of paper, as the widths below
 };
 inline constexpr BedLook LaidBefore{Rgb(0xEE, 0xEE, 0xEE), Rgb(0xAA, 0xAA, 0xAA), 0.02};
 inline constexpr BedLook LaidNow{Rgb(0xFF, 0xD3, 0x4D), Rgb(0, 0, 0), 0.045};
