@@ -62,7 +62,7 @@ void DrawTrackRule(PaperPage& page, const Box& strip, double left, double scale,
 }
 
 void DrawRules(PaperPage& page, const SheetPlan& plan, const Units& units) {
-    constexpr double trackRule = 11; // cm from the left
+    constexpr double trackRule = 10.5; // cm from the left
     const Box strip = FooterOf(plan);
     const bool fullSize = plan.Scale == 1;
     DrawRule(page, strip, strip.Bottom + 0.05, 0.32, 0.16);

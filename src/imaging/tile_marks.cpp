@@ -3,6 +3,7 @@
 #include "paper/clear_places.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pistaro {
 
@@ -128,7 +129,9 @@ private:
         const double to = side.IsLevel() ? cell_.Right : cell_.Top;
         page_.OnPaper(plan_.Area(), [&](Surface& surface) {
             surface.SetPen(DrawingPen);
-            for (double at = from; at < to; at += step) {
+            const int dashes = static_cast<int>(std::ceil((to - from) / step));
+            for (int i = 0; i < dashes; ++i) {
+                const double at = from + i * step;
                 const double end = std::min(at + dash, to);
                 if (side.IsLevel()) {
                     DrawLine(surface, at, edge, end, edge, TileInk);
@@ -149,12 +152,12 @@ private:
 
     /// In the strip that the neighbour has, too.
     void TellOfCut(const Side& side) {
-        constexpr double strip = TileOverlap / 2, length = 7.2, points = 7; // cm
+        constexpr double strip = TileOverlap / 2, length = 8.4, points = 7; // cm
         const std::string text = "Cut here, or lay the next sheet's cut edge to this line";
         if (side.IsLevel()) {
             Box place = Clearest(PlacesAlong(side, cell_, length, strip, strip / 2));
             place.Top -= 0.1;
-            page_.Words(place, text, Qt::AlignHCenter, points, QFont::Normal, TileInk);
+            WriteWithRim(page_, place, text, points / PointsPerCm);
         } else {
             page_.UprightWords(Clearest(PlacesAlong(side, cell_, strip, length, strip / 2)), text, points, TileInk);
         }

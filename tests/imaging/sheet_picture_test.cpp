@@ -87,12 +87,12 @@ int TileInk(const QImage& image, const QRect& area) {
 }
 
 TEST(AGuidingSheet, HasARuleOfTrackBesideThatOfPaperUnlessBothAreOne) {
-    // Of 7 cm of paper 5 are 50 cm of track at 1:10, in parts of 1 cm from 12 cm on; 1.28 cm above the paper's foot.
+    // Of 7 cm of paper 5 are 50 cm of track at 1:10, in parts of 1 cm from 11.5 cm on; 1.28 cm above the paper's foot.
     const auto parts = [](double scale) {
         const QImage image = PaintedSheet(
             "C157", {.Scale = scale, .Paper = PaperA4, .Orientation = Orientation::Portrait, .Guides = true}, 0);
         std::string shades;
-        for (const int x : {1150, 1250, 1350, 1450, 1550, 1650, 1750})
+        for (const int x : {1100, 1200, 1300, 1400, 1500, 1600, 1700})
             shades += qGray(image.pixel(x, 2970 - 119)) < 100 ? 'x' : '-';
         return shades;
     };
