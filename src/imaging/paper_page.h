@@ -34,6 +34,7 @@ public:
     double Paragraph(const Box& area, const std::string& text, double points);
 
     QPainter& Painter() const { return painter_; }
+    double DotsPerCm() const { return dotsPerCm_; }
 
 private:
     void ChooseFont(const Box& area, double points, QFont::Weight weight);

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
+#include <functional>
 
 namespace pistaro {
 
@@ -65,11 +65,16 @@ FilledArea ArrowAt(const Corners& corners, double tip, double size) {
             ArrowColour};
 }
 
+/// At which a box fits into an area with `margin` cm of paper around it.
+double FittingScale(const Box& box, PictureArea area, double margin) {
+    return std::max({box.Width() / (area.Width - 2 * margin), box.Height() / (area.Height - 2 * margin),
+                     LeastAcross / std::max(area.Width, area.Height)});
+}
+
 /// The part of the world that an area shows around a box, `margin` cm of paper of it around the box.
-PlanPicture PictureAround(const Box& box, PictureArea area, double margin) {
+PlanPicture PictureAround(const Box& box, PictureArea area, double margin, double scale = 0) {
     PlanPicture picture;
-    picture.Scale = std::max({box.Width() / (area.Width - 2 * margin), box.Height() / (area.Height - 2 * margin),
-                              LeastAcross / std::max(area.Width, area.Height)});
+    picture.Scale = std::max(scale, FittingScale(box, area, margin));
     picture.Part = BoxAround(box.MiddleX(), box.MiddleY(), area.Width * picture.Scale, area.Height * picture.Scale);
     return picture;
 }
@@ -79,6 +84,17 @@ Box BoxOfPieces(const BuildPlan& plan, int first, int last) {
     for (int at = first; at <= last; ++at)
         box.Include(plan.Piece(at).Extent);
     return box;
+}
+
+/// The longest round length that is short on paper, in the user's units.
+ScaleBar BarAt(double scale, const Units& units) {
+    constexpr double longest = 2.5; // cm of paper
+    const double unit = units.UnitFactor();
+    double length = 1;
+    for (const double round : {2, 5, 10, 20, 50, 100, 200, 500, 1000}) {
+        if (round * unit / scale <= longest) length = round;
+    }
+    return {length * unit / scale, NumberText(length) + " " + units.Name()};
 }
 
 /// The start lines of the tracks that have been begun with.
@@ -94,7 +110,12 @@ void AddStarts(PlanPicture& picture, const BuildPlan& plan, int last) {
 /// Finds places for numbers one after the other.
 class BadgePlaces {
 public:
-    explicit BadgePlaces(PlanPicture& picture) : picture_(picture) {}
+    explicit BadgePlaces(PlanPicture& picture) : picture_(picture) {
+        constexpr double height = 0.65, words = 1.5; // cm of paper
+        const Box& part = picture.Part;
+        taken_.push_back({part.Left, part.Bottom, part.Left + (BarInset + picture.Bar.Length + words) * picture.Scale,
+                          part.Bottom + height * picture.Scale});
+    }
 
     /// On the piece where it is large enough and no other number stands there, else beside it.
     void Add(const std::string& text, const PiecePlacement& placement) {
@@ -144,9 +165,25 @@ private:
 
 } // namespace
 
-PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area) {
+std::vector<double> StepScales(const BuildPlan& plan, PictureArea area) {
+    constexpr double most = 2; // times as small as it fits
+    std::vector<double> scales, shared;
+    for (const BuildStep& step : plan.Steps)
+        scales.push_back(FittingScale(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin));
+    std::vector<double> falling = scales;
+    std::ranges::sort(falling, std::greater());
+    for (const double scale : falling) {
+        if (shared.empty() || scale * most < shared.back()) shared.push_back(scale);
+    }
+    for (double& scale : scales)
+        scale = *std::find_if(shared.rbegin(), shared.rend(), [&](double one) { return one >= scale; });
+    return scales;
+}
+
+PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area, double scale) {
     constexpr double arrowLength = 0.6; // cm of paper
-    PlanPicture picture = PictureAround(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin);
+    PlanPicture picture = PictureAround(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin, scale);
+    picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
     AddStarts(picture, plan, step.Last);
     picture.Marks.push_back(ArrowAt(plan.Piece(step.First).Placement.Corners, 0, arrowLength * picture.Scale));
     BadgePlaces places(picture);
@@ -157,6 +194,7 @@ PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea 
 
 PlanPicture WholePicture(const BuildPlan& plan, PictureArea area) {
     PlanPicture picture = PictureAround(plan.Drawing.Extent, area, PaperMargin);
+    picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
     AddStarts(picture, plan, static_cast<int>(plan.Drawing.Pieces.size()));
     if (plan.Steps.size() < 2) return picture;
     BadgePlaces places(picture);
