@@ -40,6 +40,7 @@ void BadgePlaces::Add(const std::string& text, const PiecePlacement& placement, 
         Distance(Between(corners.Entry, corners.OtherEntry), Between(corners.Exit, corners.OtherExit));
     const bool fits = length >= badge.Width * 1.1 * scale_ && IsFree(badge);
     if (!fits) MoveAside(badge, corners, within);
+    taken_.push_back(badge.Ground(scale_));
     Badges.push_back(std::move(badge));
 }
 
@@ -47,8 +48,7 @@ bool BadgePlaces::IsFree(const NumberBadge& badge) const {
     const Box box = badge.Ground(scale_);
     const bool inside =
         box.Left >= part_.Left && box.Right <= part_.Right && box.Bottom >= part_.Bottom && box.Top <= part_.Top;
-    return inside &&
-           std::ranges::none_of(Badges, [&](const NumberBadge& other) { return other.Ground(scale_).Meets(box); });
+    return inside && std::ranges::none_of(taken_, [&](const Box& other) { return other.Meets(box); });
 }
 
 /// To the nearest free place across the track; where there is none it stays.

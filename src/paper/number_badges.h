@@ -30,6 +30,9 @@ public:
     BadgePlaces(const Box& part, double scale, double height = BadgeHeight)
         : part_(part), scale_(scale), height_(height) {}
 
+    /// No number is to stand there.
+    void Reserve(const Box& box) { taken_.push_back(box); }
+
     /// On the piece where it is large enough and no other number stands there, else beside it.
     void Add(const std::string& text, const PiecePlacement& placement);
     /// The same, but pushed inwards where the part's edge would cut it.
@@ -45,6 +48,7 @@ private:
 
     Box part_;
     double scale_, height_;
+    std::vector<Box> taken_;
 };
 
 /// How high numbers are that are drawn at 1:`scale`, cm of paper: to be read by who stands before the track, where

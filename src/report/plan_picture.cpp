@@ -1,9 +1,11 @@
 #include "report/plan_picture.h"
 
 #include "layout/piece_middle.h"
+#include "paper/laid_size.h"
 #include "text/number_text.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace pistaro {
 
@@ -27,11 +29,16 @@ FilledArea ArrowAt(const Corners& corners, double tip, double size) {
             ArrowColour};
 }
 
+/// At which a box fits into an area with `margin` cm of paper around it.
+double FittingScale(const Box& box, PictureArea area, double margin) {
+    return std::max({box.Width() / (area.Width - 2 * margin), box.Height() / (area.Height - 2 * margin),
+                     LeastAcross / std::max(area.Width, area.Height)});
+}
+
 /// The part of the world that an area shows around a box, `margin` cm of paper of it around the box.
-PlanPicture PictureAround(const Box& box, PictureArea area, double margin) {
+PlanPicture PictureAround(const Box& box, PictureArea area, double margin, double scale = 0) {
     PlanPicture picture;
-    picture.Scale = std::max({box.Width() / (area.Width - 2 * margin), box.Height() / (area.Height - 2 * margin),
-                              LeastAcross / std::max(area.Width, area.Height)});
+    picture.Scale = std::max(scale, FittingScale(box, area, margin));
     picture.Part = BoxAround(box.MiddleX(), box.MiddleY(), area.Width * picture.Scale, area.Height * picture.Scale);
     return picture;
 }
@@ -41,6 +48,13 @@ Box BoxOfPieces(const BuildPlan& plan, int first, int last) {
     for (int at = first; at <= last; ++at)
         box.Include(plan.Piece(at).Extent);
     return box;
+}
+
+/// The longest round length that is short on paper.
+ScaleBar BarAt(double scale, const Units& units) {
+    constexpr double longest = 2.5; // cm of paper
+    const TrackRule rule = LongestRule(longest * scale, units);
+    return {rule.Length / scale, rule.Text};
 }
 
 /// The start lines of the tracks that have been begun with.
@@ -53,14 +67,40 @@ void AddStarts(PlanPicture& picture, const BuildPlan& plan, int last) {
     }
 }
 
+/// Finds places for numbers in a picture, beside its scale bar.
+BadgePlaces PlacesIn(const PlanPicture& picture) {
+    constexpr double height = 0.65, words = 1.5; // cm of paper
+    const Box& part = picture.Part;
+    BadgePlaces places(part, picture.Scale);
+    places.Reserve({part.Left, part.Bottom, part.Left + (BarInset + picture.Bar.Length + words) * picture.Scale,
+                    part.Bottom + height * picture.Scale});
+    return places;
+}
+
 } // namespace
 
-PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area) {
+std::vector<double> StepScales(const BuildPlan& plan, PictureArea area) {
+    constexpr double most = 2; // times as small as it fits
+    std::vector<double> scales, shared;
+    for (const BuildStep& step : plan.Steps)
+        scales.push_back(FittingScale(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin));
+    std::vector<double> falling = scales;
+    std::ranges::sort(falling, std::greater());
+    for (const double scale : falling) {
+        if (shared.empty() || scale * most < shared.back()) shared.push_back(scale);
+    }
+    for (double& scale : scales)
+        scale = *std::find_if(shared.rbegin(), shared.rend(), [&](double one) { return one >= scale; });
+    return scales;
+}
+
+PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area, double scale) {
     constexpr double arrowLength = 0.6; // cm of paper
-    PlanPicture picture = PictureAround(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin);
+    PlanPicture picture = PictureAround(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin, scale);
+    picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
     AddStarts(picture, plan, step.Last);
     picture.Marks.push_back(ArrowAt(plan.Piece(step.First).Placement.Corners, 0, arrowLength * picture.Scale));
-    BadgePlaces places(picture.Part, picture.Scale);
+    BadgePlaces places = PlacesIn(picture);
     for (int at = step.First; at <= step.Last; ++at)
         places.Add(NumberText(plan.Piece(at).Index), plan.Piece(at).Placement);
     picture.Badges = std::move(places.Badges);
@@ -69,9 +109,10 @@ PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea 
 
 PlanPicture WholePicture(const BuildPlan& plan, PictureArea area) {
     PlanPicture picture = PictureAround(plan.Drawing.Extent, area, PaperMargin);
+    picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
     AddStarts(picture, plan, static_cast<int>(plan.Drawing.Pieces.size()));
     if (plan.Steps.size() < 2) return picture;
-    BadgePlaces places(picture.Part, picture.Scale);
+    BadgePlaces places = PlacesIn(picture);
     for (std::size_t step = 0; step < plan.Steps.size(); ++step)
         places.Add(std::to_string(step + 1),
                    plan.Piece((plan.Steps[step].First + plan.Steps[step].Last) / 2).Placement);
