@@ -4,6 +4,7 @@
 #include "layout/exit.h"
 #include "search/same_circuit.h"
 #include "search/special_pieces.h"
+#include "search/wall_margin.h"
 
 #include <algorithm>
 
@@ -64,7 +65,10 @@ void BeginOnKept(const std::vector<int>& kept, Rows& rows) {
 } // namespace
 
 CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, const LoopRoom& room)
-    : catalogue_(catalogue), task_(task), room_(room) {}
+    : catalogue_(catalogue), task_(task), room_(room), walls_(task.Room) {
+    for (const Rows& rows : task.LeftOut)
+        keys_.insert(CircuitKey(catalogue, rows));
+}
 
 bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
     std::vector<int> key = CircuitKey(catalogue_, loopRows);
@@ -99,6 +103,7 @@ std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const Search
     if (!cursor) return std::nullopt;
     LaidLoop laid = LayLoop(catalogue_, rows, *cursor);
     if (!IsClosed(laid) || OverlapsItself(laid, {}) || !room_.Holds(laid)) return std::nullopt;
+    if (!KeepsFromWalls(laid, walls_, task_.FromWalls)) return std::nullopt;
     return Laid{std::move(rows), *cursor, std::move(laid)};
 }
 
@@ -132,7 +137,7 @@ LaidCircuit CircuitPool::CircuitOf(const Laid& laid) const {
     const BuiltLanes lanes = LanesAsBuilt(catalogue_, circuit.Track);
     circuit.Length = (lanes.Lengths[0] + lanes.Lengths[1]) / 2;
     circuit.Gap = laid.Loop.Gap;
-    circuit.Parts = ScorePartsOf(catalogue_, laid.Rows, laid.Loop, room_, task_.Box.Total(), circuit.Length,
+    circuit.Parts = ScorePartsOf(catalogue_, laid.Rows, laid.Loop, room_, task_.Box, circuit.Length,
                                  lanes.Lengths[0] - lanes.Lengths[1]);
     circuit.Used = circuit.Parts.Used;
     circuit.Score = Score(circuit.Parts, task_.Weights);

@@ -38,6 +38,8 @@ struct LayingTask {
     ScoreWeights Weights = {};
     MustHaves MustHave = {};
     std::optional<KeptPart> Kept = {};
+    int FromWalls = 0;                          ///< how far pieces keep from walls, cm
+    std::vector<std::vector<int>> LeftOut = {}; ///< rows of circuits that are known, and not looked for
 };
 
 struct LaidCircuit {

@@ -18,7 +18,7 @@ protected:
     /// The box in the corner of a card's picture.
     QPoint TickOf(int row) {
         const QRect card = Circuits().visualItemRect(Circuits().item(row));
-        constexpr int margin = 8, inside = 10;
+        constexpr int margin = 6, inside = 10;
         return {card.left() + margin + Circuits().iconSize().width() - inside, card.top() + margin + inside};
     }
     void ClickTick(int row) { QTest::mouseClick(Circuits().viewport(), Qt::LeftButton, {}, TickOf(row)); }
@@ -38,7 +38,7 @@ protected:
 
     /// Has the length of the longest straight alone count, which turns the order over.
     void WeighStraightsAlone() {
-        for (int part = 0; part < 7; ++part)
+        for (int part = 0; part < 10; ++part)
             At<QSlider>("sldWeight", part).setValue(part == 2 ? 100 : 0);
     }
 };
@@ -139,6 +139,35 @@ TEST_F(Cards, StayWhereTheyAreForWhoHasScrolledAndOfferTheNewFirstOne) {
     PressHere("cmdShowFirst");
     EXPECT_EQ(Bar().value(), 0);
     EXPECT_FALSE(Find<QPushButton>("cmdShowFirst").isVisible());
+}
+
+TEST_F(Cards, AreSeenSixAtATimeOnASmallScreen) {
+    OpenBox();
+    Dialog().resize(1195, 672); // what it takes of 1366 x 768
+    Search("C151=12,C160=6,C159=2");
+    ASSERT_GE(Circuits().count(), 10);
+    QApplication::processEvents();
+
+    int whole = 0;
+    for (int row = 0; row < Circuits().count(); ++row)
+        whole += Circuits().viewport()->rect().contains(Circuits().visualItemRect(Circuits().item(row))) ? 1 : 0;
+
+    EXPECT_GE(whole, 6);
+}
+
+TEST_F(Cards, GrowWithTheWindow) {
+    OpenBox();
+    Dialog().resize(1195, 672);
+    Search("C151=8,C160=4");
+    Find<QSpinBox>("spnCircuits").setValue(5);
+    const int before = Circuits().iconSize().width();
+
+    Dialog().resize(1680, 945);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return Circuits().iconSize().width() > before &&
+               Circuits().item(0)->icon().availableSizes().value(0).width() == Circuits().iconSize().width();
+    }));
 }
 
 } // namespace
