@@ -85,13 +85,14 @@ private:
 };
 
 /// The dialogs by the menu entries that open them.
-constexpr std::array<std::pair<const char*, const char*>, 6> Dialogs{{
+constexpr std::array<std::pair<const char*, const char*>, 7> Dialogs{{
     {"mnuDrawArea", "draw-area"},
     {"mnuColors", "colours"},
     {"mnuTrackStock", "loose-track"},
     {"mnuStats", "statistics"},
     {"mnuSets", "boxed-sets"},
     {"mnuExport", "export"},
+    {"mnuBuildPlan", "build-plan"},
 }};
 
 /// The circuit of the first chapter after each of its steps: what was laid last is selected, as in the window.

@@ -59,6 +59,12 @@ bool IsInView(const GroundBox& box, const ViewSettings& view) {
            box.Top <= shown.ViewTop;
 }
 
+/// Fits the view where the picture reaches beyond it.
+void BringIntoView(Session& session) {
+    const auto ground = GroundOfPicture(session);
+    if (ground && !IsInView(*ground, session.Project.Design.View)) FitCommand(session);
+}
+
 /// Of a circuit that was replaced by one without. What is no background is left alone. Gives whether it is gone.
 bool RemoveBackground(const std::filesystem::path& file) {
     if (!IsThere(file)) return false;
@@ -80,8 +86,8 @@ void FitCommand(Session& session) { FitView(session.Catalogue, session.Project.D
 void ImportBackgroundCommand(Session& session) {
     const auto file = session.Prompts.ChooseFile({.Saving = false,
                                                   .Title = "Import Background to Scale",
-                                                  .Filter = "Pictures (*.png,*.jpg,*.jpeg,*.bmp,*.gif)|"
-                                                            "*.png;*.jpg;*.jpeg;*.bmp;*.gif",
+                                                  .Filter = "Pictures: PNG, JPEG, BMP, GIF|"
+                                                            "*.png;*.jpg;*.jpeg;*.bmp;*.gif|All files|*",
                                                   .DefaultName = "",
                                                   .Folder = session.Project.Preferences.WorkingDirectory});
     if (!file) return;
@@ -90,9 +96,14 @@ void ImportBackgroundCommand(Session& session) {
     session.Windows->ShowBackground(proposed);
     const auto& laid = session.Project.Background;
     if (!laid || laid->Picture != proposed.Picture) return;
-    const auto ground = GroundOfPicture(session);
-    if (ground && !IsInView(*ground, session.Project.Design.View)) FitCommand(session);
+    BringIntoView(session);
     if (!session.Windows->IsPanelShown(Panel::Picture)) session.Windows->TogglePanel(Panel::Picture);
+}
+
+void PlaceBackgroundCommand(Session& session) {
+    const auto before = session.Project.Background;
+    session.Windows->ShowBackground(*before);
+    if (session.Project.Background != before) BringIntoView(session);
 }
 
 void SetBackground(Session& session, std::shared_ptr<const ScaledBackground> background) {

@@ -16,6 +16,9 @@ void FitCommand(Session& session);
 /// drawing. Fault: the file is no picture.
 void ImportBackgroundCommand(Session& session);
 
+/// Shows where the picture under the circuit lies, to be placed anew, and then all of it.
+void PlaceBackgroundCommand(Session& session);
+
 /// Lays it under the circuit, or with null takes away what lies there.
 void SetBackground(Session& session, std::shared_ptr<const ScaledBackground> background);
 

@@ -12,6 +12,9 @@ namespace pistaro {
 
 namespace {
 
+constexpr std::array Endings{FileEnding<PlanFormat>{".html", PlanFormat::Html},
+                             FileEnding<PlanFormat>{".pdf", PlanFormat::Pdf}};
+
 /// Has the system show the file, and gives what its user is told of that: no program may come up.
 std::string WordsOnOpening(const std::filesystem::path& file) {
     try {
@@ -24,31 +27,33 @@ std::string WordsOnOpening(const std::filesystem::path& file) {
 
 } // namespace
 
-std::optional<PlanFormat> PlanFormatOf(const std::filesystem::path& file) {
-    constexpr std::array endings{FileEnding<PlanFormat>{".html", PlanFormat::Html},
-                                 FileEnding<PlanFormat>{".pdf", PlanFormat::Pdf}};
-    return FormatIn(endings, file);
-}
+std::optional<PlanFormat> PlanFormatOf(const std::filesystem::path& file) { return FormatIn(Endings, file); }
+
+const char* EndingOf(PlanFormat format) { return EndingOf(Endings, format); }
 
 std::string BuildPlanBytes(const Catalogue& catalogue, const BuildPlan& plan, PlanFormat format,
                            const PaperSize& paper) {
     return format == PlanFormat::Html ? BuildPlanPage(catalogue, plan) : BuildPlanPdf(catalogue, plan, paper);
 }
 
-void BuildPlanCommand(Session& session) {
-    const auto file = ChooseFileToWrite(session, {.Saving = true,
-                                                  .Title = "Build Plan",
-                                                  .Filter = "Web page (*.html)|*.html|PDF (*.pdf)|*.pdf",
-                                                  .DefaultName = FileTitleOf(session) + "-plan.html",
-                                                  .Folder = ExportFolderOf(session)});
-    if (!file) return;
-    const auto format = PlanFormatOf(*file);
-    if (!format) throw Fault("Unknown format", TextFromPath(*file) + ": the file's ending is neither .html nor .pdf");
-    const BuildPlan plan = BuildPlanOf(session.Catalogue, session.Project, AllTracks);
-    const PaperSize paper = FindPaper(session.Habits.Paper).value_or(PaperA4);
-    ReplaceFile(*file, BuildPlanBytes(session.Catalogue, plan, *format, paper));
+std::optional<PlanFormat> WriteBuildPlan(Session& session, const BuildPlan& plan, PlanFormat format,
+                                         const PaperSize& paper) {
+    const bool asPage = format == PlanFormat::Html;
+    const auto typed = session.Prompts.ChooseFile({.Saving = true,
+                                                   .Title = "Build Plan",
+                                                   .Filter = asPage ? "Web page|*.html" : "PDF|*.pdf",
+                                                   .DefaultName = FileTitleOf(session) + "-plan" + EndingOf(format),
+                                                   .Folder = ExportFolderOf(session),
+                                                   .KeepsEnding = true});
+    if (!typed) return std::nullopt;
+    const PlanFormat other = asPage ? PlanFormat::Pdf : PlanFormat::Html;
+    const auto file = FileToWrite(session, *typed, {EndingOf(format), EndingOf(other)});
+    if (!file) return std::nullopt;
+    const PlanFormat written = *PlanFormatOf(*file);
+    ReplaceFile(*file, BuildPlanBytes(session.Catalogue, plan, written, paper));
     session.Habits.ExportFolder = TextFromPath(std::filesystem::absolute(*file).parent_path());
     session.Prompts.TellWritten(*file, WordsOnOpening(*file) + (plan.LeftOut.empty() ? "" : "\n" + plan.LeftOut));
+    return written;
 }
 
 } // namespace pistaro

@@ -20,8 +20,13 @@ std::optional<PlanFormat> PlanFormatOf(const std::filesystem::path& file);
 std::string BuildPlanBytes(const Catalogue& catalogue, const BuildPlan& plan, PlanFormat format,
                            const PaperSize& paper);
 
-/// Asks for a file, and before one is replaced; writes the plan of all tracks, on the paper that was used last, opens
-/// it in the viewer, and tells where it is.
-void BuildPlanCommand(Session& session);
+/// ".html".
+const char* EndingOf(PlanFormat format);
+
+/// Asks for a file of that format, of the other one where its user types so, and before one is replaced. Writes the
+/// plan, opens it in the viewer, and tells where it is. Gives the format that was written; nothing where the user gave
+/// no file or said no.
+std::optional<PlanFormat> WriteBuildPlan(Session& session, const BuildPlan& plan, PlanFormat format,
+                                         const PaperSize& paper);
 
 } // namespace pistaro

@@ -7,6 +7,7 @@
 #include "imaging/sheet_picture.h"
 #include "imaging/svg_file.h"
 #include "platform/file_endings.h"
+#include "stats/shopping_list.h"
 
 #include <algorithm>
 #include <array>
@@ -17,9 +18,10 @@ namespace {
 
 using ExportEnding = FileEnding<ExportFormat>;
 
-constexpr std::array Endings{ExportEnding{".png", ExportFormat::Png}, ExportEnding{".svg", ExportFormat::Svg},
-                             ExportEnding{".pdf", ExportFormat::Pdf}, ExportEnding{".dxf", ExportFormat::Dxf},
-                             ExportEnding{".csv", ExportFormat::Csv}, ExportEnding{".json", ExportFormat::Json}};
+constexpr std::array Endings{ExportEnding{".png", ExportFormat::Png},  ExportEnding{".svg", ExportFormat::Svg},
+                             ExportEnding{".pdf", ExportFormat::Pdf},  ExportEnding{".dxf", ExportFormat::Dxf},
+                             ExportEnding{".csv", ExportFormat::Csv},  ExportEnding{".csv", ExportFormat::ShoppingList},
+                             ExportEnding{".json", ExportFormat::Json}};
 
 /// What the format makes of what was left open.
 SheetOptions SheetsFor(ExportFormat format, const SheetOptions& given, const Box& extent) {
@@ -57,11 +59,10 @@ std::string DrawingBytes(CircuitDrawing drawing, ExportFormat format, const Expo
 
 std::string ExportEndings() { return EndingsText(Endings); }
 
-std::vector<std::string> EndingsBut(ExportFormat format) {
-    std::vector<std::string> endings;
-    endings.reserve(Endings.size());
+std::vector<std::string> EndingsFrom(ExportFormat format) {
+    std::vector<std::string> endings{EndingOf(format)};
     for (const ExportEnding& ending : Endings) {
-        if (ending.Value != format) endings.emplace_back(ending.Text);
+        if (std::ranges::find(endings, ending.Text) == endings.end()) endings.emplace_back(ending.Text);
     }
     return endings;
 }
@@ -84,6 +85,9 @@ std::string ExportBytes(const Catalogue& catalogue, const Project& project, Expo
                         const ExportOptions& options) {
     const Circuit& circuit = project.Design.Circuit;
     if (format == ExportFormat::Csv) return LayoutCsvFile(catalogue, circuit, options.Parts.Track);
+    if (format == ExportFormat::ShoppingList)
+        return ShoppingTableBytes(project.Stock, project.Preferences.Units,
+                                  ShowDetail(catalogue, project.Stock, circuit, options.Parts.Track, false));
     if (format == ExportFormat::Json) return LayoutJsonFile(catalogue, circuit, options.Parts.Track);
     return DrawingBytes(DrawingOf(catalogue, project, options.Parts), format, options);
 }

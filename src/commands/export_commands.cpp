@@ -1,7 +1,7 @@
 #include "commands/export_commands.h"
 
 #include "platform/fault.h"
-#include "platform/files.h"
+#include "platform/file_endings.h"
 
 #include <algorithm>
 
@@ -27,6 +27,8 @@ constexpr FormatWords Words[] = {
      "A CAD program such as LibreCAD opens it; its unit is the centimetre."},
     {ExportFormat::Csv, "Table of pieces (CSV)", "For a spreadsheet: each piece and its place",
      "A spreadsheet such as LibreOffice Calc opens it; fields are parted by commas."},
+    {ExportFormat::ShoppingList, "Shopping list (CSV)", "For a spreadsheet: what to buy, and prices",
+     "A spreadsheet such as LibreOffice Calc opens it; fields are parted by commas."},
     {ExportFormat::Json, "Layout (JSON)", "For scripts: each piece, its corners and joints",
      "Programs and scripts read it; a text editor or a web browser shows it."}};
 
@@ -37,6 +39,36 @@ bool MayReplace(const Session& session, const std::filesystem::path& file) {
     if (!std::filesystem::exists(file, toldByTheWrite)) return true;
     return session.Prompts.Ask(TextFromPath(file.filename()) + " is there already. Replace it?", Buttons::YesNo) ==
            Answer::Yes;
+}
+
+/// ".png, .svg or .pdf".
+std::string OneOf(const std::vector<std::string>& endings) {
+    std::string text;
+    for (const std::string& ending : endings)
+        text += (text.empty() ? "" : &ending == &endings.back() ? " or " : ", ") + ending;
+    return text;
+}
+
+/// The file with the first of these endings in place of its own, where its user agrees; nothing where he does not.
+std::optional<std::filesystem::path> WithWrittenEnding(const Session& session, std::filesystem::path file,
+                                                       const std::vector<std::string>& endings) {
+    const std::string typed = TextFromPath(file.filename());
+    file.replace_extension(endings.front());
+    const std::string question = typed + " cannot be written: files here end in " + OneOf(endings) + ". Write " +
+                                 TextFromPath(file.filename()) + " instead?";
+    if (session.Prompts.AskWhether(question, "&Write " + endings.front()) != Answer::Ok) return std::nullopt;
+    return file;
+}
+
+FileChoice ExportChoice(const Session& session, ExportFormat format) {
+    const std::string ending = EndingOf(format);
+    const std::string name = FileTitleOf(session) + (format == ExportFormat::ShoppingList ? "-shopping" : "") + ending;
+    return {.Saving = true,
+            .Title = "Export",
+            .Filter = std::string(CaptionOf(format)) + "|*" + ending,
+            .DefaultName = name,
+            .Folder = ExportFolderOf(session),
+            .KeepsEnding = true};
 }
 
 } // namespace
@@ -57,22 +89,20 @@ std::string ExportFolderOf(const Session& session) {
                                                                    : session.Project.Preferences.WorkingDirectory;
 }
 
-std::optional<std::filesystem::path> ChooseFileToWrite(Session& session, const FileChoice& choice) {
-    auto file = session.Prompts.ChooseFile(choice);
+std::optional<std::filesystem::path> FileToWrite(const Session& session, const std::filesystem::path& typed,
+                                                 const std::vector<std::string>& endings) {
+    std::optional<std::filesystem::path> file = typed;
+    if (std::ranges::find(endings, EndingIn(typed)) == endings.end()) file = WithWrittenEnding(session, typed, endings);
     if (file && !MayReplace(session, *file)) file.reset();
     return file;
 }
 
 std::optional<ExportFile> ChooseExportFile(Session& session, ExportFormat proposed) {
-    const std::string ending = EndingOf(proposed);
-    const auto file = ChooseFileToWrite(session, {.Saving = true,
-                                                  .Title = "Export",
-                                                  .Filter = std::string(CaptionOf(proposed)) + "|*" + ending,
-                                                  .DefaultName = FileTitleOf(session) + ending,
-                                                  .Folder = ExportFolderOf(session),
-                                                  .OtherEndings = EndingsBut(proposed)});
+    const auto typed = session.Prompts.ChooseFile(ExportChoice(session, proposed));
+    const auto file = typed ? FileToWrite(session, *typed, EndingsFrom(proposed)) : std::nullopt;
     if (!file) return std::nullopt;
-    return ExportFile{*file, ExportFormatOf(*file).value_or(proposed)};
+    const bool asProposed = EndingIn(*file) == EndingOf(proposed);
+    return ExportFile{*file, asProposed ? proposed : *ExportFormatOf(*file)};
 }
 
 void WriteExport(Session& session, const ExportFile& file, const std::string& bytes) {
@@ -82,12 +112,14 @@ void WriteExport(Session& session, const ExportFile& file, const std::string& by
 }
 
 bool ExportSheets(Session& session, const std::function<std::string()>& pdf) {
-    const auto file = ChooseExportFile(session, ExportFormat::Pdf);
-    if (!file) return false;
-    if (file->Format != ExportFormat::Pdf)
-        throw Fault("Nothing was written", TextFromPath(file->Path.filename()) +
+    const auto typed = session.Prompts.ChooseFile(ExportChoice(session, ExportFormat::Pdf));
+    if (!typed) return false;
+    if (ExportFormatOf(*typed).value_or(ExportFormat::Pdf) != ExportFormat::Pdf)
+        throw Fault("Nothing was written", TextFromPath(typed->filename()) +
                                                ": sheets are written as .pdf; other formats are in Circuit ▸ Export");
-    WriteExport(session, *file, pdf());
+    const auto file = FileToWrite(session, *typed, {EndingOf(ExportFormat::Pdf)});
+    if (!file) return false;
+    WriteExport(session, {*file, ExportFormat::Pdf}, pdf());
     return true;
 }
 

@@ -20,8 +20,10 @@ std::string FileTitleOf(const Session& session);
 /// The folder that files are proposed to be written into: where the last one went, else the working directory.
 std::string ExportFolderOf(const Session& session);
 
-/// Asks for the file, and before one that is there already is replaced; nothing where the user gave none or said no.
-std::optional<std::filesystem::path> ChooseFileToWrite(Session& session, const FileChoice& choice);
+/// The file that its user typed. One with none of these endings (".pdf") is proposed with the first of them, and before
+/// one that is there already is replaced he is asked; nothing where he said no.
+std::optional<std::filesystem::path> FileToWrite(const Session& session, const std::filesystem::path& typed,
+                                                 const std::vector<std::string>& endings);
 
 /// A file that is to be exported to, and the format that its ending names.
 struct ExportFile {
@@ -29,8 +31,8 @@ struct ExportFile {
     ExportFormat Format;
 };
 
-/// Asks for a file, named like the project and of that format unless its user types the ending of another one, and
-/// before one that is there already is replaced; nothing where the user gave none or said no.
+/// Asks for a file, named like the project and of that format unless its user types the ending of another one, and on
+/// as FileToWrite does; nothing where he gave none or said no.
 std::optional<ExportFile> ChooseExportFile(Session& session, ExportFormat proposed);
 
 /// Writes it, remembers where, and tells where it is and what opens it. Fault: it cannot be written.

@@ -1,7 +1,6 @@
 // Rows that lead out of the drawing: settings, reports, checks, paper and files, help.
 #include "commands/command_groups.h"
 
-#include "commands/build_plan_commands.h"
 #include "commands/clipboard_commands.h"
 #include "commands/money_commands.h"
 #include "commands/picture_commands.h"
@@ -23,6 +22,11 @@ bool HasPieces(const Circuit& circuit) {
 
 std::string AnyPieces(const Session& session) {
     return HasPieces(session.Project.Design.Circuit) ? "" : "There are no pieces yet.";
+}
+
+std::string PiecesToShow(const Session& session) {
+    std::string whyNot = HasWindows(session);
+    return whyNot.empty() ? AnyPieces(session) : whyNot;
 }
 
 /// A room alone can be drawn, too.
@@ -113,13 +117,11 @@ void AddExchangeCommands(std::vector<Command>& rows) {
     rows.push_back(
         DrawingRow(WindowRow("print", "mnuPrint", "&Print…", "Print the circuit on a sheet, or to scale in tiles",
                              "Ctrl+P", &Windows::ShowPrint)));
-    rows.push_back({.Id = "build plan",
-                    .Control = "mnuBuildPlan",
-                    .Caption = "&Build Plan…",
-                    .Tip = "Write in which steps the circuit is laid, and what is needed",
-                    .From = Availability::WindowOnly,
-                    .WhyNot = AnyPieces,
-                    .Run = BuildPlanCommand});
+    Command plan =
+        WindowRow("build plan", "mnuBuildPlan", "&Build Plan…",
+                  "Write in which steps the circuit is laid, and what is needed", "", &Windows::ShowBuildPlan);
+    plan.WhyNot = PiecesToShow;
+    rows.push_back(std::move(plan));
     rows.push_back(
         {.Id = "copy",
          .Control = "mnuCopy",

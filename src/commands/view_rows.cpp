@@ -86,7 +86,7 @@ void AddBackgroundCommands(std::vector<Command>& rows) {
                     .Tip = "Move, turn or scale the picture that lies under the circuit at its true size",
                     .From = Availability::WindowOnly,
                     .WhyNot = HasScaledBackground,
-                    .Run = [](Session& session) { session.Windows->ShowBackground(*session.Project.Background); }});
+                    .Run = PlaceBackgroundCommand});
     Command drag =
         WindowRow("background move", "mnuBackgroundMove", "&Move Background",
                   "Drag, turn or fade the picture under the circuit in the drawing itself", "", Panel::Picture);

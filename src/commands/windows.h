@@ -65,6 +65,7 @@ public:
 
     virtual void ShowExport() = 0;
     virtual void ShowPrint() = 0;
+    virtual void ShowBuildPlan() = 0;
     virtual void PutOnClipboard(const Clipping& clipping) = 0;
     virtual std::string ClipboardText() = 0;
 

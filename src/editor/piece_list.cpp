@@ -54,10 +54,24 @@ std::optional<int> CountIn(std::string_view word) {
     return count;
 }
 
-Fault NoPiece(const Catalogue& catalogue, const std::string& word) {
-    const bool hands = catalogue.Find(word + "L") != nullptr;
-    return TypeMismatch("\"" + word + "\" is no piece" +
-                        (hands ? "; it is " + word + "L to the left and " + word + "R to the right" : ""));
+/// Of these words, each of which is told once: `"C151", "X1" and 7 others are no pieces`, with the hands that the first
+/// of them lacks.
+Fault NoPieces(const Catalogue& catalogue, const std::vector<std::string>& words) {
+    constexpr std::size_t most = 8;
+    const bool one = words.size() == 1;
+    const std::size_t named = words.size() <= most + 1 ? words.size() : most; // "1 other" would be as long as its name
+    std::string text;
+    for (std::size_t at = 0; at < named; ++at) {
+        const bool last = at + 1 == words.size();
+        text += (at == 0 ? "\"" : last ? " and \"" : ", \"") + words[at] + '"';
+    }
+    if (named < words.size()) text += " and " + std::to_string(words.size() - named) + " others";
+    text += one ? " is no piece" : " are no pieces";
+    const auto hands =
+        std::ranges::find_if(words, [&](const std::string& word) { return catalogue.Find(word + "L") != nullptr; });
+    if (hands != words.end())
+        text += "; " + (one ? "it" : *hands) + " is " + *hands + "L to the left and " + *hands + "R to the right";
+    return TypeMismatch(text);
 }
 
 /// Reads the words one by one.
@@ -72,7 +86,7 @@ public:
         }
         const std::optional<int> count = CountIn(word);
         if (!count) {
-            Add(CodeOf(word), std::max(1, std::exchange(next_, 0)));
+            AddCode(word, std::max(1, std::exchange(next_, 0)));
         } else if (*count < 1 || *count > MaxElements) {
             throw Overflow("\"" + word + "\" is no number of pieces");
         } else if (repeats_ || word.starts_with('X')) {
@@ -85,29 +99,34 @@ public:
     }
 
     std::vector<std::string> Codes() const {
+        if (!unknown_.empty()) throw NoPieces(catalogue_, unknown_);
         if (next_ > 0 || repeats_) throw TypeMismatch("a number of pieces stands before no piece");
         if (codes_.empty()) throw TypeMismatch("there is no list of pieces such as \"C160 x3, C151L\"");
         return codes_;
     }
 
 private:
-    std::string CodeOf(const std::string& word) const {
-        if (catalogue_.Find(word) != nullptr) return word;
-        if (takesProducts_ && catalogue_.Find(word + "L") != nullptr) return word + "L";
-        throw NoPiece(catalogue_, word);
+    /// What is no piece is kept, to be told with all others of its kind.
+    void AddCode(const std::string& word, int count) {
+        const bool isPiece = catalogue_.Find(word) != nullptr;
+        const bool isProduct = !isPiece && takesProducts_ && catalogue_.Find(word + "L") != nullptr;
+        if (!isPiece && !isProduct && std::ranges::find(unknown_, word) == unknown_.end()) unknown_.push_back(word);
+        Add(isProduct ? word + "L" : word, count);
     }
 
     void Add(const std::string& code, int count) {
-        if (static_cast<int>(codes_.size()) + count > MaxElements)
-            throw SubscriptOutOfRange("a track holds at most " + std::to_string(MaxElements) + " pieces");
+        const bool fits = static_cast<int>(codes_.size()) + count <= MaxElements;
+        if (!fits && !unknown_.empty()) return; // which is told at the end
+        if (!fits) throw SubscriptOutOfRange("a track holds at most " + std::to_string(MaxElements) + " pieces");
         codes_.insert(codes_.end(), static_cast<std::size_t>(count), code);
     }
 
     const Catalogue& catalogue_;
     const bool takesProducts_; ///< codes without their hand, too
     std::vector<std::string> codes_;
-    int next_ = 0;         ///< how many of the code that comes, 0 when no number stands before it
-    bool repeats_ = false; ///< a sign stands behind the last code
+    std::vector<std::string> unknown_; ///< words that are no pieces, each once
+    int next_ = 0;                     ///< how many of the code that comes, 0 when no number stands before it
+    bool repeats_ = false;             ///< a sign stands behind the last code
 };
 
 std::vector<std::string> CodesIn(const Catalogue& catalogue, std::string_view text, bool takesProducts) {

@@ -16,8 +16,8 @@ std::string PieceListText(const std::vector<std::string>& codes);
 
 /// The codes that a list names, each as often as it says. They are parted by commas, semicolons, blanks or lines, in
 /// capital or small letters; "x3" behind a code or "3", "3x" before it is its count ("×" and "*" are "x", too). Faults:
-/// nothing in it; a word that is no piece's code, which is told with the codes that it may have meant; more pieces than
-/// a track holds.
+/// nothing in it; words that are no piece's code, which are told together, with the codes that the first without its
+/// hand may have meant; more pieces than a track holds.
 std::vector<std::string> ParsePieceList(const Catalogue& catalogue, std::string_view text);
 
 /// Whether one of a text's words is a piece's code, so that it may be meant as such a list.

@@ -41,7 +41,6 @@ void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const V
                   const std::function<void(QPainter&, const PainterSurface&)>& paintScaled) {
     canvas.Surface.Clear(preferences.Colours.Background);
     ShowView(view, canvas.Surface);
-    paintScaled(canvas.Painter, canvas.Surface);
     const ViewRectangle shown = ShownRectangle(view);
     canvas.Surface.RoundDots();
     const double width = double{shown.ViewRight} - shown.ViewLeft;
@@ -50,6 +49,7 @@ void DrawGroundOn(CanvasSurface& canvas, const Preferences& preferences, const V
     } else {
         DrawGrid(preferences, covered, width, canvas.Surface, preferences.Colours.Grid);
     }
+    paintScaled(canvas.Painter, canvas.Surface); // through which the grid shines as far as the picture is faded
     canvas.Painter.resetTransform();
     canvas.Painter.translate(frame.Square().topLeft());
     DrawAreaLabel(preferences, shown, canvas.Surface);

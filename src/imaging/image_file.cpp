@@ -40,7 +40,12 @@ const char* FormatOf(QBuffer& bytes, const std::string& name) {
         bytes.seek(0); // some readers look further than that
         if (isOne) return format;
     }
-    throw InvalidPicture(name + ": this is no BMP, GIF, JPEG or PNG picture");
+    const std::string taken = "BMP, GIF, JPEG or PNG picture";
+    if (bytes.peek(4) == "%PDF")
+        throw InvalidPicture(name + ": this is a PDF, no " + taken +
+                             ". Save its page as PNG or JPEG first; most programs "
+                             "that show a PDF can export it so, and a picture of the screen will do");
+    throw InvalidPicture(name + ": this is no " + taken);
 }
 
 /// Faults before memory is taken that the program would not give.

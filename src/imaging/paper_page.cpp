@@ -58,11 +58,24 @@ void PaperPage::ChooseFont(const Box& area, double points, QFont::Weight weight)
     painter_.setPen(Qt::black);
 }
 
-void PaperPage::Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points,
-                      QFont::Weight weight, Colour ink) {
+double PaperPage::Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points,
+                        QFont::Weight weight, Colour ink) {
     ChooseFont(area, points, weight);
     painter_.setPen(ToQColor(ink));
-    painter_.drawText(Place(area), static_cast<int>(alignment | Qt::AlignTop), QString::fromStdString(text));
+    QRectF written;
+    painter_.drawText(Place(area), static_cast<int>(alignment | Qt::AlignTop), QString::fromStdString(text), &written);
+    return written.width() / dotsPerCm_;
+}
+
+void PaperPage::UprightWords(const Box& area, const std::string& text, double points, Colour ink) {
+    ChooseFont(area, points, QFont::Normal);
+    const QRectF place = Place(area);
+    painter_.save();
+    painter_.translate(place.bottomLeft());
+    painter_.rotate(-90);
+    painter_.setPen(ToQColor(ink));
+    painter_.drawText(QRectF(0, 0, place.height(), place.width()), Qt::AlignCenter, QString::fromStdString(text));
+    painter_.restore();
 }
 
 double PaperPage::Paragraph(const Box& area, const std::string& text, double points) {

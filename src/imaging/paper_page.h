@@ -26,14 +26,18 @@ public:
     /// Thin lines and such in cm of the paper.
     void OnPaper(const Box& area, const std::function<void(Surface&)>& draw);
 
-    /// A line of words at the top of an area; what is too long for it is cut.
-    void Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points = 9,
-               QFont::Weight weight = QFont::Normal, Colour ink = Rgb(0, 0, 0));
+    /// A line of words at the top of an area; what is too long for it is cut. Gives how wide it is.
+    double Words(const Box& area, const std::string& text, Qt::Alignment alignment, double points = 9,
+                 QFont::Weight weight = QFont::Normal, Colour ink = Rgb(0, 0, 0));
+
+    /// A line of words that runs upwards in the middle of an area, which is as wide as they are high.
+    void UprightWords(const Box& area, const std::string& text, double points, Colour ink);
 
     /// Words on as many lines as they take, from the area's top on. Gives how high they are.
     double Paragraph(const Box& area, const std::string& text, double points);
 
     QPainter& Painter() const { return painter_; }
+    double DotsPerCm() const { return dotsPerCm_; }
 
 private:
     void ChooseFont(const Box& area, double points, QFont::Weight weight);

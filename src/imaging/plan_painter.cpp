@@ -1,7 +1,7 @@
 #include "imaging/plan_painter.h"
 
 #include "catalogue/track_geometry.h"
-#include "imaging/pdf_document.h"
+#include "imaging/badge_painter.h"
 #include "layout/outline.h"
 #include "layout/strokes.h"
 #include "render/redraw.h"
@@ -15,14 +15,9 @@ namespace {
 constexpr Colour LanesBefore = Rgb(0xC8, 0xC8, 0xC8);
 constexpr Colour LanesNow = Rgb(0x99, 0x7A, 0x26);
 constexpr PenWidth ThinPen{0.2, PenWidth::Unit::Millimetres};
-constexpr double BadgePoints = 10;
-constexpr double DotsPerPaperCm = PdfDocument::DotsPerInch / CmPerInch;
+constexpr double BarPoints = 10;
 
 PictureArea SizeOf(const Box& area) { return {area.Width(), area.Height()}; }
-
-QPen PenOf(Colour colour, double widthOnPaper) {
-    return {ToQColor(colour), widthOnPaper * DotsPerPaperCm, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
-}
 
 QPolygonF PlacesOf(const std::vector<WorldPoint>& points, const PainterSurface& surface) {
     QPolygonF places;
@@ -33,14 +28,18 @@ QPolygonF PlacesOf(const std::vector<WorldPoint>& points, const PainterSurface& 
 
 } // namespace
 
+QPen PlanPainter::PenOf(Colour colour, double widthOnPaper) const {
+    return {ToQColor(colour), widthOnPaper * page_.DotsPerCm(), Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+}
+
 void PlanPainter::PaintPicture(const Box& area, const PlanPicture& picture,
                                const std::function<void(PainterSurface&)>& paint) {
     page_.InArea(area, picture.Part, picture.Part, picture.Scale, paint);
     page_.OnPaper(area, [&](Surface& surface) { DrawFrame(surface, area, FrameColour); });
 }
 
-Box PlanPainter::PaintStep(const Box& area, const BuildStep& step) {
-    const PlanPicture picture = PictureOf(plan_, step, SizeOf(area));
+Box PlanPainter::PaintStep(const Box& area, const BuildStep& step, double scale) {
+    const PlanPicture picture = PictureOf(plan_, step, SizeOf(area), scale);
     PaintPicture(area, picture, [&](PainterSurface& surface) {
         PaintBeds(surface, picture, {0, step.First - 1}, false);
         DrawRoom(plan_.Drawing.Room, surface);
@@ -101,25 +100,26 @@ void PlanPainter::PaintBeds(PainterSurface& surface, const PlanPicture& picture,
 void PlanPainter::PaintMarks(PainterSurface& surface, const PlanPicture& picture) {
     for (const FilledArea& mark : picture.Marks)
         surface.Fill(mark.Polygon, mark.Fill);
-    surface.SetFontSize(BadgePoints);
-    QFont font = page_.Painter().font();
-    font.setBold(true);
-    page_.Painter().setFont(font);
-    for (const NumberBadge& badge : picture.Badges)
-        PaintBadge(surface, badge);
+    PaintBadges(picture.Badges, page_.Painter(), surface, page_.DotsPerCm());
+    if (picture.Bar.Length > 0) PaintBar(surface, picture);
 }
 
-void PlanPainter::PaintBadge(PainterSurface& surface, const NumberBadge& badge) {
+void PlanPainter::PaintBar(PainterSurface& surface, const PlanPicture& picture) {
+    const double cm = page_.DotsPerCm();
+    const Box& part = picture.Part;
+    const QPointF corner = surface.PlaceOf({static_cast<float>(part.Left), static_cast<float>(part.Bottom)});
+    const QPointF left = corner + QPointF(BarInset, -BarInset) * cm;
+    const QPointF right = left + QPointF(picture.Bar.Length * cm, 0);
+    const QPointF tick(0, -BarTick * cm);
     QPainter& painter = page_.Painter();
+    surface.SetFontSize(BarPoints);
+    QFont font = painter.font();
+    font.setBold(true);
+    painter.setFont(font);
     painter.setPen(PenOf(Rgb(0, 0, 0), 0.03));
-    const QPointF middle = surface.PlaceOf(badge.Place);
-    if (badge.StandsAside()) painter.drawLine(middle, surface.PlaceOf(badge.Foot));
-    const QPointF half = QPointF(badge.Width, BadgeHeight) * DotsPerPaperCm / 2;
-    const QRectF ground(middle - half, middle + half);
-    painter.setBrush(Qt::white);
-    painter.drawRoundedRect(ground, half.y(), half.y());
-    painter.setBrush(Qt::NoBrush);
-    painter.drawText(ground, Qt::AlignCenter, QString::fromStdString(badge.Text));
+    painter.drawPolyline(QPolygonF({left + tick, left, right, right + tick}));
+    painter.drawText(right + QPointF(BarTextGap * cm, 0), QString::fromStdString(picture.Bar.Text));
+    surface.ForgetPen();
 }
 
 } // namespace pistaro

@@ -12,8 +12,8 @@ class PlanPainter {
 public:
     PlanPainter(const BuildPlan& plan, PaperPage page) : plan_(plan), page_(page) {}
 
-    /// A step's picture. Gives the part of the world that it shows.
-    Box PaintStep(const Box& area, const BuildStep& step);
+    /// A step's picture at that scale, where it fits. Gives the part of the world that it shows.
+    Box PaintStep(const Box& area, const BuildStep& step, double scale);
     /// All that there is to lay.
     void PaintWhole(const Box& area);
     /// All tracks small, with the pieces of a step and the part of its picture marked.
@@ -24,7 +24,8 @@ private:
     void PaintPicture(const Box& area, const PlanPicture& picture, const std::function<void(PainterSurface&)>& paint);
     void PaintBeds(PainterSurface& surface, const PlanPicture& picture, const BuildStep& pieces, bool areNew);
     void PaintMarks(PainterSurface& surface, const PlanPicture& picture);
-    void PaintBadge(PainterSurface& surface, const NumberBadge& badge);
+    void PaintBar(PainterSurface& surface, const PlanPicture& picture);
+    QPen PenOf(Colour colour, double widthOnPaper) const;
 
     const BuildPlan& plan_;
     PaperPage page_;

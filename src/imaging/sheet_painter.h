@@ -1,6 +1,7 @@
 // A sheet of paper by a painter: the drawing in its area, around it name, scale and a rule. For PDF, printer, preview.
 #pragma once
 
+#include "paper/number_badges.h"
 #include "paper/sheets.h"
 
 #include <QPainter>
@@ -22,18 +23,21 @@ public:
     int Count() const { return static_cast<int>(plan_.Sheets.size()) + (HasOverview() ? 1 : 0); }
 
     /// Paints one of them, from 0, over a painter's paper of that resolution, whose dots begin at its corner.
-    void Paint(QPainter& painter, double dotsPerInch, int number) const;
+    void Paint(QPainter& painter, double dotsPerInch, int number);
 
 private:
     bool HasOverview() const { return plan_.Tiled && plan_.Sheets.size() > 1; }
     void PaintOverview(PaperPage& page) const;
-    void PaintSheet(PaperPage& page, const Sheet& sheet) const;
+    void PaintPlainSheet(PaperPage& page, const Sheet& sheet) const;
+    void PaintGuidingSheet(PaperPage& page, std::size_t number);
+    const std::vector<NumberBadge>& NumbersOf(std::size_t sheet);
     void PaintBackdrop(PaperPage& page, const Box& part, double scale) const;
 
     const CircuitDrawing& drawing_;
     const SheetPlan& plan_;
     std::string date_;
     const ScaledBackdrop* backdrop_;
+    std::vector<std::vector<NumberBadge>> numbers_; ///< of each sheet; empty until one is painted
 };
 
 } // namespace pistaro

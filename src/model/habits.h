@@ -15,7 +15,8 @@ struct Habits {
     std::string ExportDots;     ///< an inch
     std::string ExportContents; ///< what was ticked; empty before the first time
     std::string PrintContents;
-    std::string BoxRoom; ///< "240x160": the area that circuits from a box were last laid in, cm
+    std::string PlanEnding; ///< ".html": of the last build plan
+    std::string BoxRoom;    ///< "240x160": the area that circuits from a box were last laid in, cm
 
     bool operator==(const Habits&) const = default;
 };

@@ -27,8 +27,9 @@ struct FileChoice {
     std::string Filter; ///< "name|pattern;pattern|name|pattern"
     std::string DefaultName;
     std::string Folder;
-    /// A typed name with one of these (".pdf") keeps it; another one gets the filter's where it has none of those.
-    std::vector<std::string> OtherEndings = {};
+    /// A typed name that tells a format keeps its ending whatever the filter's are, for who asked to judge it. Other
+    /// names get the filter's.
+    bool KeepsEnding = false;
 };
 
 class Prompts {

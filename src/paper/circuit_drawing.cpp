@@ -132,15 +132,18 @@ std::vector<WorldPoint> NumberPlate(WorldPoint label, std::size_t digits, double
     return {{left, label.Y}, {right, label.Y}, {right, bottom}, {left, bottom}};
 }
 
-void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface) {
-    const ColourScheme& colours = drawing.Preferences.Colours;
+void DrawStrokes(const CircuitDrawing& drawing, const Box& part, Surface& surface) {
     if (drawing.Parts.Grid) DrawGrid(drawing.Preferences, part.Shown(), part.Width(), surface);
     for (const DrawnPiece& piece : drawing.Pieces) {
         if (piece.Extent.Meets(part)) DrawPieceOf(drawing, piece, surface);
     }
     DrawRoom(drawing.Room, surface);
+}
+
+void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface) {
+    DrawStrokes(drawing, part, surface);
     if (!drawing.Parts.Numbers) return;
-    const Colour ink = TextColourOn(colours.Background);
+    const Colour ink = TextColourOn(drawing.Preferences.Colours.Background);
     const double fontSize = NumberSize(surface.PixelsPerCm());
     const Box around = part.Wider(WidestNumber * fontSize);
     surface.SetFontSize(fontSize * surface.PixelsPerCm() / PixelsPerPoint);

@@ -70,7 +70,11 @@ double NumberSize(double pixelsPerCm);
 /// `fontSize` in cm of the world.
 std::vector<WorldPoint> NumberPlate(WorldPoint label, std::size_t digits, double fontSize);
 
-/// Draws what of the drawing lies within a part of the world, pieces whole, onto a surface that shows that part.
+/// Draws what of the drawing but for the numbers lies within a part of the world, pieces whole, onto a surface that
+/// shows that part.
+void DrawStrokes(const CircuitDrawing& drawing, const Box& part, Surface& surface);
+
+/// The same with the numbers.
 void DrawPart(const CircuitDrawing& drawing, const Box& part, Surface& surface);
 
 /// The grid as the preferences have it; lines every 10 cm or 10 in where they have none.

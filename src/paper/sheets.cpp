@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "text/decimal_text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pistaro {
@@ -23,6 +24,7 @@ SheetPlan EmptyPlan(double width, double height, double scale, const SheetOption
     plan.Height = height;
     plan.Scale = scale;
     plan.Header = options.Header;
+    plan.Guides = options.Guides;
     return plan;
 }
 
@@ -43,7 +45,7 @@ SheetPlan SinglePlan(SheetPlan plan, const Box& extent) {
     const Box area = plan.Area();
     const Box part =
         BoxAround(extent.MiddleX(), extent.MiddleY(), area.Width() * plan.Scale, area.Height() * plan.Scale);
-    plan.Sheets = {{"", part, part}};
+    plan.Sheets = {{.Name = "", .Cell = part, .Part = part}};
     plan.Whole = part;
     return plan;
 }
@@ -102,9 +104,10 @@ SheetPlan TilePlan(const CircuitDrawing& drawing, SheetPlan plan, bool wallTiles
     for (const Tile& tile : tiles) {
         const Box cell = BoxAround(grid.Left + (static_cast<double>(tile.Column) + 0.5) * width,
                                    grid.Top - (static_cast<double>(tile.Row) + 0.5) * height, width, height);
-        plan.Sheets.push_back(
-            {ColumnName(tile.Column) + std::to_string(tile.Row + 1), cell, cell.Wider(TileOverlap / 2 * plan.Scale)});
+        plan.Sheets.push_back({ColumnName(tile.Column) + std::to_string(tile.Row + 1), cell,
+                               cell.Wider(TileOverlap / 2 * plan.Scale), tile.Row, tile.Column});
     }
+    plan.Guides = plan.Guides || plan.Sheets.size() > 1;
     if (plan.Sheets.size() > MostTiles)
         throw Fault("Too many tiles", "at " + plan.ScaleText() + " the drawing would take more than " +
                                           std::to_string(MostTiles) + " sheets");
@@ -129,6 +132,13 @@ Box SheetPlan::Area() const {
 }
 
 std::string SheetPlan::ScaleText() const { return ScaleName(Scale); }
+
+const Sheet* SheetPlan::Beside(const Sheet& sheet, int right, int below) const {
+    const auto place = [](const Sheet& tile) { return Tile{tile.Row, tile.Column}; };
+    const Tile wanted{sheet.Row + below, sheet.Column + right};
+    const auto found = std::ranges::lower_bound(Sheets, wanted, {}, place);
+    return found != Sheets.end() && place(*found) == wanted ? &*found : nullptr;
+}
 
 SheetPlan PlanSheets(const CircuitDrawing& drawing, const SheetOptions& options) {
     if (options.Tiles) return BestTilePlan(drawing, options);

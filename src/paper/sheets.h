@@ -18,6 +18,7 @@ struct SheetOptions {
     pistaro::Orientation Orientation = pistaro::Orientation::Automatic;
     bool Tiles = false;
     bool Header = true;    ///< a line of words above and a rule below the drawing
+    bool Guides = false;   ///< what helps who lays the track by it; several tiles have that always
     bool WallTiles = true; ///< also those of a circuit's tiles that show nothing of it but the room's walls
 };
 
@@ -25,12 +26,14 @@ struct Sheet {
     std::string Name; ///< "A1": column and row; empty where there is but one
     Box Cell;         ///< what of the world stays of it when it is cut
     Box Part;         ///< what it shows: with the strips that overlap its neighbours
+    long long Row = 0, Column = 0;
 };
 
 struct SheetPlan {
     double Width = 0, Height = 0; ///< of the paper as it lies, cm
     double Scale = 1;             ///< the N of 1:N
     bool Header = false;
+    bool Guides = false; ///< the circuit's size, a rule of track, and numbers clear of lines
     bool Tiled = false;
     std::vector<Sheet> Sheets; ///< those that hold something, by rows from the top
     Box Whole;                 ///< what of the world all of them cover
@@ -40,6 +43,8 @@ struct SheetPlan {
     Box Area() const;
     /// "1:2.5"
     std::string ScaleText() const;
+    /// The tile so many columns to the right and rows below; null where none is.
+    const Sheet* Beside(const Sheet& sheet, int right, int below) const;
 };
 
 inline constexpr int MostTiles = 10000;

@@ -22,8 +22,8 @@ struct Tile {
 
 enum class Walls { Count, DoNotCount };
 
-/// The tiles that a stroke of the drawing crosses or a number's place lies in; the grid alone makes no tile worth its
-/// paper, nor do the room's walls where they do not count. The search ends when they are more than `most`.
+/// The tiles that a stroke of the drawing crosses or a numbered piece has its middle in; the grid alone makes no tile
+/// worth its paper, nor do the room's walls where they do not count. The search ends when they are more than `most`.
 std::set<Tile> TilesOf(const CircuitDrawing& drawing, const TileGrid& grid, std::size_t most, Walls walls);
 
 } // namespace pistaro

@@ -10,7 +10,7 @@ namespace pistaro {
 
 namespace {
 
-std::vector<NeededPieces> Needed(const Catalogue& catalogue, const CircuitDrawing& drawing) {
+std::vector<NeededPieces> Needed(const Catalogue& catalogue, const Stock& stock, const CircuitDrawing& drawing) {
     std::vector<int> counts(static_cast<std::size_t>(catalogue.Count()));
     for (const DrawnPiece& piece : drawing.Pieces)
         ++counts[static_cast<std::size_t>(catalogue.Find(piece.Code)->StockIndex)];
@@ -18,7 +18,8 @@ std::vector<NeededPieces> Needed(const Catalogue& catalogue, const CircuitDrawin
     for (int row = 0; row < catalogue.Count(); ++row) {
         const int count = counts[static_cast<std::size_t>(row)];
         if (count > 0)
-            needed.push_back({std::string(ProductCode(catalogue[row].Code)), catalogue[row].LongName, count});
+            needed.push_back({std::string(ProductCode(catalogue[row].Code)), catalogue[row].LongName, count,
+                              std::max(0, count - std::max<int>(0, stock[row].OwnedCount))});
     }
     return needed;
 }
@@ -83,6 +84,23 @@ std::vector<StepLine> BuildPlan::LinesOf(const Catalogue& catalogue, const Build
     return lines;
 }
 
+std::string BuildPlan::LackText() const {
+    constexpr std::size_t mostNames = 12;
+    if (!StockIsKnown || Needed.empty()) return {};
+    int lacking = 0;
+    std::size_t named = 0;
+    std::string names;
+    for (const NeededPieces& needed : Needed) {
+        if (needed.Lacking == 0) continue;
+        lacking += needed.Lacking;
+        if (++named > mostNames) continue;
+        names += (named == 1 ? "" : ", ") + std::to_string(needed.Lacking) + " × " + needed.Code;
+    }
+    if (lacking == 0) return "You own all of these pieces";
+    return "You lack " + std::to_string(lacking) + " of these pieces: " + names +
+           (named > mostNames ? " and others" : "");
+}
+
 std::vector<std::string> BuildPlan::Facts() const {
     std::vector<std::string> facts;
     if (!Steps.empty()) {
@@ -99,6 +117,7 @@ std::vector<std::string> BuildPlan::Facts() const {
             facts.push_back("The room measures " + SizeText(room.Width(), room.Height(), units));
         }
     }
+    if (const std::string lack = LackText(); !lack.empty()) facts.push_back(lack);
     if (!LeftOut.empty()) facts.push_back(LeftOut);
     return facts;
 }
@@ -106,7 +125,9 @@ std::vector<std::string> BuildPlan::Facts() const {
 BuildPlan BuildPlanOf(const Catalogue& catalogue, const Project& project, int track) {
     BuildPlan plan;
     plan.Drawing = DrawingOf(catalogue, project, {.Track = track, .Room = true});
-    plan.Needed = Needed(catalogue, plan.Drawing);
+    plan.Needed = Needed(catalogue, project.Stock, plan.Drawing);
+    plan.StockIsKnown =
+        std::ranges::any_of(project.Stock.Products, [](const ProductStock& product) { return product.OwnedCount > 0; });
     plan.Steps = Steps(plan.Drawing.Pieces);
     plan.LeftOut = LeftOut(catalogue, project.Design.Circuit, track);
     return plan;

@@ -19,6 +19,7 @@ struct NeededPieces {
     std::string Code; ///< the product's
     std::string Name;
     int Count = 0;
+    int Lacking = 0; ///< of them more than are owned
 };
 
 /// A piece as a step's list has it: "0", "C160", "standard straight".
@@ -32,7 +33,8 @@ struct BuildPlan {
     CircuitDrawing Drawing; ///< its pieces are in the order of laying
     std::vector<NeededPieces> Needed;
     std::vector<BuildStep> Steps;
-    std::string LeftOut; ///< which elements are in no step, since their codes are unknown; empty without such
+    bool StockIsKnown = false; ///< some piece, be it another one, is owned
+    std::string LeftOut;       ///< which elements are in no step, since their codes are unknown; empty without such
 
     const DrawnPiece& Piece(int at) const { return Drawing.Pieces[static_cast<std::size_t>(at)]; }
 
@@ -43,8 +45,10 @@ struct BuildPlan {
     /// How the numbers of pieces are to be read, for people who count from 1.
     static constexpr const char* OnNumbers =
         "Pieces bear the numbers that the drawing shows: each track begins with 0.";
+    /// "You lack 5 of these pieces: 3 × C151, 2 × C160"; empty where nobody told what is owned.
+    std::string LackText() const;
     /// What stands at the plan's head, a line each: how many pieces in how many steps, how large the circuit and its
-    /// room are in the user's units, what is left out.
+    /// room are in the user's units, what its user lacks, what is left out.
     std::vector<std::string> Facts() const;
 };
 

@@ -34,8 +34,8 @@ h1 { margin: 0 0 0.4em; } h2 { margin: 1em 0 0.5em; } p { margin: 0.3em 0; }
 svg { flex: 1; width: 100%; box-sizing: border-box; }
 .whole { max-height: 30em; margin-top: 1em; }
 .lanes, .way, .room, .shown { fill: none; } .lanes { stroke-opacity: 0.4; } .way { stroke-linejoin: round; }
-.foot { stroke: #000; } .badge { fill: #fff; stroke: #000; }
-text { fill: #000; font-weight: bold; text-anchor: middle; }
+.foot { stroke: #000; fill: none; } .badge { fill: #fff; stroke: #000; }
+text { fill: #000; font-weight: bold; text-anchor: middle; } text.length { text-anchor: start; }
 @media screen and (max-width: 44em) { .step div { flex-direction: column; } .step div div { order: 0; } svg { flex: none; } }
 @page { size: auto; margin: 1.5cm; @bottom-right { content: "page " counter(page) " of " counter(pages); } }
 @media print {
@@ -105,6 +105,7 @@ public:
         for (const std::string& fact : plan_.Facts())
             page_ += "<p>" + HtmlText(fact) + "</p>\n";
         if (!plan_.Steps.empty()) page_ += std::string("<p>") + BuildPlan::OnNumbers + "</p>\n";
+        scales_ = StepScales(plan_, StepArea);
         AddShapes();
         AddNeeded();
         AddWhole();
@@ -156,14 +157,14 @@ private:
         OpenWorld(picture);
         AddPieces("before", LaidBefore.EdgeWidth * picture.Scale, 0, plan_.Steps.size());
         AddRoom(picture);
-        CloseWorld(picture);
+        CloseWorld(picture, WholeArea);
     }
 
     void AddStep(std::size_t number) {
         const BuildStep& step = plan_.Steps[number];
         page_ += "<div class=\"step\"><h3>Step " + std::to_string(number + 1) + ": " + plan_.TitleOf(step) +
                  "</h3>\n<div>\n";
-        const PlanPicture picture = PictureOf(plan_, step, StepArea);
+        const PlanPicture picture = PictureOf(plan_, step, StepArea, scales_[number]);
         AddPicture(number, picture);
         page_ += "<div><table>\n";
         for (const StepLine& line : plan_.LinesOf(catalogue_, step))
@@ -179,7 +180,7 @@ private:
         AddPieces("before", LaidBefore.EdgeWidth * picture.Scale, 0, number);
         AddRoom(picture);
         AddPieces("new", LaidNow.EdgeWidth * picture.Scale, number, number + 1);
-        CloseWorld(picture);
+        CloseWorld(picture, StepArea);
     }
 
     void AddOverview(std::size_t number, const Box& whole) {
@@ -193,7 +194,7 @@ private:
                  "\"/></g>\n<rect class=\"shown\"" + Attribute("x", shown.Left) + Attribute("y", -shown.Top) +
                  Attribute("width", shown.Width()) + Attribute("height", shown.Height()) +
                  Attribute("stroke-width", ShownWidth * picture.Scale) + "/>\n";
-        CloseWorld(picture);
+        CloseWorld(picture, OverviewArea);
     }
 
     /// What comes now is in cm of the world, y downwards.
@@ -205,13 +206,22 @@ private:
     }
 
     /// Adds marks and numbers, and ends the picture.
-    void CloseWorld(const PlanPicture& picture) {
+    void CloseWorld(const PlanPicture& picture, PictureArea area) {
         for (const FilledArea& mark : picture.Marks)
             page_ += "<path fill=\"" + HexText(mark.Fill) + "\" d=\"" + PolygonPath(mark.Polygon) + "\"/>\n";
         page_ += "</g>\n";
         for (const NumberBadge& badge : picture.Badges)
             AddBadge(picture, badge);
+        if (picture.Bar.Length > 0) AddBar(picture.Bar, area.Height - BarInset);
         page_ += "</svg>\n";
+    }
+
+    void AddBar(const ScaleBar& bar, double y) {
+        const std::string tick = Number(BarTick);
+        page_ += "<path class=\"foot\" stroke-width=\".03\" d=\"M" + Number(BarInset) + ' ' + Number(y - BarTick) +
+                 'v' + tick + 'h' + Number(bar.Length) + "v-" + tick + "\"/><text class=\"length\"" +
+                 Attribute("font-size", FontHeight) + Attribute("x", BarInset + bar.Length + BarTextGap) +
+                 Attribute("y", y) + '>' + bar.Text + "</text>\n";
     }
 
     void AddPieces(const char* look, double strokeWidth, std::size_t from, std::size_t to) {
@@ -245,6 +255,7 @@ private:
 
     const Catalogue& catalogue_;
     const BuildPlan& plan_;
+    std::vector<double> scales_; ///< of the steps' pictures
     std::string page_;
 };
 

@@ -2,10 +2,10 @@
 // stand on it so that they can be read.
 #pragma once
 
+#include "paper/number_badges.h"
 #include "render/track_bed.h"
 #include "report/build_plan.h"
 
-#include <string>
 #include <vector>
 
 namespace pistaro {
@@ -15,22 +15,10 @@ struct PictureArea {
     double Width = 0, Height = 0;
 };
 
-/// A number on a plain ground.
-struct NumberBadge {
-    std::string Text;
-    WorldPoint Place; ///< its middle
-    WorldPoint Foot;  ///< what it tells of: a line leads there, unless it stands on it
-    double Width = 0; ///< cm of paper
-
-    bool StandsAside() const { return Place != Foot; }
-};
-
-inline constexpr double BadgeHeight = 0.5; ///< cm of paper, as the widths below
-
 /// How a track bed is drawn.
 struct BedLook {
     Colour Fill, Edge;
-    double EdgeWidth;
+    double EdgeWidth; ///< cm of paper, as the widths below
 };
 inline constexpr BedLook LaidBefore{Rgb(0xEE, 0xEE, 0xEE), Rgb(0xAA, 0xAA, 0xAA), 0.02};
 inline constexpr BedLook LaidNow{Rgb(0xFF, 0xD3, 0x4D), Rgb(0, 0, 0), 0.045};
@@ -40,15 +28,30 @@ inline constexpr double ThinnestWay = 0.06;
 inline constexpr Colour ShownColour = Rgb(0x1F, 0x4E, 0xA8); ///< of the frame around what a step's picture shows
 inline constexpr double ShownWidth = 0.04;
 
+/// A length of the world, in a picture's lower left corner.
+struct ScaleBar {
+    double Length = 0; ///< cm of paper; none where it is 0
+    std::string Text;  ///< "50 cm"
+};
+inline constexpr double BarInset = 0.25;   ///< of its left end from the corner, to the right and up
+inline constexpr double BarTick = 0.12;    ///< up from its ends
+inline constexpr double BarTextGap = 0.12; ///< between it and its words
+
 struct PlanPicture {
     Box Part;         ///< of the world, of the area's proportions
     double Scale = 1; ///< cm of the world to a cm of paper
     std::vector<NumberBadge> Badges;
+    ScaleBar Bar;
     std::vector<FilledArea> Marks; ///< the chequered start lines and arrows the way the cars go
 };
 
-/// The new pieces of a step, each with its number, and what lies around them; an arrow leads to the first of them.
-PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area);
+/// A scale for each step's picture in such areas: one for all, so that pieces are as large in each; but where a step
+/// would be less than half as large as it fits, it and others like it have one of their own.
+std::vector<double> StepScales(const BuildPlan& plan, PictureArea area);
+
+/// The new pieces of a step, each with its number, and what lies around them; an arrow leads to the first of them. At
+/// that scale, or the one at which they fit where that shows more.
+PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area, double scale = 0);
 
 /// All tracks of a plan that has steps; its numbers are those of the steps, from 1, where there are several.
 PlanPicture WholePicture(const BuildPlan& plan, PictureArea area);

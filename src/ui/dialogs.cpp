@@ -2,6 +2,7 @@
 
 #include "editor/start_up.h"
 #include "ui/frmBackground.h"
+#include "ui/frmBuildPlan.h"
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
 #include "ui/frmExport.h"
@@ -62,6 +63,8 @@ void Dialogs::ShowPurchase(const PurchaseReport& report) { ShowModally(frmPurcha
 void Dialogs::ShowExport() { ShowModally(frmExport(session_, &window_)); }
 
 void Dialogs::ShowPrint() { ShowModally(frmPrint(session_, &window_)); }
+
+void Dialogs::ShowBuildPlan() { ShowModally(frmBuildPlan(session_, &window_)); }
 
 void Dialogs::PutOnClipboard(const Clipping& clipping) {
     auto data = std::make_unique<QMimeData>();

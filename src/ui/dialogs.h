@@ -29,6 +29,7 @@ public:
     void ShowBackground(const ScaledBackground& proposed) override;
     void ShowExport() override;
     void ShowPrint() override;
+    void ShowBuildPlan() override;
     void PutOnClipboard(const Clipping& clipping) override;
     std::string ClipboardText() override;
     void TellBriefly(const std::string& text) override;

@@ -2,10 +2,10 @@
 
 #include "commands/background_commands.h"
 #include "ui/named_controls.h"
+#include "ui/opacity_field.h"
 
 #include <QFormLayout>
 
-#include <cmath>
 #include <numbers>
 
 namespace pistaro {
@@ -13,7 +13,6 @@ namespace pistaro {
 namespace {
 
 constexpr double DegreesPerRadian = 180 / std::numbers::pi;
-constexpr int Percent = 100;
 
 QDoubleSpinBox* NewLengthBox(const char* name, double least, double most, double value) {
     auto* const box = Named(new QDoubleSpinBox, name);
@@ -88,14 +87,10 @@ QGroupBox* frmBackground::PlaceFrame() {
     connect(spnTurn_, &QDoubleSpinBox::valueChanged, this,
             [this](double degrees) { picBackground_->SetTurn(degrees / DegreesPerRadian); });
     spnTurn_->setValue(background_.Angle * DegreesPerRadian);
-    spnOpacity_ = Named(new QSpinBox, "spnOpacity");
-    spnOpacity_->setSuffix(" %");
-    spnOpacity_->setRange(static_cast<int>(LeastOpacity * Percent), Percent);
-    spnOpacity_->setSingleStep(10);
-    spnOpacity_->setToolTip("How much of the picture shows: less lets the track stand out");
+    spnOpacity_ = ForOpacity(Named(new QSpinBox, "spnOpacity"));
     connect(spnOpacity_, &QSpinBox::valueChanged, this,
-            [this](int percent) { picBackground_->SetOpacity(static_cast<double>(percent) / Percent); });
-    spnOpacity_->setValue(static_cast<int>(std::lround(background_.Opacity * Percent)));
+            [this](int percent) { picBackground_->SetOpacity(OpacityOf(percent)); });
+    spnOpacity_->setValue(PercentOf(background_.Opacity));
     picBackground_->SetOpacity(background_.Opacity);
     auto* const form = new QFormLayout(frame);
     form->addRow("Middle &X:", spnX_);
@@ -153,7 +148,7 @@ ScaledBackground frmBackground::Chosen() const {
     chosen.X = spnX_->value();
     chosen.Y = spnY_->value();
     chosen.Angle = spnTurn_->value() / DegreesPerRadian;
-    chosen.Opacity = static_cast<double>(spnOpacity_->value()) / Percent;
+    chosen.Opacity = OpacityOf(spnOpacity_->value());
     if (const std::vector<QPointF>& marks = picBackground_->Marks(); marks.size() == 2)
         chosen.Measured = {marks[0].x(), marks[0].y(), marks[1].x(), marks[1].y(), spnDistance_->value()};
     return chosen;

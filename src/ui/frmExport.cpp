@@ -2,24 +2,33 @@
 
 #include "imaging/sheet_picture.h"
 #include "platform/fault.h"
+#include "stats/detail.h"
+#include "text/count_text.h"
 #include "ui/choice_list.h"
 #include "ui/named_controls.h"
+#include "ui/preview_lines.h"
+#include "ui/purpose_beside.h"
 
-#include <QAbstractItemView>
 #include <QFontDatabase>
-#include <QFormLayout>
-#include <QPainter>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace pistaro {
 
 namespace {
 
-constexpr std::array Formats{ExportFormat::Png, ExportFormat::Svg, ExportFormat::Pdf,
-                             ExportFormat::Dxf, ExportFormat::Csv, ExportFormat::Json};
+constexpr std::array Formats{ExportFormat::Png, ExportFormat::Svg,          ExportFormat::Pdf, ExportFormat::Dxf,
+                             ExportFormat::Csv, ExportFormat::ShoppingList, ExportFormat::Json};
+
+/// As it is remembered; others are by their endings.
+constexpr const char* ShoppingHabit = "-shopping.csv";
+
+std::optional<ExportFormat> FormatOfHabit(const std::string& habit) {
+    return habit == ShoppingHabit ? ExportFormat::ShoppingList : ExportFormatOf("x" + habit);
+}
 
 /// How the size of a drawing is chosen.
 enum class Size { OnPaper, ToScale, ScaleOnPaper, Tiles, Width };
@@ -42,7 +51,30 @@ bool Offers(ExportFormat format, Size size) {
     return format == ExportFormat::Png || format == ExportFormat::Svg || format == ExportFormat::Pdf;
 }
 
-bool IsTable(ExportFormat format) { return format == ExportFormat::Csv || format == ExportFormat::Json; }
+bool IsText(ExportFormat format) {
+    return format == ExportFormat::Csv || format == ExportFormat::ShoppingList || format == ExportFormat::Json;
+}
+
+/// Why no size can be chosen; empty where one can.
+const char* WhyNoSize(ExportFormat format) {
+    if (IsText(format)) return "This file holds text and no drawing, so it has no size.";
+    return format == ExportFormat::Dxf ? "A construction is always at full size, in centimetres." : "";
+}
+
+QString TableText(const CircuitDrawing& drawing) {
+    return QString("A table of %1 pieces, a line each: code, name, where it lies. Counts and prices are in another "
+                   "format: Shopping list (CSV).")
+        .arg(drawing.Pieces.size());
+}
+
+QString ShoppingText(const Detail& detail) {
+    int count = 0;
+    for (const CountLabel& label : detail.Labels)
+        count += label.Count;
+    if (count == 0) return "Nothing is to be bought: you own all of these pieces.";
+    return Shown(CountText(count, "piece")) +
+           " to buy, beyond those that you own. Settings ▸ Loose Track takes what you own, and prices.";
+}
 
 /// "21 × 29.7 cm"
 QString LengthsText(double width, double height, const Units& units) {
@@ -65,71 +97,6 @@ QString SizeText(const PlannedSheets& sheets, ExportFormat format, const ExportO
     const PixelSize pixels = SheetPixels(plan, DotsPerInchOf(plan, options));
     return QString("%1 × %2 pixels, %3").arg(pixels.Width).arg(pixels.Height).arg(atScale);
 }
-
-/// As much of a file as a preview shows: whole lines, or a part of a line that is longer than that.
-QString FirstLines(const QString& text) {
-    constexpr qsizetype most = 4000; // characters
-    if (text.size() <= most) return text;
-    const qsizetype end = text.lastIndexOf('\n', most - 1) + 1;
-    return text.left(end > 0 ? end : most) + "…";
-}
-
-/// A line of a table with its lengths and angles to three digits: what is smaller comes of computing.
-QString RoundedLine(const QString& line) {
-    constexpr int firstNumber = 4; // of the columns
-    QStringList fields = line.split(',');
-    for (qsizetype field = firstNumber; field < fields.size(); ++field) {
-        bool isNumber = false;
-        const double value = fields[field].toDouble(&isNumber);
-        if (isNumber) fields[field] = QString::number(std::round(value * 1000) / 1000 + 0.0, 'g', 10);
-    }
-    return fields.join(',');
-}
-
-QString Rounded(const QString& table) {
-    QStringList lines = QString(table).remove('\r').split('\n');
-    for (QString& line : lines)
-        line = RoundedLine(line);
-    return lines.join('\n');
-}
-
-/// Entries of an open list with a second column, paler: what each is for.
-class PurposeBeside : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    static constexpr int Gap = 16; ///< pixels
-
-    static int Width(const QComboBox& list) {
-        int widest = 0;
-        for (int row = 0; row < list.count(); ++row)
-            widest = std::max(widest, list.fontMetrics().horizontalAdvance(Purpose(list.model()->index(row, 0))));
-        return CaptionsWidth(*list.model(), list.fontMetrics()) + widest + 3 * Gap;
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        QStyledItemDelegate::paint(painter, option, index);
-        const bool chosen = option.state & QStyle::State_Selected;
-        painter->setPen(option.palette.color(chosen ? QPalette::HighlightedText : QPalette::PlaceholderText));
-        const QRect place = option.rect.adjusted(CaptionsWidth(*index.model(), option.fontMetrics) + Gap, 0, 0, 0);
-        painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft, Purpose(index));
-    }
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        constexpr int air = 6; // pixels
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, air);
-    }
-
-private:
-    static QString Purpose(const QModelIndex& index) { return index.data(Qt::UserRole + 1).toString(); }
-
-    static int CaptionsWidth(const QAbstractItemModel& model, const QFontMetrics& metrics) {
-        int widest = 0;
-        for (int row = 0; row < model.rowCount(); ++row)
-            widest = std::max(widest, metrics.horizontalAdvance(model.index(row, 0).data().toString()));
-        return widest;
-    }
-};
 
 template <typename Value>
 Value SizeOf(const QComboBox& list) {
@@ -167,12 +134,9 @@ QGroupBox* frmExport::FormatFrame() {
     auto* const frame = new QGroupBox("Format");
     auto* const form = new QFormLayout(frame);
     cboFormat_ = Named(new ChoiceList, "cboFormat");
-    for (const ExportFormat format : Formats) {
-        cboFormat_->addItem(CaptionOf(format), static_cast<int>(format));
-        cboFormat_->setItemData(cboFormat_->count() - 1, PurposeOf(format), Qt::UserRole + 1);
-    }
-    cboFormat_->setItemDelegate(new PurposeBeside(cboFormat_));
-    cboFormat_->view()->setMinimumWidth(PurposeBeside::Width(*cboFormat_));
+    for (const ExportFormat format : Formats)
+        PurposeBeside::Add(*cboFormat_, CaptionOf(format), static_cast<int>(format), PurposeOf(format));
+    new PurposeBeside(*cboFormat_); // which is the list's
     lblPurpose_ = Named(new QLabel, "lblPurpose");
     lblPurpose_->setForegroundRole(QPalette::PlaceholderText);
     form->addRow("&Format:", cboFormat_);
@@ -186,7 +150,7 @@ void frmExport::BeginAsLastTime() {
     if (const double scale = Shown(habits.ExportScale).toDouble(); scale > 0) spnScale_->setValue(scale);
     if (const int width = Shown(habits.ExportWidth).toInt(); width > 0) spnWidth_->setValue(width);
     if (const int dots = Shown(habits.ExportDots).toInt(); dots > 0) spnDots_->setValue(dots);
-    if (const auto last = ExportFormatOf("x" + habits.ExportEnding)) {
+    if (const auto last = FormatOfHabit(habits.ExportEnding)) {
         const QSignalBlocker followedBelow(cboFormat_);
         cboFormat_->setCurrentIndex(cboFormat_->findData(static_cast<int>(*last)));
     }
@@ -198,8 +162,8 @@ void frmExport::BeginAsLastTime() {
 }
 
 QGroupBox* frmExport::SizeFrame() {
-    fraSize_ = new QGroupBox("Size");
-    auto* const form = new QFormLayout(fraSize_);
+    auto* const frame = new QGroupBox("Size");
+    sizeRows_ = new QFormLayout(frame);
     cboSize_ = Named(new ChoiceList, "cboSize");
     cboSize_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     for (const SizeChoice& size : SizeChoices)
@@ -219,20 +183,24 @@ QGroupBox* frmExport::SizeFrame() {
     spnWidth_->setRange(16, 30000);
     spnWidth_->setValue(1600);
     spnWidth_->setSuffix(" pixels");
-    form->addRow("&Size:", cboSize_);
-    form->addRow("&Paper:", cboPaper_);
-    form->addRow("S&cale:", spnScale_);
-    form->addRow("&Resolution:", spnDots_);
-    form->addRow("&Width:", spnWidth_);
     chkWalls_ = NewWallsBox(session_.Habits.ExportContents);
-    form->addRow(chkWalls_);
+    lblNoSize_ = Named(new QLabel, "lblNoSize");
+    lblNoSize_->setWordWrap(true);
+    sizeRows_->addRow("&Size:", cboSize_);
+    sizeRows_->addRow("&Paper:", cboPaper_);
+    sizeRows_->addRow("S&cale:", spnScale_);
+    sizeRows_->addRow("&Resolution:", spnDots_);
+    frame->setMinimumSize(frame->sizeHint()); // no size takes more rows; the window keeps its own
+    sizeRows_->addRow("&Width:", spnWidth_);
+    sizeRows_->addRow(chkWalls_);
+    sizeRows_->addRow(lblNoSize_);
     connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QSpinBox* const box : {spnDots_, spnWidth_})
         connect(box, &QSpinBox::valueChanged, this, [this] { PlanAgain(); });
     connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] { PlanAgain(); });
     connect(cboPaper_, &QComboBox::currentIndexChanged, this, [this] { PlanAgain(); });
     connect(cboSize_, &QComboBox::currentIndexChanged, this, [this] { FollowSize(); });
-    return fraSize_;
+    return frame;
 }
 
 QLayout* frmExport::PreviewColumn() {
@@ -245,6 +213,7 @@ QLayout* frmExport::PreviewColumn() {
     txtLines_ = Named(new QPlainTextEdit, "txtLines");
     txtLines_->setAccessibleName("The file's first lines");
     txtLines_->setReadOnly(true);
+    txtLines_->setLineWrapMode(QPlainTextEdit::NoWrap);
     txtLines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     txtLines_->setFixedSize(picSheet_->size());
     txtLines_->hide();
@@ -291,20 +260,31 @@ void frmExport::FollowFormat() {
         }
         if (cboSize_->count() > 0) cboSize_->setCurrentIndex(0); // a list with a placeholder chooses nothing itself
     }
-    cboSize_->setPlaceholderText(IsTable(format) ? "No drawing" : "At its full size");
-    fraSize_->setEnabled(cboSize_->count() > 0);
+    ShowRow(cboSize_, cboSize_->count() > 0);
+    lblNoSize_->setText(WhyNoSize(format));
+    ShowRow(lblNoSize_, cboSize_->count() == 0);
     lblPurpose_->setText(PurposeOf(format));
-    parts_->EnableDrawing(!IsTable(format), Offers(format, Size::OnPaper));
+    parts_->EnableDrawing(!IsText(format), Offers(format, Size::OnPaper));
     FollowSize();
 }
 
 void frmExport::FollowSize() {
+    const bool hasSize = cboSize_->count() > 0;
     const Size size = SizeOf<Size>(*cboSize_);
-    cboPaper_->setEnabled(size == Size::OnPaper || size == Size::ScaleOnPaper || size == Size::Tiles);
-    spnScale_->setEnabled(size == Size::ToScale || size == Size::ScaleOnPaper || size == Size::Tiles);
-    spnWidth_->setEnabled(size == Size::Width);
-    spnDots_->setEnabled(Format() == ExportFormat::Png && size != Size::Width);
+    const auto isOneOf = [&](std::initializer_list<Size> sizes) {
+        return hasSize && std::ranges::find(sizes, size) != sizes.end();
+    };
+    ShowRow(cboPaper_, isOneOf({Size::OnPaper, Size::ScaleOnPaper, Size::Tiles}));
+    ShowRow(spnScale_, isOneOf({Size::ToScale, Size::ScaleOnPaper, Size::Tiles}));
+    ShowRow(spnWidth_, isOneOf({Size::Width}));
+    ShowRow(spnDots_, Format() == ExportFormat::Png && !isOneOf({Size::Width}));
+    ShowRow(chkWalls_, isOneOf({Size::Tiles}));
     PlanAgain();
+}
+
+void frmExport::ShowRow(QWidget* field, bool shown) {
+    sizeRows_->setRowVisible(field, shown);
+    field->setEnabled(shown);
 }
 
 void frmExport::PlanAgain() {
@@ -312,7 +292,7 @@ void frmExport::PlanAgain() {
     const ExportOptions chosen = Chosen();
     chkWalls_->setEnabled(chosen.Sheets.Tiles && chosen.Parts.Room && !session_.Project.Design.Room.Points.empty());
     bool can = false;
-    const bool isText = IsTable(Format());
+    const bool isText = IsText(Format());
     QWidget* const views[] = {picSheet_, txtLines_};
     views[isText ? 0 : 1]->hide(); // before the other one comes, or the window would grow for a moment
     views[isText ? 1 : 0]->show();
@@ -329,18 +309,23 @@ void frmExport::PlanAgain() {
 }
 
 void frmExport::ShowLines() {
-    const bool isTable = Format() == ExportFormat::Csv;
-    txtLines_->setLineWrapMode(isTable ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
-    txtLines_->setWordWrapMode(QTextOption::WrapAnywhere);
-    const QString text = FirstLines(Shown(ExportBytes(session_.Catalogue, session_.Project, Format(), Chosen())));
-    txtLines_->setPlainText(isTable ? Rounded(text) : text);
-    txtLines_->setToolTip(isTable ? "Rounded to three digits here; the file has all of them" : "");
+    const std::string bytes = ExportBytes(session_.Catalogue, session_.Project, Format(), Chosen());
+    txtLines_->setPlainText(PreviewLines(bytes, Format()));
+    const bool isRounded = Format() == ExportFormat::Csv;
+    const bool isIndented = Format() == ExportFormat::Json;
+    txtLines_->setToolTip(isRounded    ? "Rounded to three digits here; the file has all of them"
+                          : isIndented ? "Indented here; the file is one line"
+                                       : "");
 }
 
 QString frmExport::PlannedText() {
     const ExportOptions options = Chosen();
     CircuitDrawing drawing = DrawingOf(session_.Catalogue, session_.Project, options.Parts);
-    if (IsTable(Format())) return QString("A table of %1 pieces; no drawing.").arg(drawing.Pieces.size());
+    if (Format() == ExportFormat::Csv) return TableText(drawing);
+    if (Format() == ExportFormat::Json) return QString("%1 pieces; no drawing.").arg(drawing.Pieces.size());
+    if (Format() == ExportFormat::ShoppingList)
+        return ShoppingText(ShowDetail(session_.Catalogue, session_.Project.Stock, session_.Project.Design.Circuit,
+                                       options.Parts.Track, false));
     auto backdrop = TakeBackdrop(drawing, session_.Pictures);
     SheetPlan plan = PlanExport(drawing, Format(), options);
     sheets_ = {std::move(drawing), std::move(plan), std::move(backdrop)};
@@ -369,7 +354,7 @@ void frmExport::Export() {
 
 void frmExport::Remember() {
     Habits& habits = session_.Habits;
-    habits.ExportEnding = EndingOf(Format());
+    habits.ExportEnding = Format() == ExportFormat::ShoppingList ? ShoppingHabit : EndingOf(Format());
     habits.Paper = cboPaper_->currentText().toStdString();
     habits.ExportContents = parts_->Remembered(*chkWalls_);
     habits.ExportScale = QString::number(spnScale_->value()).toStdString();

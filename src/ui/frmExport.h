@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSpinBox>
@@ -28,9 +29,11 @@ private:
     QLayout* Buttons();
     ExportFormat Format() const;
     ExportOptions Chosen() const;
-    /// Enables what the format has a use for.
+    /// Shows and enables what the format has a use for.
     void FollowFormat();
     void FollowSize();
+    /// Or hides and disables it.
+    void ShowRow(QWidget* field, bool shown);
     /// Shows what the fields come to, or tells why that cannot be.
     void PlanAgain();
     /// Shows the first lines of a file of text. Fault: it cannot be written.
@@ -48,12 +51,12 @@ private:
     QDoubleSpinBox* spnScale_ = nullptr;
     QSpinBox *spnDots_ = nullptr, *spnWidth_ = nullptr;
     QCheckBox* chkWalls_ = nullptr;
-    QGroupBox* fraSize_ = nullptr;
+    QFormLayout* sizeRows_ = nullptr;
     DrawnPartsBox* parts_ = nullptr;
     std::optional<PlannedSheets> sheets_;
     SheetPreview* picSheet_ = nullptr;
     QPlainTextEdit* txtLines_ = nullptr; ///< in the preview's place where there is no drawing
-    QLabel *lblPurpose_ = nullptr, *lblPlanned_ = nullptr;
+    QLabel *lblPurpose_ = nullptr, *lblPlanned_ = nullptr, *lblNoSize_ = nullptr;
     QPushButton* cmdExport_ = nullptr;
 };
 

@@ -58,7 +58,7 @@ QGroupBox* frmPrint::PaperFrame() {
     spnScale_->setRange(1, 50);
     spnScale_->setValue(1);
     spnScale_->setEnabled(false);
-    form->addRow("&Paper:", cboPaper_);
+    form->addRow("P&aper:", cboPaper_);
     form->addRow("O&rientation:", cboOrientation_);
     form->addRow(optFit_);
     form->addRow(optScale_, spnScale_);
@@ -76,7 +76,7 @@ QGroupBox* frmPrint::PaperFrame() {
 }
 
 QLayout* frmPrint::PreviewColumn() {
-    picSheet_ = Named(new SheetPreview(sheets_, date_, {420, 420}), "picSheet");
+    picSheet_ = Named(new SheetPreview(sheets_, date_, {460, 420}), "picSheet");
     picSheet_->setAccessibleName("Preview of the sheet");
     spnSheet_ = Named(new QSpinBox, "spnSheet");
     spnSheet_->setPrefix("Sheet ");
@@ -87,7 +87,6 @@ QLayout* frmPrint::PreviewColumn() {
     lblSheets_->setWordWrap(true);
     lblSheets_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblSheets_->setMinimumHeight(2 * lblSheets_->fontMetrics().lineSpacing()); // whatever is told, nothing moves
-    lblFloor_ = Named(new QLabel, "lblFloor");
     lblShown_ = Named(new QLabel, "lblShown");
     lblShown_->setMinimumWidth(lblShown_->fontMetrics().horizontalAdvance("Tile AAA1000"));
     const auto turn = [this](const char* name, Qt::ArrowType arrow, const char* words, int step) {
@@ -108,30 +107,28 @@ QLayout* frmPrint::PreviewColumn() {
     auto* const column = new QVBoxLayout;
     column->addWidget(picSheet_);
     column->addLayout(pages);
-    column->addWidget(lblFloor_);
     column->addWidget(lblSheets_);
     return column;
 }
 
 QLayout* frmPrint::Buttons() {
     cmdPrint_ = NewButton("cmdPrint", "&Print…");
-    cmdPdf_ = NewButton("cmdPdf", "P&DF…");
-    QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
+    cmdPdf_ = NewButton("cmdPdf", "Save as P&DF…");
+    QPushButton* const cmdClose = NewButton("cmdClose", "Close");
     cmdPrint_->setDefault(true);
     cmdPdf_->setToolTip("Write the sheets into a PDF file");
     connect(cmdPrint_, &QPushButton::clicked, this, [this] { Print(); });
     connect(cmdPdf_, &QPushButton::clicked, this, [this] {
-        bool written = false;
         session_.Do([&] {
-            written = ExportSheets(
+            const bool written = ExportSheets(
                 session_, [&] { return PdfOf(sheets_->Drawing, sheets_->Plan, date_, sheets_->Backdrop.get()); });
+            if (written) Remember();
         });
-        if (written) Finish();
     });
-    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     auto* const row = new QHBoxLayout;
     row->addStretch();
-    for (QPushButton* const button : {cmdPrint_, cmdPdf_, cmdCancel})
+    for (QPushButton* const button : {cmdPrint_, cmdPdf_, cmdClose})
         row->addWidget(button);
     return row;
 }
@@ -142,6 +139,7 @@ SheetOptions frmPrint::Chosen() const {
     options.Orientation = static_cast<Orientation>(cboOrientation_->currentIndex());
     options.Tiles = optScale_->isChecked();
     if (options.Tiles) options.Scale = spnScale_->value();
+    options.Guides = true;
     options.WallTiles = chkWalls_->isChecked();
     return options;
 }
@@ -158,11 +156,9 @@ void frmPrint::PlanAgain() {
         const int count = sheets_->Painter({}).Count();
         spnSheet_->setMaximum(count);
         spnSheet_->setSuffix(QString(" of %1").arg(count));
-        lblSheets_->setText(SheetsText(*sheets_));
-        lblFloor_->setText(FloorText(*sheets_, cboPaper_->currentText()));
+        lblSheets_->setText(PrintedText(*sheets_, cboPaper_->currentText()));
     } catch (const Fault& fault) {
         lblSheets_->setText(Shown(fault.what()));
-        lblFloor_->clear();
     }
     for (QWidget* const control :
          {static_cast<QWidget*>(cmdPrint_), static_cast<QWidget*>(cmdPdf_), static_cast<QWidget*>(spnSheet_)}) {
@@ -183,7 +179,7 @@ bool frmPrint::WantsSheets() const {
     constexpr int many = 20;
     const int count = sheets_->Painter({}).Count();
     if (count <= many) return true;
-    const std::string question = FloorText(*sheets_, cboPaper_->currentText()).toStdString() + ". Print them all?";
+    const std::string question = PrintedText(*sheets_, cboPaper_->currentText()).toStdString() + ". Print them all?";
     const std::string action = "Print " + std::to_string(count) + " &Sheets";
     return session_.Prompts.AskWhether(question, action) == Answer::Ok;
 }
@@ -199,13 +195,14 @@ void frmPrint::Print() {
         PrintSheets(*sheets_, date_, printer);
         printed = true;
     });
-    if (printed) Finish();
+    if (!printed) return;
+    Remember();
+    accept();
 }
 
-void frmPrint::Finish() {
+void frmPrint::Remember() {
     session_.Habits.Paper = cboPaper_->currentText().toStdString();
     session_.Habits.PrintContents = parts_->Remembered(*chkWalls_);
-    accept();
 }
 
 void PrintSheets(const PlannedSheets& sheets, const std::string& date, QPrinter& printer) {
@@ -216,7 +213,7 @@ void PrintSheets(const PlannedSheets& sheets, const std::string& date, QPrinter&
     printer.setPageSize(QPageSize(QSizeF(shorter, longer), QPageSize::Millimeter));
     printer.setPageOrientation(plan.Width > plan.Height ? QPageLayout::Landscape : QPageLayout::Portrait);
     printer.setFullPage(true);
-    const SheetPainter painted = sheets.Painter(date);
+    SheetPainter painted = sheets.Painter(date);
     QPainter painter;
     if (!painter.begin(&printer)) throw Fault("Not printed", "the printer does not take this paper now");
     for (int sheet = 0; sheet < painted.Count(); ++sheet) {

@@ -18,7 +18,8 @@ class QPrinter;
 
 namespace pistaro {
 
-/// Modal. Print asks for the printer, PDF for a file; both close the dialog when the sheets are out.
+/// Modal. Print asks for the printer and closes when the sheets are out; a PDF is written and told of, and the dialog
+/// stays.
 class frmPrint : public QDialog {
 public:
     explicit frmPrint(Session& session, QWidget* parent = nullptr);
@@ -37,8 +38,8 @@ private:
     /// Whether so many sheets are wanted: asks where they are many.
     bool WantsSheets() const;
     void Print();
-    /// Closes when the sheets are out.
-    void Finish();
+    /// What was chosen stands there the next time.
+    void Remember();
 
     Session& session_;
     const std::string date_; ///< as it stands in the headers
@@ -48,7 +49,7 @@ private:
     QDoubleSpinBox* spnScale_ = nullptr;
     QCheckBox* chkWalls_ = nullptr;
     QSpinBox* spnSheet_ = nullptr;
-    QLabel *lblSheets_ = nullptr, *lblFloor_ = nullptr, *lblShown_ = nullptr;
+    QLabel *lblSheets_ = nullptr, *lblShown_ = nullptr;
     SheetPreview* picSheet_ = nullptr;
     QToolButton *cmdPrevious_ = nullptr, *cmdNext_ = nullptr;
     QPushButton *cmdPrint_ = nullptr, *cmdPdf_ = nullptr;

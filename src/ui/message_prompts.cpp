@@ -1,6 +1,6 @@
 #include "ui/message_prompts.h"
 
-#include "platform/files.h"
+#include "platform/file_endings.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -62,12 +62,10 @@ struct Filters {
         }
     }
 
-    QString WithEnding(const QString& file, const std::vector<std::string>& others) const {
-        const auto ends = [&](const QString& ending) { return file.endsWith(ending, Qt::CaseInsensitive); };
-        const auto matches = [&](const QString& pattern) { return ends(pattern.mid(1)); };
-        const auto isOther = [&](const std::string& ending) { return ends(QString::fromStdString(ending)); };
+    QString WithEnding(const QString& file, bool keepsOthers) const {
+        const auto matches = [&](const QString& pattern) { return file.endsWith(pattern.mid(1), Qt::CaseInsensitive); };
         const bool keeps = Patterns.isEmpty() || std::any_of(Patterns.begin(), Patterns.end(), matches) ||
-                           std::ranges::any_of(others, isOther);
+                           (keepsOthers && TellsFormat(PathFromText(file.toStdString())));
         return keeps ? file : file + Patterns.first().mid(1);
     }
 
@@ -135,7 +133,7 @@ std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the program asks itself
     dialog.setNameFilters(filters.Names);
     if (!choice.DefaultName.empty())
-        dialog.selectFile(filters.WithEnding(QString::fromStdString(choice.DefaultName), {}));
+        dialog.selectFile(filters.WithEnding(QString::fromStdString(choice.DefaultName), false));
     const bool hasOneEndingEach = filters.Names.size() == filters.Patterns.size();
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
         if (!choice.Saving || !hasOneEndingEach || dialog.selectedFiles().isEmpty()) return;
@@ -145,7 +143,7 @@ std::optional<std::filesystem::path> MessagePrompts::ChooseFile(const FileChoice
     });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QString file = dialog.selectedFiles().constFirst();
-    return PathFromText((choice.Saving ? filters.WithEnding(file, choice.OtherEndings) : file).toStdString());
+    return PathFromText((choice.Saving ? filters.WithEnding(file, choice.KeepsEnding) : file).toStdString());
 }
 
 } // namespace pistaro

@@ -5,6 +5,7 @@
 #include "platform/fault.h"
 #include "text/number_text.h"
 #include "ui/named_controls.h"
+#include "ui/opacity_field.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -18,7 +19,6 @@ namespace pistaro {
 namespace {
 
 constexpr int Margin = 6;
-constexpr int Percent = 100;
 constexpr double GripPixels = 12; ///< around the handle
 constexpr double DragStep = 10;   ///< cm, of a drag in steps
 constexpr double TurnStep = std::numbers::pi / 16;
@@ -73,15 +73,12 @@ PictureBar::PictureBar(Session& session, CircuitView& view)
 
 QLayout* PictureBar::Fields() {
     constexpr int width = 140; // pixels
-    sldOpacity_->setRange(static_cast<int>(LeastOpacity * Percent), Percent);
-    sldOpacity_->setFixedWidth(width);
-    sldOpacity_->setPageStep(10);
-    sldOpacity_->setToolTip("How much of the picture shows: less lets the track stand out");
+    ForOpacity(sldOpacity_)->setFixedWidth(width);
     auto* const caption = new QLabel("&Opacity:");
     caption->setBuddy(sldOpacity_);
     connect(sldOpacity_, &QSlider::valueChanged, this, [this](int percent) {
         ScaledBackground faded = *session_.Project.Background;
-        faded.Opacity = static_cast<double>(percent) / Percent;
+        faded.Opacity = OpacityOf(percent);
         Lay(faded, "Fade Background", "fade background");
     });
     QPushButton* const cmdSize = NewButton("cmdPictureSize", "Si&ze and Place…");
@@ -136,7 +133,7 @@ const ScaledBackground& PictureBar::Now() const { return proposed_ ? *proposed_ 
 
 void PictureBar::ShowFrame() {
     const QSignalBlocker asItLies(sldOpacity_);
-    sldOpacity_->setValue(static_cast<int>(std::lround(Now().Opacity * Percent)));
+    sldOpacity_->setValue(PercentOf(Now().Opacity));
     const RoomPolygon& room = session_.Project.Design.Room;
     const auto corner = [&](double right, double up) { return PartAt(Now(), room, pixels_, right, up); };
     const WorldPoint corners[] = {corner(-1, -1), corner(1, -1), corner(1, 1), corner(-1, 1)};

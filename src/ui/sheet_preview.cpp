@@ -21,17 +21,24 @@ QString SheetsText(const PlannedSheets& sheets) {
     return text;
 }
 
-QString FloorText(const PlannedSheets& sheets, const QString& paper) {
+QString PrintedText(const PlannedSheets& sheets, const QString& paper) {
     const SheetPlan& plan = sheets.Plan;
     const int count = sheets.Painter({}).Count();
-    const char* const way = plan.Width > plan.Height ? "landscape" : "portrait";
-    QString text = QString(count == 1 ? "%1 sheet of %2, %3" : "%1 sheets of %2, %3").arg(count).arg(paper, way);
-    if (count == 1) return text;
+    const QString scale = Shown(plan.ScaleText());
+    const QString leftOut = plan.LeftOut > 0 ? QString("; %1 with walls alone left out").arg(plan.LeftOut) : QString();
+    if (count == 1) {
+        const char* const way = plan.Width > plan.Height ? "landscape" : "portrait";
+        return QString("1 sheet of %1, %2, at %3").arg(paper, way, scale) + leftOut;
+    }
     const bool inches = sheets.Drawing.Preferences.Units.Inches;
     const double unit = inches ? 2.54 : 100; // cm
     const auto length = [&](double world) { return QString::number(world / plan.Scale / unit, 'f', inches ? 0 : 1); };
-    return text + QString("; laid out about %1 × %2 %3")
-                      .arg(length(plan.Whole.Width()), length(plan.Whole.Height()), inches ? "in" : "m");
+    return QString("%1 sheets of %2 at %3: an overview and %4 tiles, covering %5\u00A0×\u00A0%6\u00A0%7")
+               .arg(count)
+               .arg(paper, scale)
+               .arg(plan.Sheets.size())
+               .arg(length(plan.Whole.Width()), length(plan.Whole.Height()), inches ? "in" : "m") +
+           leftOut;
 }
 
 QString SheetText(const PlannedSheets& sheets, int number) {

@@ -43,6 +43,7 @@ constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFol
                                       {"habits/exportDots", &Habits::ExportDots},
                                       {"habits/exportContents", &Habits::ExportContents},
                                       {"habits/printContents", &Habits::PrintContents},
+                                      {"habits/planEnding", &Habits::PlanEnding},
                                       {"habits/boxRoom", &Habits::BoxRoom}};
 constexpr const char* PlaceKey = "window/place";
 constexpr const char* PanelsKey = "window/panels";

@@ -73,7 +73,7 @@ TEST_F(Browser, WouldTellAMissingPictureOfTheGuide) {
 }
 
 TEST_F(Browser, LoadsEveryPictureOfTheManualAndFindsThePlacesOfItsLinks) {
-    EXPECT_THAT(LoadedPage(ManualCopy() / "help.html"), HasSubstr("data-probe=\"pictures=82 missing=[] broken=[]\""));
+    EXPECT_THAT(LoadedPage(ManualCopy() / "help.html"), HasSubstr("data-probe=\"pictures=83 missing=[] broken=[]\""));
 }
 
 TEST_F(Browser, WouldTellAMissingPictureAndABrokenLinkOfTheManual) {
@@ -82,7 +82,7 @@ TEST_F(Browser, WouldTellAMissingPictureAndABrokenLinkOfTheManual) {
     const auto page = manual / "help.html";
     WriteBytes(page, Replaced(BytesOf(page), "id=\"menus\"", ""));
 
-    EXPECT_THAT(LoadedPage(page), HasSubstr("data-probe=\"pictures=82 missing=[about.png] broken=[#menus]\""));
+    EXPECT_THAT(LoadedPage(page), HasSubstr("data-probe=\"pictures=83 missing=[about.png] broken=[#menus]\""));
 }
 
 } // namespace pistaro

@@ -245,6 +245,39 @@ TEST_F(ScaledBackgrounds, ThatWereJustImportedAreShownWholeAndDraggedToTheirPlac
     session_.Windows = &windows_;
 }
 
+TEST_F(ScaledBackgrounds, ThatWerePlacedAnewAreShownWhole) {
+    Lay(600);
+    LayingWindows windows(session_);
+    session_.Windows = &windows;
+
+    Run("background place");
+
+    EXPECT_EQ(windows.Opened, "background ");
+    EXPECT_GE(session_.Project.Design.View.Width, 1200) << "600 pixels of 2 cm";
+    session_.Windows = &windows_;
+}
+
+TEST_F(ScaledBackgrounds, ThatStayWhereTheyAreLeaveTheViewAlone) {
+    Lay(600);
+    const float width = session_.Project.Design.View.Width;
+
+    Run("background place");
+
+    EXPECT_EQ(session_.Project.Design.View.Width, width);
+}
+
+TEST_F(ScaledBackgrounds, AreTakenOfNoPdfWhichIsToldInWords) {
+    WriteBytes(folder_ / "floor.pdf", "%PDF-1.4\n");
+    user_.Files.push_back(folder_ / "floor.pdf");
+
+    Run("background import");
+
+    EXPECT_EQ(windows_.Opened, "");
+    EXPECT_EQ(LastTold(), "Invalid picture: " + (folder_ / "floor.pdf").string() +
+                              ": this is a PDF, no BMP, GIF, JPEG or PNG picture. Save its page as PNG or JPEG first; "
+                              "most programs that show a PDF can export it so, and a picture of the screen will do");
+}
+
 TEST_F(ScaledBackgrounds, AreRefusedWhenTheirFileIsNoPicture) {
     WriteBytes(folder_ / "floor.png", "");
     user_.Files.push_back(folder_ / "floor.png");

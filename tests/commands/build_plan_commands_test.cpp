@@ -14,9 +14,10 @@ namespace {
 
 class BuildPlanFromTheWindow : public testing::Test {
 protected:
-    void Write(const char* name) {
+    std::optional<PlanFormat> Write(const char* name, PlanFormat format = PlanFormat::Html,
+                                    const PaperSize& paper = PaperA4) {
         user_.Files = {folder_ / name};
-        session_.Run(*session_.Commands.Find("build plan"));
+        return WriteBuildPlan(session_, BuildPlanOf(Pieces(), session_.Project, AllTracks), format, paper);
     }
 
     OffscreenGraphics graphics_;
@@ -49,16 +50,34 @@ TEST_F(BuildPlanFromTheWindow, TellsWhereItIsWhenNoProgramOpensIt) {
     EXPECT_TRUE(BytesOf(folder_ / "x.html").starts_with("<!DOCTYPE html>"));
 }
 
-TEST_F(BuildPlanFromTheWindow, IsProposedWhereTheLastFileWentAndOnThePaperOfTheLastTime) {
+TEST_F(BuildPlanFromTheWindow, IsProposedWhereTheLastFileWentAndWrittenOnItsPaper) {
     const NoViewer none;
-    session_.Habits.Paper = "Letter";
 
-    Write("x.pdf");
-    Write("y.pdf");
+    EXPECT_EQ(Write("x.pdf", PlanFormat::Pdf, *FindPaper("Letter")), PlanFormat::Pdf);
+    EXPECT_EQ(Write("y.html"), PlanFormat::Html);
 
     EXPECT_NE(BytesOf(folder_ / "x.pdf").find("/MediaBox [0 0 612.000000 792.000000]"), std::string::npos);
+    EXPECT_EQ(user_.Dialogs.at(0).DefaultName, "circuit-plan.pdf");
     EXPECT_EQ(user_.Dialogs.at(1).Folder, folder_.Path().string());
     EXPECT_EQ(user_.Dialogs.at(1).DefaultName, "circuit-plan.html");
+}
+
+TEST_F(BuildPlanFromTheWindow, IsOfTheFormatWhoseEndingIsTyped) {
+    const NoViewer none;
+
+    EXPECT_EQ(Write("x.PDF"), PlanFormat::Pdf);
+
+    EXPECT_TRUE(BytesOf(folder_ / "x.PDF").starts_with("%PDF"));
+}
+
+TEST_F(BuildPlanFromTheWindow, ProposesItsOwnEndingForOneThatItDoesNotKnow) {
+    user_.Answers = {Answer::Cancel};
+
+    EXPECT_EQ(Write("c.jpg"), std::nullopt);
+
+    EXPECT_EQ(user_.Asked.at(0).Text,
+              "c.jpg cannot be written: files here end in .html or .pdf. Write c.html instead?");
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
 }
 
 TEST_F(BuildPlanFromTheWindow, TellsWhichElementsItLeavesOut) {

@@ -55,7 +55,7 @@ private:
 /// Commands that draw pictures or start a viewer take too long to be given thousands of times.
 bool IsSlow(const Command& command) {
     return command.Id == "guide" || command.Id == "save picture" || command.Id == "manual" || command.Id == "copy" ||
-           command.Id == "balance" || command.Id == "build plan";
+           command.Id == "balance";
 }
 
 /// The products' used counts by an independent count: heads by their codes, right hands under the left ones.

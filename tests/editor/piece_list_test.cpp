@@ -43,7 +43,7 @@ TEST(PieceList, OfProductsNeedsNoHands) {
 TEST(PieceList, OfSomethingElseIsRefusedInWords) {
     const auto fault = [](const char* text) { return FaultOf([&] { ParsePieceList(Pieces(), text); }); };
     EXPECT_EQ(fault(""), "Type mismatch: there is no list of pieces such as \"C160 x3, C151L\"");
-    EXPECT_EQ(fault("Hello world"), "Type mismatch: \"HELLO\" is no piece");
+    EXPECT_EQ(fault("Hello world"), "Type mismatch: \"HELLO\" and \"WORLD\" are no pieces");
     EXPECT_EQ(fault("C160, C151"),
               "Type mismatch: \"C151\" is no piece; it is C151L to the left and C151R to the right");
     EXPECT_EQ(fault("C160 3"), "Type mismatch: a number of pieces stands before no piece");
@@ -52,6 +52,18 @@ TEST(PieceList, OfSomethingElseIsRefusedInWords) {
     EXPECT_EQ(fault("C160 x0"), "Overflow: \"X0\" is no number of pieces");
     EXPECT_EQ(fault("C160 x502"), "Overflow: \"X502\" is no number of pieces");
     EXPECT_EQ(fault("C160 x500, C160 x2"), "Subscript out of range: a track holds at most 501 pieces");
+}
+
+TEST(PieceList, TellsEachWordThatIsNoPieceOnce) {
+    const auto fault = [](const char* text) { return FaultOf([&] { ParsePieceList(Pieces(), text); }); };
+    EXPECT_EQ(
+        fault("Y1, C160 x2, C151, Y1 x3, Y2"),
+        "Type mismatch: \"Y1\", \"C151\" and \"Y2\" are no pieces; C151 is C151L to the left and C151R to the right");
+    EXPECT_EQ(fault("A B C D E F G H I"),
+              "Type mismatch: \"A\", \"B\", \"C\", \"D\", \"E\", \"F\", \"G\", \"H\" and \"I\" are no pieces");
+    EXPECT_EQ(fault("A B C D E F G H I J"),
+              "Type mismatch: \"A\", \"B\", \"C\", \"D\", \"E\", \"F\", \"G\", \"H\" and 2 others are no pieces");
+    EXPECT_EQ(fault("Y1 x500, C160 x2"), "Type mismatch: \"Y1\" is no piece") << "not that they are too many";
 }
 
 TEST(PieceList, MayBeMeantByATextThatNamesAPiece) {

@@ -70,6 +70,24 @@ TEST_F(ScaledBackdrops, LetTheGroundShineThroughWhenTheyAreFaded) {
     EXPECT_NEAR(qGreen(dot), (255 + qGreen(Ground())) / 2, 2);
 }
 
+TEST_F(ScaledBackdrops, LieOnTheGridWhichShinesThroughWhereTheyAreFaded) {
+    project_.Preferences.Grid = {.Type = 2, .Step = 5};
+    const auto isPlain = [&](double left, double right) { // a strip of a row in which the grid has its dots
+        for (double x = left; x < right; x += 0.5) {
+            if (At(x, 30) != At(left, 30)) return false;
+        }
+        return true;
+    };
+    EXPECT_FALSE(isPlain(-47, -33)) << "beside the picture are dots";
+    EXPECT_TRUE(isPlain(33, 47)) << "but none over it";
+
+    ScaledBackground faded = *project_.Background;
+    faded.Opacity = 0.4;
+    project_.Background = std::make_shared<const ScaledBackground>(faded);
+
+    EXPECT_FALSE(isPlain(33, 47));
+}
+
 TEST_F(ScaledBackdrops, TurnWithTheRoom) {
     project_.Design.Room.Angle = std::numbers::pi_v<float> / 2; // clockwise: 50, 30 comes to 30, -50
 

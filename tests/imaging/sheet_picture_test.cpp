@@ -64,6 +64,74 @@ TEST(AnOverviewOfTiles, ShowsTheirNamesUponSurfaces) {
     EXPECT_GT(ink(Overview({.Surface = true, .StockColours = false})), 20000) << "letters and edges";
 }
 
+/// A sheet of A4 upright, 254 dots an inch: 100 a cm, 2970 from its foot to its head.
+QImage PaintedSheet(const std::string& codes, const SheetOptions& options, int number, const DrawnParts& parts = {}) {
+    const OffscreenGraphics graphics;
+    const CircuitDrawing drawing = DrawingOf(Pieces(), ProjectOf(codes), parts);
+    const SheetPlan plan = PlanSheets(drawing, options);
+    QImage image(2100, 2970, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    SheetPainter(drawing, plan).Paint(painter, 254, number);
+    return image;
+}
+
+/// How many dots of an area are of the ink in which tiles are named.
+int TileInk(const QImage& image, const QRect& area) {
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x)
+            count += image.pixel(x, y) == qRgb(0x1F, 0x4E, 0xA8) ? 1 : 0;
+    }
+    return count;
+}
+
+TEST(AGuidingSheet, HasARuleOfTrackBesideThatOfPaperUnlessBothAreOne) {
+    // Of 7 cm of paper 5 are 50 cm of track at 1:10, in parts of 1 cm from 11.5 cm on; 1.28 cm above the paper's foot.
+    const auto parts = [](double scale) {
+        const QImage image = PaintedSheet(
+            "C157", {.Scale = scale, .Paper = PaperA4, .Orientation = Orientation::Portrait, .Guides = true}, 0);
+        std::string shades;
+        for (const int x : {1100, 1200, 1300, 1400, 1500, 1600, 1700})
+            shades += qGray(image.pixel(x, 2970 - 119)) < 100 ? 'x' : '-';
+        return shades;
+    };
+
+    EXPECT_EQ(parts(10), "-x-x-x-");
+    EXPECT_EQ(parts(1), "-------");
+}
+
+TEST(ATilesSheet, HasItsNameAboveAndALineToCutAtWhereAnotherOneLies) {
+    // Two straights: three tiles below each other, which stay from 1.5 to 19.5 and from 2.3 to 27.4 cm of the paper.
+    const QImage image = PaintedSheet("C160 C160", {.Scale = 1, .Tiles = true}, 2);
+
+    EXPECT_GT(TileInk(image, {100, 100, 300, 80}), 500) << "its name";
+    EXPECT_GT(TileInk(image, {160, 2970 - 232, 1700, 4}), 1000) << "the line below it, three parts in four dashes";
+    EXPECT_GT(TileInk(image, {160, 228, 1700, 4}), 1000) << "the line above it";
+    EXPECT_EQ(TileInk(image, {148, 400, 4, 2000}), 0) << "nothing continues on the left";
+    EXPECT_GT(TileInk(image, {160, 236, 1700, 70}), 300) << "the upper neighbour's name";
+}
+
+TEST(ATilesSheet, HasItsNameLargeAndPaleBehindTheTrack) {
+    const QImage image = PaintedSheet("C160 C160", {.Scale = 1, .Tiles = true}, 1);
+    int pale = 0;
+    for (int y = 800; y < 2000; ++y) {
+        for (int x = 200; x < 1900; ++x)
+            pale += image.pixel(x, y) == qRgb(0xE4, 0xEB, 0xF7) ? 1 : 0;
+    }
+    EXPECT_GT(pale, 100000) << "10 square cm";
+}
+
+TEST(AGuidingSheet, HasNumbersOnGroundsThatHideLines) {
+    // At 1:3 the straight's middle is the sheet's, and its number's ground 1.17 cm high.
+    const SheetOptions options{.Scale = 3, .Paper = PaperA4, .Orientation = Orientation::Portrait, .Guides = true};
+    const QImage bare = PaintedSheet("C160", options, 0, {.Surface = true});
+    const QImage numbered = PaintedSheet("C160", options, 0, {.Numbers = true, .Surface = true});
+
+    EXPECT_LT(qGray(bare.pixel(1050 - 45, 1485)), 150);
+    EXPECT_EQ(numbered.pixel(1050 - 45, 1485), qRgb(255, 255, 255));
+}
+
 TEST(ASheetsPicture, DrawsThePiecesToScale) {
     // 254 dots an inch are 100 a cm; a sheet of the drawing's own size has a margin of 1 cm.
     const QImage image = Png(ProjectOf("C160"), {.Scale = 10, .Header = false}, 254);

@@ -85,6 +85,28 @@ TEST(Tiles, AreNamedByColumnAndRowFromTheTopLeft) {
     EXPECT_NEAR(plan.Sheets[0].Cell.Top - plan.Sheets[2].Cell.Bottom, 75.3, 1e-9);
 }
 
+TEST(Tiles, KnowWhichOneLiesBesideThem) {
+    const SheetPlan plan = PlanSheets(Drawing(Row(3) + "C151L C151L " + Row(3)), {.Scale = 1, .Tiles = true});
+    const auto beside = [&](std::size_t sheet, int right, int below) {
+        const Sheet* const found = plan.Beside(plan.Sheets[sheet], right, below);
+        return found == nullptr ? "none" : found->Name;
+    };
+
+    EXPECT_EQ(beside(0, 1, 0), "B1");
+    EXPECT_EQ(beside(0, -1, 0), "none");
+    EXPECT_EQ(beside(0, 0, 1), "none") << "A2 holds nothing";
+    EXPECT_EQ(beside(8, 0, -1), "G1") << "of G2";
+    EXPECT_EQ(beside(8, 1, 0), "H2");
+    EXPECT_EQ(beside(13, 0, 1), "none") << "below the last";
+}
+
+TEST(Sheets, GuideWhereThatIsAskedForOrSeveralTilesLieSideBySide) {
+    EXPECT_FALSE(PlanSheets(Drawing("C160"), {.Paper = PaperA4}).Guides);
+    EXPECT_TRUE(PlanSheets(Drawing("C160"), {.Paper = PaperA4, .Guides = true}).Guides);
+    EXPECT_TRUE(PlanSheets(Drawing("C160"), {.Scale = 1, .Tiles = true}).Guides);
+    EXPECT_FALSE(PlanSheets(Drawing("C160"), {.Scale = 5, .Tiles = true}).Guides) << "one tile";
+}
+
 TEST(Tiles, ThatHoldNothingAreLeftOut) {
     // An L of straights: up, then to the left.
     const SheetPlan plan = PlanSheets(Drawing(Row(3) + "C151L C151L " + Row(3)), {.Scale = 1, .Tiles = true});

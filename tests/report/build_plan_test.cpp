@@ -63,6 +63,19 @@ TEST(BuildPlan, TellsHowManyPiecesOnHowMuchFloorInTheUsersUnits) {
               "11 pieces, laid in 2 steps on 6.1 × 151.5 in of floor");
 }
 
+TEST(BuildPlan, TellsWhatItsUserLacksOnceHeToldWhatHeOwns) {
+    Project project = ProjectOf("C160 C160 C160 C151L C151R", "C157");
+    project.Stock = {};
+    EXPECT_EQ(BuildPlanOf(Pieces(), project, AllTracks).LackText(), "") << "he told nothing";
+
+    project.Stock.Of(Pieces().FindHeadRow("C160")).OwnedCount = 1;
+    project.Stock.Of(Pieces().FindHeadRow("C157")).OwnedCount = 4;
+    EXPECT_EQ(BuildPlanOf(Pieces(), project, AllTracks).LackText(), "You lack 4 of these pieces: 2 × C151, 2 × C160");
+    EXPECT_EQ(BuildPlanOf(Pieces(), project, AllTracks).Facts().back(),
+              BuildPlanOf(Pieces(), project, AllTracks).LackText());
+    EXPECT_EQ(BuildPlanOf(Pieces(), project, 1).LackText(), "You own all of these pieces");
+}
+
 TEST(BuildPlan, TellsWhichElementsItLeavesOut) {
     EXPECT_EQ(BuildPlanOf(Pieces(), ProjectOf("C160 X1", "C157"), 1).LeftOut, "") << "of another track";
     EXPECT_EQ(BuildPlanOf(Pieces(), ProjectOf("C160 X1", "C157"), AllTracks).LeftOut,

@@ -51,6 +51,42 @@ TEST(PlanPicture, OfALonePieceShowsItAmongItsNeighbours) {
     EXPECT_DOUBLE_EQ(PictureOf(plan, plan.Steps[1], {12, 7.5}).Scale, 7.5) << "90 cm across";
 }
 
+TEST(PlanPicture, HasTheScaleOfAllSteps) {
+    const BuildPlan plan = PlanOf(Times(10, "C160") + Times(6, "C160"));
+    const PictureArea area{12, 7.8};
+
+    const std::vector<double> scales = StepScales(plan, area);
+
+    ASSERT_EQ(scales.size(), 2U);
+    EXPECT_NEAR(scales[0], 350 / 6.0, 0.01);
+    EXPECT_EQ(scales[1], scales[0]) << "210 cm would fit at 35";
+    EXPECT_EQ(PictureOf(plan, plan.Steps[1], area, scales[1]).Scale, scales[0]);
+}
+
+TEST(PlanPicture, IsLargerWhereItWouldBeLessThanHalfAsLargeAsItFits) {
+    const std::vector<double> scales = StepScales(PlanOf(Times(20, "C160") + Times(4, "C160")), {12, 7.8});
+
+    ASSERT_EQ(scales.size(), 3U);
+    EXPECT_NEAR(scales[0], 350 / 6.0, 0.01);
+    EXPECT_EQ(scales[1], scales[0]);
+    EXPECT_NEAR(scales[2], 140 / 6.0, 0.01);
+}
+
+TEST(PlanPicture, HasABarOfARoundLengthThatNoNumberCovers) {
+    BuildPlan plan = PlanOf(Times(10, "C160"));
+    const PlanPicture picture = PictureOf(plan, plan.Steps[0], {12, 7.8});
+    EXPECT_EQ(picture.Bar.Text, "1 m") << "200 cm would take 3.4 cm of paper";
+    EXPECT_NEAR(picture.Bar.Length, 100 / (350 / 6.0), 0.001);
+    const Box bar{picture.Part.Left, picture.Part.Bottom, picture.Part.Left + 1.9 * picture.Scale,
+                  picture.Part.Bottom + 0.4 * picture.Scale};
+    for (const NumberBadge& badge : picture.Badges)
+        EXPECT_FALSE(GroundOf(picture, badge).Meets(bar)) << badge.Text;
+
+    plan.Drawing.Preferences.Units.Inches = true;
+    EXPECT_EQ(PictureOf(plan, plan.Steps[0], {12, 7.8}).Bar.Text, "50 in");
+    EXPECT_EQ(Overview(plan, plan.Steps[0], {5, 3.7}).Bar.Length, 0) << "it is too small for one";
+}
+
 TEST(PlanPicture, HasTheNumbersOfTheNewPiecesAlone) {
     const BuildPlan plan = PlanOf(Times(12, "C160"));
 

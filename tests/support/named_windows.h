@@ -38,6 +38,7 @@ public:
     }
     void ShowExport() override { Opened += "export "; }
     void ShowPrint() override { Opened += "print "; }
+    void ShowBuildPlan() override { Opened += "build plan "; }
     void PutOnClipboard(const Clipping& clipping) override { Opened += "copy " + clipping.Text + " "; }
     std::string ClipboardText() override { return "C160 x2"; }
     void TellBriefly(const std::string& text) override { Brief = text; }

@@ -5,6 +5,7 @@
 #include "ui/frmAbout.h"
 #include "ui/frmBackground.h"
 #include "ui/frmBox.h"
+#include "ui/frmBuildPlan.h"
 #include "ui/frmColorSelection.h"
 #include "ui/frmColors.h"
 #include "ui/frmDrawArea.h"
@@ -246,6 +247,8 @@ TEST_F(Accessibility, EveryDialogNamesItsControls) {
     ExpectReadable(exports, 8);
     frmPrint print(*Session);
     ExpectReadable(print, 8);
+    frmBuildPlan plan(*Session);
+    ExpectReadable(plan, 6);
     const Recovery recovery(*Session, folder_.Path(), [](const std::function<void()>&) {});
     frmRecovered recovered(*Session, frmRecovered::Occasion::Menu);
     ExpectReadable(recovered, 2);

@@ -41,7 +41,7 @@ protected:
 };
 
 TEST_F(FrmPrint, BeginsWithOneSheetThatShowsAll) {
-    EXPECT_EQ(Label("lblSheets"), "1 sheet at 1:2.7") << "70 cm on 26.1";
+    EXPECT_EQ(Label("lblSheets"), "1 sheet of A4, portrait, at 1:2.7") << "70 cm on 26.1";
     EXPECT_EQ(Find<QSpinBox>("spnSheet").maximum(), 1);
     EXPECT_FALSE(Find<QWidget>("spnScale").isEnabled());
     EXPECT_GT(Ink(), 100);
@@ -51,14 +51,17 @@ TEST_F(FrmPrint, BeginsWithOneSheetThatShowsAll) {
 TEST_F(FrmPrint, TellsHowManySheetsAScaleTakes) {
     ChooseScale(1);
 
-    EXPECT_EQ(Label("lblSheets"), "4 sheets at 1:1: an overview and 3 tiles");
+    EXPECT_EQ(Label("lblSheets"), "4 sheets of A4 at 1:1: an overview and 3 tiles, covering 0.2\u00A0×\u00A00.8\u00A0m")
+        << "three tiles of 18 x 25.1 cm";
     EXPECT_EQ(Find<QSpinBox>("spnSheet").maximum(), 4);
 
     Choose("cboPaper", 0);
-    EXPECT_EQ(Label("lblSheets"), "8 sheets at 1:1: an overview and 7 tiles") << "A5 turned: 18 x 10.2 of each";
+    EXPECT_EQ(Label("lblSheets"), "8 sheets of A5 at 1:1: an overview and 7 tiles, covering 0.2\u00A0×\u00A00.7\u00A0m")
+        << "A5 turned: 18 x 10.2 of each";
     Choose("cboPaper", 1);
     Choose("cboOrientation", 2);
-    EXPECT_EQ(Label("lblSheets"), "6 sheets at 1:1: an overview and 5 tiles") << "turned, 16.4 high";
+    EXPECT_EQ(Label("lblSheets"), "6 sheets of A4 at 1:1: an overview and 5 tiles, covering 0.3\u00A0×\u00A00.8\u00A0m")
+        << "turned, 26.7 x 16.4";
     ExpectNothingClipped();
 }
 
@@ -70,11 +73,14 @@ TEST_F(FrmPrint, LeavesTilesWithWallsAloneOutUnlessTheyAreTicked) {
     Choose("cboOrientation", 1);
     ChooseScale(1);
     ASSERT_TRUE(Find<QWidget>("chkWalls").isEnabled());
-    EXPECT_EQ(Label("lblSheets"), "7 sheets at 1:1: an overview and 6 tiles; 4 with walls alone left out");
+    EXPECT_EQ(Label("lblSheets"), "7 sheets of A4 at 1:1: an overview and 6 tiles, covering "
+                                  "1.1\u00A0×\u00A00.8\u00A0m; 4 with walls alone left out")
+        << "six columns and three rows of 18 x 25.1 cm";
     ExpectNothingClipped();
 
     Press("chkWalls");
-    EXPECT_EQ(Label("lblSheets"), "11 sheets at 1:1: an overview and 10 tiles");
+    EXPECT_EQ(Label("lblSheets"),
+              "11 sheets of A4 at 1:1: an overview and 10 tiles, covering 1.1\u00A0×\u00A00.8\u00A0m");
     Press("chkRoom");
     EXPECT_FALSE(Find<QWidget>("chkWalls").isEnabled());
 }
@@ -86,6 +92,7 @@ TEST_F(FrmPrint, CountsOneTileThatIsLeftWithoutItsWallsAsOneSheet) {
     sheets.Plan.LeftOut = 4;
 
     EXPECT_EQ(SheetsText(sheets), "1 sheet at 1:1; 4 with walls alone left out");
+    EXPECT_EQ(PrintedText(sheets, "A4"), "1 sheet of A4, portrait, at 1:1; 4 with walls alone left out");
 }
 
 TEST_F(FrmPrint, KeepsItsSizeAndThePlaceOfThePreviewWhateverIsChosen) {
@@ -98,7 +105,7 @@ TEST_F(FrmPrint, KeepsItsSizeAndThePlaceOfThePreviewWhateverIsChosen) {
     Choose("cboOrientation", 1);
     QApplication::processEvents();
 
-    EXPECT_EQ(Label("lblSheets"), "7 sheets at 1:1: an overview and 6 tiles; 4 with walls alone left out");
+    EXPECT_TRUE(Label("lblSheets").ends_with("; 4 with walls alone left out")) << "on two lines";
     EXPECT_EQ(dialog_->size(), size);
     EXPECT_EQ(Find<QWidget>("picSheet").geometry(), preview);
 }
@@ -135,14 +142,11 @@ TEST_F(FrmPrint, TurnsThePagesOfThePreviewAndTellsWhichItShows) {
     EXPECT_EQ(Label("lblShown"), "Tile A1");
 }
 
-TEST_F(FrmPrint, TellsHowMuchFloorTheSheetsCover) {
-    EXPECT_EQ(Label("lblFloor"), "1 sheet of A4, portrait");
+TEST_F(FrmPrint, TellsHowMuchFloorTheSheetsCoverInTheUnitsOfTheDesign) {
     ChooseScale(1);
-    EXPECT_EQ(Label("lblFloor"), "4 sheets of A4, portrait; laid out about 0.2 × 0.8 m")
-        << "three tiles of 18 x 25.1 cm";
     project_.Preferences.Units.Inches = true;
     Choose("cboPaper", 3);
-    EXPECT_EQ(Label("lblFloor"), "3 sheets of A2, portrait; laid out about 15 × 43 in")
+    EXPECT_EQ(Label("lblSheets"), "3 sheets of A2 at 1:1: an overview and 2 tiles, covering 15\u00A0×\u00A043\u00A0in")
         << "two tiles of 39 x 54.8 cm, 109.6 together";
     ExpectNothingClipped();
 }
@@ -156,7 +160,8 @@ TEST_F(FrmPrint, AsksBeforeManySheetsArePrinted) {
     Press("cmdPrint");
 
     ASSERT_EQ(prompts_.Asked.size(), 1U);
-    EXPECT_EQ(prompts_.Asked[0].Text, "22 sheets of A4, portrait; laid out about 0.2 × 5.3 m. Print them all?")
+    EXPECT_EQ(prompts_.Asked[0].Text,
+              "22 sheets of A4 at 1:1: an overview and 21 tiles, covering 0.2\u00A0×\u00A05.3\u00A0m. Print them all?")
         << "525 cm on tiles of 25.1";
     EXPECT_TRUE(IsOpen());
 }
@@ -205,7 +210,6 @@ TEST_F(FrmPrint, WritesTheSheetsIntoAPdfWithTheDate) {
 
     const std::string pdf = BytesOf(folder_ / "x.pdf");
     EXPECT_NE(pdf.find("/Count 4"), std::string::npos);
-    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(FrmPrint, TellsWhyThereIsNothingToPrint) {
@@ -245,17 +249,28 @@ TEST_F(FrmPrint, ShowsAllOfTheBackgroundOnASheetAndOnTilesWhatLiesAroundTheTrack
         return count;
     };
     EXPECT_EQ(green(), 0);
-    EXPECT_EQ(Label("lblSheets"), "1 sheet at 1:2.7");
+    EXPECT_EQ(Label("lblSheets"), "1 sheet of A4, portrait, at 1:2.7");
 
     Press("chkBackground");
-    EXPECT_EQ(Label("lblSheets"), "1 sheet at 1:8.5") << "160 cm on 19";
+    EXPECT_EQ(Label("lblSheets"), "1 sheet of A4, portrait, at 1:8.5") << "160 cm on 19";
     EXPECT_GT(green(), 10000);
     ChooseScale(1);
-    EXPECT_EQ(Label("lblSheets"), "4 sheets at 1:1: an overview and 3 tiles") << "as without it";
+    EXPECT_TRUE(Label("lblSheets").starts_with("4 sheets of A4 at 1:1: ")) << "as without it";
     Find<QSpinBox>("spnSheet").setValue(2);
     EXPECT_GT(green(), 10000);
     Press("chkBlackAndWhite");
     EXPECT_EQ(green(), 0);
+}
+
+TEST_F(FrmPrint, StaysWhenAPdfIsWrittenAndHasNothingToCancel) {
+    prompts_.Files.push_back(folder_ / "x.pdf");
+
+    Press("cmdPdf");
+
+    EXPECT_TRUE(std::filesystem::exists(folder_ / "x.pdf"));
+    EXPECT_TRUE(IsOpen());
+    Press("cmdClose");
+    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {

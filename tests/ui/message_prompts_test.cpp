@@ -102,7 +102,7 @@ TEST(MessagePrompts, AFilesNameThatLooksLikeMarkupIsShownAsItStands) {
 class FileDialogs : public ::testing::Test {
 protected:
     /// What the user types into the dialog that saves.
-    std::string SavedAs(const char* typed) {
+    std::string SavedAs(const char* typed, bool keepsEnding = false) {
         WhenShown<QFileDialog>([typed](QFileDialog& dialog) {
             dialog.findChild<QLineEdit*>()->setText(typed);
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
@@ -112,7 +112,7 @@ protected:
                                                        .Filter = "Track files (*.trk)|*.trk",
                                                        .DefaultName = "oval",
                                                        .Folder = Folder.Path().string(),
-                                                       .OtherEndings = {".svg"}});
+                                                       .KeepsEnding = keepsEnding});
         return file ? file->filename().string() : "none";
     }
 
@@ -141,8 +141,15 @@ TEST_F(FileDialogs, ASavedFileGetsTheEndingThatItLacks) {
     EXPECT_EQ(SavedAs("club 2.0"), "club 2.0.trk");
     EXPECT_EQ(SavedAs("club.trk"), "club.trk");
     EXPECT_EQ(SavedAs("CLUB.TRK"), "CLUB.TRK");
-    EXPECT_EQ(SavedAs("club.SVG"), "club.SVG") << "one of the other endings";
     EXPECT_EQ(SavedAs("club.dxf"), "club.dxf.trk");
+}
+
+TEST_F(FileDialogs, AnEndingThatTellsAFormatIsKeptForWhoeverJudgesIt) {
+    EXPECT_EQ(SavedAs("club.SVG", true), "club.SVG");
+    EXPECT_EQ(SavedAs("club.jpg", true), "club.jpg");
+    EXPECT_EQ(SavedAs("club 2.0", true), "club 2.0.trk");
+    EXPECT_EQ(SavedAs("club", true), "club.trk");
+    EXPECT_EQ(SavedAs("club.circuit", true), "club.circuit.trk") << "longer than endings are";
 }
 
 TEST_F(FileDialogs, AProposedNameTakesTheEndingOfTheKindThatIsChosen) {

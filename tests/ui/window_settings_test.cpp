@@ -192,6 +192,7 @@ TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
                         .ExportDots = "150",
                         .ExportContents = "numbers, black and white",
                         .PrintContents = "nothing",
+                        .PlanEnding = ".pdf",
                         .BoxRoom = "240x160"};
     Session->Habits = habits;
     KeepWindow(folder_ / "window.ini", *Window, *Session);
