@@ -68,15 +68,6 @@ bool MayOverwrite(Session& session, const std::vector<std::filesystem::path>& fi
     return true;
 }
 
-/// What is kept from a rectangle's walls makes it a smaller one, in which the search tries no circuit in vain.
-void KeepFromWalls(const BoxWish& wish, LayingTask& task) {
-    if (!wish.Area) return;
-    const int twice = 2 * wish.FromWalls;
-    const Area inner{std::max(1, wish.Area->Width - twice), std::max(1, wish.Area->Height - twice)};
-    task.Room = EmptyArea(inner, wish.MiddleX, wish.MiddleY).Room;
-    task.FromWalls = 0;
-}
-
 } // namespace
 
 Design EmptyArea(Area area, int middleX, int middleY) {
@@ -119,7 +110,6 @@ LayingTask TaskFor(const Session& session, const BoxWish& wish) {
                     .MustHave = wish.MustHave,
                     .Kept = wish.Kept,
                     .FromWalls = wish.FromWalls};
-    KeepFromWalls(wish, task);
     if (wish.LeavesOutDesign) task.LeftOut = RowsOfTracks(session);
     if (!HasWalls(task.Room)) throw Fault("Refused", "the design has no room with walls");
     if (task.Kept && !CanKeep(session.Catalogue, task.Kept->Rows))

@@ -4,7 +4,6 @@
 #include "layout/exit.h"
 #include "search/same_circuit.h"
 #include "search/special_pieces.h"
-#include "search/wall_margin.h"
 
 #include <algorithm>
 
@@ -65,7 +64,7 @@ void BeginOnKept(const std::vector<int>& kept, Rows& rows) {
 } // namespace
 
 CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, const LoopRoom& room)
-    : catalogue_(catalogue), task_(task), room_(room), walls_(task.Room) {
+    : catalogue_(catalogue), task_(task), room_(room) {
     for (const Rows& rows : task.LeftOut)
         keys_.insert(CircuitKey(catalogue, rows));
 }
@@ -103,7 +102,6 @@ std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const Search
     if (!cursor) return std::nullopt;
     LaidLoop laid = LayLoop(catalogue_, rows, *cursor);
     if (!IsClosed(laid) || OverlapsItself(laid, {}) || !room_.Holds(laid)) return std::nullopt;
-    if (!KeepsFromWalls(laid, walls_, task_.FromWalls)) return std::nullopt;
     return Laid{std::move(rows), *cursor, std::move(laid)};
 }
 

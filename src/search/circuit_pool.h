@@ -39,7 +39,6 @@ private:
     const Catalogue& catalogue_;
     const LayingTask& task_;
     const LoopRoom& room_;
-    const RoomFit walls_;
     std::vector<FoundCircuit> found_;
     std::set<std::vector<int>> keys_;
     int whole_ = 0; ///< that use the whole box

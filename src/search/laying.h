@@ -60,9 +60,6 @@ struct FoundCircuit {
 /// there are no others, and what looks quite different before what is much like a better one.
 std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const ScoreWeights& weights);
 
-/// These places in the same order, but with those that look like one before them behind all others.
-std::vector<std::size_t> DifferentFirst(const std::vector<FoundCircuit>& found, std::vector<std::size_t> places);
-
 /// A search that can be watched, and gone on with. Its rounds follow from the task alone.
 class CircuitSearch {
 public:

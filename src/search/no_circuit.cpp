@@ -1,7 +1,7 @@
 #include "search/no_circuit.h"
 
 #include "catalogue/track_geometry.h"
-#include "search/wall_margin.h"
+#include "search/loop.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,7 +76,7 @@ std::string WhyNotKept(const Catalogue& catalogue, const LayingTask& task) {
     const LaidLoop laid = LayLoop(catalogue, task.Kept->Rows, task.Kept->At);
     if (!LoopRoom(task.Room, LoopRoom::UsersTouch).Holds(laid))
         return "The part that is kept does not lie inside the room.";
-    if (!KeepsFromWalls(laid, RoomFit(task.Room), task.FromWalls))
+    if (!LoopRoom(task.Room, LoopRoom::UsersTouch - task.FromWalls).Holds(laid))
         return "The part that is kept lies nearer to a wall than " + std::to_string(task.FromWalls) + " cm.";
     return "";
 }
@@ -94,8 +94,8 @@ std::string WhyNoCircuit(const Catalogue& catalogue, const LayingTask& task) {
                std::to_string(std::lround(systems.Degrees())) + "° in all, and a circuit turns by 360°.";
     if (task.Kept) return WhyNotKept(catalogue, task);
     // Whatever its course, a circuit that does not cross itself runs around a circle of its tightest curve.
-    const LoopRoom room(task.Room);
-    const double depth = std::min(room.Width(), room.Height()) - 2 * task.FromWalls;
+    const LoopRoom room(task.Room, -task.FromWalls);
+    const double depth = std::min(room.Width(), room.Height());
     const double circle = 2 * tightest->Kind.OuterRadius;
     if (circle > depth)
         return "The smallest circle of the box, of " + std::string(ProductCode(tightest->Code)) + ", takes " +

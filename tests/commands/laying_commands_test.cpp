@@ -47,18 +47,18 @@ TEST_F(LayingCommands, MakeATaskOfARectangleAroundItsMiddle) {
     EXPECT_EQ(task.Box.Total(), 12);
 }
 
-TEST_F(LayingCommands, KeepFromTheWallsOfARectangleByASmallerOne) {
+TEST_F(LayingCommands, KeepFromTheWallsOfARectangleAndOfTheDesignsRoom) {
     BoxWish wish = WishOf("C151=8,C160=4");
     wish.FromWalls = 10;
     const LayingTask inRectangle = TaskFor(session_, wish);
-    EXPECT_EQ(inRectangle.Room, EmptyArea({220, 140}).Room);
-    EXPECT_EQ(inRectangle.FromWalls, 0);
+    EXPECT_EQ(inRectangle.Room, EmptyArea({240, 160}).Room);
+    EXPECT_EQ(inRectangle.FromWalls, 10);
 
     wish.Area.reset();
-    session_.Project.Design.Room = EmptyArea({240, 160}).Room;
+    session_.Project.Design.Room = EmptyArea({300, 200}).Room;
     const LayingTask inDesign = TaskFor(session_, wish);
 
-    EXPECT_EQ(inDesign.Room, session_.Project.Design.Room);
+    EXPECT_EQ(inDesign.Room, EmptyArea({300, 200}).Room);
     EXPECT_EQ(inDesign.FromWalls, 10);
 }
 
@@ -82,7 +82,7 @@ TEST_F(LayingCommands, LeaveOutTheDesignsOwnCircuitsWhereThatIsWished) {
 
     wish.LeavesOutDesign = true;
 
-    EXPECT_EQ(TaskFor(session_, wish).LeftOut, std::vector{RowsOf("C160 C160 C151R")});
+    EXPECT_EQ(TaskFor(session_, wish).LeftOut, std::vector<Rows>{RowsOf("C160 C160 C151R")});
 }
 
 TEST_F(LayingCommands, TakeThePiecesOfAllTracks) {
