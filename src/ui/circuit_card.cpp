@@ -100,6 +100,7 @@ void CircuitCard::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     painter->save();
     painter->setFont(option.font);
     const QRect picture(option.rect.topLeft() + QPoint(Margin, Margin), option.decorationSize);
+    if (IsPale) painter->fillRect(picture, option.palette.color(group, QPalette::Base));
     painter->setOpacity(IsPale ? Pale : 1);
     card.icon.paint(painter, picture);
     painter->setOpacity(1);
@@ -112,7 +113,7 @@ void CircuitCard::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     }
     const int high = option.fontMetrics.height();
     const QString number = QString::number(index.row() + 1);
-    const int wide = option.fontMetrics.horizontalAdvance(number) + 2 * InCorner;
+    const int wide = option.fontMetrics.horizontalAdvance(number) + 2 * InCorner + 1; // or a number loses its digits
     PaintPlate(*painter, option.palette, {picture.left() + InCorner, picture.top() + InCorner, wide, high}, number);
     const QString note = lines.mid(Lines).join(", ");
     const QRect foot(picture.left() + InCorner, picture.bottom() - high - InCorner, picture.width() - 2 * InCorner,

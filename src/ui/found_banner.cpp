@@ -4,6 +4,8 @@
 
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 namespace pistaro {
 
 FoundBanner::FoundBanner(std::function<void()> searchAgain)
@@ -12,7 +14,8 @@ FoundBanner::FoundBanner(std::function<void()> searchAgain)
     lblFound_->setWordWrap(true);
     cmdSearchAgain_->setToolTip("Search in the box and the room as they are now; those that are shown go");
     cmdSearchAgain_->hide();
-    setMinimumHeight(cmdSearchAgain_->sizeHint().height()); // so that nothing below moves when it comes
+    // So that nothing below moves when the button comes, nor when the text takes two lines beside it.
+    setMinimumHeight(std::max(cmdSearchAgain_->sizeHint().height(), 2 * lblFound_->fontMetrics().lineSpacing()));
     connect(cmdSearchAgain_, &QPushButton::clicked, this, std::move(searchAgain));
     auto* const row = new QHBoxLayout(this);
     row->addWidget(lblFound_, 1);

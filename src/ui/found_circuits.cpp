@@ -31,14 +31,13 @@ int PictureWidth(int listWidth, int columns) {
 int PictureWidthFor(const QSize& list, int cards, const QFontMetrics& letters) {
     constexpr int largest = 320;
     const int least = CircuitCard::LeastWidth(letters);
-    int width = std::min(PictureWidth(list.width(), FewestColumns), largest);
     for (int columns = FewestColumns; PictureWidth(list.width(), columns) >= least; ++columns) {
-        width = std::min(PictureWidth(list.width(), columns), largest);
+        const int width = std::min(PictureWidth(list.width(), columns), largest);
         const int lines = (cards + columns - 1) / columns;
         const int high = CircuitCard::CardSize(CircuitCard::PictureSize(width), letters).height() + 2 * Spacing;
-        if (lines * high <= list.height()) break;
+        if (lines * high <= list.height()) return width;
     }
-    return std::max(width, least);
+    return least;
 }
 
 } // namespace

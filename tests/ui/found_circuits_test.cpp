@@ -11,7 +11,6 @@ namespace {
 
 class Cards : public MyBox {
 protected:
-    std::string TextOf(int row) { return Circuits().item(row)->text().toStdString(); }
     bool IsTicked(int row) { return Circuits().item(row)->checkState() == Qt::Checked; }
     QScrollBar& Bar() { return *Circuits().verticalScrollBar(); }
 
@@ -36,11 +35,10 @@ protected:
         ASSERT_GT(Bar().maximum(), 300);
     }
 
-    /// Has the length of the longest straight alone count, which turns the order over.
-    void WeighStraightsAlone() {
-        for (int part = 0; part < 10; ++part)
-            At<QSlider>("sldWeight", part).setValue(part == 2 ? 100 : 0);
-    }
+    /// Turns the order over, at once.
+    void PutWindingFirst() { Find<QRadioButton>("optWinding").click(); }
+
+    qulonglong PlaceOf(int row) { return Circuits().item(row)->data(Qt::UserRole).toULongLong(); }
 };
 
 TEST_F(Cards, AreTickedOneByOneAndKeptTogether) {
@@ -50,19 +48,19 @@ TEST_F(Cards, AreTickedOneByOneAndKeptTogether) {
     EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep as Files…");
 
     ClickTick(1);
-    ClickTick(3);
+    ClickTick(2);
     ClickCircuit(0);
     EXPECT_TRUE(IsTicked(1));
-    EXPECT_TRUE(IsTicked(3));
+    EXPECT_TRUE(IsTicked(2));
     EXPECT_FALSE(IsTicked(0)) << "a click elsewhere looks at it";
     EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep 2 as Files…");
     Prompts.Files = {folder / "mine.trk"};
     PressHere("cmdKeepCircuits");
 
     EXPECT_EQ(ReadCircuit(folder / "mine-01.trk").Circuit.Tracks[0].ElementCodes.size(), 12U);
-    EXPECT_EQ(ReadCircuit(folder / "mine-02.trk").Circuit.Tracks[0].ElementCodes.size(), 10U);
-    ClickTick(3);
-    EXPECT_FALSE(IsTicked(3));
+    EXPECT_EQ(ReadCircuit(folder / "mine-02.trk").Circuit.Tracks[0].ElementCodes.size(), 8U) << "the circle";
+    ClickTick(2);
+    EXPECT_FALSE(IsTicked(2));
 }
 
 TEST_F(Cards, AreTickedByTheSpaceBarAndNotOpenedByQuickClicksOnTheirBoxes) {
@@ -90,7 +88,7 @@ TEST_F(Cards, StayWhileTheyAreTickedOrChosen) {
     EXPECT_FALSE(IsTicked(0));
     EXPECT_NE(IsTicked(1), IsTicked(2));
     EXPECT_EQ(Circuits().selectedItems().size(), 1);
-    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "67 %, 8 of 12 pieces");
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "83 %, 10 of 12 pieces");
 }
 
 TEST_F(Cards, ShowTheOneOfSeveralThatWasClickedLast) {
@@ -100,19 +98,19 @@ TEST_F(Cards, ShowTheOneOfSeveralThatWasClickedLast) {
 
     ClickCircuit(4, Qt::ControlModifier);
 
-    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "67 %, 8 of 12 pieces");
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "83 %, 10 of 12 pieces");
     EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep 2 as Files…");
     EXPECT_TRUE(Find<QPushButton>("cmdOpenCircuit").isEnabled());
 }
 
 TEST_F(Cards, ShowANewFirstOneToWhoHasNotScrolled) {
     SearchMany();
-    const std::string first = TextOf(0);
+    const qulonglong first = PlaceOf(0);
 
-    WeighStraightsAlone();
+    PutWindingFirst();
 
     EXPECT_EQ(Bar().value(), 0);
-    EXPECT_NE(TextOf(0), first);
+    EXPECT_NE(PlaceOf(0), first);
     EXPECT_TRUE(Circuits().item(0)->isSelected()) << "nobody has chosen another";
     EXPECT_FALSE(Find<QPushButton>("cmdShowFirst").isVisible());
 }
@@ -128,10 +126,10 @@ TEST_F(Cards, StayWhereTheyAreForWhoHasScrolledAndOfferTheNewFirstOne) {
     const qulonglong place = seen->data(Qt::UserRole).toULongLong();
     const int top = Circuits().visualItemRect(seen).top();
 
-    WeighStraightsAlone();
+    PutWindingFirst();
 
     int row = 0;
-    while (Circuits().item(row)->data(Qt::UserRole).toULongLong() != place)
+    while (PlaceOf(row) != place)
         ++row;
     EXPECT_NE(Circuits().item(row), seen) << "it stands elsewhere in the order";
     EXPECT_EQ(Circuits().visualItemRect(Circuits().item(row)).top(), top);

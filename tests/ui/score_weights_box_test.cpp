@@ -12,7 +12,7 @@ TEST_F(GoodCircuits, FollowTheWeightsAtOnce) {
     OpenBox();
     Search("C151=8,C160=4");
     Circuits().setCurrentRow(0);
-    EXPECT_EQ(Circuits().item(4)->text().toStdString().substr(0, 4), "67 %");
+    EXPECT_EQ(Circuits().item(4)->text().toStdString().substr(0, 4), "83 %");
     QTest::mouseClick(&Find<QToolButton>("cmdFineTune"), Qt::LeftButton);
 
     At<QSlider>("sldWeight", 0).setValue(0); // the use of the box

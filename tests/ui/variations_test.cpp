@@ -50,8 +50,8 @@ TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
 TEST_F(VariationsOfADesign, MarkThePartThatTheyKeep) {
     pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
     project.Preferences.Colours.Active = Rgb(255, 0, 0);
-    project.EditState.CurrentElement[0] = 1;
-    project.EditState.RunFrom = 0;
+    project.EditState.CurrentElement[0] = 3; // two curves: around the two straights there is the design alone
+    project.EditState.RunFrom = 2;
     Open(project);
     const auto redShare = [&] {
         const QImage image = Find<QWidget>("picChosen").grab().toImage();
