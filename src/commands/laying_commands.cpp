@@ -1,22 +1,18 @@
 #include "commands/laying_commands.h"
 
 #include "commands/circuit_commands.h"
-#include "commands/piece_texts.h"
 #include "editor/owned_track.h"
 #include "editor/view_commands.h"
-#include "layout/built_lanes.h"
 #include "layout/room_fit.h"
-#include "model/length_text.h"
 #include "platform/fault.h"
 #include "platform/files.h"
 #include "search/no_circuit.h"
 #include "storage/circuit_file.h"
 #include "storage/sets_file.h"
+#include "storage/settings_file.h"
 #include "text/count_text.h"
-#include "text/fixed_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <memory>
 
@@ -24,82 +20,10 @@ namespace pistaro {
 
 namespace {
 
-constexpr double CmInMetre = 100;
-
-/// How many of each product the track uses, by head row.
-UsedCounts UsedBy(const Session& session, const Track& track) {
-    Circuit circuit;
-    circuit.Tracks.front() = track;
-    return CountUsed(session.Catalogue, circuit);
-}
-
-/// What there is of each product beyond what is used, by head row: "2 × C160, C151"; empty where there is nothing.
-std::string Beyond(const Session& session, const std::vector<int>& there, const UsedCounts& used) {
-    std::vector<std::string> pieces;
-    for (const int row : session.Catalogue.HeadRows()) {
-        const auto at = static_cast<std::size_t>(row);
-        if (there[at] > used[at]) pieces.push_back(CountedPiece(session, row, there[at] - used[at]));
-    }
-    return Listed(pieces);
-}
-
-/// How many of the pieces that would have to be bought have no price.
-int UnpricedOf(const Session& session, const UsedCounts& used) {
-    const Stock& stock = session.Project.Stock;
-    const PieceBox owned = OwnedBox(session.Catalogue, stock);
-    int unpriced = 0;
-    for (const int row : session.Catalogue.HeadRows()) {
-        const auto at = static_cast<std::size_t>(row);
-        if (stock[row].Price == 0) unpriced += std::max(0, used[at] - owned.Counts[at]);
-    }
-    return unpriced;
-}
-
-/// Whether any of the pieces has a price, owned or not.
-bool HasPrices(const Session& session, const UsedCounts& used) {
-    return std::ranges::any_of(session.Catalogue.HeadRows(), [&](int row) {
-        return used[static_cast<std::size_t>(row)] > 0 && session.Project.Stock[row].Price > 0;
-    });
-}
-
-/// The pieces that would have to be bought, with their price.
-std::string LackingText(const Session& session, const Track& track) {
-    const Stock& stock = session.Project.Stock;
-    const UsedCounts used = UsedBy(session, track);
-    const PieceBox owned = OwnedBox(session.Catalogue, stock);
-    const std::string lacking = Beyond(session, used, owned.Counts);
-    if (lacking.empty()) return "nothing";
-    if (!HasPrices(session, used)) return lacking + "; price unknown";
-    return lacking + "; " + PriceText(session, PriceOfMissing(session, track), UnpricedOf(session, used));
-}
-
-/// Whether the user has told what he owns; until then the box is what there is.
-bool OwnsAny(const Session& session) { return OwnedBox(session.Catalogue, session.Project.Stock).Total() > 0; }
-
-std::string PercentText(const LaidCircuit& circuit) {
-    constexpr double hundred = 100;
-    return std::to_string(std::lround(circuit.Used * hundred)) + " %";
-}
-
-std::string PiecesText(const LaidCircuit& circuit) { return std::to_string(circuit.Track.ElementCodes.size()); }
-
-std::array<double, 2> LanesOf(const Session& session, const LaidCircuit& circuit) {
-    return LanesAsBuilt(session.Catalogue, circuit.Track).Lengths;
-}
-
 Design WithTrack(Design design, const Track& track) {
     design.Circuit = EmptyCircuit();
     design.Circuit.Tracks.front() = track;
     return design;
-}
-
-Stretches StretchesOf(const Session& session, const LaidCircuit& circuit) {
-    Rows rows;
-    for (const std::string& code : circuit.Track.ElementCodes) {
-        const int row = session.Catalogue.FindRow(code);
-        if (row >= 0) rows.push_back(row);
-    }
-    return pistaro::StretchesOf(session.Catalogue, rows);
 }
 
 /// By which Save proposes a file beside that of the design that is varied; empty where that has no name.
@@ -118,6 +42,18 @@ std::filesystem::path NumberedFile(const std::filesystem::path& file, std::size_
     numbered += "-" + std::string(digits.size() < 2, '0') + digits;
     numbered += file.extension();
     return numbered;
+}
+
+/// Of the design's tracks, less those that hold an unknown code.
+std::vector<Rows> RowsOfTracks(const Session& session) {
+    std::vector<Rows> tracks;
+    for (const Track& track : session.Project.Design.Circuit.Tracks) {
+        Rows rows;
+        for (const std::string& code : track.ElementCodes)
+            rows.push_back(session.Catalogue.FindRow(code));
+        if (!rows.empty() && std::ranges::min(rows) >= 0) tracks.push_back(std::move(rows));
+    }
+    return tracks;
 }
 
 /// A file that is there already is overwritten only when the user says so.
@@ -152,7 +88,8 @@ bool HasWalls(const RoomPolygon& room) {
 }
 
 bool IsForTheSame(const BoxWish& one, const BoxWish& other) {
-    return one.Box == other.Box && one.Area == other.Area && one.MustHave == other.MustHave && one.Kept == other.Kept;
+    return one.Box == other.Box && one.Area == other.Area && one.FromWalls == other.FromWalls &&
+           one.MustHave == other.MustHave && one.Kept == other.Kept;
 }
 
 Design RoomFor(const Session& session, const BoxWish& wish) {
@@ -171,7 +108,9 @@ LayingTask TaskFor(const Session& session, const BoxWish& wish) {
                     .Seed = wish.Seed,
                     .Count = wish.Count,
                     .MustHave = wish.MustHave,
-                    .Kept = wish.Kept};
+                    .Kept = wish.Kept,
+                    .FromWalls = wish.FromWalls};
+    if (wish.LeavesOutDesign) task.LeftOut = RowsOfTracks(session);
     if (!HasWalls(task.Room)) throw Fault("Refused", "the design has no room with walls");
     if (task.Kept && !CanKeep(session.Catalogue, task.Kept->Rows))
         throw Fault("Refused", "the part that is kept must begin and end within one system");
@@ -179,8 +118,18 @@ LayingTask TaskFor(const Session& session, const BoxWish& wish) {
 }
 
 std::string WhyNeverFulfilled(const Session& session, const BoxWish& wish) {
-    const LayingTask task{.Box = wish.Box, .Room = RoomFor(session, wish).Room, .Kept = wish.Kept};
+    const LayingTask task{
+        .Box = wish.Box, .Room = RoomFor(session, wish).Room, .Kept = wish.Kept, .FromWalls = wish.FromWalls};
     return wish.Box.Total() > 0 && HasWalls(task.Room) ? WhyNoCircuit(session.Catalogue, task) : "";
+}
+
+bool IsRoomOfSettings(const Session& session) {
+    if (session.SettingsPath.empty()) return false;
+    try {
+        return ReadSettings(session.Catalogue, session.SettingsPath).Room == session.Project.Design.Room;
+    } catch (const Fault&) {
+        return false; // it has been told at the start
+    }
 }
 
 std::string RoomSizeText(const RoomPolygon& room) {
@@ -233,62 +182,6 @@ BoxedSets SetsOf(const Session& session) {
 std::string WhyNotVary(const Session& session) {
     if (session.Windows == nullptr) return "Available in the designer only.";
     return BoxOfDesign(session).Total() == 0 ? "There are no pieces to lay in another way." : "";
-}
-
-Cents PriceOfMissing(const Session& session, const Track& track) {
-    const UsedCounts used = UsedBy(session, track);
-    Cents price = 0;
-    for (const int row : session.Catalogue.HeadRows()) {
-        const ProductStock product = session.Project.Stock[row];
-        const int lacking = used[static_cast<std::size_t>(row)] - product.OwnedCount;
-        if (lacking > 0) price += lacking * CentsOf(product.Price);
-    }
-    return price;
-}
-
-std::string UseText(const LaidCircuit& circuit) {
-    return PercentText(circuit) + " of the box, " + PiecesText(circuit) + " pieces";
-}
-
-std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit) {
-    std::string length = FixedText(circuit.Length / CmInMetre, 2) + " m";
-    if (!OwnsAny(session)) return length; // what the box holds need not be bought
-    const Cents price = PriceOfMissing(session, circuit.Track);
-    const bool isKnown = price > 0 || UnpricedOf(session, UsedBy(session, circuit.Track)) == 0;
-    return length + ", " + (isKnown ? PriceText(session, price, 0) : "price unknown");
-}
-
-std::string SizeAndStraightText(const Session& session, const LaidCircuit& circuit) {
-    std::string straight = "straight " + FixedText(StretchesOf(session, circuit).LongestStraight / CmInMetre, 2) + " m";
-    const auto extent = ExtentOf(session.Catalogue, WithTrack(Design(), circuit.Track));
-    if (!extent) return straight;
-    return std::to_string(std::lround(extent->Right - extent->Left)) + " × " +
-           std::to_string(std::lround(extent->Top - extent->Bottom)) + " cm, " + straight;
-}
-
-std::string CornersText(const Session& session, const LaidCircuit& circuit) {
-    const Stretches stretches = StretchesOf(session, circuit);
-    return CountText(stretches.LeftCorners, "corner") + " left, " + std::to_string(stretches.RightCorners) + " right";
-}
-
-std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights) {
-    const std::array<double, 2> lanes = LanesOf(session, circuit);
-    return "lanes differ " + FixedText(std::abs(lanes[0] - lanes[1]), 1) + " cm, score " +
-           FixedText(Score(circuit.Parts, weights), 2);
-}
-
-std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit) {
-    const std::array<double, 2> lanes = LanesOf(session, circuit);
-    const std::string left = Beyond(session, box.Counts, UsedBy(session, circuit.Track));
-    std::vector<CircuitFigure> figures{
-        {"Box used",
-         PercentText(circuit) + ", " + PiecesText(circuit) + " of " + std::to_string(box.Total()) + " pieces"},
-        {"Left over", left.empty() ? "nothing" : left},
-        {"Lap", FixedText(circuit.Length / CmInMetre, 2) + " m"},
-        {"Lanes", FixedText(lanes[0] / CmInMetre, 2) + " m and " + FixedText(lanes[1] / CmInMetre, 2) + " m"},
-    };
-    if (OwnsAny(session)) figures.push_back({"To buy", LackingText(session, circuit.Track)});
-    return figures;
 }
 
 bool OpenAsNew(Session& session, bool varies, const Design& room, const Track& track, std::optional<Circuit>& opened) {

@@ -30,10 +30,12 @@ struct BoxWish {
     PieceBox Box = {};
     std::optional<pistaro::Area> Area = {}; ///< else the room of the design
     int MiddleX = 0, MiddleY = 0;           ///< of the area, cm
+    int FromWalls = 0;                      ///< how far circuits keep from walls, cm
     pistaro::MustHaves MustHave = {};
     std::optional<KeptPart> Kept = {}; ///< of the design
     int Count = 10;
     std::uint64_t Seed = 1;
+    bool LeavesOutDesign = false; ///< none that the design is already
 };
 
 /// Whether both wish for the same circuits, however many of them.
@@ -47,6 +49,9 @@ LayingTask TaskFor(const Session& session, const BoxWish& wish);
 
 /// Why these wishes can never be fulfilled, for certain: too few curves, too small a room; empty where they may be.
 std::string WhyNeverFulfilled(const Session& session, const BoxWish& wish);
+
+/// Whether the design lies in the room that the settings hold, which every new design begins with.
+bool IsRoomOfSettings(const Session& session);
 
 /// The room's extent: "400 × 300 cm"; empty where it has no walls.
 std::string RoomSizeText(const RoomPolygon& room);
@@ -65,32 +70,6 @@ BoxedSets SetsOf(const Session& session);
 
 /// Why no other circuits can be made of the design's pieces; empty when it can be tried.
 std::string WhyNotVary(const Session& session);
-
-/// What the circuit's pieces cost that are not owned.
-Cents PriceOfMissing(const Session& session, const Track& track);
-
-/// "96 % of the box, 24 pieces": what is told of a found circuit in a line.
-std::string UseText(const LaidCircuit& circuit);
-
-/// "12.34 m, 0.00 €": how long a lap is, and what would have to be bought.
-std::string LengthAndPriceText(const Session& session, const LaidCircuit& circuit);
-
-/// "lanes differ 2.4 cm, score 0.91": by how much its lanes differ, as built, and how good it is by these weights.
-std::string LanesAndScoreText(const Session& session, const LaidCircuit& circuit, const ScoreWeights& weights);
-
-/// "245 × 130 cm, straight 1.40 m": the ground that it covers, and its longest straight.
-std::string SizeAndStraightText(const Session& session, const LaidCircuit& circuit);
-
-/// "5 corners left, 7 right"
-std::string CornersText(const Session& session, const LaidCircuit& circuit);
-
-/// One of the figures that are told of a found circuit at length.
-struct CircuitFigure {
-    std::string Name, Value;
-
-    bool operator==(const CircuitFigure&) const = default;
-};
-std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box, const LaidCircuit& circuit);
 
 /// Puts a found circuit in the place of the design, which is asked for as by Load unless it is `opened`: what was put
 /// there like this before. One step of undo. A variation is named after the design that it varies. Gives whether it is

@@ -14,6 +14,7 @@ using Complex = std::complex<double>;
 /// Radians of heading on an average. Of pairs of found circuits that were looked at, those with less were one circuit
 /// laid a little differently, and those with 0.35 two circuits.
 constexpr double MostAlike = 0.24;
+constexpr double MostRelated = 0.32;
 
 /// The places along a lap at which a circuit is tried to begin for the comparison.
 constexpr std::size_t Beginnings = 96;
@@ -83,6 +84,13 @@ double LeastSquares(const CircuitLook& one, const CircuitLook& other, bool mirro
     return squares - 2 * most;
 }
 
+/// Whether two differ by no more than that, wherever they begin and whichever way they are driven.
+bool DifferAtMost(double most, const CircuitLook& one, const CircuitLook& other) {
+    if (LeastDifference(one, other) > most) return false;
+    const double squares = std::min(LeastSquares(one, other, false), LeastSquares(one, other, true));
+    return std::hypot(std::sqrt(MeanSquare(std::max(squares, 0.0))), DifferenceInLength(one, other)) <= most;
+}
+
 } // namespace
 
 CircuitLook LookOf(const Catalogue& catalogue, const std::vector<int>& rows) {
@@ -115,10 +123,8 @@ double LeastDifference(const CircuitLook& one, const CircuitLook& other) {
     return std::hypot(std::sqrt(MeanSquare(squares)), DifferenceInLength(one, other));
 }
 
-bool LookAlike(const CircuitLook& one, const CircuitLook& other) {
-    if (LeastDifference(one, other) > MostAlike) return false;
-    const double squares = std::min(LeastSquares(one, other, false), LeastSquares(one, other, true));
-    return std::hypot(std::sqrt(MeanSquare(std::max(squares, 0.0))), DifferenceInLength(one, other)) <= MostAlike;
-}
+bool LookAlike(const CircuitLook& one, const CircuitLook& other) { return DifferAtMost(MostAlike, one, other); }
+
+bool LookRelated(const CircuitLook& one, const CircuitLook& other) { return DifferAtMost(MostRelated, one, other); }
 
 } // namespace pistaro

@@ -28,4 +28,7 @@ double LeastDifference(const CircuitLook& one, const CircuitLook& other);
 /// Whether a person takes both for the same circuit at a glance, however it is turned or mirrored.
 bool LookAlike(const CircuitLook& one, const CircuitLook& other);
 
+/// Whether side by side both look like one idea, laid with another piece or two.
+bool LookRelated(const CircuitLook& one, const CircuitLook& other);
+
 } // namespace pistaro

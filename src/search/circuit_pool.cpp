@@ -64,7 +64,10 @@ void BeginOnKept(const std::vector<int>& kept, Rows& rows) {
 } // namespace
 
 CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, const LoopRoom& room)
-    : catalogue_(catalogue), task_(task), room_(room) {}
+    : catalogue_(catalogue), task_(task), room_(room) {
+    for (const Rows& rows : task.LeftOut)
+        keys_.insert(CircuitKey(catalogue, rows));
+}
 
 bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
     std::vector<int> key = CircuitKey(catalogue_, loopRows);
@@ -132,7 +135,7 @@ LaidCircuit CircuitPool::CircuitOf(const Laid& laid) const {
     const BuiltLanes lanes = LanesAsBuilt(catalogue_, circuit.Track);
     circuit.Length = (lanes.Lengths[0] + lanes.Lengths[1]) / 2;
     circuit.Gap = laid.Loop.Gap;
-    circuit.Parts = ScorePartsOf(catalogue_, laid.Rows, laid.Loop, room_, task_.Box.Total(), circuit.Length,
+    circuit.Parts = ScorePartsOf(catalogue_, laid.Rows, laid.Loop, room_, task_.Box, circuit.Length,
                                  lanes.Lengths[0] - lanes.Lengths[1]);
     circuit.Used = circuit.Parts.Used;
     circuit.Score = Score(circuit.Parts, task_.Weights);

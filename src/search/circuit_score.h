@@ -2,6 +2,7 @@
 #pragma once
 
 #include "search/loop.h"
+#include "search/piece_box.h"
 
 #include <set>
 #include <vector>
@@ -24,11 +25,15 @@ struct ScoreParts {
     double Directions = 0; ///< 1 where it turns by half a turn or more to either side
     double Start = 0;      ///< 1 where it begins on a straight
     double Walls = 0;      ///< 1 where its corners keep 10 cm from all walls
+    double Length = 0;     ///< a lap as a share of all track in the box
+    double Speed = 0;      ///< 1 where the longest straight is 40 % of the lap or more
+    double Winding = 0;    ///< 1 where it turns by one and a half turns or more to either side
 };
 
 /// What each part counts for in the whole; none is below 0.
 struct ScoreWeights {
     double Used = 6, Lanes = 1, Straights = 1, Corners = 1, Directions = 1, Start = 0.5, Walls = 0.5;
+    double Length = 0, Speed = 0, Winding = 0;
 
     bool operator==(const ScoreWeights&) const = default;
 };
@@ -36,9 +41,8 @@ struct ScoreWeights {
 /// The weighted mean; 0 where nothing weighs anything.
 double Score(const ScoreParts& parts, const ScoreWeights& weights);
 
-/// The parts of a closed circuit of a box of that many pieces. `lap` is its length and `laneDifference` that of its
-/// lanes, cm.
+/// The parts of a closed circuit of a box. `lap` is its length and `laneDifference` that of its lanes, cm.
 ScoreParts ScorePartsOf(const Catalogue& catalogue, const Rows& rows, const LaidLoop& laid, const LoopRoom& room,
-                        int boxTotal, double lap, double laneDifference);
+                        const PieceBox& box, double lap, double laneDifference);
 
 } // namespace pistaro

@@ -44,6 +44,11 @@ double Likeness(const CircuitLook& one, const CircuitLook& other) {
     return std::max(0.0, 1 - LeastDifference(one, other) / nothingAlike);
 }
 
+/// What is kept from the walls is kept by all pieces: none could join one that stays nearer to them.
+LoopRoom RoomFor(const LayingTask& task) {
+    return LoopRoom(task.Room, (task.Kept ? LoopRoom::UsersTouch : 0) - task.FromWalls);
+}
+
 } // namespace
 
 bool CanKeep(const Catalogue& catalogue, const std::vector<int>& rows) {
@@ -72,21 +77,10 @@ std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int coun
     return best;
 }
 
-std::vector<std::size_t> DifferentFirst(const std::vector<FoundCircuit>& found, std::vector<std::size_t> places) {
-    std::vector<std::size_t> different, others;
-    for (const std::size_t place : places) {
-        const auto looksLike = [&](std::size_t before) { return LookAlike(found[before].Look, found[place].Look); };
-        (std::ranges::any_of(different, looksLike) ? others : different).push_back(place);
-    }
-    std::ranges::copy(different, places.begin());
-    std::ranges::copy(others, places.begin() + static_cast<std::ptrdiff_t>(different.size()));
-    return places;
-}
-
 struct CircuitSearch::State {
     State(const Catalogue& catalogue, LayingTask task)
-        : Catalogue(catalogue), Task(std::move(task)), Shapes(ShapesOf(catalogue, Task.Box)),
-          Room(Task.Room, Task.Kept ? LoopRoom::UsersTouch : 0), Pool(catalogue, Task, Room), Wanted(Task.Count) {
+        : Catalogue(catalogue), Task(std::move(task)), Shapes(ShapesOf(catalogue, Task.Box)), Room(RoomFor(Task)),
+          Pool(catalogue, Task, Room), Wanted(Task.Count) {
         if (Task.Kept) Shapes = ShapesAround(catalogue, std::move(Shapes), Task.Kept->Rows);
     }
 

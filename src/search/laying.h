@@ -38,6 +38,8 @@ struct LayingTask {
     ScoreWeights Weights = {};
     MustHaves MustHave = {};
     std::optional<KeptPart> Kept = {};
+    int FromWalls = 0;                          ///< how far pieces keep from walls, cm
+    std::vector<std::vector<int>> LeftOut = {}; ///< rows of circuits that are known, and not looked for
 };
 
 struct LaidCircuit {
@@ -57,9 +59,6 @@ struct FoundCircuit {
 /// Which of them are the best by these weights, best first, so many at most: one that looks like another only where
 /// there are no others, and what looks quite different before what is much like a better one.
 std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const ScoreWeights& weights);
-
-/// These places in the same order, but with those that look like one before them behind all others.
-std::vector<std::size_t> DifferentFirst(const std::vector<FoundCircuit>& found, std::vector<std::size_t> places);
 
 /// A search that can be watched, and gone on with. Its rounds follow from the task alone.
 class CircuitSearch {

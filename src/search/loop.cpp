@@ -1,5 +1,6 @@
 #include "search/loop.h"
 
+#include "layout/clearance.h"
 #include "layout/overlap.h"
 #include "layout/wall_contact.h"
 
@@ -12,7 +13,8 @@ namespace pistaro {
 
 namespace {
 
-constexpr double StartStep = 0.01; ///< of a loop's start, cm
+constexpr double StartStep = 0.01;  ///< of a loop's start, cm
+constexpr double ChordStray = 0.05; ///< by which distances of curves from walls are too small at most, cm
 
 void Move(GroundPoint& point, GroundPoint shift) {
     point.X += shift.X;
@@ -138,6 +140,7 @@ LoopRoom::LoopRoom(const RoomPolygon& room, double touch) : fit_(room), touch_(t
             Include(extent_, {end.X, end.X, end.Y, end.Y});
     }
     extent_ = extent_.Grown(-StartStep);
+    if (touch < 0) extent_ = extent_.Grown(touch - ChordStray);
 }
 
 bool LoopRoom::Holds(const LaidLoop& laid) const { return Holds(laid, {0, 0}); }
@@ -147,8 +150,13 @@ bool LoopRoom::Holds(const LaidLoop& laid, GroundPoint shift) const {
 }
 
 bool LoopRoom::Holds(const Ground& ground) const {
-    const auto runsThrough = [&](const Wall& wall) { return RunsThrough(wall, ground, touch_); };
-    return std::ranges::none_of(fit_.Walls(), runsThrough) && fit_.Holds(MiddleOf(ground));
+    const auto isTooNear = [&](const Wall& wall) { return IsTooNear(wall, ground); };
+    return std::ranges::none_of(fit_.Walls(), isTooNear) && fit_.Holds(MiddleOf(ground));
+}
+
+bool LoopRoom::IsTooNear(const Wall& wall, const Ground& ground) const {
+    return RunsThrough(wall, ground, std::max(touch_, 0.0)) ||
+           (touch_ < 0 && WallClearance(ground, wall, -touch_).has_value());
 }
 
 std::optional<GroundPoint> LoopRoom::ShiftInto(const LaidLoop& laid, Random& random) const {

@@ -58,13 +58,15 @@ bool HasAdaptersInARow(const std::vector<LayingStep>& steps, const Run& run);
 /// The room that loops must lie in.
 class LoopRoom {
 public:
-    /// Loops may reach into a wall by a touch, cm: by nothing where they are laid anew.
+    /// Loops may reach into a wall by a touch, cm: by nothing where they are laid anew. Below 0 it is what they keep
+    /// from every wall.
     explicit LoopRoom(const RoomPolygon& room, double touch = 0);
 
     /// A touch that a part is allowed which its user has laid.
     static constexpr double UsersTouch = 0.01;
 
-    /// Of the box around its walls, less what a loop may be moved by as its start is rounded; cm.
+    /// Of the box around its walls, less what is kept from them and what a loop may be moved by as its start is
+    /// rounded; cm.
     double Width() const { return extent_.Right - extent_.Left; }
     double Height() const { return extent_.Top - extent_.Bottom; }
 
@@ -87,6 +89,7 @@ private:
     std::vector<double> WallDistances(const LaidLoop& laid, GroundPoint shift) const;
     bool Holds(const LaidLoop& laid, GroundPoint shift) const;
     bool Holds(const Ground& ground) const;
+    bool IsTooNear(const Wall& wall, const Ground& ground) const;
 
     RoomFit fit_;
     double touch_;

@@ -20,17 +20,32 @@ void ForEachProduct(const Catalogue& catalogue, const PieceBox& box, Visit visit
     }
 }
 
-/// By how many degrees the box's curves turn at most in one circuit: those of one system, unless two adapters join
-/// both.
-double DegreesOf(const Catalogue& catalogue, const PieceBox& box) {
-    double scalextric = 0, ninco = 0;
-    int adapters = 0;
+/// How many adapters a circuit of both systems takes: as often as it leads into the other one it leads back.
+constexpr int FewestAdapters = 2;
+
+struct Systems {
+    int Scalextric = 0, Ninco = 0; ///< pieces of each
+    int Adapters = 0;
+    double ScalextricDegrees = 0, NincoDegrees = 0; ///< by which each one's curves turn
+
+    bool CanJoin() const { return Adapters >= FewestAdapters; }
+    bool AreApart() const { return Scalextric > 0 && Ninco > 0 && !CanJoin(); }
+
+    /// By how many degrees curves turn at most in one circuit.
+    double Degrees() const {
+        return CanJoin() ? ScalextricDegrees + NincoDegrees : std::max(ScalextricDegrees, NincoDegrees);
+    }
+};
+
+Systems SystemsOf(const Catalogue& catalogue, const PieceBox& box) {
+    Systems systems;
     ForEachProduct(catalogue, box, [&](const CatalogueEntry& piece, int count) {
-        if (piece.JoinsSystems()) adapters += count;
         constexpr double halfTurn = 180;
-        (piece.System == TrackSystem::Ninco ? ninco : scalextric) += count * piece.Kind.Turn / PiValue * halfTurn;
+        const bool isNinco = piece.System == TrackSystem::Ninco;
+        (isNinco ? systems.NincoDegrees : systems.ScalextricDegrees) += count * piece.Kind.Turn / PiValue * halfTurn;
+        (piece.JoinsSystems() ? systems.Adapters : isNinco ? systems.Ninco : systems.Scalextric) += count;
     });
-    return adapters >= 2 ? scalextric + ninco : std::max(scalextric, ninco);
+    return systems;
 }
 
 /// The curve that makes the smallest circle; null where there is none.
@@ -57,9 +72,13 @@ PieceBox WithKept(const Catalogue& catalogue, const LayingTask& task) {
     return box;
 }
 
-bool LiesOutside(const Catalogue& catalogue, const LayingTask& task) {
-    const LoopRoom room(task.Room, LoopRoom::UsersTouch);
-    return !room.Holds(LayLoop(catalogue, task.Kept->Rows, task.Kept->At));
+std::string WhyNotKept(const Catalogue& catalogue, const LayingTask& task) {
+    const LaidLoop laid = LayLoop(catalogue, task.Kept->Rows, task.Kept->At);
+    if (!LoopRoom(task.Room, LoopRoom::UsersTouch).Holds(laid))
+        return "The part that is kept does not lie inside the room.";
+    if (!LoopRoom(task.Room, LoopRoom::UsersTouch - task.FromWalls).Holds(laid))
+        return "The part that is kept lies nearer to a wall than " + std::to_string(task.FromWalls) + " cm.";
+    return "";
 }
 
 } // namespace
@@ -67,21 +86,29 @@ bool LiesOutside(const Catalogue& catalogue, const LayingTask& task) {
 std::string WhyNoCircuit(const Catalogue& catalogue, const LayingTask& task) {
     constexpr double wholeTurn = 360, rounding = 0.1; // degrees
     const PieceBox box = WithKept(catalogue, task);
-    const double degrees = DegreesOf(catalogue, box);
+    const Systems systems = SystemsOf(catalogue, box);
     const CatalogueEntry* const tightest = TightestOf(catalogue, box);
     if (tightest == nullptr) return "There are no curves in the box.";
-    if (degrees < wholeTurn - rounding)
-        return "The curves of the box turn by " + std::to_string(std::lround(degrees)) +
-               "° in all, and a circuit turns by 360°.";
-    if (task.Kept) return LiesOutside(catalogue, task) ? "The part that is kept does not lie inside the room." : "";
+    if (systems.Degrees() < wholeTurn - rounding)
+        return std::string("The curves of ") + (systems.AreApart() ? "one system" : "the box") + " turn by " +
+               std::to_string(std::lround(systems.Degrees())) + "° in all, and a circuit turns by 360°.";
+    if (task.Kept) return WhyNotKept(catalogue, task);
     // Whatever its course, a circuit that does not cross itself runs around a circle of its tightest curve.
-    const LoopRoom room(task.Room);
+    const LoopRoom room(task.Room, -task.FromWalls);
     const double depth = std::min(room.Width(), room.Height());
     const double circle = 2 * tightest->Kind.OuterRadius;
     if (circle > depth)
         return "The smallest circle of the box, of " + std::string(ProductCode(tightest->Code)) + ", takes " +
-               WholeUp(circle) + " cm, and the room is " + std::to_string(std::lround(depth)) + " cm deep.";
+               WholeUp(circle) + " cm, and the room is " + std::to_string(std::lround(depth)) + " cm deep" +
+               (task.FromWalls > 0 ? " between what is kept from the walls." : ".");
     return "";
+}
+
+std::string WhySystemsStayApart(const Catalogue& catalogue, const PieceBox& box) {
+    const Systems systems = SystemsOf(catalogue, box);
+    if (!systems.AreApart()) return "";
+    const std::string need = "Scalextric and Ninco join by N10110 only, and a circuit of both takes two: ";
+    return need + (systems.Adapters == 0 ? "without them" : "with one") + " circuits are of one system.";
 }
 
 } // namespace pistaro

@@ -11,4 +11,7 @@ namespace pistaro {
 /// and this is certain; empty where there may be one. The room has walls.
 std::string WhyNoCircuit(const Catalogue& catalogue, const LayingTask& task);
 
+/// What keeps pieces of both systems in one box from coming together in a circuit; empty where nothing does.
+std::string WhySystemsStayApart(const Catalogue& catalogue, const PieceBox& box);
+
 } // namespace pistaro

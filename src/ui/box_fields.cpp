@@ -1,66 +1,34 @@
 #include "ui/box_fields.h"
 
-#include "commands/closing_commands.h"
-#include "editor/view_commands.h"
+#include "search/no_circuit.h"
 #include "text/count_text.h"
 #include "ui/named_controls.h"
 
-#include <QGroupBox>
 #include <QRegularExpressionValidator>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace pistaro {
-
-namespace {
-
-struct MustHaveText {
-    bool MustHaves::*Is;
-    const char* Name;
-    const char* Caption;
-    const char* Lacking;
-};
-
-constexpr std::array<MustHaveText, 4> MustHaveTexts{{
-    {&MustHaves::LapCounter, "chkLapCounter", "&Lap counter", "none in the box"},
-    {&MustHaves::BankedCurve, "chkBankedCurve", "&Banked curve", "none in the box"},
-    {&MustHaves::ChangeOvers, "chkChangeOvers", "Change-o&ver pair", "no pair in the box"},
-    {&MustHaves::Chicane, "chkChicane", "Complete c&hicane", "not both ends in the box"},
-}};
-
-QSpinBox* NewLengthBox(const char* name, int value) {
-    constexpr int shortest = 50, longest = 5000; // cm
-    auto* const box = Named(new QSpinBox, name);
-    box->setRange(shortest, longest);
-    box->setSingleStep(10);
-    box->setValue(value);
-    box->setSuffix(" cm");
-    return box;
-}
-
-} // namespace
 
 BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()> wishChanged,
                      std::function<void()> countChanged)
     : session_(session), purpose_(purpose), wishChanged_(std::move(wishChanged)),
       countChanged_(std::move(countChanged)), owned_(OwnedBox(session.Catalogue, session.Project.Stock)),
-      sets_(SetsOf(session)) {
+      sets_(SetsOf(session)), room_(new RoomFields(session, purpose == BoxPurpose::Variations)),
+      mustHaves_(new MustHaveFields(session, purpose == BoxPurpose::Variations)) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(PieceFields(), 1);
-    column->addWidget(RoomFields());
-    column->addWidget(MustHaveFields());
+    column->addWidget(room_);
+    column->addWidget(mustHaves_);
     column->addLayout(NumberFields());
     lstBox_->ShowOwned(owned_);
     FillBox(purpose == BoxPurpose::Variations ? BoxOfDesign(session) : owned_);
     ShowTotal();
-    OfferMustHaves();
-    OfferRoom();
-    ChooseRoom();
+    mustHaves_->Offer(lstBox_->Box());
     OfferOwned();
     TellChanges();
     setFocusProxy(txtFilterBox_); // Enter there goes to a count; on a button it would press that
@@ -69,20 +37,15 @@ BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()>
 void BoxFields::TellChanges() {
     lstBox_->Changed = [this] {
         ShowTotal();
-        OfferMustHaves();
+        mustHaves_->Offer(lstBox_->Box());
         wishChanged_();
     };
-    std::vector<QAbstractButton*> choices(mustHaves_.begin(), mustHaves_.end());
-    choices.push_back(optRoomArea_);
-    if (chkKeepPart_ != nullptr) choices.push_back(chkKeepPart_);
-    for (QAbstractButton* const choice : choices)
-        connect(choice, &QAbstractButton::toggled, this, wishChanged_);
-    for (QSpinBox* const length : {spnWidth_, spnDepth_})
-        connect(length, &QSpinBox::valueChanged, this, wishChanged_);
+    room_->Changed = wishChanged_;
+    mustHaves_->Changed = wishChanged_;
 }
 
 void BoxFields::Refresh() {
-    OfferRoom();
+    room_->Offer();
     const PieceBox before = std::exchange(owned_, OwnedBox(session_.Catalogue, session_.Project.Stock));
     lstBox_->ShowOwned(owned_);
     if (purpose_ == BoxPurpose::Box && lstBox_->Box() == before && before != owned_) lstBox_->Show(owned_);
@@ -102,6 +65,9 @@ void BoxFields::ShowTotal() {
     if (beyond == 0 && owned > 0)
         text = std::to_string(box.Total()) + " of your " + CountText(owned, "piece") + " in the box";
     lblTotal_->setText(Shown(text));
+    const QString apart = Shown(WhySystemsStayApart(session_.Catalogue, box));
+    lblSystems_->setText(apart);
+    lblSystems_->setVisible(!apart.isEmpty());
     OfferToOwn();
 }
 
@@ -127,6 +93,10 @@ QLayout* BoxFields::PieceFields() {
     column->addLayout(FilterFields());
     column->addWidget(lstBox_, 1);
     column->addLayout(TotalFields());
+    lblSystems_ = Named(new QLabel, "lblSystems");
+    lblSystems_->setWordWrap(true);
+    lblSystems_->hide();
+    column->addWidget(lblSystems_);
     return column;
 }
 
@@ -223,110 +193,6 @@ void BoxFields::AddSet() {
     FillBox(box);
 }
 
-QWidget* BoxFields::RoomFields() {
-    auto* const frame = new QGroupBox("Room");
-    auto* const column = new QVBoxLayout(frame);
-    optRoomDesign_ = Named(new QRadioButton("The &design's"), "optRoomDesign");
-    optRoomArea_ = Named(new QRadioButton, "optRoomArea");
-    optRoomArea_->setAccessibleName("Width and depth");
-    spnWidth_ = NewLengthBox("spnRoomWidth", 400);
-    spnDepth_ = NewLengthBox("spnRoomDepth", 300);
-    auto* const area = new QHBoxLayout;
-    area->addWidget(optRoomArea_);
-    area->addWidget(spnWidth_, 1);
-    area->addWidget(new QLabel("×"));
-    area->addWidget(spnDepth_, 1);
-    column->addWidget(optRoomDesign_);
-    column->addLayout(area);
-    for (QSpinBox* const length : {spnWidth_, spnDepth_})
-        connect(length, &QSpinBox::valueChanged, this, [this] { optRoomArea_->setChecked(true); });
-    return frame;
-}
-
-void BoxFields::OfferRoom() {
-    const bool isThere = HasWalls(session_.Project.Design.Room);
-    optRoomDesign_->setEnabled(isThere);
-    const QString size = Shown(RoomSizeText(session_.Project.Design.Room));
-    optRoomDesign_->setText(isThere ? "The &design's, " + size : "The &design's");
-    optRoomDesign_->setToolTip(isThere ? "The walls of the design that is open" : "The design has no room with walls");
-    if (!isThere) optRoomArea_->setChecked(true);
-}
-
-/// Begins with the design's room, where there is one; else with an area in which its circuit has room, or with the last
-/// one.
-void BoxFields::ChooseRoom() {
-    const Design& design = session_.Project.Design;
-    const bool isThere = HasWalls(design.Room);
-    const auto extent = ExtentOf(session_.Catalogue, design);
-    const QString last = Shown(session_.Habits.BoxRoom);
-    const std::array<int, 2> sides{last.section('x', 0, 0).toInt(), last.section('x', 1, 1).toInt()};
-    if (std::ranges::min(sides) > 0) {
-        spnWidth_->setValue(sides[0]);
-        spnDepth_->setValue(sides[1]);
-    }
-    if (purpose_ == BoxPurpose::Variations && extent && !isThere) {
-        constexpr double spare = 60; // cm
-        spnWidth_->setValue(static_cast<int>(std::ceil(extent->Right - extent->Left + spare)));
-        spnDepth_->setValue(static_cast<int>(std::ceil(extent->Top - extent->Bottom + spare)));
-        middleX_ = static_cast<int>(std::lround((extent->Left + extent->Right) / 2));
-        middleY_ = static_cast<int>(std::lround((extent->Bottom + extent->Top) / 2));
-    }
-    (isThere ? optRoomDesign_ : optRoomArea_)->setChecked(true);
-}
-
-QWidget* BoxFields::MustHaveFields() {
-    auto* const frame = new QGroupBox("Must have");
-    auto* const grid = new QGridLayout(frame);
-    grid->setVerticalSpacing(2);
-    for (std::size_t i = 0; i < MustHaveTexts.size(); ++i) {
-        const int row = static_cast<int>(i);
-        mustHaves_[i] = Named(new QCheckBox(MustHaveTexts[i].Caption), MustHaveTexts[i].Name);
-        lacking_[i] = Named(new QLabel, "lblLacking", row);
-        lacking_[i]->setEnabled(false);
-        grid->addWidget(mustHaves_[i], row, 0);
-        grid->addWidget(lacking_[i], row, 1, Qt::AlignRight);
-        connect(mustHaves_[i], &QCheckBox::toggled, this, [this] { OfferMustHaves(); });
-    }
-    if (purpose_ == BoxPurpose::Variations) {
-        chkKeepPart_ = Named(new QCheckBox, "chkKeepPart");
-        OfferPart();
-        grid->addWidget(chkKeepPart_, static_cast<int>(MustHaveTexts.size()), 0, 1, 2);
-    }
-    return frame;
-}
-
-/// What the box cannot give is not offered, and why stands beside it; what is asked for already can be let go of.
-void BoxFields::OfferMustHaves() {
-    const PieceBox box = lstBox_->Box();
-    for (std::size_t i = 0; i < MustHaveTexts.size(); ++i) {
-        MustHaves one;
-        one.*MustHaveTexts[i].Is = true;
-        const QString why = Shown(WhyNot(session_.Catalogue, box, one));
-        mustHaves_[i]->setEnabled(why.isEmpty() || mustHaves_[i]->isChecked());
-        mustHaves_[i]->setToolTip(why);
-        mustHaves_[i]->setAccessibleDescription(why);
-        lacking_[i]->setText(why.isEmpty() ? QString() : QString(MustHaveTexts[i].Lacking));
-        lacking_[i]->setToolTip(why);
-    }
-}
-
-/// Offers to keep the elements that are selected as the window opens.
-void BoxFields::OfferPart() {
-    const EditState& edit = session_.Project.EditState;
-    const ElementRun run = edit.ShowsAllTracks() ? ElementRun() : SelectedRun(session_);
-    const Track* const track = EditedTrack(session_.Project.Design.Circuit, edit);
-    const bool canKeep = run.Count > 0 && run.Count <= track->ElementLastIndex();
-    if (canKeep) part_ = PartOf(session_, run.First, run.Count);
-    chkKeepPart_->setEnabled(canKeep);
-    chkKeepPart_->setChecked(canKeep && run.Count > 1);
-    QString part = "The selected pa&rt";
-    if (!canKeep) part += ": none is selected";
-    if (canKeep && run.Count > 1) part += QString(": %1 to %2").arg(run.First).arg(run.First + run.Count - 1);
-    chkKeepPart_->setText(part);
-    chkKeepPart_->setToolTip(canKeep ? "These elements stay as they are, where they are"
-                                     : "Select elements first: a click, then Shift and a click");
-}
-
 QLayout* BoxFields::NumberFields() {
     spnCount_ = Named(new QSpinBox, "spnCircuits");
     spnCount_->setRange(1, 100);
@@ -360,19 +226,12 @@ QLayout* BoxFields::NumberFields() {
 
 BoxWish BoxFields::Wish() const {
     BoxWish wish{.Box = lstBox_->Box()};
-    if (optRoomArea_->isChecked()) wish.Area = Area{spnWidth_->value(), spnDepth_->value()};
-    wish.MiddleX = middleX_;
-    wish.MiddleY = middleY_;
-    for (std::size_t i = 0; i < MustHaveTexts.size(); ++i)
-        wish.MustHave.*MustHaveTexts[i].Is = mustHaves_[i]->isChecked();
-    if (chkKeepPart_ != nullptr && chkKeepPart_->isChecked()) wish.Kept = part_;
+    room_->PutInto(wish);
+    mustHaves_->PutInto(wish);
+    wish.LeavesOutDesign = purpose_ == BoxPurpose::Variations;
     wish.Count = spnCount_->value();
     wish.Seed = txtSeed_->text().toULongLong();
     return wish;
-}
-
-void BoxFields::RememberArea() const {
-    session_.Habits.BoxRoom = std::to_string(spnWidth_->value()) + "x" + std::to_string(spnDepth_->value());
 }
 
 } // namespace pistaro

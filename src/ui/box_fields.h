@@ -2,18 +2,18 @@
 #pragma once
 
 #include "commands/laying_commands.h"
+#include "ui/must_have_fields.h"
 #include "ui/piece_counts.h"
 #include "ui/product_finder.h"
+#include "ui/room_fields.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 
-#include <array>
 #include <functional>
 
 namespace pistaro {
@@ -35,8 +35,8 @@ public:
 
     BoxWish Wish() const;
 
-    /// Keeps the area, which the next one begins with.
-    void RememberArea() const;
+    /// Keeps the rectangle, which the next one begins with.
+    void RememberArea() const { room_->RememberArea(); }
 
     /// How many circuits are wished for.
     int Count() const { return spnCount_->value(); }
@@ -48,18 +48,12 @@ private:
     QLayout* TotalFields();
     void FillBox(const PieceBox& box);
     void Filter();
-    QWidget* RoomFields();
-    QWidget* MustHaveFields();
     QLayout* NumberFields();
     void AddSet();
     void OfferOwned();
     void OfferToOwn();
     void TellChanges();
     void ShowTotal();
-    void OfferMustHaves();
-    void OfferRoom();
-    void ChooseRoom();
-    void OfferPart();
 
     Session& session_;
     const BoxPurpose purpose_;
@@ -72,14 +66,11 @@ private:
     QLabel* lblTotal_ = nullptr;
     QComboBox* cboSets_ = nullptr;
     BoxedSets sets_;
-    QRadioButton *optRoomDesign_ = nullptr, *optRoomArea_ = nullptr;
-    QSpinBox *spnWidth_ = nullptr, *spnDepth_ = nullptr, *spnCount_ = nullptr;
+    QLabel* lblSystems_ = nullptr;
+    RoomFields* const room_;
+    MustHaveFields* const mustHaves_;
+    QSpinBox* spnCount_ = nullptr;
     QLineEdit* txtSeed_ = nullptr;
-    std::array<QCheckBox*, 4> mustHaves_{};
-    std::array<QLabel*, 4> lacking_{}; ///< beside those that the box cannot give
-    QCheckBox* chkKeepPart_ = nullptr;
-    std::optional<KeptPart> part_;  ///< of the design, as it was selected
-    int middleX_ = 0, middleY_ = 0; ///< of an area as the room, cm
 };
 
 } // namespace pistaro

@@ -1,7 +1,7 @@
 // A circuit large, with its figures below.
 #pragma once
 
-#include "commands/laying_commands.h"
+#include "commands/found_figures.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,6 +1,7 @@
 #include "ui/found_circuits.h"
 
-#include "commands/laying_commands.h"
+#include "commands/found_figures.h"
+#include "ui/circuit_card.h"
 #include "ui/named_controls.h"
 #include "ui/work_picture.h"
 
@@ -8,7 +9,6 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -17,89 +17,28 @@ namespace pistaro {
 namespace {
 
 constexpr int PlaceRole = Qt::UserRole; ///< of a card: its circuit's place among those found
-constexpr int Margin = 8;
-constexpr int Lines = 5; ///< of figures, two in each
+constexpr int Spacing = 3;              ///< around each card
+constexpr int FewestColumns = 2;
 
-/// A picture with its figures below in two columns, parted by the first comma of each line, and a box to be ticked in
-/// the picture's corner.
-class CardPainter : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+/// The picture's width in cards that lie in so many columns.
+int PictureWidth(int listWidth, int columns) {
+    constexpr int step = 4; // so that a picture is not drawn anew for every pixel
+    const int width = (listWidth - Spacing) / columns - 2 * Spacing - 2 * CircuitCard::Margin;
+    return width / step * step;
+}
 
-    static QSize PictureSize(const QFontMetrics& letters) {
-        const int width = letters.horizontalAdvance("lanes differ 149.6 cm  score 0.00");
-        return {width, width * 3 / 4};
+/// As large as goes with all cards in sight; where that is too small to read, as small as they may be.
+int PictureWidthFor(const QSize& list, int cards, const QFontMetrics& letters) {
+    constexpr int largest = 320;
+    const int least = CircuitCard::LeastWidth(letters);
+    for (int columns = FewestColumns; PictureWidth(list.width(), columns) >= least; ++columns) {
+        const int width = std::min(PictureWidth(list.width(), columns), largest);
+        const int lines = (cards + columns - 1) / columns;
+        const int high = CircuitCard::CardSize(CircuitCard::PictureSize(width), letters).height() + 2 * Spacing;
+        if (lines * high <= list.height()) return width;
     }
-
-    /// Of a card's box to be ticked, in the card.
-    static QRect TickRect(const QRect& card, const QFontMetrics& letters, const QStyle& style) {
-        const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth), style.pixelMetric(QStyle::PM_IndicatorHeight));
-        const int right = card.left() + Margin + PictureSize(letters).width();
-        constexpr int inside = 4;
-        return {QPoint(right - inside - size.width(), card.top() + Margin + inside), size};
-    }
-
-    /// Where a click ticks it: a little more than can be seen.
-    static QRect TickTarget(const QRect& card, const QFontMetrics& letters, const QStyle& style) {
-        constexpr int more = 6;
-        return TickRect(card, letters, style).adjusted(-more, -more, more, more);
-    }
-
-    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
-                     const QModelIndex& index) override {
-        const bool isRelease = event->type() == QEvent::MouseButtonRelease;
-        if (!isRelease && event->type() != QEvent::MouseButtonPress)
-            return QStyledItemDelegate::editorEvent(event, model, option, index); // the space bar ticks
-        const auto& mouse = dynamic_cast<const QMouseEvent&>(*event);
-        const QRect target = TickTarget(option.rect, option.fontMetrics, *option.widget->style());
-        if (mouse.button() != Qt::LeftButton || !target.contains(mouse.position().toPoint())) return false;
-        const bool isTicked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-        if (isRelease) model->setData(index, isTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-        return true;
-    }
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        const QSize picture = PictureSize(option.fontMetrics);
-        return {picture.width() + 2 * Margin, picture.height() + 3 * Margin + Lines * option.fontMetrics.height()};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        QStyleOptionViewItem card = option;
-        initStyleOption(&card, index);
-        const bool isChosen = option.state.testFlag(QStyle::State_Selected);
-        const QPalette::ColorGroup group =
-            option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
-        if (isChosen) painter->fillRect(option.rect, option.palette.color(group, QPalette::Highlight));
-        if (option.state.testFlag(QStyle::State_HasFocus)) {
-            QStyleOptionFocusRect focus;
-            focus.QStyleOption::operator=(option);
-            card.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, card.widget);
-        }
-        const QRect inside = option.rect.adjusted(Margin, Margin, -Margin, -Margin);
-        const QSize size = PictureSize(option.fontMetrics);
-        card.icon.paint(painter, QRect(inside.topLeft(), size));
-        painter->save();
-        painter->setFont(option.font);
-        painter->setPen(option.palette.color(group, isChosen ? QPalette::HighlightedText : QPalette::Text));
-        QRect line(inside.left(), inside.top() + size.height() + Margin, size.width(), option.fontMetrics.height());
-        for (const QString& text : index.data(Qt::DisplayRole).toString().split('\n')) {
-            painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text.section(", ", 0, 0));
-            painter->drawText(line, Qt::AlignRight | Qt::AlignVCenter, text.section(", ", 1));
-            line.translate(0, line.height());
-        }
-        painter->restore();
-        PaintTick(*painter, card);
-    }
-
-private:
-    static void PaintTick(QPainter& painter, const QStyleOptionViewItem& card) {
-        QStyleOptionButton box;
-        box.rect = TickRect(card.rect, card.fontMetrics, *card.widget->style());
-        box.palette = card.palette;
-        box.state = QStyle::State_Enabled | (card.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off);
-        card.widget->style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, card.widget);
-    }
-};
+    return least;
+}
 
 } // namespace
 
@@ -108,16 +47,15 @@ FoundCircuits::FoundCircuits(Session& session)
     setObjectName("lstCircuits");
     setAccessibleName("Circuits");
     setToolTip("Click a circuit to see it large, tick those that you want to keep; a double click opens one");
-    setItemDelegate(new CardPainter(this));
-    setIconSize(CardPainter::PictureSize(fontMetrics()));
+    setItemDelegate(new CircuitCard(this));
+    setIconSize(CircuitCard::PictureSize(CircuitCard::LeastWidth(fontMetrics())));
     setViewMode(QListView::IconMode);
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
     setUniformItemSizes(true);
-    constexpr int spacing = 3, columns = 2;
-    setSpacing(spacing);
-    const int card = iconSize().width() + 2 * (Margin + spacing);
-    setMinimumWidth(columns * card + verticalScrollBar()->sizeHint().width() + 2 * (frameWidth() + spacing));
+    setSpacing(Spacing);
+    const int card = CircuitCard::CardSize(iconSize(), fontMetrics()).width() + 2 * Spacing;
+    setMinimumWidth(FewestColumns * card + verticalScrollBar()->sizeHint().width() + 2 * (frameWidth() + Spacing));
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     cmdShowFirst_->setParent(this);
     cmdShowFirst_->setFocusPolicy(Qt::NoFocus); // Home does the same
@@ -145,23 +83,23 @@ void FoundCircuits::Begin(const Design& room, std::size_t kept) {
     OfferFirst();
 }
 
-void FoundCircuits::Show(const std::vector<FoundCircuit>& found, const std::vector<std::size_t>& places,
-                         const ScoreWeights& weights) {
+void FoundCircuits::Show(const std::vector<FoundCircuit>& found, const std::vector<RankedCircuit>& ranked) {
     const QSignalBlocker quiet(this);
     setAutoScroll(false); // to what is current
     pictures_.resize(found.size());
     const std::optional<std::size_t> inView = InView();
     const std::optional<Sight> seen = Seen();
     std::vector<std::size_t> chosen = Chosen();
-    if (!hasChosen_ && !places.empty()) chosen = {places.front()};
-    const std::vector<std::size_t> shown = WithThoseThatStay(places, chosen);
+    if (!hasChosen_ && !ranked.empty()) chosen = {ranked.front().Place};
+    const std::vector<RankedCircuit> shown = WithThoseThatStay(ranked, chosen);
     while (count() > static_cast<int>(shown.size()))
         delete takeItem(count() - 1);
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const int row = static_cast<int>(i);
+        const std::size_t place = shown[i].Place;
         if (row == count()) addItem(QString());
-        Fill(*item(row), found[shown[i]], shown[i], weights);
-        item(row)->setSelected(std::ranges::find(chosen, shown[i]) != chosen.end());
+        Fill(*item(row), found[place], shown[i]);
+        item(row)->setSelected(std::ranges::find(chosen, place) != chosen.end());
     }
     const int current = hasChosen_ && inView ? RowOf(*inView) : std::min(0, count() - 1);
     setCurrentRow(current, QItemSelectionModel::NoUpdate);
@@ -169,15 +107,36 @@ void FoundCircuits::Show(const std::vector<FoundCircuit>& found, const std::vect
     setAutoScroll(true);
 }
 
+void FoundCircuits::MakeRoomFor(int count) {
+    wished_ = count;
+    FitCards();
+}
+
+void FoundCircuits::FitCards() {
+    const int besides = verticalScrollBar()->sizeHint().width() + 2 * frameWidth(); // whether the bar is there or not
+    const QSize list(width() - besides, viewport()->height());
+    const QSize size = CircuitCard::PictureSize(PictureWidthFor(list, wished_, fontMetrics()));
+    if (size == iconSize()) return;
+    setIconSize(size);
+    ForgetPictures();
+    if (count() > 0) SizeChanged();
+}
+
+void FoundCircuits::SetOutdated(bool isOutdated) {
+    dynamic_cast<CircuitCard&>(*itemDelegate()).IsPale = isOutdated;
+    viewport()->update();
+}
+
 /// What is ticked or was chosen does not go when it is no longer among the best.
-std::vector<std::size_t> FoundCircuits::WithThoseThatStay(std::vector<std::size_t> places,
-                                                          const std::vector<std::size_t>& chosen) const {
+std::vector<RankedCircuit> FoundCircuits::WithThoseThatStay(std::vector<RankedCircuit> ranked,
+                                                            const std::vector<std::size_t>& chosen) const {
     std::set<std::size_t> stay = ticked_;
     stay.insert(chosen.begin(), chosen.end());
-    for (const std::size_t place : places)
-        stay.erase(place);
-    places.insert(places.end(), stay.begin(), stay.end());
-    return places;
+    for (const RankedCircuit& circuit : ranked)
+        stay.erase(circuit.Place);
+    for (const std::size_t place : stay)
+        ranked.push_back({place});
+    return ranked;
 }
 
 /// What who has scrolled looks at: the circuit that is shown large, if its card can be seen, else the first whole card.
@@ -221,9 +180,9 @@ void FoundCircuits::Tick(const QListWidgetItem& line) {
     ChosenChanged();
 }
 
-void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, std::size_t place,
-                         const ScoreWeights& weights) {
+void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, const RankedCircuit& ranked) {
     const LaidCircuit& circuit = found.Circuit;
+    const std::size_t place = ranked.Place;
     if (pictures_[place].isNull())
         pictures_[place] =
             QPixmap::fromImage(WorkPicture(session_.Catalogue, DesignOf(circuit), session_.Project.Preferences,
@@ -231,9 +190,10 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, std::
     line.setData(PlaceRole, static_cast<qulonglong>(place));
     line.setCheckState(ticked_.contains(place) ? Qt::Checked : Qt::Unchecked);
     line.setIcon(pictures_[place]);
-    line.setText(Shown(UseText(circuit) + "\n" + LengthAndPriceText(session_, circuit) + "\n" +
-                       SizeAndStraightText(session_, circuit) + "\n" + CornersText(session_, circuit) + "\n" +
-                       LanesAndScoreText(session_, circuit, weights)));
+    QStringList lines{Shown(UseAndLengthText(circuit)), Shown(PiecesAndPriceText(session_, circuit))};
+    if (const std::string warning = WallWarning(session_, room_, circuit); !warning.empty()) lines += Shown(warning);
+    if (ranked.Like) lines += QString("much like %1").arg(*ranked.Like + 1);
+    line.setText(lines.join('\n'));
 }
 
 Design FoundCircuits::DesignOf(const LaidCircuit& circuit) const {
@@ -294,6 +254,7 @@ void FoundCircuits::paintEvent(QPaintEvent* event) {
 
 void FoundCircuits::resizeEvent(QResizeEvent* event) {
     QListWidget::resizeEvent(event);
+    FitCards();
     constexpr int below = 6;
     const QSize size = cmdShowFirst_->sizeHint();
     cmdShowFirst_->setGeometry((viewport()->width() - size.width()) / 2, below, size.width(), size.height());
@@ -302,9 +263,8 @@ void FoundCircuits::resizeEvent(QResizeEvent* event) {
 /// Two quick clicks on its box open no circuit.
 void FoundCircuits::mouseDoubleClickEvent(QMouseEvent* event) {
     const QListWidgetItem* const line = itemAt(event->position().toPoint());
-    const bool isOnBox =
-        line != nullptr &&
-        CardPainter::TickTarget(visualItemRect(line), fontMetrics(), *style()).contains(event->position().toPoint());
+    const bool isOnBox = line != nullptr && CircuitCard::TickTarget(visualItemRect(line), iconSize().width(), *style())
+                                                .contains(event->position().toPoint());
     if (isOnBox) return QListWidget::mousePressEvent(event);
     QListWidget::mouseDoubleClickEvent(event);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "commands/session.h"
-#include "search/laying.h"
+#include "search/circuit_order.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -19,15 +19,21 @@ public:
 
     std::function<void()> ChosenChanged; ///< called when others are chosen or ticked
     std::function<void()> Opened;        ///< called for a double click, or Enter
+    std::function<void()> SizeChanged;   ///< called when the pictures ought to be shown in another size
 
     /// Shows none, and those to come in this room; their first `kept` pieces are marked.
     void Begin(const Design& room, std::size_t kept);
 
-    /// Shows those of `found` that stand at these places, in this order, and behind them those that are ticked or
-    /// chosen. The chosen ones stay chosen; until the user has chosen some it is the first one. Who has scrolled keeps
-    /// what he looks at where it is, and is offered to see a new first one; who has not sees it.
-    void Show(const std::vector<FoundCircuit>& found, const std::vector<std::size_t>& places,
-              const ScoreWeights& weights);
+    /// Shows those of `found` in this order, and behind them those that are ticked or chosen. The chosen ones stay
+    /// chosen; until the user has chosen some it is the first one. Who has scrolled keeps what he looks at where it is,
+    /// and is offered to see a new first one; who has not sees it.
+    void Show(const std::vector<FoundCircuit>& found, const std::vector<RankedCircuit>& ranked);
+
+    /// Makes room for so many, whose cards are as large as goes with all of them in sight.
+    void MakeRoomFor(int count);
+
+    /// Whether what is shown was searched for other pieces or another room: the pictures are pale then.
+    void SetOutdated(bool isOutdated);
 
     /// Says what to do in the place of circuits, while there are none.
     void ShowHint(const QString& hint);
@@ -61,18 +67,20 @@ private:
     std::size_t PlaceOf(int row) const;
     int RowOf(std::size_t place) const;
     std::vector<std::size_t> Chosen() const;
-    std::vector<std::size_t> WithThoseThatStay(std::vector<std::size_t> places,
-                                               const std::vector<std::size_t>& chosen) const;
+    std::vector<RankedCircuit> WithThoseThatStay(std::vector<RankedCircuit> ranked,
+                                                 const std::vector<std::size_t>& chosen) const;
     std::optional<Sight> Seen() const;
     void KeepInSight(const std::optional<Sight>& seen);
     void OfferFirst();
     void Tick(const QListWidgetItem& line);
-    void Fill(QListWidgetItem& line, const FoundCircuit& found, std::size_t place, const ScoreWeights& weights);
+    void Fill(QListWidgetItem& line, const FoundCircuit& found, const RankedCircuit& ranked);
+    void FitCards();
 
     Session& session_;
     Design room_;
     QString hint_;
     std::size_t kept_ = 0;
+    int wished_ = 1;                   ///< how many there shall be room for
     std::vector<QIcon> pictures_;      ///< by place among those found; those never shown have none
     std::set<std::size_t> ticked_;     ///< their places
     bool hasChosen_ = false;           ///< the user has

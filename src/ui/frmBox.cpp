@@ -77,7 +77,7 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
       fields_(new BoxFields(
           session, purpose, [this] { ShowStanding(); }, [this] { ShowFound(); })),
       lstCircuits_(new FoundCircuits(session)), preview_(new CircuitPreview(session)),
-      weights_(new ScoreWeightsBox([this] { ShowFound(); })),
+      weights_(new ScoreWeightsBox([this] { ShowFound(); })), banner_(new FoundBanner([this] { Search(); })),
       search_(
           session.Catalogue,
           [this](std::function<void()> call) {
@@ -87,7 +87,8 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
     setObjectName(varies_ ? "frmVariations" : "frmBox");
     setWindowTitle(varies_ ? "Variations" : "Circuits from My Box");
     auto* const found = new QHBoxLayout;
-    found->addLayout(Circuits(), 1);
+    constexpr int twice = 2; // as wide as the one that is shown large
+    found->addLayout(Circuits(), twice);
     found->addLayout(Chosen(varies_ ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 1);
     auto* const right = new QVBoxLayout;
     right->addLayout(found, 1);
@@ -98,7 +99,7 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(columns, 1);
     layout->addLayout(Buttons());
-    constexpr QSize comfortable(1280, 820);
+    constexpr QSize comfortable(1680, 960);
     constexpr double ofScreen = 0.875;
     resize(comfortable.boundedTo(screen()->availableSize() * ofScreen));
     showing_.setSingleShot(true);
@@ -151,7 +152,8 @@ QLayout* frmBox::SearchButtons() {
 QLayout* frmBox::Circuits() {
     lstCircuits_->ChosenChanged = [this] { ShowChosen(); };
     lstCircuits_->Opened = [this] { OpenChosen(); };
-    lblFound_ = Named(new QLabel, "lblFound");
+    lstCircuits_->SizeChanged = [this] { showing_.start(); };
+    lstCircuits_->MakeRoomFor(fields_->Count());
     barSearch_ = Named(new QProgressBar, "barSearch");
     barSearch_->setTextVisible(false);
     barSearch_->setAccessibleName("Searching");
@@ -160,9 +162,8 @@ QLayout* frmBox::Circuits() {
     QSizePolicy keepsItsPlace = barSearch_->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
     barSearch_->setSizePolicy(keepsItsPlace);
-    lblFound_->setWordWrap(true);
     auto* const column = new QVBoxLayout;
-    column->addWidget(lblFound_);
+    column->addWidget(banner_);
     column->addWidget(barSearch_);
     column->addWidget(lstCircuits_, 1);
     return column;
@@ -222,8 +223,8 @@ void frmBox::Hear() {
 
 void frmBox::ShowFound() {
     const std::vector<FoundCircuit>& found = search_.Found();
-    const ScoreWeights weights = weights_->Weights();
-    lstCircuits_->Show(found, DifferentFirst(found, BestOf(found, fields_->Count(), weights)), weights);
+    lstCircuits_->MakeRoomFor(fields_->Count());
+    lstCircuits_->Show(found, Ranked(found, BestOf(found, fields_->Count(), weights_->Weights())));
     ShowStanding();
     ShowChosen();
 }
@@ -242,16 +243,26 @@ void frmBox::ShowStanding() {
     const bool runs = standing == BoxStanding::Runs;
     const bool isBoxEmpty = wish.Box.Total() == 0;
     const bool isForAnother = IsForAnother(wish);
-    if (count == 0 && !runs && (isForAnother || standing == BoxStanding::Idle)) {
-        lblFound_->setText(IdleText(isBoxEmpty));
-    } else if (isForAnother) {
-        lblFound_->setText("Found for another box or room: press Search.");
+    const bool isOutdated = isForAnother && (count > 0 || runs);
+    QString text;
+    if (isOutdated) {
+        text = "This is of another box or room than stands at the left.";
+    } else if (count == 0 && !runs && (isForAnother || standing == BoxStanding::Idle)) {
+        text = IdleText(isBoxEmpty);
     } else {
         const QString found = CountText(count, static_cast<std::size_t>(wish.Count));
-        lblFound_->setText(StandingText(standing, count, found, InsteadFor(wish, varies_)));
+        text = StandingText(standing, count, found, InsteadFor(wish, varies_));
     }
+    banner_->Show(text, isOutdated, !isBoxEmpty);
+    lstCircuits_->SetOutdated(isOutdated);
     const BoxStanding ofThisWish = isForAnother && !runs ? BoxStanding::Idle : standing;
     lstCircuits_->ShowHint(HintFor(ofThisWish, never, varies_, searched_ && searched_->Kept));
+    ShowSearchButtons(standing, isForAnother, isBoxEmpty);
+    ShowProgress();
+}
+
+void frmBox::ShowSearchButtons(BoxStanding standing, bool isForAnother, bool isBoxEmpty) {
+    const bool runs = standing == BoxStanding::Runs;
     cmdSearch_->setEnabled(!isBoxEmpty);
     cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Search for circuits from the beginning");
     cmdStop_->setText(search_.IsPausing()                     ? "Stopping…"
@@ -261,10 +272,9 @@ void frmBox::ShowStanding() {
                               : "Look on for other circuits; those that are found stay");
     cmdStop_->setEnabled(runs ? !search_.IsPausing()
                               : !isForAnother && standing != BoxStanding::Idle && standing != BoxStanding::Complete);
-    const bool shallContinue = standing == BoxStanding::Ended && count == 0 && !isForAnother;
+    const bool shallContinue = standing == BoxStanding::Ended && search_.Found().empty() && !isForAnother;
     (shallContinue ? cmdStop_ : cmdSearch_)->setDefault(true);
     cmdCancelSearch_->setEnabled(runs);
-    ShowProgress();
 }
 
 /// How much of the usual effort is spent; of a search that looks on beyond it nobody knows how long it takes.
@@ -292,7 +302,7 @@ void frmBox::ShowChosen() {
     }
     const LaidCircuit& circuit = search_.Found()[*shown].Circuit;
     weights_->Show(circuit.Parts);
-    preview_->Show(lstCircuits_->DesignOf(circuit), kept_, FiguresOf(session_, searched_->Box, circuit));
+    preview_->Show(lstCircuits_->DesignOf(circuit), kept_, FiguresOf(session_, searched_->Box, room_, circuit));
 }
 
 /// The window goes, so that the design is seen; it comes back as it was.

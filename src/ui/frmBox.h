@@ -4,6 +4,7 @@
 #include "commands/box_search.h"
 #include "ui/box_fields.h"
 #include "ui/circuit_preview.h"
+#include "ui/found_banner.h"
 #include "ui/found_circuits.h"
 #include "ui/score_weights_box.h"
 
@@ -43,6 +44,7 @@ private:
     void ShowFound();
     bool IsForAnother(const BoxWish& wish) const;
     void ShowStanding();
+    void ShowSearchButtons(BoxStanding standing, bool isForAnother, bool isBoxEmpty);
     void ShowProgress();
     void ShowChosen();
     void OpenChosen();
@@ -56,7 +58,7 @@ private:
     FoundCircuits* const lstCircuits_;
     CircuitPreview* const preview_;
     ScoreWeightsBox* const weights_;
-    QLabel* lblFound_ = nullptr;
+    FoundBanner* const banner_;
     QProgressBar* barSearch_ = nullptr;
     QPushButton *cmdSearch_ = nullptr, *cmdStop_ = nullptr, *cmdCancelSearch_ = nullptr, *cmdOpen_ = nullptr,
                 *cmdKeep_ = nullptr;

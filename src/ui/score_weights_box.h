@@ -1,4 +1,4 @@
-// What a good circuit is: a slider for each part of the score, and how the chosen circuit does in it.
+// What a good circuit is: what shall come first in a word, and folded away a slider for each part of the score.
 #pragma once
 
 #include "search/circuit_score.h"
@@ -7,7 +7,9 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSlider>
+#include <QToolButton>
 
 #include <functional>
 #include <optional>
@@ -17,7 +19,7 @@ namespace pistaro {
 
 class ScoreWeightsBox : public QGroupBox {
 public:
-    /// `changed` is called when a weight was moved.
+    /// `changed` is called when something else shall come first.
     explicit ScoreWeightsBox(std::function<void()> changed);
 
     ScoreWeights Weights() const;
@@ -26,14 +28,18 @@ public:
     void Show(const std::optional<ScoreParts>& parts);
 
 private:
+    QLayout* Tastes();
+    QWidget* Parts();
     void AddPart(QGridLayout& grid, std::size_t part);
+    void Take(const ScoreWeights& weights);
     void ShowWeights();
-    void ShowUsual();
 
     const std::function<void()> changed_;
+    std::vector<QRadioButton*> tastes_;
     std::vector<QSlider*> sliders_;
     std::vector<QLabel*> weights_, parts_;
     QLabel* const lblScore_;
+    QToolButton* const cmdFineTune_;
     QPushButton* const cmdUsualWeights_;
 };
 

@@ -47,6 +47,21 @@ TEST_F(LayingCommands, MakeATaskOfARectangleAroundItsMiddle) {
     EXPECT_EQ(task.Box.Total(), 12);
 }
 
+TEST_F(LayingCommands, KeepFromTheWallsOfARectangleAndOfTheDesignsRoom) {
+    BoxWish wish = WishOf("C151=8,C160=4");
+    wish.FromWalls = 10;
+    const LayingTask inRectangle = TaskFor(session_, wish);
+    EXPECT_EQ(inRectangle.Room, EmptyArea({240, 160}).Room);
+    EXPECT_EQ(inRectangle.FromWalls, 10);
+
+    wish.Area.reset();
+    session_.Project.Design.Room = EmptyArea({300, 200}).Room;
+    const LayingTask inDesign = TaskFor(session_, wish);
+
+    EXPECT_EQ(inDesign.Room, EmptyArea({300, 200}).Room);
+    EXPECT_EQ(inDesign.FromWalls, 10);
+}
+
 TEST_F(LayingCommands, RefuseWhatCannotBeLaid) {
     EXPECT_EQ(WhyRefused(WishOf("C160=0")), "Refused: the box is empty");
     BoxWish inDesign = WishOf("C151=8");
@@ -60,54 +75,22 @@ TEST_F(LayingCommands, RefuseWhatCannotBeLaid) {
     EXPECT_EQ(WhyRefused(keepsAdapter), "Refused: the part that is kept must begin and end within one system");
 }
 
+TEST_F(LayingCommands, LeaveOutTheDesignsOwnCircuitsWhereThatIsWished) {
+    session_.Project.Design.Circuit.Tracks[1] = Chain("C160 no-such-piece");
+    BoxWish wish = WishOf("C151=8,C160=4");
+    EXPECT_TRUE(TaskFor(session_, wish).LeftOut.empty());
+
+    wish.LeavesOutDesign = true;
+
+    EXPECT_EQ(TaskFor(session_, wish).LeftOut, std::vector<Rows>{RowsOf("C160 C160 C151R")});
+}
+
 TEST_F(LayingCommands, TakeThePiecesOfAllTracks) {
     session_.Project.Design.Circuit.Tracks[1] = Chain("C160 C277");
 
     const PieceBox box = BoxOfDesign(session_);
 
     EXPECT_EQ(box, BoxOf(Pieces(), "C160=3,C151=1,C277=1"));
-}
-
-TEST_F(LayingCommands, PriceOnlyWhatIsNotOwned) {
-    SetStock(session_.Project, "C160", 3, 2.5F);
-    SetStock(session_.Project, "C151L", 4, 4);
-    const Track track = Chain("C160 C160 C160 C160 C160 C151L C151R");
-
-    EXPECT_EQ(PriceOfMissing(session_, track), 500);
-}
-
-TEST_F(LayingCommands, TellHowMuchOfTheBoxACircuitUses) {
-    LaidCircuit circuit;
-    circuit.Track = Chain("C160 C160 C160");
-    circuit.Used = 0.956;
-    circuit.Length = 1234.5;
-    session_.Project.Preferences.Units.Currency = "EUR";
-
-    EXPECT_EQ(UseText(circuit), "96 % of the box, 3 pieces");
-    EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m") << "the box is what there is";
-    SetStock(session_.Project, "C160", 1, 0);
-    EXPECT_EQ(LengthAndPriceText(session_, circuit), "12.35 m, price unknown");
-}
-
-TEST_F(LayingCommands, TellHowACircuitDiffersFromOthers) {
-    LaidCircuit circuit;
-    circuit.Track = Chain("C160 C151L C151L C151L C151L C160 C151L C151L C151L C151L");
-    circuit.Parts.Used = 1;
-
-    // Lanes that lie 7.9 cm apart differ by 2 pi times that, once round.
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 0, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 1.00");
-    EXPECT_EQ(LanesAndScoreText(session_, circuit, {1, 1, 0, 0, 0, 0, 0}), "lanes differ 49.6 cm, score 0.50");
-}
-
-TEST_F(LayingCommands, TellTheShapeOfACircuit) {
-    LaidCircuit circuit;
-    circuit.Track = Chain("C160 C151L C151L C151L C151L C160 C160 C151L C151L C151L C151L C160");
-
-    // Four curves of 45 degrees turn round on twice 29.725 cm, the outer radius of which is 37.4.
-    EXPECT_EQ(SizeAndStraightText(session_, circuit), "75 × 145 cm, straight 0.70 m");
-    EXPECT_EQ(CornersText(session_, circuit), "2 corners left, 0 right");
-    circuit.Track = Chain("C160 C151L C151R C160 C151R");
-    EXPECT_EQ(CornersText(session_, circuit), "1 corner left, 2 right");
 }
 
 TEST_F(LayingCommands, AVariationIsNamedAfterItsDesign) {
@@ -119,47 +102,6 @@ TEST_F(LayingCommands, AVariationIsNamedAfterItsDesign) {
     EXPECT_EQ(Caption(session_.Project.EditState), "Pistaro - club variation");
     session_.Do([&] { OpenAsNew(session_, false, room_, Chain("C160"), opened_); });
     EXPECT_EQ(Caption(session_.Project.EditState), "Pistaro - new project");
-}
-
-TEST_F(LayingCommands, TellTheFiguresOfACircuit) {
-    SetStock(session_.Project, "C160", 1, 2.5F);
-    session_.Project.Preferences.Units.Currency = "EUR";
-    LaidCircuit circuit;
-    circuit.Track = Chain("C160 C160 C160");
-    circuit.Used = 0.6;
-    circuit.Length = 105;
-
-    const std::vector<CircuitFigure> figures = FiguresOf(session_, BoxOf(Pieces(), "C160=3,C151=2"), circuit);
-
-    EXPECT_EQ(figures, (std::vector<CircuitFigure>{{"Box used", "60 %, 3 of 5 pieces"},
-                                                   {"Left over", "2 × C151"},
-                                                   {"Lap", "1.05 m"},
-                                                   {"Lanes", "1.05 m and 1.05 m"},
-                                                   {"To buy", "2 × C160; 5.00 €"}}));
-}
-
-TEST_F(LayingCommands, TellWhatLacksAndHasNoPrice) {
-    session_.Project.Preferences.Units.Currency = "EUR";
-    SetStock(session_.Project, "C160", 3, 2.5F);
-    SetStock(session_.Project, "C151L", 0, 0);
-    LaidCircuit circuit;
-    circuit.Track = Chain("C160 C151L C151R");
-    const PieceBox box = BoxOf(Pieces(), "C160=1,C151=2");
-
-    EXPECT_EQ(FiguresOf(session_, box, circuit).back(),
-              (CircuitFigure{"To buy", "2 × C151; 0.00 € + 2 without a price"}));
-    SetStock(session_.Project, "C151L", 2, 0);
-    EXPECT_EQ(FiguresOf(session_, box, circuit).back(), (CircuitFigure{"To buy", "nothing"}));
-}
-
-TEST_F(LayingCommands, TellNoSumWhereNothingHasAPrice) {
-    LaidCircuit circuit;
-    circuit.Track = Chain("C160 C151L C151R");
-    const PieceBox box = BoxOf(Pieces(), "C160=1,C151=2");
-
-    EXPECT_NE(FiguresOf(session_, box, circuit).back().Name, "To buy") << "nobody has told what he owns";
-    SetStock(session_.Project, "C159", 1, 0);
-    EXPECT_EQ(FiguresOf(session_, box, circuit).back(), (CircuitFigure{"To buy", "2 × C151, C160; price unknown"}));
 }
 
 TEST_F(LayingCommands, OpenACircuitAsOneStepThatUndoTakesBack) {

@@ -318,11 +318,6 @@ TEST(BestOf, PrefersACircuitThatLooksDifferentToOneMuchLikeABetterOne) {
         << "what looks the same is taken last of all";
 }
 
-TEST(DifferentFirst, PutsWhatLooksLikeABetterOneBehindAllOthers) {
-    EXPECT_EQ(DifferentFirst(FiveCircuits, {1, 4, 2, 0, 3}), (std::vector<std::size_t>{1, 2, 0, 3, 4}));
-    EXPECT_EQ(DifferentFirst(FiveCircuits, {}), (std::vector<std::size_t>{}));
-}
-
 TEST(Laying, GivesWhatItHasWhenItIsEndedWithinARound) {
     std::stop_source ending;
     const LayingTask task = TaskOf("C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4", {400, 300});

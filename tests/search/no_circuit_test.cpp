@@ -26,16 +26,46 @@ TEST(NoCircuit, IsThereWithoutCurvesOrWithTooFew) {
 
 TEST(NoCircuit, IsThereOfTwoSystemsThatNothingJoins) {
     EXPECT_EQ(Why(TaskOf("C151=4,N10105=6")),
-              "The curves of the box turn by 270° in all, and a circuit turns by 360°.");
+              "The curves of one system turn by 270° in all, and a circuit turns by 360°.");
     EXPECT_EQ(Why(TaskOf("C151=4,N10105=6,N10110=1")),
-              "The curves of the box turn by 270° in all, and a circuit turns by 360°.");
+              "The curves of one system turn by 270° in all, and a circuit turns by 360°.");
     EXPECT_EQ(Why(TaskOf("C151=4,N10105=6,N10110=2")), "");
+}
+
+TEST(Systems, StayApartWithoutTwoAdapters) {
+    const auto why = [](const char* box) { return WhySystemsStayApart(Pieces(), BoxOf(Pieces(), box)); };
+    const std::string need = "Scalextric and Ninco join by N10110 only, and a circuit of both takes two: ";
+
+    EXPECT_EQ(why("C151=8,N10105=8"), need + "without them circuits are of one system.");
+    EXPECT_EQ(why("C151=8,N10105=8,N10110=1"), need + "with one circuits are of one system.");
+    EXPECT_EQ(why("C151=8,N10105=8,N10110=2"), "");
+    EXPECT_EQ(why("C151=8,C160=8"), "");
+    EXPECT_EQ(why("N10105=8,N10110=1"), "");
 }
 
 TEST(NoCircuit, IsThereInARoomSmallerThanItsSmallestCircle) {
     EXPECT_EQ(Why(TaskOf("C151=8,C153=4", 300, 74)),
               "The smallest circle of the box, of C151, takes 75 cm, and the room is 74 cm deep.");
     EXPECT_EQ(Why(TaskOf("C151=8,C153=4", 300, 75)), "");
+}
+
+TEST(NoCircuit, IsThereWhereTooMuchIsKeptFromTheWalls) {
+    LayingTask task = TaskOf("C151=8,C153=4", 300, 95);
+    task.FromWalls = 10;
+    EXPECT_EQ(Why(task), "");
+    task.FromWalls = 11;
+    EXPECT_EQ(Why(task),
+              "The smallest circle of the box, of C151, takes 75 cm, and the room is 73 cm deep between what "
+              "is kept from the walls.");
+}
+
+TEST(NoCircuit, IsThereAroundAPartNearerToAWallThanCircuitsMayBe) {
+    LayingTask task = TaskOf("C151=8,C160=4");
+    task.Kept = KeptPart{RowsOf("C160 C160"), {200, 4, 0}};
+    task.FromWalls = 4;
+    EXPECT_EQ(Why(task), "");
+    task.FromWalls = 5;
+    EXPECT_EQ(Why(task), "The part that is kept lies nearer to a wall than 5 cm.");
 }
 
 TEST(NoCircuit, IsThereAroundAPartOutsideTheRoom) {

@@ -202,33 +202,5 @@ TEST_F(BoxesOfPieces, AreFilledWithTheDesignsAgain) {
     EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=2,C160=1"));
 }
 
-class RoomsOfABox : public MyBox {};
-
-TEST_F(RoomsOfABox, TellTheDesignsSize) {
-    pistaro::Project project = ProjectOf("C160");
-    project.Design.Room = EmptyArea({240, 160}).Room;
-
-    OpenBox(project);
-
-    EXPECT_EQ(Find<QRadioButton>("optRoomDesign").text(), "The &design's, 240 × 160 cm");
-}
-
-TEST_F(RoomsOfABox, AreThoseOfTheLastSearch) {
-    OpenBox();
-    Find<QSpinBox>("spnRoomWidth").setValue(250);
-    Find<QSpinBox>("spnRoomDepth").setValue(150);
-    Search("C151=8,C160=4");
-    const Habits habits = Session->Habits;
-    EXPECT_EQ(habits.BoxRoom, "250x150");
-
-    Open(ProjectOf(""));
-    Session->Habits = habits;
-    Choose("mnuFromBox");
-
-    EXPECT_EQ(Find<QSpinBox>("spnRoomWidth").value(), 250);
-    EXPECT_EQ(Find<QSpinBox>("spnRoomDepth").value(), 150);
-    EXPECT_TRUE(Find<QRadioButton>("optRoomArea").isChecked());
-}
-
 } // namespace
 } // namespace pistaro

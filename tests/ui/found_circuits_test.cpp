@@ -11,19 +11,19 @@ namespace {
 
 class Cards : public MyBox {
 protected:
-    std::string TextOf(int row) { return Circuits().item(row)->text().toStdString(); }
     bool IsTicked(int row) { return Circuits().item(row)->checkState() == Qt::Checked; }
     QScrollBar& Bar() { return *Circuits().verticalScrollBar(); }
 
     /// The box in the corner of a card's picture.
     QPoint TickOf(int row) {
         const QRect card = Circuits().visualItemRect(Circuits().item(row));
-        constexpr int margin = 8, inside = 10;
+        constexpr int margin = 6, inside = 10;
         return {card.left() + margin + Circuits().iconSize().width() - inside, card.top() + margin + inside};
     }
     void ClickTick(int row) { QTest::mouseClick(Circuits().viewport(), Qt::LeftButton, {}, TickOf(row)); }
 
-    /// Shows all that were found, which are so many that the list has room for few of them.
+    /// Shows all that were found, which are so many that the list has room for few of them: those with good straights
+    /// first, whatever else they are.
     void SearchMany() {
         OpenBox();
         Find<QSpinBox>("spnCircuits").setValue(12);
@@ -34,13 +34,14 @@ protected:
         Dialog().resize(Dialog().minimumSizeHint());
         QApplication::processEvents();
         ASSERT_GT(Bar().maximum(), 300);
-    }
-
-    /// Has the length of the longest straight alone count, which turns the order over.
-    void WeighStraightsAlone() {
-        for (int part = 0; part < 7; ++part)
+        for (int part = 0; part < 10; ++part)
             At<QSlider>("sldWeight", part).setValue(part == 2 ? 100 : 0);
     }
+
+    /// Turns the order over, at once.
+    void PutAllRoundFirst() { Find<QRadioButton>("optAllRound").click(); }
+
+    qulonglong PlaceOf(int row) { return Circuits().item(row)->data(Qt::UserRole).toULongLong(); }
 };
 
 TEST_F(Cards, AreTickedOneByOneAndKeptTogether) {
@@ -50,19 +51,19 @@ TEST_F(Cards, AreTickedOneByOneAndKeptTogether) {
     EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep as Files…");
 
     ClickTick(1);
-    ClickTick(3);
+    ClickTick(2);
     ClickCircuit(0);
     EXPECT_TRUE(IsTicked(1));
-    EXPECT_TRUE(IsTicked(3));
+    EXPECT_TRUE(IsTicked(2));
     EXPECT_FALSE(IsTicked(0)) << "a click elsewhere looks at it";
     EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep 2 as Files…");
     Prompts.Files = {folder / "mine.trk"};
     PressHere("cmdKeepCircuits");
 
     EXPECT_EQ(ReadCircuit(folder / "mine-01.trk").Circuit.Tracks[0].ElementCodes.size(), 12U);
-    EXPECT_EQ(ReadCircuit(folder / "mine-02.trk").Circuit.Tracks[0].ElementCodes.size(), 10U);
-    ClickTick(3);
-    EXPECT_FALSE(IsTicked(3));
+    EXPECT_EQ(ReadCircuit(folder / "mine-02.trk").Circuit.Tracks[0].ElementCodes.size(), 8U) << "the circle";
+    ClickTick(2);
+    EXPECT_FALSE(IsTicked(2));
 }
 
 TEST_F(Cards, AreTickedByTheSpaceBarAndNotOpenedByQuickClicksOnTheirBoxes) {
@@ -90,7 +91,7 @@ TEST_F(Cards, StayWhileTheyAreTickedOrChosen) {
     EXPECT_FALSE(IsTicked(0));
     EXPECT_NE(IsTicked(1), IsTicked(2));
     EXPECT_EQ(Circuits().selectedItems().size(), 1);
-    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "67 %, 8 of 12 pieces");
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "83 %, 10 of 12 pieces");
 }
 
 TEST_F(Cards, ShowTheOneOfSeveralThatWasClickedLast) {
@@ -100,19 +101,19 @@ TEST_F(Cards, ShowTheOneOfSeveralThatWasClickedLast) {
 
     ClickCircuit(4, Qt::ControlModifier);
 
-    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "67 %, 8 of 12 pieces");
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "83 %, 10 of 12 pieces");
     EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep 2 as Files…");
     EXPECT_TRUE(Find<QPushButton>("cmdOpenCircuit").isEnabled());
 }
 
 TEST_F(Cards, ShowANewFirstOneToWhoHasNotScrolled) {
     SearchMany();
-    const std::string first = TextOf(0);
+    const qulonglong first = PlaceOf(0);
 
-    WeighStraightsAlone();
+    PutAllRoundFirst();
 
     EXPECT_EQ(Bar().value(), 0);
-    EXPECT_NE(TextOf(0), first);
+    EXPECT_NE(PlaceOf(0), first);
     EXPECT_TRUE(Circuits().item(0)->isSelected()) << "nobody has chosen another";
     EXPECT_FALSE(Find<QPushButton>("cmdShowFirst").isVisible());
 }
@@ -120,7 +121,7 @@ TEST_F(Cards, ShowANewFirstOneToWhoHasNotScrolled) {
 TEST_F(Cards, StayWhereTheyAreForWhoHasScrolledAndOfferTheNewFirstOne) {
     SearchMany();
     ClickCircuit(0);
-    Bar().setValue(Bar().maximum() / 2);
+    Bar().setValue(250); // at a card that does not come to the list's end, where nothing could hold it
     QListWidgetItem* seen = nullptr;
     for (int row = 0; seen == nullptr; ++row) {
         if (Circuits().visualItemRect(Circuits().item(row)).top() >= 0) seen = Circuits().item(row);
@@ -128,10 +129,10 @@ TEST_F(Cards, StayWhereTheyAreForWhoHasScrolledAndOfferTheNewFirstOne) {
     const qulonglong place = seen->data(Qt::UserRole).toULongLong();
     const int top = Circuits().visualItemRect(seen).top();
 
-    WeighStraightsAlone();
+    PutAllRoundFirst();
 
     int row = 0;
-    while (Circuits().item(row)->data(Qt::UserRole).toULongLong() != place)
+    while (PlaceOf(row) != place)
         ++row;
     EXPECT_NE(Circuits().item(row), seen) << "it stands elsewhere in the order";
     EXPECT_EQ(Circuits().visualItemRect(Circuits().item(row)).top(), top);
@@ -139,6 +140,35 @@ TEST_F(Cards, StayWhereTheyAreForWhoHasScrolledAndOfferTheNewFirstOne) {
     PressHere("cmdShowFirst");
     EXPECT_EQ(Bar().value(), 0);
     EXPECT_FALSE(Find<QPushButton>("cmdShowFirst").isVisible());
+}
+
+TEST_F(Cards, AreSeenSixAtATimeOnASmallScreen) {
+    OpenBox();
+    Dialog().resize(1195, 672); // what it takes of 1366 x 768
+    Search("C151=12,C160=6,C159=2");
+    ASSERT_GE(Circuits().count(), 10);
+    QApplication::processEvents();
+
+    int whole = 0;
+    for (int row = 0; row < Circuits().count(); ++row)
+        whole += Circuits().viewport()->rect().contains(Circuits().visualItemRect(Circuits().item(row))) ? 1 : 0;
+
+    EXPECT_GE(whole, 6);
+}
+
+TEST_F(Cards, GrowWithTheWindow) {
+    OpenBox();
+    Dialog().resize(1195, 672);
+    Search("C151=8,C160=4");
+    Find<QSpinBox>("spnCircuits").setValue(5);
+    const int before = Circuits().iconSize().width();
+
+    Dialog().resize(1680, 945);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return Circuits().iconSize().width() > before &&
+               Circuits().item(0)->icon().availableSizes().value(0).width() == Circuits().iconSize().width();
+    }));
 }
 
 } // namespace

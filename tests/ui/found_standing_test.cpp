@@ -15,7 +15,7 @@ TEST_F(StandingOfASearch, TellsThatItsCircuitsAreOfAnotherBoxUntilItIsSearchedAg
     Search("C151=8,C160=4");
     const std::string found = Text("lblFound");
     ASSERT_EQ(found, "The best 4 of 5 circuits found; there are no others.");
-    const auto isOfAnother = [&] { return Text("lblFound") == "Found for another box or room: press Search."; };
+    const auto isOfAnother = [&] { return Find<QPushButton>("cmdSearchAgain").isVisible(); };
 
     Box().Show(BoxOf(Pieces(), "C151=8,C160=5"));
     EXPECT_TRUE(isOfAnother());
@@ -31,8 +31,23 @@ TEST_F(StandingOfASearch, TellsThatItsCircuitsAreOfAnotherBoxUntilItIsSearchedAg
     Box().Show(BoxOf(Pieces(), "C151=8,C160=5,C277=1"));
     Find<QCheckBox>("chkLapCounter").click();
     EXPECT_TRUE(isOfAnother());
-    PressHere("cmdSearch");
+    EXPECT_EQ(Text("lblFound"), "This is of another box or room than stands at the left.");
+    PressHere("cmdSearchAgain");
     EXPECT_FALSE(isOfAnother());
+    EXPECT_TRUE(Find<QPushButton>("cmdCancelSearch").isEnabled());
+}
+
+TEST_F(StandingOfASearch, MakesCircuitsOfAnotherBoxPale) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    const auto picture = [&] { return Circuits().viewport()->grab().toImage(); };
+    const QImage before = picture();
+
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=5"));
+    EXPECT_NE(picture(), before);
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4"));
+
+    EXPECT_EQ(picture(), before);
 }
 
 TEST_F(StandingOfASearch, CannotContinueForAnotherBox) {

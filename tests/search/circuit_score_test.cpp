@@ -1,0 +1,48 @@
+// The parts of a circuit's score that count only for who asks for them.
+#include "search/circuit_score.h"
+
+#include "support/chain.h"
+
+#include <gtest/gtest.h>
+
+namespace pistaro {
+namespace {
+
+/// The score needs no circuit that is closed; its lap is given.
+ScoreParts PartsOf(const char* codes, const char* box, double lap) {
+    const Rows rows = RowsOf(codes);
+    const LoopRoom room({{{-500, -500, 0}, {500, -500, 1}, {500, 500, 1}, {-500, 500, 1}, {-500, -500, 1}}, 0});
+    return ScorePartsOf(Pieces(), rows, LayLoop(Pieces(), rows, {}), room, BoxOf(Pieces(), box), lap, 0);
+}
+
+TEST(Score, TellsHowMuchOfTheBoxsTrackIsDriven) {
+    EXPECT_DOUBLE_EQ(PartsOf("C160 C160 C160", "C160=3", 105).Length, 1);
+    EXPECT_DOUBLE_EQ(PartsOf("C160 C160 C160", "C160=6", 105).Length, 0.5);
+    // Two half straights of 17.5 cm are as long as a straight of 35 cm.
+    EXPECT_DOUBLE_EQ(PartsOf("C160", "C160=1,C159=2", 35).Length, 0.5);
+}
+
+TEST(Score, TellsHowGreatAPartOfTheLapIsOneStraight) {
+    EXPECT_DOUBLE_EQ(PartsOf("C160 C160 C151L C160 C151L", "C160=3,C151=2", 350).Speed, 0.5);
+    EXPECT_DOUBLE_EQ(PartsOf("C160 C160 C151L C160 C151L", "C160=3,C151=2", 100).Speed, 1);
+}
+
+TEST(Score, TellsHowMuchItTurnsToAndFro) {
+    EXPECT_NEAR(PartsOf("C151L C151L C151L C151L C151R C151R C151R C151R", "C151=8", 190).Winding, 1 / 3.0, 1e-5);
+    EXPECT_DOUBLE_EQ(PartsOf("C151L C151L C151L C151L", "C151=4", 95).Winding, 0);
+}
+
+TEST(Score, CountsThemOnlyWhereTheyWeighSomething) {
+    ScoreParts parts;
+    parts.Used = 0.5;
+    EXPECT_DOUBLE_EQ(Score(parts, {1, 0, 0, 0, 0, 0, 0}), 0.5);
+    parts.Length = parts.Speed = parts.Winding = 1;
+    EXPECT_DOUBLE_EQ(Score(parts, {1, 0, 0, 0, 0, 0, 0}), 0.5);
+
+    EXPECT_DOUBLE_EQ(Score(parts, {1, 0, 0, 0, 0, 0, 0, 1, 0, 0}), 0.75);
+    EXPECT_DOUBLE_EQ(Score(parts, {1, 0, 0, 0, 0, 0, 0, 0, 1, 0}), 0.75);
+    EXPECT_DOUBLE_EQ(Score(parts, {1, 0, 0, 0, 0, 0, 0, 0, 0, 1}), 0.75);
+}
+
+} // namespace
+} // namespace pistaro

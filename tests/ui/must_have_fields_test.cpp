@@ -1,0 +1,55 @@
+// What circuits of a box must have, as far as the box gives it.
+#include "ui/box_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace pistaro {
+namespace {
+
+using testing::HasSubstr;
+
+class MustHavesOfABox : public MyBox {};
+
+TEST_F(MustHavesOfABox, AreOfferedOnlyWhereTheBoxGivesThem) {
+    OpenBox();
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4,C277=1"));
+
+    EXPECT_TRUE(Find<QCheckBox>("chkLapCounter").isEnabled());
+    EXPECT_EQ(At<QLabel>("lblLacking", 0).text(), "");
+    EXPECT_FALSE(Find<QCheckBox>("chkChicane").isEnabled());
+    EXPECT_EQ(Find<QCheckBox>("chkChicane").toolTip(), "The box holds no two ends of a chicane.");
+    EXPECT_EQ(At<QLabel>("lblLacking", 3).text(), "not both ends in the box");
+}
+
+TEST_F(MustHavesOfABox, AreInEveryCircuit) {
+    OpenBox();
+    Find<QCheckBox>("chkLapCounter").setChecked(true);
+
+    Search("C151=8,C160=4,C277=1,C159=1");
+
+    ASSERT_GT(Circuits().count(), 0);
+    const int count = Circuits().count();
+    for (int row = 0; row < count; ++row) {
+        OpenCircuit(row);
+        EXPECT_THAT(Codes(), HasSubstr("C277"));
+    }
+}
+
+TEST_F(MustHavesOfABox, CountAgainWhenTheBoxHasThemAgain) {
+    OpenBox();
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4,C277=1"));
+    QCheckBox& counter = Find<QCheckBox>("chkLapCounter");
+    counter.click();
+
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4"));
+    EXPECT_FALSE(counter.isChecked());
+    EXPECT_FALSE(counter.isEnabled());
+    EXPECT_EQ(At<QLabel>("lblLacking", 0).text(), "none in the box, not counted");
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4,C277=1"));
+
+    EXPECT_TRUE(counter.isChecked());
+    EXPECT_EQ(At<QLabel>("lblLacking", 0).text(), "");
+}
+
+} // namespace
+} // namespace pistaro

@@ -1,0 +1,112 @@
+// Variations of a design: from its pieces, around a part that is kept, and none that the design is already.
+#include "ui/box_fixture.h"
+
+namespace pistaro {
+namespace {
+
+class VariationsOfADesign : public MyBox {};
+
+TEST_F(VariationsOfADesign, AreNotOfferedWithoutPieces) {
+    Open(ProjectOf(""));
+
+    EXPECT_FALSE(Entry("mnuVariations").isEnabled());
+}
+
+TEST_F(VariationsOfADesign, AreLaidFromItsPieces) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+
+    Choose("mnuVariations");
+
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=8,C160=4"));
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
+    EXPECT_GT(Circuits().count(), 1);
+}
+
+TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
+    pistaro::Project project = ProjectOf("C160 C159 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R C159",
+                                         "C160 C160 C159 C159 C151L C151L C151L C151L");
+    project.EditState.CurrentElement[0] = 3;
+    project.EditState.RunFrom = 0;
+    Open(project);
+    Choose("mnuVariations");
+    EXPECT_TRUE(Find<QCheckBox>("chkKeepPart").isChecked());
+
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 1; }, 60'000));
+    PressHere("cmdStop");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Find<QPushButton>("cmdCancelSearch").isEnabled(); }, 60'000));
+
+    const BuildCursor start = project.Design.Circuit.Tracks[0].Start();
+    const int count = Circuits().count();
+    for (int row = 0; row < count; ++row) {
+        OpenCircuit(row, "mnuVariations");
+        EXPECT_EQ(Codes().substr(0, 21), "C160 C159 C151R C151R");
+        EXPECT_EQ(Project.Design.Circuit.Tracks[0].Start(), start);
+    }
+    EXPECT_EQ(Session->History().Caption(Session->History().Present()), "Variation");
+}
+
+TEST_F(VariationsOfADesign, MarkThePartThatTheyKeep) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+    project.Preferences.Colours.Active = Rgb(255, 0, 0);
+    project.EditState.CurrentElement[0] = 3; // two curves: around the two straights there is the design alone
+    project.EditState.RunFrom = 2;
+    Open(project);
+    const auto redShare = [&] {
+        const QImage image = Find<QWidget>("picChosen").grab().toImage();
+        int red = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                red += colour.red() > colour.green() + 40 && colour.red() > colour.blue() + 40 ? 1 : 0;
+            }
+        }
+        return static_cast<double>(red) / (image.width() * image.height());
+    };
+    const auto search = [&](bool keeps) {
+        Find<QCheckBox>("chkKeepPart").setChecked(keeps);
+        PressHere("cmdSearch");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0; }, 60'000));
+        PressHere("cmdCancelSearch");
+    };
+    Choose("mnuVariations");
+
+    search(false);
+    const double without = redShare();
+    search(true);
+
+    EXPECT_GT(redShare(), without + 0.005);
+}
+
+TEST_F(VariationsOfADesign, AreLookedForAnewWhereTheDesignIsAnother) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+    Choose("mnuVariations");
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
+    const int found = Circuits().count();
+    OpenCircuit(1, "mnuVariations");
+    Choose("mnuVariations");
+    EXPECT_EQ(Circuits().count(), found) << "one of those that were found";
+    PressHere("cmdCloseBox");
+
+    Session->Do([&] { Project.Design.Circuit.Tracks[0].ElementCodes = {"C160", "C159"}; });
+    Choose("mnuVariations");
+
+    EXPECT_EQ(Circuits().count(), 0);
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C159=1,C160=1"));
+}
+
+/// These twelve pieces make five circuits, of which the design is one.
+TEST_F(VariationsOfADesign, LeaveOutTheDesignItself) {
+    Open(ProjectOf("C151R C151R C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R"));
+    Choose("mnuVariations");
+
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
+
+    EXPECT_EQ(Circuits().count(), 4);
+}
+
+} // namespace
+} // namespace pistaro
