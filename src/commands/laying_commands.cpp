@@ -20,12 +20,6 @@ namespace pistaro {
 
 namespace {
 
-Design WithTrack(Design design, const Track& track) {
-    design.Circuit = EmptyCircuit();
-    design.Circuit.Tracks.front() = track;
-    return design;
-}
-
 /// By which Save proposes a file beside that of the design that is varied; empty where that has no name.
 std::string VariationName(const EditState& edit) {
     const std::string suffix = " variation";
@@ -44,16 +38,32 @@ std::filesystem::path NumberedFile(const std::filesystem::path& file, std::size_
     return numbered;
 }
 
-/// Of the design's tracks, less those that hold an unknown code.
-std::vector<Rows> RowsOfTracks(const Session& session) {
-    std::vector<Rows> tracks;
-    for (const Track& track : session.Project.Design.Circuit.Tracks) {
-        Rows rows;
-        for (const std::string& code : track.ElementCodes)
-            rows.push_back(session.Catalogue.FindRow(code));
-        if (!rows.empty() && std::ranges::min(rows) >= 0) tracks.push_back(std::move(rows));
-    }
-    return tracks;
+const Track& TrackOf(const Session& session, int track) {
+    return session.Project.Design.Circuit.Tracks[static_cast<std::size_t>(track)];
+}
+
+/// The track as a circuit of known pieces.
+std::optional<TrackPart> KnownCircuit(const Catalogue& catalogue, const Track& track) {
+    const int count = track.ElementLastIndex() + 1;
+    TrackPart circuit = PartOf(catalogue, track, 0, count);
+    if (count == 0 || circuit.Rows.size() < static_cast<std::size_t>(count)) return std::nullopt;
+    return circuit;
+}
+
+/// The task as it is wished for, whether anything can come of it or not.
+LayingTask WishedTask(const Session& session, const BoxWish& wish) {
+    const Surroundings around = SurroundingsFor(session, wish);
+    LayingTask task{.Box = wish.Box,
+                    .Room = around.Design.Room,
+                    .Seed = wish.Seed,
+                    .Count = wish.Count,
+                    .MustHave = wish.MustHave,
+                    .Kept = wish.Kept,
+                    .Taken = GroundsBeside(session.Catalogue, around.Design.Circuit, around.Track),
+                    .FromWalls = wish.FromWalls};
+    if (wish.Varied) task.Varied = KnownCircuit(session.Catalogue, TrackOf(session, *wish.Varied));
+    if (task.Varied) task.LeftOut = {task.Varied->Rows};
+    return task;
 }
 
 /// A file that is there already is overwritten only when the user says so.
@@ -83,34 +93,33 @@ Design EmptyArea(Area area, int middleX, int middleY) {
     return design;
 }
 
+Design Surroundings::With(const pistaro::Track& circuit) const {
+    pistaro::Design design = Design;
+    design.Circuit.Tracks[static_cast<std::size_t>(Track)] = circuit;
+    return design;
+}
+
 bool HasWalls(const RoomPolygon& room) {
     return std::ranges::any_of(room.Points, [](const RoomPoint& point) { return point.Line == 1; });
 }
 
 bool IsForTheSame(const BoxWish& one, const BoxWish& other) {
     return one.Box == other.Box && one.Area == other.Area && one.FromWalls == other.FromWalls &&
-           one.MustHave == other.MustHave && one.Kept == other.Kept;
+           one.MustHave == other.MustHave && one.Varied == other.Varied && one.Kept == other.Kept;
 }
 
-Design RoomFor(const Session& session, const BoxWish& wish) {
-    if (wish.Area) return EmptyArea(*wish.Area, wish.MiddleX, wish.MiddleY);
-    Design design = session.Project.Design;
-    design.Circuit = EmptyCircuit();
-    return design;
+Surroundings SurroundingsFor(const Session& session, const BoxWish& wish) {
+    const Design& now = session.Project.Design;
+    Surroundings around{wish.Area ? EmptyArea(*wish.Area, wish.MiddleX, wish.MiddleY) : now, wish.Varied.value_or(0)};
+    around.Design.Circuit = wish.Varied ? now.Circuit : EmptyCircuit();
+    return {around.With({}), around.Track};
 }
 
 LayingTask TaskFor(const Session& session, const BoxWish& wish) {
     if (wish.Box.Total() == 0) throw Fault("Refused", "the box is empty");
     const std::string lacking = WhyNot(session.Catalogue, wish.Box, wish.MustHave);
     if (!lacking.empty()) throw Fault("Refused", lacking);
-    LayingTask task{.Box = wish.Box,
-                    .Room = RoomFor(session, wish).Room,
-                    .Seed = wish.Seed,
-                    .Count = wish.Count,
-                    .MustHave = wish.MustHave,
-                    .Kept = wish.Kept,
-                    .FromWalls = wish.FromWalls};
-    if (wish.LeavesOutDesign) task.LeftOut = RowsOfTracks(session);
+    LayingTask task = WishedTask(session, wish);
     if (!HasWalls(task.Room)) throw Fault("Refused", "the design has no room with walls");
     if (task.Kept && !CanKeep(session.Catalogue, task.Kept->Rows))
         throw Fault("Refused", "the part that is kept must begin and end within one system");
@@ -118,8 +127,7 @@ LayingTask TaskFor(const Session& session, const BoxWish& wish) {
 }
 
 std::string WhyNeverFulfilled(const Session& session, const BoxWish& wish) {
-    const LayingTask task{
-        .Box = wish.Box, .Room = RoomFor(session, wish).Room, .Kept = wish.Kept, .FromWalls = wish.FromWalls};
+    const LayingTask task = WishedTask(session, wish);
     return wish.Box.Total() > 0 && HasWalls(task.Room) ? WhyNoCircuit(session.Catalogue, task) : "";
 }
 
@@ -159,17 +167,29 @@ void OwnBox(Session& session, const PieceBox& box) {
     SaveOwnedTrack(session.Catalogue, session.SettingsPath, session.Project.Stock, boxes, session.Prompts);
 }
 
-PieceBox BoxOfDesign(const Session& session) { return {CountUsed(session.Catalogue, session.Project.Design.Circuit)}; }
+int VariedTrack(const Session& session) {
+    const Project& project = session.Project;
+    if (EditedTrack(project.Design.Circuit, project.EditState) != nullptr) return project.EditState.CurrentTrack;
+    const auto hasPieces = [](const Track& track) { return !track.ElementCodes.empty(); };
+    const auto& tracks = project.Design.Circuit.Tracks;
+    const auto first = std::ranges::find_if(tracks, hasPieces);
+    return first == tracks.end() ? 0 : static_cast<int>(first - tracks.begin());
+}
 
-KeptPart PartOf(const Session& session, int first, int count) {
-    KeptPart part;
-    const Track& track = *EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
+PieceBox BoxOfTrack(const Session& session, int track) {
+    Circuit alone;
+    alone.Tracks.front() = TrackOf(session, track);
+    return {CountUsed(session.Catalogue, alone)};
+}
+
+TrackPart PartOf(const Catalogue& catalogue, const Track& track, int first, int count) {
+    TrackPart part;
     part.At = track.Start();
-    WalkTrack(session.Catalogue, track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
+    WalkTrack(catalogue, track, [&](int element, const PiecePlacement* placement, const BuildCursor&) {
         if (placement != nullptr && element < first) part.At = placement->Exit;
     });
     for (int element = first; element < first + count; ++element) {
-        const int row = session.Catalogue.FindRow(track.ElementCodes[static_cast<std::size_t>(element)]);
+        const int row = catalogue.FindRow(track.ElementCodes[static_cast<std::size_t>(element)]);
         if (row >= 0) part.Rows.push_back(row);
     }
     return part;
@@ -181,11 +201,12 @@ BoxedSets SetsOf(const Session& session) {
 
 std::string WhyNotVary(const Session& session) {
     if (session.Windows == nullptr) return "Available in the designer only.";
-    return BoxOfDesign(session).Total() == 0 ? "There are no pieces to lay in another way." : "";
+    return BoxOfTrack(session, VariedTrack(session)).Total() == 0 ? "There are no pieces to lay in another way." : "";
 }
 
-bool OpenAsNew(Session& session, bool varies, const Design& room, const Track& track, std::optional<Circuit>& opened) {
-    const Design design = WithTrack(room, track);
+bool OpenAsNew(Session& session, bool varies, const Surroundings& around, const Track& track,
+               std::optional<Circuit>& opened) {
+    const Design design = around.With(track);
     Project& project = session.Project;
     if (project.Design.Circuit == design.Circuit) return true;
     if (project.Design.Circuit != opened && !MayReplace(session)) return false;
@@ -194,6 +215,7 @@ bool OpenAsNew(Session& session, bool varies, const Design& room, const Track& t
     NewProject(project);
     project.EditState.Name = name;
     project.Design = design;
+    project.EditState.CurrentTrack = around.Track;
     FitView(session.Catalogue, project.Design);
     project.EditState.DataChanged = true;
     session.BeginCircuit(varies ? "Variation" : "Circuit from My Box");
@@ -201,7 +223,7 @@ bool OpenAsNew(Session& session, bool varies, const Design& room, const Track& t
     return true;
 }
 
-bool KeepAsFiles(Session& session, const Design& room, const std::vector<Track>& tracks) {
+bool KeepAsFiles(Session& session, const Surroundings& around, const std::vector<Track>& tracks) {
     const auto file = session.Prompts.ChooseFile({.Saving = true,
                                                   .Title = "Keep Circuits",
                                                   .Filter = TrackFilter,
@@ -214,7 +236,7 @@ bool KeepAsFiles(Session& session, const Design& room, const std::vector<Track>&
     if (!MayOverwrite(session, files)) return false;
     std::vector<std::unique_ptr<WrittenFile>> written;
     for (std::size_t i = 0; i < tracks.size(); ++i)
-        written.push_back(std::make_unique<WrittenFile>(files[i], CircuitBytes(WithTrack(room, tracks[i]))));
+        written.push_back(std::make_unique<WrittenFile>(files[i], CircuitBytes(around.With(tracks[i]))));
     for (const std::unique_ptr<WrittenFile>& one : written)
         one->TakePlace();
     const std::string others =

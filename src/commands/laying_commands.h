@@ -25,6 +25,14 @@ Design EmptyArea(Area area, int middleX = 0, int middleY = 0);
 /// Whether the room has a wall, so that circuits can be laid in it.
 bool HasWalls(const RoomPolygon& room);
 
+/// What lies around circuits that are found: the room and the view, other tracks, and which track a circuit becomes.
+struct Surroundings {
+    pistaro::Design Design;
+    int Track = 0;
+
+    pistaro::Design With(const pistaro::Track& circuit) const;
+};
+
 /// What is wished for.
 struct BoxWish {
     PieceBox Box = {};
@@ -32,17 +40,16 @@ struct BoxWish {
     int MiddleX = 0, MiddleY = 0;           ///< of the area, cm
     int FromWalls = 0;                      ///< how far circuits keep from walls, cm
     pistaro::MustHaves MustHave = {};
-    std::optional<KeptPart> Kept = {}; ///< of the design
+    std::optional<int> Varied = {};     ///< the design's track that is laid in another way, beside the others
+    std::optional<TrackPart> Kept = {}; ///< of that track
     int Count = 10;
     std::uint64_t Seed = 1;
-    bool LeavesOutDesign = false; ///< none that the design is already
 };
 
 /// Whether both wish for the same circuits, however many of them.
 bool IsForTheSame(const BoxWish& one, const BoxWish& other);
 
-/// What lies around the circuits that are found: the room and the view.
-Design RoomFor(const Session& session, const BoxWish& wish);
+Surroundings SurroundingsFor(const Session& session, const BoxWish& wish);
 
 /// The search's task. Fault "Refused" where nothing can come of it, which says why.
 LayingTask TaskFor(const Session& session, const BoxWish& wish);
@@ -59,11 +66,14 @@ std::string RoomSizeText(const RoomPolygon& room);
 /// Takes the box for all that is owned, after a question where something else was, and writes that into the settings.
 void OwnBox(Session& session, const PieceBox& box);
 
-/// The pieces of all tracks of the design.
-PieceBox BoxOfDesign(const Session& session);
+/// The track of which variations are made: the edited one, or else the first that has pieces.
+int VariedTrack(const Session& session);
 
-/// The elements of the current track that shall stay as they are, with where they lie.
-KeptPart PartOf(const Session& session, int first, int count);
+/// The pieces of that track.
+PieceBox BoxOfTrack(const Session& session, int track);
+
+/// So many elements of the track, with where they lie.
+TrackPart PartOf(const Catalogue& catalogue, const Track& track, int first, int count);
 
 /// The sets that a shop sells: those of the file beside the settings, else an example.
 BoxedSets SetsOf(const Session& session);
@@ -74,10 +84,11 @@ std::string WhyNotVary(const Session& session);
 /// Puts a found circuit in the place of the design, which is asked for as by Load unless it is `opened`: what was put
 /// there like this before. One step of undo. A variation is named after the design that it varies. Gives whether it is
 /// there now.
-bool OpenAsNew(Session& session, bool varies, const Design& room, const Track& track, std::optional<Circuit>& opened);
+bool OpenAsNew(Session& session, bool varies, const Surroundings& around, const Track& track,
+               std::optional<Circuit>& opened);
 
 /// Writes found circuits into files that the user names by one name, all or none: a number is put behind it where they
 /// are several. Gives whether they were written.
-bool KeepAsFiles(Session& session, const Design& room, const std::vector<Track>& tracks);
+bool KeepAsFiles(Session& session, const Surroundings& around, const std::vector<Track>& tracks);
 
 } // namespace pistaro

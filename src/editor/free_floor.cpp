@@ -13,18 +13,6 @@ namespace {
 
 constexpr double Aisle = 10; ///< cm that stay free between the tracks
 
-void AddGrounds(std::vector<Ground>& grounds, const Catalogue& catalogue, const Track& track) {
-    WalkTrack(catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
-        if (placement != nullptr) grounds.push_back(GroundOf(*placement));
-    });
-}
-
-std::vector<Ground> GroundsOf(const Catalogue& catalogue, const Track& track) {
-    std::vector<Ground> grounds;
-    AddGrounds(grounds, catalogue, track);
-    return grounds;
-}
-
 GroundBox BoxOf(const std::vector<Ground>& grounds) {
     return std::accumulate(grounds.begin() + 1, grounds.end(), grounds.front().Box,
                            [](const GroundBox& box, const Ground& ground) { return box.Joined(ground.Box); });
@@ -53,10 +41,7 @@ std::array<BuildCursor, 4> StartsBeside(const BuildCursor& start, const GroundBo
 } // namespace
 
 BuildCursor FreeStart(const Catalogue& catalogue, const Design& design, int track) {
-    std::vector<Ground> others;
-    for (int other = 0; other < TrackCount; ++other) {
-        if (other != track) AddGrounds(others, catalogue, design.Circuit.Tracks[static_cast<std::size_t>(other)]);
-    }
+    const std::vector<Ground> others = GroundsBeside(catalogue, design.Circuit, track);
     Track laid = design.Circuit.Tracks[static_cast<std::size_t>(track)];
     const std::vector<Ground> own = GroundsOf(catalogue, laid);
     if (own.empty() || !AnyOverlap(own, others)) return laid.Start();

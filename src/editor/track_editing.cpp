@@ -4,6 +4,8 @@
 #include "layout/exit.h"
 #include "layout/track_gap.h"
 #include "platform/fault.h"
+#include "text/minus_text.h"
+#include "text/number_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -116,6 +118,19 @@ BuildCursor TurnedAbout(const BuildCursor& start, WorldPoint middle, int steps) 
         heading = Turned(heading, steps < 0 ? -TrackTurn : TrackTurn);
     return {static_cast<float>(middle.X + x * std::cos(turn) - y * std::sin(turn)),
             static_cast<float>(middle.Y + x * std::sin(turn) + y * std::cos(turn)), heading};
+}
+
+std::string MoveText(const BuildCursor& from, const BuildCursor& to, const Units& units) {
+    const auto length = [&units](float cm) {
+        return WithMinus(NumberText(std::round(cm / units.UnitFactor() * 10) / 10));
+    };
+    return length(to.CursorX - from.CursorX) + ", " + length(to.CursorY - from.CursorY) + " " + units.Name();
+}
+
+std::string TurnText(int steps) {
+    constexpr double halfTurn = 180; // degrees
+    const char* const hand = steps == 0 ? "" : steps > 0 ? " left" : " right";
+    return NumberText(std::abs(steps) * TrackTurn / PiValue * halfTurn) + "°" + hand;
 }
 
 void PlaceStart(Design& design, EditState& edit, const BuildCursor& start) {

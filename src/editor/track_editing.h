@@ -43,6 +43,12 @@ BuildCursor Moved(const BuildCursor& start, double right, double up);
 /// A start turned about a point by so many steps of a track's rotation, anticlockwise.
 BuildCursor TurnedAbout(const BuildCursor& start, WorldPoint middle, int steps);
 
+/// "12.5, −3.1 cm": how far a start is moved to the right and up, in the user's unit.
+std::string MoveText(const BuildCursor& from, const BuildCursor& to, const Units& units);
+
+/// "22.5° left", for so many steps of a track's rotation, anticlockwise.
+std::string TurnText(int steps);
+
 /// Puts the current track's start there.
 void PlaceStart(Design& design, EditState& edit, const BuildCursor& start);
 

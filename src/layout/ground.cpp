@@ -70,6 +70,24 @@ Ground GroundOf(const PiecePlacement& placement) {
     return ground;
 }
 
+std::vector<Ground> GroundsOf(const Catalogue& catalogue, const Track& track) {
+    std::vector<Ground> grounds;
+    WalkTrack(catalogue, track, [&](int, const PiecePlacement* placement, const BuildCursor&) {
+        if (placement != nullptr) grounds.push_back(GroundOf(*placement));
+    });
+    return grounds;
+}
+
+std::vector<Ground> GroundsBeside(const Catalogue& catalogue, const Circuit& circuit, int track) {
+    std::vector<Ground> others;
+    for (int each = 0; each < TrackCount; ++each) {
+        if (each == track) continue;
+        const std::vector<Ground> grounds = GroundsOf(catalogue, circuit.Tracks[static_cast<std::size_t>(each)]);
+        others.insert(others.end(), grounds.begin(), grounds.end());
+    }
+    return others;
+}
+
 GroundPoint MiddleOf(const Ground& ground) {
     if (!ground.IsCurved) {
         GroundPoint sum;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace pistaro {
 
@@ -46,6 +47,12 @@ struct Ground {
 
 /// The ground of a placed piece.
 Ground GroundOf(const PiecePlacement& placement);
+
+/// The grounds of a track's pieces, in their order.
+std::vector<Ground> GroundsOf(const Catalogue& catalogue, const Track& track);
+
+/// The grounds of the pieces of all tracks but this one.
+std::vector<Ground> GroundsBeside(const Catalogue& catalogue, const Circuit& circuit, int track);
 
 /// A point in its midst.
 GroundPoint MiddleOf(const Ground& ground);

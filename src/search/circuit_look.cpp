@@ -123,6 +123,11 @@ double LeastDifference(const CircuitLook& one, const CircuitLook& other) {
     return std::hypot(std::sqrt(MeanSquare(squares)), DifferenceInLength(one, other));
 }
 
+double Likeness(const CircuitLook& one, const CircuitLook& other) {
+    constexpr double nothingAlike = 0.8; // radians of heading
+    return std::max(0.0, 1 - LeastDifference(one, other) / nothingAlike);
+}
+
 bool LookAlike(const CircuitLook& one, const CircuitLook& other) { return DifferAtMost(MostAlike, one, other); }
 
 bool LookRelated(const CircuitLook& one, const CircuitLook& other) { return DifferAtMost(MostRelated, one, other); }

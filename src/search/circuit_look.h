@@ -25,6 +25,9 @@ CircuitLook LookOf(const Catalogue& catalogue, const std::vector<int>& rows);
 /// turned, mirrored, run backwards or started elsewhere.
 double LeastDifference(const CircuitLook& one, const CircuitLook& other);
 
+/// How much two look alike: from 0, nothing, to 1 for those between which there is no such difference.
+double Likeness(const CircuitLook& one, const CircuitLook& other);
+
 /// Whether a person takes both for the same circuit at a glance, however it is turned or mirrored.
 bool LookAlike(const CircuitLook& one, const CircuitLook& other);
 

@@ -42,7 +42,7 @@ SearchPose PoseBehind(const Catalogue& catalogue, const Rows& rows, std::size_t 
     Pose pose = start;
     for (std::size_t place = 0; place < count; ++place)
         pose = ExitOf(catalogue[rows[place]].Kind, pose);
-    return {pose.CursorX, pose.CursorY, NearestHeading(pose.CursorHeading)};
+    return NearestPose(pose);
 }
 
 /// Rotates the circuit to begin with the part that is kept, which it holds.
@@ -67,6 +67,7 @@ CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, con
     : catalogue_(catalogue), task_(task), room_(room) {
     for (const Rows& rows : task.LeftOut)
         keys_.insert(CircuitKey(catalogue, rows));
+    if (task.Varied) varied_ = LookOf(catalogue, task.Varied->Rows);
 }
 
 bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
@@ -79,7 +80,7 @@ bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
     const auto laid = LaidInRoom(std::move(*rows), start);
     if (!laid) return false;
     keys_.insert(std::move(key));
-    found_.push_back({CircuitOf(*laid), LookOf(catalogue_, laid->Rows)});
+    found_.push_back(CircuitOf(*laid));
     CountWhole(found_.back());
     return true;
 }
@@ -126,8 +127,9 @@ std::optional<BuildCursor> CircuitPool::Placed(Rows& rows, const SearchPose& sta
     return loop.Cursor();
 }
 
-LaidCircuit CircuitPool::CircuitOf(const Laid& laid) const {
-    LaidCircuit circuit;
+FoundCircuit CircuitPool::CircuitOf(const Laid& laid) const {
+    FoundCircuit found{{}, LookOf(catalogue_, laid.Rows)};
+    LaidCircuit& circuit = found.Circuit;
     circuit.Track = {{}, laid.Start.CursorX, laid.Start.CursorY, laid.Start.CursorHeading};
     circuit.Track.ElementCodes.reserve(laid.Rows.size());
     for (const int row : laid.Rows)
@@ -137,9 +139,10 @@ LaidCircuit CircuitPool::CircuitOf(const Laid& laid) const {
     circuit.Gap = laid.Loop.Gap;
     circuit.Parts = ScorePartsOf(catalogue_, laid.Rows, laid.Loop, room_, task_.Box, circuit.Length,
                                  lanes.Lengths[0] - lanes.Lengths[1]);
+    if (varied_) circuit.Parts.Likeness = Likeness(found.Look, *varied_);
     circuit.Used = circuit.Parts.Used;
     circuit.Score = Score(circuit.Parts, task_.Weights);
-    return circuit;
+    return found;
 }
 
 } // namespace pistaro

@@ -33,7 +33,7 @@ private:
 
     std::optional<Laid> LaidInRoom(Rows rows, const SearchPose& start) const;
     std::optional<BuildCursor> Placed(Rows& rows, const SearchPose& start) const;
-    LaidCircuit CircuitOf(const Laid& laid) const;
+    FoundCircuit CircuitOf(const Laid& laid) const;
     void CountWhole(const FoundCircuit& found);
 
     const Catalogue& catalogue_;
@@ -43,6 +43,7 @@ private:
     std::set<std::vector<int>> keys_;
     int whole_ = 0; ///< that use the whole box
     std::vector<CircuitLook> looksOfWhole_;
+    std::optional<CircuitLook> varied_;
 };
 
 } // namespace pistaro

@@ -51,9 +51,11 @@ double Score(const ScoreParts& parts, const ScoreWeights& weights) {
     const double sum = weights.Used * parts.Used + weights.Lanes * parts.Lanes + weights.Straights * parts.Straights +
                        weights.Corners * parts.Corners + weights.Directions * parts.Directions +
                        weights.Start * parts.Start + weights.Walls * parts.Walls + weights.Length * parts.Length +
-                       weights.Speed * parts.Speed + weights.Winding * parts.Winding;
+                       weights.Speed * parts.Speed + weights.Winding * parts.Winding +
+                       weights.Likeness * parts.Likeness;
     const double whole = weights.Used + weights.Lanes + weights.Straights + weights.Corners + weights.Directions +
-                         weights.Start + weights.Walls + weights.Length + weights.Speed + weights.Winding;
+                         weights.Start + weights.Walls + weights.Length + weights.Speed + weights.Winding +
+                         weights.Likeness;
     return whole > 0 ? sum / whole : 0;
 }
 

@@ -28,12 +28,13 @@ struct ScoreParts {
     double Length = 0;     ///< a lap as a share of all track in the box
     double Speed = 0;      ///< 1 where the longest straight is 40 % of the lap or more
     double Winding = 0;    ///< 1 where it turns by one and a half turns or more to either side
+    double Likeness = 0;   ///< 1 where it looks the same as the circuit that is varied
 };
 
 /// What each part counts for in the whole; none is below 0.
 struct ScoreWeights {
     double Used = 6, Lanes = 1, Straights = 1, Corners = 1, Directions = 1, Start = 0.5, Walls = 0.5;
-    double Length = 0, Speed = 0, Winding = 0;
+    double Length = 0, Speed = 0, Winding = 0, Likeness = 0;
 
     bool operator==(const ScoreWeights&) const = default;
 };

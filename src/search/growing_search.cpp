@@ -47,8 +47,9 @@ GrowingSearch::GrowingSearch(const Catalogue& catalogue, const ShapeCounts& shap
 }
 
 bool GrowingSearch::Round(int wanted, const std::stop_token& stop) {
-    Way& way = NextWay();
-    auto loop = Begins(way) ? Begun(way, stop) : Parent(way, stop);
+    const bool varies = varied_ && random_.Happens(1, 2);
+    Way& way = varies ? ways_.front() : NextWay();
+    auto loop = varies ? Shrunk(way, *varied_, stop) : Begins(way) ? Begun(way, stop) : Parent(way, stop);
     if (!loop) {
         if (ways_.size() == 1) return false;
         if (&way != &ways_.front()) {
@@ -111,9 +112,13 @@ std::optional<Loop> GrowingSearch::Begun(Way& way, const std::stop_token& stop) 
     return loop;
 }
 
-/// One of the largest loops, shrunk to about two thirds.
+/// One of the largest loops.
 Loop GrowingSearch::Parent(Way& way, const std::stop_token& stop) {
-    Loop loop = way.Parents[random_.Below(way.Parents.size())];
+    return Shrunk(way, way.Parents[random_.Below(way.Parents.size())], stop);
+}
+
+/// To about two thirds.
+Loop GrowingSearch::Shrunk(Way& way, Loop loop, const std::stop_token& stop) {
     constexpr int changes = 200;
     Heat(way, loop, SizeOf(loop) * 2 / 3, changes, stop);
     return loop;

@@ -6,6 +6,7 @@
 #include "search/growth.h"
 
 #include <memory>
+#include <optional>
 #include <stop_token>
 #include <vector>
 
@@ -21,6 +22,9 @@ public:
     /// lies at that pose.
     GrowingSearch(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed,
                   CircuitPool& pool, const LayingStep& kept, const SearchPose& at);
+
+    /// Half of what it does from now on is to change this loop of the shapes.
+    void Vary(const Loop& loop) { varied_ = loop; }
 
     /// Adds one loop to the pool, or several. False when there is nothing to be found any more.
     /// Throws Stopped when it is to stop; what was grown by then is in the pool.
@@ -44,6 +48,7 @@ private:
     bool Begins(const Way& way);
     std::optional<Loop> Begun(Way& way, const std::stop_token& stop);
     Loop Parent(Way& way, const std::stop_token& stop);
+    Loop Shrunk(Way& way, Loop loop, const std::stop_token& stop);
     void Grow(Way& way, Loop& loop, int reheatings, const std::stop_token& stop);
     void Heat(Way& way, Loop& loop, int fewest, int changes, const std::stop_token& stop);
     void Keep(Way& way, const Loop& loop);
@@ -53,6 +58,7 @@ private:
 
     std::vector<LayingStep> steps_;
     std::vector<Way> ways_; ///< the first one leads to all loops
+    std::optional<Loop> varied_;
     Random random_;
     int most_;
     CircuitPool& pool_;

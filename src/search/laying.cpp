@@ -38,15 +38,9 @@ ShapeCounts ShapesAround(const Catalogue& catalogue, ShapeCounts shapes, const s
     return shapes;
 }
 
-/// Up to 1, for two that look the same.
-double Likeness(const CircuitLook& one, const CircuitLook& other) {
-    constexpr double nothingAlike = 0.8; // radians of heading
-    return std::max(0.0, 1 - LeastDifference(one, other) / nothingAlike);
-}
-
 /// What is kept from the walls is kept by all pieces: none could join one that stays nearer to them.
 LoopRoom RoomFor(const LayingTask& task) {
-    return LoopRoom(task.Room, (task.Kept ? LoopRoom::UsersTouch : 0) - task.FromWalls);
+    return LoopRoom(task.Room, (task.Kept ? LoopRoom::UsersTouch : 0) - task.FromWalls, task.Taken);
 }
 
 } // namespace
@@ -91,16 +85,21 @@ struct CircuitSearch::State {
                 !Task.Kept && PieceBox{Shapes}.Total() <= EnumeratedBox && AddAll(Catalogue, Shapes, Pool, stop);
             if (IsComplete) return false;
             Growing = Grower();
+            if (Task.Varied && !Task.Kept) Vary(*Task.Varied);
         }
         return Growing->Round(Wanted, stop);
     }
 
     std::unique_ptr<GrowingSearch> Grower() {
         if (!Task.Kept) return std::make_unique<GrowingSearch>(Catalogue, Shapes, Room, Task.Seed, Pool);
-        const BuildCursor& at = Task.Kept->At;
         const auto kept = KeptStep(Catalogue, Task.Kept->Rows, Catalogue.Count());
-        const SearchPose place{at.CursorX, at.CursorY, NearestHeading(at.CursorHeading)};
-        return std::make_unique<GrowingSearch>(Catalogue, Shapes, Room, Task.Seed, Pool, kept.value(), place);
+        return std::make_unique<GrowingSearch>(Catalogue, Shapes, Room, Task.Seed, Pool, kept.value(),
+                                               NearestPose(Task.Kept->At));
+    }
+
+    void Vary(const TrackPart& circuit) {
+        const auto loop = LoopOf(Catalogue, StepsOf(Catalogue, Shapes), Shapes, circuit.Rows, NearestPose(circuit.At));
+        if (loop) Growing->Vary(*loop);
     }
 
     const pistaro::Catalogue& Catalogue;

@@ -1,6 +1,7 @@
 // Circuits from a box of pieces: closed, free of overlaps, inside a room.
 #pragma once
 
+#include "layout/ground.h"
 #include "model/circuit.h"
 #include "model/job.h"
 #include "model/room_polygon.h"
@@ -18,12 +19,12 @@
 
 namespace pistaro {
 
-/// A part of a track that stays as it is and where it is. Its pieces are among those of the box.
-struct KeptPart {
+/// Pieces of a track and where they lie.
+struct TrackPart {
     std::vector<int> Rows;
     BuildCursor At; ///< before its first piece
 
-    bool operator==(const KeptPart&) const = default;
+    bool operator==(const TrackPart&) const = default;
 };
 
 /// Whether circuits can be laid around such a part: it begins and ends within one system, and holds no piece that leads
@@ -37,7 +38,9 @@ struct LayingTask {
     int Count = 10; ///< of circuits wished for
     ScoreWeights Weights = {};
     MustHaves MustHave = {};
-    std::optional<KeptPart> Kept = {};
+    std::optional<TrackPart> Kept = {};         ///< stays as it is and where it is, with pieces of the box
+    std::optional<TrackPart> Varied = {};       ///< a closed circuit, of which half the tries are to be changes
+    std::vector<Ground> Taken = {};             ///< by other pieces
     int FromWalls = 0;                          ///< how far pieces keep from walls, cm
     std::vector<std::vector<int>> LeftOut = {}; ///< rows of circuits that are known, and not looked for
 };

@@ -29,9 +29,9 @@ GroundPoint ExitPoint(const PieceKind& kind) {
 
 } // namespace
 
-int NearestHeading(double angle) {
-    const auto headings = static_cast<int>(std::lround(angle / AngleOf(1)) % HeadingCount);
-    return (headings + HeadingCount) % HeadingCount;
+SearchPose NearestPose(const BuildCursor& cursor) {
+    const auto headings = static_cast<int>(std::lround(cursor.CursorHeading / AngleOf(1)) % HeadingCount);
+    return {cursor.CursorX, cursor.CursorY, (headings + HeadingCount) % HeadingCount};
 }
 
 std::vector<LayingStep> StepsOf(const Catalogue& catalogue, const ShapeCounts& shapes) {

@@ -17,15 +17,15 @@ inline constexpr int HeadingCount = 32;
 /// The heading's angle, radians.
 constexpr double AngleOf(int heading) { return heading * (2 * PiValue / HeadingCount); }
 
-/// The heading that lies nearest to an angle.
-int NearestHeading(double angle);
-
 /// A cursor on that lattice of headings. Its point is in double precision: it is for looking for pieces, not for laying
 /// them.
 struct SearchPose {
     double X = 0, Y = 0; ///< cm
     int Heading = 0;     ///< 0 to HeadingCount - 1
 };
+
+/// Where a cursor points to, on the lattice.
+SearchPose NearestPose(const BuildCursor& cursor);
 
 /// The directions of the headings.
 inline const std::array<Direction, HeadingCount>& DirectionsOfHeadings() {

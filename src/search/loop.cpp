@@ -82,6 +82,23 @@ Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run) {
     return rows;
 }
 
+std::optional<Loop> LoopOf(const Catalogue& catalogue, const std::vector<LayingStep>& steps, ShapeCounts shapes,
+                           const Rows& rows, const SearchPose& start) {
+    Loop loop{{}, start};
+    for (const int row : rows) {
+        const CatalogueEntry& piece = catalogue[row];
+        const auto step = std::ranges::find_if(steps, [&](const LayingStep& one) {
+            return one.Shape == piece.ShapeIndex && Hand(catalogue[one.Row].Code) == Hand(piece.Code);
+        });
+        if (step == steps.end() || step->JoinsSystems() || --shapes[static_cast<std::size_t>(step->Shape)] < 0)
+            return std::nullopt;
+        loop.Steps.push_back(static_cast<std::uint8_t>(step - steps.begin()));
+    }
+    const LaidLoop laid = LayLoop(catalogue, RowsOf(steps, loop.Steps), loop.Cursor());
+    if (!IsClosed(laid) || !IsWholeTurn(steps, loop.Steps) || OverlapsItself(laid, {})) return std::nullopt;
+    return loop;
+}
+
 LaidLoop LayLoop(const Catalogue& catalogue, const Rows& rows, const BuildCursor& start) {
     LaidLoop laid{.Grounds = {}, .Box = Nothing(), .Gap = {}};
     laid.Grounds.reserve(rows.size());
@@ -134,7 +151,8 @@ bool HasAdaptersInARow(const std::vector<LayingStep>& steps, const Run& run) {
                                [&](std::uint8_t step) { return std::exchange(before, isAdapter(step)) && before; });
 }
 
-LoopRoom::LoopRoom(const RoomPolygon& room, double touch) : fit_(room), touch_(touch), extent_(Nothing()) {
+LoopRoom::LoopRoom(const RoomPolygon& room, double touch, std::vector<Ground> taken)
+    : fit_(room), taken_(std::move(taken)), touch_(touch), extent_(Nothing()) {
     for (const Wall& wall : fit_.Walls()) {
         for (const GroundPoint end : {wall.From, wall.To})
             Include(extent_, {end.X, end.X, end.Y, end.Y});
@@ -151,7 +169,11 @@ bool LoopRoom::Holds(const LaidLoop& laid, GroundPoint shift) const {
 
 bool LoopRoom::Holds(const Ground& ground) const {
     const auto isTooNear = [&](const Wall& wall) { return IsTooNear(wall, ground); };
-    return std::ranges::none_of(fit_.Walls(), isTooNear) && fit_.Holds(MiddleOf(ground));
+    return std::ranges::none_of(fit_.Walls(), isTooNear) && fit_.Holds(MiddleOf(ground)) && !IsTaken(ground);
+}
+
+bool LoopRoom::IsTaken(const Ground& ground) const {
+    return !taken_.ForEachMeeting(ground.Box, [&](int, const Ground& other) { return !Overlaps(ground, other); });
 }
 
 bool LoopRoom::IsTooNear(const Wall& wall, const Ground& ground) const {

@@ -1,7 +1,7 @@
 // Closed chains of pieces and where they lie.
 #pragma once
 
-#include "layout/ground.h"
+#include "layout/ground_grid.h"
 #include "layout/room_fit.h"
 #include "layout/track_gap.h"
 #include "search/random.h"
@@ -28,6 +28,11 @@ struct Loop {
 /// The catalogue's rows of a chain's pieces, in the order of laying.
 using Rows = std::vector<int>;
 Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run);
+
+/// A chain of the plain pieces in whose places these lie, where it is a closed circuit free of overlaps and of those
+/// shapes; else nothing. Circuits of both systems give nothing.
+std::optional<Loop> LoopOf(const Catalogue& catalogue, const std::vector<LayingStep>& steps, ShapeCounts shapes,
+                           const Rows& rows, const SearchPose& start);
 
 /// A chain as it lies.
 struct LaidLoop {
@@ -59,8 +64,8 @@ bool HasAdaptersInARow(const std::vector<LayingStep>& steps, const Run& run);
 class LoopRoom {
 public:
     /// Loops may reach into a wall by a touch, cm: by nothing where they are laid anew. Below 0 it is what they keep
-    /// from every wall.
-    explicit LoopRoom(const RoomPolygon& room, double touch = 0);
+    /// from every wall. They may not overlap the ground that is taken.
+    explicit LoopRoom(const RoomPolygon& room, double touch = 0, std::vector<Ground> taken = {});
 
     /// A touch that a part is allowed which its user has laid.
     static constexpr double UsersTouch = 0.01;
@@ -90,8 +95,10 @@ private:
     bool Holds(const LaidLoop& laid, GroundPoint shift) const;
     bool Holds(const Ground& ground) const;
     bool IsTooNear(const Wall& wall, const Ground& ground) const;
+    bool IsTaken(const Ground& ground) const;
 
     RoomFit fit_;
+    GroundGrid taken_;
     double touch_;
     GroundBox extent_;
 };

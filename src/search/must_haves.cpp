@@ -1,6 +1,7 @@
 #include "search/must_haves.h"
 
 #include <array>
+#include <cmath>
 
 namespace pistaro {
 
@@ -44,6 +45,19 @@ std::string WhyNot(const Catalogue& catalogue, const PieceBox& box, const MustHa
         if (count < one.Fewest) return std::string("The box holds ") + one.Lacking + ".";
     }
     return "";
+}
+
+std::string WhyRare(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave) {
+    if (!mustHave.LapCounter) return "";
+    constexpr double wholeStraight = 35; // cm
+    int others = -1;                     // but the counter itself
+    for (const int row : catalogue.HeadRows()) {
+        const bool isShort = catalogue[row].IsStraight() && std::fmod(catalogue[row].Kind.Length, wholeStraight) != 0;
+        if (isShort) others += box.Counts[static_cast<std::size_t>(row)];
+    }
+    if (others > 0) return "";
+    return "The lap counter is half a straight, and the box has no second one to lie opposite: add a C159, or do "
+           "without the counter.";
 }
 
 } // namespace pistaro

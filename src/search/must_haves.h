@@ -23,4 +23,8 @@ bool HasAll(const Catalogue& catalogue, const std::vector<int>& rows, const Must
 /// "The box holds no lap counter.": the first of them that no circuit of the box can have; empty where there is none.
 std::string WhyNot(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave);
 
+/// What makes circuits with all of them rare: a lap counter, half a straight, where the box has no other straight that
+/// could make up for it on the way back; empty where it is nothing of the kind.
+std::string WhyRare(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave);
+
 } // namespace pistaro

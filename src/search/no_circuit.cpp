@@ -78,6 +78,8 @@ std::string WhyNotKept(const Catalogue& catalogue, const LayingTask& task) {
         return "The part that is kept does not lie inside the room.";
     if (!LoopRoom(task.Room, LoopRoom::UsersTouch - task.FromWalls).Holds(laid))
         return "The part that is kept lies nearer to a wall than " + std::to_string(task.FromWalls) + " cm.";
+    if (!LoopRoom(task.Room, LoopRoom::UsersTouch - task.FromWalls, task.Taken).Holds(laid))
+        return "The part that is kept overlaps another track.";
     return "";
 }
 

@@ -13,12 +13,11 @@
 
 namespace pistaro {
 
-BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()> wishChanged,
+BoxFields::BoxFields(Session& session, std::optional<int> varied, std::function<void()> wishChanged,
                      std::function<void()> countChanged)
-    : session_(session), purpose_(purpose), wishChanged_(std::move(wishChanged)),
-      countChanged_(std::move(countChanged)), owned_(OwnedBox(session.Catalogue, session.Project.Stock)),
-      sets_(SetsOf(session)), room_(new RoomFields(session, purpose == BoxPurpose::Variations)),
-      mustHaves_(new MustHaveFields(session, purpose == BoxPurpose::Variations)) {
+    : session_(session), varied_(varied), wishChanged_(std::move(wishChanged)), countChanged_(std::move(countChanged)),
+      owned_(OwnedBox(session.Catalogue, session.Project.Stock)), sets_(SetsOf(session)),
+      room_(new RoomFields(session, varied.has_value())), mustHaves_(new MustHaveFields(session, varied.has_value())) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(PieceFields(), 1);
@@ -26,7 +25,7 @@ BoxFields::BoxFields(Session& session, BoxPurpose purpose, std::function<void()>
     column->addWidget(mustHaves_);
     column->addLayout(NumberFields());
     lstBox_->ShowOwned(owned_);
-    FillBox(purpose == BoxPurpose::Variations ? BoxOfDesign(session) : owned_);
+    FillBox(varied ? BoxOfTrack(session, *varied) : owned_);
     ShowTotal();
     mustHaves_->Offer(lstBox_->Box());
     OfferOwned();
@@ -48,7 +47,7 @@ void BoxFields::Refresh() {
     room_->Offer();
     const PieceBox before = std::exchange(owned_, OwnedBox(session_.Catalogue, session_.Project.Stock));
     lstBox_->ShowOwned(owned_);
-    if (purpose_ == BoxPurpose::Box && lstBox_->Box() == before && before != owned_) lstBox_->Show(owned_);
+    if (!varied_ && lstBox_->Box() == before && before != owned_) lstBox_->Show(owned_);
     OfferOwned();
     ShowTotal();
     Filter();
@@ -80,7 +79,7 @@ void BoxFields::OfferToOwn() {
         };
         return count(box) == count(owned_);
     });
-    cmdOwnBox_->setVisible(box.Total() > 0 && !isOwned && purpose_ == BoxPurpose::Box);
+    cmdOwnBox_->setVisible(box.Total() > 0 && !isOwned && !varied_);
     EnableSaving(*cmdOwnBox_, !session_.SettingsPath.empty());
     if (cmdOwnBox_->isEnabled())
         cmdOwnBox_->setToolTip("Take exactly these pieces for what you own, here and wherever Pistaro counts");
@@ -118,10 +117,10 @@ QLayout* BoxFields::SourceFields() {
     connect(cmdAddSet, &QPushButton::clicked, this, [this] { AddSet(); });
     auto* const contents = new QHBoxLayout;
     contents->addWidget(cmdAllOwned_);
-    if (purpose_ == BoxPurpose::Variations) {
+    if (varied_) {
         QPushButton* const cmdDesignPieces = NewButton("cmdDesignPieces", "The Desi&gn's");
         cmdDesignPieces->setToolTip("Fill the box with exactly the pieces of the design that is open");
-        connect(cmdDesignPieces, &QPushButton::clicked, this, [this] { FillBox(BoxOfDesign(session_)); });
+        connect(cmdDesignPieces, &QPushButton::clicked, this, [this] { FillBox(BoxOfTrack(session_, *varied_)); });
         contents->addWidget(cmdDesignPieces);
     }
     contents->addWidget(cmdNoPieces);
@@ -142,7 +141,7 @@ QLayout* BoxFields::TotalFields() {
     lblTotal_->setMinimumHeight(2 * lblTotal_->fontMetrics().lineSpacing()); // the list above stays as high as it is
     cmdOwnBox_ = NewButton("cmdOwnBox", "&I Own These");
     QSizePolicy keepsItsPlace = cmdOwnBox_->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(purpose_ == BoxPurpose::Box);
+    keepsItsPlace.setRetainSizeWhenHidden(!varied_);
     cmdOwnBox_->setSizePolicy(keepsItsPlace);
     connect(cmdOwnBox_, &QPushButton::clicked, this,
             [this] { session_.Do([this] { OwnBox(session_, lstBox_->Box()); }); });
@@ -228,7 +227,7 @@ BoxWish BoxFields::Wish() const {
     BoxWish wish{.Box = lstBox_->Box()};
     room_->PutInto(wish);
     mustHaves_->PutInto(wish);
-    wish.LeavesOutDesign = purpose_ == BoxPurpose::Variations;
+    wish.Varied = varied_;
     wish.Count = spnCount_->value();
     wish.Seed = txtSeed_->text().toULongLong();
     return wish;

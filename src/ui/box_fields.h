@@ -18,17 +18,16 @@
 
 namespace pistaro {
 
-enum class BoxPurpose {
-    Box,        ///< begins with the pieces that are owned
-    Variations, ///< begins with the pieces of the design, of which the selected ones can be kept
-};
-
 class BoxFields : public QWidget {
 public:
-    /// `wishChanged` is called when circuits of other pieces, in another room, or with other things are wished for,
-    /// `countChanged` when another number of them is.
-    BoxFields(Session& session, BoxPurpose purpose, std::function<void()> wishChanged,
+    /// Begins with the pieces that are owned, or with those of the design's track that is `varied`. `wishChanged` is
+    /// called when circuits of other pieces, in another room, or with other things are wished for, `countChanged` when
+    /// another number of them is.
+    BoxFields(Session& session, std::optional<int> varied, std::function<void()> wishChanged,
               std::function<void()> countChanged);
+
+    /// To be called when other elements of the varied design are selected.
+    void OfferPart() { mustHaves_->OfferPart(); }
 
     /// To be called when other pieces are owned, or the room is another: a box of all that is owned stays so.
     void Refresh();
@@ -56,7 +55,7 @@ private:
     void ShowTotal();
 
     Session& session_;
-    const BoxPurpose purpose_;
+    const std::optional<int> varied_; ///< track
     const std::function<void()> wishChanged_, countChanged_;
     PieceBox owned_; ///< as it was last looked at
     PieceCounts* lstBox_ = nullptr;

@@ -7,8 +7,6 @@
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "layout/outline.h"
-#include "text/minus_text.h"
-#include "text/number_text.h"
 #include "ui/named_controls.h"
 #include "ui/piece_menu.h"
 #include "ui/strip.h"
@@ -205,29 +203,14 @@ void CanvasPointer::Press(const QMouseEvent& event) {
     Select(pressed_, event.modifiers() & Qt::ShiftModifier);
     if (event.button() == Qt::MiddleButton) doing_ = Doing::Panning;
     ShowCursor();
-    held_ = event.button() == Qt::LeftButton && pieces_.OnlyPieceAt(grip_).has_value();
-    onFloor_ = event.button() == Qt::LeftButton && pieces_.PiecesAt(grip_).empty();
+    held_ = event.button() == Qt::LeftButton;
 }
 
 void CanvasPointer::Move(const QMouseEvent& event) {
     TellPlace(view_.WorldAt(event.position()));
     const bool farEnough = (event.position() - pressed_).manhattanLength() >= QApplication::startDragDistance();
-    if (onFloor_ && doing_ == Doing::Nothing && farEnough) {
-        doing_ = Doing::Panning;
-        ShowCursor();
-    }
+    if (held_ && doing_ == Doing::Nothing && farEnough) BeginDrag(event.modifiers());
     if (doing_ == Doing::Panning) return PanTo(event.position());
-    if (held_ && doing_ == Doing::Nothing && farEnough && (event.buttons() & Qt::LeftButton)) {
-        const auto piece = pieces_.OnlyPieceAt(grip_);
-        const auto placement = PlacementOf(session_.Catalogue, Now().Design.Circuit, *piece);
-        const GroundPoint middle = MiddleOf(GroundOf(*placement));
-        middle_ = {static_cast<float>(middle.X), static_cast<float>(middle.Y)};
-        // Many window managers keep a drag with Alt for themselves.
-        const bool turns = event.modifiers() & (Qt::AltModifier | Qt::ControlModifier);
-        doing_ = turns ? Doing::TurningTrack : Doing::MovingTrack;
-        PointAt(std::nullopt);
-        ShowCursor();
-    }
     if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) {
         dragged_ = DraggedStart(event.position(), event.modifiers());
         return ShowDragged(event.position());
@@ -236,10 +219,26 @@ void CanvasPointer::Move(const QMouseEvent& event) {
     PointAt(under.empty() ? std::nullopt : std::optional(under.back()));
 }
 
+/// The bare floor is dragged with the view, a piece with its track; where several pieces lie over each other nothing
+/// is.
+void CanvasPointer::BeginDrag(Qt::KeyboardModifiers keys) {
+    const auto piece = pieces_.OnlyPieceAt(grip_);
+    if (!piece && !pieces_.PiecesAt(grip_).empty()) return;
+    doing_ = Doing::Panning;
+    if (piece) {
+        const GroundPoint middle = MiddleOf(GroundOf(*PlacementOf(session_.Catalogue, Now().Design.Circuit, *piece)));
+        middle_ = {static_cast<float>(middle.X), static_cast<float>(middle.Y)};
+        // Many window managers keep a drag with Alt for themselves.
+        doing_ = keys & (Qt::AltModifier | Qt::ControlModifier) ? Doing::TurningTrack : Doing::MovingTrack;
+        PointAt(std::nullopt);
+    }
+    ShowCursor();
+}
+
 void CanvasPointer::Release() {
     if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) EndDrag();
     doing_ = Doing::Nothing;
-    held_ = onFloor_ = false;
+    held_ = false;
     ShowCursor();
 }
 
@@ -371,25 +370,12 @@ BuildCursor CanvasPointer::DraggedStart(QPointF place, Qt::KeyboardModifiers key
 void CanvasPointer::ShowDragged(QPointF place) {
     const Track* const track = EditedTrack(Now().Design.Circuit, Now().EditState);
     const ColourScheme colours = view_.Colours();
+    const std::string words =
+        doing_ == Doing::TurningTrack ? TurnText(steps_) : MoveText(track->Start(), dragged_, Now().Preferences.Units);
     view_.SetOverlay(DragOverlay,
                      {OverlayPieces{track->ElementCodes, track->Start(), "", colours.Background, PieceLook::Faded},
                       OverlayPieces{track->ElementCodes, dragged_, "", colours.Active},
-                      OverlayText{view_.WorldAt(place), WordsOfDrag(), colours.Active}});
-}
-
-/// "12.5, −3.1 cm", or "22.5° to the left".
-std::string CanvasPointer::WordsOfDrag() const {
-    if (doing_ == Doing::TurningTrack) {
-        constexpr double degrees = 11.25; // a step of the turn buttons
-        return NumberText(std::abs(steps_) * degrees) + "°" + (steps_ == 0 ? "" : steps_ > 0 ? " left" : " right");
-    }
-    const BuildCursor start = EditedTrack(Now().Design.Circuit, Now().EditState)->Start();
-    const Units& units = Now().Preferences.Units;
-    const auto length = [&units](float cm) {
-        return WithMinus(NumberText(std::round(cm / units.UnitFactor() * 10) / 10));
-    };
-    return length(dragged_.CursorX - start.CursorX) + ", " + length(dragged_.CursorY - start.CursorY) + " " +
-           units.Name();
+                      OverlayText{view_.WorldAt(place), words, colours.Active}});
 }
 
 void CanvasPointer::EndDrag() {

@@ -59,10 +59,10 @@ private:
     void Select(QPointF place, bool andAllBetween = false);
     void PanTo(QPointF place);
     void Zoom(QPointF place, double times);
-    /// Where a drag to a place brings the current track's start; `freely`: not in steps of a track width.
+    /// Where a drag to a place brings the current track's start, with Shift in steps of a track width.
     BuildCursor DraggedStart(QPointF place, Qt::KeyboardModifiers keys);
+    void BeginDrag(Qt::KeyboardModifiers keys);
     void ShowDragged(QPointF place);
-    std::string WordsOfDrag() const;
     void EndDrag();
     /// A hand where a drag moves the view, arrows where it moves the track.
     void ShowCursor();
@@ -82,8 +82,7 @@ private:
     std::optional<PieceAddress> pointed_;
     PieceAddress followed_{-1, -1}; ///< what was selected last
     Doing doing_ = Doing::Nothing;
-    bool held_ = false;      ///< a button is down on a piece that a drag would move
-    bool onFloor_ = false;   ///< a button is down beside all pieces, where a drag pans
+    bool held_ = false;      ///< the left button is down, and its drag not given up
     bool spaceHeld_ = false; ///< a drag pans
     QPointF pressed_;        ///< where the button went down
     WorldPoint grip_;        ///< of the world, which a pan keeps under the mouse
@@ -91,9 +90,6 @@ private:
     WorldPoint middle_;      ///< of the piece that a drag turns about
     BuildCursor dragged_;    ///< the start as the drag has it
     int steps_ = 0;          ///< of a turn, as the drag has it, anticlockwise
-    QPointF wheelPlace_;     ///< where the wheel turned last
-    WorldPoint wheelFixed_;  ///< what of the world was there before it first turned: whole cm shall not add up
-    ViewSettings wheelView_; ///< as the wheel left it
     int wheelTurn_ = 0;      ///< what is left of a turn of the wheel, eighths of a degree
     double pinchRest_ = 1;   ///< of a pinch, what has not been zoomed yet
 };

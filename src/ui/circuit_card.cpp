@@ -19,11 +19,16 @@ QRect TickRect(const QRect& card, int pictureWidth, const QStyle& style) {
     return {QPoint(right - InCorner - size.width(), card.top() + CircuitCard::Margin + InCorner), size};
 }
 
+/// On a plate, so that it is seen over a drawing of any colours.
 void PaintTick(QPainter& painter, const QStyleOptionViewItem& card) {
+    constexpr int around = 2;
     QStyleOptionButton box;
     box.rect = TickRect(card.rect, card.decorationSize.width(), *card.widget->style());
     box.palette = card.palette;
     box.state = QStyle::State_Enabled | (card.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off);
+    painter.setPen(card.palette.color(QPalette::Text));
+    painter.setBrush(card.palette.color(QPalette::Base));
+    painter.drawRect(box.rect.adjusted(-around, -around, around - 1, around - 1));
     card.widget->style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, card.widget);
 }
 

@@ -1,7 +1,6 @@
 #include "ui/circuit_preview.h"
 
 #include "ui/named_controls.h"
-#include "ui/work_picture.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -24,9 +23,9 @@ public:
 
     int heightForWidth(int width) const override { return HeightOf(width); }
 
-    void Show(std::optional<Design> design, std::size_t kept, const QString& instead) {
+    void Show(std::optional<Design> design, MarkedPieces marked, const QString& instead) {
         design_ = std::move(design);
-        kept_ = kept;
+        marked_ = marked;
         instead_ = instead;
         drawn_ = {};
         update();
@@ -41,7 +40,7 @@ protected:
         }
         const qreal ratio = devicePixelRatioF();
         if (drawn_.isNull() || drawn_.deviceIndependentSize() != QSizeF(size()) || drawn_.devicePixelRatioF() != ratio)
-            drawn_ = WorkPicture(session_.Catalogue, *design_, session_.Project.Preferences, size(), ratio, kept_);
+            drawn_ = WorkPicture(session_.Catalogue, *design_, session_.Project.Preferences, size(), ratio, marked_);
         painter.drawImage(QPointF(0, 0), drawn_);
     }
 
@@ -56,7 +55,7 @@ private:
 
     Session& session_;
     std::optional<Design> design_;
-    std::size_t kept_ = 0;
+    MarkedPieces marked_;
     QString instead_;
     QImage drawn_;
 };
@@ -73,13 +72,13 @@ CircuitPreview::CircuitPreview(Session& session) : picture_(new Picture(session)
     grid_->setHorizontalSpacing(betweenColumns);
 }
 
-void CircuitPreview::Show(const Design& design, std::size_t kept, const std::vector<CircuitFigure>& figures) {
-    picture_->Show(design, kept, {});
+void CircuitPreview::Show(const Design& design, MarkedPieces marked, const std::vector<CircuitFigure>& figures) {
+    picture_->Show(design, marked, {});
     ShowFigures(figures);
 }
 
 void CircuitPreview::ShowNone(const QString& why) {
-    picture_->Show(std::nullopt, 0, why);
+    picture_->Show(std::nullopt, {}, why);
     ShowFigures({});
 }
 

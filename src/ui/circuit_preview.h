@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/found_figures.h"
+#include "ui/work_picture.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -18,8 +19,7 @@ class CircuitPreview : public QWidget {
 public:
     explicit CircuitPreview(Session& session);
 
-    /// The first `kept` pieces are marked.
-    void Show(const Design& design, std::size_t kept, const std::vector<CircuitFigure>& figures);
+    void Show(const Design& design, MarkedPieces marked, const std::vector<CircuitFigure>& figures);
 
     /// Says in the picture's place why there is none.
     void ShowNone(const QString& why);

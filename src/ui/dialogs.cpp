@@ -27,8 +27,12 @@ namespace pistaro {
 
 namespace {
 
+/// Where it was when it was closed: some window managers would take its place for that of its frame.
 void BringUp(QWidget& window) {
+    const QPoint place = window.pos();
+    const bool comesBack = !window.isVisible() && window.windowHandle() != nullptr;
     window.show();
+    if (comesBack) window.move(place);
     window.raise();
     window.activateWindow();
 }
@@ -108,14 +112,14 @@ void Dialogs::ShowStock() {
 }
 
 void Dialogs::ShowBox() {
-    if (!box_) box_ = Fitted(new frmBox(session_, frmBox::Purpose::Box, &window_));
+    if (!box_) box_ = Fitted(new frmBox(session_, std::nullopt, &window_));
     BringUp(*box_);
 }
 
 void Dialogs::ShowVariations() {
     if (!variations_ || !variations_->IsAboutTheDesign()) {
         delete variations_;
-        variations_ = Fitted(new frmBox(session_, frmBox::Purpose::Variations, &window_));
+        variations_ = Fitted(new frmBox(session_, VariedTrack(session_), &window_));
     }
     BringUp(*variations_);
 }

@@ -3,7 +3,6 @@
 #include "commands/found_figures.h"
 #include "ui/circuit_card.h"
 #include "ui/named_controls.h"
-#include "ui/work_picture.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -71,10 +70,10 @@ FoundCircuits::FoundCircuits(Session& session)
     connect(this, &QListWidget::itemDoubleClicked, this, [this] { Opened(); });
 }
 
-void FoundCircuits::Begin(const Design& room, std::size_t kept) {
+void FoundCircuits::Begin(const Surroundings& around, MarkedPieces marked) {
     const QSignalBlocker quiet(this);
-    room_ = room;
-    kept_ = kept;
+    around_ = around;
+    marked_ = marked;
     pictures_.clear();
     ticked_.clear();
     clear();
@@ -185,21 +184,16 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, const
     const std::size_t place = ranked.Place;
     if (pictures_[place].isNull())
         pictures_[place] =
-            QPixmap::fromImage(WorkPicture(session_.Catalogue, DesignOf(circuit), session_.Project.Preferences,
-                                           iconSize(), devicePixelRatioF(), kept_));
+            QPixmap::fromImage(WorkPicture(session_.Catalogue, around_.With(circuit.Track),
+                                           session_.Project.Preferences, iconSize(), devicePixelRatioF(), marked_));
     line.setData(PlaceRole, static_cast<qulonglong>(place));
     line.setCheckState(ticked_.contains(place) ? Qt::Checked : Qt::Unchecked);
     line.setIcon(pictures_[place]);
     QStringList lines{Shown(UseAndLengthText(circuit)), Shown(PiecesAndPriceText(session_, circuit))};
-    if (const std::string warning = WallWarning(session_, room_, circuit); !warning.empty()) lines += Shown(warning);
+    if (const std::string warning = WallWarning(session_, around_.Design, circuit); !warning.empty())
+        lines += Shown(warning);
     if (ranked.Like) lines += QString("much like %1").arg(*ranked.Like + 1);
     line.setText(lines.join('\n'));
-}
-
-Design FoundCircuits::DesignOf(const LaidCircuit& circuit) const {
-    Design design = room_;
-    design.Circuit.Tracks.front() = circuit.Track;
-    return design;
 }
 
 std::size_t FoundCircuits::PlaceOf(int row) const { return item(row)->data(PlaceRole).toULongLong(); }

@@ -1,8 +1,9 @@
 // The circuits that were found, as cards with a picture and figures. Some can be chosen, and some ticked to be kept.
 #pragma once
 
-#include "commands/session.h"
+#include "commands/laying_commands.h"
 #include "search/circuit_order.h"
+#include "ui/work_picture.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -21,8 +22,8 @@ public:
     std::function<void()> Opened;        ///< called for a double click, or Enter
     std::function<void()> SizeChanged;   ///< called when the pictures ought to be shown in another size
 
-    /// Shows none, and those to come in this room; their first `kept` pieces are marked.
-    void Begin(const Design& room, std::size_t kept);
+    /// Shows none, and those to come with this around them, and with pieces of theirs marked.
+    void Begin(const Surroundings& around, MarkedPieces marked);
 
     /// Shows those of `found` in this order, and behind them those that are ticked or chosen. The chosen ones stay
     /// chosen; until the user has chosen some it is the first one. Who has scrolled keeps what he looks at where it is,
@@ -46,9 +47,6 @@ public:
 
     /// Those that are ticked, in the order shown; where none is, those that are chosen.
     std::vector<std::size_t> ToKeep() const;
-
-    /// A circuit in its room as it lies.
-    Design DesignOf(const LaidCircuit& circuit) const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -77,9 +75,9 @@ private:
     void FitCards();
 
     Session& session_;
-    Design room_;
+    Surroundings around_;
     QString hint_;
-    std::size_t kept_ = 0;
+    MarkedPieces marked_;
     int wished_ = 1;                   ///< how many there shall be room for
     std::vector<QIcon> pictures_;      ///< by place among those found; those never shown have none
     std::set<std::size_t> ticked_;     ///< their places

@@ -47,8 +47,17 @@ QString InsteadFor(const BoxWish& wish, bool varies) {
     return varies ? "try a larger room, or other pieces" : "try a larger room, or more curves";
 }
 
+/// What makes it more likely that there is one.
+QString EasierFor(const Session& session, const BoxWish& wish) {
+    const QString rare = Shown(WhyRare(session.Catalogue, wish.Box, wish.MustHave));
+    if (!rare.isEmpty()) return rare;
+    const QString without =
+        wish.MustHave == MustHaves() ? QString() : "Without what they must have there may be some. ";
+    return without + "More curves, straights of another length, or a larger room make it easier.";
+}
+
 /// What stands in the place of circuits while there are none; `never`, why there can be none.
-QString HintFor(BoxStanding standing, const QString& never, bool varies, bool keeps) {
+QString HintFor(BoxStanding standing, const QString& never, const QString& easier, bool varies, bool keeps) {
     if (!never.isEmpty()) return never + "\n\nAdd pieces to the box, or choose a larger room.";
     switch (standing) {
     case BoxStanding::Idle:
@@ -58,38 +67,38 @@ QString HintFor(BoxStanding standing, const QString& never, bool varies, bool ke
                        "wait. Stop ends the search."
                      : "The first circuits come in a moment.";
     case BoxStanding::Complete:
-        return "Every way to lay these pieces was tried, and none closes inside the room.\n\n"
-               "More curves, straights of another length, or a larger room make a difference.";
+        return "Every way to lay these pieces was tried, and none closes inside the room.\n\n" + easier;
     case BoxStanding::Paused:
     case BoxStanding::Ended:
-        return "No circuit so far.\n\nMore curves, straights of another length, or a larger room make it easier.";
+        return "No circuit so far.\n\n" + easier;
     }
     return QString("1.  %1\n\n2.  Say how large the room is.\n\n3.  Press Search, and choose among the circuits.")
-        .arg(varies ? "The box holds the pieces of your design; add others, if you like."
+        .arg(varies ? "The box holds the pieces of your track; add others, if you like. To keep a part of it, click "
+                      "that part's first piece in the drawing, then its last one with Shift."
                     : "Fill the box: All I Own, a set that you have, or a click on a line and its count.");
 }
 
 } // namespace
 
-frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
-    : QDialog(parent), session_(session), varies_(purpose == Purpose::Variations),
-      begunWith_(session.Project.Design.Circuit), begunRun_(SelectedRun(session)),
+frmBox::frmBox(Session& session, std::optional<int> varied, QWidget* parent)
+    : QDialog(parent), session_(session), varied_(varied), begunWith_(session.Project.Design.Circuit),
       fields_(new BoxFields(
-          session, purpose, [this] { ShowStanding(); }, [this] { ShowFound(); })),
+          session, varied, [this] { ShowStanding(); }, [this] { ShowFound(); })),
       lstCircuits_(new FoundCircuits(session)), preview_(new CircuitPreview(session)),
-      weights_(new ScoreWeightsBox([this] { ShowFound(); })), banner_(new FoundBanner([this] { Search(); })),
+      weights_(new ScoreWeightsBox(varied.has_value(), [this] { ShowFound(); })),
+      banner_(new FoundBanner([this] { Search(); })),
       search_(
           session.Catalogue,
           [this](std::function<void()> call) {
               QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
           },
           [this] { Hear(); }, [this](const JobEnd& end) { session_.Do(end); }) {
-    setObjectName(varies_ ? "frmVariations" : "frmBox");
-    setWindowTitle(varies_ ? "Variations" : "Circuits from My Box");
+    setObjectName(varied_ ? "frmVariations" : "frmBox");
+    setWindowTitle(Heading());
     auto* const found = new QHBoxLayout;
     constexpr int twice = 2; // as wide as the one that is shown large
     found->addLayout(Circuits(), twice);
-    found->addLayout(Chosen(varies_ ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 1);
+    found->addLayout(Chosen(varied_ ? "Track ▸ Variations…" : "Circuit ▸ From My Box…"), 1);
     auto* const right = new QVBoxLayout;
     right->addLayout(found, 1);
     right->addWidget(weights_);
@@ -110,6 +119,7 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
         if (changes.Preferences) lstCircuits_->ForgetPictures(); // their colours
         if (changes.Stock || changes.Preferences) ShowFound();
         if (changes.Room) ShowStanding();
+        if (changes.EditState && IsBegunTrack()) fields_->OfferPart();
     });
     fields_->setFocus();
     ShowStanding(); // only now, as it takes a dialog to have a default button
@@ -118,7 +128,18 @@ frmBox::frmBox(Session& session, Purpose purpose, QWidget* parent)
 
 bool frmBox::IsAboutTheDesign() const {
     const Circuit& circuit = session_.Project.Design.Circuit;
-    return circuit == opened_ || (circuit == begunWith_ && SelectedRun(session_) == begunRun_);
+    return circuit == opened_ || IsBegunTrack();
+}
+
+bool frmBox::IsBegunTrack() const {
+    return session_.Project.Design.Circuit == begunWith_ && VariedTrack(session_) == varied_;
+}
+
+QString frmBox::Heading() const {
+    if (!varied_) return "Circuits from My Box";
+    const auto hasPieces = [](const Track& track) { return !track.ElementCodes.empty(); };
+    const bool isOneOfSeveral = std::ranges::count_if(begunWith_.Tracks, hasPieces) > 1;
+    return isOneOfSeveral ? QString("Variations of Track %1").arg(*varied_ + 1) : QString("Variations");
 }
 
 QWidget* frmBox::Fields() {
@@ -183,12 +204,12 @@ QLayout* frmBox::Chosen(const QString& entry) {
 }
 
 QLayout* frmBox::Buttons() {
-    cmdKeep_ = NewButton("cmdKeepCircuits", "&Keep as Files…");
+    cmdKeep_ = NewButton("cmdKeepCircuits", {});
     QPushButton* const cmdClose = NewButton("cmdCloseBox", "Close");
     connect(cmdKeep_, &QPushButton::clicked, this, [this] { KeepChosen(); });
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
     QHBoxLayout* const row = ButtonRow({cmdKeep_, cmdClose});
-    row->insertWidget(1, new QLabel("Tick the circuits that you want to keep."));
+    row->insertWidget(1, new QLabel("Tick several to keep them at once."));
     return row;
 }
 
@@ -197,11 +218,11 @@ void frmBox::Search() {
         const BoxWish wish = fields_->Wish();
         const LayingTask task = TaskFor(session_, wish);
         searched_ = wish;
-        room_ = RoomFor(session_, wish);
-        kept_ = wish.Kept ? wish.Kept->Rows.size() : 0;
-        lstCircuits_->Begin(room_, kept_);
+        around_ = SurroundingsFor(session_, wish);
+        kept_ = {wish.Kept ? wish.Kept->Rows.size() : 0, around_.Track};
+        lstCircuits_->Begin(around_, kept_);
         search_.Start(task);
-        if (wish.Area && !varies_) fields_->RememberArea();
+        if (wish.Area && !varied_) fields_->RememberArea();
     });
     ShowStanding();
     ShowChosen();
@@ -231,7 +252,10 @@ void frmBox::ShowFound() {
 
 /// Whether other circuits are wished for than those that are shown.
 bool frmBox::IsForAnother(const BoxWish& wish) const {
-    return searched_ && !(IsForTheSame(wish, *searched_) && RoomFor(session_, wish).Room == room_.Room);
+    if (!searched_) return false;
+    const Design around = SurroundingsFor(session_, wish).Design;
+    return !IsForTheSame(wish, *searched_) || around.Room != around_.Design.Room ||
+           around.Circuit != around_.Design.Circuit;
 }
 
 void frmBox::ShowStanding() {
@@ -244,21 +268,24 @@ void frmBox::ShowStanding() {
     const bool isBoxEmpty = wish.Box.Total() == 0;
     const bool isForAnother = IsForAnother(wish);
     const bool isOutdated = isForAnother && (count > 0 || runs);
-    QString text;
-    if (isOutdated) {
-        text = "This is of another box or room than stands at the left.";
-    } else if (count == 0 && !runs && (isForAnother || standing == BoxStanding::Idle)) {
-        text = IdleText(isBoxEmpty);
-    } else {
-        const QString found = CountText(count, static_cast<std::size_t>(wish.Count));
-        text = StandingText(standing, count, found, InsteadFor(wish, varies_));
-    }
-    banner_->Show(text, isOutdated, !isBoxEmpty);
+    banner_->Show(StandingWords(wish, standing, isOutdated), isOutdated, !isBoxEmpty);
     lstCircuits_->SetOutdated(isOutdated);
     const BoxStanding ofThisWish = isForAnother && !runs ? BoxStanding::Idle : standing;
-    lstCircuits_->ShowHint(HintFor(ofThisWish, never, varies_, searched_ && searched_->Kept));
+    lstCircuits_->ShowHint(
+        HintFor(ofThisWish, never, EasierFor(session_, wish), varied_.has_value(), wish.Kept.has_value()));
     ShowSearchButtons(standing, isForAnother, isBoxEmpty);
     ShowProgress();
+}
+
+QString frmBox::StandingWords(const BoxWish& wish, BoxStanding standing, bool isOutdated) const {
+    const bool isBoxEmpty = wish.Box.Total() == 0;
+    const std::size_t count = search_.Found().size();
+    if (isOutdated && isBoxEmpty) return "The box is empty now; this is of the box before. Fill it to search again.";
+    if (isOutdated) return "This is of another box or room than stands at the left.";
+    const bool isIdle = standing == BoxStanding::Idle || (IsForAnother(wish) && standing != BoxStanding::Runs);
+    if (count == 0 && isIdle) return IdleText(isBoxEmpty);
+    const QString found = CountText(count, static_cast<std::size_t>(wish.Count));
+    return StandingText(standing, count, found, InsteadFor(wish, varied_.has_value()));
 }
 
 void frmBox::ShowSearchButtons(BoxStanding standing, bool isForAnother, bool isBoxEmpty) {
@@ -293,7 +320,7 @@ void frmBox::ShowChosen() {
     cmdOpen_->setToolTip(shown ? "Open it in place of the design, as one step that Undo takes back"
                                : "Choose a circuit first");
     cmdKeep_->setEnabled(kept > 0);
-    cmdKeep_->setText(kept > 1 ? QString("&Keep %1 as Files…").arg(kept) : "&Keep as Files…");
+    cmdKeep_->setText(kept > 1 ? QString("&Keep %1 as Files…").arg(kept) : "&Keep This One as a File…");
     cmdKeep_->setToolTip(kept > 0 ? "Write the circuits that are ticked into files, or else the chosen one"
                                   : "Tick circuits first, or choose one");
     if (!shown) {
@@ -302,7 +329,7 @@ void frmBox::ShowChosen() {
     }
     const LaidCircuit& circuit = search_.Found()[*shown].Circuit;
     weights_->Show(circuit.Parts);
-    preview_->Show(lstCircuits_->DesignOf(circuit), kept_, FiguresOf(session_, searched_->Box, room_, circuit));
+    preview_->Show(around_.With(circuit.Track), kept_, FiguresOf(session_, searched_->Box, around_.Design, circuit));
 }
 
 /// The window goes, so that the design is seen; it comes back as it was.
@@ -310,7 +337,9 @@ void frmBox::OpenChosen() {
     const std::optional<std::size_t> shown = lstCircuits_->InView();
     if (!shown) return;
     bool isOpen = false;
-    session_.Do([&] { isOpen = OpenAsNew(session_, varies_, room_, search_.Found()[*shown].Circuit.Track, opened_); });
+    session_.Do([&] {
+        isOpen = OpenAsNew(session_, varied_.has_value(), around_, search_.Found()[*shown].Circuit.Track, opened_);
+    });
     if (isOpen) close();
 }
 
@@ -318,7 +347,7 @@ void frmBox::KeepChosen() {
     std::vector<Track> tracks;
     for (const std::size_t place : lstCircuits_->ToKeep())
         tracks.push_back(search_.Found()[place].Circuit.Track);
-    session_.Do([&] { KeepAsFiles(session_, room_, tracks); });
+    session_.Do([&] { KeepAsFiles(session_, around_, tracks); });
 }
 
 void frmBox::showEvent(QShowEvent* event) {

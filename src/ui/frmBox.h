@@ -18,12 +18,10 @@ namespace pistaro {
 /// thread of its own; what it finds is shown as it is found.
 class frmBox : public QDialog {
 public:
-    using Purpose = BoxPurpose;
+    /// Circuits from what is owned, or in the place of the design's track that is `varied`.
+    frmBox(Session& session, std::optional<int> varied, QWidget* parent = nullptr);
 
-    frmBox(Session& session, Purpose purpose, QWidget* parent = nullptr);
-
-    /// Whether the design is the one that this window was opened for, with the same elements selected, or one that was
-    /// opened from it.
+    /// Whether the design is the one that this window was opened for, or one that was opened from it.
     bool IsAboutTheDesign() const;
 
 protected:
@@ -43,6 +41,9 @@ private:
     void Hear();
     void ShowFound();
     bool IsForAnother(const BoxWish& wish) const;
+    bool IsBegunTrack() const;
+    QString Heading() const;
+    QString StandingWords(const BoxWish& wish, BoxStanding standing, bool isOutdated) const;
     void ShowStanding();
     void ShowSearchButtons(BoxStanding standing, bool isForAnother, bool isBoxEmpty);
     void ShowProgress();
@@ -51,9 +52,8 @@ private:
     void KeepChosen();
 
     Session& session_;
-    const bool varies_; ///< a design
+    const std::optional<int> varied_; ///< track
     const Circuit begunWith_;
-    const ElementRun begunRun_;
     BoxFields* const fields_;
     FoundCircuits* const lstCircuits_;
     CircuitPreview* const preview_;
@@ -63,8 +63,8 @@ private:
     QPushButton *cmdSearch_ = nullptr, *cmdStop_ = nullptr, *cmdCancelSearch_ = nullptr, *cmdOpen_ = nullptr,
                 *cmdKeep_ = nullptr;
     std::optional<BoxWish> searched_; ///< that the circuits which are shown were searched for
-    Design room_;                     ///< that they lie in
-    std::size_t kept_ = 0;            ///< of their pieces, the first ones
+    Surroundings around_;             ///< them
+    MarkedPieces kept_;               ///< of theirs
     std::optional<Circuit> opened_;   ///< that stands in the window because it was opened here
     QTimer showing_;                  ///< so that many circuits found at once are shown together
     Observation observation_;

@@ -6,6 +6,8 @@
 #include <QGridLayout>
 #include <QSignalBlocker>
 
+#include <utility>
+
 namespace pistaro {
 
 namespace {
@@ -46,24 +48,29 @@ MustHaveFields::MustHaveFields(Session& session, bool varied) : QGroupBox("Must 
     if (varied) grid->addWidget(PartField(), static_cast<int>(Texts.size()), 0, 1, 2);
 }
 
-/// Offers to keep the elements that are selected as the window opens.
 QCheckBox* MustHaveFields::PartField() {
     chkKeepPart_ = Named(new QCheckBox, "chkKeepPart");
+    OfferPart();
+    connect(chkKeepPart_, &QCheckBox::toggled, this, [this] { Changed(); });
+    return chkKeepPart_;
+}
+
+void MustHaveFields::OfferPart() {
     const EditState& edit = session_.Project.EditState;
     const ElementRun run = edit.ShowsAllTracks() ? ElementRun() : SelectedRun(session_);
     const Track* const track = EditedTrack(session_.Project.Design.Circuit, edit);
     const bool canKeep = run.Count > 0 && run.Count <= track->ElementLastIndex();
-    if (canKeep) part_ = PartOf(session_, run.First, run.Count);
+    const auto before = std::exchange(part_, std::nullopt);
+    if (canKeep) part_ = PartOf(session_.Catalogue, *track, run.First, run.Count);
     chkKeepPart_->setEnabled(canKeep);
-    chkKeepPart_->setChecked(canKeep && run.Count > 1);
     QString part = "The selected pa&rt";
     if (!canKeep) part += ": none is selected";
     if (canKeep && run.Count > 1) part += QString(": %1 to %2").arg(run.First).arg(run.First + run.Count - 1);
     chkKeepPart_->setText(part);
     chkKeepPart_->setToolTip(canKeep ? "These elements stay as they are, where they are"
-                                     : "Select elements first: a click, then Shift and a click");
-    connect(chkKeepPart_, &QCheckBox::toggled, this, [this] { Changed(); });
-    return chkKeepPart_;
+                                     : "Select elements in the drawing: a click, then Shift and a click");
+    chkKeepPart_->setChecked(canKeep && run.Count > 1);
+    if (before != part_) Changed();
 }
 
 void MustHaveFields::Offer(const PieceBox& box) {
@@ -77,7 +84,7 @@ void MustHaveFields::Offer(const PieceBox& box) {
         choices_[i]->setChecked(isThere && isWanted_[i]);
         choices_[i]->setToolTip(why);
         choices_[i]->setAccessibleDescription(why);
-        lacking_[i]->setText(isThere ? QString() : QString(Texts[i].Lacking) + (isWanted_[i] ? ", not counted" : ""));
+        lacking_[i]->setText(isThere ? "" : isWanted_[i] ? "not in the box: left out" : Texts[i].Lacking);
         lacking_[i]->setToolTip(why);
     }
 }

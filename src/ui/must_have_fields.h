@@ -23,6 +23,9 @@ public:
     /// To be called when the box holds other pieces.
     void Offer(const PieceBox& box);
 
+    /// Offers to keep the elements that are selected now. To be called when others are, in the same design.
+    void OfferPart();
+
     void PutInto(BoxWish& wish) const;
 
 private:
@@ -33,7 +36,7 @@ private:
     std::array<QLabel*, 4> lacking_{}; ///< beside those that the box cannot give
     std::array<bool, 4> isWanted_{};   ///< by the user, whatever the box gives
     QCheckBox* chkKeepPart_ = nullptr;
-    std::optional<KeptPart> part_; ///< of the design, as it was selected
+    std::optional<TrackPart> part_; ///< of the design that is selected
 };
 
 } // namespace pistaro

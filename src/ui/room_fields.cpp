@@ -23,7 +23,6 @@ QSpinBox* NewLengthBox(const char* name, const char* spoken, int value) {
     box->setRange(shortest, longest);
     box->setSingleStep(10);
     box->setValue(value);
-    box->setSuffix(" cm");
     return box;
 }
 
@@ -63,6 +62,7 @@ QLayout* RoomFields::AreaFields() {
     area->addWidget(spnWidth_, 1);
     area->addWidget(new QLabel("×"));
     area->addWidget(spnDepth_, 1);
+    area->addWidget(new QLabel("cm"));
     return area;
 }
 
@@ -72,7 +72,6 @@ QLayout* RoomFields::WallFields() {
     caption->setBuddy(spnFromWalls_);
     spnFromWalls_->setRange(0, most);
     spnFromWalls_->setSingleStep(5);
-    spnFromWalls_->setSuffix(" cm");
     spnFromWalls_->setToolTip(
         "Leave that much room between the track and every wall and pillar, for hands and for cars "
         "that slide out");
@@ -80,6 +79,7 @@ QLayout* RoomFields::WallFields() {
     auto* const row = new QHBoxLayout;
     row->addWidget(caption);
     row->addWidget(spnFromWalls_);
+    row->addWidget(new QLabel("cm"));
     row->addStretch();
     return row;
 }

@@ -19,18 +19,19 @@ struct Part {
     double ScoreWeights::*Weight;
 };
 
-constexpr std::array<Part, 10> AllParts{{
+constexpr std::array<Part, 11> AllParts{{
     {"Box used", "Share of the box's pieces", &ScoreParts::Used, &ScoreWeights::Used},
     {"Even lanes", "Both lanes are about equally long, as built", &ScoreParts::Lanes, &ScoreWeights::Lanes},
     {"Good straights", "The longest straight is a metre or more, and at most 40 % of the lap", &ScoreParts::Straights,
      &ScoreWeights::Straights},
     {"Many corners", "Corners of several kinds", &ScoreParts::Corners, &ScoreWeights::Corners},
     {"Both ways", "It turns to the left and to the right", &ScoreParts::Directions, &ScoreWeights::Directions},
-    {"Start", "It begins on a straight", &ScoreParts::Start, &ScoreWeights::Start},
-    {"Walls", "It keeps its distance from the walls", &ScoreParts::Walls, &ScoreWeights::Walls},
+    {"Starts straight", "It begins on a straight", &ScoreParts::Start, &ScoreWeights::Start},
+    {"Off the walls", "It keeps its distance from the walls", &ScoreParts::Walls, &ScoreWeights::Walls},
     {"Long lap", "Much of the box's track is driven in a lap", &ScoreParts::Length, &ScoreWeights::Length},
     {"Fast straight", "One straight is a great part of the lap", &ScoreParts::Speed, &ScoreWeights::Speed},
     {"Winding", "It turns to and fro many times", &ScoreParts::Winding, &ScoreWeights::Winding},
+    {"Like mine", "It looks like your design", &ScoreParts::Likeness, &ScoreWeights::Likeness}, // of variations alone
 }};
 
 struct Taste {
@@ -40,7 +41,7 @@ struct Taste {
     ScoreWeights Weights;
 };
 
-const std::array<Taste, 4> AllTastes{{
+const std::array<Taste, 5> AllTastes{{
     {"optAllRound", "All round", "Circuits that use most of the box, with something of everything", {}},
     {"optLongLaps", "Long laps", "Circuits that are long to drive", {.Used = 1, .Length = 10}},
     {"optFastStraights",
@@ -51,13 +52,14 @@ const std::array<Taste, 4> AllTastes{{
      "Winding",
      "Circuits that turn to and fro, with many corners",
      {.Used = 3, .Straights = 0, .Corners = 3, .Winding = 10}},
+    {"optLikeMine", "Like mine", "Circuits that look much like your design", {.Used = 3, .Likeness = 10}}, // likewise
 }};
 
 constexpr int StepsOfWeight = 10; ///< of a slider for a weight of 1
 constexpr int MostWeight = 10;
 
 /// The parts stand in two columns below a line of headings.
-constexpr int Lines = 5;
+constexpr int Columns = 2;
 constexpr int ColumnsOfPart = 5; ///< name, slider, weight, part, space
 
 QString Hundredths(double part) { return QString::number(part, 'f', 2); }
@@ -78,8 +80,8 @@ QLabel* NewHeading(const QString& text, const QString& tip) {
 
 } // namespace
 
-ScoreWeightsBox::ScoreWeightsBox(std::function<void()> changed)
-    : changed_(std::move(changed)), lblScore_(NewFigure("lblScore", 0)),
+ScoreWeightsBox::ScoreWeightsBox(bool varied, std::function<void()> changed)
+    : varied_(varied), changed_(std::move(changed)), lblScore_(NewFigure("lblScore", 0)),
       cmdFineTune_(Named(new QToolButton, "cmdFineTune")),
       cmdUsualWeights_(NewButton("cmdUsualWeights", "Usual &Weights")) {
     QWidget* const parts = Parts();
@@ -91,7 +93,7 @@ ScoreWeightsBox::ScoreWeightsBox(std::function<void()> changed)
     auto* const column = new QVBoxLayout(this);
     column->addLayout(Tastes());
     column->addWidget(parts);
-    Take({});
+    Take(varied ? AllTastes.back().Weights : ScoreWeights());
 }
 
 /// What shall come first, in a word each.
@@ -99,6 +101,7 @@ QLayout* ScoreWeightsBox::Tastes() {
     auto* const row = new QHBoxLayout;
     row->addWidget(new QLabel("Best first:"));
     for (const Taste& taste : AllTastes) {
+        if (&taste == &AllTastes.back() && !varied_) break;
         auto* const button = Named(new QRadioButton(taste.Caption), taste.Name);
         button->setAutoExclusive(false); // none stands for weights of the user's own
         button->setToolTip(taste.Tip);
@@ -119,10 +122,12 @@ QWidget* ScoreWeightsBox::Parts() {
     auto* const grid = new QGridLayout(parts);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(2);
-    for (std::size_t part = 0; part < AllParts.size(); ++part)
-        AddPart(*grid, part);
+    const std::size_t count = AllParts.size() - (varied_ ? 0 : 1);
+    const int lines = static_cast<int>(count + 1) / Columns;
+    for (std::size_t part = 0; part < count; ++part)
+        AddPart(*grid, part, lines);
     for (const int first : {0, ColumnsOfPart}) {
-        grid->addWidget(NewHeading("counts", "How much this counts, 0 to 10"), 0, first + 2);
+        grid->addWidget(NewHeading("weight", "How much this counts, 0 to 10"), 0, first + 2);
         grid->addWidget(NewHeading("this one", "How the chosen circuit does in it, 0 to 1"), 0, first + 3);
         grid->setColumnStretch(first + 1, 1);
     }
@@ -133,14 +138,14 @@ QWidget* ScoreWeightsBox::Parts() {
     });
     auto* const score = new QLabel("Score");
     score->setToolTip("How good the chosen circuit is by all of it, 0 to 1");
-    grid->addWidget(cmdUsualWeights_, Lines + 1, 0, 1, 2, Qt::AlignLeft);
-    grid->addWidget(score, Lines + 1, ColumnsOfPart);
-    grid->addWidget(lblScore_, Lines + 1, ColumnsOfPart + 3);
+    grid->addWidget(cmdUsualWeights_, lines + 1, 0, 1, 2, Qt::AlignLeft);
+    grid->addWidget(score, lines + 1, ColumnsOfPart);
+    grid->addWidget(lblScore_, lines + 1, ColumnsOfPart + 3);
     grid->setColumnMinimumWidth(ColumnsOfPart - 1, 24);
     return parts;
 }
 
-void ScoreWeightsBox::AddPart(QGridLayout& grid, std::size_t part) {
+void ScoreWeightsBox::AddPart(QGridLayout& grid, std::size_t part, int lines) {
     const int row = static_cast<int>(part);
     auto* const slider = Named(new QSlider(Qt::Horizontal), "sldWeight", row);
     slider->setRange(0, MostWeight * StepsOfWeight);
@@ -152,8 +157,8 @@ void ScoreWeightsBox::AddPart(QGridLayout& grid, std::size_t part) {
     sliders_.push_back(slider);
     weights_.push_back(NewFigure("lblWeight", row));
     parts_.push_back(NewFigure("lblPart", row));
-    const int line = 1 + row % Lines;
-    int column = row / Lines * ColumnsOfPart;
+    const int line = 1 + row % lines;
+    int column = row / lines * ColumnsOfPart;
     for (QWidget* const control : {static_cast<QWidget*>(name), static_cast<QWidget*>(slider),
                                    static_cast<QWidget*>(weights_.back()), static_cast<QWidget*>(parts_.back())})
         grid.addWidget(control, line, column++);
@@ -165,15 +170,15 @@ void ScoreWeightsBox::AddPart(QGridLayout& grid, std::size_t part) {
 
 void ScoreWeightsBox::ShowWeights() {
     const ScoreWeights weights = Weights();
-    for (std::size_t part = 0; part < AllParts.size(); ++part)
-        weights_[part]->setText(Hundredths(weights.*AllParts[part].Weight));
-    for (std::size_t taste = 0; taste < AllTastes.size(); ++taste)
+    for (std::size_t part = 0; part < weights_.size(); ++part)
+        weights_[part]->setText(QString::number(weights.*AllParts[part].Weight));
+    for (std::size_t taste = 0; taste < tastes_.size(); ++taste)
         tastes_[taste]->setChecked(weights == AllTastes[taste].Weights);
     cmdUsualWeights_->setEnabled(weights != ScoreWeights());
 }
 
 void ScoreWeightsBox::Take(const ScoreWeights& weights) {
-    for (std::size_t part = 0; part < AllParts.size(); ++part) {
+    for (std::size_t part = 0; part < sliders_.size(); ++part) {
         const QSignalBlocker together(sliders_[part]);
         sliders_[part]->setValue(static_cast<int>(weights.*AllParts[part].Weight * StepsOfWeight));
     }
@@ -182,13 +187,13 @@ void ScoreWeightsBox::Take(const ScoreWeights& weights) {
 
 ScoreWeights ScoreWeightsBox::Weights() const {
     ScoreWeights weights;
-    for (std::size_t i = 0; i < AllParts.size(); ++i)
+    for (std::size_t i = 0; i < sliders_.size(); ++i)
         weights.*AllParts[i].Weight = static_cast<double>(sliders_[i]->value()) / StepsOfWeight;
     return weights;
 }
 
 void ScoreWeightsBox::Show(const std::optional<ScoreParts>& parts) {
-    for (std::size_t i = 0; i < AllParts.size(); ++i)
+    for (std::size_t i = 0; i < parts_.size(); ++i)
         parts_[i]->setText(parts ? Hundredths((*parts).*AllParts[i].Value) : QString());
     lblScore_->setText(parts ? Hundredths(Score(*parts, Weights())) : QString());
 }

@@ -19,8 +19,9 @@ namespace pistaro {
 
 class ScoreWeightsBox : public QGroupBox {
 public:
-    /// `changed` is called when something else shall come first.
-    explicit ScoreWeightsBox(std::function<void()> changed);
+    /// `varied`: what is much like the design can come first, and does at the beginning. `changed` is called when
+    /// something else shall come first.
+    ScoreWeightsBox(bool varied, std::function<void()> changed);
 
     ScoreWeights Weights() const;
 
@@ -30,10 +31,11 @@ public:
 private:
     QLayout* Tastes();
     QWidget* Parts();
-    void AddPart(QGridLayout& grid, std::size_t part);
+    void AddPart(QGridLayout& grid, std::size_t part, int lines);
     void Take(const ScoreWeights& weights);
     void ShowWeights();
 
+    const bool varied_;
     const std::function<void()> changed_;
     std::vector<QRadioButton*> tastes_;
     std::vector<QSlider*> sliders_;

@@ -45,13 +45,13 @@ ViewSettings ViewOfAll(const Catalogue& catalogue, const Design& design, QSize s
     return view;
 }
 
-/// Tints the ground of the track's first pieces, in a square that shows the view.
-void MarkPieces(const Catalogue& catalogue, const Project& project, std::size_t count, int side, QPainter& painter) {
+/// Tints the pieces' ground, in a square that shows the view.
+void MarkPieces(const Catalogue& catalogue, const Project& project, MarkedPieces marked, int side, QPainter& painter) {
     constexpr double tolerance = 0.5; // cm
     Overlay marks;
-    WalkTrack(catalogue, project.Design.Circuit.Tracks.front(),
+    WalkTrack(catalogue, project.Design.Circuit.Tracks[static_cast<std::size_t>(marked.Track)],
               [&](int element, const PiecePlacement* piece, const Pose&) {
-                  if (piece == nullptr || std::cmp_greater_equal(element, count)) return;
+                  if (piece == nullptr || std::cmp_greater_equal(element, marked.Count)) return;
                   marks.emplace_back(OverlayArea{.Polygon = OutlinePolygon(*piece, tolerance),
                                                  .InkColour = project.Preferences.Colours.Active});
               });
@@ -61,7 +61,7 @@ void MarkPieces(const Catalogue& catalogue, const Project& project, std::size_t 
 } // namespace
 
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
-                   double pixelRatio, std::size_t marked) {
+                   double pixelRatio, MarkedPieces marked) {
     const int side = std::max(size.width(), size.height());
     QImage image(size * pixelRatio, QImage::Format_RGB32);
     image.setDevicePixelRatio(pixelRatio);
@@ -80,7 +80,7 @@ QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Prefe
     PainterSurface surface(painter, TargetSize::Square(side));
     ShowView(project.Design.View, surface);
     DrawCircuit(catalogue, project, surface);
-    if (marked > 0) MarkPieces(catalogue, project, marked, side, painter);
+    if (marked.Count > 0) MarkPieces(catalogue, project, marked, side, painter);
     return image;
 }
 

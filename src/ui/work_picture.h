@@ -7,10 +7,16 @@
 
 namespace pistaro {
 
+/// The first ones of a track.
+struct MarkedPieces {
+    std::size_t Count = 0;
+    int Track = 0;
+};
+
 /// All pieces and the room of `design`, as large as they go into a picture of that size, device-independent pixels, in
-/// the colours of the preferences as the window's drawing shows them. The first `marked` pieces of the first track are
-/// tinted in the colour of the selected one.
+/// the colours of the preferences as the window's drawing shows them. Marked pieces are tinted in the colour of the
+/// selected one.
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
-                   double pixelRatio, std::size_t marked = 0);
+                   double pixelRatio, MarkedPieces marked = {});
 
 } // namespace pistaro

@@ -31,7 +31,7 @@ protected:
     TemporaryFolder folder_;
     ScriptedPrompts prompts_;
     Session session_{Pieces(), prompts_, ProjectOf("C160 C160 C151R"), ""};
-    Design room_ = EmptyArea({240, 160});
+    Surroundings room_{EmptyArea({240, 160}), 0};
     std::optional<Circuit> opened_;
 };
 
@@ -71,26 +71,47 @@ TEST_F(LayingCommands, RefuseWhatCannotBeLaid) {
     counted.MustHave.LapCounter = true;
     EXPECT_EQ(WhyRefused(counted), "Refused: The box holds no lap counter.");
     BoxWish keepsAdapter = WishOf("C151=8,N10110=2");
-    keepsAdapter.Kept = KeptPart{{Pieces().FindRow("N10110")}, {}};
+    keepsAdapter.Kept = TrackPart{{Pieces().FindRow("N10110")}, {}};
     EXPECT_EQ(WhyRefused(keepsAdapter), "Refused: the part that is kept must begin and end within one system");
 }
 
-TEST_F(LayingCommands, LeaveOutTheDesignsOwnCircuitsWhereThatIsWished) {
-    session_.Project.Design.Circuit.Tracks[1] = Chain("C160 no-such-piece");
+TEST_F(LayingCommands, LeaveOutTheCircuitThatIsVaried) {
     BoxWish wish = WishOf("C151=8,C160=4");
     EXPECT_TRUE(TaskFor(session_, wish).LeftOut.empty());
 
-    wish.LeavesOutDesign = true;
+    wish.Varied = 0;
 
     EXPECT_EQ(TaskFor(session_, wish).LeftOut, std::vector<Rows>{RowsOf("C160 C160 C151R")});
+    EXPECT_EQ(TaskFor(session_, wish).Varied->Rows, RowsOf("C160 C160 C151R"));
+    session_.Project.Design.Circuit.Tracks[0] = Chain("C160 no-such-piece");
+    EXPECT_FALSE(TaskFor(session_, wish).Varied.has_value()) << "nobody knows what it looks like";
 }
 
-TEST_F(LayingCommands, TakeThePiecesOfAllTracks) {
+TEST_F(LayingCommands, VaryTheTrackThatIsEditedAndElseTheFirstThatHasPieces) {
+    session_.Project.Design.Circuit.Tracks[0] = {};
     session_.Project.Design.Circuit.Tracks[1] = Chain("C160 C277");
+    session_.Project.Design.Circuit.Tracks[2] = Chain("C160 C160");
 
-    const PieceBox box = BoxOfDesign(session_);
+    session_.Project.EditState.CurrentTrack = 2;
+    EXPECT_EQ(VariedTrack(session_), 2);
+    session_.Project.EditState.CurrentTrack = AllTracks;
+    EXPECT_EQ(VariedTrack(session_), 1);
 
-    EXPECT_EQ(box, BoxOf(Pieces(), "C160=3,C151=1,C277=1"));
+    EXPECT_EQ(BoxOfTrack(session_, 1), BoxOf(Pieces(), "C160=1,C277=1"));
+}
+
+TEST_F(LayingCommands, LayAVariationBesideTheOtherTracks) {
+    session_.Project.Design.Circuit.Tracks[1] = Chain("C160 C277");
+    BoxWish wish = WishOf("C151=8,C160=4");
+    EXPECT_TRUE(TaskFor(session_, wish).Taken.empty()) << "what is laid from a box is laid alone";
+    wish.Varied = 0;
+    EXPECT_EQ(TaskFor(session_, wish).Taken.size(), 2U);
+
+    const Surroundings around = SurroundingsFor(session_, wish);
+    session_.Do([&] { OpenAsNew(session_, true, around, Chain("C151L C151L"), opened_); });
+
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151L C151L");
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[1]), "C160 C277");
 }
 
 TEST_F(LayingCommands, AVariationIsNamedAfterItsDesign) {
@@ -110,7 +131,7 @@ TEST_F(LayingCommands, OpenACircuitAsOneStepThatUndoTakesBack) {
     session_.Do([&] { OpenAsNew(session_, false, room_, Chain("C151L C151L"), opened_); });
 
     EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[0]), "C151L C151L");
-    EXPECT_EQ(session_.Project.Design.Room, room_.Room);
+    EXPECT_EQ(session_.Project.Design.Room, room_.Design.Room);
     EXPECT_TRUE(session_.Project.EditState.DataChanged);
     EXPECT_EQ(session_.History().Caption(session_.History().Present()), "Circuit from My Box");
     session_.GoTo(session_.History().Present() - 1);
@@ -143,7 +164,7 @@ TEST_F(LayingCommands, KeepOneCircuitUnderItsNameAndSeveralWithNumbers) {
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "one.trk").Circuit.Tracks[0]), "C151L");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-01.trk").Circuit.Tracks[0]), "C160");
     EXPECT_EQ(CodesOf(ReadCircuit(folder_ / "many-02.trk").Circuit.Tracks[0]), "C159");
-    EXPECT_EQ(ReadCircuit(folder_ / "many-02.trk").Room, room_.Room);
+    EXPECT_EQ(ReadCircuit(folder_ / "many-02.trk").Room, room_.Design.Room);
 }
 
 TEST_F(LayingCommands, LeaveAllFilesWhereOneShallNotBeOverwritten) {
@@ -158,7 +179,7 @@ TEST_F(LayingCommands, LeaveAllFilesWhereOneShallNotBeOverwritten) {
 }
 
 TEST_F(LayingCommands, TakeThePartThatIsKeptFromWhereItLies) {
-    const KeptPart part = PartOf(session_, 1, 2);
+    const TrackPart part = PartOf(Pieces(), session_.Project.Design.Circuit.Tracks[0], 1, 2);
 
     EXPECT_EQ(part.Rows, (std::vector<int>{Pieces().FindRow("C160"), Pieces().FindRow("C151R")}));
     // A standard straight leads up by 35 cm.

@@ -353,4 +353,15 @@ TEST(Starts, TurnAboutAPointByTheStepsOfTheButtons) {
     EXPECT_NEAR(TurnedAbout({10, 0, 0}, {0, 0}, -1).CursorHeading, 6.0868352, 1e-6);
 }
 
+TEST(Starts, TellHowFarTheyAreMovedInTheUsersUnit) {
+    EXPECT_EQ(MoveText({10, 20, 0}, {22.5F, 16.9F, 0}, Units()), "12.5, −3.1 cm");
+    EXPECT_EQ(MoveText({0, 0, 0}, {25.4F, 50.8F, 0}, {.Inches = true, .Currency = ""}), "10, 20 in");
+}
+
+TEST(Starts, TellByHowManyDegreesTheyAreTurnedAndToWhichHand) {
+    EXPECT_EQ(TurnText(0), "0°");
+    EXPECT_EQ(TurnText(2), "22.5° left");
+    EXPECT_EQ(TurnText(-3), "33.75° right");
+}
+
 } // namespace pistaro

@@ -233,7 +233,7 @@ TEST_F(FailingCalls, OfTheCircuitsKeptFromABox) {
         desk.Prompts().Files = {desk.Folder() / "kept.trk"};
         desk.Prompts().Answers = {Answer::Yes, Answer::Yes};
         desk.Session().Do([&] {
-            KeepAsFiles(desk.Session(), desk.Session().Project.Design, {Chain("C151L"), Chain("C160 C159")});
+            KeepAsFiles(desk.Session(), {desk.Session().Project.Design, 0}, {Chain("C151L"), Chain("C160 C159")});
         });
     };
 

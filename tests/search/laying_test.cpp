@@ -4,6 +4,7 @@
 
 #include "layout/outline.h"
 #include "search/same_circuit.h"
+#include "support/chain.h"
 #include "support/pieces.h"
 
 #include <gtest/gtest.h>
@@ -333,6 +334,19 @@ TEST(Laying, GivesWhatItHasWhenItIsEndedWithinARound) {
     EXPECT_TRUE(laying.TimeWasUp);
     EXPECT_FALSE(laying.Circuits.empty());
     EXPECT_EQ(reports, 2) << "of the first round, and of the one that was ended";
+}
+
+TEST(LaidCircuits, AreLikeTheOneThatIsVariedWhereOneIs) {
+    const char* const circuit = "C160 C160 C160 C151R C151R C151R C151L C151L C151R C151R C151R C160 C160 C151R "
+                                "C151R C151R C151R C160 C151L C160 C160 C151R";
+    LayingTask task = TaskOf("C151=14,C160=8", {400, 300});
+    task.Weights = {.Used = 3, .Likeness = 10};
+    const auto likenessOfBest = [&] { return Lay(task).Circuits.front().Parts.Likeness; };
+    EXPECT_EQ(likenessOfBest(), 0);
+
+    task.Varied = TrackPart{RowsOf(circuit), {}};
+
+    EXPECT_GT(likenessOfBest(), 0.9);
 }
 
 TEST(CircuitSearch, CanBeGoneOnWithWhereNothingWasFound) {

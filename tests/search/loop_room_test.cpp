@@ -2,6 +2,7 @@
 #include "layout/outline.h"
 #include "search/laying.h"
 #include "search/loop.h"
+#include "search/special_pieces.h"
 #include "support/chain.h"
 
 #include <gtest/gtest.h>
@@ -89,6 +90,44 @@ TEST(LoopRoom, IsSmallerByWhatIsKeptFromItsWalls) {
     EXPECT_LE(LoopRoom(Rectangle(200, 150), -10).Width(), 180);
 }
 
+TEST(LoopRoom, HoldsNothingOnGroundThatIsTaken) {
+    const LaidLoop straight = LayLoop(Pieces(), RowsOf("C160"), {100, 50, 0});
+    const auto holdsBeside = [&](float right) {
+        Track other = Chain("C160");
+        other.TrackStartX = 100 + right;
+        other.TrackStartY = 50;
+        return LoopRoom(Rectangle(200, 200), 0, GroundsOf(Pieces(), other)).Holds(straight);
+    };
+
+    EXPECT_FALSE(holdsBeside(15)) << "a track is 15.5 cm wide";
+    EXPECT_TRUE(holdsBeside(16));
+}
+
+TEST(LoopOf, TakesPlainPiecesForSpecialOnes) {
+    const ShapeCounts shapes = ShapesOf(Pieces(), BoxOf(Pieces(), "C151=8,C160=2,C159=1,C277=1"));
+    const std::vector<LayingStep> steps = StepsOf(Pieces(), shapes);
+    const char* const circuit = "C160 C277 C151R C151R C151R C151R C160 C159 C151R C151R C151R C151R";
+
+    const auto loop = LoopOf(Pieces(), steps, shapes, RowsOf(circuit), {});
+
+    ASSERT_TRUE(loop.has_value());
+    EXPECT_EQ(RowsOf(steps, loop->Steps),
+              RowsOf("C160 C159 C151R C151R C151R C151R C160 C159 C151R C151R C151R C151R"));
+}
+
+TEST(LoopOf, TakesNothingThatIsOpenOrThatTheBoxHasNot) {
+    const ShapeCounts shapes = ShapesOf(Pieces(), BoxOf(Pieces(), "C151=8,C160=4"));
+    const std::vector<LayingStep> steps = StepsOf(Pieces(), shapes);
+    const auto takes = [&](const char* codes) {
+        return LoopOf(Pieces(), steps, shapes, RowsOf(codes), {}).has_value();
+    };
+
+    EXPECT_TRUE(takes("C151L C151L C151L C151L C151L C151L C151L C151L"));
+    EXPECT_FALSE(takes("C151L C151L C151L C151L C151L C151L C151L")) << "open";
+    EXPECT_FALSE(takes("C159 C159 C151L C151L C151L C151L C159 C159 C151L C151L C151L C151L"));
+    EXPECT_FALSE(takes("C160 C160 C160 C151L C151L C151L C151L C160 C160 C160 C151L C151L C151L C151L"));
+}
+
 class CircuitsFromWalls : public testing::Test {
 protected:
     /// The least distance of the circuits that are laid from the walls.
@@ -127,7 +166,7 @@ TEST_F(CircuitsFromWalls, KeepAsFarFromAPillarAndASlantingWall) {
 }
 
 TEST_F(CircuitsFromWalls, KeepItAroundAPartToo) {
-    task_.Kept = KeptPart{RowsOf("C160 C160"), {10, 60, 0}};
+    task_.Kept = TrackPart{RowsOf("C160 C160"), {10, 60, 0}};
 
     EXPECT_GE(LeastOf(Rectangle(240, 200), 10), 10 - LoopRoom::UsersTouch);
 

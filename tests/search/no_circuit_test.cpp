@@ -61,7 +61,7 @@ TEST(NoCircuit, IsThereWhereTooMuchIsKeptFromTheWalls) {
 
 TEST(NoCircuit, IsThereAroundAPartNearerToAWallThanCircuitsMayBe) {
     LayingTask task = TaskOf("C151=8,C160=4");
-    task.Kept = KeptPart{RowsOf("C160 C160"), {200, 4, 0}};
+    task.Kept = TrackPart{RowsOf("C160 C160"), {200, 4, 0}};
     task.FromWalls = 4;
     EXPECT_EQ(Why(task), "");
     task.FromWalls = 5;
@@ -70,7 +70,7 @@ TEST(NoCircuit, IsThereAroundAPartNearerToAWallThanCircuitsMayBe) {
 
 TEST(NoCircuit, IsThereAroundAPartOutsideTheRoom) {
     LayingTask task = TaskOf("C151=8,C160=4");
-    task.Kept = KeptPart{RowsOf("C160 C160"), {200, 100, 0}};
+    task.Kept = TrackPart{RowsOf("C160 C160"), {200, 100, 0}};
     EXPECT_EQ(Why(task), "");
     task.Kept->At.CursorY = 250;
     EXPECT_EQ(Why(task), "The part that is kept does not lie inside the room.");
@@ -79,7 +79,7 @@ TEST(NoCircuit, IsThereAroundAPartOutsideTheRoom) {
 TEST(NoCircuit, CountsWhatIsKeptThoughTheBoxHoldsLess) {
     LayingTask task = TaskOf("C151=4");
     EXPECT_NE(Why(task), "");
-    task.Kept = KeptPart{RowsOf("C151L C151L C151L C151L C151L C151L C151L C151L"), {200, 100, 0}};
+    task.Kept = TrackPart{RowsOf("C151L C151L C151L C151L C151L C151L C151L C151L"), {200, 100, 0}};
     EXPECT_EQ(Why(task), "");
 }
 

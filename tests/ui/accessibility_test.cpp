@@ -235,7 +235,7 @@ TEST_F(Accessibility, EveryDialogNamesItsControls) {
     ExpectReadable(about, 0);
     frmBackground background(*Session, {.Picture = std::make_shared<const std::string>(Bitmap(40, 32, 0))});
     ExpectReadable(background, 5);
-    frmBox box(*Session, frmBox::Purpose::Box);
+    frmBox box(*Session, std::nullopt);
     ExpectReadable(box, 20);
     frmColors colours(*Session);
     ExpectReadable(colours, 7);

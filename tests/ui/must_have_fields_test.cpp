@@ -35,6 +35,16 @@ TEST_F(MustHavesOfABox, AreInEveryCircuit) {
     }
 }
 
+TEST_F(MustHavesOfABox, TellWhyThereIsNoCircuitWithALapCounterAlone) {
+    OpenBox();
+    Find<QCheckBox>("chkLapCounter").setChecked(true);
+
+    Search("C151=8,C160=2,C277=1");
+
+    EXPECT_EQ(Circuits().count(), 0);
+    EXPECT_THAT(Circuits().accessibleDescription().toStdString(), HasSubstr("has no second one to lie opposite"));
+}
+
 TEST_F(MustHavesOfABox, CountAgainWhenTheBoxHasThemAgain) {
     OpenBox();
     Box().Show(BoxOf(Pieces(), "C151=8,C160=4,C277=1"));
@@ -44,7 +54,7 @@ TEST_F(MustHavesOfABox, CountAgainWhenTheBoxHasThemAgain) {
     Box().Show(BoxOf(Pieces(), "C151=8,C160=4"));
     EXPECT_FALSE(counter.isChecked());
     EXPECT_FALSE(counter.isEnabled());
-    EXPECT_EQ(At<QLabel>("lblLacking", 0).text(), "none in the box, not counted");
+    EXPECT_EQ(At<QLabel>("lblLacking", 0).text(), "not in the box: left out");
     Box().Show(BoxOf(Pieces(), "C151=8,C160=4,C277=1"));
 
     EXPECT_TRUE(counter.isChecked());

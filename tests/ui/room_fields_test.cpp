@@ -11,6 +11,16 @@ namespace {
 class RoomsOfABox : public MyBox {
 protected:
     std::string Source() { return Find<QGroupBox>("grpRoom").title().toStdString(); }
+
+    /// New settings in a folder that lasts as long as the test.
+    std::filesystem::path NewSettings() {
+        const std::filesystem::path settings = folder_ / "corvel.ini";
+        WriteBytes(settings, InitialSettingsBytes(Pieces(), {}, ""));
+        return settings;
+    }
+
+private:
+    TemporaryFolder folder_;
 };
 
 TEST_F(RoomsOfABox, TellTheDesignsSize) {
@@ -20,6 +30,17 @@ TEST_F(RoomsOfABox, TellTheDesignsSize) {
     OpenBox(project);
 
     EXPECT_EQ(Find<QRadioButton>("optRoomDesign").text(), "The &design's, 240 × 160 cm");
+}
+
+TEST_F(RoomsOfABox, TakeATypedLengthInThePlaceOfTheOneThatWasClickedTwice) {
+    OpenBox();
+    QSpinBox& width = Find<QSpinBox>("spnRoomWidth");
+    QLineEdit& field = *width.findChild<QLineEdit*>();
+
+    QTest::mouseDClick(&field, Qt::LeftButton, {}, {field.width() - 4, field.height() / 2});
+    QTest::keyClicks(&field, "250");
+
+    EXPECT_EQ(width.value(), 250);
 }
 
 TEST_F(RoomsOfABox, AreThoseOfTheLastSearch) {
@@ -40,13 +61,10 @@ TEST_F(RoomsOfABox, AreThoseOfTheLastSearch) {
 }
 
 TEST_F(RoomsOfABox, TellWhenceTheyAre) {
-    const TemporaryFolder folder;
-    const std::filesystem::path settings = folder / "corvel.ini";
-    WriteBytes(settings, InitialSettingsBytes(Pieces(), {}, ""));
     pistaro::Project project = ProjectOf("C160");
     project.Design.Room = EmptyArea({240, 160}).Room;
 
-    Open(project, settings);
+    Open(project, NewSettings());
     Choose("mnuFromBox");
     EXPECT_EQ(Source(), "Room: drawn in your design");
     Find<QRadioButton>("optRoomArea").click();
@@ -57,9 +75,7 @@ TEST_F(RoomsOfABox, TellWhenceTheyAre) {
 }
 
 TEST_F(RoomsOfABox, TellThatTheyAreOfTheSettings) {
-    const TemporaryFolder folder;
-    const std::filesystem::path settings = folder / "corvel.ini";
-    WriteBytes(settings, InitialSettingsBytes(Pieces(), {}, ""));
+    const std::filesystem::path settings = NewSettings();
     pistaro::Project project = ProjectOf("");
     project.Design.Room = EmptyArea({240, 160}).Room;
     DrawAreaFields fields = OpenDrawArea(project.Design, project.Preferences);

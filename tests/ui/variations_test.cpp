@@ -47,6 +47,51 @@ TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
     EXPECT_EQ(Session->History().Caption(Session->History().Present()), "Variation");
 }
 
+TEST_F(VariationsOfADesign, OfferThePartThatIsSelectedWhileTheWindowIsOpen) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+    Choose("mnuVariations");
+    QCheckBox& keeps = Find<QCheckBox>("chkKeepPart");
+    EXPECT_FALSE(keeps.isChecked());
+
+    Session->Do([&] {
+        Project.EditState.Select(7);
+        Project.EditState.RunFrom = 4;
+    });
+
+    EXPECT_TRUE(keeps.isChecked());
+    EXPECT_EQ(keeps.text(), "The selected pa&rt: 4 to 7");
+    Session->Do([&] { Project.EditState.SelectItAlone(); });
+    EXPECT_FALSE(keeps.isChecked());
+}
+
+TEST_F(VariationsOfADesign, LeaveTheOtherTracksWhereTheyLie) {
+    const char* const circle = "C151R C151R C151R C151R C151R C151R C151R C151R";
+    pistaro::Project project = ProjectOf(circle, "C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+    project.Design.Room = EmptyArea({300, 300}).Room;
+    project.EditState.CurrentTrack = 1;
+    Open(project);
+    Choose("mnuVariations");
+    EXPECT_EQ(Dialog().windowTitle(), "Variations of Track 2");
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=8,C160=4"));
+
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
+    OpenCircuit(0, "mnuVariations");
+
+    EXPECT_EQ(Codes(), circle);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].Start(), project.Design.Circuit.Tracks[0].Start());
+    EXPECT_NE(Project.Design.Circuit.Tracks[1], project.Design.Circuit.Tracks[1]);
+    EXPECT_EQ(Project.EditState.CurrentTrack, 1);
+}
+
+TEST_F(VariationsOfADesign, ShowFirstWhatIsLikeTheDesign) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+    Choose("mnuVariations");
+
+    EXPECT_TRUE(Find<QRadioButton>("optLikeMine").isChecked());
+    EXPECT_EQ(At<QLabel>("lblWeight", 10).text(), "10");
+}
+
 TEST_F(VariationsOfADesign, MarkThePartThatTheyKeep) {
     pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
     project.Preferences.Colours.Active = Rgb(255, 0, 0);
