@@ -22,4 +22,11 @@ std::vector<RankedCircuit> Ranked(const std::vector<FoundCircuit>& found, const 
     return different;
 }
 
+std::vector<RankedCircuit> InOrder(const std::vector<std::size_t>& places) {
+    std::vector<RankedCircuit> ranked;
+    for (const std::size_t place : places)
+        ranked.push_back({place});
+    return ranked;
+}
+
 } // namespace pistaro

@@ -19,4 +19,7 @@ struct RankedCircuit {
 /// related to the first, then what is related to the second, and so on.
 std::vector<RankedCircuit> Ranked(const std::vector<FoundCircuit>& found, const std::vector<std::size_t>& places);
 
+/// These places in the same order, whatever they are related to.
+std::vector<RankedCircuit> InOrder(const std::vector<std::size_t>& places);
+
 } // namespace pistaro

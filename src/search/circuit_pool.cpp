@@ -93,8 +93,12 @@ void CircuitPool::CountWhole(const FoundCircuit& found) {
 }
 
 bool CircuitPool::HasWhole(int wanted) const {
-    constexpr int manyMore = 8;
-    return static_cast<int>(looksOfWhole_.size()) >= wanted || whole_ >= manyMore * wanted;
+    return static_cast<int>(looksOfWhole_.size()) >= wanted || HasManyWhole(wanted);
+}
+
+bool CircuitPool::HasManyWhole(int wanted) const {
+    constexpr int many = 8;
+    return whole_ >= many * wanted;
 }
 
 /// The circuit as it lies, free of faults, where there is a place for it.

@@ -20,6 +20,9 @@ public:
     /// hardly be others.
     bool HasWhole(int wanted) const;
 
+    /// Whether many times as many use the whole box, whatever they look like.
+    bool HasManyWhole(int wanted) const;
+
     /// Takes a loop of basic pieces, and of those that are kept, where it is a circuit unlike those that are known and
     /// has what it must have. Gives whether it is.
     bool Add(const Rows& loopRows, const SearchPose& start);

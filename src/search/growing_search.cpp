@@ -49,7 +49,7 @@ GrowingSearch::GrowingSearch(const Catalogue& catalogue, const ShapeCounts& shap
 bool GrowingSearch::Round(int wanted, const std::stop_token& stop) {
     const bool varies = varied_ && random_.Happens(1, 2);
     Way& way = varies ? ways_.front() : NextWay();
-    auto loop = varies ? Shrunk(way, *varied_, stop) : Begins(way) ? Begun(way, stop) : Parent(way, stop);
+    auto loop = varies ? Varied(way, stop) : Begins(way) ? Begun(way, stop) : Parent(way, stop);
     if (!loop) {
         if (ways_.size() == 1) return false;
         if (&way != &ways_.front()) {
@@ -61,7 +61,7 @@ bool GrowingSearch::Round(int wanted, const std::stop_token& stop) {
     const std::size_t before = pool_.Found().size();
     Way& last = ways_.front();
     try {
-        Grow(way, *loop, Reheatings, stop);
+        Grow(way, *loop, varies ? 0 : Reheatings, stop);
         if (&way != &last && SizeOf(*loop) < most_) Grow(last, *loop, 0, stop);
     } catch (const Stopped&) {
         Keep(last, *loop); // as far as it has come
@@ -70,7 +70,7 @@ bool GrowingSearch::Round(int wanted, const std::stop_token& stop) {
     inVain_ = pool_.Found().size() > before ? 0 : inVain_ + 1;
     const bool hasEnough = pool_.Found().size() >= static_cast<std::size_t>(wanted);
     const std::int64_t most = hasEnough ? MostEffort : MostEffortForMore;
-    return inVain_ < AlikeRounds && Effort() < most && !pool_.HasWhole(wanted);
+    return inVain_ < AlikeRounds && Effort() < most && !(varied_ ? pool_.HasManyWhole(wanted) : pool_.HasWhole(wanted));
 }
 
 double GrowingSearch::Spent() const {
@@ -112,13 +112,22 @@ std::optional<Loop> GrowingSearch::Begun(Way& way, const std::stop_token& stop) 
     return loop;
 }
 
-/// One of the largest loops.
-Loop GrowingSearch::Parent(Way& way, const std::stop_token& stop) {
-    return Shrunk(way, way.Parents[random_.Below(way.Parents.size())], stop);
+/// The loop that is varied, with a change or a few.
+Loop GrowingSearch::Varied(Way& way, const std::stop_token& stop) {
+    Loop loop = *varied_;
+    constexpr int tries = 200, mostChanges = 3, mostFewer = 4;
+    const int fewest = SizeOf(loop) - mostFewer;
+    std::size_t changes = 1 + random_.Below(mostChanges);
+    for (int tried = 0; tried < tries && changes > 0; ++tried) {
+        ThrowIfStopped(stop);
+        if (way.Changes->Change(loop, fewest)) --changes;
+    }
+    return loop;
 }
 
-/// To about two thirds.
-Loop GrowingSearch::Shrunk(Way& way, Loop loop, const std::stop_token& stop) {
+/// One of the largest loops, shrunk to about two thirds.
+Loop GrowingSearch::Parent(Way& way, const std::stop_token& stop) {
+    Loop loop = way.Parents[random_.Below(way.Parents.size())];
     constexpr int changes = 200;
     Heat(way, loop, SizeOf(loop) * 2 / 3, changes, stop);
     return loop;

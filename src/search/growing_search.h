@@ -48,7 +48,7 @@ private:
     bool Begins(const Way& way);
     std::optional<Loop> Begun(Way& way, const std::stop_token& stop);
     Loop Parent(Way& way, const std::stop_token& stop);
-    Loop Shrunk(Way& way, Loop loop, const std::stop_token& stop);
+    Loop Varied(Way& way, const std::stop_token& stop);
     void Grow(Way& way, Loop& loop, int reheatings, const std::stop_token& stop);
     void Heat(Way& way, Loop& loop, int fewest, int changes, const std::stop_token& stop);
     void Keep(Way& way, const Loop& loop);

@@ -118,8 +118,8 @@ QLayout* BoxFields::SourceFields() {
     auto* const contents = new QHBoxLayout;
     contents->addWidget(cmdAllOwned_);
     if (varied_) {
-        QPushButton* const cmdDesignPieces = NewButton("cmdDesignPieces", "The Desi&gn's");
-        cmdDesignPieces->setToolTip("Fill the box with exactly the pieces of the design that is open");
+        QPushButton* const cmdDesignPieces = NewButton("cmdDesignPieces", "Th&is Track's");
+        cmdDesignPieces->setToolTip("Fill the box with exactly the pieces of the track that is varied");
         connect(cmdDesignPieces, &QPushButton::clicked, this, [this] { FillBox(BoxOfTrack(session_, *varied_)); });
         contents->addWidget(cmdDesignPieces);
     }

@@ -189,10 +189,12 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, const
     line.setData(PlaceRole, static_cast<qulonglong>(place));
     line.setCheckState(ticked_.contains(place) ? Qt::Checked : Qt::Unchecked);
     line.setIcon(pictures_[place]);
-    QStringList lines{Shown(UseAndLengthText(circuit)), Shown(PiecesAndPriceText(session_, circuit))};
+    QString pieces = Shown(PiecesAndPriceText(session_, circuit));
+    if (ranked.Like)
+        pieces.replace(0, pieces.section(", ", 0, 0).size(), QString("much like %1").arg(*ranked.Like + 1));
+    QStringList lines{Shown(UseAndLengthText(circuit)), pieces};
     if (const std::string warning = WallWarning(session_, around_.Design, circuit); !warning.empty())
         lines += Shown(warning);
-    if (ranked.Like) lines += QString("much like %1").arg(*ranked.Like + 1);
     line.setText(lines.join('\n'));
 }
 

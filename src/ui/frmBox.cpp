@@ -245,7 +245,10 @@ void frmBox::Hear() {
 void frmBox::ShowFound() {
     const std::vector<FoundCircuit>& found = search_.Found();
     lstCircuits_->MakeRoomFor(fields_->Count());
-    lstCircuits_->Show(found, Ranked(found, BestOf(found, fields_->Count(), weights_->Weights())));
+    const ScoreWeights weights = weights_->Weights();
+    const std::vector<std::size_t> best = BestOf(found, fields_->Count(), weights);
+    // What is like the design is like each other, too.
+    lstCircuits_->Show(found, weights.Likeness > 0 ? InOrder(best) : Ranked(found, best));
     ShowStanding();
     ShowChosen();
 }

@@ -68,7 +68,7 @@ QLayout* RoomFields::AreaFields() {
 
 QLayout* RoomFields::WallFields() {
     constexpr int most = 100; // cm
-    auto* const caption = new QLabel("&Keep from walls:");
+    auto* const caption = new QLabel("Keep fro&m walls:");
     caption->setBuddy(spnFromWalls_);
     spnFromWalls_->setRange(0, most);
     spnFromWalls_->setSingleStep(5);

@@ -28,5 +28,9 @@ TEST(Ranked, PutsWhatIsRelatedToABetterOneBehindAllOthers) {
     EXPECT_EQ(Ranked(found, {}), std::vector<RankedCircuit>());
 }
 
+TEST(InOrder, LeavesWhatIsRelatedWhereItStands) {
+    EXPECT_EQ(InOrder({1, 3, 2}), (std::vector<RankedCircuit>{{1}, {3}, {2}}));
+}
+
 } // namespace
 } // namespace pistaro

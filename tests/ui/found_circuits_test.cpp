@@ -48,7 +48,7 @@ TEST_F(Cards, AreTickedOneByOneAndKeptTogether) {
     const TemporaryFolder folder;
     OpenBox();
     Search("C151=8,C160=4");
-    EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep as Files…");
+    EXPECT_EQ(Find<QPushButton>("cmdKeepCircuits").text(), "&Keep This One as a File…");
 
     ClickTick(1);
     ClickTick(2);

@@ -24,13 +24,13 @@ TEST_F(VariationsOfADesign, AreLaidFromItsPieces) {
 }
 
 TEST_F(VariationsOfADesign, KeepTheSelectedPartWhereItLies) {
-    pistaro::Project project = ProjectOf("C160 C159 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R C159",
-                                         "C160 C160 C159 C159 C151L C151L C151L C151L");
+    pistaro::Project project = ProjectOf("C160 C159 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R C159");
     project.EditState.CurrentElement[0] = 3;
     project.EditState.RunFrom = 0;
     Open(project);
     Choose("mnuVariations");
     EXPECT_TRUE(Find<QCheckBox>("chkKeepPart").isChecked());
+    Box().Show(BoxOf(Pieces(), "C151=12,C159=4,C160=5"));
 
     PressHere("cmdSearch");
     ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 1; }, 60'000));
