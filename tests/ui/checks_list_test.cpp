@@ -124,6 +124,32 @@ TEST_F(ChecksList, ManyFindingsOfARuleStandBelowAHeading) {
     EXPECT_EQ(Project.EditState.CurrentElement[0], 0);
 }
 
+TEST_F(ChecksList, WhatFollowsFromAMissingPieceStandsBelowTheOpenTrack) {
+    Open(ProjectOf("C8006 C151R C151R C151R C151R C160 C151R C151R C151R", "C160 C151R C151R C151R C160 C151R"));
+    ShowPanel("mnuChecks");
+    QTreeWidgetItem* odd = nullptr;
+    for (int line = 0; line < List().topLevelItemCount(); ++line) {
+        QTreeWidgetItem& top = *List().topLevelItem(line);
+        EXPECT_FALSE(top.text(1).startsWith("1 change-over:")) << "told once, as what follows";
+        if (top.text(0) == "1" && top.text(1).startsWith("The track does not close")) odd = &top;
+    }
+    ASSERT_NE(odd, nullptr);
+    EXPECT_TRUE(odd->text(1).endsWith("apart. 1 more finding may come from this.")) << odd->text(1).toStdString();
+    ASSERT_EQ(odd->childCount(), 1);
+    EXPECT_FALSE(odd->isExpanded());
+    EXPECT_EQ(odd->child(0)->text(0), "1");
+    EXPECT_TRUE(odd->child(0)->text(1).startsWith("1 change-over"));
+
+    ClickOn(*odd);
+    EXPECT_TRUE(odd->isExpanded());
+    std::ptrdiff_t tinted = 0;
+    for (const OverlayItem& item : Canvas().OverlayOf("checks"))
+        tinted += std::holds_alternative<OverlayArea>(item) && !std::get<OverlayArea>(item).Hatched;
+    EXPECT_EQ(tinted, 2) << "the ends of this track, not the other track's";
+    ClickOn(*odd->child(0));
+    EXPECT_EQ(List().currentItem(), odd->child(0));
+}
+
 TEST_F(ChecksList, TheArrowKeysSelectThePiecesOfEachFinding) {
     OpenOnAHeap();
     QTreeWidgetItem& heading = Line("Pieces that overlap");
