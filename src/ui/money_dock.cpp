@@ -39,8 +39,8 @@ MoneyDock::MoneyDock(Session& session)
     column->setContentsMargins(4, 0, 4, 2); // its height is the lines'
     column->setSpacing(3);
     column->addWidget(list_);
-    column->addWidget(hint_);
     auto* const totals = new QHBoxLayout;
+    totals->addWidget(hint_, 1); // in the place of the pieces, so that the lines keep theirs
     totals->addWidget(pieces_, 1);
     totals->addWidget(total_);
     totals->addSpacing(totals->spacing());
@@ -258,10 +258,12 @@ void MoneyDock::ShowHint() {
         const ProductStock product = session_.Project.Stock[row];
         return product.OwnedCount == 0 && product.Price == 0;
     });
-    hint_->setVisible(wrong.isValid() || (isUntouched && !rows_.empty() && !list_->IsClosed()));
+    const bool isShown = wrong.isValid() || (isUntouched && !rows_.empty() && !list_->IsClosed());
+    hint_->setVisible(isShown);
+    pieces_->setVisible(!isShown);
     hint_->setForegroundRole(wrong.isValid() ? QPalette::WindowText : QPalette::PlaceholderText);
     hint_->setText(wrong.isValid() ? wrong.siblingAtColumn(Code).data().toString() + ", not saved: " + list_->Fault()
-                                   : "Type what you own and what one costs. Enter: next line, Tab: next field.");
+                                   : "Type what you own and what one costs; Enter: next line.");
 }
 
 bool MoneyDock::Keep(const FieldTable::Step& step) {
