@@ -274,9 +274,11 @@ bool FieldTable::Check(QLineEdit& editor, const QModelIndex& field) {
     return why.isEmpty();
 }
 
-/// Of ten lines, as a table to work in is one to see more of.
+/// Of ten lines where there is room for so many, as a table to work in is one to see more of.
 QSize FieldTable::sizeHint() const {
     constexpr int lines = 10;
+    constexpr int leastWindow = 700; // pixels
+    if (window()->height() < leastWindow) return PanelList::sizeHint();
     const int each = sizeHintForRow(0) > 0 ? sizeHintForRow(0) : fontMetrics().height() + 2 * (Inset + 1);
     return {PanelList::sizeHint().width(), header()->sizeHint().height() + lines * each + 2 * frameWidth()};
 }

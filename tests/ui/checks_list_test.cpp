@@ -164,7 +164,7 @@ double Contrast(const QColor& one, const QColor& other) {
         };
         return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
     };
-    const auto [less, more] = std::minmax(light(one) + 0.05, light(other) + 0.05);
+    const auto [less, more] = std::minmax({light(one) + 0.05, light(other) + 0.05});
     return more / less;
 }
 
