@@ -2,6 +2,7 @@
 // summed up along the track, what any two or three of them do is a subtraction. Turned runs are few, and measured anew.
 #include "checks/balance.h"
 
+#include "checks/change_over_places.h"
 #include "checks/check.h"
 #include "checks/checked_circuit.h"
 #include "layout/built_lanes.h"
@@ -13,6 +14,7 @@
 #include <cmath>
 #include <map>
 #include <optional>
+#include <set>
 
 namespace pistaro {
 
@@ -155,7 +157,7 @@ public:
     Balancer(const Catalogue& catalogue, const Design& design, int track)
         : catalogue_(catalogue), design_(design), at_(static_cast<std::size_t>(track)),
           track_(design.Circuit.Tracks[at_]), lanes_(LanesAsBuilt(catalogue, track_)), gap_(GapOf(catalogue, track_)),
-          errors_(ErrorsOf(design)), changeOvers_(ChangeOversFor(catalogue, track_)) {
+          errors_(ErrorsOf(design)), changeOvers_(ChangeOversFor(catalogue, track_)), places_(catalogue, track_) {
         for (const Change& change : changeOvers_)
             rest_.push_back(RestBehind(change.First));
     }
@@ -169,23 +171,16 @@ public:
         if (balance.IsBalanced || track_.ElementCodes.empty()) return balance;
         const std::vector<std::vector<Change>> turns = Turns();
         for (const std::size_t size : {1U, 2U, 3U}) {
-            std::optional<std::vector<Change>> best;
-            double least = BalancedWithin;
-            const auto consider = [&](const std::vector<Change>& changes, double difference) {
-                constexpr double alike = 0.01; // cm: of such the first
-                if (difference > least || (best && difference > least - alike)) return;
-                best = changes;
-                least = difference;
-            };
-            ConsiderChangeOvers(size, consider);
-            std::size_t tried = 0;
-            for (const std::vector<Change>& turn : turns) {
-                if (lanes_.Joined && ++tried > MostTurns) break;
-                if (turn.size() <= size) ConsiderWithTurn(turn, size - turn.size(), consider);
+            std::set<int> taken;
+            for (int proposals = 0; proposals <= MostOthers; ++proposals) {
+                const std::optional<std::vector<Change>> best = Best(turns, size, taken);
+                if (!best) break;
+                (balance.Steps.empty() ? balance.Steps : balance.Others.emplace_back()) = StepsOf(*best);
+                for (const Change& change : *best)
+                    for (std::size_t i = 0; i < change.Codes.size(); ++i)
+                        taken.insert(change.First + static_cast<int>(i));
             }
-            if (!best) continue;
-            balance.Steps = StepsOf(*best);
-            return balance;
+            if (!balance.Steps.empty()) break;
         }
         return balance;
     }
@@ -193,6 +188,48 @@ public:
 private:
     static constexpr std::size_t MostChangeOvers = 200; ///< whose threes are looked at one by one
     static constexpr std::size_t MostTurns = 30;        ///< beside each of which every change-over is tried
+    static constexpr int MostOthers = 2;
+
+    /// The best of so many changes that touch no taken place.
+    std::optional<std::vector<Change>> Best(const std::vector<std::vector<Change>>& turns, std::size_t size,
+                                            const std::set<int>& taken) const {
+        constexpr double alike = 0.01; // cm: of such the least awkward, of these the first
+        std::optional<std::vector<Change>> best;
+        double least = BalancedWithin;
+        int awkward = 0;
+        const auto consider = [&](const std::vector<Change>& changes, double difference) {
+            if (difference > least || (best && difference > least - alike && Awkwardness(changes) >= awkward)) return;
+            best = changes;
+            awkward = Awkwardness(changes);
+            least = std::min(difference + alike / 2, BalancedWithin);
+        };
+        ConsiderChangeOvers(size, taken, consider);
+        std::size_t tried = 0;
+        for (const std::vector<Change>& turn : turns) {
+            if (lanes_.Joined && ++tried > MostTurns) break;
+            if (turn.size() <= size && IsFree(turn, taken)) ConsiderWithTurn(turn, size - turn.size(), taken, consider);
+        }
+        return best;
+    }
+
+    static bool IsFree(const std::vector<Change>& changes, const std::set<int>& taken) {
+        return std::ranges::none_of(changes, [&](const Change& change) {
+            const auto first = taken.lower_bound(change.First);
+            return first != taken.end() && *first < change.First + static_cast<int>(change.Codes.size());
+        });
+    }
+
+    bool PutsChangeOver(const Change& change) const {
+        return change.Codes.size() == 1 && catalogue_.Find(change.Codes.front())->LaneChange;
+    }
+
+    int Awkwardness(const std::vector<Change>& changes) const {
+        std::vector<int> put;
+        std::vector<int> replaced;
+        for (const Change& change : changes)
+            (PutsChangeOver(change) ? put : replaced).push_back(change.First);
+        return places_.Awkwardness(put, replaced);
+    }
 
     long ErrorsOf(const Design& design) const {
         return std::ranges::count(CheckDesign(catalogue_, design, {}, {}), Severity::Error, &Finding::Severity);
@@ -208,22 +245,28 @@ private:
 
     /// Change-overs at so many places, of those that leave an even number of them.
     template <typename Consider>
-    void ConsiderChangeOvers(std::size_t size, Consider consider) const {
+    void ConsiderChangeOvers(std::size_t size, const std::set<int>& taken, Consider consider) const {
         if ((size % 2 == 1) != lanes_.Joined) return;
-        const std::size_t count = size == 3 ? std::min(MostChangeOvers, changeOvers_.size()) : changeOvers_.size();
+        std::vector<std::size_t> free;
+        for (std::size_t i = 0; i < changeOvers_.size(); ++i) {
+            if (!taken.contains(changeOvers_[i].First)) free.push_back(i);
+        }
+        const std::size_t count = size == 3 ? std::min(MostChangeOvers, free.size()) : free.size();
+        const auto rest = [&](std::size_t at) { return rest_[free[at]]; };
+        const auto change = [&](std::size_t at) -> const Change& { return changeOvers_[free[at]]; };
         const double whole = Difference(lanes_);
         // Behind each of them what is left is taken off once, and put back behind the next.
         for (std::size_t a = 0; a < count; ++a) {
-            const double first = whole - 2 * rest_[a];
-            if (size == 1) consider({changeOvers_[a]}, std::fabs(first));
+            const double first = whole - 2 * rest(a);
+            if (size == 1) consider({change(a)}, std::fabs(first));
             for (std::size_t b = a + 1; b < count && size > 1; ++b) {
-                const double second = first + 2 * rest_[b];
+                const double second = first + 2 * rest(b);
                 if (size == 2 && std::fabs(second) <= BalancedWithin)
-                    consider({changeOvers_[a], changeOvers_[b]}, std::fabs(second));
+                    consider({change(a), change(b)}, std::fabs(second));
                 for (std::size_t c = b + 1; c < count && size > 2; ++c) {
-                    const double third = second - 2 * rest_[c];
+                    const double third = second - 2 * rest(c);
                     if (std::fabs(third) <= BalancedWithin)
-                        consider({changeOvers_[a], changeOvers_[b], changeOvers_[c]}, std::fabs(third));
+                        consider({change(a), change(b), change(c)}, std::fabs(third));
                 }
             }
         }
@@ -231,7 +274,8 @@ private:
 
     /// One turn, and change-overs beside it: at most one more, as each is measured anew.
     template <typename Consider>
-    void ConsiderWithTurn(const std::vector<Change>& turn, std::size_t more, Consider consider) const {
+    void ConsiderWithTurn(const std::vector<Change>& turn, std::size_t more, const std::set<int>& taken,
+                          Consider consider) const {
         if (more > 1 || (more == 1) != lanes_.Joined) return;
         const auto measure = [&](const std::vector<Change>& changes) {
             const BuiltLanes lanes = LanesAsBuilt(catalogue_, Changed(changes));
@@ -243,7 +287,7 @@ private:
                 return changeOver.First >= change.First &&
                        changeOver.First < change.First + static_cast<int>(change.Codes.size());
             });
-            if (turned) continue;
+            if (turned || taken.contains(changeOver.First)) continue;
             std::vector<Change> changes = turn;
             changes.push_back(changeOver);
             measure(changes);
@@ -307,6 +351,7 @@ private:
     long errors_;
     std::vector<Change> changeOvers_;
     std::vector<double> rest_; ///< behind each of them
+    ChangeOverPlaces places_;
 };
 
 } // namespace

@@ -28,12 +28,15 @@ struct Balance {
     bool IsBalanced = false;        ///< the track needs no change
     bool IsOpen = false;            ///< its ends do not meet, nor can they be pressed together
     std::vector<BalanceStep> Steps; ///< none when it needs none, or when no few changes help
+
+    /// Other proposals, of as many steps at other places: at most two.
+    std::vector<std::vector<BalanceStep>> Others = {};
 };
 
 /// Looks for at most three steps: a change-over in place of a plain straight of its length or the reverse, a run of
 /// curves turned round that ends where it ended, two bends that lie opposite ways exchanged. The track stays closed as
 /// it was, and no error is found in the circuit that was none before. The fewest steps, of these the ones after which
-/// the lanes differ least.
+/// the lanes differ least; among equals those that put change-overs neither beside each other nor at the start.
 Balance BalanceLanes(const Catalogue& catalogue, const Design& design, int track);
 
 /// "The lanes differ by 12.5 cm", or "Each lane leads into the other": the track as it is.

@@ -48,6 +48,32 @@ std::string UnknownCodes(const Catalogue& catalogue, const Circuit& circuit) {
     return line.Text();
 }
 
+/// Shares out what is missing among boxes, those that come first serve it first.
+class Needs {
+public:
+    explicit Needs(std::vector<int> missing) : missing_(std::move(missing)) {}
+
+    int Take(int row, int count) {
+        int& missing = missing_[static_cast<std::size_t>(row)];
+        const int taken = std::min(missing, count);
+        missing -= taken;
+        return taken;
+    }
+
+private:
+    std::vector<int> missing_;
+};
+
+void AddSingly(PurchaseReport& report, const Project& project, const Purchase& purchase,
+               const std::vector<int>& missing) {
+    ForEachCount(missing, [&](std::size_t row, int count) {
+        const Cents price = PriceOf(project, row);
+        const bool isSold = row >= purchase.NotSold.size() || purchase.NotSold[row] == 0;
+        report.Singly += price * count;
+        if (price == 0 && isSold) report.NotSingly += count;
+    });
+}
+
 } // namespace
 
 PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
@@ -63,9 +89,15 @@ PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, cons
     const auto nameOf = [&](std::size_t row) {
         return CodeOf(catalogue, row) + " " + catalogue[static_cast<int>(row)].LongName;
     };
+    const std::vector<int> missing = MissingPieces(catalogue, project.Stock, circuit);
+    Needs needs(missing);
     ForEachCount(purchase.Sets, [&](std::size_t set, int count) {
-        report.Lines.push_back({count, sets[set].Name, sets[set].Price});
+        std::vector<BoxContent> contents;
+        for (const auto& [row, each] : sets[set].Pieces)
+            contents.push_back({each * count, nameOf(static_cast<std::size_t>(row)), needs.Take(row, each * count)});
+        report.Lines.push_back({count, sets[set].Name, sets[set].Price, std::move(contents)});
     });
+    AddSingly(report, project, purchase, missing);
     ForEachCount(purchase.Singles, [&](std::size_t row, int count) {
         report.Lines.push_back({count, nameOf(row), PriceOf(project, row)});
     });

@@ -9,11 +9,21 @@
 
 namespace pistaro {
 
+/// What a box brings of a product, and how much of that is needed.
+struct BoxContent {
+    int Count = 0;
+    std::string Name;
+    int Needed = 0; ///< the others are left over
+
+    bool operator==(const BoxContent&) const = default;
+};
+
 /// So many of a box or of a single piece, at a price each.
 struct PurchaseLine {
     int Count = 0;
     std::string Name; ///< that of the box, or the piece's code and name
     Cents Price = 0;
+    std::vector<BoxContent> Contents = {}; ///< of all boxes of the line together; of a single piece none
 };
 
 /// A purchase as it is told, with the prices and the pieces of the project that it is for.
@@ -24,6 +34,9 @@ struct PurchaseReport {
     std::string Currency;
     std::vector<PurchaseLine> Unsold; ///< what is missing, but in no set and without a price
     std::string UnsoldRemark;         ///< the same as a line of text; empty where there is none
+
+    Cents Singly = 0;  ///< what the same costs in single pieces alone, as far as they have a price
+    int NotSingly = 0; ///< how many of them have none
 
     /// What is left over from the sets, what is owned and not used, and which codes are not counted as the catalogue
     /// does not hold them: a line each where there is such.

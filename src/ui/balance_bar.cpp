@@ -77,15 +77,20 @@ private:
 
 BalanceBar::BalanceBar(Session& session, CircuitView& view)
     : Strip("fraBalance", session, view, "balance"), lblBalance_(Named(new QLabel, "lblBalance")),
-      lstBalance_(Named(new QListWidget, "lstBalance")), lblLegend_(Named(new QLabel, "lblBalanceLegend")),
-      cmdBalance_(NewButton("cmdBalance", "Appl&y")) {
+      cboBalance_(Named(new QComboBox, "cboBalance")), lstBalance_(Named(new QListWidget, "lstBalance")),
+      lblLegend_(Named(new QLabel, "lblBalanceLegend")), cmdBalance_(NewButton("cmdBalance", "Appl&y")) {
     lstBalance_->setAccessibleName("Changes");
     lstBalance_->setFixedHeight(Lines * (lstBalance_->fontMetrics().height() + 4) + 2 * lstBalance_->frameWidth());
     lstBalance_->installEventFilter(this);
     connect(lstBalance_, &QListWidget::currentRowChanged, this, [this] { ShowPieces(); });
+    cboBalance_->setAccessibleName("Proposals");
+    cboBalance_->setToolTip("Proposals of as many changes, the best first");
+    connect(cboBalance_, &QComboBox::currentIndexChanged, this, [this] { ShowProposal(); });
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
-    column->addLayout(Head(*lblBalance_, *cmdBalance_, *NewButton("cmdLeaveBalance", "Cancel")));
+    QHBoxLayout* const head = Head(*lblBalance_, *cmdBalance_, *NewButton("cmdLeaveBalance", "Cancel"));
+    head->insertWidget(1, cboBalance_, 0, Qt::AlignTop);
+    column->addLayout(head);
     column->addWidget(lstBalance_);
     lblLegend_->setWordWrap(true);
     column->addWidget(lblLegend_);
@@ -93,10 +98,27 @@ BalanceBar::BalanceBar(Session& session, CircuitView& view)
 
 void BalanceBar::Show(const Balance& balance) {
     balance_ = balance;
+    proposals_ = balance.Others;
+    proposals_.insert(proposals_.begin(), balance.Steps);
+    {
+        const QSignalBlocker quiet(cboBalance_);
+        cboBalance_->clear();
+        for (std::size_t number = 1; number <= proposals_.size(); ++number)
+            cboBalance_->addItem(QString("Proposal %1 of %2").arg(number).arg(proposals_.size()));
+        cboBalance_->setVisible(proposals_.size() > 1);
+    }
+    Open();
+    ShowProposal();
+    lstBalance_->setFocus();
+}
+
+void BalanceBar::ShowProposal() {
+    if (cboBalance_->currentIndex() < 0) return;
+    balance_.Steps = proposals_[static_cast<std::size_t>(cboBalance_->currentIndex())];
     const Units& units = session_.Project.Preferences.Units;
-    const std::size_t count = balance.Steps.size();
+    const std::size_t count = balance_.Steps.size();
     lblBalance_->setText(Shown("Track " + std::to_string(session_.Project.EditState.CurrentTrack + 1) + ": " +
-                               DifferenceText(balance, units) + " now. " + TogetherText(count)));
+                               DifferenceText(balance_, units) + " now. " + TogetherText(count)));
     cmdBalance_->setText(count == 1 ? "Appl&y" : count == 2 ? "Appl&y Both" : "Appl&y All");
     cmdBalance_->setToolTip(count == 1 ? "Do this, as Enter does" : "Do all of these, as Enter does");
     lblLegend_->setText(LegendText(count));
@@ -104,13 +126,12 @@ void BalanceBar::Show(const Balance& balance) {
         const QSignalBlocker quiet(lstBalance_);
         lstBalance_->clear();
         int number = 0;
-        for (const BalanceStep& step : balance.Steps)
+        for (const BalanceStep& step : balance_.Steps)
             lstBalance_->addItem(Shown(std::to_string(++number) + ". " + StepText(step, units)));
         lstBalance_->setCurrentRow(0);
     }
-    Open();
     ShowPieces();
-    lstBalance_->setFocus();
+    if (Turned) Turned(); // the lanes are drawn as they then are
 }
 
 /// Those of the chosen change stronger than the others', with what they take the place of hatched; and in sight.

@@ -6,6 +6,7 @@
 #include "commands/session.h"
 #include "ui/strip.h"
 
+#include <QComboBox>
 #include <QListWidget>
 
 #include <optional>
@@ -30,13 +31,16 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void ShowProposal();
     void ShowPieces();
 
     QLabel* const lblBalance_;
+    QComboBox* const cboBalance_; ///< the proposals, where there are several
     QListWidget* const lstBalance_;
     QLabel* const lblLegend_;
     QPushButton* const cmdBalance_;
-    Balance balance_;
+    Balance balance_; ///< its steps are those of the chosen proposal
+    std::vector<std::vector<BalanceStep>> proposals_;
 };
 
 } // namespace pistaro

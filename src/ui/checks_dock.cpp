@@ -5,6 +5,7 @@
 #include "editor/picking.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
+#include "imaging/painter_surface.h"
 #include "layout/ground.h"
 #include "layout/placement.h"
 #include "platform/fault.h"
@@ -38,17 +39,15 @@ QIcon IconOf(Severity severity) {
     QPainter painter(&drawing);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
+    painter.setBrush(ToQColor(ColourOf(severity)));
     switch (severity) {
     case Severity::Error:
-        painter.setBrush(QColor(220, 30, 40));
         painter.drawEllipse(1, 1, side - 2, side - 2);
         break;
     case Severity::Warning:
-        painter.setBrush(QColor(230, 130, 0));
         painter.drawPolygon(QPolygonF{{side / 2.0, 1}, {side - 1.0, side - 2.0}, {1, side - 2.0}});
         break;
     case Severity::Advice:
-        painter.setBrush(QColor(20, 110, 220));
         painter.drawRect(2, 2, side - 4, side - 4);
         break;
     }
@@ -68,6 +67,18 @@ QString SummaryOf(const std::vector<Finding>& findings) {
 
 const Rule& RuleOf(const Finding& finding) {
     return *std::ranges::find_if(Rules(), [&](const Rule& rule) { return rule.Id == finding.Rule; });
+}
+
+constexpr int HeadingRole = Qt::UserRole + 1;
+
+/// Whether it stands for all findings of a rule.
+bool IsHeading(const QTreeWidgetItem& line) { return line.data(0, HeadingRole).toBool(); }
+
+/// Where a piece is missing the track is open, and its lanes are those of half a track: what is told of them stands
+/// below the one thing to mend.
+bool FollowsFrom(const Finding& one, const Finding& other) {
+    return other.Rule == "open-track" && other.Severity == Severity::Error && one.Track == other.Track &&
+           (one.Rule == "lanes-differ" || one.Rule == "odd-change-overs");
 }
 
 /// Its place among the findings; of a heading that of the first below it.
@@ -142,7 +153,7 @@ void ChecksDock::CheckLater() {
 void ChecksDock::Check() {
     const Project& project = session_.Project;
     const std::optional<Finding> chosen = Chosen() == nullptr ? std::nullopt : std::optional(*Chosen());
-    const bool wasHeading = chosen && list_->currentItem()->childCount() > 0;
+    const bool wasHeading = chosen && IsHeading(*list_->currentItem());
     QString summary;
     try {
         findings_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units,
@@ -177,9 +188,29 @@ void ChecksDock::List() {
         if (heading == nullptr) list_->addTopLevelItem(heading = NewHeading(at, counts[rule]));
         heading->addChild(NewLine(at));
     }
-    for (const auto& [rule, heading] : headings)
-        heading->setExpanded(unfolded_.contains(rule));
-    list_->setRootIsDecorated(!headings.empty());
+    ListConsequences();
+    bool areAnyBelow = false;
+    for (int at = 0; at < list_->topLevelItemCount(); ++at) {
+        QTreeWidgetItem& line = *list_->topLevelItem(at);
+        areAnyBelow = areAnyBelow || line.childCount() > 0;
+        line.setExpanded(unfolded_.contains(findings_[FindingOf(line)].Rule));
+    }
+    list_->setRootIsDecorated(areAnyBelow);
+}
+
+/// Puts what follows from an open track below it.
+void ChecksDock::ListConsequences() {
+    for (int at = 0; at < list_->topLevelItemCount(); ++at) {
+        QTreeWidgetItem& cause = *list_->topLevelItem(at);
+        for (int next = list_->topLevelItemCount() - 1; next > at; --next) {
+            if (FollowsFrom(findings_[FindingOf(*list_->topLevelItem(next))], findings_[FindingOf(cause)]))
+                cause.insertChild(0, list_->takeTopLevelItem(next));
+        }
+        if (cause.childCount() == 0 || IsHeading(cause)) continue;
+        const int count = cause.childCount();
+        cause.setText(1, cause.text(1) + " " + QString::number(count) +
+                             (count == 1 ? " more finding may come from this." : " more findings may come from this."));
+    }
 }
 
 QTreeWidgetItem* ChecksDock::NewLine(std::size_t at) const {
@@ -194,6 +225,7 @@ QTreeWidgetItem* ChecksDock::NewLine(std::size_t at) const {
 
 QTreeWidgetItem* ChecksDock::NewHeading(std::size_t first, std::ptrdiff_t count) const {
     QTreeWidgetItem* const heading = NewLine(first);
+    heading->setData(0, HeadingRole, true);
     heading->setText(0, TracksOf(findings_[first].Rule));
     heading->setText(1, Shown(RuleOf(findings_[first]).Text) + " (" + QString::number(count) + ")");
     QFont bold = list_->font();
@@ -218,7 +250,7 @@ QString ChecksDock::TracksOf(std::string_view rule) const {
 void ChecksDock::Choose(const Finding& finding, bool heading) {
     const QSignalBlocker quiet(list_);
     for (QTreeWidgetItemIterator line(list_); *line != nullptr; ++line) {
-        const bool isHeading = (*line)->childCount() > 0;
+        const bool isHeading = IsHeading(**line);
         const Finding& of = findings_[FindingOf(**line)];
         const bool isSeen = (*line)->parent() == nullptr || (*line)->parent()->isExpanded();
         if (isHeading != heading || !isSeen || !(heading ? of.Rule == finding.Rule : of == finding)) continue;
@@ -234,7 +266,7 @@ const Finding* ChecksDock::Chosen() const {
 void ChecksDock::Mark() {
     if (!isVisible()) return;
     const Finding* const current = Chosen();
-    const bool isHeading = current != nullptr && list_->currentItem()->childCount() > 0; // it stands for all below it
+    const bool isHeading = current != nullptr && IsHeading(*list_->currentItem()); // it stands for all below it
     std::vector<const Finding*> chosen;
     for (const Finding& finding : findings_) {
         if (&finding == current || (isHeading && finding.Rule == current->Rule)) chosen.push_back(&finding);

@@ -36,6 +36,7 @@ private:
     void CheckLater();
     void Check();
     void List();
+    void ListConsequences();
     QTreeWidgetItem* NewLine(std::size_t finding) const;
     QTreeWidgetItem* NewHeading(std::size_t first, std::ptrdiff_t count) const;
     void Choose(const Finding& finding, bool heading);

@@ -1,11 +1,9 @@
 #include "ui/field_table.h"
 
-#include "text/number_text.h"
 #include "ui/product_finder.h"
-#include "ui/typed_number.h"
 
-#include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPainter>
@@ -49,8 +47,20 @@ public:
         if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
             line->setAlignment(Qt::AlignRight);
             line->setPlaceholderText(table_.HintOf(index.column()));
+            const QPersistentModelIndex field(index);
+            connect(line, &QLineEdit::textEdited, &table_, [this, line, field] {
+                if (!line->styleSheet().isEmpty()) table_.Check(*line, field); // it is mended
+            });
         }
         return editor;
+    }
+
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+        auto* const line = qobject_cast<QLineEdit*>(editor);
+        const std::optional<QString> wrong = table_.Wrong().At(index);
+        if (line == nullptr || !wrong) return QStyledItemDelegate::setEditorData(editor, index);
+        line->setText(*wrong);
+        table_.Check(*line, index);
     }
 
     void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
@@ -63,7 +73,7 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const int beside = table_.IsField(index.column()) ? 2 * Padding : 0;
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(beside, 2 * (Inset + 2));
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(beside, 2 * (Inset + 1));
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
@@ -75,8 +85,10 @@ public:
         const bool isSelected = option.state.testFlag(QStyle::State_Selected);
         const bool isCurrent = index == table_.currentIndex() && table_.hasFocus();
         const auto current = isSelected ? QPalette::Text : QPalette::Highlight;
-        PaintFrame(*painter, place, option.palette, isCurrent ? current : QPalette::Mid, isCurrent ? 2 : 1);
-        const QString text = index.data().toString();
+        const std::optional<QString> wrong = table_.Wrong().At(index);
+        const QColor ink = wrong ? QColor(WrongColour) : option.palette.color(isCurrent ? current : QPalette::Mid);
+        PaintFieldFrame(*painter, place, option.palette, ink, isCurrent || wrong ? 2 : 1);
+        const QString text = wrong.value_or(index.data().toString());
         painter->setPen(option.palette.color(text.isEmpty() ? QPalette::PlaceholderText : QPalette::Text));
         painter->drawText(place.adjusted(Padding, 0, -Padding, 0), Qt::AlignRight | Qt::AlignVCenter,
                           text.isEmpty() ? table_.HintOf(index.column()) : text);
@@ -100,6 +112,8 @@ protected:
             return true;
         }
         if (editor.isNull() || !way) return QStyledItemDelegate::eventFilter(watched, event);
+        auto* const line = qobject_cast<QLineEdit*>(editor);
+        if (line != nullptr && !table_.Check(*line, table_.currentIndex())) return true; // to be mended here
         emit commitData(editor);
         if (editor.isNull()) return true; // a box that told of a fault has closed it
         emit closeEditor(editor, *way);
@@ -126,24 +140,13 @@ private:
         }
     }
 
-    static void PaintFrame(QPainter& painter, const QRect& place, const QPalette& palette, QPalette::ColorRole ink,
-                           int pixels) {
-        painter.save();
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(palette.color(ink), pixels));
-        painter.setBrush(palette.color(QPalette::Base));
-        constexpr double rounding = 2.5;
-        painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), rounding, rounding);
-        painter.restore();
-    }
-
     FieldTable& table_;
 };
 
 } // namespace
 
 FieldTable::FieldTable(std::vector<int> fields, std::vector<int> numbers)
-    : fields_(std::move(fields)), numbers_(std::move(numbers)) {
+    : fields_(std::move(fields)), numbers_(std::move(numbers)), wrong_(*this) {
     setItemDelegate(new FieldDelegate(*this));
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -186,7 +189,8 @@ QModelIndex FieldTable::moveCursor(CursorAction action, Qt::KeyboardModifiers mo
 bool FieldTable::Takes(const QKeyEvent& key) const {
     if (IsClosed()) return false;
     return key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
-           (key.matches(QKeySequence::Undo) && !undo_.empty()) || (IsRedo(key) && !redo_.empty());
+           (key.matches(QKeySequence::Undo) && !undo_.empty()) || (IsRedo(key) && !redo_.empty()) ||
+           (key.key() == Qt::Key_Escape && wrong_.At(currentIndex()));
 }
 
 /// Keys that are about a field here are no commands on the track.
@@ -205,9 +209,12 @@ bool FieldTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* eve
 
 bool FieldTable::DoKey(const QKeyEvent& key) {
     const bool empties = key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace;
+    wrong_.Hush();
     if (IsClosed() || !currentIndex().isValid() || !(empties || Takes(key))) return false;
     if (empties) {
         Enter(currentIndex(), QString());
+    } else if (key.key() == Qt::Key_Escape) {
+        TakeBack(currentIndex());
     } else if (key.matches(QKeySequence::Copy)) {
         QGuiApplication::clipboard()->setText(currentIndex().data().toString());
     } else if (key.matches(QKeySequence::Paste)) {
@@ -240,7 +247,61 @@ FieldTable::Entry FieldTable::EntryAt(const QModelIndex& field, const QString& t
 }
 
 void FieldTable::Enter(const QModelIndex& field, const QString& text) {
-    if (field.data().toString() != text) Do({EntryAt(field, text)});
+    const Entry entry = EntryAt(field, text);
+    if (!WhyNot(entry).isEmpty()) {
+        wrong_.Put(field, text);
+        return Marked();
+    }
+    TakeBack(field);
+    if (field.data().toString() != text) Do({entry});
+}
+
+bool FieldTable::TakeBack(const QModelIndex& field) {
+    if (!wrong_.Drop(field)) return false;
+    update(field);
+    Marked();
+    return true;
+}
+
+bool FieldTable::Check(QLineEdit& editor, const QModelIndex& field) {
+    const QString why = WhyNot(EntryAt(field, editor.text()));
+    MarkWrong(editor, !why.isEmpty());
+    editor.setAccessibleDescription(why);
+    if (why.isEmpty())
+        wrong_.Hush();
+    else
+        wrong_.Say(visualRect(field), why);
+    return why.isEmpty();
+}
+
+/// Of ten lines where there is room for so many, as a table to work in is one to see more of.
+QSize FieldTable::sizeHint() const {
+    constexpr int lines = 10;
+    constexpr int leastWindow = 700; // pixels
+    if (window()->height() < leastWindow) return PanelList::sizeHint();
+    const int each = sizeHintForRow(0) > 0 ? sizeHintForRow(0) : fontMetrics().height() + 2 * (Inset + 1);
+    return {PanelList::sizeHint().width(), header()->sizeHint().height() + lines * each + 2 * frameWidth()};
+}
+
+QString FieldTable::Fault() const {
+    const QModelIndex field = wrong_.First();
+    return field.isValid() ? WhyNot(EntryAt(field, wrong_.At(field).value_or(QString()))) : QString();
+}
+
+bool FieldTable::OpenFault() {
+    const QModelIndex field = wrong_.First();
+    if (!field.isValid()) return false;
+    setFocus();
+    scrollTo(field);
+    setCurrentIndex(field);
+    return PanelList::edit(field, EditKeyPressed, nullptr);
+}
+
+/// Esc gives back what stood there before.
+void FieldTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    wrong_.Hush();
+    if (hint == QAbstractItemDelegate::RevertModelCache) TakeBack(currentIndex());
+    PanelList::closeEditor(editor, hint);
 }
 
 void FieldTable::Paste() {
@@ -253,8 +314,12 @@ void FieldTable::Paste() {
         auto field = first;
         for (const QString& text : texts.split('\t')) {
             if (!line.isValid() || field == fields_.end()) break;
-            if (!text.trimmed().isEmpty() && !pistaro::IsNumber(PlainNumber(text))) return QApplication::beep();
-            step.push_back(EntryAt(line.siblingAtColumn(*field++), text.trimmed()));
+            const Entry entry = EntryAt(line.siblingAtColumn(*field++), text.trimmed());
+            const QString why = WhyNot(entry);
+            if (!why.isEmpty())
+                return wrong_.Say(visualRect(currentIndex()),
+                                  "Nothing is pasted: \"" + entry.Text + "\" for " + entry.Line + ". " + why);
+            step.push_back(entry);
         }
         line = indexBelow(line);
     }
@@ -283,6 +348,7 @@ FieldTable::Step FieldTable::Show(const Step& step) {
         if (lines.isEmpty()) continue;
         back.push_back({entry.Line, entry.Column, lines.front()->text(entry.Column)});
         lines.front()->setText(entry.Column, entry.Text);
+        if (wrong_.Drop(entry.Line, entry.Column)) Marked();
     }
     return back;
 }
@@ -303,6 +369,11 @@ void FieldTable::ForgetEntries() {
     redo_.clear();
 }
 
+void FieldTable::ForgetFaults() {
+    wrong_.Clear();
+    wrong_.Hush();
+}
+
 QString FieldTable::HintOf(int column) const {
     const auto hint = hints_.find(column);
     return hint == hints_.end() ? QString() : hint->second;
@@ -321,6 +392,7 @@ void FieldTable::paintEvent(QPaintEvent* event) {
 /// A line is for its fields: wherever else it is clicked, the first of them is meant.
 void FieldTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     PanelList::currentChanged(current, previous);
+    wrong_.Hush();
     if (current.isValid() && !IsField(current.column()))
         selectionModel()->setCurrentIndex(current.siblingAtColumn(fields_.front()), QItemSelectionModel::NoUpdate);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/panel_list.h"
+#include "ui/wrong_fields.h"
 
 #include <functional>
 #include <map>
@@ -13,7 +14,8 @@ namespace pistaro {
 /// Its fields look like fields. A click or what is typed starts an entry, as Enter does; Enter and Down end it and go
 /// on to the line below, Up to the one above, Tab to the next field of the lines, Shift+Tab to the one before. Left and
 /// Right lead from field to field. Del empties a field, numbers are copied and pasted, a column of them too, and what
-/// was entered is undone and redone, until its owner forgets it. Lines are known by their first column.
+/// was entered is undone and redone, until its owner forgets it. Lines are known by their first column. An entry that
+/// cannot be kept is not left by a key; left otherwise it stays in its field, marked, and Esc takes it back.
 class FieldTable : public PanelList {
 public:
     /// What a field holds, or is to hold.
@@ -54,6 +56,24 @@ public:
     /// From the current field on, down and to the right; nothing where something there is no number.
     void Paste();
 
+    /// Why an entry cannot be kept, as a sentence for whoever typed it; nothing where it can.
+    std::function<QString(const Entry&)> WhyNot = [](const Entry&) { return QString(); };
+
+    /// Called when a field holds what cannot be kept, or does so no longer.
+    std::function<void()> Marked = [] {};
+
+    /// What cannot be kept and stands in its field all the same.
+    const WrongFields& Wrong() const { return wrong_; }
+
+    /// Why the first entry that was left so cannot be kept; nothing where there is none.
+    QString Fault() const;
+
+    /// Opens the field of the first of them, if there is one.
+    bool OpenFault();
+
+    /// Whether what is in a field's editor can be kept; if not it is marked, and the reason stands beside it.
+    bool Check(QLineEdit& editor, const QModelIndex& field);
+
     /// Has its owner keep what was entered, a paste as a whole. False where he refuses, which he tells: then the fields
     /// hold again what they held, and there is nothing to undo.
     std::function<bool(const Step&)> Keep = [](const Step&) { return true; };
@@ -61,7 +81,13 @@ public:
     /// What was entered until now can be undone no longer.
     void ForgetEntries();
 
+    /// Nor does anything wrong stand in its fields.
+    void ForgetFaults();
+
+    QSize sizeHint() const override;
+
 protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     bool event(QEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -71,6 +97,7 @@ protected:
 
 private:
     bool Takes(const QKeyEvent& key) const;
+    bool TakeBack(const QModelIndex& field);
     bool DoKey(const QKeyEvent& key);
     Entry EntryAt(const QModelIndex& field, const QString& text) const;
     void Do(const Step& step);
@@ -84,6 +111,7 @@ private:
     std::map<int, QString> hints_; ///< by column
     QString emptyText_;
     std::vector<Step> undo_, redo_;
+    WrongFields wrong_;
 };
 
 } // namespace pistaro

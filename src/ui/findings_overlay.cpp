@@ -14,20 +14,8 @@ namespace {
 
 constexpr Colour ErrorColour = Rgb(220, 30, 40);
 constexpr Colour WarningColour = Rgb(230, 130, 0);
-constexpr Colour AdviceColour = Rgb(20, 110, 220);
+constexpr Colour AdviceColour = Rgb(140, 84, 232);
 constexpr double Tolerance = 0.1; // cm, of rounded outlines
-
-Colour ColourOf(Severity severity) {
-    switch (severity) {
-    case Severity::Error:
-        return ErrorColour;
-    case Severity::Warning:
-        return WarningColour;
-    case Severity::Advice:
-        break;
-    }
-    return AdviceColour;
-}
 
 /// The pieces of a circuit where they lie; unknown codes lie nowhere.
 class LaidPieces {
@@ -118,6 +106,18 @@ bool IsCurve(const Catalogue& catalogue, const std::string& code) {
 }
 
 } // namespace
+
+Colour ColourOf(Severity severity) {
+    switch (severity) {
+    case Severity::Error:
+        return ErrorColour;
+    case Severity::Warning:
+        return WarningColour;
+    case Severity::Advice:
+        break;
+    }
+    return AdviceColour;
+}
 
 std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding) {
     std::vector<PieceAddress> places;

@@ -8,6 +8,9 @@
 
 namespace pistaro {
 
+/// To be told from the lanes' colours and the stock's blue, on light and dark grounds.
+Colour ColourOf(Severity severity);
+
 /// The pieces that a finding is about, where it was told of a whole track those that make the difference: of lanes that
 /// differ its curves. Its first comes first.
 std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding);

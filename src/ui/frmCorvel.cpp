@@ -21,6 +21,9 @@
 #include <QTabBar>
 #include <QTimer>
 
+#include <initializer_list>
+#include <utility>
+
 namespace pistaro {
 
 namespace {
@@ -168,6 +171,7 @@ void frmCorvel::AddHand() {
     const auto previews = [this] { return !suggestions_->isHidden() || !balance_->isHidden(); };
     hand_ = new BuildingHand(session_, circuit_->View(), palette_->Pieces(), told, previews);
     suggestions_->Turned = balance_->Turned = [this] {
+        MakeRoom();
         ShowLanes();
         hand_->Refresh();
     };
@@ -178,6 +182,24 @@ void frmCorvel::AddHand() {
     };
     tour_ = new Tour(session_, *this, circuit_->View());
     dialogs_.OfferSearchAndTour([this] { palette_->FindPiece(); }, [this] { tour_->Begin(); });
+}
+
+/// While changes that balance lanes are looked at, the drawing has the height of the panels below it.
+void frmCorvel::MakeRoom() {
+    if (balance_->isHidden()) {
+        for (QDockWidget* const panel : std::exchange(aside_, {})) {
+            panel->show();
+            panel->raise();
+        }
+        return;
+    }
+    for (QDockWidget* const panel : std::initializer_list<QDockWidget*>{checks_, money_}) {
+        const bool isBelow = middle_->dockWidgetArea(panel) == Qt::BottomDockWidgetArea && !panel->isFloating();
+        if (panel->isHidden() || !isBelow) continue;
+        aside_.insert(IsInFront(*panel) ? aside_.end() : aside_.begin(), panel);
+    }
+    for (QDockWidget* const panel : aside_)
+        panel->hide();
 }
 
 void frmCorvel::ShowLanes() {

@@ -21,6 +21,7 @@
 #include <QMainWindow>
 
 #include <optional>
+#include <vector>
 
 namespace pistaro {
 
@@ -48,6 +49,7 @@ private:
     /// Puts checks and money below the drawing and the history beside it, hidden at first, and has them shown by their
     /// commands.
     void AddPanels();
+    void MakeRoom();
     void ShowLanes();
 
     /// Building by hand, and the tour that teaches it.
@@ -84,6 +86,7 @@ private:
     ChecksDock* const checks_;
     MoneyDock* const money_;
     HistoryDock* const history_;
+    std::vector<QDockWidget*> aside_; ///< panels that make room for a while, the one in front last
     BuildingHand* hand_ = nullptr;
     Tour* tour_ = nullptr;
     bool closing_ = false;

@@ -6,11 +6,13 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
 
-constexpr QSize UsualSize(560, 380);
+constexpr QSize UsualSize(620, 460);
 
 /// Text that may be marked, of no markup: names of sets are their user's.
 QLabel* NewText(const char* name, const QString& text) {
@@ -32,6 +34,7 @@ frmPurchase::frmPurchase(Session& session, const PurchaseReport& report, QWidget
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(Total());
+    column->addWidget(Singly());
     column->addWidget(Unsold());
     column->addWidget(Lines(), 1);
     column->addWidget(Remarks());
@@ -44,7 +47,6 @@ frmPurchase::frmPurchase(Session& session, const PurchaseReport& report, QWidget
 
 QTreeWidget* frmPurchase::Lines() const {
     auto* const list = Named(new QTreeWidget, "lstPurchase");
-    list->setRootIsDecorated(false);
     list->setAlternatingRowColors(true);
     list->setAccessibleName("What to buy");
     list->setHeaderLabels(
@@ -56,7 +58,11 @@ QTreeWidget* frmPurchase::Lines() const {
             list, {QString::number(line.Count), Shown(line.Name), Amount(line.Price), Amount(line.Price * line.Count)});
         for (const int number : {0, 2, 3})
             item->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
+        AddContents(*item, line);
     }
+    const auto isBox = [](const PurchaseLine& line) { return !line.Contents.empty(); };
+    list->setRootIsDecorated(std::ranges::any_of(report_.Lines, isBox));
+    list->expandAll();
     for (const PurchaseLine& line : report_.Unsold) {
         auto* const item =
             new QTreeWidgetItem(list, {QString::number(line.Count), Shown(line.Name), "no price yet", QString()});
@@ -68,6 +74,35 @@ QTreeWidget* frmPurchase::Lines() const {
     list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     list->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     return list;
+}
+
+/// What is in the boxes, and what of it nobody misses.
+void frmPurchase::AddContents(QTreeWidgetItem& line, const PurchaseLine& box) const {
+    for (const BoxContent& content : box.Contents) {
+        const int over = content.Count - content.Needed;
+        const QString use = over == 0             ? QString("all needed")
+                            : content.Needed == 0 ? QString("all left over")
+                                                  : QString("%1 needed, %2 left over").arg(content.Needed).arg(over);
+        auto* const part = new QTreeWidgetItem(
+            &line, {QString(), QString::number(content.Count) + " " + Shown(content.Name) + ": " + use});
+        part->setToolTip(1, part->text(1));
+        if (content.Needed == 0) part->setForeground(1, palette().brush(QPalette::PlaceholderText));
+    }
+}
+
+/// What the boxes are worth.
+QLabel* frmPurchase::Singly() const {
+    const auto priced = [&](Cents cents) { return Amount(cents, report_.Currency); };
+    const Cents saved = report_.Singly - report_.Total;
+    QString text = "All in single pieces: " + priced(report_.Singly) + ". ";
+    if (report_.NotSingly > 0)
+        text = "All in single pieces: not for sale, " + QString::number(report_.NotSingly) +
+               (report_.NotSingly == 1 ? " piece has" : " pieces have") + " no price.";
+    else
+        text += saved > 0 ? "You save " + priced(saved) + "." : QString("No box makes it cheaper.");
+    QLabel* const label = NewText("lblPurchaseSingly", text);
+    if (report_.Lines.empty()) label->hide();
+    return label;
 }
 
 QLabel* frmPurchase::Total() const {

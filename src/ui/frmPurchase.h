@@ -17,7 +17,9 @@ public:
 
 private:
     QTreeWidget* Lines() const;
+    void AddContents(QTreeWidgetItem& line, const PurchaseLine& box) const;
     QLabel* Total() const;
+    QLabel* Singly() const;
     QLabel* Unsold() const;
     QLabel* Remarks() const;
     QPushButton* Prices();

@@ -1,7 +1,6 @@
 #include "ui/frmSets.h"
 
 #include "commands/laying_commands.h"
-#include "editor/owned_track.h"
 #include "editor/piece_list.h"
 #include "platform/fault.h"
 #include "platform/files.h"
@@ -15,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -22,25 +22,23 @@ namespace pistaro {
 
 namespace {
 
-Cents PriceIn(const QString& typed) { return CentsOf(NumberIn(PlainNumber(typed), "the set's price")); }
-
 enum Column { Code, Name, Count };
 
 int RowOf(const QTreeWidgetItem& line) { return line.data(Code, Qt::UserRole).toInt(); }
 
-/// The count of a product that somebody typed. Fault: it is none.
-int CountIn(const QString& typed, const QString& code) {
-    const std::string text = typed.trimmed().isEmpty() ? "0" : PlainNumber(typed);
-    const std::string what = "the count of " + code.toStdString();
-    const double number = NumberIn(text, what);
-    const std::optional<int> count = RoundedWithin<int>(number, 0);
-    if (!count || *count != number) throw TypeMismatch(what + ", \"" + text + "\", is no whole number from 0 on");
-    return *count;
+/// What was typed as a number; nothing typed is 0.
+double NumberIn(const QString& typed) { return typed.trimmed().isEmpty() ? 0 : ParseNumber(PlainNumber(typed)); }
+
+/// Without the error's own name.
+QString DetailOf(const Fault& fault) {
+    const QString text = Shown(fault.what());
+    return text.mid(text.indexOf(": ") + 2);
 }
 
 /// Puts the line's count into the set.
 void KeepCount(const QTreeWidgetItem& line, BoxedSet& set) {
-    const int count = CountIn(line.text(Count), line.text(Code));
+    if (!WhyNoCount(line.text(Count)).isEmpty()) return;
+    const int count = static_cast<int>(NumberIn(line.text(Count)));
     if (count > 0)
         set.Pieces[RowOf(line)] = count;
     else
@@ -83,12 +81,12 @@ QLayout* frmSets::SetList() {
     QPushButton* const cmdAddSet = NewButton("cmdAddSet", "&New");
     QPushButton* const cmdDeleteSet = NewButton("cmdDeleteSet", "&Delete");
     connect(lstSets_, &QListWidget::currentRowChanged, this, [this](int row) {
-        KeepSet();
+        if (!KeepSet()) return StayWithSet();
         shown_ = row;
         ShowSet();
     });
     connect(cmdAddSet, &QPushButton::clicked, this, [this] {
-        KeepSet();
+        if (!KeepSet()) return;
         sets_.push_back({"New set", 0, {}});
         ListSets(static_cast<int>(sets_.size()) - 1);
         txtName_->setFocus();
@@ -127,9 +125,18 @@ QLayout* frmSets::SetFields() {
         lstPieces_->setCurrentItem(first, Count);
         lstPieces_->editItem(first, Count);
     };
+    connect(txtPrice_, &QLineEdit::editingFinished, this, [this] { IsPriceRight(); });
+    connect(txtPrice_, &QLineEdit::textEdited, this, [this] {
+        if (!lblFault_->isHidden()) IsPriceRight();
+    });
     connect(txtFind_, &QLineEdit::textChanged, this, [this] { Find(); });
     connect(lstPieces_, &QTreeWidget::itemChanged, this, [this] { ShowContents(); });
-    lstPieces_->Keep = [this](const FieldTable::Step& step) { return AreCounts(step); };
+    lstPieces_->WhyNot = [](const FieldTable::Entry& entry) { return WhyNoCount(entry.Text); };
+    lstPieces_->Keep = [this](const FieldTable::Step&) {
+        ShowContents();
+        return true;
+    };
+    lstPieces_->Marked = [this] { ShowContents(); };
     lblContents_ = Named(new QLabel, "lblSetContents");
     lblContents_->setAlignment(Qt::AlignRight);
     auto* const fields = new QFormLayout;
@@ -139,6 +146,10 @@ QLayout* frmSets::SetFields() {
     auto* const caption = new QLabel("From a &list");
     caption->setBuddy(txtList_);
     fields->addRow(caption, list);
+    lblFault_ = Named(new QLabel, "lblSetFault");
+    lblFault_->setTextFormat(Qt::PlainText);
+    lblFault_->hide();
+    fields->addRow(QString(), lblFault_);
     fields->addRow("P&ieces", txtFind_);
     auto* const column = new QVBoxLayout;
     column->addLayout(fields);
@@ -158,6 +169,10 @@ QLayout* frmSets::PieceList() {
     const auto enable = [this] { cmdFill_->setEnabled(HasList()); };
     enable();
     connect(txtList_, &QLineEdit::textChanged, this, enable);
+    connect(txtList_, &QLineEdit::textChanged, this, [this] {
+        MarkWrong(*txtList_, false);
+        IsPriceRight();
+    });
     connect(cmdFill_, &QPushButton::clicked, this, [this] { FillFromList(); });
     auto* const row = new QHBoxLayout;
     row->addWidget(txtList_);
@@ -211,6 +226,7 @@ void frmSets::ShowSet() {
     const BoxedSet& set = isAny ? sets_[static_cast<std::size_t>(shown_)] : none;
     txtName_->setText(Shown(set.Name));
     txtPrice_->setText(Amount(set.Price));
+    IsPriceRight();
     ListPieces(set.Pieces);
 }
 
@@ -219,6 +235,7 @@ void frmSets::ListPieces(const std::map<int, int>& counts) {
         const QSignalBlocker quiet(lstPieces_);
         lstPieces_->clear();
         lstPieces_->ForgetEntries();
+        lstPieces_->ForgetFaults();
         std::vector<int> rows = session_.Catalogue.ProductRows();
         std::stable_partition(rows.begin(), rows.end(), [&](int row) { return counts.contains(row); });
         for (const int row : rows) {
@@ -250,7 +267,7 @@ void frmSets::ShowContents() {
     bool arePriced = true;
     for (int at = 0; at < lstPieces_->topLevelItemCount(); ++at) {
         QTreeWidgetItem& line = *lstPieces_->topLevelItem(at);
-        const int count = line.text(Count).toInt(); // what is no number is told when the set is kept
+        const int count = line.text(Count).toInt();
         QFont font = lstPieces_->font();
         font.setBold(count > 0);
         for (const int column : {Code, Name, Count})
@@ -264,61 +281,72 @@ void frmSets::ShowContents() {
     QString contents = Shown(CountText(pieces, "piece")) + " in the box";
     if (pieces > 0 && arePriced)
         contents += ", bought singly " + Amount(singly, session_.Project.Preferences.Units.Currency);
-    lblContents_->setText(contents);
-}
-
-bool frmSets::AreCounts(const FieldTable::Step& step) {
-    const bool areCounts = session_.Do([&] {
-        for (const FieldTable::Entry& entry : step)
-            CountIn(entry.Text, entry.Line);
-    });
-    if (areCounts) ShowContents();
-    return areCounts;
+    const QString fault = lstPieces_->Fault();
+    lblContents_->setText(fault.isEmpty() ? contents : "Not counted yet: " + fault);
 }
 
 bool frmSets::HasList() const { return !txtList_->text().trimmed().isEmpty(); }
 
 bool frmSets::FillFromList() {
-    const bool filled = session_.Do([&] {
-        const std::map<int, int> counts = ParseProductList(session_.Catalogue, txtList_->text().toStdString());
-        ListPieces(counts);
-        txtList_->clear();
-    });
-    return filled;
+    try {
+        ListPieces(ParseProductList(session_.Catalogue, txtList_->text().toStdString()));
+    } catch (const Fault& fault) {
+        ShowFault(DetailOf(fault) + "; codes with their counts are meant, such as " + txtList_->placeholderText());
+        txtList_->setFocus();
+        MarkWrong(*txtList_, true);
+        return false;
+    }
+    txtList_->clear();
+    return true;
 }
 
-std::exception_ptr frmSets::TakeFields(BoxedSet& set) const {
+void frmSets::TakeFields(BoxedSet& set) const {
     set.Name = txtName_->text().toStdString();
-    std::exception_ptr fault;
-    const auto keep = [&fault](const auto& field) {
-        try {
-            field();
-        } catch (const Fault&) {
-            if (!fault) fault = std::current_exception();
-        }
-    };
-    keep([&] { set.Price = PriceIn(txtPrice_->text()); });
+    if (WhyNoPrice(txtPrice_->text()).isEmpty()) set.Price = CentsOf(NumberIn(txtPrice_->text()));
     for (int line = 0; line < lstPieces_->topLevelItemCount(); ++line)
-        keep([&] { KeepCount(*lstPieces_->topLevelItem(line), set); });
-    return fault;
+        KeepCount(*lstPieces_->topLevelItem(line), set);
+}
+
+void frmSets::ShowFault(const QString& why) {
+    lblFault_->setText(why);
+    lblFault_->setVisible(!why.isEmpty());
+}
+
+bool frmSets::IsPriceRight() {
+    const QString why = WhyNoPrice(txtPrice_->text());
+    MarkWrong(*txtPrice_, !why.isEmpty());
+    ShowFault(why);
+    return why.isEmpty();
+}
+
+/// The list of sets goes back to the one whose fields are to be mended.
+void frmSets::StayWithSet() {
+    QTimer::singleShot(0, this, [this] { // not within the list's own handling of the click
+        const QSignalBlocker quiet(lstSets_);
+        lstSets_->setCurrentRow(shown_);
+    });
 }
 
 bool frmSets::KeepSet() {
     if (shown_ < 0 || shown_ >= static_cast<int>(sets_.size())) return true;
+    lstPieces_->EndEntry();
     if (HasList() && !FillFromList()) return false;
     BoxedSet& set = sets_[static_cast<std::size_t>(shown_)];
-    const std::exception_ptr fault = TakeFields(set);
+    TakeFields(set);
     if (QListWidgetItem* const entry = lstSets_->item(shown_)) entry->setText(Shown(set.Name));
-    if (!fault) return true;
-    session_.Do([&] { std::rethrow_exception(fault); });
-    ShowSet();
-    return false;
+    if (!IsPriceRight()) {
+        txtPrice_->setFocus();
+        return false;
+    }
+    txtFind_->setText(lstPieces_->Fault().isEmpty() ? txtFind_->text() : QString()); // to be seen
+    return !lstPieces_->OpenFault();
 }
 
 bool frmSets::IsChanged() const {
     BoxedSets now = sets_;
-    const bool fault = shown_ >= 0 && TakeFields(now[static_cast<std::size_t>(shown_)]);
-    return fault || HasList() || now != before_;
+    if (shown_ >= 0) TakeFields(now[static_cast<std::size_t>(shown_)]);
+    const bool isWrong = !WhyNoPrice(txtPrice_->text()).isEmpty() || !lstPieces_->Fault().isEmpty();
+    return isWrong || HasList() || now != before_;
 }
 
 void frmSets::reject() {

@@ -12,7 +12,6 @@
 #include <QListWidget>
 #include <QPushButton>
 
-#include <exception>
 #include <filesystem>
 #include <map>
 
@@ -41,18 +40,20 @@ private:
     void ListPieces(const std::map<int, int>& counts);
     /// Lists the products that are looked for.
     void Find();
-    /// Takes what the fields say into a set, and gives the first fault that is found: what is no number is not taken.
-    std::exception_ptr TakeFields(BoxedSet& set) const;
-    /// The same into the set that is shown. What is no number is told, false then, and the field shows the old again.
+    /// Takes what the fields say into a set: what is no number is not taken.
+    void TakeFields(BoxedSet& set) const;
+    /// The same into the set that is shown. False where a field holds what cannot be kept: it is marked, and told why.
     bool KeepSet();
+    bool IsPriceRight();
+    void ShowFault(const QString& why);
+    void StayWithSet();
     bool IsChanged() const;
     bool HasList() const;
-    /// Has the box hold what the list that was typed or pasted names. A fault is told, false then.
+    /// Has the box hold what the list that was typed or pasted names. False where it names what is no piece, which is
+    /// told.
     bool FillFromList();
     /// Shows what is in the box apart from what is not, and how much that is.
     void ShowContents();
-    /// Whether what was entered are counts, which show then. A fault is told.
-    bool AreCounts(const FieldTable::Step& step);
     BoxedSets WithoutExamples() const;
     void Save();
 
@@ -70,6 +71,7 @@ private:
     ProductFinder* txtFind_ = nullptr;
     FieldTable* lstPieces_ = nullptr;
     QLabel* lblContents_ = nullptr;
+    QLabel* lblFault_ = nullptr; ///< why a field above the list of pieces cannot be kept
 };
 
 } // namespace pistaro

@@ -21,8 +21,6 @@ namespace pistaro {
 
 namespace {
 
-constexpr QRgb MissingColour = qRgb(214, 60, 50); // to be seen on light and dark grounds; it is bold besides
-
 /// A price of 0 is none: nobody has entered one.
 QString AmountIfKnown(Cents price, Cents amount) { return price == 0 ? QString() : Amount(amount); }
 
@@ -38,23 +36,35 @@ MoneyDock::MoneyDock(Session& session)
     setObjectName("fraMoney");
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
-    column->setContentsMargins(6, 6, 6, 6);
+    column->setContentsMargins(4, 0, 4, 2); // its height is the lines'
+    column->setSpacing(3);
     column->addWidget(list_);
     auto* const totals = new QHBoxLayout;
+    totals->addWidget(hint_, 1); // in the place of the pieces, so that the lines keep theirs
     totals->addWidget(pieces_, 1);
     totals->addWidget(total_);
+    totals->addSpacing(totals->spacing());
+    totals->addWidget(NewCommandButton("cmdMoneySets", "Sets…", "boxed sets"));
+    totals->addWidget(NewCommandButton("cmdMoneyPurchase", "Cheapest Purchase…", "purchase"));
     column->addLayout(totals);
-    column->addWidget(hint_);
     total_->setTextFormat(Qt::PlainText);
     QFont bold = total_->font();
     bold.setBold(true);
     total_->setFont(bold);
-    hint_->setText("Type what you own and what one costs. Enter: next line, Tab: next field.");
-    hint_->setForegroundRole(QPalette::PlaceholderText);
+    hint_->setTextFormat(Qt::PlainText);
     hint_->hide();
     setWidget(content);
     setFocusProxy(list_);
     SetUpList();
+}
+
+/// What comes next for whoever knows what is missing; the menus have the same.
+QPushButton* MoneyDock::NewCommandButton(const char* name, const QString& caption, const char* id) {
+    QPushButton* const button = NewButton(name, caption);
+    const Command& command = *session_.Commands.Find(id);
+    button->setToolTip(Shown(command.Tip));
+    connect(button, &QPushButton::clicked, this, [this, &command] { session_.TryRun(command); });
+    return button;
 }
 
 void MoneyDock::SetUpList() {
@@ -77,6 +87,10 @@ void MoneyDock::SetUpList() {
     connect(list_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         Keep({{item->text(Code), column, item->text(column)}});
     });
+    list_->WhyNot = [](const FieldTable::Entry& entry) {
+        return entry.Column == Price ? WhyNoPrice(entry.Text) : WhyNoCount(entry.Text);
+    };
+    list_->Marked = [this] { ShowHint(); };
     list_->Keep = [this](const FieldTable::Step& step) { return Keep(step); };
 }
 
@@ -207,7 +221,7 @@ void MoneyDock::ShowProduct(QTreeWidgetItem& line, int row) const {
     QFont font = list_->font();
     font.setBold(missing > 0);
     line.setFont(Missing, font);
-    line.setData(Missing, Qt::ForegroundRole, missing > 0 ? QBrush(QColor(MissingColour)) : QVariant());
+    line.setData(Missing, Qt::ForegroundRole, missing > 0 ? QBrush(QColor(WrongColour)) : QVariant());
 }
 
 void MoneyDock::ShowTotals() {
@@ -222,7 +236,8 @@ void MoneyDock::ShowTotals() {
         toBuy += sum;
         if (price == 0) unpriced += lacking;
     }
-    pieces_->setText(Shown(CountText(pieces, "piece") + " in the design, " +
+    pieces_->setText(WholeDesign() +
+                     Shown(CountText(pieces, "piece") + ", " +
                            (pieces > 0 && missing == 0 ? "all owned" : std::to_string(missing) + " missing")));
     QStringList parts;
     if (toBuy > 0 || unpriced == 0) parts += Amount(toBuy, session_.Project.Preferences.Units.Currency);
@@ -230,12 +245,25 @@ void MoneyDock::ShowTotals() {
     total_->setText("To buy: " + parts.join(", and "));
 }
 
+/// The line below the drawing tells of the current track; here all of them count.
+QString MoneyDock::WholeDesign() const {
+    const auto tracks = std::ranges::count_if(session_.Project.Design.Circuit.Tracks,
+                                              [](const Track& track) { return !track.ElementCodes.empty(); });
+    return tracks > 1 ? "Whole design, " + QString::number(tracks) + " tracks: " : QString("Whole design: ");
+}
+
 void MoneyDock::ShowHint() {
+    const QModelIndex wrong = list_->Wrong().First();
     const bool isUntouched = std::ranges::all_of(rows_, [&](int row) {
         const ProductStock product = session_.Project.Stock[row];
         return product.OwnedCount == 0 && product.Price == 0;
     });
-    hint_->setVisible(isUntouched && !rows_.empty() && !list_->IsClosed());
+    const bool isShown = wrong.isValid() || (isUntouched && !rows_.empty() && !list_->IsClosed());
+    hint_->setVisible(isShown);
+    pieces_->setVisible(!isShown);
+    hint_->setForegroundRole(wrong.isValid() ? QPalette::WindowText : QPalette::PlaceholderText);
+    hint_->setText(wrong.isValid() ? wrong.siblingAtColumn(Code).data().toString() + ", not saved: " + list_->Fault()
+                                   : "Type what you own and what one costs; Enter: next line.");
 }
 
 bool MoneyDock::Keep(const FieldTable::Step& step) {

@@ -8,6 +8,7 @@
 
 #include <QDockWidget>
 #include <QLabel>
+#include <QPushButton>
 
 #include <array>
 #include <vector>
@@ -34,6 +35,7 @@ private:
     /// What a product's line shows, in the order of its columns from `Used` on.
     using Figures = std::array<Cents, 5>;
 
+    QPushButton* NewCommandButton(const char* name, const QString& caption, const char* id);
     void SetUpList();
     void CountLater();
     void Count();
@@ -45,7 +47,8 @@ private:
     Figures FiguresOf(int row) const;
     void ShowProduct(QTreeWidgetItem& line, int row) const;
     void ShowTotals();
-    /// Who owns nothing yet and knows no price is told what to do.
+    QString WholeDesign() const;
+    /// Tells why an entry is not saved; and who owns nothing yet and knows no price what to do.
     void ShowHint();
     /// Saves all of what was entered. A fault is told and saves none of it, false then.
     bool Keep(const FieldTable::Step& step);

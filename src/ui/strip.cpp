@@ -29,7 +29,7 @@ void Strip::BringIntoSight(const GroundBox& box) {
     viewShown_ = view;
 }
 
-QLayout* Strip::Head(QLabel& text, QPushButton& accept, QPushButton& leave) {
+QHBoxLayout* Strip::Head(QLabel& text, QPushButton& accept, QPushButton& leave) {
     leave.setToolTip("Change nothing, as Esc does");
     connect(&accept, &QPushButton::clicked, this, [this] { Accept(); });
     connect(&leave, &QPushButton::clicked, this, [this] { Leave(); });

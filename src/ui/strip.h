@@ -36,7 +36,7 @@ protected:
     void BringIntoSight(const GroundBox& box);
 
     /// What it says to the left of both buttons.
-    QLayout* Head(QLabel& text, QPushButton& accept, QPushButton& leave);
+    QHBoxLayout* Head(QLabel& text, QPushButton& accept, QPushButton& leave);
 
     /// Whether the key accepts or leaves; it has done so then.
     bool TakesKey(int key);

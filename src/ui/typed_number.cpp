@@ -5,6 +5,9 @@
 
 #include <QRegularExpression>
 
+#include <cstdint>
+#include <optional>
+
 namespace pistaro {
 
 namespace {
@@ -22,6 +25,13 @@ QString Ungrouped(const QString& typed, const QLocale& desktop) {
     return text.remove(between).replace(decimal, ".");
 }
 
+/// Nothing where it is no number.
+std::optional<double> ValueOf(const QString& typed, const QLocale& desktop) {
+    if (typed.trimmed().isEmpty()) return 0;
+    const std::string number = PlainNumber(typed, desktop);
+    return IsNumber(number) ? std::optional(ParseNumber(number)) : std::nullopt;
+}
+
 } // namespace
 
 std::string PlainNumber(const QString& text, const QLocale& desktop) {
@@ -36,6 +46,19 @@ std::string PlainNumber(const QString& text, const QLocale& desktop) {
     // One comma alone is meant as the decimal one wherever the desktop does not take it for something else.
     const bool hasDecimalComma = typed.count(',') == 1 && !typed.contains('.');
     return (hasDecimalComma ? typed.replace(',', '.') : typed).trimmed().toStdString();
+}
+
+QString WhyNoPrice(const QString& typed, const QLocale& desktop) {
+    constexpr double most = 1'000'000; // no piece costs so much, and its sums are still exact
+    const std::optional<double> price = ValueOf(typed, desktop);
+    if (price && *price >= 0 && *price <= most) return {};
+    return "A price is a number such as " + Amount(495, desktop) + ".";
+}
+
+QString WhyNoCount(const QString& typed, const QLocale& desktop) {
+    const std::optional<double> count = ValueOf(typed, desktop);
+    const bool isWhole = count && RoundedWithin<std::int16_t>(*count, 0) == *count;
+    return isWhole ? QString() : "A count is a whole number from 0 to 32767.";
 }
 
 MoneyMarks DesktopMarks(const QLocale& desktop) {

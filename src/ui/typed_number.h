@@ -14,6 +14,13 @@ namespace pistaro {
 /// amounts are read as they are shown; as it stands, but for a decimal comma, where it is no number to the desktop.
 std::string PlainNumber(const QString& text, const QLocale& desktop = QLocale::system());
 
+/// Why what was typed is no price, as a sentence with an example in the desktop's format; nothing where it is one. No
+/// text is the price 0.
+QString WhyNoPrice(const QString& typed, const QLocale& desktop = QLocale::system());
+
+/// The same of a count of pieces, which no text makes 0.
+QString WhyNoCount(const QString& typed, const QLocale& desktop = QLocale::system());
+
 /// Of the desktop.
 MoneyMarks DesktopMarks(const QLocale& desktop = QLocale::system());
 

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace pistaro {
 namespace {
@@ -33,6 +34,42 @@ TEST(Balance, OfAnOddNumberTakesOneMore) {
     ASSERT_EQ(balance.Steps.size(), 1U);
     EXPECT_EQ(balance.Steps[0].First, 6);
     EXPECT_FALSE(balance.IsBalanced);
+}
+
+TEST(Balance, PutsChangeOversAwayFromTheStartAndFromEachOther) {
+    const std::string straight = "C160 C160 C160 C160 C160 C160 ";
+    const Balance balance = BalanceOf(straight + HalfTurn + straight + HalfTurn);
+
+    ASSERT_EQ(balance.Steps.size(), 2U);
+    EXPECT_EQ(balance.Steps[0].First, 3) << "the start lies at 0, and cars gather speed";
+    EXPECT_EQ(balance.Steps[1].First, 10);
+}
+
+TEST(Balance, PutsNoneBesideOneThatStands) {
+    const Balance balance =
+        BalanceOf("C159 C159 " + HalfTurn + "C160 C8006 C160 C160 C160 " + HalfTurn + "C159 C159 C160 C160 C160 ");
+
+    ASSERT_EQ(balance.Steps.size(), 1U);
+    const int place = balance.Steps[0].First;
+    EXPECT_TRUE(std::abs(place - 7) > 2) << place;
+}
+
+TEST(Balance, OffersOtherPlacesWhereThereAreAsFewChanges) {
+    const std::string straight = "C160 C160 C160 C160 C160 C160 ";
+    const Balance balance = BalanceOf(straight + HalfTurn + straight + HalfTurn);
+
+    ASSERT_EQ(balance.Others.size(), 2U);
+    std::vector<int> places;
+    for (const auto& steps : {balance.Steps, balance.Others[0], balance.Others[1]}) {
+        ASSERT_EQ(steps.size(), 2U);
+        for (const BalanceStep& step : steps)
+            places.push_back(step.First);
+        EXPECT_NEAR(steps[1].Lengths[0], steps[1].Lengths[1], 1) << "each of them balances the lanes";
+        EXPECT_FALSE(steps[1].Joined);
+    }
+    std::ranges::sort(places);
+    EXPECT_EQ(std::ranges::unique(places).size(), 0U) << "none shares a place";
+    EXPECT_TRUE(BalanceOf("C160 " + HalfTurn + "C160 " + HalfTurn).Others.empty()) << "there is no other place";
 }
 
 TEST(Balance, NeedsNoChangeWhereLanesAreEven) {

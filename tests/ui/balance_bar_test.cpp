@@ -1,6 +1,8 @@
 // The strip of changes that balance the lanes: shown in the drawing, applied and left.
 #include "ui/window_fixture.h"
 
+#include <QComboBox>
+
 namespace pistaro {
 namespace {
 
@@ -52,6 +54,45 @@ TEST_F(BalanceStrip, TellsWhatItsColoursMean) {
     EXPECT_TRUE(legend.contains("color:#00823c\">■</span> new by the chosen line")) << legend.toStdString();
     EXPECT_TRUE(legend.contains("color:#6ea000\">■</span> new by another line"));
     EXPECT_TRUE(legend.contains("color:#00823c\">▨</span> taken out for it"));
+}
+
+TEST_F(BalanceStrip, ShowsOtherProposalsWhereThereAreSome) {
+    EXPECT_FALSE(Find<QComboBox>("cboBalance").isVisible()) << "here is one alone";
+    const std::string twice = "C160 C160 C151R C151R C151R C151R ";
+    Open(ProjectOf(twice + twice));
+    Choose("mnuBalance");
+    auto& proposals = Find<QComboBox>("cboBalance");
+    EXPECT_TRUE(proposals.isVisible());
+    ASSERT_EQ(proposals.count(), 2);
+    EXPECT_EQ(proposals.currentText(), "Proposal 1 of 2");
+    EXPECT_EQ(Changes().item(0)->text(), "1. C8006 in place of C160 (0): each lane then leads into the other");
+
+    proposals.setFocus();
+    QTest::keyClick(&proposals, Qt::Key_Down);
+
+    EXPECT_EQ(Changes().item(0)->text(), "1. C8006 in place of C160 (1): each lane then leads into the other");
+    EXPECT_EQ(Changes().item(1)->text(), "2. C8006 in place of C160 (7): the lanes then differ by 0.0 cm");
+    Click("cmdBalance");
+    EXPECT_EQ(Codes(), "C160 C8006 C151R C151R C151R C151R C160 C8006 C151R C151R C151R C151R");
+}
+
+TEST_F(BalanceStrip, ThePanelBelowTheDrawingMakesRoomForIt) {
+    QTest::keyClick(&Changes(), Qt::Key_Escape);
+    Window->resize(1366, 768);
+    Entry("mnuChecks").trigger();
+    QTest::qWait(20);
+    ASSERT_TRUE(Find<QWidget>("fraChecks").isVisible());
+    const int before = Canvas().height();
+
+    Choose("mnuBalance");
+    QTest::qWait(20);
+    EXPECT_FALSE(Find<QWidget>("fraChecks").isVisible());
+    EXPECT_GE(Canvas().height(), before) << "the drawing is no smaller than it was";
+    EXPECT_GT(Canvas().height(), 2 * Strip().height());
+
+    Click("cmdLeaveBalance");
+    QTest::qWait(20);
+    EXPECT_TRUE(Find<QWidget>("fraChecks").isVisible());
 }
 
 TEST_F(BalanceStrip, AppliesAllAsOneStepOfUndo) {

@@ -1,5 +1,11 @@
 // The list of findings: what is shown of each, however narrow it is and however many they are.
+#include "imaging/painter_surface.h"
+#include "ui/findings_overlay.h"
 #include "ui/panels_fixture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
 
 namespace pistaro {
 namespace {
@@ -122,6 +128,59 @@ TEST_F(ChecksList, ManyFindingsOfARuleStandBelowAHeading) {
     }
     EXPECT_EQ(tinted, 14) << "both pieces of each of the seven overlaps";
     EXPECT_EQ(Project.EditState.CurrentElement[0], 0);
+}
+
+TEST_F(ChecksList, WhatFollowsFromAMissingPieceStandsBelowTheOpenTrack) {
+    Open(ProjectOf("C8006 C151R C151R C151R C151R C160 C151R C151R C151R", "C160 C151R C151R C151R C160 C151R"));
+    ShowPanel("mnuChecks");
+    QTreeWidgetItem* odd = nullptr;
+    for (int line = 0; line < List().topLevelItemCount(); ++line) {
+        QTreeWidgetItem& top = *List().topLevelItem(line);
+        EXPECT_FALSE(top.text(1).startsWith("1 change-over:")) << "told once, as what follows";
+        if (top.text(0) == "1" && top.text(1).startsWith("The track does not close")) odd = &top;
+    }
+    ASSERT_NE(odd, nullptr);
+    EXPECT_TRUE(odd->text(1).endsWith("apart. 1 more finding may come from this.")) << odd->text(1).toStdString();
+    ASSERT_EQ(odd->childCount(), 1);
+    EXPECT_FALSE(odd->isExpanded());
+    EXPECT_EQ(odd->child(0)->text(0), "1");
+    EXPECT_TRUE(odd->child(0)->text(1).startsWith("1 change-over"));
+
+    ClickOn(*odd);
+    EXPECT_TRUE(odd->isExpanded());
+    std::ptrdiff_t tinted = 0;
+    for (const OverlayItem& item : Canvas().OverlayOf("checks"))
+        tinted += std::holds_alternative<OverlayArea>(item) && !std::get<OverlayArea>(item).Hatched;
+    EXPECT_EQ(tinted, 2) << "the ends of this track, not the other track's";
+    ClickOn(*odd->child(0));
+    EXPECT_EQ(List().currentItem(), odd->child(0));
+}
+
+/// Of two colours, from 1 to 21, as eyes see it.
+double Contrast(const QColor& one, const QColor& other) {
+    const auto light = [](const QColor& colour) {
+        const auto linear = [](double part) {
+            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+    };
+    const auto [less, more] = std::minmax({light(one) + 0.05, light(other) + 0.05});
+    return more / less;
+}
+
+TEST(SeverityColours, AdviceIsSeenOnAllGroundsAndIsNoneOfTheOtherMarks) {
+    const QColor advice = ToQColor(ColourOf(Severity::Advice));
+    for (const QColor& ground : {QColor(Qt::white), QColor(Qt::black), QColor(40, 40, 40)})
+        EXPECT_GE(Contrast(advice, ground), 3) << ground.name().toStdString();
+
+    const QColor lanes[] = {{30, 100, 240}, {190, 40, 200}, {0, 160, 140}, {110, 160, 0}};
+    const QColor owned(0, 0, 255);
+    for (const QColor& other : {lanes[0], lanes[1], lanes[2], lanes[3], owned, ToQColor(ColourOf(Severity::Error)),
+                                ToQColor(ColourOf(Severity::Warning))}) {
+        const int apart = std::abs(advice.red() - other.red()) + std::abs(advice.green() - other.green()) +
+                          std::abs(advice.blue() - other.blue());
+        EXPECT_GE(apart, 100) << other.name().toStdString();
+    }
 }
 
 TEST_F(ChecksList, TheArrowKeysSelectThePiecesOfEachFinding) {

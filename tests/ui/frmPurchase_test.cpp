@@ -1,11 +1,13 @@
 // The cheapest purchase: the dialog, and what is told where there is none.
 #include "ui/frmPurchase.h"
 
+#include "money/purchase.h"
 #include "storage/sets_file.h"
 #include "support/stock.h"
 #include "support/temporary_folder.h"
 #include "ui/field_table.h"
 #include "ui/frmSets.h"
+#include "ui/named_controls.h"
 #include "ui/window_fixture.h"
 
 #include <QClipboard>
@@ -206,6 +208,45 @@ TEST_F(Purchases, SayInTheTotalThatSomethingIsMissingFromIt) {
               "Total 10.00 € without what has no price, the cheapest there is.");
 }
 
+TEST_F(Purchases, TellWhatTheBoxesSaveAndWhatOfThemIsLeftOver) {
+    pistaro::Project project = ProjectOf("C160 C160 C160 C151L");
+    SetStock(project, "C160", 0, 4);
+    SetStock(project, "C151L", 0, 3);
+    Open(std::move(project));
+    const int straight = Pieces().FindHeadRow("C160");
+    const int curve = Pieces().FindHeadRow("C151");
+    const int half = Pieces().FindHeadRow("C159");
+    const BoxedSets sets{{"Straights", 700, {{straight, 4}, {half, 1}}}};
+    const std::vector<int> missing = MissingPieces(Pieces(), Project.Stock, Project.Design.Circuit);
+    const frmPurchase dialog(
+        *Session, ReportOf(Pieces(), Project, sets, CheapestPurchase(missing, Project.Stock, sets)), nullptr);
+
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblPurchaseSingly")->text(),
+              "All in single pieces: 15.00 €. You save 5.00 €.");
+    const auto& list = *dialog.findChild<QTreeWidget*>("lstPurchase");
+    ASSERT_EQ(list.topLevelItemCount(), 2);
+    const QTreeWidgetItem& box = *list.topLevelItem(0);
+    EXPECT_TRUE(box.isExpanded());
+    ASSERT_EQ(box.childCount(), 2);
+    const std::string texts = box.child(0)->text(1).toStdString() + " | " + box.child(1)->text(1).toStdString();
+    EXPECT_NE(texts.find("4 C160 standard straight: 3 needed, 1 left over"), std::string::npos) << texts;
+    EXPECT_NE(texts.find("1 C159 half straight: all left over"), std::string::npos) << texts;
+    EXPECT_EQ(list.topLevelItem(1)->text(1).left(4), Shown(ProductCode(Pieces()[curve].Code)));
+    EXPECT_EQ(list.topLevelItem(1)->childCount(), 0) << "a single piece holds nothing";
+}
+
+TEST_F(Purchases, WithoutBoxesTellThatSinglePiecesAreTheCheapest) {
+    pistaro::Project project = ProjectOf("C160");
+    SetStock(project, "C160", 0, 4);
+    Open(std::move(project));
+    const std::vector<int> missing = MissingPieces(Pieces(), Project.Stock, Project.Design.Circuit);
+    const frmPurchase dialog(*Session, ReportOf(Pieces(), Project, {}, CheapestPurchase(missing, Project.Stock, {})),
+                             nullptr);
+
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblPurchaseSingly")->text(),
+              "All in single pieces: 4.00 €. No box makes it cheaper.");
+}
+
 TEST_F(Purchases, TakeExamplesOnlyOnceTheyAreSaved) {
     OpenWithSettings(ProjectOf("C160"));
     frmSets examples(*Session);
@@ -254,8 +295,10 @@ TEST_F(Purchases, ABoxIsFilledFromAListThatIsTypedOrPasted) {
     EXPECT_TRUE(Prompts.Told.empty());
     list.setText("3 nonsense");
     dialog.findChild<QPushButton*>("cmdFillSet")->click();
-    ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].Text, "Type mismatch: \"NONSENSE\" is no piece");
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblSetFault")->text(),
+              "\"NONSENSE\" is no piece; codes with their counts are meant, such as 8 C151, 4 C160, C367");
+    EXPECT_EQ(list.text(), "3 nonsense") << "to be mended";
+    EXPECT_TRUE(Prompts.Told.empty());
     EXPECT_EQ(count("C151"), "8");
 }
 
@@ -288,8 +331,9 @@ TEST_F(Purchases, ACountThatIsNoneIsToldAtOnceAndTheOldOneStays) {
     QGuiApplication::clipboard()->setText("5\n2.5");
     pieces.Paste();
 
-    ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].Text, "Type mismatch: the count of C160, \"2.5\", is no whole number from 0 on");
+    EXPECT_TRUE(Prompts.Told.empty());
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblFieldFault")->text(),
+              "Nothing is pasted: \"2.5\" for C160. A count is a whole number from 0 to 32767.");
     EXPECT_EQ(pieces.topLevelItem(0)->text(2), "8");
     EXPECT_EQ(pieces.topLevelItem(1)->text(2), before);
 }

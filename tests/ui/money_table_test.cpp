@@ -6,6 +6,8 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QImage>
+#include <QPushButton>
+#include <QTimer>
 
 namespace pistaro {
 namespace {
@@ -29,6 +31,20 @@ protected:
     void Type(const std::string& text) {
         for (const char key : text)
             QTest::keyClick(QApplication::focusWidget(), key);
+    }
+
+    /// That is being typed into.
+    QLineEdit& Field() { return *List().findChild<QLineEdit*>(); }
+
+    /// Why what is in it cannot be kept; empty where it can.
+    std::string Reason() {
+        const auto& note = Find<QLabel>("lblFieldFault");
+        return note.isVisible() ? note.text().toStdString() : "";
+    }
+
+    void ClickOn(int line, int column) {
+        const QRect place = List().visualRect(List().model()->index(line, column));
+        QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, place.center());
     }
 
     int Owned(const char* code) const { return Session->Project.Stock[Pieces().FindHeadRow(code)].OwnedCount; }
@@ -165,21 +181,138 @@ TEST_F(MoneyTable, ARefusedEntryIsNoStep) {
     Type("99999");
     Press(Qt::Key_Return);
     Press(Qt::Key_Escape);
-    ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(List().topLevelItem(0)->text(3), "0");
     Press(Qt::Key_Y, Qt::ControlModifier);
 
     EXPECT_EQ(Owned("C151"), 4) << "what was undone before can still be entered again";
     Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Owned("C151"), 0);
-    EXPECT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_TRUE(Prompts.Told.empty());
+}
+
+TEST_F(MoneyTable, AWrongPriceStaysInItsFieldUntilItIsMended) {
+    Press(Qt::Key_Right);
+    Type("1.x9");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Down, Qt::Key_Up, Qt::Key_Backtab}) {
+        Press(key);
+        EXPECT_EQ(List().currentItem()->text(0), "C151");
+        EXPECT_EQ(Field().text(), "1.x9");
+        EXPECT_TRUE(Field().hasFocus());
+        EXPECT_EQ(Reason(), "A price is a number such as 4.95.");
+    }
+    EXPECT_TRUE(Field().styleSheet().contains("#d63c32")) << "marked";
+    EXPECT_TRUE(Prompts.Told.empty());
+
+    Press(Qt::Key_Left);
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Reason(), "") << "it is right as soon as it is mended";
+    EXPECT_EQ(Field().styleSheet(), "");
+    Press(Qt::Key_Return);
+
+    EXPECT_EQ(Price("C151"), 1.9F);
+    EXPECT_EQ(List().currentItem()->text(0), "C159");
+    EXPECT_EQ(Price("C159"), 0);
+}
+
+TEST_F(MoneyTable, AWrongCountIsToldWhatACountIs) {
+    for (const char* const text : {"2.5", "-1", "99999", "4x"}) {
+        Type(text);
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Reason(), "A count is a whole number from 0 to 32767.") << text;
+        Press(Qt::Key_Escape);
+        EXPECT_EQ(Reason(), "");
+        EXPECT_EQ(List().topLevelItem(0)->text(3), "0") << "Esc gives the old one back";
+    }
+    EXPECT_EQ(Owned("C151"), 0);
+    EXPECT_TRUE(Prompts.Told.empty());
+}
+
+TEST_F(MoneyTable, AWrongEntryThatTheMouseLeavesIsNeitherLostNorMisplaced) {
+    Press(Qt::Key_Right);
+    Type("1.x9");
+    ClickOn(2, 5);
+    Type("3");
+    Press(Qt::Key_Return);
+
+    EXPECT_EQ(Price("C160"), 3);
+    EXPECT_EQ(Price("C151"), 0);
+    EXPECT_EQ(Price("C159"), 0);
+    EXPECT_TRUE(Find<QLabel>("lblMoneyHint").isVisible());
+    EXPECT_EQ(Text("lblMoneyHint"), "C151, not saved: A price is a number such as 4.95.");
+    Press(Qt::Key_Escape);
+    ClickOn(0, 5);
+    EXPECT_EQ(Field().text(), "1.x9") << "it waits where it was typed";
+    EXPECT_EQ(Reason(), "A price is a number such as 4.95.");
+    QTest::keyClick(&Field(), Qt::Key_A, Qt::ControlModifier);
+    Type("2.5");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Price("C151"), 2.5F);
+    EXPECT_FALSE(Find<QLabel>("lblMoneyHint").isVisible());
+}
+
+TEST_F(MoneyTable, EscTakesAWrongEntryBackAlsoOnceItsFieldIsClosed) {
+    Type("4x");
+    Find<QPushButton>("cmdMoneySets").setFocus();
+    QTest::qWait(1);
+    EXPECT_EQ(List().findChild<QLineEdit*>(), nullptr);
+    EXPECT_TRUE(Find<QLabel>("lblMoneyHint").text().startsWith("C151, not saved"));
+
+    List().setFocus();
+    Press(Qt::Key_Escape);
+
+    EXPECT_FALSE(Text("lblMoneyHint").starts_with("C151"));
+    EXPECT_EQ(Owned("C151"), 0);
+}
+
+TEST_F(MoneyTable, ShowsTenProductsBesideAThirdOfASmallScreen) {
+    Session->Do([&] {
+        Project.Design.Circuit.Tracks[0].ElementCodes = {"C151L", "C152L", "C153L", "C154L", "C156L", "C157",
+                                                         "C158",  "C159",  "C160",  "C164",  "C248"};
+    });
+    Window->resize(1366, 768);
+    QTest::qWait(20);
+
+    const QRect tenth = List().visualItemRect(List().topLevelItem(9));
+
+    EXPECT_LE(tenth.bottom(), List().viewport()->height());
+    EXPECT_GE(tenth.height(), List().fontMetrics().height()) << "nothing is cut off";
+    EXPECT_GE(Canvas().height(), 320) << "the drawing stays the larger one";
+}
+
+TEST_F(MoneyTable, TellsThatItCountsTheWholeDesign) {
+    EXPECT_EQ(Text("lblMoneyPieces"), "Whole design: 3 pieces, 3 missing");
+
+    Session->Do([&] { Project.Design.Circuit.Tracks[2].ElementCodes = {"C160", "C160"}; });
+    QTest::qWait(1);
+
+    EXPECT_EQ(Text("lblMoneyPieces"), "Whole design, 2 tracks: 5 pieces, 5 missing");
+}
+
+TEST_F(MoneyTable, LeadsToTheSetsAndToTheCheapestPurchase) {
+    QStringList opened;
+    const auto close = [&] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr) return;
+        opened += dialog->objectName();
+        dialog->close();
+    };
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, close);
+    timer.start(5);
+
+    QTest::mouseClick(&Button("cmdMoneySets"), Qt::LeftButton);
+    QTest::mouseClick(&Button("cmdMoneyPurchase"), Qt::LeftButton);
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return opened.size() == 2; }));
+    EXPECT_EQ(opened, (QStringList{"frmSets", "frmPurchase"}));
 }
 
 TEST_F(MoneyTable, APasteOfWhichSomethingIsRefusedChangesNothingAndTellsOnce) {
     QGuiApplication::clipboard()->setText("4\n99999\n99998");
     Press(Qt::Key_V, Qt::ControlModifier);
 
-    EXPECT_EQ(Prompts.Told.size(), 1U);
+    EXPECT_EQ(Reason(), "Nothing is pasted: \"99999\" for C159. A count is a whole number from 0 to 32767.");
+    EXPECT_TRUE(Prompts.Told.empty());
     EXPECT_EQ(Owned("C151"), 0);
     EXPECT_EQ(Column("lstMoney", 3), (std::vector<std::string>{"0", "0", "0"}));
 }
@@ -266,7 +399,7 @@ TEST_F(MoneyTable, WhatIsBeingTypedIsTakenWhenTheDesignIsEmptied) {
     EXPECT_EQ(List().topLevelItemCount(), 0);
     EXPECT_EQ(List().findChild<QLineEdit*>(), nullptr);
     EXPECT_EQ(Owned("C151"), 7);
-    EXPECT_EQ(Text("lblMoneyPieces"), "0 pieces in the design, 0 missing");
+    EXPECT_EQ(Text("lblMoneyPieces"), "Whole design: 0 pieces, 0 missing");
 }
 
 TEST_F(MoneyTable, EnterGoesOnToTheNextLine) {
@@ -361,7 +494,7 @@ TEST_F(MoneyTable, WhatIsMissingStandsOut) {
     EXPECT_EQ(Column("lstMoney", 4), (std::vector<std::string>{"–", "1", "1"}));
     EXPECT_FALSE(List().topLevelItem(0)->font(4).bold());
     EXPECT_TRUE(List().topLevelItem(1)->font(4).bold());
-    EXPECT_EQ(Text("lblMoneyPieces"), "3 pieces in the design, 2 missing");
+    EXPECT_EQ(Text("lblMoneyPieces"), "Whole design: 3 pieces, 2 missing");
 }
 
 TEST_F(MoneyTable, KeepsTheCurrentLineWhenProductsComeAndGo) {

@@ -37,5 +37,20 @@ TEST(TypedNumbers, AMarkThatDividesNoWholeGroupsIsNoMarkOfGroups) {
     EXPECT_EQ(PlainNumber("3,50", QLocale("en_IN")), "3.50");
 }
 
+TEST(TypedNumbers, APriceIsANumberFromZeroOnWithAnExampleOfTheDesktop) {
+    for (const char* const text : {"", " ", "0", "4.95", "4,95", "4.95 €", "1000000"})
+        EXPECT_EQ(WhyNoPrice(text, QLocale::c()), "") << text;
+    for (const char* const text : {"1.x9", "-1", "1e30", "cheap", "1000001"})
+        EXPECT_EQ(WhyNoPrice(text, QLocale::c()), "A price is a number such as 4.95.") << text;
+    EXPECT_EQ(WhyNoPrice("x", QLocale("de_DE")), "A price is a number such as 4,95.");
+}
+
+TEST(TypedNumbers, ACountIsAWholeNumberThatCanBeSaved) {
+    for (const char* const text : {"", "0", "7", "07", "32767"})
+        EXPECT_EQ(WhyNoCount(text, QLocale::c()), "") << text;
+    for (const char* const text : {"2.5", "-1", "32768", "many"})
+        EXPECT_EQ(WhyNoCount(text, QLocale::c()), "A count is a whole number from 0 to 32767.") << text;
+}
+
 } // namespace
 } // namespace pistaro
