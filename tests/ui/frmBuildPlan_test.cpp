@@ -77,6 +77,8 @@ TEST_F(FrmBuildPlan, WritesWhatIsChosenAndBeginsTheNextTimeAsItEnded) {
 
     Write("x.pdf");
 
+    EXPECT_TRUE(IsOpen());
+    Press("cmdClose");
     EXPECT_FALSE(IsOpen());
     const std::string pdf = BytesOf(folder_ / "x.pdf");
     EXPECT_NE(pdf.find("/MediaBox [0 0 612.000000 792.000000]"), std::string::npos);
@@ -95,6 +97,16 @@ TEST_F(FrmBuildPlan, StaysOpenWhenNoFileIsChosenOrItCannotBeWritten) {
 
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(prompts_.Told.size(), 1U);
+}
+
+TEST_F(FrmBuildPlan, DrawsThePageAsLargeAsThereIsRoom) {
+    Press("cmdNext");
+    const int height = Page().height();
+
+    dialog_->resize(dialog_->size() + QSize(100, 100));
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Page().height() == height + 100; })) << Page().height();
+    EXPECT_TRUE(Label("lblPage").starts_with("Page 2 of ")) << "the same page";
 }
 
 TEST_F(FrmBuildPlan, ShowsTheFirstPagesOfALongPlan) {

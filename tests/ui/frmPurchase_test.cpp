@@ -255,7 +255,7 @@ TEST_F(Purchases, ABoxIsFilledFromAListThatIsTypedOrPasted) {
     list.setText("3 nonsense");
     dialog.findChild<QPushButton*>("cmdFillSet")->click();
     ASSERT_EQ(Prompts.Told.size(), 1U);
-    EXPECT_EQ(Prompts.Told[0].Text, "Type mismatch: \"NONSENSE\" is no piece");
+    EXPECT_EQ(Prompts.Told[0].Text, "Type mismatch: \"3 nonsense\" is no piece");
     EXPECT_EQ(count("C151"), "8");
 }
 
