@@ -1,5 +1,6 @@
 #include "imaging/tile_marks.h"
 
+#include "layout/piece_middle.h"
 #include "paper/clear_places.h"
 
 #include <algorithm>
@@ -58,6 +59,11 @@ Box PlateIn(const Box& tile, double width, double height, const std::vector<Box>
         }
     }
     return plates.front();
+}
+
+std::vector<WorldPoint> CornersOf(const Box& box) {
+    return {PointBy(box.Left, box.Bottom), PointBy(box.Right, box.Bottom), PointBy(box.Right, box.Top),
+            PointBy(box.Left, box.Top)};
 }
 
 /// A line that can be seen upon whatever lies below it: with a white rim where areas are filled.
@@ -217,9 +223,12 @@ void DrawTileBehind(PaperPage& page, const Box& tile, const std::string& name) {
 
 void DrawTileUpon(PaperPage& page, const Box& tile, const std::string& name, const std::vector<Box>& numbers,
                   const std::vector<Box>& pieces) {
+    constexpr double small = 0.5; // cm; a rim alone does not make a name readable then
     const double height = std::min(
         {std::clamp(tile.Height() / 4, 0.28, 0.9), tile.Height() / NameLine, tile.Width() / WidthOfName(name)}); // cm
-    WriteWithRim(page, PlateIn(tile, WidthOfName(name) * height, NameLine * height, numbers, pieces), name, height);
+    const Box plate = PlateIn(tile, WidthOfName(name) * height, NameLine * height, numbers, pieces);
+    if (height < small) page.OnPaper(tile, [&](Surface& surface) { surface.Fill(CornersOf(plate), White); });
+    WriteWithRim(page, plate, name, height);
     page.OnPaper(
         tile, [&](Surface& surface) { DrawRimmed(surface, true, [&](Colour ink) { DrawFrame(surface, tile, ink); }); });
 }

@@ -8,6 +8,7 @@
 #include "ui/named_controls.h"
 #include "ui/preview_lines.h"
 #include "ui/purpose_beside.h"
+#include "ui/scale_box.h"
 
 #include <QFontDatabase>
 #include <QSignalBlocker>
@@ -54,8 +55,6 @@ bool IsText(ExportFormat format) {
     return format == ExportFormat::Csv || format == ExportFormat::ShoppingList || format == ExportFormat::Json;
 }
 
-constexpr double FirstScale = 10; ///< the N of 1:N, where that works
-
 /// Why no size can be chosen; empty where one can.
 const char* WhyNoSize(ExportFormat format) {
     if (IsText(format)) return "This file holds text and no drawing, so it has no size.";
@@ -86,6 +85,7 @@ frmExport::frmExport(Session& session, QWidget* parent) : QDialog(parent), sessi
     left->addStretch();
     LayOutBesidePreview(*this, left, PreviewColumn(), Buttons());
     BeginAsLastTime();
+    connect(this, &QDialog::finished, this, [this] { Remember(); });
 }
 
 QGroupBox* frmExport::FormatFrame() {
@@ -107,7 +107,9 @@ QGroupBox* frmExport::FormatFrame() {
 
 void frmExport::BeginAsLastTime() {
     const Habits& habits = session_.Habits;
-    if (const double scale = Shown(habits.ExportScale).toDouble(); scale > 0) spnScale_->setValue(scale);
+    if (const double scale = Shown(habits.ExportScale).toDouble(); scale > 0) firstScale_ = scale;
+    spnScale_->setValue(firstScale_);
+    hasChosenScale_ = false;
     if (const int width = Shown(habits.ExportWidth).toInt(); width > 0) spnWidth_->setValue(width);
     if (const int dots = Shown(habits.ExportDots).toInt(); dots > 0) spnDots_->setValue(dots);
     if (const auto last = FormatOfHabit(habits.ExportEnding)) {
@@ -130,11 +132,7 @@ QGroupBox* frmExport::SizeFrame() {
         cboSize_->addItem(size.Caption);
     cboSize_->setMinimumWidth(cboSize_->sizeHint().width()); // the window keeps its own whatever is offered
     cboPaper_ = NewPaperList(session_.Habits.Paper);
-    spnScale_ = Named(new QDoubleSpinBox, "spnScale");
-    spnScale_->setPrefix("1:");
-    spnScale_->setDecimals(1);
-    spnScale_->setRange(0.1, 1000);
-    spnScale_->setValue(FirstScale);
+    spnScale_ = Named(new ScaleBox(0.1, 1000, firstScale_), "spnScale");
     spnDots_ = Named(new QSpinBox, "spnDots");
     spnDots_->setRange(10, 2400);
     spnDots_->setValue(300);
@@ -310,7 +308,7 @@ void frmExport::TakePossible() {
 void frmExport::BeginWithAScale() {
     if (!spnScale_->isEnabled()) return;
     const QSignalBlocker plannedBelow(spnScale_);
-    spnScale_->setValue(FirstScale);
+    spnScale_->setValue(firstScale_);
     OfferPossible();
     if (possible_) spnScale_->setValue(*possible_->Sheets.Scale);
 }

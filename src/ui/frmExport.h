@@ -44,7 +44,7 @@ private:
     /// Offers what comes nearest to the fields where they cannot be met.
     void OfferPossible();
     void TakePossible();
-    /// A scale that works in place of one that was never chosen.
+    /// A scale that works in place of one that was not chosen.
     void BeginWithAScale();
     void Export();
     /// Another format with the same way to choose its size, where it offers that.
@@ -65,7 +65,8 @@ private:
     QStackedWidget* views_ = nullptr;    ///< the preview, and the lines
     QLabel *lblPurpose_ = nullptr, *lblPlanned_ = nullptr, *lblNoSize_ = nullptr;
     QPushButton *cmdExport_ = nullptr, *cmdPossible_ = nullptr;
-    bool hasChosenScale_ = false;           ///< now or the last time
+    double firstScale_ = 10;                ///< the N of 1:N that is proposed where it works: that of the last time
+    bool hasChosenScale_ = false;           ///< its user, since the dialog came up
     std::optional<ExportOptions> possible_; ///< what would work, where the fields do not
 };
 

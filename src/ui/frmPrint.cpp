@@ -5,6 +5,7 @@
 #include "ui/beside_preview.h"
 #include "ui/choice_list.h"
 #include "ui/named_controls.h"
+#include "ui/scale_box.h"
 
 #include <QDate>
 #include <QPrintDialog>
@@ -45,6 +46,7 @@ frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session
     left->addStretch();
     LayOutBesidePreview(*this, left, PreviewColumn(), Buttons());
     BeginAsLastTime();
+    connect(this, &QDialog::finished, this, [this] { Remember(); });
     PlanAgain();
 }
 
@@ -67,12 +69,7 @@ void frmPrint::AddSizeRows(QFormLayout& form) {
     optFit_ = Named(new QRadioButton("&Fit on one sheet"), "optSize", 0);
     optScale_ = Named(new QRadioButton("To &scale, in tiles"), "optSize", 1);
     optFit_->setChecked(true);
-    spnScale_ = Named(new QDoubleSpinBox, "spnScale");
-    spnScale_->setPrefix("1:");
-    spnScale_->setAccessibleName("Scale");
-    spnScale_->setDecimals(1);
-    spnScale_->setRange(1, 50);
-    spnScale_->setValue(1);
+    spnScale_ = Named(new ScaleBox(1, 50, 1), "spnScale");
     chkRound_ = Named(new QCheckBox("At a roun&d scale"), "chkRound");
     chkRound_->setToolTip("A little smaller, so that a ruler tells lengths easily: 1:5, 1:10, 1:25 …");
     chkWalls_ = NewWallsBox(session_.Habits.PrintContents);

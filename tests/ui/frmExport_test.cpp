@@ -142,6 +142,18 @@ TEST_F(FrmExport, KeepsItsWidthWhateverIsChosen) {
     }
 }
 
+TEST_F(FrmExport, BeginsAsItWasClosedThoughNothingWasWritten) {
+    Choose("cboFormat", Svg);
+    Choose("cboSize", 1);
+    Find<QDoubleSpinBox>("spnScale").setValue(12.5);
+    Press("cmdClose");
+
+    Open();
+    EXPECT_EQ(Find<QComboBox>("cboFormat").currentText(), "Drawing (SVG)");
+    EXPECT_EQ(Find<QComboBox>("cboSize").currentText(), "To scale, on a sheet of its own size");
+    EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 12.5);
+}
+
 TEST_F(FrmExport, RemembersTheResolution) {
     Choose("cboFormat", Png);
     Choose("cboSize", PngPaper);

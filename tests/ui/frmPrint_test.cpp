@@ -180,6 +180,22 @@ TEST_F(FrmPrint, OffersItsOwnEndingForAnotherOneAndAsksAgainWhereThatIsNotWanted
     EXPECT_FALSE(std::filesystem::exists(folder_ / "y.png"));
 }
 
+TEST_F(FrmPrint, TakesAScaleThatIsTypedWithOrWithoutItsOne) {
+    Press("optSize", 1);
+    auto& scale = Find<QDoubleSpinBox>("spnScale");
+    EXPECT_EQ(scale.text(), "1:1");
+    for (const char* const typed : {"1:5", "5"}) {
+        scale.setValue(1);
+        scale.setFocus();
+        scale.selectAll();
+        QTest::keyClicks(&scale, typed);
+        EXPECT_EQ(scale.value(), 5) << typed;
+        EXPECT_EQ(scale.text(), "1:5") << typed;
+    }
+    scale.setValue(2.5);
+    EXPECT_EQ(scale.text(), "1:2.5");
+}
+
 TEST_F(FrmPrint, PrintsAtARoundScaleWhereThatIsTicked) {
     ASSERT_EQ(Label("lblSheets"), "1 sheet of A4, portrait, at 1:2.7");
 
@@ -338,8 +354,7 @@ TEST_F(FrmPrint, BeginsWithTheTilesAndTheScaleOfTheLastTime) {
 
     Press("optSize", 0);
     Press("chkRound");
-    prompts_.Files.push_back(folder_ / "y.pdf");
-    Press("cmdPdf");
+    Press("cmdClose");
     Open();
     EXPECT_TRUE(Find<QAbstractButton>("optSize", 0).isChecked());
     EXPECT_TRUE(Find<QCheckBox>("chkRound").isChecked());
