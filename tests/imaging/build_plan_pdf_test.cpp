@@ -43,7 +43,7 @@ TEST_F(BuildPlanOnPaper, BeginsWithTheStepsBelowTheHeadWhereThereIsRoom) {
     const std::string quarter = "C151L C151L ";
     const std::string side = "C160 C160 C160 C160 ";
     const std::string flat = quarter + side + quarter + quarter + side + quarter;
-    EXPECT_EQ(pages(side + quarter), 1U) << "one step";
+    EXPECT_EQ(pages(quarter + side), 1U) << "one step, wider than high";
     EXPECT_EQ(pages(flat), 2U) << "an oval of 16 pieces in two steps, wider than high";
     EXPECT_EQ(pages(side + quarter + quarter + side + quarter + quarter), 2U) << "higher than wide";
 }
