@@ -39,15 +39,14 @@ std::string BuildPlanBytes(const Catalogue& catalogue, const BuildPlan& plan, Pl
 std::optional<PlanFormat> WriteBuildPlan(Session& session, const BuildPlan& plan, PlanFormat format,
                                          const PaperSize& paper) {
     const bool asPage = format == PlanFormat::Html;
-    const auto typed = session.Prompts.ChooseFile({.Saving = true,
-                                                   .Title = "Build Plan",
-                                                   .Filter = asPage ? "Web page|*.html" : "PDF|*.pdf",
-                                                   .DefaultName = FileTitleOf(session) + "-plan" + EndingOf(format),
-                                                   .Folder = ExportFolderOf(session),
-                                                   .KeepsEnding = true});
-    if (!typed) return std::nullopt;
     const PlanFormat other = asPage ? PlanFormat::Pdf : PlanFormat::Html;
-    const auto file = FileToWrite(session, *typed, {EndingOf(format), EndingOf(other)});
+    const FileChoice choice{.Saving = true,
+                            .Title = "Build Plan",
+                            .Filter = asPage ? "Web page|*.html" : "PDF|*.pdf",
+                            .DefaultName = FileTitleOf(session) + "-plan" + EndingOf(format),
+                            .Folder = ExportFolderOf(session),
+                            .KeepsEnding = true};
+    const auto file = AskForFile(session, choice, {EndingOf(format), EndingOf(other)});
     if (!file) return std::nullopt;
     const PlanFormat written = *PlanFormatOf(*file);
     ReplaceFile(*file, BuildPlanBytes(session.Catalogue, plan, written, paper));

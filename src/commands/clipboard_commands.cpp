@@ -3,6 +3,7 @@
 #include "commands/export_circuit.h"
 #include "editor/free_floor.h"
 #include "editor/piece_list.h"
+#include "editor/read_piece_list.h"
 #include "editor/status_text.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
@@ -137,16 +138,30 @@ float HeadingOf(const Catalogue& catalogue, const Track& track, int element) {
     return heading;
 }
 
-/// The pieces that the clipboard's text names. A fault says what would have been one.
-std::vector<std::string> PastedPieces(const Catalogue& catalogue, const std::string& text) {
-    try {
-        return ParsePieceList(catalogue, text);
-    } catch (const Fault& fault) {
-        const std::string words = fault.what();
-        const bool isList = words.starts_with("Subscript out of range"); // of more pieces than a track holds
-        const std::string help = isList ? "" : std::string("\n") + WhatPasteTakes;
-        throw Fault("Nothing was pasted", words.substr(words.find(": ") + 2) + "." + help);
+/// Its user agrees to lay what of a list is understood, or all of it is.
+bool WantsTheRest(const Session& session, const PieceListReading& list) {
+    if (list.NotUnderstood.empty()) return true;
+    const std::size_t count = list.Codes.size();
+    const std::string hands = list.HandText();
+    const std::string question = "Not understood: " + list.StrangeText() + ".\n" +
+                                 (hands.empty() ? "" : hands + ".\n") + "\nPaste the " +
+                                 (count == 1 ? "piece that is?" : CountText(count, "piece") + " that are?");
+    return session.Prompts.AskWhether(question, "&Paste the Rest") == Answer::Ok;
+}
+
+/// The pieces that the clipboard's text names; none where its user does not want them. A fault says what would have
+/// been a list.
+std::vector<std::string> PastedPieces(const Session& session, const std::string& text) {
+    const char* const nothing = "Nothing was pasted";
+    const PieceListReading list = ReadPieceList(session.Catalogue, text);
+    if (list.TooMany) throw Fault(nothing, "a track holds at most " + std::to_string(MaxElements) + " pieces.");
+    if (list.Codes.empty()) {
+        const std::string hands = list.HandText();
+        const std::string why = list.NotUnderstood.empty() ? "no pieces are on the clipboard"
+                                                           : "no pieces are understood in " + list.StrangeText();
+        throw Fault(nothing, why + ".\n" + (hands.empty() ? "" : hands + ".\n") + WhatPasteTakes);
     }
+    return WantsTheRest(session, list) ? list.Codes : std::vector<std::string>();
 }
 
 /// Turns what was copied as it was, and brings the track to where it lies on no other.
@@ -159,13 +174,6 @@ void FindFloor(const Session& session, Design& design, int track, const std::str
 }
 
 } // namespace
-
-std::string PiecesToPaste(const Session& session) {
-    constexpr std::size_t longestList = 8000; // characters; what is far longer than a track is none
-    const std::string text = session.Windows->ClipboardText();
-    const bool names = text.size() <= longestList && NamesPiece(session.Catalogue, text);
-    return names ? "" : std::string("No pieces are on the clipboard. ") + WhatPasteTakes;
-}
 
 void CopyCommand(Session& session) {
     constexpr int pixels = 1600; // wide; enough for a screen
@@ -189,8 +197,8 @@ void CopyCommand(Session& session) {
 
 void PasteCommand(Session& session) {
     const std::string list = session.Windows->ClipboardText();
-    const std::vector<std::string> codes = PastedPieces(session.Catalogue, list);
-    if (!LeavesClosedTrack(session, codes.size())) return;
+    const std::vector<std::string> codes = PastedPieces(session, list);
+    if (codes.empty() || !LeavesClosedTrack(session, codes.size())) return;
     Design design = session.Project.Design;
     EditState edit = session.Project.EditState;
     Track& track = *EditedTrack(design.Circuit, edit);

@@ -9,13 +9,10 @@ namespace pistaro {
 /// else of the current track, or of each track a line when all are chosen.
 void CopyCommand(Session& session);
 
-/// Lays the pieces that a list on the clipboard names at the end of the current track; where that is closed and another
-/// one empty, on that one after a question. On an empty track they lie on free floor, and what this program copied is
-/// turned as it was. All of them are selected and in view, and their user is told of those outside the room. Faults: it
-/// is no such list; the track has no room for them.
+/// Lays the pieces that a list on the clipboard names (after a question where some of its words name none) at the end
+/// of the current track; where that is closed and another one empty, on that one after a question. On an empty track
+/// they lie on free floor, and what this program copied is turned as it was. All of them are selected and in view, and
+/// their user is told of those outside the room. Faults: it names no piece; the track has no room for them.
 void PasteCommand(Session& session);
-
-/// Why nothing can be pasted; empty where the clipboard names a piece.
-std::string PiecesToPaste(const Session& session);
 
 } // namespace pistaro

@@ -6,11 +6,13 @@
 #include "imaging/pdf_file.h"
 #include "imaging/sheet_picture.h"
 #include "imaging/svg_file.h"
+#include "platform/fault.h"
 #include "platform/file_endings.h"
 #include "stats/shopping_list.h"
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 namespace pistaro {
 
@@ -55,6 +57,26 @@ std::string DrawingBytes(CircuitDrawing drawing, ExportFormat format, const Expo
     return SheetPng(drawing, plan, DotsPerInchOf(plan, options), backdrop.get());
 }
 
+bool CanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options) {
+    try {
+        const SheetPlan plan = PlanExport(drawing, format, options);
+        if (format == ExportFormat::Png) SheetPixels(plan, DotsPerInchOf(plan, options));
+        return true;
+    } catch (const Fault&) {
+        return false;
+    }
+}
+
+/// The largest number from 1 to below one that is too large which `works`; 1 where none does.
+int MostOf(int tooLarge, const std::function<bool(int)>& works) {
+    int most = 1;
+    while (tooLarge - most > 1) {
+        const int middle = most + (tooLarge - most) / 2;
+        (works(middle) ? most : tooLarge) = middle;
+    }
+    return most;
+}
+
 } // namespace
 
 std::string ExportEndings() { return EndingsText(Endings); }
@@ -74,6 +96,30 @@ std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) { 
 SheetPlan PlanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options) {
     if (format == ExportFormat::Dxf) return WithMargin(PlanSheets(drawing, {.Scale = 1, .Header = false}));
     return PlanSheets(drawing, SheetsFor(format, options.Sheets, drawing.Whole()));
+}
+
+std::optional<ExportOptions> PossibleExport(const CircuitDrawing& drawing, ExportFormat format,
+                                            const ExportOptions& options) {
+    ExportOptions possible = options;
+    const auto isPossible = [&] { return CanExport(drawing, format, possible); };
+    if (isPossible()) return possible;
+    if (options.Sheets.Scale) {
+        constexpr double smallest = 1000;
+        double& scale = *possible.Sheets.Scale;
+        while (scale < smallest && !isPossible())
+            scale = RoundedScale(scale * 1.01);
+    } else if (options.PixelWidth) {
+        *possible.PixelWidth = MostOf(*options.PixelWidth, [&](int width) {
+            possible.PixelWidth = width;
+            return isPossible();
+        });
+    } else {
+        possible.DotsPerInch = MostOf(static_cast<int>(options.DotsPerInch), [&](int dots) {
+            possible.DotsPerInch = dots;
+            return isPossible();
+        });
+    }
+    return isPossible() ? std::optional(possible) : std::nullopt;
 }
 
 double DotsPerInchOf(const SheetPlan& plan, const ExportOptions& options) {

@@ -37,6 +37,11 @@ struct ExportOptions {
 /// scale that needs too many tiles, or paper.
 SheetPlan PlanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options);
 
+/// The options changed by as little as makes such a file possible: a smaller scale, fewer dots or pixels; nothing where
+/// none does.
+std::optional<ExportOptions> PossibleExport(const CircuitDrawing& drawing, ExportFormat format,
+                                            const ExportOptions& options);
+
 /// The dots an inch of a PNG of that plan.
 double DotsPerInchOf(const SheetPlan& plan, const ExportOptions& options);
 

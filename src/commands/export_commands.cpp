@@ -89,17 +89,21 @@ std::string ExportFolderOf(const Session& session) {
                                                                    : session.Project.Preferences.WorkingDirectory;
 }
 
-std::optional<std::filesystem::path> FileToWrite(const Session& session, const std::filesystem::path& typed,
-                                                 const std::vector<std::string>& endings) {
-    std::optional<std::filesystem::path> file = typed;
-    if (std::ranges::find(endings, EndingIn(typed)) == endings.end()) file = WithWrittenEnding(session, typed, endings);
-    if (file && !MayReplace(session, *file)) file.reset();
-    return file;
+std::optional<std::filesystem::path> AskForFile(const Session& session, FileChoice choice,
+                                                const std::vector<std::string>& endings) {
+    while (const auto typed = session.Prompts.ChooseFile(choice)) {
+        std::optional<std::filesystem::path> file = typed;
+        if (std::ranges::find(endings, EndingIn(*typed)) == endings.end())
+            file = WithWrittenEnding(session, *typed, endings);
+        if (file && MayReplace(session, *file)) return file;
+        choice.DefaultName = TextFromPath(file.value_or(*typed).filename());
+        choice.Folder = TextFromPath(typed->parent_path());
+    }
+    return std::nullopt;
 }
 
 std::optional<ExportFile> ChooseExportFile(Session& session, ExportFormat proposed) {
-    const auto typed = session.Prompts.ChooseFile(ExportChoice(session, proposed));
-    const auto file = typed ? FileToWrite(session, *typed, EndingsFrom(proposed)) : std::nullopt;
+    const auto file = AskForFile(session, ExportChoice(session, proposed), EndingsFrom(proposed));
     if (!file) return std::nullopt;
     const bool asProposed = EndingIn(*file) == EndingOf(proposed);
     return ExportFile{*file, asProposed ? proposed : *ExportFormatOf(*file)};
@@ -112,12 +116,9 @@ void WriteExport(Session& session, const ExportFile& file, const std::string& by
 }
 
 bool ExportSheets(Session& session, const std::function<std::string()>& pdf) {
-    const auto typed = session.Prompts.ChooseFile(ExportChoice(session, ExportFormat::Pdf));
-    if (!typed) return false;
-    if (ExportFormatOf(*typed).value_or(ExportFormat::Pdf) != ExportFormat::Pdf)
-        throw Fault("Nothing was written", TextFromPath(typed->filename()) +
-                                               ": sheets are written as .pdf; other formats are in Circuit ▸ Export");
-    const auto file = FileToWrite(session, *typed, {EndingOf(ExportFormat::Pdf)});
+    FileChoice choice = ExportChoice(session, ExportFormat::Pdf);
+    choice.Title = "Save as PDF";
+    const auto file = AskForFile(session, std::move(choice), {EndingOf(ExportFormat::Pdf)});
     if (!file) return false;
     WriteExport(session, {*file, ExportFormat::Pdf}, pdf());
     return true;

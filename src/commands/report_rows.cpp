@@ -140,7 +140,7 @@ void AddExchangeCommands(std::vector<Command>& rows) {
          .From = Availability::WindowOnly,
          .WhyNot =
              [](const Session& session) {
-                 for (const auto whyNot : {HasWindows, OneTrackChosen, PiecesToPaste}) {
+                 for (const auto whyNot : {HasWindows, OneTrackChosen}) {
                      if (std::string words = whyNot(session); !words.empty()) return words;
                  }
                  return std::string();

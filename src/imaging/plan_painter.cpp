@@ -108,10 +108,14 @@ void PlanPainter::PaintBar(PainterSurface& surface, const PlanPicture& picture) 
     const double cm = page_.DotsPerCm();
     const Box& part = picture.Part;
     const QPointF corner = surface.PlaceOf({static_cast<float>(part.Left), static_cast<float>(part.Bottom)});
-    const QPointF left = corner + QPointF(BarInset, -BarInset) * cm;
+    const QPointF left = corner + QPointF(picture.Bar.Left, -picture.Bar.Up) * cm;
     const QPointF right = left + QPointF(picture.Bar.Length * cm, 0);
     const QPointF tick(0, -BarTick * cm);
     QPainter& painter = page_.Painter();
+    const Box ground = picture.Bar.Ground();
+    painter.fillRect(
+        QRectF(corner + QPointF(ground.Left, -ground.Top) * cm, QSizeF(ground.Width(), ground.Height()) * cm),
+        Qt::white);
     surface.SetFontSize(BarPoints);
     QFont font = painter.font();
     font.setBold(true);

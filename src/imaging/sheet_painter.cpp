@@ -100,8 +100,12 @@ void SheetPainter::PaintOverview(PaperPage& page) const {
     if (namesUpon) {
         std::vector<Box> grounds = GroundsOf(numbers, scale);
         std::ranges::transform(grounds, grounds.begin(), onPaper);
+        std::vector<Box> pieces;
+        pieces.reserve(drawing_.Pieces.size());
+        for (const DrawnPiece& piece : drawing_.Pieces)
+            pieces.push_back(onPaper(piece.Extent));
         for (const Sheet& sheet : plan_.Sheets)
-            DrawTileUpon(page, onPaper(sheet.Cell), sheet.Name, grounds);
+            DrawTileUpon(page, onPaper(sheet.Cell), sheet.Name, grounds, pieces);
     }
     if (plan_.Header) DrawOverviewMargins(page, plan_, drawing_, date_);
 }

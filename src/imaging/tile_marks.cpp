@@ -1,9 +1,11 @@
 #include "imaging/tile_marks.h"
 
+#include "layout/piece_middle.h"
 #include "paper/clear_places.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace pistaro {
 
@@ -40,15 +42,39 @@ void WriteWithRim(PaperPage& page, const Box& place, const std::string& text, do
     write(0, 0, TileInk);
 }
 
-/// A plate of that size in the first of a tile's corners where it hides no number.
-Box PlateIn(const Box& tile, double width, double height, const std::vector<Box>& numbers) {
+/// A plate of that size in the first of a tile's corners where it hides neither number nor piece, else no number.
+Box PlateIn(const Box& tile, double width, double height, const std::vector<Box>& numbers,
+            const std::vector<Box>& pieces) {
+    const auto meetsNone = [](const Box& plate, const std::vector<Box>& boxes) {
+        return std::ranges::none_of(boxes, [&](const Box& box) { return plate.Meets(box); });
+    };
+    std::vector<Box> plates;
     for (const double top : {tile.Top, tile.Bottom + height}) {
-        for (const double left : {tile.Left, tile.Right - width}) {
-            const Box plate{left, top - height, left + width, top};
-            if (std::ranges::none_of(numbers, [&](const Box& number) { return plate.Meets(number); })) return plate;
+        for (const double left : {tile.Left, tile.Right - width})
+            plates.push_back({left, top - height, left + width, top});
+    }
+    for (const bool hidesPieces : {false, true}) {
+        for (const Box& plate : plates) {
+            if (meetsNone(plate, numbers) && (hidesPieces || meetsNone(plate, pieces))) return plate;
         }
     }
-    return {tile.Left, tile.Top - height, tile.Left + width, tile.Top};
+    return plates.front();
+}
+
+std::vector<WorldPoint> CornersOf(const Box& box) {
+    return {PointBy(box.Left, box.Bottom), PointBy(box.Right, box.Bottom), PointBy(box.Right, box.Top),
+            PointBy(box.Left, box.Top)};
+}
+
+/// A line that can be seen upon whatever lies below it: with a white rim where areas are filled.
+void DrawRimmed(Surface& surface, bool hasRim, const std::function<void(Colour)>& draw) {
+    constexpr PenWidth rim{0.8, PenWidth::Unit::Millimetres};
+    if (hasRim) {
+        surface.SetPen(rim);
+        draw(White);
+    }
+    surface.SetPen(DrawingPen);
+    draw(TileInk);
 }
 
 /// What stays of a tile when it is cut, on the paper.
@@ -128,17 +154,18 @@ private:
         const double from = side.IsLevel() ? cell_.Left : cell_.Bottom;
         const double to = side.IsLevel() ? cell_.Right : cell_.Top;
         page_.OnPaper(plan_.Area(), [&](Surface& surface) {
-            surface.SetPen(DrawingPen);
             const int dashes = static_cast<int>(std::ceil((to - from) / step));
-            for (int i = 0; i < dashes; ++i) {
-                const double at = from + i * step;
-                const double end = std::min(at + dash, to);
-                if (side.IsLevel()) {
-                    DrawLine(surface, at, edge, end, edge, TileInk);
-                } else {
-                    DrawLine(surface, edge, at, edge, end, TileInk);
+            DrawRimmed(surface, drawing_.Parts.Surface || drawing_.Background, [&](Colour ink) {
+                for (int i = 0; i < dashes; ++i) {
+                    const double at = from + i * step;
+                    const double end = std::min(at + dash, to);
+                    if (side.IsLevel()) {
+                        DrawLine(surface, at, edge, end, edge, ink);
+                    } else {
+                        DrawLine(surface, edge, at, edge, end, ink);
+                    }
                 }
-            }
+            });
         });
     }
 
@@ -194,11 +221,16 @@ void DrawTileBehind(PaperPage& page, const Box& tile, const std::string& name) {
     page.OnPaper(tile, [&](Surface& surface) { DrawFrame(surface, tile, TileInk); });
 }
 
-void DrawTileUpon(PaperPage& page, const Box& tile, const std::string& name, const std::vector<Box>& numbers) {
+void DrawTileUpon(PaperPage& page, const Box& tile, const std::string& name, const std::vector<Box>& numbers,
+                  const std::vector<Box>& pieces) {
+    constexpr double small = 0.5; // cm; a rim alone does not make a name readable then
     const double height = std::min(
         {std::clamp(tile.Height() / 4, 0.28, 0.9), tile.Height() / NameLine, tile.Width() / WidthOfName(name)}); // cm
-    WriteWithRim(page, PlateIn(tile, WidthOfName(name) * height, NameLine * height, numbers), name, height);
-    page.OnPaper(tile, [&](Surface& surface) { DrawFrame(surface, tile, TileInk); });
+    const Box plate = PlateIn(tile, WidthOfName(name) * height, NameLine * height, numbers, pieces);
+    if (height < small) page.OnPaper(tile, [&](Surface& surface) { surface.Fill(CornersOf(plate), White); });
+    WriteWithRim(page, plate, name, height);
+    page.OnPaper(
+        tile, [&](Surface& surface) { DrawRimmed(surface, true, [&](Colour ink) { DrawFrame(surface, tile, ink); }); });
 }
 
 double DrawTileTitle(PaperPage& page, const Box& strip, const std::string& name) {

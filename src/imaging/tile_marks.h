@@ -12,9 +12,10 @@ namespace pistaro {
 /// A tile's edge on an overview with its name across its middle, for a drawing of lines to lie upon.
 void DrawTileBehind(PaperPage& page, const Box& tile, const std::string& name);
 
-/// A tile's edge on an overview with its name in a corner where it hides none of the numbers, readable upon areas of
-/// any colour by a rim of its own.
-void DrawTileUpon(PaperPage& page, const Box& tile, const std::string& name, const std::vector<Box>& numbers);
+/// A tile's edge on an overview with its name in a corner where it hides none of the numbers, nor pieces where there
+/// is such a one; both readable upon areas of any colour by a rim of their own.
+void DrawTileUpon(PaperPage& page, const Box& tile, const std::string& name, const std::vector<Box>& numbers,
+                  const std::vector<Box>& pieces);
 
 /// A tile's name above its drawing, as large as the strip takes it. Gives how wide it is.
 double DrawTileTitle(PaperPage& page, const Box& strip, const std::string& name);

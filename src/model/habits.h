@@ -15,8 +15,11 @@ struct Habits {
     std::string ExportDots;     ///< an inch
     std::string ExportContents; ///< what was ticked; empty before the first time
     std::string PrintContents;
-    std::string PlanEnding; ///< ".html": of the last build plan
-    std::string BoxRoom;    ///< "240x160": the area that circuits from a box were last laid in, cm
+    std::string PrintSize; ///< "tiles" where not all on one sheet; with the scale's N, and how the paper lies
+    std::string PrintScale;
+    std::string PrintOrientation; ///< "Landscape"
+    std::string PlanEnding;       ///< ".html": of the last build plan
+    std::string BoxRoom;          ///< "240x160": the area that circuits from a box were last laid in, cm
 
     bool operator==(const Habits&) const = default;
 };

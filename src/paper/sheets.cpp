@@ -67,6 +67,7 @@ SheetPlan PaperPlan(const Box& extent, const SheetOptions& options) {
         plan.Scale = FittingScale(extent, plan.Area());
         if (!best || plan.Scale < best->Scale) best = plan;
     }
+    if (options.RoundScale) best->Scale = RoundedScale(best->Scale);
     if (options.Scale) {
         const Box area = best->Area();
         const bool fits = extent.Width() / *options.Scale <= area.Width() + 1e-6 &&
@@ -138,6 +139,17 @@ const Sheet* SheetPlan::Beside(const Sheet& sheet, int right, int below) const {
     const Tile wanted{sheet.Row + below, sheet.Column + right};
     const auto found = std::ranges::lower_bound(Sheets, wanted, {}, place);
     return found != Sheets.end() && place(*found) == wanted ? &*found : nullptr;
+}
+
+double RoundedScale(double scale) {
+    constexpr double rounding = 1e-9;
+    double power = 1;
+    while (power * 10 < scale)
+        power *= 10;
+    for (const double step : {1.0, 1.5, 2.0, 2.5, 3.0, 4.0, 5.0, 6.0, 8.0}) {
+        if (step * power >= scale - rounding) return step * power;
+    }
+    return 10 * power;
 }
 
 SheetPlan PlanSheets(const CircuitDrawing& drawing, const SheetOptions& options) {

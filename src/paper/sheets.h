@@ -16,6 +16,7 @@ struct SheetOptions {
     std::optional<double> Scale = {};    ///< the N of 1:N; none: as large as the paper takes it, at most 1:1
     std::optional<PaperSize> Paper = {}; ///< none: a sheet as large as the drawing at its scale
     pistaro::Orientation Orientation = pistaro::Orientation::Automatic;
+    bool RoundScale = false; ///< on one sheet without a scale: RoundedScale of what the paper takes
     bool Tiles = false;
     bool Header = true;    ///< a line of words above and a rule below the drawing
     bool Guides = false;   ///< what helps who lays the track by it; several tiles have that always
@@ -51,6 +52,9 @@ inline constexpr int MostTiles = 10000;
 inline constexpr double SheetMargin = 1;   ///< cm of paper that stay white on each side
 inline constexpr double StripHeight = 0.8; ///< of the words above and of the rule below, cm
 inline constexpr double TileOverlap = 1;   ///< of neighbouring tiles, cm of paper
+
+/// The next N from there on of a scale that a ruler is read at easily: 1, 1.5, 2, 2.5, 3, 4, 5, 6, 8, 10 and so on.
+double RoundedScale(double scale);
 
 /// A single sheet shows all of a background, tiles what of it lies around strokes. Faults: more than MostTiles tiles; a
 /// single sheet that cannot hold the drawing at that scale.

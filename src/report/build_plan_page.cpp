@@ -212,15 +212,19 @@ private:
         page_ += "</g>\n";
         for (const NumberBadge& badge : picture.Badges)
             AddBadge(picture, badge);
-        if (picture.Bar.Length > 0) AddBar(picture.Bar, area.Height - BarInset);
+        if (picture.Bar.Length > 0) AddBar(picture.Bar, area.Height);
         page_ += "</svg>\n";
     }
 
-    void AddBar(const ScaleBar& bar, double y) {
+    void AddBar(const ScaleBar& bar, double height) {
         const std::string tick = Number(BarTick);
-        page_ += "<path class=\"foot\" stroke-width=\".03\" d=\"M" + Number(BarInset) + ' ' + Number(y - BarTick) +
+        const double y = height - bar.Up;
+        const Box ground = bar.Ground();
+        page_ += "<rect fill=\"#fff\"" + Attribute("x", ground.Left) + Attribute("y", height - ground.Top) +
+                 Attribute("width", ground.Width()) + Attribute("height", ground.Height()) + "/>";
+        page_ += "<path class=\"foot\" stroke-width=\".03\" d=\"M" + Number(bar.Left) + ' ' + Number(y - BarTick) +
                  'v' + tick + 'h' + Number(bar.Length) + "v-" + tick + "\"/><text class=\"length\"" +
-                 Attribute("font-size", FontHeight) + Attribute("x", BarInset + bar.Length + BarTextGap) +
+                 Attribute("font-size", FontHeight) + Attribute("x", bar.Left + bar.Length + BarTextGap) +
                  Attribute("y", y) + '>' + bar.Text + "</text>\n";
     }
 
@@ -246,11 +250,12 @@ private:
                      Attribute("y1", y(badge.Place)) + Attribute("x2", x(badge.Foot)) + Attribute("y2", y(badge.Foot)) +
                      "/>";
         }
+        const double font = FontHeight * badge.Height / BadgeHeight;
         page_ += "<rect class=\"badge\" stroke-width=\".03\"" + Attribute("x", x(badge.Place) - badge.Width / 2) +
-                 Attribute("y", y(badge.Place) - BadgeHeight / 2) + Attribute("width", badge.Width) +
-                 Attribute("height", BadgeHeight) + Attribute("rx", BadgeHeight / 2) + "/><text" +
-                 Attribute("font-size", FontHeight) + Attribute("x", x(badge.Place)) +
-                 Attribute("y", y(badge.Place) + FontHeight * 0.36) + '>' + badge.Text + "</text>\n";
+                 Attribute("y", y(badge.Place) - badge.Height / 2) + Attribute("width", badge.Width) +
+                 Attribute("height", badge.Height) + Attribute("rx", badge.Height / 2) + "/><text" +
+                 Attribute("font-size", font) + Attribute("x", x(badge.Place)) +
+                 Attribute("y", y(badge.Place) + font * 0.36) + '>' + badge.Text + "</text>\n";
     }
 
     const Catalogue& catalogue_;

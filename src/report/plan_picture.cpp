@@ -6,13 +6,14 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace pistaro {
 
 namespace {
 
-constexpr double PaperMargin = 0.9; ///< cm of paper around what a picture is about, for numbers that stand aside
-constexpr double LeastAcross = 90;  ///< cm of the world: a lone piece is to be seen among its neighbours
+constexpr double PaperMargin = 0.75; ///< cm of paper around what a picture is about, for numbers that stand aside
+constexpr double LeastAcross = 90;   ///< cm of the world: a lone piece is to be seen among its neighbours
 constexpr Colour ArrowColour = ShownColour;
 
 /// An arrow with its tip so far beyond a piece's entry, by `size` long.
@@ -43,6 +44,13 @@ PlanPicture PictureAround(const Box& box, PictureArea area, double margin, doubl
     return picture;
 }
 
+/// A box of its paper, from the lower left corner, as the world that it covers.
+Box InWorld(const PlanPicture& picture, const Box& paper) {
+    const auto x = [&](double cm) { return picture.Part.Left + cm * picture.Scale; };
+    const auto y = [&](double cm) { return picture.Part.Bottom + cm * picture.Scale; };
+    return {x(paper.Left), y(paper.Bottom), x(paper.Right), y(paper.Top)};
+}
+
 Box BoxOfPieces(const BuildPlan& plan, int first, int last) {
     Box box;
     for (int at = first; at <= last; ++at)
@@ -57,6 +65,37 @@ ScaleBar BarAt(double scale, const Units& units) {
     return {rule.Length / scale, rule.Text};
 }
 
+/// Into the first corner in which it hides none of the plan's pieces up to that one; the first of all where none is.
+void PlaceBar(PlanPicture& picture, const BuildPlan& plan, int last, PictureArea area) {
+    picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
+    ScaleBar& bar = picture.Bar;
+    const Box ground = bar.Ground();
+    const double right = area.Width - ground.Width(), up = area.Height - ground.Height() + BarInset;
+    for (const auto& [left, bottom] : {std::pair(BarInset, BarInset), {right, BarInset}, {BarInset, up}, {right, up}}) {
+        bar.Left = left;
+        bar.Up = bottom;
+        const Box hidden = InWorld(picture, bar.Ground());
+        bool isFree = true;
+        for (int at = 0; at <= last && isFree; ++at)
+            isFree = !plan.Piece(at).Extent.Meets(hidden);
+        if (isFree) return;
+    }
+    bar.Left = bar.Up = BarInset;
+}
+
+/// A line across the track where a step begins behind another one.
+FilledArea PartingAt(const Corners& corners, double scale) {
+    constexpr double beyond = 0.22, half = 0.05; // cm of paper
+    const WorldPoint entry = Between(corners.Entry, corners.OtherEntry);
+    const Way across = AcrossEntry(corners);
+    const double length = Distance(corners.Entry, corners.OtherEntry) / 2 + beyond * scale;
+    const auto place = [&](double aside, double along) {
+        return PointBy(entry.X + across.X * aside - across.Y * along, entry.Y + across.Y * aside + across.X * along);
+    };
+    const double thick = half * scale;
+    return {{place(-length, -thick), place(length, -thick), place(length, thick), place(-length, thick)}, ShownColour};
+}
+
 /// The start lines of the tracks that have been begun with.
 void AddStarts(PlanPicture& picture, const BuildPlan& plan, int last) {
     for (const BuildStep& track : WholeTracks(plan)) {
@@ -69,18 +108,20 @@ void AddStarts(PlanPicture& picture, const BuildPlan& plan, int last) {
 
 /// Finds places for numbers in a picture, beside its scale bar.
 BadgePlaces PlacesIn(const PlanPicture& picture) {
-    constexpr double height = 0.65, words = 1.5; // cm of paper
-    const Box& part = picture.Part;
-    BadgePlaces places(part, picture.Scale);
-    places.Reserve({part.Left, part.Bottom, part.Left + (BarInset + picture.Bar.Length + words) * picture.Scale,
-                    part.Bottom + height * picture.Scale});
+    BadgePlaces places(picture.Part, picture.Scale, PlanBadgeHeight);
+    places.Reserve(InWorld(picture, picture.Bar.Ground()));
     return places;
 }
 
 } // namespace
 
+Box ScaleBar::Ground() const {
+    constexpr double words = 1.4, below = 0.12, above = 0.4, before = 0.12; // cm of paper
+    return {Left - before, Up - below, Left + Length + words, Up + above};
+}
+
 std::vector<double> StepScales(const BuildPlan& plan, PictureArea area) {
-    constexpr double most = 2; // times as small as it fits
+    constexpr double most = 3; // times as small as it fits
     std::vector<double> scales, shared;
     for (const BuildStep& step : plan.Steps)
         scales.push_back(FittingScale(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin));
@@ -97,7 +138,7 @@ std::vector<double> StepScales(const BuildPlan& plan, PictureArea area) {
 PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area, double scale) {
     constexpr double arrowLength = 0.6; // cm of paper
     PlanPicture picture = PictureAround(BoxOfPieces(plan, step.First, step.Last), area, PaperMargin, scale);
-    picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
+    PlaceBar(picture, plan, step.Last, area);
     AddStarts(picture, plan, step.Last);
     picture.Marks.push_back(ArrowAt(plan.Piece(step.First).Placement.Corners, 0, arrowLength * picture.Scale));
     BadgePlaces places = PlacesIn(picture);
@@ -109,9 +150,15 @@ PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea 
 
 PlanPicture WholePicture(const BuildPlan& plan, PictureArea area) {
     PlanPicture picture = PictureAround(plan.Drawing.Extent, area, PaperMargin);
-    picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
-    AddStarts(picture, plan, static_cast<int>(plan.Drawing.Pieces.size()));
+    const int last = static_cast<int>(plan.Drawing.Pieces.size()) - 1;
+    PlaceBar(picture, plan, last, area);
+    AddStarts(picture, plan, last);
     if (plan.Steps.size() < 2) return picture;
+    for (std::size_t step = 1; step < plan.Steps.size(); ++step) {
+        const DrawnPiece& first = plan.Piece(plan.Steps[step].First);
+        const bool goesOn = plan.Piece(plan.Steps[step - 1].Last).Track == first.Track;
+        if (goesOn) picture.Marks.push_back(PartingAt(first.Placement.Corners, picture.Scale));
+    }
     BadgePlaces places = PlacesIn(picture);
     for (std::size_t step = 0; step < plan.Steps.size(); ++step)
         places.Add(std::to_string(step + 1),

@@ -28,12 +28,18 @@ inline constexpr double ThinnestWay = 0.06;
 inline constexpr Colour ShownColour = Rgb(0x1F, 0x4E, 0xA8); ///< of the frame around what a step's picture shows
 inline constexpr double ShownWidth = 0.04;
 
-/// A length of the world, in a picture's lower left corner.
+inline constexpr double PlanBadgeHeight = 0.42; ///< of its numbers: they hide little of the track
+inline constexpr double BarInset = 0.25;        ///< of a scale bar from a picture's edges
+
+/// A length of the world, in a corner of a picture, if there is one without track.
 struct ScaleBar {
-    double Length = 0; ///< cm of paper; none where it is 0
-    std::string Text;  ///< "50 cm"
+    double Length = 0;                     ///< cm of paper; none where it is 0
+    std::string Text;                      ///< "50 cm"
+    double Left = BarInset, Up = BarInset; ///< where it begins, cm of paper from the lower left corner
+
+    /// What it takes with its words, cm of paper from the lower left corner.
+    Box Ground() const;
 };
-inline constexpr double BarInset = 0.25;   ///< of its left end from the corner, to the right and up
 inline constexpr double BarTick = 0.12;    ///< up from its ends
 inline constexpr double BarTextGap = 0.12; ///< between it and its words
 
@@ -46,14 +52,15 @@ struct PlanPicture {
 };
 
 /// A scale for each step's picture in such areas: one for all, so that pieces are as large in each; but where a step
-/// would be less than half as large as it fits, it and others like it have one of their own.
+/// would be less than a third as large as it fits, it and others like it have one of their own.
 std::vector<double> StepScales(const BuildPlan& plan, PictureArea area);
 
 /// The new pieces of a step, each with its number, and what lies around them; an arrow leads to the first of them. At
 /// that scale, or the one at which they fit where that shows more.
 PlanPicture PictureOf(const BuildPlan& plan, const BuildStep& step, PictureArea area, double scale = 0);
 
-/// All tracks of a plan that has steps; its numbers are those of the steps, from 1, where there are several.
+/// All tracks of a plan that has steps; where there are several, its numbers are theirs, from 1, and a line across the
+/// track parts each from the one before.
 PlanPicture WholePicture(const BuildPlan& plan, PictureArea area);
 
 /// All tracks, to be shown small beside a step's picture: with an arrow at the start of the step's track.

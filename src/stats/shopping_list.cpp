@@ -60,7 +60,7 @@ std::string ShoppingTableBytes(const Stock& stock, const Units& units, const Det
         const Cents price = CentsOf(stock[label.Product->StockIndex].Price);
         total += price * label.Count;
         lines << std::to_string(label.Count) + "," + label.Tag + "," + quoted(label.Product->LongName) + "," +
-                     MoneyText(price) + "," + MoneyText(price * label.Count);
+                     (price == 0 ? "," : MoneyText(price) + "," + MoneyText(price * label.Count)); // 0 is unknown
     }
     lines << ",," + quoted("Total, " + units.Currency) + ",," + MoneyText(total);
     return lines.Take();

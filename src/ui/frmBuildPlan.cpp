@@ -1,10 +1,12 @@
 #include "ui/frmBuildPlan.h"
 
 #include "imaging/paper_page.h"
+#include "ui/beside_preview.h"
 #include "ui/choice_list.h"
 #include "ui/drawn_parts_box.h"
 #include "ui/named_controls.h"
 
+#include <QEvent>
 #include <QFormLayout>
 
 #include <algorithm>
@@ -13,7 +15,7 @@ namespace pistaro {
 
 namespace {
 
-constexpr QSize PreviewSize(400, 470);
+constexpr QSize LeastPreview(300, 350);
 constexpr std::size_t MostPages = 8; ///< in the preview
 
 QString FactsText(const BuildPlan& plan) {
@@ -37,13 +39,11 @@ frmBuildPlan::frmBuildPlan(Session& session, QWidget* parent) : QDialog(parent),
     lblFacts_->setTextFormat(Qt::PlainText); // codes of unknown elements stand in it
     lblFacts_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     left->addWidget(lblFacts_, 1);
-    auto* const columns = new QHBoxLayout;
-    columns->addLayout(left, 1);
-    columns->addLayout(PreviewColumn());
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(columns);
-    layout->addLayout(Buttons());
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    LayOutBesidePreview(*this, left, PreviewColumn(), Buttons());
+    constexpr int calm = 80; // milliseconds
+    resized_.setSingleShot(true);
+    resized_.setInterval(calm);
+    connect(&resized_, &QTimer::timeout, this, [this] { DrawPages(); });
     PlanAgain();
 }
 
@@ -56,7 +56,6 @@ QGroupBox* frmBuildPlan::ChoiceFrame() {
         cboFormat_->setCurrentIndex(cboFormat_->findData(static_cast<int>(*last)));
     lblFormat_ = Named(new QLabel, "lblFormat");
     lblFormat_->setWordWrap(true);
-    lblFormat_->setForegroundRole(QPalette::PlaceholderText);
     constexpr int width = 300; // pixels, whatever is told
     lblFormat_->setFixedSize(width, 2 * lblFormat_->fontMetrics().lineSpacing());
     cboPaper_ = NewPaperList(session_.Habits.Paper);
@@ -79,12 +78,14 @@ QGroupBox* frmBuildPlan::ChoiceFrame() {
 QLayout* frmBuildPlan::PreviewColumn() {
     picPage_ = Named(new QLabel, "picPage");
     picPage_->setAccessibleName("Preview of the plan");
-    picPage_->setFixedSize(PreviewSize);
+    picPage_->setMinimumSize(LeastPreview);
+    picPage_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // the page follows it, not it the page
+    picPage_->installEventFilter(this);
     picPage_->setAlignment(Qt::AlignCenter);
     picPage_->setAutoFillBackground(true);
     picPage_->setBackgroundRole(QPalette::Mid);
     auto* const column = new QVBoxLayout;
-    column->addWidget(picPage_);
+    column->addWidget(picPage_, 1);
     column->addLayout(PageRow());
     return column;
 }
@@ -110,11 +111,11 @@ QLayout* frmBuildPlan::PageRow() {
 
 QLayout* frmBuildPlan::Buttons() {
     QPushButton* const cmdWrite = NewButton("cmdWrite", "&Write…");
-    QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
+    QPushButton* const cmdClose = NewButton("cmdClose", "Close");
     cmdWrite->setDefault(true);
     connect(cmdWrite, &QPushButton::clicked, this, [this] { Write(); });
-    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    return ButtonRow({cmdWrite, cmdCancel});
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    return ButtonRow({cmdWrite, cmdClose});
 }
 
 PlanFormat frmBuildPlan::Format() const { return static_cast<PlanFormat>(cboFormat_->currentData().toInt()); }
@@ -127,17 +128,27 @@ void frmBuildPlan::PlanAgain() {
     cboPaper_->setToolTip(onPaper ? "" : "A web page is as wide as its window, and is printed on any paper");
     lblFormat_->setText(onPaper ? "To print and lay beside the track."
                                 : "For a browser, also on a telephone; the preview shows it as it is printed.");
-    const PaperSize paper = onPaper ? Paper() : PaperA4;
     plan_ = BuildPlanOf(session_.Catalogue, session_.Project, cboTrack_->currentData().toInt());
     lblFacts_->setText(FactsText(plan_));
+    page_ = 0;
+    DrawPages();
+}
+
+void frmBuildPlan::DrawPages() {
     constexpr int desk = 10; // pixels around the paper
-    const double perCm =
-        std::min((PreviewSize.width() - 2 * desk) / paper.Width, (PreviewSize.height() - 2 * desk) / paper.Height);
+    const PaperSize paper = Format() == PlanFormat::Pdf ? Paper() : PaperA4;
+    const QSize room = picPage_->size().expandedTo(LeastPreview) - QSize(2 * desk, 2 * desk);
+    const double perCm = std::min(room.width() / paper.Width, room.height() / paper.Height);
     const double sharp = devicePixelRatioF();
     preview_ = PreviewBuildPlan(session_.Catalogue, plan_, paper, perCm * CmPerInch * sharp, MostPages);
     for (QImage& page : preview_.Pages)
         page.setDevicePixelRatio(sharp);
-    ShowPage(0);
+    ShowPage(page_);
+}
+
+bool frmBuildPlan::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == picPage_ && event->type() == QEvent::Resize) resized_.start();
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmBuildPlan::ShowPage(int page) {
@@ -156,7 +167,6 @@ void frmBuildPlan::Write() {
     if (!written) return;
     session_.Habits.PlanEnding = EndingOf(*written);
     if (*written == PlanFormat::Pdf) session_.Habits.Paper = cboPaper_->currentText().toStdString();
-    accept();
 }
 
 } // namespace pistaro

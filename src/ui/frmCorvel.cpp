@@ -266,6 +266,7 @@ void frmCorvel::closeEvent(QCloseEvent* event) {
     if (closing_) return event->ignore(); // the question is being asked already
     closing_ = true;
     event->setAccepted(session_.TryRun(*session_.Commands.Find("quit")));
+    if (event->isAccepted()) balance_->hide(); // with which panels come back that are there the next time
     closing_ = false;
 }
 

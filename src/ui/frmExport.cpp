@@ -1,20 +1,20 @@
 #include "ui/frmExport.h"
 
-#include "imaging/sheet_picture.h"
 #include "platform/fault.h"
 #include "stats/detail.h"
-#include "text/count_text.h"
+#include "ui/beside_preview.h"
 #include "ui/choice_list.h"
+#include "ui/export_texts.h"
 #include "ui/named_controls.h"
 #include "ui/preview_lines.h"
 #include "ui/purpose_beside.h"
+#include "ui/scale_box.h"
 
 #include <QFontDatabase>
 #include <QSignalBlocker>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace pistaro {
 
@@ -39,11 +39,11 @@ struct SizeChoice {
     const char* Habit; ///< as it is remembered
 };
 
-constexpr SizeChoice SizeChoices[] = {{Size::OnPaper, "As large as fits on the paper", "paper"},
+constexpr SizeChoice SizeChoices[] = {{Size::Width, "At a width in pixels", "width"},
+                                      {Size::OnPaper, "As large as fits on the paper", "paper"},
                                       {Size::ToScale, "To scale, on a sheet of its own size", "scale"},
                                       {Size::ScaleOnPaper, "To scale, on one sheet of the paper", "sheet"},
-                                      {Size::Tiles, "To scale, in tiles of the paper", "tiles"},
-                                      {Size::Width, "At a width in pixels", "width"}};
+                                      {Size::Tiles, "To scale, in tiles of the paper", "tiles"}};
 
 bool Offers(ExportFormat format, Size size) {
     if (size == Size::Tiles) return format == ExportFormat::Pdf;
@@ -59,43 +59,6 @@ bool IsText(ExportFormat format) {
 const char* WhyNoSize(ExportFormat format) {
     if (IsText(format)) return "This file holds text and no drawing, so it has no size.";
     return format == ExportFormat::Dxf ? "A construction is always at full size, in centimetres." : "";
-}
-
-QString TableText(const CircuitDrawing& drawing) {
-    return QString("A table of %1 pieces, a line each: code, name, where it lies. Counts and prices are in another "
-                   "format: Shopping list (CSV).")
-        .arg(drawing.Pieces.size());
-}
-
-QString ShoppingText(const Detail& detail) {
-    int count = 0;
-    for (const CountLabel& label : detail.Labels)
-        count += label.Count;
-    if (count == 0) return "Nothing is to be bought: you own all of these pieces.";
-    return Shown(CountText(count, "piece")) +
-           " to buy, beyond those that you own. Settings ▸ Loose Track takes what you own, and prices.";
-}
-
-/// "21 × 29.7 cm"
-QString LengthsText(double width, double height, const Units& units) {
-    const auto rounded = [&](double length) { return std::round(length / units.UnitFactor() * 10) / 10; };
-    return QString("%1 × %2 %3").arg(rounded(width)).arg(rounded(height)).arg(units.Name());
-}
-
-/// "1 sheet at 1:5.4, 21 × 29.7 cm", "15.5 × 35 cm at full size".
-QString SizeText(const PlannedSheets& sheets, ExportFormat format, const ExportOptions& options) {
-    const SheetPlan& plan = sheets.Plan;
-    const Units& units = sheets.Drawing.Preferences.Units;
-    const QString size = LengthsText(plan.Width, plan.Height, units);
-    if (format == ExportFormat::Dxf) {
-        const Box& extent = sheets.Drawing.Extent;
-        return LengthsText(extent.Width(), extent.Height(), units) + " at full size";
-    }
-    if (format == ExportFormat::Pdf) return SheetsText(sheets) + ", " + size + (plan.Tiled ? " each" : "");
-    QString atScale = size + " at " + Shown(plan.ScaleText());
-    if (format == ExportFormat::Svg) return atScale;
-    const PixelSize pixels = SheetPixels(plan, DotsPerInchOf(plan, options));
-    return QString("%1 × %2 pixels, %3").arg(pixels.Width).arg(pixels.Height).arg(atScale);
 }
 
 template <typename Value>
@@ -120,14 +83,9 @@ frmExport::frmExport(Session& session, QWidget* parent) : QDialog(parent), sessi
     left->addWidget(SizeFrame());
     left->addWidget(parts_);
     left->addStretch();
-    auto* const columns = new QHBoxLayout;
-    columns->addLayout(left);
-    columns->addLayout(PreviewColumn());
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(columns);
-    layout->addLayout(Buttons());
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    LayOutBesidePreview(*this, left, PreviewColumn(), Buttons());
     BeginAsLastTime();
+    connect(this, &QDialog::finished, this, [this] { Remember(); });
 }
 
 QGroupBox* frmExport::FormatFrame() {
@@ -138,7 +96,9 @@ QGroupBox* frmExport::FormatFrame() {
         PurposeBeside::Add(*cboFormat_, CaptionOf(format), static_cast<int>(format), PurposeOf(format));
     new PurposeBeside(*cboFormat_); // which is the list's
     lblPurpose_ = Named(new QLabel, "lblPurpose");
-    lblPurpose_->setForegroundRole(QPalette::PlaceholderText);
+    for (const ExportFormat format : Formats) // the window keeps its own width whatever is told
+        lblPurpose_->setMinimumWidth(
+            std::max(lblPurpose_->minimumWidth(), lblPurpose_->fontMetrics().horizontalAdvance(PurposeOf(format))));
     form->addRow("&Format:", cboFormat_);
     form->addRow(lblPurpose_);
     connect(cboFormat_, &QComboBox::currentIndexChanged, this, [this] { FollowFormat(); });
@@ -147,7 +107,9 @@ QGroupBox* frmExport::FormatFrame() {
 
 void frmExport::BeginAsLastTime() {
     const Habits& habits = session_.Habits;
-    if (const double scale = Shown(habits.ExportScale).toDouble(); scale > 0) spnScale_->setValue(scale);
+    if (const double scale = Shown(habits.ExportScale).toDouble(); scale > 0) firstScale_ = scale;
+    spnScale_->setValue(firstScale_);
+    hasChosenScale_ = false;
     if (const int width = Shown(habits.ExportWidth).toInt(); width > 0) spnWidth_->setValue(width);
     if (const int dots = Shown(habits.ExportDots).toInt(); dots > 0) spnDots_->setValue(dots);
     if (const auto last = FormatOfHabit(habits.ExportEnding)) {
@@ -170,11 +132,7 @@ QGroupBox* frmExport::SizeFrame() {
         cboSize_->addItem(size.Caption);
     cboSize_->setMinimumWidth(cboSize_->sizeHint().width()); // the window keeps its own whatever is offered
     cboPaper_ = NewPaperList(session_.Habits.Paper);
-    spnScale_ = Named(new QDoubleSpinBox, "spnScale");
-    spnScale_->setPrefix("1:");
-    spnScale_->setDecimals(1);
-    spnScale_->setRange(0.1, 1000);
-    spnScale_->setValue(10);
+    spnScale_ = Named(new ScaleBox(0.1, 1000, firstScale_), "spnScale");
     spnDots_ = Named(new QSpinBox, "spnDots");
     spnDots_->setRange(10, 2400);
     spnDots_->setValue(300);
@@ -197,41 +155,52 @@ QGroupBox* frmExport::SizeFrame() {
     connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QSpinBox* const box : {spnDots_, spnWidth_})
         connect(box, &QSpinBox::valueChanged, this, [this] { PlanAgain(); });
-    connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] { PlanAgain(); });
+    connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] {
+        hasChosenScale_ = true;
+        PlanAgain();
+    });
     connect(cboPaper_, &QComboBox::currentIndexChanged, this, [this] { PlanAgain(); });
     connect(cboSize_, &QComboBox::currentIndexChanged, this, [this] { FollowSize(); });
     return frame;
 }
 
 QLayout* frmExport::PreviewColumn() {
-    picSheet_ = Named(new SheetPreview(sheets_, {}, {360, 360}), "picSheet");
+    picSheet_ = Named(new SheetPreview(sheets_, {}), "picSheet");
     picSheet_->setAccessibleName("Preview of the file");
     lblPlanned_ = Named(new QLabel, "lblPlanned");
     lblPlanned_->setWordWrap(true);
     lblPlanned_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    lblPlanned_->setFixedSize(picSheet_->width(), 3 * lblPlanned_->fontMetrics().lineSpacing());
+    lblPlanned_->setMinimumHeight(3 * lblPlanned_->fontMetrics().lineSpacing()); // whatever is told, nothing moves
+    cmdPossible_ = NewButton("cmdPossible", "Take the largest");
+    cmdPossible_->setAutoDefault(false);
+    QSizePolicy keepsItsPlace = cmdPossible_->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    cmdPossible_->setSizePolicy(keepsItsPlace);
+    connect(cmdPossible_, &QPushButton::clicked, this, [this] { TakePossible(); });
     txtLines_ = Named(new QPlainTextEdit, "txtLines");
     txtLines_->setAccessibleName("The file's first lines");
     txtLines_->setReadOnly(true);
     txtLines_->setLineWrapMode(QPlainTextEdit::NoWrap);
     txtLines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    txtLines_->setFixedSize(picSheet_->size());
-    txtLines_->hide();
+    views_ = new QStackedWidget;
+    views_->addWidget(picSheet_);
+    views_->addWidget(txtLines_);
+    auto* const told = new QHBoxLayout;
+    told->addWidget(lblPlanned_, 1);
+    told->addWidget(cmdPossible_, 0, Qt::AlignTop);
     auto* const column = new QVBoxLayout;
-    column->addWidget(picSheet_);
-    column->addWidget(txtLines_);
-    column->addWidget(lblPlanned_);
-    column->addStretch();
+    column->addWidget(views_, 1);
+    column->addLayout(told);
     return column;
 }
 
 QLayout* frmExport::Buttons() {
     cmdExport_ = NewButton("cmdExport", "&Export…");
-    QPushButton* const cmdCancel = NewButton("cmdCancel", "Cancel");
+    QPushButton* const cmdClose = NewButton("cmdClose", "Close");
     cmdExport_->setDefault(true);
     connect(cmdExport_, &QPushButton::clicked, this, [this] { Export(); });
-    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    return ButtonRow({cmdExport_, cmdCancel});
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    return ButtonRow({cmdExport_, cmdClose});
 }
 
 ExportFormat frmExport::Format() const { return SizeOf<ExportFormat>(*cboFormat_); }
@@ -279,6 +248,7 @@ void frmExport::FollowSize() {
     ShowRow(spnWidth_, isOneOf({Size::Width}));
     ShowRow(spnDots_, Format() == ExportFormat::Png && !isOneOf({Size::Width}));
     ShowRow(chkWalls_, isOneOf({Size::Tiles}));
+    if (!hasChosenScale_) BeginWithAScale();
     PlanAgain();
 }
 
@@ -293,19 +263,54 @@ void frmExport::PlanAgain() {
     chkWalls_->setEnabled(chosen.Sheets.Tiles && chosen.Parts.Room && !session_.Project.Design.Room.Points.empty());
     bool can = false;
     const bool isText = IsText(Format());
-    QWidget* const views[] = {picSheet_, txtLines_};
-    views[isText ? 0 : 1]->hide(); // before the other one comes, or the window would grow for a moment
-    views[isText ? 1 : 0]->show();
+    views_->setCurrentIndex(isText ? 1 : 0);
     txtLines_->clear();
+    possible_.reset();
     try {
         lblPlanned_->setText(PlannedText());
         if (isText) ShowLines();
         can = true;
     } catch (const Fault& fault) {
         lblPlanned_->setText(Shown(fault.what()));
+        if (!isText) OfferPossible();
     }
+    cmdPossible_->setVisible(possible_.has_value());
     cmdExport_->setEnabled(can);
     picSheet_->ShowSheet(0);
+}
+
+void frmExport::OfferPossible() try {
+    const ExportOptions chosen = Chosen();
+    CircuitDrawing drawing = DrawingOf(session_.Catalogue, session_.Project, chosen.Parts);
+    const auto backdrop = TakeBackdrop(drawing, session_.Pictures);
+    possible_ = PossibleExport(drawing, Format(), chosen);
+    if (!possible_) return;
+    const QString value = possible_->Sheets.Scale ? "1:" + spnScale_->textFromValue(*possible_->Sheets.Scale)
+                          : possible_->PixelWidth ? QString("%1 pixels").arg(*possible_->PixelWidth)
+                                                  : QString("%1 dots per inch").arg(possible_->DotsPerInch);
+    cmdPossible_->setText("Take " + value);
+    cmdPossible_->setToolTip("The largest that works");
+} catch (const Fault&) {
+    possible_.reset(); // what cannot be drawn at all is told already
+}
+
+void frmExport::TakePossible() {
+    const ExportOptions taken = *possible_;
+    if (taken.Sheets.Scale)
+        spnScale_->setValue(*taken.Sheets.Scale);
+    else if (taken.PixelWidth)
+        spnWidth_->setValue(*taken.PixelWidth);
+    else
+        spnDots_->setValue(static_cast<int>(taken.DotsPerInch));
+    cmdExport_->setFocus();
+}
+
+void frmExport::BeginWithAScale() {
+    if (!spnScale_->isEnabled()) return;
+    const QSignalBlocker plannedBelow(spnScale_);
+    spnScale_->setValue(firstScale_);
+    OfferPossible();
+    if (possible_) spnScale_->setValue(*possible_->Sheets.Scale);
 }
 
 void frmExport::ShowLines() {
@@ -347,9 +352,7 @@ void frmExport::Export() {
         WriteExport(session_, *file, ExportBytes(session_.Catalogue, session_.Project, file->Format, Chosen()));
         written = true;
     });
-    if (!written) return;
-    Remember();
-    accept();
+    if (written) Remember();
 }
 
 void frmExport::Remember() {

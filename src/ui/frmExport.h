@@ -11,11 +11,12 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSpinBox>
+#include <QStackedWidget>
 
 namespace pistaro {
 
 /// Modal. It begins with what was chosen the last time, at first with what the window shows.
-/// Export asks for the file and closes when one was written.
+/// Export asks for the file, writes it and tells of it; the dialog stays for the next one.
 class frmExport : public QDialog {
 public:
     explicit frmExport(Session& session, QWidget* parent = nullptr);
@@ -40,6 +41,11 @@ private:
     void ShowLines();
     /// How large the file's drawing is, or how long its table. Fault: it cannot be written so.
     QString PlannedText();
+    /// Offers what comes nearest to the fields where they cannot be met.
+    void OfferPossible();
+    void TakePossible();
+    /// A scale that works in place of one that was not chosen.
+    void BeginWithAScale();
     void Export();
     /// Another format with the same way to choose its size, where it offers that.
     void ChangeFormat(ExportFormat format);
@@ -56,8 +62,12 @@ private:
     std::optional<PlannedSheets> sheets_;
     SheetPreview* picSheet_ = nullptr;
     QPlainTextEdit* txtLines_ = nullptr; ///< in the preview's place where there is no drawing
+    QStackedWidget* views_ = nullptr;    ///< the preview, and the lines
     QLabel *lblPurpose_ = nullptr, *lblPlanned_ = nullptr, *lblNoSize_ = nullptr;
-    QPushButton* cmdExport_ = nullptr;
+    QPushButton *cmdExport_ = nullptr, *cmdPossible_ = nullptr;
+    double firstScale_ = 10;                ///< the N of 1:N that is proposed where it works: that of the last time
+    bool hasChosenScale_ = false;           ///< its user, since the dialog came up
+    std::optional<ExportOptions> possible_; ///< what would work, where the fields do not
 };
 
 } // namespace pistaro

@@ -2,11 +2,12 @@
 
 #include "imaging/pdf_file.h"
 #include "platform/fault.h"
+#include "ui/beside_preview.h"
 #include "ui/choice_list.h"
 #include "ui/named_controls.h"
+#include "ui/scale_box.h"
 
 #include <QDate>
-#include <QFormLayout>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -15,6 +16,18 @@
 namespace pistaro {
 
 namespace {
+
+/// As it is remembered how large a circuit is printed.
+constexpr const char *TilesHabit = "tiles", *RoundHabit = "round scale", *PageHabit = "page";
+
+/// Under the choice that it goes with.
+QLayout* Indented(QWidget* control) {
+    constexpr int indent = 20; // pixels, of a radio button's mark
+    auto* const row = new QHBoxLayout;
+    row->addSpacing(indent);
+    row->addWidget(control);
+    return row;
+}
 
 std::string Today() { return QDate::currentDate().toString(Qt::ISODate).toStdString(); }
 
@@ -31,13 +44,9 @@ frmPrint::frmPrint(Session& session, QWidget* parent) : QDialog(parent), session
     left->addWidget(PaperFrame());
     left->addWidget(parts_);
     left->addStretch();
-    auto* const columns = new QHBoxLayout;
-    columns->addLayout(left);
-    columns->addLayout(PreviewColumn());
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(columns);
-    layout->addLayout(Buttons());
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    LayOutBesidePreview(*this, left, PreviewColumn(), Buttons());
+    BeginAsLastTime();
+    connect(this, &QDialog::finished, this, [this] { Remember(); });
     PlanAgain();
 }
 
@@ -48,35 +57,43 @@ QGroupBox* frmPrint::PaperFrame() {
     cboOrientation_ = Named(new ChoiceList, "cboOrientation");
     for (const char* const way : {"Whichever fits best", "Portrait", "Landscape"})
         cboOrientation_->addItem(way);
-    optFit_ = Named(new QRadioButton("&Fit on one sheet"), "optSize", 0);
-    optScale_ = Named(new QRadioButton("To &scale, in tiles"), "optSize", 1);
-    optFit_->setChecked(true);
-    spnScale_ = Named(new QDoubleSpinBox, "spnScale");
-    spnScale_->setPrefix("1:");
-    spnScale_->setAccessibleName("Scale");
-    spnScale_->setDecimals(1);
-    spnScale_->setRange(1, 50);
-    spnScale_->setValue(1);
-    spnScale_->setEnabled(false);
     form->addRow("P&aper:", cboPaper_);
     form->addRow("O&rientation:", cboOrientation_);
-    form->addRow(optFit_);
-    form->addRow(optScale_, spnScale_);
-    chkWalls_ = NewWallsBox(session_.Habits.PrintContents);
-    form->addRow(chkWalls_);
-    connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QComboBox* const list : {cboPaper_, cboOrientation_})
         connect(list, &QComboBox::currentIndexChanged, this, [this] { PlanAgain(); });
-    connect(optScale_, &QRadioButton::toggled, this, [this](bool scaled) {
-        spnScale_->setEnabled(scaled);
-        PlanAgain();
-    });
-    connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] { PlanAgain(); });
+    AddSizeRows(*form);
     return frame;
 }
 
+void frmPrint::AddSizeRows(QFormLayout& form) {
+    optFit_ = Named(new QRadioButton("&Fit on one sheet"), "optSize", 0);
+    optScale_ = Named(new QRadioButton("To &scale, in tiles"), "optSize", 1);
+    optFit_->setChecked(true);
+    spnScale_ = Named(new ScaleBox(1, 50, 1), "spnScale");
+    chkRound_ = Named(new QCheckBox("At a roun&d scale"), "chkRound");
+    chkRound_->setToolTip("A little smaller, so that a ruler tells lengths easily: 1:5, 1:10, 1:25 …");
+    chkWalls_ = NewWallsBox(session_.Habits.PrintContents);
+    form.addRow(optFit_);
+    form.addRow(Indented(chkRound_));
+    form.addRow(optScale_, spnScale_);
+    form.addRow(Indented(chkWalls_));
+    for (QCheckBox* const box : {chkRound_, chkWalls_})
+        connect(box, &QCheckBox::toggled, this, [this] { PlanAgain(); });
+    connect(optScale_, &QRadioButton::toggled, this, [this] { PlanAgain(); });
+    connect(spnScale_, &QDoubleSpinBox::valueChanged, this, [this] { PlanAgain(); });
+}
+
+void frmPrint::BeginAsLastTime() {
+    const Habits& habits = session_.Habits;
+    if (const double scale = Shown(habits.PrintScale).toDouble(); scale > 0) spnScale_->setValue(scale);
+    if (const int way = cboOrientation_->findText(Shown(habits.PrintOrientation)); way >= 0)
+        cboOrientation_->setCurrentIndex(way);
+    chkRound_->setChecked(habits.PrintSize == RoundHabit);
+    optScale_->setChecked(habits.PrintSize == TilesHabit);
+}
+
 QLayout* frmPrint::PreviewColumn() {
-    picSheet_ = Named(new SheetPreview(sheets_, date_, {460, 420}), "picSheet");
+    picSheet_ = Named(new SheetPreview(sheets_, date_), "picSheet");
     picSheet_->setAccessibleName("Preview of the sheet");
     spnSheet_ = Named(new QSpinBox, "spnSheet");
     spnSheet_->setPrefix("Sheet ");
@@ -105,7 +122,7 @@ QLayout* frmPrint::PreviewColumn() {
         pages->addWidget(control);
     pages->addStretch();
     auto* const column = new QVBoxLayout;
-    column->addWidget(picSheet_);
+    column->addWidget(picSheet_, 1);
     column->addLayout(pages);
     column->addWidget(lblSheets_);
     return column;
@@ -126,11 +143,7 @@ QLayout* frmPrint::Buttons() {
         });
     });
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const row = new QHBoxLayout;
-    row->addStretch();
-    for (QPushButton* const button : {cmdPrint_, cmdPdf_, cmdClose})
-        row->addWidget(button);
-    return row;
+    return ButtonRow({cmdPrint_, cmdPdf_, cmdClose});
 }
 
 SheetOptions frmPrint::Chosen() const {
@@ -138,6 +151,7 @@ SheetOptions frmPrint::Chosen() const {
     options.Paper = FindPaper(cboPaper_->currentText().toStdString());
     options.Orientation = static_cast<Orientation>(cboOrientation_->currentIndex());
     options.Tiles = optScale_->isChecked();
+    options.RoundScale = chkRound_->isChecked();
     if (options.Tiles) options.Scale = spnScale_->value();
     options.Guides = true;
     options.WallTiles = chkWalls_->isChecked();
@@ -148,6 +162,8 @@ void frmPrint::PlanAgain() {
     sheets_.reset();
     const bool hasWalls = parts_->Chosen().Room && !session_.Project.Design.Room.Points.empty();
     chkWalls_->setEnabled(optScale_->isChecked() && hasWalls);
+    chkRound_->setEnabled(optFit_->isChecked());
+    spnScale_->setEnabled(optScale_->isChecked());
     try {
         CircuitDrawing drawing = DrawingOf(session_.Catalogue, session_.Project, parts_->Chosen());
         auto backdrop = TakeBackdrop(drawing, session_.Pictures);
@@ -203,6 +219,9 @@ void frmPrint::Print() {
 void frmPrint::Remember() {
     session_.Habits.Paper = cboPaper_->currentText().toStdString();
     session_.Habits.PrintContents = parts_->Remembered(*chkWalls_);
+    session_.Habits.PrintSize = optScale_->isChecked() ? TilesHabit : chkRound_->isChecked() ? RoundHabit : PageHabit;
+    session_.Habits.PrintScale = QString::number(spnScale_->value()).toStdString();
+    session_.Habits.PrintOrientation = cboOrientation_->currentText().toStdString();
 }
 
 void PrintSheets(const PlannedSheets& sheets, const std::string& date, QPrinter& printer) {

@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -29,6 +30,8 @@ public:
 
 private:
     QGroupBox* PaperFrame();
+    void AddSizeRows(QFormLayout& form);
+    void BeginAsLastTime();
     QLayout* PreviewColumn();
     QLayout* Buttons();
     SheetOptions Chosen() const;
@@ -47,7 +50,7 @@ private:
     QComboBox *cboPaper_ = nullptr, *cboOrientation_ = nullptr;
     QRadioButton *optFit_ = nullptr, *optScale_ = nullptr;
     QDoubleSpinBox* spnScale_ = nullptr;
-    QCheckBox* chkWalls_ = nullptr;
+    QCheckBox *chkRound_ = nullptr, *chkWalls_ = nullptr;
     QSpinBox* spnSheet_ = nullptr;
     QLabel *lblSheets_ = nullptr, *lblShown_ = nullptr;
     SheetPreview* picSheet_ = nullptr;

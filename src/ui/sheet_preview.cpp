@@ -46,9 +46,11 @@ QString SheetText(const PlannedSheets& sheets, int number) {
     return number == 0 ? "Overview" : "Tile " + Shown(sheets.Plan.Sheets[static_cast<std::size_t>(number) - 1].Name);
 }
 
-SheetPreview::SheetPreview(const std::optional<PlannedSheets>& sheets, std::string date, QSize size)
+SheetPreview::SheetPreview(const std::optional<PlannedSheets>& sheets, std::string date)
     : sheets_(sheets), date_(std::move(date)) {
-    setFixedSize(size);
+    constexpr QSize least(300, 300); // in which a sheet can still be told from another
+    setMinimumSize(least);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
 void SheetPreview::ShowSheet(int number) {

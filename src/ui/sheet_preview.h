@@ -31,8 +31,8 @@ QString SheetText(const PlannedSheets& sheets, int number);
 
 class SheetPreview : public QWidget {
 public:
-    /// Shows `sheets`, which its owner keeps and changes, with that date in their headers.
-    SheetPreview(const std::optional<PlannedSheets>& sheets, std::string date, QSize size);
+    /// Shows `sheets`, which its owner keeps and changes, with that date in their headers, as large as there is room.
+    SheetPreview(const std::optional<PlannedSheets>& sheets, std::string date);
 
     /// Shows that sheet from now on, from 0; to be called after each change of the sheets, too.
     void ShowSheet(int number);

@@ -43,6 +43,9 @@ constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFol
                                       {"habits/exportDots", &Habits::ExportDots},
                                       {"habits/exportContents", &Habits::ExportContents},
                                       {"habits/printContents", &Habits::PrintContents},
+                                      {"habits/printSize", &Habits::PrintSize},
+                                      {"habits/printScale", &Habits::PrintScale},
+                                      {"habits/printOrientation", &Habits::PrintOrientation},
                                       {"habits/planEnding", &Habits::PlanEnding},
                                       {"habits/boxRoom", &Habits::BoxRoom}};
 constexpr const char* PlaceKey = "window/place";

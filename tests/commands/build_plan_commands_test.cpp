@@ -72,8 +72,10 @@ TEST_F(BuildPlanFromTheWindow, IsOfTheFormatWhoseEndingIsTyped) {
 
 TEST_F(BuildPlanFromTheWindow, ProposesItsOwnEndingForOneThatItDoesNotKnow) {
     user_.Answers = {Answer::Cancel};
+    user_.Files = {folder_ / "c.jpg", std::nullopt};
 
-    EXPECT_EQ(Write("c.jpg"), std::nullopt);
+    EXPECT_EQ(WriteBuildPlan(session_, BuildPlanOf(Pieces(), session_.Project, AllTracks), PlanFormat::Html, PaperA4),
+              std::nullopt);
 
     EXPECT_EQ(user_.Asked.at(0).Text,
               "c.jpg cannot be written: files here end in .html or .pdf. Write c.html instead?");

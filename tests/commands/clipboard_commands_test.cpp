@@ -199,14 +199,33 @@ TEST_F(ClipboardCommands, TheViewShowsATrackThatIsPastedTogetherWithTheOthers) {
     }
 }
 
-TEST_F(ClipboardCommands, PasteOfAnotherTextIsRefusedAndChangesNothing) {
+TEST_F(ClipboardCommands, PasteOfAnotherTextIsToldAndChangesNothing) {
     clipboard_.Text = "Hello";
+    EXPECT_EQ(FaultOf([&] { Run("paste"); }),
+              "Nothing was pasted: no pieces are understood in \"Hello\".\nPaste takes a list of pieces such as \"C160 "
+              "x3, C151L x4\", or one code a line.");
+    clipboard_.Text = "";
+    EXPECT_EQ(FaultOf([&] { Run("paste"); }),
+              "Nothing was pasted: no pieces are on the clipboard.\nPaste takes a list of pieces such as \"C160 x3, "
+              "C151L x4\", or one code a line.");
 
-    EXPECT_EQ(
-        FaultOf([&] { Run("paste"); }),
-        "Refused: \"paste\" is not offered now: No pieces are on the clipboard. Paste takes a list of pieces such as "
-        "\"C160 x3, C151L x4\", or one code a line.");
     EXPECT_EQ(Track1(), "C160 C160 C151L");
+}
+
+TEST_F(ClipboardCommands, PasteOffersTheRestOfAListThatItDoesNotUnderstandWhole) {
+    clipboard_.Text = "C160 x2\nC151R\nxyz\nC151 x2";
+    user_.Answers = {Answer::Cancel, Answer::Ok};
+
+    Run("paste");
+    EXPECT_EQ(user_.Asked.at(0).Text,
+              "Not understood: \"xyz\" (line 3) and \"C151 x2\" (line 4).\nC151 is C151L to the left and C151R to the "
+              "right.\n\nPaste the 3 pieces that are?");
+    EXPECT_EQ(Track1(), "C160 C160 C151L") << "Cancel lays nothing";
+
+    Run("paste");
+    EXPECT_EQ(Track1(), "C160 C160 C151L C160 C160 C151R");
+    Run("undo");
+    EXPECT_EQ(Track1(), "C160 C160 C151L") << "one step";
 }
 
 TEST_F(ClipboardCommands, PasteWantsASingleTrack) {
@@ -248,16 +267,16 @@ TEST_F(ClipboardCommands, PasteOnAClosedTrackAsksNothingWhereNoOtherIsEmpty) {
     EXPECT_EQ(session_.Project.Design.Circuit.Tracks[0].ElementCodes.size(), 9U);
 }
 
-TEST_F(ClipboardCommands, AnUnknownCodeIsToldBeforeAnythingIsAsked) {
+TEST_F(ClipboardCommands, AnUnknownCodeIsToldBeforeATrackIsOffered) {
     session_.Project.Design.Circuit.Tracks[0] = Chain("C151L C151L C151L C151L C151L C151L C151L C151L");
     clipboard_.Text = "C160, C999 x2";
+    user_.Answers = {Answer::Ok, Answer::Ok};
 
-    EXPECT_EQ(
-        FaultOf([&] { Run("paste"); }),
-        "Nothing was pasted: \"C999\" is no piece.\nPaste takes a list of pieces such as \"C160 x3, C151L x4\", or one "
-        "code a line.");
-    EXPECT_TRUE(user_.Asked.empty());
-    EXPECT_EQ(session_.Project.Design.Circuit.Tracks[0].ElementCodes.size(), 8U);
+    Run("paste");
+
+    EXPECT_EQ(user_.Asked.at(0).Text, "Not understood: \"C999 x2\".\n\nPaste the piece that is?");
+    EXPECT_TRUE(user_.Asked.at(1).Text.starts_with("Track 1 is closed: ")) << user_.Asked[1].Text;
+    EXPECT_EQ(CodesOf(session_.Project.Design.Circuit.Tracks[2]), "C160");
 }
 
 TEST_F(ClipboardCommands, OfAListThatNoTrackHoldsOnlyThatIsTold) {

@@ -28,12 +28,12 @@ protected:
     OffscreenGraphics graphics_;
 };
 
-TEST_F(BuildPlanOnPaper, HasAHeadPageAndThreeStepsOnEachOther) {
+TEST_F(BuildPlanOnPaper, HasAHeadPageAndTwoStepsOnEachOther) {
     EXPECT_TRUE(HasPages(Pdf(0), 1)) << "nothing to lay";
-    EXPECT_TRUE(HasPages(Pdf(30), 2));
+    EXPECT_TRUE(HasPages(Pdf(30), 3));
     EXPECT_TRUE(HasPages(Pdf(31), 3));
-    EXPECT_TRUE(HasPages(Pdf(70), 4));
-    EXPECT_TRUE(HasPages(Pdf(30, "Letter"), 2));
+    EXPECT_TRUE(HasPages(Pdf(70), 5));
+    EXPECT_TRUE(HasPages(Pdf(30, "Letter"), 3));
 }
 
 TEST_F(BuildPlanOnPaper, BeginsWithTheStepsBelowTheHeadWhereThereIsRoom) {
@@ -43,11 +43,12 @@ TEST_F(BuildPlanOnPaper, BeginsWithTheStepsBelowTheHeadWhereThereIsRoom) {
     const std::string quarter = "C151L C151L ";
     const std::string side = "C160 C160 C160 C160 ";
     const std::string flat = quarter + side + quarter + quarter + side + quarter;
-    EXPECT_EQ(pages(flat), 1U) << "an oval of 16 pieces in two steps, wider than high";
+    EXPECT_EQ(pages(quarter + side), 1U) << "one step, wider than high";
+    EXPECT_EQ(pages(flat), 2U) << "an oval of 16 pieces in two steps, wider than high";
     EXPECT_EQ(pages(side + quarter + quarter + side + quarter + quarter), 2U) << "higher than wide";
 }
 
-TEST_F(BuildPlanOnPaper, HasFewerStepsOnASmallPage) { EXPECT_TRUE(HasPages(Pdf(40, "A5"), 3)); }
+TEST_F(BuildPlanOnPaper, HasFewerStepsOnASmallPage) { EXPECT_TRUE(HasPages(Pdf(40, "A5"), 5)); }
 
 TEST_F(BuildPlanOnPaper, TellsWhatIsLeftOutOnAsManyLinesAsThatTakes) {
     const auto headPage = [](const std::string& unknown) {

@@ -38,7 +38,7 @@ TEST(BuildPlanPreview, HasThePagesOfThePdfAndSaysHowManyThereAre) {
         EXPECT_TRUE(HasInk(page));
     EXPECT_NE(all.Pages[0], all.Pages[1]);
     EXPECT_EQ(first.Pages.size(), 2U);
-    EXPECT_EQ(first.Count, 4);
+    EXPECT_EQ(first.Count, 5);
     EXPECT_TRUE(HasInk(first.Pages[1]));
 }
 

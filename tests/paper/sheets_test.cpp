@@ -167,5 +167,17 @@ TEST(Tiles, OfACircuitAsWideAsARowOfThemTakeNoColumnMore) {
     EXPECT_EQ(NamesOf(plan), "A1 B1 C1 D1");
 }
 
+TEST(RoundedScale, IsTheNextThatARulerIsReadAtEasily) {
+    EXPECT_EQ(RoundedScale(0.3), 1);
+    EXPECT_EQ(RoundedScale(1), 1);
+    EXPECT_EQ(RoundedScale(1.1), 1.5);
+    EXPECT_EQ(RoundedScale(2.7), 3);
+    EXPECT_EQ(RoundedScale(8.1), 10);
+    EXPECT_EQ(RoundedScale(10), 10);
+    EXPECT_EQ(RoundedScale(23.7), 25);
+    EXPECT_EQ(RoundedScale(81), 100);
+    EXPECT_EQ(RoundedScale(101), 150);
+}
+
 } // namespace
 } // namespace pistaro

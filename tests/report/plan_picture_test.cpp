@@ -19,7 +19,7 @@ BuildPlan PlanOf(const std::string& codes) { return BuildPlanOf(Pieces(), Projec
 
 /// The paper that a number takes, in cm of the world.
 Box GroundOf(const PlanPicture& picture, const NumberBadge& badge) {
-    return BoxAround(badge.Place.X, badge.Place.Y, badge.Width * picture.Scale, 0.5 * picture.Scale);
+    return BoxAround(badge.Place.X, badge.Place.Y, badge.Width * picture.Scale, 0.42 * picture.Scale);
 }
 
 void ExpectAllReadable(const PlanPicture& picture) {
@@ -40,9 +40,9 @@ TEST(PlanPicture, OfAStepShowsItsPiecesAsLargeAsTheyFit) {
 
     const PlanPicture picture = PictureOf(plan, plan.Steps[1], {12, 7.8});
 
-    EXPECT_NEAR(picture.Scale, 350 / 6.0, 0.01) << "0.9 cm of paper above and below";
+    EXPECT_NEAR(picture.Scale, 350 / 6.3, 0.01) << "0.75 cm of paper above and below";
     EXPECT_NEAR(picture.Part.MiddleY(), 525, 0.01);
-    EXPECT_NEAR(picture.Part.Height(), 455, 0.01);
+    EXPECT_NEAR(picture.Part.Height(), 433.33, 0.01);
 }
 
 TEST(PlanPicture, OfALonePieceShowsItAmongItsNeighbours) {
@@ -58,25 +58,27 @@ TEST(PlanPicture, HasTheScaleOfAllSteps) {
     const std::vector<double> scales = StepScales(plan, area);
 
     ASSERT_EQ(scales.size(), 2U);
-    EXPECT_NEAR(scales[0], 350 / 6.0, 0.01);
-    EXPECT_EQ(scales[1], scales[0]) << "210 cm would fit at 35";
+    EXPECT_NEAR(scales[0], 350 / 6.3, 0.01);
+    EXPECT_EQ(scales[1], scales[0]) << "210 cm would fit at 33";
     EXPECT_EQ(PictureOf(plan, plan.Steps[1], area, scales[1]).Scale, scales[0]);
 }
 
-TEST(PlanPicture, IsLargerWhereItWouldBeLessThanHalfAsLargeAsItFits) {
-    const std::vector<double> scales = StepScales(PlanOf(Times(20, "C160") + Times(4, "C160")), {12, 7.8});
+TEST(PlanPicture, IsLargerWhereItWouldBeLessThanAThirdAsLargeAsItFits) {
+    const std::vector<double> scales = StepScales(PlanOf(Times(20, "C160") + Times(3, "C160")), {12, 7.8});
 
     ASSERT_EQ(scales.size(), 3U);
-    EXPECT_NEAR(scales[0], 350 / 6.0, 0.01);
+    EXPECT_NEAR(scales[0], 350 / 6.3, 0.01);
     EXPECT_EQ(scales[1], scales[0]);
-    EXPECT_NEAR(scales[2], 140 / 6.0, 0.01);
+    EXPECT_NEAR(scales[2], 105 / 6.3, 0.01);
+    EXPECT_EQ(StepScales(PlanOf(Times(20, "C160") + Times(4, "C160")), {12, 7.8})[2], scales[0])
+        << "140 cm do not jump";
 }
 
 TEST(PlanPicture, HasABarOfARoundLengthThatNoNumberCovers) {
     BuildPlan plan = PlanOf(Times(10, "C160"));
     const PlanPicture picture = PictureOf(plan, plan.Steps[0], {12, 7.8});
     EXPECT_EQ(picture.Bar.Text, "1 m") << "200 cm would take 3.4 cm of paper";
-    EXPECT_NEAR(picture.Bar.Length, 100 / (350 / 6.0), 0.001);
+    EXPECT_NEAR(picture.Bar.Length, 100 / (350 / 6.3), 0.001);
     const Box bar{picture.Part.Left, picture.Part.Bottom, picture.Part.Left + 1.9 * picture.Scale,
                   picture.Part.Bottom + 0.4 * picture.Scale};
     for (const NumberBadge& badge : picture.Badges)
@@ -137,6 +139,36 @@ TEST(PlanPicture, OfTheWholeTellsWhichStepLiesWhere) {
     EXPECT_EQ(picture.Badges[2].Text, "3");
     EXPECT_FLOAT_EQ(picture.Badges[2].Foot.Y, 787.5F) << "the middle of piece 22";
     EXPECT_TRUE(WholePicture(PlanOf("C160"), {18, 9}).Badges.empty());
+}
+
+TEST(PlanPicture, OfTheWholePartsTheStepsOfATrackByALineAcross) {
+    const BuildPlan plan = PlanOf(Times(25, "C160"));
+
+    const PlanPicture picture = WholePicture(plan, {18, 9});
+
+    ASSERT_EQ(picture.Marks.size(), 14U) << "the start line's twelve, and two";
+    const FilledArea& parting = picture.Marks[12];
+    ASSERT_EQ(parting.Polygon.size(), 4U);
+    for (const WorldPoint& corner : parting.Polygon)
+        EXPECT_NEAR(corner.Y, 350, 0.051 * picture.Scale) << "where piece 10 begins";
+    EXPECT_LT(std::min(parting.Polygon[0].X, parting.Polygon[1].X), 0) << "it stands out on both sides";
+    EXPECT_GT(std::max(parting.Polygon[0].X, parting.Polygon[1].X), 15.5);
+    EXPECT_EQ(WholePicture(BuildPlanOf(Pieces(), ProjectOf("C160", "C157"), AllTracks), {18, 9}).Marks.size(), 24U)
+        << "of two tracks nothing goes on";
+}
+
+TEST(PlanPicture, HasItsBarInACornerWithoutTrack) {
+    BuildPlan plan = PlanOf("C160");
+    const PlanPicture upright = PictureOf(plan, plan.Steps[0], {12, 7.5});
+    EXPECT_EQ(upright.Bar.Left, 0.25);
+    EXPECT_EQ(upright.Bar.Up, 0.25);
+
+    plan.Drawing.Pieces.push_back(plan.Drawing.Pieces[0]);
+    plan.Drawing.Pieces[0].Extent = {-400, -400, 0, -320}; // laid before
+    plan.Drawing.Pieces[1].Extent = {-300, -300, 300, 300};
+    const PlanPicture crossed = PictureOf(plan, {1, 1}, {7.5, 7.5});
+    EXPECT_GT(crossed.Bar.Left, 3) << "the lower right corner";
+    EXPECT_EQ(crossed.Bar.Up, 0.25);
 }
 
 TEST(PlanPicture, BesideAStepShowsAllAndAnArrowAtTheStart) {

@@ -13,6 +13,7 @@
 namespace pistaro {
 namespace {
 
+using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
@@ -107,6 +108,15 @@ TEST(ShoppingList, NeverListsTheNincoChangeOver) {
     EXPECT_EQ(ListOf(project), Head + Rule + Total + "0EUR\r\n");
     EXPECT_EQ(ShoppingTableBytes(project.Stock, project.Preferences.Units, AllPieces(project)),
               "count,code,name,price,sum\r\n,,\"Total, EUR\",,0.00\r\n");
+}
+
+TEST(ShoppingList, LeavesAnUnknownPriceOutOfTheTableInsteadOfZero) {
+    Project project = ProjectOf("C160 C160 C157");
+    SetStock(project, "C157", 0, 1.5F);
+
+    EXPECT_THAT(ShoppingTableBytes(project.Stock, project.Preferences.Units, AllPieces(project)),
+                AllOf(HasSubstr("2,C160,\"standard straight\",,\r\n"), HasSubstr(",1.50,1.50\r\n"),
+                      HasSubstr(",,\"Total, EUR\",,1.50\r\n")));
 }
 
 TEST(ShoppingList, ListsWhatTheDetailShowsAndNothingElse) {

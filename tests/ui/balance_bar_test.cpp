@@ -95,6 +95,17 @@ TEST_F(BalanceStrip, ThePanelBelowTheDrawingMakesRoomForIt) {
     EXPECT_TRUE(Find<QWidget>("fraChecks").isVisible());
 }
 
+TEST_F(BalanceStrip, ThePanelBelowComesBackWhenTheWindowIsClosed) {
+    Click("cmdLeaveBalance");
+    Choose("mnuMoney");
+    Choose("mnuBalance");
+    Prompts.Answers = {Answer::No}; // keep nothing
+
+    Window->close();
+
+    EXPECT_FALSE(Find<QDockWidget>("dckMoney").isHidden());
+}
+
 TEST_F(BalanceStrip, AppliesAllAsOneStepOfUndo) {
     Click("cmdBalance");
 

@@ -27,6 +27,7 @@ protected:
         return BytesOf(folder_ / name);
     }
 
+    enum Sizes { PngWidth, PngPaper, PngScale }; ///< by their places for that format
     enum Formats { Png, Svg, Pdf, Dxf, Csv, ShoppingList, Json };
 };
 

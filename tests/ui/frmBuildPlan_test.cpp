@@ -30,19 +30,20 @@ protected:
 };
 
 TEST_F(FrmBuildPlan, ShowsThePagesOneByOne) {
-    EXPECT_EQ(Label("lblPage"), "Page 1 of 3");
+    EXPECT_EQ(Label("lblPage"), "Page 1 of 4");
     EXPECT_FALSE(Find<QToolButton>("cmdPrevious").isEnabled());
     const QImage first = Page();
 
     Press("cmdNext");
-    EXPECT_EQ(Label("lblPage"), "Page 2 of 3");
+    EXPECT_EQ(Label("lblPage"), "Page 2 of 4");
     EXPECT_NE(Page(), first);
+    Press("cmdNext");
     Press("cmdNext");
     EXPECT_FALSE(Find<QToolButton>("cmdNext").isEnabled());
     ExpectNothingClipped();
 
-    Press("cmdPrevious");
-    Press("cmdPrevious");
+    for (int page = 0; page < 3; ++page)
+        Press("cmdPrevious");
     EXPECT_EQ(Page(), first);
 }
 
@@ -51,7 +52,7 @@ TEST_F(FrmBuildPlan, ShowsThePaperAndTheTrackThatAreChosen) {
     Choose("cboFormat", "Paper (PDF)");
     ASSERT_TRUE(Find<QComboBox>("cboPaper").isEnabled());
     Choose("cboPaper", "A5");
-    EXPECT_EQ(Label("lblPage"), "Page 1 of 4") << "with less room for steps";
+    EXPECT_EQ(Label("lblPage"), "Page 1 of 6") << "with less room for steps";
 
     Choose("cboTrack", "Track 3");
     EXPECT_EQ(Label("lblPage"), "Page 1 of 2") << "the head, and its step";
@@ -77,6 +78,8 @@ TEST_F(FrmBuildPlan, WritesWhatIsChosenAndBeginsTheNextTimeAsItEnded) {
 
     Write("x.pdf");
 
+    EXPECT_TRUE(IsOpen());
+    Press("cmdClose");
     EXPECT_FALSE(IsOpen());
     const std::string pdf = BytesOf(folder_ / "x.pdf");
     EXPECT_NE(pdf.find("/MediaBox [0 0 612.000000 792.000000]"), std::string::npos);
@@ -95,6 +98,17 @@ TEST_F(FrmBuildPlan, StaysOpenWhenNoFileIsChosenOrItCannotBeWritten) {
 
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(prompts_.Told.size(), 1U);
+}
+
+TEST_F(FrmBuildPlan, DrawsThePageAsLargeAsThereIsRoom) {
+    Press("cmdNext");
+    QTest::qWait(200); // until the first one is as large as its window
+    const int height = Page().height();
+
+    dialog_->resize(dialog_->size() + QSize(100, 100));
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Page().height() > height + 90; })) << height << " " << Page().height();
+    EXPECT_TRUE(Label("lblPage").starts_with("Page 2 of ")) << "the same page";
 }
 
 TEST_F(FrmBuildPlan, ShowsTheFirstPagesOfALongPlan) {

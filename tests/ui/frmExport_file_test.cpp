@@ -4,7 +4,7 @@
 namespace pistaro {
 namespace {
 
-TEST_F(FrmExport, WritesTheChosenTrackInTheChosenFormatAndCloses) {
+TEST_F(FrmExport, WritesTheChosenTrackInTheChosenFormatAndStaysForTheNextFile) {
     Choose("cboFormat", Csv);
     Choose("cboTrack", 2);
 
@@ -12,15 +12,19 @@ TEST_F(FrmExport, WritesTheChosenTrackInTheChosenFormatAndCloses) {
 
     EXPECT_NE(csv.find("\r\n2,0,C157,"), std::string::npos);
     EXPECT_EQ(csv.find("C160"), std::string::npos);
-    EXPECT_FALSE(IsOpen());
+    ASSERT_TRUE(IsOpen());
     ASSERT_EQ(prompts_.Dialogs.size(), 1U);
     EXPECT_EQ(prompts_.Dialogs[0].Filter, "Table of pieces (CSV)|*.csv");
     EXPECT_EQ(prompts_.Dialogs[0].DefaultName, "circuit.csv");
+    Choose("cboFormat", Json);
+    EXPECT_NE(Exported("x.json"), "");
+    Press("cmdClose");
+    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(FrmExport, WritesAPictureOfTheWidthThatIsAskedFor) {
     Choose("cboFormat", Png);
-    Choose("cboSize", 3);
+    Choose("cboSize", PngWidth);
     Find<QSpinBox>("spnWidth").setValue(432);
 
     const std::string png = Exported("x.png");
@@ -40,16 +44,34 @@ TEST_F(FrmExport, WritesASvgToScale) {
         << "15.5 x 7.65625 cm at 1:5 with margins of 1 cm";
 }
 
-TEST_F(FrmExport, AsksBeforeAFileIsReplaced) {
+TEST_F(FrmExport, AsksForAnotherFileWhereOneIsNotToBeReplaced) {
     WriteBytes(folder_ / "x.json", "old");
     Choose("cboFormat", Json);
-    prompts_.Answers = {Answer::No, Answer::Yes};
+    prompts_.Files = {folder_ / "x.json", folder_ / "y.json"};
+    prompts_.Answers = {Answer::No};
 
-    EXPECT_EQ(Exported("x.json"), "old");
-    EXPECT_TRUE(IsOpen());
-    EXPECT_NE(Exported("x.json"), "old");
-    EXPECT_FALSE(IsOpen());
+    Press("cmdExport");
+
     EXPECT_EQ(prompts_.Asked[0].Text, "x.json is there already. Replace it?");
+    EXPECT_EQ(BytesOf(folder_ / "x.json"), "old");
+    EXPECT_NE(BytesOf(folder_ / "y.json"), "");
+    ASSERT_EQ(prompts_.Dialogs.size(), 2U);
+    EXPECT_EQ(prompts_.Dialogs[1].DefaultName, "x.json");
+    EXPECT_EQ(prompts_.Dialogs[1].Folder, folder_.Path().string());
+}
+
+TEST_F(FrmExport, ReplacesAFileWhereItsUserAgreesAndKeepsAllAsItWasWhereNoneIsGiven) {
+    WriteBytes(folder_ / "x.json", "old");
+    Choose("cboFormat", Json);
+    Choose("cboTrack", 2);
+    prompts_.Files = {folder_ / "x.json", std::nullopt};
+    prompts_.Answers = {Answer::No};
+    Press("cmdExport");
+    EXPECT_EQ(Find<QComboBox>("cboFormat").currentText(), "Layout (JSON)");
+    EXPECT_EQ(Find<QComboBox>("cboTrack").currentText(), "Track 2");
+
+    prompts_.Answers = {Answer::Yes};
+    EXPECT_NE(Exported("x.json"), "old");
 }
 
 TEST_F(FrmExport, StaysOpenWhenNoFileIsChosenOrItCannotBeWritten) {
@@ -83,7 +105,7 @@ TEST_F(FrmExport, WritesTheFormatWhoseEndingIsTyped) {
 
 TEST_F(FrmExport, ProposesItsOwnEndingForOneThatItDoesNotKnow) {
     Choose("cboFormat", Dxf);
-    prompts_.Files = {folder_ / "c.jpg", folder_ / "c.jpg"};
+    prompts_.Files = {folder_ / "c.jpg", std::nullopt, folder_ / "c.jpg"};
     prompts_.Answers = {Answer::Cancel, Answer::Ok};
 
     Press("cmdExport");
@@ -96,13 +118,12 @@ TEST_F(FrmExport, ProposesItsOwnEndingForOneThatItDoesNotKnow) {
     EXPECT_NE(BytesOf(folder_ / "c.dxf").find("$ACADVER"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(folder_ / "c.jpg"));
     EXPECT_FALSE(std::filesystem::exists(folder_ / "c.jpg.dxf"));
-    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(FrmExport, AsksBeforeTheFileWithTheProposedEndingIsReplaced) {
     WriteBytes(folder_ / "c.png", "old");
     Choose("cboFormat", Png);
-    prompts_.Files = {folder_ / "c.jpg"};
+    prompts_.Files = {folder_ / "c.jpg", std::nullopt};
     prompts_.Answers = {Answer::Ok, Answer::No};
 
     Press("cmdExport");
@@ -131,7 +152,7 @@ TEST_F(FrmExport, WritesWhatIsToBeBoughtAsATableOfCountsAndPrices) {
 
 TEST_F(FrmExport, KeepsTheScaleWhenATypedEndingChangesTheFormat) {
     Choose("cboFormat", Png);
-    Choose("cboSize", 1);
+    Choose("cboSize", PngScale);
     Find<QDoubleSpinBox>("spnScale").setValue(5);
     Choose("cboTrack", 2);
 

@@ -14,9 +14,10 @@ TEST_F(FrmExport, TellsHowLargeTheFileWillBe) {
     EXPECT_EQ(Label("lblPlanned"), "5.1 × 3.5 cm at 1:5");
 
     Choose("cboFormat", Png);
+    Choose("cboSize", PngPaper);
     EXPECT_EQ(Label("lblPlanned"), "2480 × 3508 pixels, 21 × 29.7 cm at 1:1");
-    Choose("cboSize", 3);
-    EXPECT_TRUE(Label("lblPlanned").starts_with("1600 × ")) << Label("lblPlanned");
+    Choose("cboSize", PngWidth);
+    EXPECT_EQ(Label("lblPlanned"), "1600 × 845 pixels") << "29.7 x 15.68 cm with margins of 1 cm";
 
     Choose("cboFormat", Pdf);
     EXPECT_EQ(Label("lblPlanned"), "1 sheet at 1:1, 21 × 29.7 cm");
@@ -146,12 +147,53 @@ TEST(PreviewLines, IndentJsonButForSimpleListsAndLeaveStringsAlone) {
     EXPECT_EQ(PreviewLines("count,code\r\n", ExportFormat::ShoppingList).toStdString(), "count,code\r\n");
 }
 
-TEST_F(FrmExport, ExportsNothingThatCannotBeWritten) {
+TEST_F(FrmExport, OffersTheLargestThatWorksInPlaceOfWhatCannotBeWritten) {
     Choose("cboFormat", Png);
-    Choose("cboSize", 1);
+    Choose("cboSize", PngScale);
+    EXPECT_FALSE(IsShown("cmdPossible"));
     Find<QDoubleSpinBox>("spnScale").setValue(0.1);
 
     EXPECT_TRUE(Label("lblPlanned").starts_with("Picture too large: ")) << Label("lblPlanned");
+    EXPECT_FALSE(IsEnabled("cmdExport"));
+    ASSERT_TRUE(IsShown("cmdPossible"));
+    ExpectNothingClipped();
+    Press("cmdPossible");
+    EXPECT_TRUE(IsEnabled("cmdExport"));
+    EXPECT_FALSE(IsShown("cmdPossible"));
+    EXPECT_GT(Find<QDoubleSpinBox>("spnScale").value(), 0.1);
+
+    Choose("cboSize", PngPaper);
+    Choose("cboPaper", 5); // A0
+    Find<QSpinBox>("spnDots").setValue(2400);
+    EXPECT_FALSE(IsEnabled("cmdExport"));
+    EXPECT_EQ(Find<QAbstractButton>("cmdPossible").text(), "Take 287 dots per inch")
+        << "128 million on 84.1 x 118.9 cm";
+    Press("cmdPossible");
+    EXPECT_EQ(Find<QSpinBox>("spnDots").value(), 287);
+    EXPECT_TRUE(IsEnabled("cmdExport"));
+}
+
+TEST_F(FrmExport, BeginsWithAScaleThatThePaperTakes) {
+    std::string straights;
+    for (int i = 0; i < 20; ++i)
+        straights += "C160 ";
+    project_.Design = ProjectOf(straights).Design; // 700 cm
+    Open();
+    Choose("cboFormat", Pdf);
+    Choose("cboSize", 2);
+
+    EXPECT_EQ(Find<QComboBox>("cboSize").currentText(), "To scale, on one sheet of the paper");
+    EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 30) << "26.9 on 26.1 cm of A4";
+    EXPECT_TRUE(IsEnabled("cmdExport"));
+    Choose("cboSize", 3);
+    EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 10) << "in tiles that works";
+}
+
+TEST_F(FrmExport, ExportsNothingThatCannotBeWritten) {
+    Choose("cboFormat", Png);
+    Choose("cboSize", PngScale);
+    Find<QDoubleSpinBox>("spnScale").setValue(0.1);
+
     EXPECT_FALSE(IsEnabled("cmdExport"));
 
     Find<QDoubleSpinBox>("spnScale").setValue(10);

@@ -10,13 +10,17 @@ namespace {
 
 TEST_F(FrmExport, EnablesWhatTheFormatHasAUseFor) {
     Choose("cboFormat", Png);
+    EXPECT_TRUE(IsEnabled("spnWidth")) << "at first a picture for a screen";
+    Choose("cboSize", PngPaper);
     EXPECT_TRUE(IsEnabled("spnDots"));
     EXPECT_TRUE(IsEnabled("cboPaper"));
     EXPECT_FALSE(IsEnabled("spnScale")) << "as large as the paper takes it";
     EXPECT_FALSE(IsShown("spnScale"));
     EXPECT_FALSE(IsShown("lblNoSize"));
-    Choose("cboSize", 3);
+    Choose("cboSize", PngWidth);
     EXPECT_TRUE(IsEnabled("spnWidth"));
+    for (const char* const field : {"cboPaper", "spnScale", "spnDots", "chkWalls"})
+        EXPECT_FALSE(IsShown(field)) << field;
     EXPECT_FALSE(IsEnabled("spnDots"));
     EXPECT_FALSE(IsEnabled("cboPaper"));
 
@@ -55,7 +59,7 @@ TEST_F(FrmExport, BeginsWithWhatTheWindowShowsAndThenAsItEnded) {
     for (const char* const choice : {"chkSurface", "chkNumbers", "chkRoom"})
         Press(choice);
     Choose("cboFormat", Png);
-    Choose("cboSize", 3);
+    Choose("cboSize", PngWidth);
     Find<QSpinBox>("spnWidth").setValue(432);
     Exported("x.png");
     Open();
@@ -79,7 +83,6 @@ TEST_F(FrmExport, WritesWhatTheKeysReachedInTheListThatStillStandsOpen) {
     QApplication::processEvents();
 
     EXPECT_TRUE(BytesOf(folder_ / "x.svg").starts_with("<?xml"));
-    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(FrmExport, TakesBackWhatTheKeysReachedWhenEscapeClosesTheList) {
@@ -139,8 +142,21 @@ TEST_F(FrmExport, KeepsItsWidthWhateverIsChosen) {
     }
 }
 
+TEST_F(FrmExport, BeginsAsItWasClosedThoughNothingWasWritten) {
+    Choose("cboFormat", Svg);
+    Choose("cboSize", 1);
+    Find<QDoubleSpinBox>("spnScale").setValue(12.5);
+    Press("cmdClose");
+
+    Open();
+    EXPECT_EQ(Find<QComboBox>("cboFormat").currentText(), "Drawing (SVG)");
+    EXPECT_EQ(Find<QComboBox>("cboSize").currentText(), "To scale, on a sheet of its own size");
+    EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 12.5);
+}
+
 TEST_F(FrmExport, RemembersTheResolution) {
     Choose("cboFormat", Png);
+    Choose("cboSize", PngPaper);
     Find<QSpinBox>("spnDots").setValue(150);
     Exported("x.png");
 

@@ -166,15 +166,63 @@ TEST_F(FrmPrint, AsksBeforeManySheetsArePrinted) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(FrmPrint, WritesNoOtherFormatThanItsOwn) {
-    prompts_.Files.push_back(folder_ / "x.png");
+TEST_F(FrmPrint, OffersItsOwnEndingForAnotherOneAndAsksAgainWhereThatIsNotWanted) {
+    prompts_.Files = {folder_ / "x.png", folder_ / "y.png"};
+    prompts_.Answers = {Answer::Cancel, Answer::Ok};
 
     Press("cmdPdf");
 
-    EXPECT_EQ(prompts_.Told.at(0).Text,
-              "Nothing was written: x.png: sheets are written as .pdf; other formats are in Circuit ▸ Export");
-    EXPECT_FALSE(std::filesystem::exists(folder_ / "x.png"));
-    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(prompts_.Asked.at(0).Text, "x.png cannot be written: files here end in .pdf. Write x.pdf instead?");
+    ASSERT_EQ(prompts_.Dialogs.size(), 2U);
+    EXPECT_EQ(prompts_.Dialogs[0].Title, "Save as PDF");
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "x.pdf"));
+    EXPECT_TRUE(std::filesystem::exists(folder_ / "y.pdf"));
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "y.png"));
+}
+
+TEST_F(FrmPrint, TakesAScaleThatIsTypedWithOrWithoutItsOne) {
+    Press("optSize", 1);
+    auto& scale = Find<QDoubleSpinBox>("spnScale");
+    EXPECT_EQ(scale.text(), "1:1");
+    for (const char* const typed : {"1:5", "5"}) {
+        scale.setValue(1);
+        scale.setFocus();
+        scale.selectAll();
+        QTest::keyClicks(&scale, typed);
+        EXPECT_EQ(scale.value(), 5) << typed;
+        EXPECT_EQ(scale.text(), "1:5") << typed;
+    }
+    scale.setValue(2.5);
+    EXPECT_EQ(scale.text(), "1:2.5");
+}
+
+TEST_F(FrmPrint, PrintsAtARoundScaleWhereThatIsTicked) {
+    ASSERT_EQ(Label("lblSheets"), "1 sheet of A4, portrait, at 1:2.7");
+
+    Press("chkRound");
+    EXPECT_EQ(Label("lblSheets"), "1 sheet of A4, portrait, at 1:3");
+    Press("optSize", 1);
+    EXPECT_FALSE(Find<QWidget>("chkRound").isEnabled()) << "tiles have a scale of their own";
+}
+
+TEST_F(FrmPrint, GivesThePreviewTheRoomThatItGains) {
+    const QSize preview = Find<QWidget>("picSheet").size();
+    const int choices = Find<QWidget>("cboPaper").width();
+
+    dialog_->resize(dialog_->size() + QSize(200, 150));
+    QApplication::processEvents();
+
+    EXPECT_EQ(Find<QWidget>("picSheet").size(), preview + QSize(200, 150));
+    EXPECT_EQ(Find<QWidget>("cboPaper").width(), choices);
+}
+
+TEST_F(FrmPrint, CanBeMadeSmallerUntilNothingWouldBeCut) {
+    dialog_->resize(100, 100);
+    QApplication::processEvents();
+
+    EXPECT_LT(dialog_->width(), 900);
+    EXPECT_GE(Find<QWidget>("picSheet").width(), 300);
+    ExpectNothingClipped();
 }
 
 TEST_F(FrmPrint, PaintsPiecesInInkUnlessMissingOnesAreMarked) {
@@ -290,6 +338,26 @@ TEST_F(FrmPrint, BeginsWithThePaperOfTheLastTimeAndTellsWhereThePdfIs) {
     EXPECT_TRUE(Find<QCheckBox>("chkNumbers").isChecked());
     EXPECT_FALSE(Find<QCheckBox>("chkRoom").isChecked());
     EXPECT_TRUE(Find<QCheckBox>("chkWalls").isChecked());
+}
+
+TEST_F(FrmPrint, BeginsWithTheTilesAndTheScaleOfTheLastTime) {
+    ChooseScale(2.5);
+    Choose("cboOrientation", 2);
+    prompts_.Files.push_back(folder_ / "x.pdf");
+    Press("cmdPdf");
+
+    Open();
+    EXPECT_TRUE(Find<QAbstractButton>("optSize", 1).isChecked());
+    EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 2.5);
+    EXPECT_TRUE(Find<QWidget>("spnScale").isEnabled());
+    EXPECT_EQ(Find<QComboBox>("cboOrientation").currentText(), "Landscape");
+
+    Press("optSize", 0);
+    Press("chkRound");
+    Press("cmdClose");
+    Open();
+    EXPECT_TRUE(Find<QAbstractButton>("optSize", 0).isChecked());
+    EXPECT_TRUE(Find<QCheckBox>("chkRound").isChecked());
 }
 
 } // namespace

@@ -296,7 +296,7 @@ TEST_F(Purchases, ABoxIsFilledFromAListThatIsTypedOrPasted) {
     list.setText("3 nonsense");
     dialog.findChild<QPushButton*>("cmdFillSet")->click();
     EXPECT_EQ(dialog.findChild<QLabel*>("lblSetFault")->text(),
-              "\"NONSENSE\" is no piece; codes with their counts are meant, such as 8 C151, 4 C160, C367");
+              "\"3 nonsense\" is no piece; codes with their counts are meant, such as 8 C151, 4 C160, C367");
     EXPECT_EQ(list.text(), "3 nonsense") << "to be mended";
     EXPECT_TRUE(Prompts.Told.empty());
     EXPECT_EQ(count("C151"), "8");

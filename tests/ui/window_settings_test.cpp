@@ -192,6 +192,9 @@ TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
                         .ExportDots = "150",
                         .ExportContents = "numbers, black and white",
                         .PrintContents = "nothing",
+                        .PrintSize = "tiles",
+                        .PrintScale = "2.5",
+                        .PrintOrientation = "Landscape",
                         .PlanEnding = ".pdf",
                         .BoxRoom = "240x160"};
     Session->Habits = habits;
