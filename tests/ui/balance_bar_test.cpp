@@ -103,7 +103,7 @@ TEST_F(BalanceStrip, ThePanelBelowComesBackWhenTheWindowIsClosed) {
 
     Window->close();
 
-    EXPECT_FALSE(Find<QDockWidget>("dckMoney").isHidden());
+    EXPECT_FALSE(Find<QWidget>("fraMoney").isHidden());
 }
 
 TEST_F(BalanceStrip, AppliesAllAsOneStepOfUndo) {
