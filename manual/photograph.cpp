@@ -295,7 +295,7 @@ void PhotographBox(const Catalogue& catalogue, const QString& folder) {
     Session session(catalogue, user, StartUp(InitialSettings(catalogue)), "");
     for (const auto& [code, owned] : {std::pair("C151L", 16), {"C160", 12}, {"C159", 4}, {"C153L", 4}, {"C158", 4}})
         session.Project.Stock.Of(catalogue.FindRow(code)).OwnedCount = static_cast<std::int16_t>(owned);
-    frmBox dialog(session, frmBox::Purpose::Box);
+    frmBox dialog(session, std::nullopt);
     dialog.show();
     dialog.findChild<QSpinBox*>("spnRoomWidth")->setValue(300);
     dialog.findChild<QSpinBox*>("spnRoomDepth")->setValue(200);
