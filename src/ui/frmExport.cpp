@@ -125,7 +125,7 @@ void frmExport::BeginAsLastTime() {
 
 QGroupBox* frmExport::SizeFrame() {
     auto* const frame = new QGroupBox("Size");
-    sizeRows_ = new QFormLayout(frame);
+    sizeRows_ = new QFormLayout;
     cboSize_ = Named(new ChoiceList, "cboSize");
     cboSize_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     for (const SizeChoice& size : SizeChoices)
@@ -148,10 +148,13 @@ QGroupBox* frmExport::SizeFrame() {
     sizeRows_->addRow("&Paper:", cboPaper_);
     sizeRows_->addRow("S&cale:", spnScale_);
     sizeRows_->addRow("&Resolution:", spnDots_);
+    // No words that wrap stand among rows that are hidden: the toolkit's form writes beyond its own rows then.
+    auto* const column = new QVBoxLayout(frame);
+    column->addLayout(sizeRows_);
+    column->addWidget(lblNoSize_);
     frame->setMinimumSize(frame->sizeHint()); // no size takes more rows; the window keeps its own
     sizeRows_->addRow("&Width:", spnWidth_);
     sizeRows_->addRow(chkWalls_);
-    sizeRows_->addRow(lblNoSize_);
     connect(chkWalls_, &QCheckBox::toggled, this, [this] { PlanAgain(); });
     for (QSpinBox* const box : {spnDots_, spnWidth_})
         connect(box, &QSpinBox::valueChanged, this, [this] { PlanAgain(); });
@@ -231,7 +234,7 @@ void frmExport::FollowFormat() {
     }
     ShowRow(cboSize_, cboSize_->count() > 0);
     lblNoSize_->setText(WhyNoSize(format));
-    ShowRow(lblNoSize_, cboSize_->count() == 0);
+    lblNoSize_->setVisible(cboSize_->count() == 0);
     lblPurpose_->setText(PurposeOf(format));
     parts_->EnableDrawing(!IsText(format), Offers(format, Size::OnPaper));
     FollowSize();

@@ -107,7 +107,7 @@ TEST_F(MoneyVerbs, ShopWritesATableForSpreadsheetsToo) {
     EXPECT_EQ(BytesOf(folder_ / "shoppingList.csv"), "count,code,name,price,sum\r\n"
                                                      "2,C151,\"standard curve 45°\",2.99,5.98\r\n"
                                                      "2,C160,\"standard straight\",3.50,7.00\r\n"
-                                                     "1,C164,\"rough terrain\",0.00,0.00\r\n"
+                                                     "1,C164,\"rough terrain\",,\r\n"
                                                      ",,\"Total, EUR\",,12.98\r\n");
 }
 

@@ -4,6 +4,7 @@
 #include "commands/bitmaps.h"
 
 #include <QAbstractItemView>
+#include <QFormLayout>
 
 namespace pistaro {
 namespace {
@@ -45,6 +46,12 @@ TEST_F(FrmExport, EnablesWhatTheFormatHasAUseFor) {
     EXPECT_TRUE(IsEnabled("cboTrack"));
     EXPECT_EQ(Label("lblNoSize"), "This file holds text and no drawing, so it has no size.");
     ExpectNothingClipped();
+}
+
+/// The toolkit's form, asked for its height at a width while some of its rows are hidden, writes beyond its own memory.
+TEST_F(FrmExport, HasNoWordsThatWrapAmongRowsThatAreHidden) {
+    for (const QFormLayout* const form : dialog_->findChildren<QFormLayout*>())
+        EXPECT_FALSE(form->hasHeightForWidth());
 }
 
 TEST_F(FrmExport, BeginsWithWhatTheWindowShowsAndThenAsItEnded) {
