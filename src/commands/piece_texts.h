@@ -18,4 +18,8 @@ std::string CountedPiece(const Session& session, int headRow, int count);
 /// "7.50 €"; of pieces among which some have no price "7.50 € + 2 without a price".
 std::string PriceText(const Session& session, Cents price, int unpriced);
 
+/// "2 × C8006; 25.00 €": what a change to this circuit would make the user buy beyond what the design as it is lacks;
+/// empty where that is nothing.
+std::string MoreToBuyText(const Session& session, const Circuit& then);
+
 } // namespace pistaro

@@ -1,6 +1,7 @@
 #include "ui/balance_bar.h"
 
 #include "commands/money_commands.h"
+#include "commands/piece_texts.h"
 #include "imaging/painter_surface.h"
 #include "layout/outline.h"
 #include "layout/placement.h"
@@ -30,6 +31,15 @@ std::string TogetherText(std::size_t count) {
 
 QString Sample(const char* sign, Colour colour, const char* words) {
     return QString("<span style=\"color:%1\">%2</span> %3").arg(ToQColor(colour).name(), sign, words);
+}
+
+/// "at 0 and 5": where a proposal's changes are.
+QString PlacesText(const std::vector<BalanceStep>& steps) {
+    QStringList places;
+    for (const BalanceStep& step : steps)
+        places += QString::number(step.First);
+    const QString last = places.takeLast();
+    return "at " + (places.isEmpty() ? last : places.join(", ") + " and " + last);
 }
 
 /// What the colours in the drawing mean.
@@ -78,7 +88,8 @@ private:
 BalanceBar::BalanceBar(Session& session, CircuitView& view)
     : Strip("fraBalance", session, view, "balance"), lblBalance_(Named(new QLabel, "lblBalance")),
       cboBalance_(Named(new QComboBox, "cboBalance")), lstBalance_(Named(new QListWidget, "lstBalance")),
-      lblLegend_(Named(new QLabel, "lblBalanceLegend")), cmdBalance_(NewButton("cmdBalance", "Appl&y")) {
+      lblToBuy_(Named(new QLabel, "lblBalanceToBuy")), lblLegend_(Named(new QLabel, "lblBalanceLegend")),
+      cmdBalance_(NewButton("cmdBalance", "Appl&y")) {
     lstBalance_->setAccessibleName("Changes");
     lstBalance_->setFixedHeight(Lines * (lstBalance_->fontMetrics().height() + 4) + 2 * lstBalance_->frameWidth());
     lstBalance_->installEventFilter(this);
@@ -92,6 +103,8 @@ BalanceBar::BalanceBar(Session& session, CircuitView& view)
     head->insertWidget(1, cboBalance_, 0, Qt::AlignTop);
     column->addLayout(head);
     column->addWidget(lstBalance_);
+    lblToBuy_->setWordWrap(true);
+    column->addWidget(lblToBuy_);
     lblLegend_->setWordWrap(true);
     column->addWidget(lblLegend_);
 }
@@ -104,7 +117,8 @@ void BalanceBar::Show(const Balance& balance) {
         const QSignalBlocker quiet(cboBalance_);
         cboBalance_->clear();
         for (std::size_t number = 1; number <= proposals_.size(); ++number)
-            cboBalance_->addItem(QString("Proposal %1 of %2").arg(number).arg(proposals_.size()));
+            cboBalance_->addItem(
+                QString("%1 of %2: %3").arg(number).arg(proposals_.size()).arg(PlacesText(proposals_[number - 1])));
         cboBalance_->setVisible(proposals_.size() > 1);
     }
     Open();
@@ -117,8 +131,11 @@ void BalanceBar::ShowProposal() {
     balance_.Steps = proposals_[static_cast<std::size_t>(cboBalance_->currentIndex())];
     const Units& units = session_.Project.Preferences.Units;
     const std::size_t count = balance_.Steps.size();
+    const std::string toBuy = MoreToBuyText(session_, *Shows());
     lblBalance_->setText(Shown("Track " + std::to_string(session_.Project.EditState.CurrentTrack + 1) + ": " +
                                DifferenceText(balance_, units) + " now. " + TogetherText(count)));
+    lblToBuy_->setText(Shown("To buy for it: " + toBuy));
+    lblToBuy_->setVisible(!toBuy.empty());
     cmdBalance_->setText(count == 1 ? "Appl&y" : count == 2 ? "Appl&y Both" : "Appl&y All");
     cmdBalance_->setToolTip(count == 1 ? "Do this, as Enter does" : "Do all of these, as Enter does");
     lblLegend_->setText(LegendText(count));

@@ -37,6 +37,7 @@ private:
     QLabel* const lblBalance_;
     QComboBox* const cboBalance_; ///< the proposals, where there are several
     QListWidget* const lstBalance_;
+    QLabel* const lblToBuy_; ///< pieces that the proposal takes and that are not owned
     QLabel* const lblLegend_;
     QPushButton* const cmdBalance_;
     Balance balance_; ///< its steps are those of the chosen proposal

@@ -38,7 +38,8 @@ QIcon IconOf(Severity severity) {
     drawing.fill(Qt::transparent);
     QPainter painter(&drawing);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
+    constexpr double rim = 1.5; // which parts it from the ground of a line that is chosen
+    painter.setPen(QPen(Qt::white, rim));
     painter.setBrush(ToQColor(ColourOf(severity)));
     switch (severity) {
     case Severity::Error:
@@ -53,6 +54,17 @@ QIcon IconOf(Severity severity) {
     }
     return QIcon(drawing);
 }
+
+/// A command that mends what a rule finds.
+struct Cure {
+    std::string_view Rule;
+    std::string_view Command;
+};
+
+constexpr Cure Cures[] = {{"open-track", "close loop"},
+                          {"lanes-differ", "balance"},
+                          {"odd-change-overs", "balance"},
+                          {"not-owned", "purchase"}};
 
 QString SummaryOf(const std::vector<Finding>& findings) {
     if (findings.empty()) return "No problems found.";
@@ -88,14 +100,25 @@ std::size_t FindingOf(const QTreeWidgetItem& line) { return line.data(0, Qt::Use
 
 ChecksDock::ChecksDock(Session& session, CircuitView& view)
     : QDockWidget("Checks"), session_(session), view_(view), list_(Named(new PanelList, "lstChecks")),
-      summary_(Named(new QLabel, "lblChecks")) {
+      summary_(Named(new QLabel, "lblChecks")), cmdCure_(NewButton("cmdCure", {})) {
     setObjectName("fraChecks");
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
     column->setContentsMargins(6, 6, 6, 6);
-    column->addWidget(summary_);
+    auto* const head = new QHBoxLayout;
+    head->addWidget(summary_, 1);
+    head->addWidget(cmdCure_);
+    column->addLayout(head);
     column->addWidget(list_);
     summary_->setWordWrap(true);
+    cmdCure_->setFocusPolicy(Qt::TabFocus);
+    QSizePolicy keepsItsPlace = cmdCure_->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    cmdCure_->setSizePolicy(keepsItsPlace);
+    cmdCure_->hide();
+    connect(cmdCure_, &QPushButton::clicked, this, [this] {
+        if (const Command* const cure = CureOfChosen()) session_.TryRun(*cure);
+    });
     setWidget(content);
     SetUpList();
 }
@@ -113,10 +136,10 @@ void ChecksDock::SetUpList() {
     list_->setAccessibleName("Findings");
     connect(list_, &QTreeWidget::currentItemChanged, this, [this] {
         Mark();
-        if (const Finding* const finding = Chosen()) Show(*finding);
+        ShowChosen();
     });
     connect(list_, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* line) {
-        if (const Finding* const finding = Chosen()) Show(*finding);
+        ShowChosen();
         line->setExpanded(true);
     });
     const auto ruleOf = [this](const QTreeWidgetItem& line) { return findings_[FindingOf(line)].Rule; };
@@ -167,6 +190,7 @@ void ChecksDock::Check() {
     List();
     if (chosen) Choose(*chosen, wasHeading);
     Mark();
+    OfferCure();
 }
 
 /// Many findings of a rule stand below a heading, folded at first, so that they hide no others.
@@ -261,6 +285,31 @@ void ChecksDock::Choose(const Finding& finding, bool heading) {
 const Finding* ChecksDock::Chosen() const {
     const QTreeWidgetItem* const line = list_->currentItem();
     return line == nullptr ? nullptr : &findings_[FindingOf(*line)];
+}
+
+/// A heading stands for many findings, of which none is shown more than the others.
+void ChecksDock::ShowChosen() {
+    const Finding* const finding = Chosen();
+    if (finding != nullptr && !IsHeading(*list_->currentItem())) Show(*finding);
+    OfferCure();
+}
+
+/// Null where none is known.
+const Command* ChecksDock::CureOfChosen() const {
+    const Finding* const finding = Chosen();
+    const auto cure =
+        std::ranges::find_if(Cures, [&](const Cure& one) { return finding != nullptr && one.Rule == finding->Rule; });
+    return cure == std::end(Cures) ? nullptr : session_.Commands.Find(cure->Command);
+}
+
+void ChecksDock::OfferCure() {
+    const Command* const cure = CureOfChosen();
+    cmdCure_->setVisible(cure != nullptr);
+    if (cure == nullptr) return;
+    const std::string whyNot = cure->WhyNot(session_);
+    cmdCure_->setText(Shown(cure->Caption));
+    cmdCure_->setEnabled(whyNot.empty());
+    cmdCure_->setToolTip(Shown(whyNot.empty() ? cure->Tip : whyNot));
 }
 
 void ChecksDock::Mark() {

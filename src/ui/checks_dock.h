@@ -8,6 +8,7 @@
 
 #include <QDockWidget>
 #include <QLabel>
+#include <QPushButton>
 
 #include <cstddef>
 #include <optional>
@@ -40,6 +41,9 @@ private:
     QTreeWidgetItem* NewLine(std::size_t finding) const;
     QTreeWidgetItem* NewHeading(std::size_t first, std::ptrdiff_t count) const;
     void Choose(const Finding& finding, bool heading);
+    void ShowChosen();
+    const Command* CureOfChosen() const;
+    void OfferCure();
     void Mark();
     void Show(const Finding& finding);
     void BringPieceIntoView(PieceAddress piece);
@@ -52,6 +56,7 @@ private:
     CircuitView& view_;
     PanelList* const list_;
     QLabel* const summary_;
+    QPushButton* const cmdCure_; ///< beside the chosen finding's rule
     std::vector<Finding> findings_;
     std::set<std::string_view> unfolded_; ///< the rules whose findings are listed below their heading
     bool waiting_ = false;                ///< a check is due

@@ -204,11 +204,12 @@ void frmCorvel::MakeRoom() {
 
 void frmCorvel::ShowLanes() {
     CircuitView& view = circuit_->View();
-    if (!session_.Looks.Lanes) {
+    const std::optional<Circuit> balanced = balance_->Shows(); // whose lanes are what one looks for
+    if (!session_.Looks.Lanes && !balanced) {
         view.ShowLaneLegend({});
         return view.ClearOverlay(LanesOverlayName);
     }
-    const Circuit circuit = balance_->Shows().value_or(session_.Project.Design.Circuit);
+    const Circuit& circuit = balanced ? *balanced : session_.Project.Design.Circuit;
     view.SetOverlay(LanesOverlayName, LanesOverlay(session_.Catalogue, circuit));
     view.ShowLaneLegend(LanesLegend(session_.Catalogue, circuit, session_.Project.Preferences.Units));
 }

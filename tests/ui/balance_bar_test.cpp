@@ -64,7 +64,7 @@ TEST_F(BalanceStrip, ShowsOtherProposalsWhereThereAreSome) {
     auto& proposals = Find<QComboBox>("cboBalance");
     EXPECT_TRUE(proposals.isVisible());
     ASSERT_EQ(proposals.count(), 2);
-    EXPECT_EQ(proposals.currentText(), "Proposal 1 of 2");
+    EXPECT_EQ(proposals.currentText(), "1 of 2: at 0 and 6");
     EXPECT_EQ(Changes().item(0)->text(), "1. C8006 in place of C160 (0): each lane then leads into the other");
 
     proposals.setFocus();
@@ -74,6 +74,26 @@ TEST_F(BalanceStrip, ShowsOtherProposalsWhereThereAreSome) {
     EXPECT_EQ(Changes().item(1)->text(), "2. C8006 in place of C160 (7): the lanes then differ by 0.0 cm");
     Click("cmdBalance");
     EXPECT_EQ(Codes(), "C160 C8006 C151R C151R C151R C151R C160 C8006 C151R C151R C151R C151R");
+}
+
+TEST_F(BalanceStrip, TellsWhatWouldHaveToBeBoughtForIt) {
+    EXPECT_EQ(Text("lblBalanceToBuy"), "To buy for it: 2 × C8006; price unknown");
+    EXPECT_TRUE(Find<QWidget>("lblBalanceToBuy").isVisible());
+    pistaro::Project project = ProjectOf(UnevenOval);
+    project.Stock.Of(Pieces().FindRow("C8006")).OwnedCount = 2;
+    Open(project);
+
+    Choose("mnuBalance");
+
+    EXPECT_FALSE(Find<QWidget>("lblBalanceToBuy").isVisible());
+}
+
+TEST_F(BalanceStrip, PaintsTheLanesAsTheyThenAre) {
+    EXPECT_FALSE(Canvas().OverlayOf("built lanes").empty());
+
+    Click("cmdLeaveBalance");
+
+    EXPECT_TRUE(Canvas().OverlayOf("built lanes").empty()) << "they are not wished for otherwise";
 }
 
 TEST_F(BalanceStrip, ThePanelBelowTheDrawingMakesRoomForIt) {

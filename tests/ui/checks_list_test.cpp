@@ -53,6 +53,21 @@ TEST_F(ChecksList, AnOpenTrackIsShownWithBothItsEnds) {
     EXPECT_GT(covered.ViewRight, 15.5);
 }
 
+TEST_F(ChecksList, OffersWhatMendsTheChosenFinding) {
+    Open(ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R C151R", "C160 C160 C160"));
+    ShowPanel("mnuChecks");
+    EXPECT_FALSE(Find<QWidget>("cmdCure").isVisible());
+
+    ClickOn(Line("The track does not close"));
+    EXPECT_EQ(Button("cmdCure").text(), "&Close the Loop");
+    EXPECT_TRUE(Find<QWidget>("cmdCure").isEnabled());
+    ClickOn(Line("The lanes differ"));
+    EXPECT_EQ(Button("cmdCure").text(), "&Balance Lanes…");
+    Click("cmdCure");
+
+    EXPECT_TRUE(Find<QWidget>("fraBalance").isVisible());
+}
+
 TEST_F(ChecksList, ANearGapIsShownWithoutZooming) {
     Open(ProjectOf("C160 C151R C151R C151R C151R C160 C151R C151R C151R"));
     Session->Do([&] {
@@ -116,6 +131,7 @@ TEST_F(ChecksList, ManyFindingsOfARuleStandBelowAHeading) {
     EXPECT_EQ(heading.text(0), "1") << "the track on which they are";
     EXPECT_EQ(heading.childCount(), 7);
     EXPECT_FALSE(heading.isExpanded());
+    const int selected = Project.EditState.SelectedElement();
     EXPECT_EQ(Text("lblChecks"), "9 errors, 0 warnings, 4 pieces of advice");
 
     ClickOn(heading);
@@ -127,7 +143,7 @@ TEST_F(ChecksList, ManyFindingsOfARuleStandBelowAHeading) {
         tinted += area != nullptr && !area->Hatched;
     }
     EXPECT_EQ(tinted, 14) << "both pieces of each of the seven overlaps";
-    EXPECT_EQ(Project.EditState.CurrentElement[0], 0);
+    EXPECT_EQ(Project.EditState.SelectedElement(), selected) << "none of them is meant more than the others";
 }
 
 TEST_F(ChecksList, WhatFollowsFromAMissingPieceStandsBelowTheOpenTrack) {
