@@ -2,6 +2,7 @@
 
 #include "commands/circuit_commands.h"
 #include "editor/owned_track.h"
+#include "editor/track_editing.h"
 #include "editor/view_commands.h"
 #include "layout/room_fit.h"
 #include "platform/fault.h"
@@ -46,8 +47,18 @@ const Track& TrackOf(const Session& session, int track) {
 std::optional<TrackPart> KnownCircuit(const Catalogue& catalogue, const Track& track) {
     const int count = track.ElementLastIndex() + 1;
     TrackPart circuit = PartOf(catalogue, track, 0, count);
-    if (count == 0 || circuit.Rows.size() < static_cast<std::size_t>(count)) return std::nullopt;
+    if (circuit.Rows.size() < static_cast<std::size_t>(count) || !IsRing(catalogue, track)) return std::nullopt;
     return circuit;
+}
+
+/// Begins the circuit, that of the whole track, with the part, one of the same track.
+void BeginWith(const Catalogue& catalogue, const Track& track, const TrackPart& part, TrackPart& circuit) {
+    std::ptrdiff_t first = 0;
+    WalkTrack(catalogue, track, [&](int element, const PiecePlacement*, const BuildCursor& entry) {
+        if (BuildCursor(entry) == part.At) first = element;
+    });
+    std::ranges::rotate(circuit.Rows, circuit.Rows.begin() + first);
+    circuit.At = part.At;
 }
 
 /// The task as it is wished for, whether anything can come of it or not.
@@ -63,19 +74,25 @@ LayingTask WishedTask(const Session& session, const BoxWish& wish) {
                     .FromWalls = wish.FromWalls};
     if (wish.Varied) task.Varied = KnownCircuit(session.Catalogue, TrackOf(session, *wish.Varied));
     if (task.Varied) task.LeftOut = {task.Varied->Rows};
+    if (task.Varied && task.Kept)
+        BeginWith(session.Catalogue, TrackOf(session, *wish.Varied), *task.Kept, *task.Varied);
     return task;
 }
 
-/// A file that is there already is overwritten only when the user says so.
+/// Files that are there already are overwritten only when the user says so, once for all of them.
 bool MayOverwrite(Session& session, const std::vector<std::filesystem::path>& files) {
+    std::vector<std::string> there;
     for (const std::filesystem::path& file : files) {
         CheckNotSettings(file, session.SettingsPath);
         std::error_code toldByTheWrite;
-        if (!std::filesystem::exists(file, toldByTheWrite)) continue;
-        const std::string question = TextFromPath(file.filename()) + " already exists. Overwrite?";
-        if (session.Prompts.Ask(question, Buttons::YesNo) != Answer::Yes) return false;
+        if (std::filesystem::exists(file, toldByTheWrite)) there.push_back(TextFromPath(file.filename()));
     }
-    return true;
+    if (there.empty()) return true;
+    std::string question = there.front() + " already exists. Overwrite?";
+    if (there.size() > 1)
+        question = there.front() + " and " + CountText(static_cast<int>(there.size()) - 1, "other") +
+                   " already exist. Overwrite them?";
+    return session.Prompts.Ask(question, Buttons::YesNo) == Answer::Yes;
 }
 
 } // namespace
@@ -97,6 +114,11 @@ Design Surroundings::With(const pistaro::Track& circuit) const {
     pistaro::Design design = Design;
     design.Circuit.Tracks[static_cast<std::size_t>(Track)] = circuit;
     return design;
+}
+
+bool HasOtherTracks(const Surroundings& around) {
+    return std::ranges::any_of(around.Design.Circuit.Tracks,
+                               [](const Track& track) { return !track.ElementCodes.empty(); });
 }
 
 bool HasWalls(const RoomPolygon& room) {
@@ -169,8 +191,9 @@ void OwnBox(Session& session, const PieceBox& box) {
 
 int VariedTrack(const Session& session) {
     const Project& project = session.Project;
-    if (EditedTrack(project.Design.Circuit, project.EditState) != nullptr) return project.EditState.CurrentTrack;
     const auto hasPieces = [](const Track& track) { return !track.ElementCodes.empty(); };
+    const Track* const edited = EditedTrack(project.Design.Circuit, project.EditState);
+    if (edited != nullptr && hasPieces(*edited)) return project.EditState.CurrentTrack;
     const auto& tracks = project.Design.Circuit.Tracks;
     const auto first = std::ranges::find_if(tracks, hasPieces);
     return first == tracks.end() ? 0 : static_cast<int>(first - tracks.begin());
@@ -221,6 +244,13 @@ bool OpenAsNew(Session& session, bool varies, const Surroundings& around, const 
     session.BeginCircuit(varies ? "Variation" : "Circuit from My Box");
     opened = design.Circuit;
     return true;
+}
+
+Surroundings WithPresentTracks(const Session& session, Surroundings around) {
+    const Design& now = session.Project.Design;
+    around.Design.Circuit = now.Circuit;
+    if (!HasWalls(now.Room)) around.Design.Room = now.Room;
+    return {around.With({}), around.Track};
 }
 
 bool KeepAsFiles(Session& session, const Surroundings& around, const std::vector<Track>& tracks) {

@@ -33,6 +33,9 @@ struct Surroundings {
     pistaro::Design With(const pistaro::Track& circuit) const;
 };
 
+/// Whether other tracks with pieces lie there.
+bool HasOtherTracks(const Surroundings& around);
+
 /// What is wished for.
 struct BoxWish {
     PieceBox Box = {};
@@ -66,7 +69,7 @@ std::string RoomSizeText(const RoomPolygon& room);
 /// Takes the box for all that is owned, after a question where something else was, and writes that into the settings.
 void OwnBox(Session& session, const PieceBox& box);
 
-/// The track of which variations are made: the edited one, or else the first that has pieces.
+/// The track of which variations are made: the edited one where it has pieces, or else the first that has some.
 int VariedTrack(const Session& session);
 
 /// The pieces of that track.
@@ -86,6 +89,10 @@ std::string WhyNotVary(const Session& session);
 /// there now.
 bool OpenAsNew(Session& session, bool varies, const Surroundings& around, const Track& track,
                std::optional<Circuit>& opened);
+
+/// The same around circuits, but the other tracks of the design as they lie now; and its room where that has no walls,
+/// since the rectangle was then for the search alone.
+Surroundings WithPresentTracks(const Session& session, Surroundings around);
 
 /// Writes found circuits into files that the user names by one name, all or none: a number is put behind it where they
 /// are several. Gives whether they were written.

@@ -24,6 +24,7 @@ std::vector<RankedCircuit> Ranked(const std::vector<FoundCircuit>& found, const 
 
 std::vector<RankedCircuit> InOrder(const std::vector<std::size_t>& places) {
     std::vector<RankedCircuit> ranked;
+    ranked.reserve(places.size());
     for (const std::size_t place : places)
         ranked.push_back({place});
     return ranked;

@@ -70,14 +70,14 @@ CircuitPool::CircuitPool(const Catalogue& catalogue, const LayingTask& task, con
     if (task.Varied) varied_ = LookOf(catalogue, task.Varied->Rows);
 }
 
-bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start) {
+bool CircuitPool::Add(const Rows& loopRows, const SearchPose& start, double tolerance) {
     std::vector<int> key = CircuitKey(catalogue_, loopRows);
     if (keys_.contains(key) || loopRows.size() > MaxElements) return false;
     Rows plain = loopRows;
     if (task_.Kept) BeginOnKept(task_.Kept->Rows, plain);
     auto rows = WithSpecialPieces(catalogue_, task_.Box, plain, task_.Kept ? task_.Kept->Rows.size() : 0);
     if (!rows || !HasAll(catalogue_, *rows, task_.MustHave)) return false;
-    const auto laid = LaidInRoom(std::move(*rows), start);
+    const auto laid = LaidInRoom(std::move(*rows), start, tolerance);
     if (!laid) return false;
     keys_.insert(std::move(key));
     found_.push_back(CircuitOf(*laid));
@@ -102,11 +102,11 @@ bool CircuitPool::HasManyWhole(int wanted) const {
 }
 
 /// The circuit as it lies, free of faults, where there is a place for it.
-std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const SearchPose& start) const {
+std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const SearchPose& start, double tolerance) const {
     const auto cursor = task_.Kept ? std::optional(task_.Kept->At) : Placed(rows, start);
     if (!cursor) return std::nullopt;
     LaidLoop laid = LayLoop(catalogue_, rows, *cursor);
-    if (!IsClosed(laid) || OverlapsItself(laid, {}) || !room_.Holds(laid)) return std::nullopt;
+    if (!IsClosed(laid, tolerance) || OverlapsItself(laid, {}) || !room_.Holds(laid)) return std::nullopt;
     return Laid{std::move(rows), *cursor, std::move(laid)};
 }
 
@@ -131,6 +131,13 @@ std::optional<BuildCursor> CircuitPool::Placed(Rows& rows, const SearchPose& sta
     return loop.Cursor();
 }
 
+/// Who wants a variation does not want to see the same again, such as with the start elsewhere.
+double CircuitPool::LikenessToVaried(const CircuitLook& look) const {
+    constexpr double same = 0.98;
+    const double likeness = Likeness(look, *varied_);
+    return likeness < same ? likeness : 0;
+}
+
 FoundCircuit CircuitPool::CircuitOf(const Laid& laid) const {
     FoundCircuit found{{}, LookOf(catalogue_, laid.Rows)};
     LaidCircuit& circuit = found.Circuit;
@@ -143,7 +150,7 @@ FoundCircuit CircuitPool::CircuitOf(const Laid& laid) const {
     circuit.Gap = laid.Loop.Gap;
     circuit.Parts = ScorePartsOf(catalogue_, laid.Rows, laid.Loop, room_, task_.Box, circuit.Length,
                                  lanes.Lengths[0] - lanes.Lengths[1]);
-    if (varied_) circuit.Parts.Likeness = Likeness(found.Look, *varied_);
+    if (varied_) circuit.Parts.Likeness = LikenessToVaried(found.Look);
     circuit.Used = circuit.Parts.Used;
     circuit.Score = Score(circuit.Parts, task_.Weights);
     return found;

@@ -24,8 +24,8 @@ public:
     bool HasManyWhole(int wanted) const;
 
     /// Takes a loop of basic pieces, and of those that are kept, where it is a circuit unlike those that are known and
-    /// has what it must have. Gives whether it is.
-    bool Add(const Rows& loopRows, const SearchPose& start);
+    /// has what it must have. Gives whether it is. `tolerance`: how far from closing it may be, cm.
+    bool Add(const Rows& loopRows, const SearchPose& start, double tolerance = LoopTolerance);
 
 private:
     struct Laid {
@@ -34,8 +34,9 @@ private:
         LaidLoop Loop;
     };
 
-    std::optional<Laid> LaidInRoom(Rows rows, const SearchPose& start) const;
+    std::optional<Laid> LaidInRoom(Rows rows, const SearchPose& start, double tolerance) const;
     std::optional<BuildCursor> Placed(Rows& rows, const SearchPose& start) const;
+    double LikenessToVaried(const CircuitLook& look) const;
     FoundCircuit CircuitOf(const Laid& laid) const;
     void CountWhole(const FoundCircuit& found);
 

@@ -28,7 +28,7 @@ struct ScoreParts {
     double Length = 0;     ///< a lap as a share of all track in the box
     double Speed = 0;      ///< 1 where the longest straight is 40 % of the lap or more
     double Winding = 0;    ///< 1 where it turns by one and a half turns or more to either side
-    double Likeness = 0;   ///< 1 where it looks the same as the circuit that is varied
+    double Likeness = 0;   ///< to the circuit that is varied, up to 1; 0 where it looks the same
 };
 
 /// What each part counts for in the whole; none is below 0.

@@ -47,11 +47,12 @@ GrowingSearch::GrowingSearch(const Catalogue& catalogue, const ShapeCounts& shap
 }
 
 bool GrowingSearch::Round(int wanted, const std::stop_token& stop) {
-    const bool varies = varied_ && random_.Happens(1, 2);
+    const bool varies = varied_ && (hasNoBeginning_ || random_.Happens(1, 2));
     Way& way = varies ? ways_.front() : NextWay();
     auto loop = varies ? Varied(way, stop) : Begins(way) ? Begun(way, stop) : Parent(way, stop);
     if (!loop) {
-        if (ways_.size() == 1) return false;
+        hasNoBeginning_ = ways_.size() == 1;
+        if (hasNoBeginning_) return varied_.has_value();
         if (&way != &ways_.front()) {
             effortBefore_ -= way.Changes->Effort(); // which goes with it
             ways_.pop_back();
@@ -159,7 +160,7 @@ void GrowingSearch::Grow(Way& way, Loop& loop, int reheatings, const std::stop_t
 }
 
 void GrowingSearch::Keep(Way& way, const Loop& loop) {
-    if (!pool_.Add(RowsOf(steps_, loop.Steps), loop.Start)) return;
+    if (!pool_.Add(RowsOf(steps_, loop.Steps), loop.Start, loop.Tolerance)) return;
     way.Parents.push_back(loop);
     std::ranges::stable_sort(way.Parents, std::ranges::greater(), SizeOf);
     if (way.Parents.size() > MostParents) way.Parents.pop_back();

@@ -23,6 +23,9 @@ public:
     GrowingSearch(const Catalogue& catalogue, const ShapeCounts& shapes, const LoopRoom& room, std::uint64_t seed,
                   CircuitPool& pool, const LayingStep& kept, const SearchPose& at);
 
+    /// What loops are made of.
+    const std::vector<LayingStep>& Steps() const { return steps_; }
+
     /// Half of what it does from now on is to change this loop of the shapes.
     void Vary(const Loop& loop) { varied_ = loop; }
 
@@ -59,6 +62,7 @@ private:
     std::vector<LayingStep> steps_;
     std::vector<Way> ways_; ///< the first one leads to all loops
     std::optional<Loop> varied_;
+    bool hasNoBeginning_ = false; ///< none was found to grow a loop from
     Random random_;
     int most_;
     CircuitPool& pool_;

@@ -38,6 +38,16 @@ ShapeCounts ShapesAround(const Catalogue& catalogue, ShapeCounts shapes, const s
     return shapes;
 }
 
+/// At least as many of each shape as the circuit that is varied has: it may have more special pieces than are counted
+/// on for a new one, such as extensions of its chicanes.
+ShapeCounts ShapesWith(const Catalogue& catalogue, ShapeCounts shapes, const std::vector<int>& varied) {
+    ShapeCounts its(shapes.size());
+    for (const int row : varied)
+        ++its[static_cast<std::size_t>(catalogue[row].ShapeIndex)];
+    std::ranges::transform(shapes, its, shapes.begin(), [](int a, int b) { return std::max(a, b); });
+    return shapes;
+}
+
 /// What is kept from the walls is kept by all pieces: none could join one that stays nearer to them.
 LoopRoom RoomFor(const LayingTask& task) {
     return LoopRoom(task.Room, (task.Kept ? LoopRoom::UsersTouch : 0) - task.FromWalls, task.Taken);
@@ -75,17 +85,19 @@ struct CircuitSearch::State {
     State(const Catalogue& catalogue, LayingTask task)
         : Catalogue(catalogue), Task(std::move(task)), Shapes(ShapesOf(catalogue, Task.Box)), Room(RoomFor(Task)),
           Pool(catalogue, Task, Room), Wanted(Task.Count) {
+        if (Task.Varied) Shapes = ShapesWith(catalogue, std::move(Shapes), Task.Varied->Rows);
         if (Task.Kept) Shapes = ShapesAround(catalogue, std::move(Shapes), Task.Kept->Rows);
     }
 
     bool Round(const std::stop_token& stop) {
         if (IsComplete) return false;
         if (!Growing) {
-            IsComplete =
-                !Task.Kept && PieceBox{Shapes}.Total() <= EnumeratedBox && AddAll(Catalogue, Shapes, Pool, stop);
+            IsComplete = !Task.Kept && PieceBox{Shapes}.Total() <= EnumeratedBox &&
+                         AddAll(Catalogue, Shapes, Pool, stop) &&
+                         Task.Taken.empty(); // beside other pieces one that finds no place at once may have one
             if (IsComplete) return false;
             Growing = Grower();
-            if (Task.Varied && !Task.Kept) Vary(*Task.Varied);
+            if (Task.Varied) Vary(*Task.Varied);
         }
         return Growing->Round(Wanted, stop);
     }
@@ -98,7 +110,8 @@ struct CircuitSearch::State {
     }
 
     void Vary(const TrackPart& circuit) {
-        const auto loop = LoopOf(Catalogue, StepsOf(Catalogue, Shapes), Shapes, circuit.Rows, NearestPose(circuit.At));
+        const std::size_t kept = Task.Kept ? Task.Kept->Rows.size() : 0;
+        const auto loop = LoopOf(Catalogue, Growing->Steps(), Shapes, circuit.Rows, NearestPose(circuit.At), kept);
         if (loop) Growing->Vary(*loop);
     }
 

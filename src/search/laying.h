@@ -38,10 +38,10 @@ struct LayingTask {
     int Count = 10; ///< of circuits wished for
     ScoreWeights Weights = {};
     MustHaves MustHave = {};
-    std::optional<TrackPart> Kept = {};         ///< stays as it is and where it is, with pieces of the box
-    std::optional<TrackPart> Varied = {};       ///< a closed circuit, of which half the tries are to be changes
-    std::vector<Ground> Taken = {};             ///< by other pieces
-    int FromWalls = 0;                          ///< how far pieces keep from walls, cm
+    std::optional<TrackPart> Kept = {};   ///< stays as it is and where it is, with pieces of the box
+    std::optional<TrackPart> Varied = {}; ///< a circuit that half the tries are to change; begins with the kept part
+    std::vector<Ground> Taken = {};       ///< by other pieces
+    int FromWalls = 0;                    ///< how far pieces keep from walls, cm
     std::vector<std::vector<int>> LeftOut = {}; ///< rows of circuits that are known, and not looked for
 };
 

@@ -83,10 +83,11 @@ Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run) {
 }
 
 std::optional<Loop> LoopOf(const Catalogue& catalogue, const std::vector<LayingStep>& steps, ShapeCounts shapes,
-                           const Rows& rows, const SearchPose& start) {
+                           const Rows& rows, const SearchPose& start, std::size_t kept) {
     Loop loop{{}, start};
-    for (const int row : rows) {
-        const CatalogueEntry& piece = catalogue[row];
+    if (kept > 0) loop.Steps.push_back(static_cast<std::uint8_t>(steps.size() - 1));
+    for (std::size_t i = kept; i < rows.size(); ++i) {
+        const CatalogueEntry& piece = catalogue[rows[i]];
         const auto step = std::ranges::find_if(steps, [&](const LayingStep& one) {
             return one.Shape == piece.ShapeIndex && Hand(catalogue[one.Row].Code) == Hand(piece.Code);
         });
@@ -95,7 +96,10 @@ std::optional<Loop> LoopOf(const Catalogue& catalogue, const std::vector<LayingS
         loop.Steps.push_back(static_cast<std::uint8_t>(step - steps.begin()));
     }
     const LaidLoop laid = LayLoop(catalogue, RowsOf(steps, loop.Steps), loop.Cursor());
-    if (!IsClosed(laid) || !IsWholeTurn(steps, loop.Steps) || OverlapsItself(laid, {})) return std::nullopt;
+    constexpr double pressedTogether = 1; // cm
+    loop.Tolerance = std::max(LoopTolerance, laid.Gap.Distance + 2 * StartStep);
+    if (!IsClosed(laid, pressedTogether) || !IsWholeTurn(steps, loop.Steps) || OverlapsItself(laid, {}))
+        return std::nullopt;
     return loop;
 }
 
@@ -116,8 +120,8 @@ LaidLoop LayLoop(const Catalogue& catalogue, const Rows& rows, const BuildCursor
     return laid;
 }
 
-bool IsClosed(const LaidLoop& laid) {
-    return laid.Gap.Distance <= LoopTolerance && std::abs(laid.Gap.Angle) <= LoopAngleTolerance;
+bool IsClosed(const LaidLoop& laid, double tolerance) {
+    return laid.Gap.Distance <= tolerance && std::abs(laid.Gap.Angle) <= LoopAngleTolerance;
 }
 
 bool OverlapsItself(const LaidLoop& laid, const std::vector<int>& parts) {
@@ -259,7 +263,7 @@ bool Settle(const Catalogue& catalogue, const std::vector<LayingStep>& steps, co
             const std::vector<int>& parts, Random& random, Loop& loop) {
     if (HasAdaptersInARow(steps, loop.Steps)) return false;
     const LaidLoop laid = LayLoop(catalogue, RowsOf(steps, loop.Steps), loop.Cursor());
-    if (!IsClosed(laid)) return false;
+    if (!IsClosed(laid, loop.Tolerance)) return false;
     const auto shift = room.ShiftInto(laid, random);
     if (!shift || OverlapsItself(laid, parts)) return false;
     loop.Start.X += shift->X;

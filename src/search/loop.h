@@ -20,6 +20,7 @@ inline constexpr double LoopAngleTolerance = 0.001;
 struct Loop {
     Run Steps;
     SearchPose Start;
+    double Tolerance = LoopTolerance; ///< how far from closing it may be, cm
 
     /// Where its first piece is laid: in numbers of few digits, which a circuit file keeps.
     BuildCursor Cursor() const;
@@ -29,10 +30,11 @@ struct Loop {
 using Rows = std::vector<int>;
 Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run);
 
-/// A chain of the plain pieces in whose places these lie, where it is a closed circuit free of overlaps and of those
-/// shapes; else nothing. Circuits of both systems give nothing.
+/// A chain of the plain pieces in whose places these lie, where it is a circuit free of overlaps and of those shapes,
+/// closed but for a centimetre, which then is its tolerance; else nothing. The last step stands for the first `kept` pieces where there are any.
+/// Circuits of both systems give nothing.
 std::optional<Loop> LoopOf(const Catalogue& catalogue, const std::vector<LayingStep>& steps, ShapeCounts shapes,
-                           const Rows& rows, const SearchPose& start);
+                           const Rows& rows, const SearchPose& start, std::size_t kept = 0);
 
 /// A chain as it lies.
 struct LaidLoop {
@@ -44,7 +46,7 @@ struct LaidLoop {
 /// Lays pieces from a start.
 LaidLoop LayLoop(const Catalogue& catalogue, const Rows& rows, const BuildCursor& start);
 
-bool IsClosed(const LaidLoop& laid);
+bool IsClosed(const LaidLoop& laid, double tolerance);
 
 /// Whether a piece overlaps one that is not its neighbour; the last and the first are neighbours. Pieces of the same
 /// part lie to each other as they lay before, free of overlaps. `parts` may be empty: then no piece does.

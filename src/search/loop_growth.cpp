@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t MostReplacements = 16;
 constexpr std::size_t MostRemoved = 5; ///< elements in a row
 
-/// How far off closing a loop of steps may be, cm: laying it will differ by a little.
-constexpr double SearchTolerance = 0.04;
+/// By how much the gap of a loop that is laid differs from that of its steps, cm.
+constexpr double LayingSlack = 0.01;
 
 constexpr std::size_t MostRuns = 200'000; ///< of a table
 
@@ -128,7 +128,7 @@ std::optional<Loop> LoopGrowth::Closed(const Run& walk) {
     for (std::size_t tried = 0; tried < mostFirst; ++tried) {
         effort_ += effortOfTry;
         const std::size_t first = random_.Below(table.CountUpTo(table.Depth()));
-        table.ForEachTo(Relative(table.PoseOf(first), goal), SearchTolerance, [&](std::size_t second) {
+        table.ForEachTo(Relative(table.PoseOf(first), goal), LoopTolerance - LayingSlack, [&](std::size_t second) {
             Run loop = walk;
             for (const std::size_t run : {first, second})
                 std::ranges::copy(table.StepsOfRun(run), std::back_inserter(loop));
@@ -174,8 +174,10 @@ LoopGrowth::Opened LoopGrowth::Open(const Loop& loop, bool anew) {
     return opened;
 }
 
-/// Ways to close an opened loop: at its front or, `elsewhere`, in place of some of the elements that stayed.
-std::vector<LoopGrowth::Replacement> LoopGrowth::Replacements(Opened& opened, bool elsewhere, int fewest) {
+/// Ways to close an opened loop, within the tolerance: at its front or, `elsewhere`, in place of some of the elements
+/// that stayed.
+std::vector<LoopGrowth::Replacement> LoopGrowth::Replacements(Opened& opened, double tolerance, bool elsewhere,
+                                                              int fewest) {
     Sample<Replacement> found(MostReplacements, random_);
     const std::size_t count = opened.Steps.size();
     const auto tryAt = [&](std::size_t first, std::size_t removed, ShapeCounts& left) {
@@ -184,7 +186,7 @@ std::vector<LoopGrowth::Replacement> LoopGrowth::Replacements(Opened& opened, bo
         if (static_cast<int>(count - removed) + table.Depth() < fewest) return;
         ++effort_;
         const SearchPose goal = Relative(opened.Poses[first], opened.ToEnd[first + removed]);
-        table.ForEachTo(goal, SearchTolerance, [&](std::size_t run) {
+        table.ForEachTo(goal, tolerance - LayingSlack, [&](std::size_t run) {
             const int pieces = static_cast<int>(count - removed) + table.LengthOf(run);
             if (pieces < fewest || pieces > MaxElements) return;
             ++effort_;
@@ -218,11 +220,11 @@ bool LoopGrowth::Change(Loop& loop, int fewest) {
     const bool elsewhere = random_.Happens(2, 3);
     Opened opened = Open(loop, elsewhere);
     if (opened.Steps.empty()) return false;
-    std::vector<Replacement> replacements = Replacements(opened, elsewhere, fewest);
+    std::vector<Replacement> replacements = Replacements(opened, loop.Tolerance, elsewhere, fewest);
     std::ranges::stable_sort(replacements, std::ranges::greater(), &Replacement::Count);
     for (const Replacement& replacement : replacements) {
         const Run run = replacement.Table->StepsOfRun(replacement.NewRun);
-        Loop changed{opened.Steps, loop.Start};
+        Loop changed{opened.Steps, loop.Start, loop.Tolerance};
         const auto at = changed.Steps.begin() + static_cast<std::ptrdiff_t>(replacement.First);
         changed.Steps.insert(changed.Steps.erase(at, at + static_cast<std::ptrdiff_t>(replacement.Removed)),
                              run.begin(), run.end());
@@ -264,7 +266,7 @@ bool LoopGrowth::Settle(Loop& loop, const std::vector<int>& parts) {
     if (HasAdaptersInARow(steps_, loop.Steps)) return false;
     MoveKeptToItsPlace(loop);
     const LaidLoop laid = LayLoop(catalogue_, RowsOf(steps_, loop.Steps), loop.Cursor());
-    return IsClosed(laid) && room_.Holds(laid) && !OverlapsItself(laid, PartsOfRows(loop.Steps, parts));
+    return IsClosed(laid, loop.Tolerance) && room_.Holds(laid) && !OverlapsItself(laid, PartsOfRows(loop.Steps, parts));
 }
 
 } // namespace pistaro

@@ -52,7 +52,7 @@ private:
 
     void TurnRound(Loop& loop);
     Opened Open(const Loop& loop, bool anew);
-    std::vector<Replacement> Replacements(Opened& opened, bool elsewhere, int fewest);
+    std::vector<Replacement> Replacements(Opened& opened, double tolerance, bool elsewhere, int fewest);
     Run KeptWalk(ShapeCounts& left);
     std::vector<int> PartsOfRows(const Run& run, const std::vector<int>& parts) const;
     void MoveKeptToItsPlace(Loop& loop) const;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
+#include <utility>
 
 namespace pistaro {
 
@@ -118,8 +120,34 @@ private:
         return differences;
     }
 
+    /// How far the lanes' lengths are apart; cm.
+    double LanesApart() {
+        const std::vector<double> differences = LaneDifferences();
+        return std::abs(std::accumulate(differences.begin(), differences.end(), 0.0));
+    }
+
+    /// The partner of one that the kept part leaves alone, where the lanes' lengths then differ least.
+    void PlacePartner(int special) {
+        double least = std::numeric_limits<double>::max();
+        std::size_t best = rows_.size();
+        for (std::size_t place = 0; place < rows_.size(); ++place) {
+            if (!Fits(special, place)) continue;
+            const int plain = std::exchange(rows_[place], special);
+            const double apart = LanesApart();
+            rows_[place] = plain;
+            constexpr double better = 1e-6; // rounding shall not decide
+            if (apart >= least - better) continue;
+            least = apart;
+            best = place;
+        }
+        if (best < rows_.size()) Put(special, best);
+    }
+
     /// Pair by pair, where the lanes' lengths then differ least.
     void PlaceChangeOvers(int special) {
+        const auto isOne = [&](int row) { return catalogue_[row].StockIndex == special; };
+        const auto lone = std::count_if(rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(kept_), isOne) % 2;
+        if (lone > 0 && Left(special) > 0) PlacePartner(special);
         for (int pairs = Left(special) / 2; pairs > 0; --pairs) {
             const std::vector<double> differences = LaneDifferences();
             double whole = 0;

@@ -15,7 +15,8 @@ ShapeCounts ShapesOf(const Catalogue& catalogue, const PieceBox& box);
 
 /// A closed circuit of basic pieces, by rows, with as many special ones of the box in their places as it has places
 /// for: chicanes complete, change-overs in pairs and where they leave the lanes' lengths least apart. Nothing where
-/// plain ones that the box has not got would be left. The first `kept` pieces stay as they are, special or plain.
+/// plain ones that the box has not got would be left. The first `kept` pieces stay as they are, special or plain; a
+/// change-over that is alone among them gets its partner.
 std::optional<std::vector<int>> WithSpecialPieces(const Catalogue& catalogue, const PieceBox& box,
                                                   std::vector<int> rows, std::size_t kept = 0);
 

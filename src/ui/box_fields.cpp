@@ -173,6 +173,7 @@ void BoxFields::Filter() {
 
 void BoxFields::FillBox(const PieceBox& box) {
     lstBox_->Show(box);
+    txtFilterBox_->clear(); // or what was put in might not be seen
     Filter();
 }
 

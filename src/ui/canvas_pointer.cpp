@@ -209,6 +209,7 @@ void CanvasPointer::Press(const QMouseEvent& event) {
 void CanvasPointer::Move(const QMouseEvent& event) {
     TellPlace(view_.WorldAt(event.position()));
     const bool farEnough = (event.position() - pressed_).manhattanLength() >= QApplication::startDragDistance();
+    if (!(event.buttons() & Qt::LeftButton)) held_ = false; // its release went elsewhere, as to a message box
     if (held_ && doing_ == Doing::Nothing && farEnough) BeginDrag(event.modifiers());
     if (doing_ == Doing::Panning) return PanTo(event.position());
     if (doing_ == Doing::MovingTrack || doing_ == Doing::TurningTrack) {

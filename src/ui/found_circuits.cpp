@@ -190,8 +190,8 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, const
     line.setCheckState(ticked_.contains(place) ? Qt::Checked : Qt::Unchecked);
     line.setIcon(pictures_[place]);
     QString pieces = Shown(PiecesAndPriceText(session_, circuit));
-    if (ranked.Like)
-        pieces.replace(0, pieces.section(", ", 0, 0).size(), QString("much like %1").arg(*ranked.Like + 1));
+    const auto behindCount = pieces.section(", ", 0, 0).size();
+    if (ranked.Like) pieces.insert(behindCount, QString(" · like %1").arg(*ranked.Like + 1));
     QStringList lines{Shown(UseAndLengthText(circuit)), pieces};
     if (const std::string warning = WallWarning(session_, around_.Design, circuit); !warning.empty())
         lines += Shown(warning);

@@ -42,40 +42,47 @@ QString StandingText(BoxStanding standing, std::size_t count, const QString& fou
     return count == 0 ? "These pieces make no circuit in this room." : found + "; there are no others.";
 }
 
+/// Of circuits that were found for other wishes; `whyNot`, why those that stand at the left cannot be looked for.
+QString OutdatedText(const QString& whyNot) {
+    if (whyNot.isEmpty()) return "This was found for another box, room or part than stands at the left.";
+    return "This was found for other wishes. As they stand at the left: " + whyNot;
+}
+
 QString InsteadFor(const BoxWish& wish, bool varies) {
     if (wish.Kept) return "keep less of the track";
     return varies ? "try a larger room, or other pieces" : "try a larger room, or more curves";
 }
 
 /// What makes it more likely that there is one.
-QString EasierFor(const Session& session, const BoxWish& wish) {
-    const QString rare = Shown(WhyRare(session.Catalogue, wish.Box, wish.MustHave));
-    if (!rare.isEmpty()) return rare;
-    const QString without =
-        wish.MustHave == MustHaves() ? QString() : "Without what they must have there may be some. ";
+QString EasierFor(const BoxWish& wish) {
+    const QString without = wish.MustHave == MustHaves() ? "" : "Without the ticked must-haves there may be some. ";
     return without + "More curves, straights of another length, or a larger room make it easier.";
 }
 
-/// What stands in the place of circuits while there are none; `never`, why there can be none.
-QString HintFor(BoxStanding standing, const QString& never, const QString& easier, bool varies, bool keeps) {
-    if (!never.isEmpty()) return never + "\n\nAdd pieces to the box, or choose a larger room.";
+/// What stands in the place of circuits while there are none; `rare`, why there will hardly be any.
+QString HintFor(BoxStanding standing, const BoxWish& wish, const QString& rare) {
+    const QString easier = rare.isEmpty() ? EasierFor(wish) : rare;
     switch (standing) {
     case BoxStanding::Idle:
         break;
     case BoxStanding::Runs:
-        return keeps ? "Around a part that is kept the first circuit may take a minute: keep less of the track, or "
-                       "wait. Stop ends the search."
-                     : "The first circuits come in a moment.";
+        if (!rare.isEmpty()) return "Nothing so far. " + rare;
+        return wish.Kept ? "Around a part that is kept the first circuit may take a minute: keep less of the track, or "
+                           "wait. Stop ends the search."
+                         : "The first circuits come in a moment.";
     case BoxStanding::Complete:
         return "Every way to lay these pieces was tried, and none closes inside the room.\n\n" + easier;
     case BoxStanding::Paused:
     case BoxStanding::Ended:
         return "No circuit so far.\n\n" + easier;
     }
-    return QString("1.  %1\n\n2.  Say how large the room is.\n\n3.  Press Search, and choose among the circuits.")
-        .arg(varies ? "The box holds the pieces of your track; add others, if you like. To keep a part of it, click "
-                      "that part's first piece in the drawing, then its last one with Shift."
-                    : "Fill the box: All I Own, a set that you have, or a click on a line and its count.");
+    return (rare.isEmpty() ? QString() : rare + "\n\n") +
+           QString("1.  %1\n\n2.  Say how large the room is.\n\n3.  Press Search, and choose among the circuits.")
+               .arg(
+                   wish.Varied
+                       ? "The box holds the pieces of your track; add others, if you like. To keep a part of it, click "
+                         "that part's first piece in the drawing, then its last one with Shift."
+                       : "Fill the box: All I Own, a set that you have, or a click on a line and its count.");
 }
 
 } // namespace
@@ -120,19 +127,22 @@ frmBox::frmBox(Session& session, std::optional<int> varied, QWidget* parent)
         if (changes.Stock || changes.Preferences) ShowFound();
         if (changes.Room) ShowStanding();
         if (changes.EditState && IsBegunTrack()) fields_->OfferPart();
+        if (changes.Circuit && varied_) ShowStanding(); // other tracks may lie elsewhere now
     });
     fields_->setFocus();
     ShowStanding(); // only now, as it takes a dialog to have a default button
     ShowChosen();
 }
 
-bool frmBox::IsAboutTheDesign() const {
-    const Circuit& circuit = session_.Project.Design.Circuit;
-    return circuit == opened_ || IsBegunTrack();
-}
+bool frmBox::IsAboutTheDesign() const { return IsBegunTrack() || (opened_ && IsVariedTrackOf(*opened_)); }
 
-bool frmBox::IsBegunTrack() const {
-    return session_.Project.Design.Circuit == begunWith_ && VariedTrack(session_) == varied_;
+bool frmBox::IsBegunTrack() const { return IsVariedTrackOf(begunWith_) && VariedTrack(session_) == varied_; }
+
+/// Whether the track that is varied is now as it is in the circuit.
+bool frmBox::IsVariedTrackOf(const Circuit& circuit) const {
+    if (!varied_) return false;
+    const auto track = static_cast<std::size_t>(*varied_);
+    return session_.Project.Design.Circuit.Tracks[track] == circuit.Tracks[track];
 }
 
 QString frmBox::Heading() const {
@@ -219,8 +229,9 @@ void frmBox::Search() {
         const LayingTask task = TaskFor(session_, wish);
         searched_ = wish;
         around_ = SurroundingsFor(session_, wish);
-        kept_ = {wish.Kept ? wish.Kept->Rows.size() : 0, around_.Track};
-        lstCircuits_->Begin(around_, kept_);
+        marked_ = {wish.Kept ? wish.Kept->Rows.size() : 0, around_.Track};
+        if (!wish.Kept && HasOtherTracks(around_)) marked_.Count = MaxElements; // or nobody could tell it from them
+        lstCircuits_->Begin(around_, marked_);
         search_.Start(task);
         if (wish.Area && !varied_) fields_->RememberArea();
     });
@@ -246,7 +257,9 @@ void frmBox::ShowFound() {
     const std::vector<FoundCircuit>& found = search_.Found();
     lstCircuits_->MakeRoomFor(fields_->Count());
     const ScoreWeights weights = weights_->Weights();
-    const std::vector<std::size_t> best = BestOf(found, fields_->Count(), weights);
+    std::vector<std::size_t> best = BestOf(found, fields_->Count(), weights);
+    std::ranges::stable_partition(
+        best, [&](std::size_t place) { return WallWarning(session_, around_.Design, found[place].Circuit).empty(); });
     // What is like the design is like each other, too.
     lstCircuits_->Show(found, weights.Likeness > 0 ? InOrder(best) : Ranked(found, best));
     ShowStanding();
@@ -264,37 +277,35 @@ bool frmBox::IsForAnother(const BoxWish& wish) const {
 void frmBox::ShowStanding() {
     const BoxWish wish = fields_->Wish();
     const QString never = Shown(WhyNeverFulfilled(session_, wish));
-    const std::size_t count = search_.Found().size();
-    const bool isInVain = count == 0 && !never.isEmpty() && !wish.Kept && search_.Standing() == BoxStanding::Ended;
-    const BoxStanding standing = isInVain ? BoxStanding::Complete : search_.Standing();
+    const QString whyNot = wish.Box.Total() == 0 ? "The box is empty." : never;
+    const BoxStanding standing = search_.Standing();
     const bool runs = standing == BoxStanding::Runs;
-    const bool isBoxEmpty = wish.Box.Total() == 0;
     const bool isForAnother = IsForAnother(wish);
-    const bool isOutdated = isForAnother && (count > 0 || runs);
-    banner_->Show(StandingWords(wish, standing, isOutdated), isOutdated, !isBoxEmpty);
+    const bool isOutdated = isForAnother && (!search_.Found().empty() || runs);
+    const bool isIdle = standing == BoxStanding::Idle || (isForAnother && !runs);
+    banner_->Show(isOutdated ? OutdatedText(whyNot) : StandingWords(wish, isIdle, !never.isEmpty()), isOutdated,
+                  whyNot.isEmpty());
     lstCircuits_->SetOutdated(isOutdated);
     const BoxStanding ofThisWish = isForAnother && !runs ? BoxStanding::Idle : standing;
-    lstCircuits_->ShowHint(
-        HintFor(ofThisWish, never, EasierFor(session_, wish), varied_.has_value(), wish.Kept.has_value()));
-    ShowSearchButtons(standing, isForAnother, isBoxEmpty);
+    const QString rare = Shown(WhyRare(session_.Catalogue, wish.Box, wish.MustHave));
+    lstCircuits_->ShowHint(never.isEmpty() ? HintFor(ofThisWish, wish, rare) : never);
+    ShowSearchButtons(standing, isForAnother, whyNot);
     ShowProgress();
 }
 
-QString frmBox::StandingWords(const BoxWish& wish, BoxStanding standing, bool isOutdated) const {
-    const bool isBoxEmpty = wish.Box.Total() == 0;
+/// `never`: there can be no circuit.
+QString frmBox::StandingWords(const BoxWish& wish, bool isIdle, bool never) const {
     const std::size_t count = search_.Found().size();
-    if (isOutdated && isBoxEmpty) return "The box is empty now; this is of the box before. Fill it to search again.";
-    if (isOutdated) return "This is of another box or room than stands at the left.";
-    const bool isIdle = standing == BoxStanding::Idle || (IsForAnother(wish) && standing != BoxStanding::Runs);
-    if (count == 0 && isIdle) return IdleText(isBoxEmpty);
+    const BoxStanding standing = never && count == 0 ? BoxStanding::Complete : search_.Standing();
+    if (count == 0 && isIdle && !never) return IdleText(wish.Box.Total() == 0);
     const QString found = CountText(count, static_cast<std::size_t>(wish.Count));
     return StandingText(standing, count, found, InsteadFor(wish, varied_.has_value()));
 }
 
-void frmBox::ShowSearchButtons(BoxStanding standing, bool isForAnother, bool isBoxEmpty) {
+void frmBox::ShowSearchButtons(BoxStanding standing, bool isForAnother, const QString& whyNot) {
     const bool runs = standing == BoxStanding::Runs;
-    cmdSearch_->setEnabled(!isBoxEmpty);
-    cmdSearch_->setToolTip(isBoxEmpty ? "The box is empty" : "Search for circuits from the beginning");
+    cmdSearch_->setEnabled(whyNot.isEmpty());
+    cmdSearch_->setToolTip(whyNot.isEmpty() ? "Search for circuits from the beginning" : whyNot);
     cmdStop_->setText(search_.IsPausing()                     ? "Stopping…"
                       : runs || standing == BoxStanding::Idle ? "St&op"
                                                               : "&Continue");
@@ -332,7 +343,7 @@ void frmBox::ShowChosen() {
     }
     const LaidCircuit& circuit = search_.Found()[*shown].Circuit;
     weights_->Show(circuit.Parts);
-    preview_->Show(around_.With(circuit.Track), kept_, FiguresOf(session_, searched_->Box, around_.Design, circuit));
+    preview_->Show(around_.With(circuit.Track), marked_, FiguresOf(session_, searched_->Box, around_.Design, circuit));
 }
 
 /// The window goes, so that the design is seen; it comes back as it was.
@@ -341,16 +352,19 @@ void frmBox::OpenChosen() {
     if (!shown) return;
     bool isOpen = false;
     session_.Do([&] {
-        isOpen = OpenAsNew(session_, varied_.has_value(), around_, search_.Found()[*shown].Circuit.Track, opened_);
+        isOpen = OpenAsNew(session_, varied_.has_value(), AroundNow(), search_.Found()[*shown].Circuit.Track, opened_);
     });
     if (isOpen) close();
 }
+
+/// What lies around a circuit that takes the varied track's place in the design as it is now.
+Surroundings frmBox::AroundNow() const { return IsAboutTheDesign() ? WithPresentTracks(session_, around_) : around_; }
 
 void frmBox::KeepChosen() {
     std::vector<Track> tracks;
     for (const std::size_t place : lstCircuits_->ToKeep())
         tracks.push_back(search_.Found()[place].Circuit.Track);
-    session_.Do([&] { KeepAsFiles(session_, around_, tracks); });
+    session_.Do([&] { KeepAsFiles(session_, AroundNow(), tracks); });
 }
 
 void frmBox::showEvent(QShowEvent* event) {

@@ -42,10 +42,12 @@ private:
     void ShowFound();
     bool IsForAnother(const BoxWish& wish) const;
     bool IsBegunTrack() const;
+    bool IsVariedTrackOf(const Circuit& circuit) const;
+    Surroundings AroundNow() const;
     QString Heading() const;
-    QString StandingWords(const BoxWish& wish, BoxStanding standing, bool isOutdated) const;
+    QString StandingWords(const BoxWish& wish, bool isIdle, bool never) const;
     void ShowStanding();
-    void ShowSearchButtons(BoxStanding standing, bool isForAnother, bool isBoxEmpty);
+    void ShowSearchButtons(BoxStanding standing, bool isForAnother, const QString& whyNot);
     void ShowProgress();
     void ShowChosen();
     void OpenChosen();
@@ -64,7 +66,7 @@ private:
                 *cmdKeep_ = nullptr;
     std::optional<BoxWish> searched_; ///< that the circuits which are shown were searched for
     Surroundings around_;             ///< them
-    MarkedPieces kept_;               ///< of theirs
+    MarkedPieces marked_;             ///< of theirs: those that are kept, or all where other tracks lie beside them
     std::optional<Circuit> opened_;   ///< that stands in the window because it was opened here
     QTimer showing_;                  ///< so that many circuits found at once are shown together
     Observation observation_;

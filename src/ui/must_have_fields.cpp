@@ -6,8 +6,6 @@
 #include <QGridLayout>
 #include <QSignalBlocker>
 
-#include <utility>
-
 namespace pistaro {
 
 namespace {
@@ -60,17 +58,20 @@ void MustHaveFields::OfferPart() {
     const ElementRun run = edit.ShowsAllTracks() ? ElementRun() : SelectedRun(session_);
     const Track* const track = EditedTrack(session_.Project.Design.Circuit, edit);
     const bool canKeep = run.Count > 0 && run.Count <= track->ElementLastIndex();
-    const auto before = std::exchange(part_, std::nullopt);
-    if (canKeep) part_ = PartOf(session_.Catalogue, *track, run.First, run.Count);
+    std::optional<TrackPart> part;
+    if (canKeep) part = PartOf(session_.Catalogue, *track, run.First, run.Count);
+    const bool isFirst = chkKeepPart_->text().isEmpty();
+    if (part == part_ && !isFirst) return; // what its user has ticked stays
+    part_ = part;
     chkKeepPart_->setEnabled(canKeep);
-    QString part = "The selected pa&rt";
-    if (!canKeep) part += ": none is selected";
-    if (canKeep && run.Count > 1) part += QString(": %1 to %2").arg(run.First).arg(run.First + run.Count - 1);
-    chkKeepPart_->setText(part);
+    QString caption = "The selected pa&rt: ";
+    caption += canKeep ? QString::number(run.First) : "none is selected";
+    if (canKeep && run.Count > 1) caption += QString(" to %1").arg(run.First + run.Count - 1);
+    chkKeepPart_->setText(caption);
     chkKeepPart_->setToolTip(canKeep ? "These elements stay as they are, where they are"
                                      : "Select elements in the drawing: a click, then Shift and a click");
     chkKeepPart_->setChecked(canKeep && run.Count > 1);
-    if (before != part_) Changed();
+    if (!isFirst) Changed();
 }
 
 void MustHaveFields::Offer(const PieceBox& box) {

@@ -1,9 +1,9 @@
 #include "ui/work_picture.h"
 
+#include "editor/view_commands.h"
 #include "imaging/overlay.h"
 #include "imaging/painter_surface.h"
 #include "layout/outline.h"
-#include "layout/piece_extent.h"
 #include "render/redraw.h"
 #include "storage/settings_file.h"
 #include "ui/canvas_colours.h"
@@ -17,31 +17,33 @@ namespace pistaro {
 
 namespace {
 
-/// A square view in whose middle part, of this size, all pieces and the room are seen with a margin.
-ViewSettings ViewOfAll(const Catalogue& catalogue, const Design& design, QSize size) {
+/// What is shown: all pieces and the room's corners, or where those lie far apart what lies near the pieces.
+std::optional<GroundBox> ShownOf(const Catalogue& catalogue, const Design& design) {
+    constexpr double farLarger = 3;
+    Design alone = design;
+    alone.Room = {};
+    const std::optional<GroundBox> all = ExtentOf(catalogue, design);
+    const std::optional<GroundBox> pieces = ExtentOf(catalogue, alone);
+    if (!pieces) return all;
+    const double across = pieces->Right - pieces->Left;
+    const double up = pieces->Top - pieces->Bottom;
+    const bool isFarLarger = all->Right - all->Left > farLarger * across && all->Top - all->Bottom > farLarger * up;
+    return isFarLarger ? pieces->Grown(std::max(across, up) / 2) : all;
+}
+
+/// A square view in whose middle part, of this size, that is seen with a margin.
+ViewSettings ViewOf(const GroundBox& box, QSize size) {
     constexpr float margin = 10; // cm
     constexpr float least = 60;
-    std::vector<WorldPoint> places;
-    for (const Track& track : design.Circuit.Tracks) {
-        WalkTrack(catalogue, track, [&](int, const PiecePlacement* piece, const Pose&) {
-            if (piece == nullptr) return;
-            const PieceExtent extent = ExtentOf(*piece);
-            places.push_back({extent.Left, extent.Bottom});
-            places.push_back({extent.Right, extent.Top});
-        });
-    }
-    for (const RoomPoint& point : design.Room.Points)
-        places.push_back(RoomCorner(design.Room, point));
-    if (places.empty()) return design.View;
-    const auto [left, right] = std::ranges::minmax(places, {}, &WorldPoint::X);
-    const auto [bottom, top] = std::ranges::minmax(places, {}, &WorldPoint::Y);
     ViewSettings view;
-    view.MidX = (left.X + right.X) / 2;
-    view.MidY = (bottom.Y + top.Y) / 2;
+    view.MidX = static_cast<float>(box.Left + box.Right) / 2;
+    view.MidY = static_cast<float>(box.Bottom + box.Top) / 2;
     const auto side = static_cast<float>(std::max(size.width(), size.height()));
-    const float across = (right.X - left.X + 2 * margin) * side / static_cast<float>(size.width());
-    const float up = (top.Y - bottom.Y + 2 * margin) * side / static_cast<float>(size.height());
-    view.Width = std::max({least, across, up});
+    const auto needed = [&](double extent, int pixels) {
+        return (static_cast<float>(extent) + 2 * margin) * side / static_cast<float>(pixels);
+    };
+    view.Width =
+        std::max({least, needed(box.Right - box.Left, size.width()), needed(box.Top - box.Bottom, size.height())});
     return view;
 }
 
@@ -69,7 +71,7 @@ QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Prefe
         CanvasColours(preferences.Colours, InitialSettings(catalogue).Preferences.Colours, QApplication::palette());
     Project project;
     project.Design = design;
-    project.Design.View = ViewOfAll(catalogue, design, size);
+    if (const auto shown = ShownOf(catalogue, design)) project.Design.View = ViewOf(*shown, size);
     project.Stock.Products.resize(static_cast<std::size_t>(catalogue.Count()));
     project.Preferences = preferences;
     project.Preferences.Colours = colours;

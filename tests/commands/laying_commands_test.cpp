@@ -75,16 +75,45 @@ TEST_F(LayingCommands, RefuseWhatCannotBeLaid) {
     EXPECT_EQ(WhyRefused(keepsAdapter), "Refused: the part that is kept must begin and end within one system");
 }
 
+constexpr const char* Oval = "C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R";
+
 TEST_F(LayingCommands, LeaveOutTheCircuitThatIsVaried) {
+    session_.Project.Design.Circuit.Tracks[0] = Chain(Oval);
     BoxWish wish = WishOf("C151=8,C160=4");
     EXPECT_TRUE(TaskFor(session_, wish).LeftOut.empty());
 
     wish.Varied = 0;
 
-    EXPECT_EQ(TaskFor(session_, wish).LeftOut, std::vector<Rows>{RowsOf("C160 C160 C151R")});
-    EXPECT_EQ(TaskFor(session_, wish).Varied->Rows, RowsOf("C160 C160 C151R"));
-    session_.Project.Design.Circuit.Tracks[0] = Chain("C160 no-such-piece");
-    EXPECT_FALSE(TaskFor(session_, wish).Varied.has_value()) << "nobody knows what it looks like";
+    EXPECT_EQ(TaskFor(session_, wish).LeftOut, std::vector<Rows>{RowsOf(Oval)});
+    EXPECT_EQ(TaskFor(session_, wish).Varied->Rows, RowsOf(Oval));
+    session_.Project.Design.Circuit.Tracks[0] = Chain("C160 C160 C151R");
+    EXPECT_FALSE(TaskFor(session_, wish).Varied.has_value()) << "it is no circuit";
+}
+
+TEST_F(LayingCommands, BeginTheCircuitThatIsVariedWithThePartThatIsKept) {
+    const Track& oval = session_.Project.Design.Circuit.Tracks[0] = Chain(Oval);
+    BoxWish wish = WishOf("C151=8,C160=4");
+    wish.Varied = 0;
+    wish.Kept = PartOf(Pieces(), oval, 4, 3);
+
+    const LayingTask task = TaskFor(session_, wish);
+
+    EXPECT_EQ(task.Varied->Rows, RowsOf("C151R C151R C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R"));
+    EXPECT_EQ(task.Varied->At, task.Kept->At);
+}
+
+TEST_F(LayingCommands, OpenAVariationInTheRoomAndBesideTheTracksOfTheDesignAsItIsNow) {
+    session_.Project.Design.Circuit.Tracks[0] = Chain(Oval);
+    BoxWish wish = WishOf("C151=8,C160=4");
+    wish.Varied = 0;
+    const Surroundings searched = SurroundingsFor(session_, wish);
+    session_.Project.Design.Circuit.Tracks[1] = Chain("C159");
+
+    const Surroundings now = WithPresentTracks(session_, searched);
+
+    EXPECT_EQ(CodesOf(now.Design.Circuit.Tracks[1]), "C159");
+    EXPECT_TRUE(now.Design.Circuit.Tracks[0].ElementCodes.empty());
+    EXPECT_FALSE(HasWalls(now.Design.Room)) << "the rectangle was for the search alone";
 }
 
 TEST_F(LayingCommands, VaryTheTrackThatIsEditedAndElseTheFirstThatHasPieces) {
@@ -170,7 +199,7 @@ TEST_F(LayingCommands, KeepOneCircuitUnderItsNameAndSeveralWithNumbers) {
 TEST_F(LayingCommands, LeaveAllFilesWhereOneShallNotBeOverwritten) {
     prompts_.Files = {folder_ / "kept.trk", folder_ / "kept.trk"};
     KeepAsFiles(session_, room_, {Chain("C151L"), Chain("C160")});
-    prompts_.Answers = {Answer::Yes, Answer::No};
+    prompts_.Answers = {Answer::No};
 
     EXPECT_FALSE(KeepAsFiles(session_, room_, {Chain("C159"), Chain("C159")}));
 

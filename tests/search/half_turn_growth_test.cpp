@@ -61,7 +61,7 @@ TEST(ALoopOfTwoHalves, ClosesWithinTheRoomWithoutOverlapsAfterEachChange) {
         if (!box.Growth.Change(loop, 0)) continue;
         ++changes;
         const LaidLoop laid = LayLoop(Pieces(), RowsOf(box.Steps, loop.Steps), loop.Cursor());
-        ASSERT_TRUE(IsClosed(laid));
+        ASSERT_TRUE(IsClosed(laid, loop.Tolerance));
         ASSERT_TRUE(box.Walls.Holds(laid));
         ASSERT_FALSE(OverlapsItself(laid, {}));
     }

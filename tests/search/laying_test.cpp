@@ -350,6 +350,33 @@ TEST(LaidCircuits, AreLikeTheOneThatIsVariedWhereOneIs) {
     EXPECT_GT(best.Parts.Likeness, 0.9);
 }
 
+/// The likeness of the best among the first few variations of a long circuit whose ends are pressed together and whose
+/// chicane has an extension; `kept` of its pieces stay.
+double LikenessOfVariations(std::size_t kept) {
+    const Rows circuit =
+        RowsOf("C160 C277 C367 C160 C160 C8006 C160 C160 C151R C151R C160 C160 C157 C157 C151R C151L C151L C160 C157 "
+               "C151R C160 C153R C153R C153R C153R C160 C8006 C160 C160 C158 C157 C156R C156R C160 C8005 C151L C151L "
+               "C151L C151L C160 C160 C8007 C8009 C8007 C8006 C160 C151L C151R C160 C160 C153R C153R C153R C153R C160 "
+               "C160 C151R C151R C8006 C160 C151L C151L C160 C151R C151R C160 C160");
+    LayingTask task =
+        TaskOf("C160=24,C151=18,C153=8,C156=2,C157=4,C158=1,C277=1,C367=1,C8005=1,C8006=4,C8007=2,C8009=1", {650, 450});
+    task.Varied = TrackPart{circuit, {38, -162, 1.570796F}};
+    if (kept > 0)
+        task.Kept = TrackPart{{circuit.begin(), circuit.begin() + static_cast<std::ptrdiff_t>(kept)}, task.Varied->At};
+    CircuitSearch search(Pieces(), task);
+    double likeness = 0;
+    constexpr double much = 0.9;
+    for (int round = 0; round < 60 && likeness < much && search.Round({}); ++round) {
+        for (const FoundCircuit& found : search.Found())
+            likeness = std::max(likeness, found.Circuit.Parts.Likeness);
+    }
+    return likeness;
+}
+
+TEST(Variations, AreMuchLikeACircuitThatClosesNoBetterThanByPressing) { EXPECT_GT(LikenessOfVariations(0), 0.9); }
+
+TEST(Variations, KeepAPartWithOneOfAPairOfChangeOvers) { EXPECT_GT(LikenessOfVariations(16), 0.9); }
+
 TEST(CircuitSearch, CanBeGoneOnWithWhereNothingWasFound) {
     CircuitSearch search(Pieces(), TaskOf("C151=12,C160=6", {40, 40}));
 

@@ -79,5 +79,13 @@ TEST(ChangeOvers, OfWhichOneIsLeftStayInTheBox) {
     EXPECT_EQ(WithSpecials("C160=2,C8006=1,C151=2", "C160 C151L C160 C151L"), "C160 C151L C160 C151L");
 }
 
+TEST(ChangeOvers, GiveAPartnerToOneThatIsKept) {
+    const std::string oval = "C8006 C151L C151L C151L C151L C160 C151L C151L C151L C151L";
+
+    const auto rows = WithSpecialPieces(Pieces(), BoxOf(Pieces(), "C8006=2,C151=8"), RowsOf(oval), 2);
+
+    EXPECT_EQ(rows, RowsOf("C8006 C151L C151L C151L C151L C8006 C151L C151L C151L C151L"));
+}
+
 } // namespace
 } // namespace pistaro
