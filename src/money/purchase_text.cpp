@@ -64,14 +64,22 @@ private:
     std::vector<int> missing_;
 };
 
-void AddSingly(PurchaseReport& report, const Project& project, const Purchase& purchase,
+void AddSingly(PurchaseReport& report, const Catalogue& catalogue, const Project& project, const Purchase& purchase,
                const std::vector<int>& missing) {
     ForEachCount(missing, [&](std::size_t row, int count) {
         const Cents price = PriceOf(project, row);
         const bool isSold = row >= purchase.NotSold.size() || purchase.NotSold[row] == 0;
         report.Singly += price * count;
-        if (price == 0 && isSold) report.NotSingly += count;
+        if (price > 0 || !isSold) return;
+        report.NotSingly += count;
+        report.BoxedCodes.push_back(CodeOf(catalogue, row));
     });
+}
+
+std::string ProvenRank(const PurchaseReport& report) {
+    const std::string cheapest = "the cheapest there is.";
+    if (report.AboveBound == 0) return cheapest;
+    return "at most " + MoneyText(report.AboveBound, report.Currency) + " above " + cheapest;
 }
 
 } // namespace
@@ -97,7 +105,7 @@ PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, cons
             contents.push_back({each * count, nameOf(static_cast<std::size_t>(row)), needs.Take(row, each * count)});
         report.Lines.push_back({count, sets[set].Name, sets[set].Price, std::move(contents)});
     });
-    AddSingly(report, project, purchase, missing);
+    AddSingly(report, catalogue, project, purchase, missing);
     ForEachCount(purchase.Singles, [&](std::size_t row, int count) {
         report.Lines.push_back({count, nameOf(row), PriceOf(project, row)});
     });
@@ -110,17 +118,14 @@ PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, cons
     return report;
 }
 
-std::string PurchaseText(const PurchaseReport& report) {
+std::string PurchaseText(const PurchaseReport& report, const std::string& rank) {
     const std::string remarks = report.UnsoldRemark + report.Remarks;
     if (report.Lines.empty() && !report.Unsold.empty()) return "What is missing has no price yet.\n" + remarks;
     std::string table;
     for (const PurchaseLine& line : report.Lines)
         table += Columns(line);
     return table + "Total " + MoneyText(report.Total, report.Currency) + ", " +
-           (report.AboveBound == 0
-                ? "the cheapest there is.\n"
-                : "at most " + MoneyText(report.AboveBound, report.Currency) + " above the cheapest there is.\n") +
-           remarks;
+           (rank.empty() ? ProvenRank(report) : rank) + "\n" + remarks;
 }
 
 } // namespace pistaro

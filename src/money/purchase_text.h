@@ -37,6 +37,7 @@ struct PurchaseReport {
 
     Cents Singly = 0;  ///< what the same costs in single pieces alone, as far as they have a price
     int NotSingly = 0; ///< how many of them have none
+    std::vector<std::string> BoxedCodes = {}; ///< the products of these: without a price only boxes bring them
 
     /// What is left over from the sets, what is owned and not used, and which codes are not counted as the catalogue
     /// does not hold them: a line each where there is such.
@@ -46,7 +47,8 @@ struct PurchaseReport {
 PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, const BoxedSets& sets,
                         const Purchase& purchase);
 
-/// A line for each set and each product, the total, and what is left over. Columns are for a font of one width.
-std::string PurchaseText(const PurchaseReport& report);
+/// A line for each set and each product, the total, and what is left over. Columns are for a font of one width. `rank`
+/// tells how good the total is; without it, how far it is proven the cheapest.
+std::string PurchaseText(const PurchaseReport& report, const std::string& rank = {});
 
 } // namespace pistaro

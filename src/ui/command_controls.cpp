@@ -36,12 +36,12 @@ QString SpokenName(const Command& command) {
     return Shown(command.Id).replace(0, 1, QChar(command.Id.front()).toUpper());
 }
 
+} // namespace
+
 QString TipWithKey(const std::string& tip, const std::string& key) {
     if (key.empty()) return Shown(tip);
     return Shown(tip) + " (" + KeyOf(key).toString(QKeySequence::NativeText) + ")";
 }
-
-} // namespace
 
 const Command& CommandControls::RowOf(std::string_view id) const {
     const Command* const command = session_.Commands.Find(id);

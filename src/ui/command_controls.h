@@ -13,6 +13,9 @@
 
 namespace pistaro {
 
+/// A tool tip that names the key too, if there is one.
+QString TipWithKey(const std::string& tip, const std::string& key);
+
 class CommandControls {
 public:
     explicit CommandControls(Session& session) : session_(session) {}

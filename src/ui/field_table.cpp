@@ -31,11 +31,6 @@ QString Clipboard() {
 
 bool HoldsSeveralCells() { return Clipboard().contains('\n') || Clipboard().contains('\t'); }
 
-/// The key of the window's redo everywhere, and the desktop's own.
-bool IsRedo(const QKeyEvent& key) {
-    return key.matches(QKeySequence::Redo) || (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier);
-}
-
 class FieldDelegate : public QStyledItemDelegate {
 public:
     explicit FieldDelegate(FieldTable& table) : QStyledItemDelegate(&table), table_(table) {}
@@ -106,6 +101,9 @@ protected:
         // Other events come also while the table goes, when nothing may be asked of it any more.
         if (key == 0) return QStyledItemDelegate::eventFilter(watched, event);
         const auto way = WayOf(key);
+        const auto* const typed = qobject_cast<QLineEdit*>(editor);
+        if (typed != nullptr && !typed->isModified() && table_.GoBack(*static_cast<const QKeyEvent*>(event)))
+            return true;
         if (static_cast<const QKeyEvent*>(event)->matches(QKeySequence::Paste) && HoldsSeveralCells()) {
             emit closeEditor(editor, NoHint);
             table_.Paste();
@@ -144,6 +142,12 @@ private:
 };
 
 } // namespace
+
+bool IsUndo(const QKeyEvent& key) { return key.matches(QKeySequence::Undo); }
+
+bool IsRedo(const QKeyEvent& key) {
+    return key.matches(QKeySequence::Redo) || (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier);
+}
 
 FieldTable::FieldTable(std::vector<int> fields, std::vector<int> numbers)
     : fields_(std::move(fields)), numbers_(std::move(numbers)), wrong_(*this) {
@@ -188,9 +192,8 @@ QModelIndex FieldTable::moveCursor(CursorAction action, Qt::KeyboardModifiers mo
 
 bool FieldTable::Takes(const QKeyEvent& key) const {
     if (IsClosed()) return false;
-    return key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
-           (key.matches(QKeySequence::Undo) && !undo_.empty()) || (IsRedo(key) && !redo_.empty()) ||
-           (key.key() == Qt::Key_Escape && wrong_.At(currentIndex()));
+    return key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) || (IsUndo(key) && !undo_.empty()) ||
+           (IsRedo(key) && !redo_.empty()) || (key.key() == Qt::Key_Escape && wrong_.At(currentIndex()));
 }
 
 /// Keys that are about a field here are no commands on the track.
@@ -219,10 +222,8 @@ bool FieldTable::DoKey(const QKeyEvent& key) {
         QGuiApplication::clipboard()->setText(currentIndex().data().toString());
     } else if (key.matches(QKeySequence::Paste)) {
         Paste();
-    } else if (key.matches(QKeySequence::Undo)) {
-        GoBack(undo_, redo_);
     } else {
-        GoBack(redo_, undo_);
+        GoBack(key);
     }
     return true;
 }
@@ -353,6 +354,14 @@ FieldTable::Step FieldTable::Show(const Step& step) {
     return back;
 }
 
+bool FieldTable::GoBack(const QKeyEvent& key) {
+    const bool undoes = IsUndo(key);
+    if (IsClosed() || (!undoes && !IsRedo(key)) || (undoes ? undo_ : redo_).empty()) return false;
+    EndEntry();
+    GoBack(undoes ? undo_ : redo_, undoes ? redo_ : undo_);
+    return true;
+}
+
 void FieldTable::GoBack(std::vector<Step>& from, std::vector<Step>& to) {
     const Step step = std::move(from.back());
     from.pop_back();
@@ -377,6 +386,25 @@ void FieldTable::ForgetFaults() {
 QString FieldTable::HintOf(int column) const {
     const auto hint = hints_.find(column);
     return hint == hints_.end() ? QString() : hint->second;
+}
+
+void FieldTable::SetWords(int column) {
+    words_ = column;
+    header()->setSectionResizeMode(column, QHeaderView::Fixed);
+    connect(header(), &QHeaderView::sectionResized, this, [this] { FitWords(); });
+}
+
+void FieldTable::FitWords() {
+    if (words_ < 0) return;
+    const int others = header()->length() - columnWidth(words_);
+    const int words = std::max(sizeHintForColumn(words_), header()->sectionSizeHint(words_));
+    const int room = std::max(viewport()->width() - others, header()->minimumSectionSize());
+    header()->resizeSection(words_, std::min(words, room));
+}
+
+void FieldTable::updateGeometries() {
+    PanelList::updateGeometries();
+    FitWords();
 }
 
 void FieldTable::SetEmptyText(const QString& text) {

@@ -35,6 +35,9 @@ public:
     void SetHint(int column, const QString& hint) { hints_[column] = hint; }
     QString HintOf(int column) const;
 
+    /// A column that is as wide as its words, but gives way where the others leave it less.
+    void SetWords(int column);
+
     /// What stands in the place of lines while none is shown.
     void SetEmptyText(const QString& text);
 
@@ -78,6 +81,9 @@ public:
     /// hold again what they held, and there is nothing to undo.
     std::function<bool(const Step&)> Keep = [](const Step&) { return true; };
 
+    /// Undoes or redoes what was entered, as the key says. False where it says neither, or there is nothing.
+    bool GoBack(const QKeyEvent& key);
+
     /// What was entered until now can be undone no longer.
     void ForgetEntries();
 
@@ -94,6 +100,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void paintEvent(QPaintEvent* event) override;
+    void updateGeometries() override;
 
 private:
     bool Takes(const QKeyEvent& key) const;
@@ -106,12 +113,18 @@ private:
     /// Gives what stood there.
     Step Show(const Step& step);
     void GoBack(std::vector<Step>& from, std::vector<Step>& to);
+    void FitWords();
 
     const std::vector<int> fields_, numbers_;
     std::map<int, QString> hints_; ///< by column
+    int words_ = -1;               ///< the column of words, if there is one
     QString emptyText_;
     std::vector<Step> undo_, redo_;
     WrongFields wrong_;
 };
+
+/// The keys of the window's undo and redo everywhere, and the desktop's own.
+bool IsUndo(const QKeyEvent& key);
+bool IsRedo(const QKeyEvent& key);
 
 } // namespace pistaro

@@ -1,5 +1,6 @@
 #include "ui/frmPurchase.h"
 
+#include "text/count_text.h"
 #include "ui/named_controls.h"
 #include "ui/typed_number.h"
 
@@ -7,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <numeric>
 
 namespace pistaro {
 
@@ -23,6 +25,28 @@ QLabel* NewText(const char* name, const QString& text) {
     return label;
 }
 
+/// How good a total is that a price could change which nobody has entered yet.
+constexpr const char* UnpricedRank = "as far as prices are known.";
+
+/// "C160, C159 and C8006".
+QString Listed(const std::vector<std::string>& codes) {
+    QString text;
+    for (std::size_t at = 0; at < codes.size(); ++at)
+        text += QString(at == 0 ? "" : at + 1 == codes.size() ? " and " : ", ") + Shown(codes[at]);
+    return text;
+}
+
+/// "30 pieces of 2 kinds have no price".
+QString NoPriceText(int pieces, std::size_t kinds) {
+    const std::string which = CountText(pieces, "piece") + (kinds > 1 ? " of " + CountText(kinds, "kind") : "");
+    return Shown(which + (pieces == 1 ? " has" : " have") + " no price");
+}
+
+int PiecesOf(const std::vector<PurchaseLine>& lines) {
+    return std::accumulate(lines.begin(), lines.end(), 0,
+                           [](int sum, const PurchaseLine& line) { return sum + line.Count; });
+}
+
 } // namespace
 
 frmPurchase::frmPurchase(Session& session, const PurchaseReport& report, QWidget* parent)
@@ -33,13 +57,14 @@ frmPurchase::frmPurchase(Session& session, const PurchaseReport& report, QWidget
     QPushButton* const cmdClose = NewButton("cmdClosePurchase", "Close");
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     auto* const column = new QVBoxLayout(this);
+    column->addWidget(Boxed());
     column->addWidget(Total());
     column->addWidget(Singly());
     column->addWidget(Unsold());
     column->addWidget(Lines(), 1);
     column->addWidget(Remarks());
     column->addLayout(ButtonRow({cmdPrices, Sets(), Copy(), cmdClose}));
-    QPushButton* const next = !report.Unsold.empty() && cmdPrices->isEnabled() ? cmdPrices : cmdClose;
+    QPushButton* const next = LacksPrices() && cmdPrices->isEnabled() ? cmdPrices : cmdClose;
     next->setDefault(true);
     next->setFocus();
     resize(UsualSize);
@@ -96,8 +121,10 @@ QLabel* frmPurchase::Singly() const {
     const Cents saved = report_.Singly - report_.Total;
     QString text = "All in single pieces: " + priced(report_.Singly) + ". ";
     if (report_.NotSingly > 0)
-        text = "All in single pieces: not for sale, " + QString::number(report_.NotSingly) +
-               (report_.NotSingly == 1 ? " piece has" : " pieces have") + " no price.";
+        text = "All in single pieces: unknown, " +
+               NoPriceText(report_.NotSingly + PiecesOf(report_.Unsold),
+                           report_.BoxedCodes.size() + report_.Unsold.size()) +
+               ".";
     else
         text += saved > 0 ? "You save " + priced(saved) + "." : QString("No box makes it cheaper.");
     QLabel* const label = NewText("lblPurchaseSingly", text);
@@ -105,14 +132,26 @@ QLabel* frmPurchase::Singly() const {
     return label;
 }
 
+/// That a box may be bought for want of a price alone.
+QLabel* frmPurchase::Boxed() const {
+    const bool isOne = report_.BoxedCodes.size() == 1;
+    QLabel* const label = NewText("lblPurchaseBoxed", Listed(report_.BoxedCodes) + (isOne ? " has" : " have") +
+                                                          " no price yet, so that boxes are bought for " +
+                                                          (isOne ? "it: type its price" : "them: type their prices") +
+                                                          " in Stock and Price to compare.");
+    if (report_.BoxedCodes.empty()) label->hide();
+    return label;
+}
+
+/// The cheapest there is it is called only where no price could make another one cheaper.
 QLabel* frmPurchase::Total() const {
     const auto priced = [&](Cents cents) { return Amount(cents, report_.Currency); };
     const QString above = report_.AboveBound == 0 ? "" : "at most " + priced(report_.AboveBound) + " above ";
     const QString without = report_.Unsold.empty() ? "" : " without what has no price";
+    const QString rank = report_.BoxedCodes.empty() ? above + "the cheapest there is." : QString(UnpricedRank);
     QLabel* const label =
         NewText("lblPurchaseTotal", report_.Lines.empty() ? "What is missing has no price yet."
-                                                          : "Total " + priced(report_.Total) + without + ", " + above +
-                                                                "the cheapest there is.");
+                                                          : "Total " + priced(report_.Total) + without + ", " + rank);
     QFont bold = label->font();
     bold.setBold(true);
     label->setFont(bold);
@@ -122,9 +161,8 @@ QLabel* frmPurchase::Total() const {
 /// What to do about prices that nobody has entered.
 QLabel* frmPurchase::Unsold() const {
     const std::size_t count = report_.Unsold.size();
-    const QString lacking = count == 1 ? "One price is" : QString::number(count) + " prices are";
-    const QString which = report_.Lines.empty() ? " unknown." : " unknown, at the end of the list.";
-    QLabel* const label = NewText("lblPurchaseUnsold", lacking + which +
+    const QString which = report_.Lines.empty() ? "." : " and no box, at the end of the list.";
+    QLabel* const label = NewText("lblPurchaseUnsold", NoPriceText(PiecesOf(report_.Unsold), count) + which +
                                                            " Enter what one piece costs, or tell which boxed sets your "
                                                            "shop sells: the cheapest purchase follows from these.");
     if (count == 0) label->hide();
@@ -141,7 +179,7 @@ QPushButton* frmPurchase::Prices() {
     QPushButton* const cmdPrices = NewButton("cmdEnterPrices", "&Enter Prices");
     EnableSaving(*cmdPrices, !session_.SettingsPath.empty());
     if (cmdPrices->isEnabled()) cmdPrices->setToolTip("Go to the first of them in View ▸ Stock and Price");
-    if (report_.Unsold.empty()) cmdPrices->hide();
+    if (!LacksPrices()) cmdPrices->hide();
     connect(cmdPrices, &QPushButton::clicked, this, [this] {
         accept();
         session_.Windows->EnterPrices();
@@ -163,8 +201,10 @@ QPushButton* frmPurchase::Sets() {
 QPushButton* frmPurchase::Copy() {
     QPushButton* const cmdCopy = NewButton("cmdCopyPurchase", "&Copy");
     cmdCopy->setToolTip("Put the list on the clipboard, as text");
-    connect(cmdCopy, &QPushButton::clicked, this,
-            [this] { session_.Windows->PutOnClipboard({.Text = PurchaseText(report_), .Png = {}, .Svg = {}}); });
+    connect(cmdCopy, &QPushButton::clicked, this, [this] {
+        const std::string rank = report_.BoxedCodes.empty() ? "" : UnpricedRank;
+        session_.Windows->PutOnClipboard({.Text = PurchaseText(report_, rank), .Png = {}, .Svg = {}});
+    });
     return cmdCopy;
 }
 

@@ -18,9 +18,12 @@ public:
 private:
     QTreeWidget* Lines() const;
     void AddContents(QTreeWidgetItem& line, const PurchaseLine& box) const;
+    QLabel* Boxed() const;
     QLabel* Total() const;
     QLabel* Singly() const;
     QLabel* Unsold() const;
+    /// Whether prices are lacking, so that others could make another purchase.
+    bool LacksPrices() const { return !report_.Unsold.empty() || !report_.BoxedCodes.empty(); }
     QLabel* Remarks() const;
     QPushButton* Prices();
     QPushButton* Sets();

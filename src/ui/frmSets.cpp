@@ -49,7 +49,8 @@ void KeepCount(const QTreeWidgetItem& line, BoxedSet& set) {
 
 frmSets::frmSets(Session& session, QWidget* parent)
     : QDialog(parent), session_(session), file_(session.SettingsPath.parent_path() / SetsName),
-      areExamples_(!SetsBeside(session.Catalogue, session.SettingsPath)), before_(SetsOf(session)), sets_(before_) {
+      areExamples_(!SetsBeside(session.Catalogue, session.SettingsPath)), before_(SetsOf(session)), sets_(before_),
+      lblFault_(new FaultNote(*this, "lblSetFault")) {
     setObjectName("frmSets");
     setWindowTitle("Boxed Sets");
     setModal(true);
@@ -127,7 +128,7 @@ QLayout* frmSets::SetFields() {
     };
     connect(txtPrice_, &QLineEdit::editingFinished, this, [this] { IsPriceRight(); });
     connect(txtPrice_, &QLineEdit::textEdited, this, [this] {
-        if (!lblFault_->isHidden()) IsPriceRight();
+        if (wrong_ == txtPrice_) IsPriceRight();
     });
     connect(txtFind_, &QLineEdit::textChanged, this, [this] { Find(); });
     connect(lstPieces_, &QTreeWidget::itemChanged, this, [this] { ShowContents(); });
@@ -146,10 +147,6 @@ QLayout* frmSets::SetFields() {
     auto* const caption = new QLabel("From a &list");
     caption->setBuddy(txtList_);
     fields->addRow(caption, list);
-    lblFault_ = Named(new QLabel, "lblSetFault");
-    lblFault_->setTextFormat(Qt::PlainText);
-    lblFault_->hide();
-    fields->addRow(QString(), lblFault_);
     fields->addRow("P&ieces", txtFind_);
     auto* const column = new QVBoxLayout;
     column->addLayout(fields);
@@ -164,15 +161,14 @@ QLayout* frmSets::PieceList() {
     txtList_->setToolTip("What is in the box, typed or pasted: codes with their counts");
     txtList_->setAccessibleName("List of what is in the box");
     txtList_->installEventFilter(this);
+    for (QLineEdit* const field : {txtPrice_, txtList_})
+        field->setFixedHeight(field->sizeHint().height()); // whatever frame marks it
     cmdFill_ = NewButton("cmdFillSet", "&Fill the Box");
     cmdFill_->setToolTip("Have the box hold what the list names, and nothing else");
     const auto enable = [this] { cmdFill_->setEnabled(HasList()); };
     enable();
     connect(txtList_, &QLineEdit::textChanged, this, enable);
-    connect(txtList_, &QLineEdit::textChanged, this, [this] {
-        MarkWrong(*txtList_, false);
-        IsPriceRight();
-    });
+    connect(txtList_, &QLineEdit::textChanged, this, [this] { ShowFault(*txtList_, QString()); });
     connect(cmdFill_, &QPushButton::clicked, this, [this] { FillFromList(); });
     auto* const row = new QHBoxLayout;
     row->addWidget(txtList_);
@@ -291,9 +287,10 @@ bool frmSets::FillFromList() {
     try {
         ListPieces(ParseProductList(session_.Catalogue, txtList_->text().toStdString()));
     } catch (const Fault& fault) {
-        ShowFault(DetailOf(fault) + "; codes with their counts are meant, such as " + txtList_->placeholderText());
+        ShowFault(*txtList_,
+                  DetailOf(fault) + "; codes with their counts are meant, such as " + txtList_->placeholderText());
         txtList_->setFocus();
-        MarkWrong(*txtList_, true);
+        txtList_->selectAll();
         return false;
     }
     txtList_->clear();
@@ -307,15 +304,32 @@ void frmSets::TakeFields(BoxedSet& set) const {
         KeepCount(*lstPieces_->topLevelItem(line), set);
 }
 
-void frmSets::ShowFault(const QString& why) {
-    lblFault_->setText(why);
-    lblFault_->setVisible(!why.isEmpty());
+void frmSets::ShowFault(QLineEdit& field, const QString& why) {
+    MarkWrong(field, !why.isEmpty());
+    field.setAccessibleDescription(why);
+    if (!why.isEmpty()) {
+        wrong_ = &field;
+        PlaceFault();
+    } else if (wrong_ == &field) {
+        wrong_ = nullptr;
+        lblFault_->hide();
+    }
+}
+
+/// Over what is below, so that nothing gives way to it.
+void frmSets::PlaceFault() {
+    const QRect field(wrong_->mapTo(this, QPoint()), wrong_->size());
+    lblFault_->Say(field, wrong_->accessibleDescription(), Qt::LeftEdge);
+}
+
+void frmSets::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    if (wrong_ != nullptr) PlaceFault();
 }
 
 bool frmSets::IsPriceRight() {
     const QString why = WhyNoPrice(txtPrice_->text());
-    MarkWrong(*txtPrice_, !why.isEmpty());
-    ShowFault(why);
+    ShowFault(*txtPrice_, why);
     return why.isEmpty();
 }
 

@@ -28,6 +28,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QLayout* SetList();
@@ -45,7 +46,9 @@ private:
     /// The same into the set that is shown. False where a field holds what cannot be kept: it is marked, and told why.
     bool KeepSet();
     bool IsPriceRight();
-    void ShowFault(const QString& why);
+    /// Marks a field and says beside it why it cannot be kept; with no reason takes that back.
+    void ShowFault(QLineEdit& field, const QString& why);
+    void PlaceFault();
     void StayWithSet();
     bool IsChanged() const;
     bool HasList() const;
@@ -71,7 +74,8 @@ private:
     ProductFinder* txtFind_ = nullptr;
     FieldTable* lstPieces_ = nullptr;
     QLabel* lblContents_ = nullptr;
-    QLabel* lblFault_ = nullptr; ///< why a field above the list of pieces cannot be kept
+    FaultNote* const lblFault_;
+    QLineEdit* wrong_ = nullptr; ///< the field that it speaks of, if it does
 };
 
 } // namespace pistaro

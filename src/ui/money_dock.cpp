@@ -4,6 +4,7 @@
 #include "model/money.h"
 #include "money/purchase.h"
 #include "text/count_text.h"
+#include "ui/command_controls.h"
 #include "ui/named_controls.h"
 #include "ui/typed_number.h"
 
@@ -24,7 +25,8 @@ namespace {
 /// A price of 0 is none: nobody has entered one.
 QString AmountIfKnown(Cents price, Cents amount) { return price == 0 ? QString() : Amount(amount); }
 
-constexpr const char* NoProducts = "Lay pieces: here stands how many you own, which are missing, and what these cost.";
+constexpr const char* NoProducts = "Lay pieces: here stands how many you own, which are missing, and what these cost.\n"
+                                   "What you own is entered in Loose Track… (F3) as well, also what no design uses.";
 
 } // namespace
 
@@ -44,6 +46,7 @@ MoneyDock::MoneyDock(Session& session)
     totals->addWidget(pieces_, 1);
     totals->addWidget(total_);
     totals->addSpacing(totals->spacing());
+    totals->addWidget(NewCommandButton("cmdMoneyStock", "Loose Track…", "loose track"));
     totals->addWidget(NewCommandButton("cmdMoneySets", "Sets…", "boxed sets"));
     totals->addWidget(NewCommandButton("cmdMoneyPurchase", "Cheapest Purchase…", "purchase"));
     column->addLayout(totals);
@@ -62,15 +65,18 @@ MoneyDock::MoneyDock(Session& session)
 QPushButton* MoneyDock::NewCommandButton(const char* name, const QString& caption, const char* id) {
     QPushButton* const button = NewButton(name, caption);
     const Command& command = *session_.Commands.Find(id);
-    button->setToolTip(Shown(command.Tip));
-    connect(button, &QPushButton::clicked, this, [this, &command] { session_.TryRun(command); });
+    button->setToolTip(TipWithKey(command.Tip, command.Key));
+    connect(button, &QPushButton::clicked, this, [this, &command] {
+        list_->setFocus(); // where it comes back to from the dialog
+        session_.TryRun(command);
+    });
     return button;
 }
 
 void MoneyDock::SetUpList() {
     ShowHeadings();
     QHeaderView& header = *list_->header();
-    header.setSectionResizeMode(Name, QHeaderView::Stretch);
+    list_->SetWords(Name);
     header.setSectionsClickable(true);
     header.setSortIndicator(-1, Qt::AscendingOrder);
     header.setSortIndicatorClearable(true);
@@ -103,6 +109,23 @@ void MoneyDock::Refresh(const Changes& changes) {
 void MoneyDock::showEvent(QShowEvent* event) {
     QDockWidget::showEvent(event);
     CountLater();
+}
+
+/// While the focus is anywhere in here, undo and redo are about what was entered here, and never about the design.
+bool MoneyDock::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<const QKeyEvent*>(event);
+        if (IsUndo(key) || IsRedo(key)) event->accept();
+    }
+    return QDockWidget::event(event);
+}
+
+void MoneyDock::keyPressEvent(QKeyEvent* event) {
+    if (!IsUndo(*event) && !IsRedo(*event)) return QDockWidget::keyPressEvent(event);
+    event->accept();
+    if (!list_->GoBack(*event))
+        session_.Windows->TellBriefly("Nothing to take back in Stock and Price. A click on the drawing leads to the "
+                                      "steps of the design.");
 }
 
 void MoneyDock::CountLater() {
@@ -241,7 +264,7 @@ void MoneyDock::ShowTotals() {
                            (pieces > 0 && missing == 0 ? "all owned" : std::to_string(missing) + " missing")));
     QStringList parts;
     if (toBuy > 0 || unpriced == 0) parts += Amount(toBuy, session_.Project.Preferences.Units.Currency);
-    if (unpriced > 0) parts += QString::number(unpriced) + " without a price";
+    if (unpriced > 0) parts += Shown(CountText(unpriced, "piece")) + " without a price";
     total_->setText("To buy: " + parts.join(", and "));
 }
 
@@ -261,9 +284,10 @@ void MoneyDock::ShowHint() {
     const bool isShown = wrong.isValid() || (isUntouched && !rows_.empty() && !list_->IsClosed());
     hint_->setVisible(isShown);
     pieces_->setVisible(!isShown);
+    hint_->SetAllOrNothing(!wrong.isValid());
     hint_->setForegroundRole(wrong.isValid() ? QPalette::WindowText : QPalette::PlaceholderText);
     hint_->setText(wrong.isValid() ? wrong.siblingAtColumn(Code).data().toString() + ", not saved: " + list_->Fault()
-                                   : "Type what you own and what one costs; Enter: next line.");
+                                   : "Type what you own and what it costs.");
 }
 
 bool MoneyDock::Keep(const FieldTable::Step& step) {

@@ -28,6 +28,8 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     enum Column { Code, Name, Used, OwnedColumn, Missing, Price, Sum };

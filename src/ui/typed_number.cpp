@@ -51,7 +51,8 @@ std::string PlainNumber(const QString& text, const QLocale& desktop) {
 QString WhyNoPrice(const QString& typed, const QLocale& desktop) {
     constexpr double most = 1'000'000; // no piece costs so much, and its sums are still exact
     const std::optional<double> price = ValueOf(typed, desktop);
-    if (price && *price >= 0 && *price <= most) return {};
+    if (price && *price > most) return "A price is at most " + Amount(CentsOf(most), desktop) + ".";
+    if (price && *price >= 0) return {};
     return "A price is a number such as " + Amount(495, desktop) + ".";
 }
 

@@ -1,25 +1,46 @@
 #include "ui/wrong_fields.h"
 
-#include "ui/named_controls.h"
-
 #include <QToolTip>
 
 #include <algorithm>
 
 namespace pistaro {
 
-WrongFields::WrongFields(QTreeWidget& table)
-    : table_(table), note_(Named(new QLabel(table.viewport()), "lblFieldFault")) {
-    note_->setTextFormat(Qt::PlainText);
-    note_->setPalette(QToolTip::palette());
-    note_->setForegroundRole(QPalette::ToolTipText);
-    note_->setBackgroundRole(QPalette::ToolTipBase);
-    note_->setAutoFillBackground(true);
-    note_->setFrameShape(QFrame::Box);
-    note_->setMargin(2);
-    note_->setAttribute(Qt::WA_TransparentForMouseEvents); // the fields below it can be clicked
-    note_->hide();
+FaultNote::FaultNote(QWidget& ground, const char* name) : QLabel(&ground), ground_(ground) {
+    setObjectName(name);
+    setTextFormat(Qt::PlainText);
+    setPalette(QToolTip::palette());
+    setForegroundRole(QPalette::ToolTipText);
+    setBackgroundRole(QPalette::ToolTipBase);
+    setAutoFillBackground(true);
+    setFrameShape(QFrame::Box);
+    setMargin(2);
+    setAttribute(Qt::WA_TransparentForMouseEvents); // the fields below it can be clicked
+    hide();
 }
+
+void FaultNote::Say(const QRect& field, const QString& why, Qt::Edge edge) {
+    const QRect ground = ground_.rect();
+    const int room = edge == Qt::LeftEdge ? ground.width() - field.left() : ground.width();
+    setText(why);
+    setWordWrap(false);
+    QSize size = sizeHint();
+    if (size.width() > room) {
+        setWordWrap(true);
+        size = QSize(room, heightForWidth(room));
+    }
+    constexpr int between = 2; // pixels
+    const int below = field.bottom() + between;
+    const int top = below + size.height() <= ground.bottom() ? below : field.top() - between - size.height();
+    const int left = edge == Qt::LeftEdge ? field.left() : field.right() - size.width();
+    const int last = std::max(0, ground.width() - size.width());
+    setGeometry({QPoint(std::clamp(left, 0, last), std::max(0, top)), size});
+    show();
+    raise();
+}
+
+WrongFields::WrongFields(QTreeWidget& table)
+    : table_(table), note_(new FaultNote(*table.viewport(), "lblFieldFault")) {}
 
 WrongFields::Place WrongFields::PlaceOf(const QModelIndex& field) {
     return {field.siblingAtColumn(0).data().toString(), field.column()};
@@ -39,24 +60,6 @@ QModelIndex WrongFields::First() const {
         }
     }
     return {};
-}
-
-void WrongFields::Say(const QRect& field, const QString& why) {
-    const QRect ground = table_.viewport()->rect();
-    note_->setText(why);
-    note_->setWordWrap(false);
-    QSize size = note_->sizeHint();
-    if (size.width() > ground.width()) {
-        note_->setWordWrap(true);
-        size = QSize(ground.width(), note_->heightForWidth(ground.width()));
-    }
-    constexpr int between = 2; // pixels
-    const int below = field.bottom() + between;
-    const int top = below + size.height() <= ground.bottom() ? below : field.top() - between - size.height();
-    const int left = std::clamp(field.right() - size.width(), 0, std::max(0, ground.width() - size.width()));
-    note_->setGeometry({QPoint(left, std::max(0, top)), size});
-    note_->show();
-    note_->raise();
 }
 
 void PaintFieldFrame(QPainter& painter, const QRect& place, const QPalette& palette, const QColor& ink, int pixels) {

@@ -16,6 +16,19 @@ namespace pistaro {
 /// The frame of a field that holds such a text; to be seen on light and dark grounds.
 inline constexpr QRgb WrongColour = qRgb(214, 60, 50);
 
+/// Says why what is in a field cannot be kept. What it covers the mouse reaches all the same.
+class FaultNote : public QLabel {
+public:
+    FaultNote(QWidget& ground, const char* name);
+
+    /// Just below a field of the ground, or above it where there is no room; from the field's left edge on, or up to
+    /// its right one.
+    void Say(const QRect& field, const QString& why, Qt::Edge edge);
+
+private:
+    QWidget& ground_;
+};
+
 /// Lines are known by their first column.
 class WrongFields {
 public:
@@ -32,8 +45,7 @@ public:
     /// The first of them that is listed; an invalid place where there is none.
     QModelIndex First() const;
 
-    /// Says why, just below a field, or above it where there is no room.
-    void Say(const QRect& field, const QString& why);
+    void Say(const QRect& field, const QString& why) { note_->Say(field, why, Qt::RightEdge); }
     void Hush() { note_->hide(); }
 
 private:
@@ -42,7 +54,7 @@ private:
     static Place PlaceOf(const QModelIndex& field);
 
     QTreeWidget& table_;
-    QLabel* const note_;
+    FaultNote* const note_;
     std::map<Place, QString> texts_;
 };
 

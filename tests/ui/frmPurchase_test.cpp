@@ -135,7 +135,7 @@ TEST_F(Purchases, AreLookedForAgainWithTheBoxesThatWereEntered) {
     EXPECT_EQ(Bought(), "1 C160 standard straight no price yet  | What is missing has no price yet. | ");
 
     EXPECT_TRUE(QTest::qWaitFor([&] { return !again.empty(); }));
-    EXPECT_EQ(again, "1 Example: straights 14.95 14.95 | Total 14.95 €, the cheapest there is. | "
+    EXPECT_EQ(again, "1 Example: straights 14.95 14.95 | Total 14.95 €, as far as prices are known. | "
                      "Left over from the sets: 5 C160");
 }
 
@@ -174,7 +174,7 @@ TEST_F(Purchases, TheCheapestPurchaseTakesTheSetsOfTheDialog) {
 
     EXPECT_EQ(ReadSets(Pieces(), folder_ / "sets.toml"),
               (BoxedSets{{"Straights", 595, {{Pieces().FindRow("C160"), 2}}}}));
-    EXPECT_EQ(Bought(), "1 Straights 5.95 5.95 | Total 5.95 €, the cheapest there is. | ");
+    EXPECT_EQ(Bought(), "1 Straights 5.95 5.95 | Total 5.95 €, as far as prices are known. | ");
 }
 
 TEST_F(Purchases, ThatMayNotBeTheCheapestSayByHowMuchAtMost) {
@@ -257,7 +257,7 @@ TEST_F(Purchases, TakeExamplesOnlyOnceTheyAreSaved) {
 
     const frmSets saved(*Session);
     EXPECT_TRUE(saved.findChild<QLabel*>("lblSets")->text().startsWith("The boxes that your shop sells."));
-    EXPECT_EQ(Bought(), "1 Example: straights 14.95 14.95 | Total 14.95 €, the cheapest there is. | "
+    EXPECT_EQ(Bought(), "1 Example: straights 14.95 14.95 | Total 14.95 €, as far as prices are known. | "
                         "Left over from the sets: 5 C160");
 }
 
@@ -420,6 +420,60 @@ TEST_F(Purchases, BoxesThatAreAsTheyWereAreLeftWithoutAQuestion) {
     QTest::keyClick(&dialog, Qt::Key_Escape);
 
     EXPECT_FALSE(dialog.isVisible());
+}
+
+/// C160 and C8006 have no price but are in a box; three pieces of two other kinds have none and are in no box.
+class PurchasesForWantOfPrices : public Purchases {
+protected:
+    PurchasesForWantOfPrices() {
+        OpenWithSettings(ProjectOf("C160 C160 C8006 C151L C151L C159"));
+        WriteBytes(folder_ / "sets.toml", "[[set]]\nname = \"Box\"\nprice = 49\npieces = { C160 = 2, C8006 = 1 }\n");
+        const BoxedSets sets = ReadSets(Pieces(), folder_ / "sets.toml");
+        const std::vector<int> missing = MissingPieces(Pieces(), Project.Stock, Project.Design.Circuit);
+        const Purchase found = CheapestPurchase(missing, Project.Stock, sets);
+        dialog_.emplace(*Session, ReportOf(Pieces(), Project, sets, found), nullptr);
+        dialog_->show();
+    }
+
+    QString Shows(const char* label) const { return dialog_->findChild<QLabel*>(label)->text(); }
+
+    std::optional<frmPurchase> dialog_;
+};
+
+TEST_F(PurchasesForWantOfPrices, SayFirstOfAllWhatBoxesAreBoughtFor) {
+    const auto& boxed = *dialog_->findChild<QLabel*>("lblPurchaseBoxed");
+    EXPECT_TRUE(boxed.isVisible());
+    EXPECT_EQ(boxed.text(), "C160 and C8006 have no price yet, so that boxes are bought for them: type their prices in "
+                            "Stock and Price to compare.");
+    EXPECT_LT(boxed.geometry().bottom(), dialog_->findChild<QLabel*>("lblPurchaseTotal")->y());
+    EXPECT_EQ(Shows("lblPurchaseTotal"), "Total 49.00 € without what has no price, as far as prices are known.");
+    EXPECT_TRUE(dialog_->findChild<QPushButton*>("cmdEnterPrices")->isDefault());
+}
+
+TEST_F(PurchasesForWantOfPrices, CountPiecesAndKindsOfThemInOneWay) {
+    EXPECT_EQ(Shows("lblPurchaseSingly"), "All in single pieces: unknown, 6 pieces of 4 kinds have no price.");
+    EXPECT_TRUE(Shows("lblPurchaseUnsold")
+                    .startsWith("3 pieces of 2 kinds have no price and no box, at the end of the list. "));
+}
+
+TEST_F(PurchasesForWantOfPrices, AreNotCalledTheCheapestWhereTheyAreCopied) {
+    QTest::mouseClick(dialog_->findChild<QPushButton*>("cmdCopyPurchase"), Qt::LeftButton);
+
+    const QString text = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(text.contains("Total 49.00 €, as far as prices are known.\n")) << text.toStdString();
+}
+
+TEST_F(Purchases, OfPricesThatAreAllKnownSayNothingOfBoxesForWantOfThem) {
+    pistaro::Project project = ProjectOf("C160");
+    SetStock(project, "C160", 0, 4);
+    Open(std::move(project));
+    const std::vector<int> missing = MissingPieces(Pieces(), Project.Stock, Project.Design.Circuit);
+    frmPurchase dialog(*Session, ReportOf(Pieces(), Project, {}, CheapestPurchase(missing, Project.Stock, {})),
+                       nullptr);
+    dialog.show();
+
+    EXPECT_FALSE(dialog.findChild<QLabel*>("lblPurchaseBoxed")->isVisible());
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblPurchaseTotal")->text(), "Total 4.00 €, the cheapest there is.");
 }
 
 TEST_F(Purchases, AreTakenAlongAsText) {

@@ -196,14 +196,14 @@ TEST_F(Panels, APriceThatNobodyKnowsIsNoneAndIsCounted) {
 
     EXPECT_EQ(Column("lstMoney", 5), (Texts{"2.99", ""}));
     EXPECT_EQ(Column("lstMoney", 6), (Texts{"2.99", ""}));
-    EXPECT_EQ(Text("lblMoney"), "To buy: 2.99 €, and 2 without a price");
+    EXPECT_EQ(Text("lblMoney"), "To buy: 2.99 €, and 2 pieces without a price");
 }
 
 TEST_F(Panels, WhereNoPriceIsKnownNoneIsAdded) {
     Open(ProjectOf("C160 C160"));
     ShowPanel("mnuMoney");
 
-    EXPECT_EQ(Text("lblMoney"), "To buy: 2 without a price");
+    EXPECT_EQ(Text("lblMoney"), "To buy: 2 pieces without a price");
 }
 
 TEST_F(Panels, WhatIsTypedIntoTheMoneyPanelIsSaved) {
