@@ -178,12 +178,12 @@ TEST(PlanPicture, HasItsBarInACornerWithoutTrack) {
 
 TEST(PlanPicture, HasItsBarInACornerWithoutWalls) {
     BuildPlan plan = PlanOf("C160"); // its picture shows 90 x 56 cm: from -37, -11 to 53, 46
-    plan.Drawing.Room.Points = {{-30, -8}, {300, -8}, {300, 300}, {-30, 300}};
+    plan.Drawing.Room.Points = {{-30, -8}, {300, -8, 1}, {300, 300, 1}, {-30, 300, 1}, {-30, -8, 1}};
     const PlanPicture cornered = PictureOf(plan, plan.Steps[0], {12, 7.5});
     EXPECT_GT(cornered.Bar.Left, 3) << "the upper right corner";
     EXPECT_NEAR(cornered.Bar.Ground().Top, 7.37, 1e-9);
 
-    plan.Drawing.Room.Points = {{-30, -8}, {45, -8}, {45, 43}, {-30, 43}};
+    plan.Drawing.Room.Points = {{-30, -8}, {45, -8, 1}, {45, 43, 1}, {-30, 43, 1}, {-30, -8, 1}};
     EXPECT_EQ(PictureOf(plan, plan.Steps[0], {12, 7.5}).Bar.Up, 0.25) << "a wall crosses each corner";
 }
 
