@@ -174,7 +174,7 @@ QLayout* frmExport::PreviewColumn() {
     lblPlanned_->setWordWrap(true);
     lblPlanned_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblPlanned_->setMinimumHeight(3 * lblPlanned_->fontMetrics().lineSpacing()); // whatever is told, nothing moves
-    cmdPossible_ = NewButton("cmdPossible", "");
+    cmdPossible_ = NewButton("cmdPossible", "Take");                             // what, it says once it is shown
     cmdPossible_->setAutoDefault(false);
     QSizePolicy keepsItsPlace = cmdPossible_->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
