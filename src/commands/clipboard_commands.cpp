@@ -138,6 +138,8 @@ float HeadingOf(const Catalogue& catalogue, const Track& track, int element) {
     return heading;
 }
 
+std::string TrackLimit() { return "a track holds at most " + std::to_string(MaxElements) + " pieces."; }
+
 /// Its user agrees to lay what of a list is understood, or all of it is.
 bool WantsTheRest(const Session& session, const PieceListReading& list) {
     if (list.NotUnderstood.empty()) return true;
@@ -154,9 +156,11 @@ bool WantsTheRest(const Session& session, const PieceListReading& list) {
 std::vector<std::string> PastedPieces(const Session& session, const std::string& text) {
     const char* const nothing = "Nothing was pasted";
     const PieceListReading list = ReadPieceList(session.Catalogue, text);
-    if (list.TooMany) throw Fault(nothing, "a track holds at most " + std::to_string(MaxElements) + " pieces.");
+    if (list.TooMany) throw Fault(nothing, TrackLimit());
     if (list.Codes.empty()) {
         const std::string hands = list.HandText();
+        if (list.HasBeyond && list.NotUnderstood.size() == 1)
+            throw Fault(nothing, list.StrangeText() + ": " + TrackLimit());
         const std::string why = list.NotUnderstood.empty() ? "no pieces are on the clipboard"
                                                            : "no pieces are understood in " + list.StrangeText();
         throw Fault(nothing, why + ".\n" + (hands.empty() ? "" : hands + ".\n") + WhatPasteTakes);

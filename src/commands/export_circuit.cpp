@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 
 namespace pistaro {
@@ -67,6 +68,13 @@ bool CanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportO
     }
 }
 
+/// Larger than life by tenths, as scales are typed there.
+double NextScale(double scale) {
+    constexpr double tenths = 10, rounding = 1e-6;
+    return scale < 1 - rounding ? std::floor(scale * tenths + 1 + rounding) / tenths
+                                : RoundedScale(scale * (1 + rounding));
+}
+
 /// The largest number from 1 to below one that is too large which `works`; 1 where none does.
 int MostOf(int tooLarge, const std::function<bool(int)>& works) {
     int most = 1;
@@ -107,7 +115,7 @@ std::optional<ExportOptions> PossibleExport(const CircuitDrawing& drawing, Expor
         constexpr double smallest = 1000;
         double& scale = *possible.Sheets.Scale;
         while (scale < smallest && !isPossible())
-            scale = RoundedScale(scale * 1.01);
+            scale = NextScale(scale);
     } else if (options.PixelWidth) {
         *possible.PixelWidth = MostOf(*options.PixelWidth, [&](int width) {
             possible.PixelWidth = width;

@@ -37,8 +37,8 @@ struct ExportOptions {
 /// scale that needs too many tiles, or paper.
 SheetPlan PlanExport(const CircuitDrawing& drawing, ExportFormat format, const ExportOptions& options);
 
-/// The options changed by as little as makes such a file possible: a smaller scale, fewer dots or pixels; nothing where
-/// none does.
+/// The options changed so that such a file is possible: the next round scale that works, or the most dots or pixels;
+/// nothing where none does.
 std::optional<ExportOptions> PossibleExport(const CircuitDrawing& drawing, ExportFormat format,
                                             const ExportOptions& options);
 

@@ -1,11 +1,10 @@
 #include "editor/read_piece_list.h"
 
+#include "editor/list_words.h"
 #include "model/design.h"
 #include "text/utf8.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <optional>
 #include <utility>
 
@@ -13,75 +12,11 @@ namespace pistaro {
 
 namespace {
 
+using Word = ListWord;
+using Words = ListWords;
+
 constexpr std::string_view Partings = "\t|;,"; ///< the first of these that a row has parts its fields
-constexpr std::string_view Times = "×";
-constexpr char DecimalComma = '\x1F'; ///< in place of one, while a text is read
 constexpr std::string_view HardBlank = "\xC2\xA0";
-constexpr std::array<std::string_view, 11> Bullets{"•", "·", "–", "—", "▪", "◦", "☐", "☑", "✓", "€", "…"};
-
-struct Word {
-    enum class Kind { Piece, Unknown, Count, Sign, Other };
-    enum class Place { Anywhere, Behind, Ahead }; ///< of a count: of which side the "x" tells
-
-    Kind What = Kind::Other;
-    std::string Text; ///< as it was written
-    std::string Code; ///< of a piece
-    int Count = 0;
-    Place Side = Place::Anywhere;
-
-    bool IsCode() const { return What == Kind::Piece || What == Kind::Unknown; }
-};
-
-using Words = std::vector<Word>;
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsCapital(char c) { return c >= 'A' && c <= 'Z'; }
-char Capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-std::string_view Trimmed(std::string_view text, std::string_view edges = " \t\r") {
-    const auto first = text.find_first_not_of(edges);
-    return first == std::string_view::npos ? "" : text.substr(first, text.find_last_not_of(edges) - first + 1);
-}
-
-std::vector<std::string_view> Split(std::string_view text, std::string_view partings) {
-    std::vector<std::string_view> parts;
-    while (true) {
-        const auto end = text.find_first_of(partings);
-        parts.push_back(Trimmed(text.substr(0, end)));
-        if (end == std::string_view::npos) return parts;
-        text.remove_prefix(end + 1);
-    }
-}
-
-/// In capital letters, with "X" for each sign of multiplication, without bullets and brackets around it.
-std::string Plain(std::string_view text) {
-    std::string plain;
-    while (!text.empty()) {
-        const auto sign = std::ranges::find_if(Bullets, [&](auto bullet) { return text.starts_with(bullet); });
-        if (sign != Bullets.end()) {
-            text.remove_prefix(sign->size());
-            continue;
-        }
-        const bool times = text.starts_with(Times);
-        plain += times || text.front() == '*' ? 'X' : Capital(text.front());
-        text.remove_prefix(times ? Times.size() : 1);
-    }
-    return std::string(Trimmed(plain, "()[]{}\"'.!?-_"));
-}
-
-std::optional<int> WholeNumber(std::string_view text) {
-    if (text.empty() || !std::ranges::all_of(text, IsDigit)) return std::nullopt;
-    int number = MaxElements + 1; // what is beyond measure is as wrong as that
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
-
-/// "C999", though the catalogue has none such.
-bool LooksLikeCode(std::string_view word) {
-    constexpr std::ptrdiff_t leastDigits = 2;
-    return IsCapital(word.front()) && std::ranges::count_if(word, IsDigit) >= leastDigits &&
-           std::ranges::all_of(word, [](char c) { return IsDigit(c) || IsCapital(c); });
-}
 
 class ListReader {
 public:
@@ -89,7 +24,9 @@ public:
 
     void ReadLine(std::string_view line) {
         ++line_;
-        const std::ptrdiff_t codes = CodesIn(WordsOf(line));
+        const Words words = WordsOf(line);
+        NoteMissingHand(words);
+        const std::ptrdiff_t codes = CodesIn(words);
         if (codes == 0) return ReadStrangeLine(line);
         if (codes == 1) return ReadRow(line);
         for (const std::string_view part : Split(line, Partings))
@@ -101,75 +38,13 @@ public:
 private:
     static std::ptrdiff_t CodesIn(const Words& words) { return std::ranges::count_if(words, &Word::IsCode); }
 
-    Words WordsOf(std::string_view text) {
-        Words words;
-        for (const std::string_view part : Split(text, " \t\r:=|;,")) {
-            const bool isEnumeration = words.empty() && part.size() > 1 &&
-                                       (part.ends_with('.') || part.ends_with(')')) &&
-                                       WholeNumber(part.substr(0, part.size() - 1)) && part.size() < text.size();
-            if (!isEnumeration) AddWord(words, part);
-        }
-        return words;
-    }
+    Words WordsOf(std::string_view text) const { return WordsOfList(catalogue_, text, hands_); }
 
-    void AddWord(Words& words, std::string_view text) {
-        const std::string plain = Plain(text);
-        if (plain.empty()) return;
-        if (plain == "X") {
-            if (!words.empty()) words.push_back({Word::Kind::Sign, std::string(text), {}, 0, {}});
-            return; // at the beginning it is a bullet
-        }
-        if (AddCount(words, plain, text)) return;
-        for (auto sign = plain.find('X'); sign != std::string::npos; sign = plain.find('X', sign + 1)) {
-            const std::string_view left = std::string_view(plain).substr(0, sign);
-            const std::string_view right = std::string_view(plain).substr(sign + 1);
-            if (const auto count = WholeNumber(right); count && !left.empty()) {
-                AddCode(words, left, text);
-                words.push_back({Word::Kind::Count, {}, {}, *count, Word::Place::Behind});
-                return;
-            }
-            if (right.empty() && catalogue_.Find(left) != nullptr) { // "C160x 3"
-                AddCode(words, left, text);
-                words.push_back({Word::Kind::Sign, {}, {}, 0, {}});
-                return;
-            }
-            if (const auto count = WholeNumber(left); count && !right.empty()) {
-                words.push_back({Word::Kind::Count, {}, {}, *count, Word::Place::Ahead});
-                AddCode(words, right, text);
-                return;
-            }
-        }
-        AddCode(words, plain, text);
-    }
-
-    /// "3", "x3" or "3x".
-    static bool AddCount(Words& words, std::string_view plain, std::string_view text) {
-        Word word{Word::Kind::Count, std::string(text), {}, 0, Word::Place::Anywhere};
-        if (plain.starts_with('X')) {
-            word.Side = Word::Place::Behind;
-            plain.remove_prefix(1);
-        } else if (plain.ends_with('X')) {
-            word.Side = Word::Place::Ahead;
-            plain.remove_suffix(1);
-        }
-        const auto count = WholeNumber(plain);
-        if (!count) return false;
-        word.Count = *count;
-        words.push_back(std::move(word));
-        return true;
-    }
-
-    void AddCode(Words& words, std::string_view plain, std::string_view text) {
-        Word word{Word::Kind::Other, std::string(text), std::string(plain), 0, {}};
-        const bool isProduct = catalogue_.Find(plain) == nullptr && catalogue_.Find(word.Code + "L") != nullptr;
-        if (isProduct && hands_ == Hands::Optional) word.Code += "L";
-        if (catalogue_.Find(word.Code) != nullptr) {
-            word.What = Word::Kind::Piece;
-        } else if (isProduct || LooksLikeCode(plain)) {
-            word.What = Word::Kind::Unknown;
-            if (isProduct && Reading.LacksHand.empty()) Reading.LacksHand = word.Text;
-        }
-        words.push_back(std::move(word));
+    void NoteMissingHand(const Words& words) {
+        const auto lacks = std::ranges::find_if(words, [&](const Word& word) {
+            return word.What == Word::Kind::Unknown && catalogue_.Find(word.Code + "L") != nullptr;
+        });
+        if (Reading.LacksHand.empty() && lacks != words.end()) Reading.LacksHand = lacks->Code;
     }
 
     /// What names no piece. A table's head and the line below it are no part of a list.
@@ -181,16 +56,17 @@ private:
 
     void Tell(std::string_view text) {
         std::string words(Trimmed(text));
-        if (Plain(words).empty()) return;
+        if (PlainWord(words).empty()) return;
         std::ranges::replace(words, DecimalComma, ',');
         Reading.NotUnderstood.push_back({std::move(words), line_});
     }
 
-    void Add(std::string_view text, const std::string& code, std::optional<int> count) {
-        if (!count || *count < 1 || *count > MaxElements) return Tell(text);
+    void Add(std::string_view text, const std::string& code, int count) {
+        Reading.HasBeyond = Reading.HasBeyond || count > MaxElements;
+        if (count < 1 || count > MaxElements) return Tell(text);
         const auto room = static_cast<std::size_t>(MaxElements) - Reading.Codes.size();
-        Reading.TooMany = Reading.TooMany || static_cast<std::size_t>(*count) > room;
-        Reading.Codes.insert(Reading.Codes.end(), std::min(room, static_cast<std::size_t>(*count)), code);
+        Reading.TooMany = Reading.TooMany || static_cast<std::size_t>(count) > room;
+        Reading.Codes.insert(Reading.Codes.end(), std::min(room, static_cast<std::size_t>(count)), code);
     }
 
     /// The only piece of a line, among what else a table tells of it.
@@ -244,15 +120,16 @@ private:
         bool isClear = true;
         std::optional<int> count = CountAt(words, static_cast<std::size_t>(code - words.begin()), isClear);
         if (!count && isClear) count = beside;
-        if (code->What != Word::Kind::Piece || !count || *count < 1 || *count > MaxElements) {
-            Tell(text);
-            return false;
-        }
-        for (auto word = words.begin(); word != code; ++word) {
+        const bool isPiece = code->What == Word::Kind::Piece && count;
+        const bool isUnderstood = isPiece && *count >= 1 && *count <= MaxElements;
+        for (auto word = words.begin(); word != code && isUnderstood; ++word) {
             if (word->What == Word::Kind::Other) Tell(word->Text);
         }
-        Add(text, code->Code, count);
-        return true;
+        if (isPiece)
+            Add(text, code->Code, *count);
+        else
+            Tell(text);
+        return isUnderstood;
     }
 
     /// How many the words themselves say; it is not clear where they have numbers that may mean something else.
@@ -376,8 +253,7 @@ std::string PieceListReading::StrangeText() const {
 
 std::string PieceListReading::HandText() const {
     if (LacksHand.empty()) return {};
-    const std::string code = Plain(LacksHand);
-    return code + " is " + code + "L to the left and " + code + "R to the right";
+    return LacksHand + " is " + LacksHand + "L to the left and " + LacksHand + "R to the right";
 }
 
 PieceListReading ReadPieceList(const Catalogue& catalogue, std::string_view text, Hands hands) {

@@ -179,15 +179,24 @@ private:
 
     /// In the strip that the neighbour has, too.
     void TellOfCut(const Side& side) {
-        constexpr double strip = TileOverlap / 2, length = 8.4, points = 7; // cm
+        constexpr double strip = TileOverlap / 2, length = 8.4, ground = 0.36, points = 7; // cm
         const std::string text = "Cut here, or lay the next sheet's cut edge to this line";
         if (side.IsLevel()) {
             Box place = Clearest(PlacesAlong(side, cell_, length, strip, strip / 2));
+            Whiten(BoxAround(place.MiddleX(), place.MiddleY(), length, ground));
             place.Top -= 0.1;
             WriteWithRim(page_, place, text, points / PointsPerCm);
         } else {
-            page_.UprightWords(Clearest(PlacesAlong(side, cell_, strip, length, strip / 2)), text, points, TileInk);
+            const Box place = Clearest(PlacesAlong(side, cell_, strip, length, strip / 2));
+            Whiten(BoxAround(place.MiddleX(), place.MiddleY(), ground, length));
+            page_.UprightWords(place, text, points, TileInk);
         }
+    }
+
+    /// For words that asphalt or a picture may lie below.
+    void Whiten(const Box& place) {
+        if (!drawing_.Parts.Surface && !drawing_.Background) return;
+        page_.OnPaper(place, [&](Surface& surface) { surface.Fill(CornersOf(place), White); });
     }
 
     /// Of places on the paper.

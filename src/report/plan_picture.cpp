@@ -1,11 +1,14 @@
 #include "report/plan_picture.h"
 
 #include "layout/piece_middle.h"
+#include "paper/chord_surface.h"
 #include "paper/laid_size.h"
+#include "render/redraw.h"
 #include "text/number_text.h"
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace pistaro {
@@ -65,12 +68,42 @@ ScaleBar BarAt(double scale, const Units& units) {
     return {rule.Length / scale, rule.Text};
 }
 
-/// Into the first corner in which it hides none of the plan's pieces up to that one; the first of all where none is.
+/// Finds out whether strokes cross a box of the world.
+class CrossingSurface : public ChordSurface {
+public:
+    explicit CrossingSurface(const Box& box) : box_(box) {}
+
+    bool Crosses = false;
+
+private:
+    void Add(double fromX, double fromY, double toX, double toY) override {
+        double enters = 0, leaves = 1; // as shares of the line
+        Cut(fromX, toX, box_.Left, box_.Right, enters, leaves);
+        Cut(fromY, toY, box_.Bottom, box_.Top, enters, leaves);
+        Crosses = Crosses || enters <= leaves;
+    }
+
+    static void Cut(double from, double to, double low, double high, double& enters, double& leaves) {
+        if (from == to) {
+            if (from < low || from > high) leaves = -1;
+            return;
+        }
+        const double one = (low - from) / (to - from), other = (high - from) / (to - from);
+        enters = std::max(enters, std::min(one, other));
+        leaves = std::min(leaves, std::max(one, other));
+    }
+
+    const Box box_;
+};
+
+/// Into the first corner in which it hides neither a wall nor one of the plan's pieces up to that one; else the first
+/// in which it hides no piece; the first of all where none is.
 void PlaceBar(PlanPicture& picture, const BuildPlan& plan, int last, PictureArea area) {
     picture.Bar = BarAt(picture.Scale, plan.Drawing.Preferences.Units);
     ScaleBar& bar = picture.Bar;
     const Box ground = bar.Ground();
-    const double right = area.Width - ground.Width(), up = area.Height - ground.Height() + BarInset;
+    const double right = area.Width - ground.Width(), up = BarInset + area.Height - ground.Top - ground.Bottom;
+    std::optional<ScaleBar> freeOfPieces;
     for (const auto& [left, bottom] : {std::pair(BarInset, BarInset), {right, BarInset}, {BarInset, up}, {right, up}}) {
         bar.Left = left;
         bar.Up = bottom;
@@ -78,9 +111,14 @@ void PlaceBar(PlanPicture& picture, const BuildPlan& plan, int last, PictureArea
         bool isFree = true;
         for (int at = 0; at <= last && isFree; ++at)
             isFree = !plan.Piece(at).Extent.Meets(hidden);
-        if (isFree) return;
+        if (!isFree) continue;
+        CrossingSurface walls(hidden);
+        DrawRoom(plan.Drawing.Room, walls);
+        if (!walls.Crosses) return;
+        if (!freeOfPieces) freeOfPieces = bar;
     }
     bar.Left = bar.Up = BarInset;
+    if (freeOfPieces) bar = *freeOfPieces;
 }
 
 /// A line across the track where a step begins behind another one.

@@ -174,7 +174,7 @@ QLayout* frmExport::PreviewColumn() {
     lblPlanned_->setWordWrap(true);
     lblPlanned_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblPlanned_->setMinimumHeight(3 * lblPlanned_->fontMetrics().lineSpacing()); // whatever is told, nothing moves
-    cmdPossible_ = NewButton("cmdPossible", "Take the largest");
+    cmdPossible_ = NewButton("cmdPossible", "Take");                             // what, it says once it is shown
     cmdPossible_->setAutoDefault(false);
     QSizePolicy keepsItsPlace = cmdPossible_->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
@@ -292,7 +292,7 @@ void frmExport::OfferPossible() try {
                           : possible_->PixelWidth ? QString("%1 pixels").arg(*possible_->PixelWidth)
                                                   : QString("%1 dots per inch").arg(possible_->DotsPerInch);
     cmdPossible_->setText("Take " + value);
-    cmdPossible_->setToolTip("The largest that works");
+    cmdPossible_->setToolTip(possible_->Sheets.Scale ? "The next round scale that works" : "The largest that works");
 } catch (const Fault&) {
     possible_.reset(); // what cannot be drawn at all is told already
 }
@@ -363,7 +363,7 @@ void frmExport::Remember() {
     habits.ExportEnding = Format() == ExportFormat::ShoppingList ? ShoppingHabit : EndingOf(Format());
     habits.Paper = cboPaper_->currentText().toStdString();
     habits.ExportContents = parts_->Remembered(*chkWalls_);
-    habits.ExportScale = QString::number(spnScale_->value()).toStdString();
+    if (hasChosenScale_) habits.ExportScale = QString::number(spnScale_->value()).toStdString();
     habits.ExportWidth = QString::number(spnWidth_->value()).toStdString();
     habits.ExportDots = QString::number(spnDots_->value()).toStdString();
     for (const SizeChoice& size : SizeChoices) {

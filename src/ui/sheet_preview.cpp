@@ -33,7 +33,7 @@ QString PrintedText(const PlannedSheets& sheets, const QString& paper) {
     const bool inches = sheets.Drawing.Preferences.Units.Inches;
     const double unit = inches ? 2.54 : 100; // cm
     const auto length = [&](double world) { return QString::number(world / plan.Scale / unit, 'f', inches ? 0 : 1); };
-    return QString("%1 sheets of %2 at %3: an overview and %4 tiles, covering %5\u00A0×\u00A0%6\u00A0%7")
+    return QString("%1 sheets of %2 at %3: an overview and %4 tiles, covering %5\u00A0×\u00A0%6\u00A0%7 of paper")
                .arg(count)
                .arg(paper, scale)
                .arg(plan.Sheets.size())

@@ -23,7 +23,8 @@ struct PlannedSheets {
 /// "1 sheet at 1:2.5", "4 sheets at 1:1: an overview and 3 tiles; 12 with walls alone left out".
 QString SheetsText(const PlannedSheets& sheets);
 
-/// "1 sheet of A4, portrait, at 1:2.5", "4 sheets of A4 at 1:1: an overview and 3 tiles, covering 0.2 × 0.7 m".
+/// "1 sheet of A4, portrait, at 1:2.5", "4 sheets of A4 at 1:1: an overview and 3 tiles, covering 0.2 × 0.7 m of
+/// paper".
 QString PrintedText(const PlannedSheets& sheets, const QString& paper);
 
 /// Which sheet that is, from 0: "Overview", "Tile B2"; empty where there is but one.

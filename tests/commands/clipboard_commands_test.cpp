@@ -208,6 +208,8 @@ TEST_F(ClipboardCommands, PasteOfAnotherTextIsToldAndChangesNothing) {
     EXPECT_EQ(FaultOf([&] { Run("paste"); }),
               "Nothing was pasted: no pieces are on the clipboard.\nPaste takes a list of pieces such as \"C160 x3, "
               "C151L x4\", or one code a line.");
+    clipboard_.Text = "C160 x 502";
+    EXPECT_EQ(FaultOf([&] { Run("paste"); }), "Nothing was pasted: \"C160 x 502\": a track holds at most 501 pieces.");
 
     EXPECT_EQ(Track1(), "C160 C160 C151L");
 }

@@ -59,6 +59,33 @@ TEST(ReadPieceList, PassesDescriptionsAndPricesBehindALinesOnlyPieceOver) {
     EXPECT_EQ(Read("C160 2,50 €"), "C160") << "no two of it";
 }
 
+TEST(ReadPieceList, TakesNoPriceForACount) {
+    for (const char* const text : {"C160 3 €", "C160 €5", "C160 5€", "C160 € 5", "C160 3 EUR", "C160 $3", "5 € C160",
+                                   "€5 C160", "| C160 | 4 € |", "C160;4 €", "C160 2,50€", "C160, 4 €"})
+        EXPECT_EQ(Read(text), "C160") << text;
+    EXPECT_EQ(Read("3 C160 4 €"), "C160 x3");
+    EXPECT_EQ(Read("C160 x3 4 €"), "C160 x3");
+    EXPECT_EQ(Read("C160 3 - 2 €"), "C160 x3");
+    EXPECT_EQ(Read("| 3 | C160 | 4 € |"), "C160 x3");
+    EXPECT_EQ(Read("C160 3 €, C151L 4 €"), "C160, C151L");
+    EXPECT_EQ(Read("C160 3 € 5"), " | \"C160 3 € 5\"") << "either number may be the price";
+}
+
+TEST(ReadPieceList, UnderstandsNoRangeOfCounts) {
+    for (const char* const text : {"2–3 C160", "2-3 C160", "C160 2…3", "C160 2..3", "C160 2 – 3", "2 - 3 C160"})
+        EXPECT_EQ(Read(text), " | \"" + std::string(text) + "\"");
+    EXPECT_EQ(Read("C160 – 3"), "C160 x3") << "a dash alone parts them";
+}
+
+TEST(ReadPieceList, TakesNoLengthForACount) {
+    for (const char* const text :
+         {"C160 straight 35x16", "C160 35x16cm", "C160 35×16", "C160 35 cm", "C160 35cm", "C160 35 x 16 cm"})
+        EXPECT_EQ(Read(text), "C160") << text;
+    EXPECT_EQ(Read("C160 35 x 16"), " | \"C160 35 x 16\"");
+    EXPECT_EQ(Read("3 C160 straight 35 x 16 cm"), "C160 x3");
+    EXPECT_EQ(Read("C160 x 3 35 cm"), "C160 x3");
+}
+
 TEST(ReadPieceList, UnderstandsNothingThatMayBeMeantInSeveralWays) {
     EXPECT_EQ(Read("C160 straight 3"), " | \"C160 straight 3\"");
     EXPECT_EQ(Read("1,7,C160,0,0"), " | \"1,7,C160,0,0\"") << "of which the first may be its place";
@@ -99,6 +126,8 @@ TEST(ReadPieceList, EndsWhereATrackIsFull) {
     EXPECT_TRUE(list.TooMany);
     EXPECT_EQ(list.Codes.size(), 501U);
     EXPECT_FALSE(ReadPieceList(Pieces(), "C160 x501").TooMany);
+    EXPECT_FALSE(ReadPieceList(Pieces(), "C160 x501").HasBeyond);
+    EXPECT_TRUE(ReadPieceList(Pieces(), "C160 x 502").HasBeyond);
 }
 
 } // namespace

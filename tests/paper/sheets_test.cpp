@@ -174,6 +174,8 @@ TEST(RoundedScale, IsTheNextThatARulerIsReadAtEasily) {
     EXPECT_EQ(RoundedScale(2.7), 3);
     EXPECT_EQ(RoundedScale(8.1), 10);
     EXPECT_EQ(RoundedScale(10), 10);
+    EXPECT_EQ(RoundedScale(10.0001), 15) << "nothing between";
+    EXPECT_EQ(RoundedScale(24.9), 25);
     EXPECT_EQ(RoundedScale(23.7), 25);
     EXPECT_EQ(RoundedScale(81), 100);
     EXPECT_EQ(RoundedScale(101), 150);

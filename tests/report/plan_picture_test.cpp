@@ -169,6 +169,22 @@ TEST(PlanPicture, HasItsBarInACornerWithoutTrack) {
     const PlanPicture crossed = PictureOf(plan, {1, 1}, {7.5, 7.5});
     EXPECT_GT(crossed.Bar.Left, 3) << "the lower right corner";
     EXPECT_EQ(crossed.Bar.Up, 0.25);
+
+    plan.Drawing.Pieces[0].Extent = {-400, -400, 400, -320}; // below, from side to side
+    const PlanPicture above = PictureOf(plan, {1, 1}, {7.5, 7.5});
+    EXPECT_EQ(above.Bar.Left, 0.25);
+    EXPECT_NEAR(above.Bar.Ground().Top, 7.37, 1e-9) << "as far from the upper edge as else from the lower one";
+}
+
+TEST(PlanPicture, HasItsBarInACornerWithoutWalls) {
+    BuildPlan plan = PlanOf("C160"); // its picture shows 90 x 56 cm: from -37, -11 to 53, 46
+    plan.Drawing.Room.Points = {{-30, -8}, {300, -8, 1}, {300, 300, 1}, {-30, 300, 1}, {-30, -8, 1}};
+    const PlanPicture cornered = PictureOf(plan, plan.Steps[0], {12, 7.5});
+    EXPECT_GT(cornered.Bar.Left, 3) << "the upper right corner";
+    EXPECT_NEAR(cornered.Bar.Ground().Top, 7.37, 1e-9);
+
+    plan.Drawing.Room.Points = {{-30, -8}, {45, -8, 1}, {45, 43, 1}, {-30, 43, 1}, {-30, -8, 1}};
+    EXPECT_EQ(PictureOf(plan, plan.Steps[0], {12, 7.5}).Bar.Up, 0.25) << "a wall crosses each corner";
 }
 
 TEST(PlanPicture, BesideAStepShowsAllAndAnArrowAtTheStart) {

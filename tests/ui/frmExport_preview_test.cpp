@@ -147,7 +147,7 @@ TEST(PreviewLines, IndentJsonButForSimpleListsAndLeaveStringsAlone) {
     EXPECT_EQ(PreviewLines("count,code\r\n", ExportFormat::ShoppingList).toStdString(), "count,code\r\n");
 }
 
-TEST_F(FrmExport, OffersTheLargestThatWorksInPlaceOfWhatCannotBeWritten) {
+TEST_F(FrmExport, OffersWhatWorksInPlaceOfWhatCannotBeWritten) {
     Choose("cboFormat", Png);
     Choose("cboSize", PngScale);
     EXPECT_FALSE(IsShown("cmdPossible"));
@@ -156,6 +156,7 @@ TEST_F(FrmExport, OffersTheLargestThatWorksInPlaceOfWhatCannotBeWritten) {
     EXPECT_TRUE(Label("lblPlanned").starts_with("Picture too large: ")) << Label("lblPlanned");
     EXPECT_FALSE(IsEnabled("cmdExport"));
     ASSERT_TRUE(IsShown("cmdPossible"));
+    EXPECT_EQ(Find<QAbstractButton>("cmdPossible").toolTip(), "The next round scale that works");
     ExpectNothingClipped();
     Press("cmdPossible");
     EXPECT_TRUE(IsEnabled("cmdExport"));
@@ -187,6 +188,25 @@ TEST_F(FrmExport, BeginsWithAScaleThatThePaperTakes) {
     EXPECT_TRUE(IsEnabled("cmdExport"));
     Choose("cboSize", 3);
     EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 10) << "in tiles that works";
+}
+
+TEST_F(FrmExport, RemembersNoScaleThatItChoseItself) {
+    const Design small = project_.Design;
+    std::string straights;
+    for (int i = 0; i < 20; ++i)
+        straights += "C160 ";
+    project_.Design = ProjectOf(straights).Design; // 700 cm
+    Open();
+    Choose("cboFormat", Pdf);
+    Choose("cboSize", 2);
+    EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 30);
+    Press("cmdClose");
+
+    project_.Design = small;
+    Open();
+    Choose("cboFormat", Pdf);
+    Choose("cboSize", 2);
+    EXPECT_EQ(Find<QDoubleSpinBox>("spnScale").value(), 10);
 }
 
 TEST_F(FrmExport, ExportsNothingThatCannotBeWritten) {

@@ -51,16 +51,19 @@ TEST_F(FrmPrint, BeginsWithOneSheetThatShowsAll) {
 TEST_F(FrmPrint, TellsHowManySheetsAScaleTakes) {
     ChooseScale(1);
 
-    EXPECT_EQ(Label("lblSheets"), "4 sheets of A4 at 1:1: an overview and 3 tiles, covering 0.2\u00A0×\u00A00.8\u00A0m")
+    EXPECT_EQ(Label("lblSheets"),
+              "4 sheets of A4 at 1:1: an overview and 3 tiles, covering 0.2\u00A0×\u00A00.8\u00A0m of paper")
         << "three tiles of 18 x 25.1 cm";
     EXPECT_EQ(Find<QSpinBox>("spnSheet").maximum(), 4);
 
     Choose("cboPaper", 0);
-    EXPECT_EQ(Label("lblSheets"), "8 sheets of A5 at 1:1: an overview and 7 tiles, covering 0.2\u00A0×\u00A00.7\u00A0m")
+    EXPECT_EQ(Label("lblSheets"),
+              "8 sheets of A5 at 1:1: an overview and 7 tiles, covering 0.2\u00A0×\u00A00.7\u00A0m of paper")
         << "A5 turned: 18 x 10.2 of each";
     Choose("cboPaper", 1);
     Choose("cboOrientation", 2);
-    EXPECT_EQ(Label("lblSheets"), "6 sheets of A4 at 1:1: an overview and 5 tiles, covering 0.3\u00A0×\u00A00.8\u00A0m")
+    EXPECT_EQ(Label("lblSheets"),
+              "6 sheets of A4 at 1:1: an overview and 5 tiles, covering 0.3\u00A0×\u00A00.8\u00A0m of paper")
         << "turned, 26.7 x 16.4";
     ExpectNothingClipped();
 }
@@ -74,13 +77,13 @@ TEST_F(FrmPrint, LeavesTilesWithWallsAloneOutUnlessTheyAreTicked) {
     ChooseScale(1);
     ASSERT_TRUE(Find<QWidget>("chkWalls").isEnabled());
     EXPECT_EQ(Label("lblSheets"), "7 sheets of A4 at 1:1: an overview and 6 tiles, covering "
-                                  "1.1\u00A0×\u00A00.8\u00A0m; 4 with walls alone left out")
+                                  "1.1\u00A0×\u00A00.8\u00A0m of paper; 4 with walls alone left out")
         << "six columns and three rows of 18 x 25.1 cm";
     ExpectNothingClipped();
 
     Press("chkWalls");
     EXPECT_EQ(Label("lblSheets"),
-              "11 sheets of A4 at 1:1: an overview and 10 tiles, covering 1.1\u00A0×\u00A00.8\u00A0m");
+              "11 sheets of A4 at 1:1: an overview and 10 tiles, covering 1.1\u00A0×\u00A00.8\u00A0m of paper");
     Press("chkRoom");
     EXPECT_FALSE(Find<QWidget>("chkWalls").isEnabled());
 }
@@ -146,7 +149,8 @@ TEST_F(FrmPrint, TellsHowMuchFloorTheSheetsCoverInTheUnitsOfTheDesign) {
     ChooseScale(1);
     project_.Preferences.Units.Inches = true;
     Choose("cboPaper", 3);
-    EXPECT_EQ(Label("lblSheets"), "3 sheets of A2 at 1:1: an overview and 2 tiles, covering 15\u00A0×\u00A043\u00A0in")
+    EXPECT_EQ(Label("lblSheets"),
+              "3 sheets of A2 at 1:1: an overview and 2 tiles, covering 15\u00A0×\u00A043\u00A0in of paper")
         << "two tiles of 39 x 54.8 cm, 109.6 together";
     ExpectNothingClipped();
 }
@@ -160,8 +164,8 @@ TEST_F(FrmPrint, AsksBeforeManySheetsArePrinted) {
     Press("cmdPrint");
 
     ASSERT_EQ(prompts_.Asked.size(), 1U);
-    EXPECT_EQ(prompts_.Asked[0].Text,
-              "22 sheets of A4 at 1:1: an overview and 21 tiles, covering 0.2\u00A0×\u00A05.3\u00A0m. Print them all?")
+    EXPECT_EQ(prompts_.Asked[0].Text, "22 sheets of A4 at 1:1: an overview and 21 tiles, covering "
+                                      "0.2\u00A0×\u00A05.3\u00A0m of paper. Print them all?")
         << "525 cm on tiles of 25.1";
     EXPECT_TRUE(IsOpen());
 }
