@@ -31,7 +31,7 @@ TEST_F(StandingOfASearch, TellsThatItsCircuitsAreOfAnotherBoxUntilItIsSearchedAg
     Box().Show(BoxOf(Pieces(), "C151=8,C160=5,C277=1"));
     Find<QCheckBox>("chkLapCounter").click();
     EXPECT_TRUE(isOfAnother());
-    EXPECT_EQ(Text("lblFound"), "This is of another box or room than stands at the left.");
+    EXPECT_EQ(Text("lblFound"), "This was found for another box, room or part than stands at the left.");
     PressHere("cmdSearchAgain");
     EXPECT_FALSE(isOfAnother());
     EXPECT_TRUE(Find<QPushButton>("cmdCancelSearch").isEnabled());
@@ -103,14 +103,14 @@ TEST_F(StandingOfASearch, TellsWhyThereCanBeNoCircuit) {
     const auto hint = [&] { return Circuits().accessibleDescription().toStdString(); };
 
     Box().Show(BoxOf(Pieces(), "C151=5,C160=20"));
-    EXPECT_EQ(hint(), "The curves of the box turn by 225° in all, and a circuit turns by 360°.\n\n"
-                      "Add pieces to the box, or choose a larger room.");
-    Search("C151=5,C160=20");
-
+    EXPECT_EQ(hint(), "The curves of the box turn by 225° in all, and a circuit turns by 360°.");
     EXPECT_EQ(Text("lblFound"), "These pieces make no circuit in this room.");
+    EXPECT_FALSE(Find<QPushButton>("cmdSearch").isEnabled());
     EXPECT_FALSE(Find<QPushButton>("cmdStop").isEnabled());
+
     Box().Show(BoxOf(Pieces(), "C151=8,C160=20"));
     EXPECT_EQ(hint().substr(0, 2), "1.");
+    EXPECT_TRUE(Find<QPushButton>("cmdSearch").isEnabled());
 }
 
 TEST_F(StandingOfASearch, TellsHowFarItIs) {

@@ -33,8 +33,8 @@ TEST_F(MyBox, ShowsTheCircleBeforeWhatIsMuchLikeABetterOne) {
     const auto pieces = [&](int row) { return Circuits().item(row)->text().section('\n', 1).toStdString(); };
     EXPECT_THAT(pieces(1), StartsWith("12 pieces"));
     EXPECT_THAT(pieces(2), StartsWith("8 pieces"));
-    EXPECT_EQ(pieces(3), "much like 1");
-    EXPECT_EQ(pieces(4), "much like 1");
+    EXPECT_EQ(pieces(3), "12 pieces · like 1");
+    EXPECT_EQ(pieces(4), "10 pieces · like 1");
 }
 
 TEST_F(MyBox, ShowsTheBestCircuitUntilOneIsClickedAndThenThatOne) {
