@@ -57,7 +57,7 @@ void BeginWith(const Catalogue& catalogue, const Track& track, const TrackPart& 
     WalkTrack(catalogue, track, [&](int element, const PiecePlacement*, const BuildCursor& entry) {
         if (BuildCursor(entry) == part.At) first = element;
     });
-    std::ranges::rotate(circuit.Rows, circuit.Rows.begin() + first);
+    std::rotate(circuit.Rows.begin(), circuit.Rows.begin() + first, circuit.Rows.end());
     circuit.At = part.At;
 }
 

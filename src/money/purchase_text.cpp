@@ -77,9 +77,9 @@ void AddSingly(PurchaseReport& report, const Catalogue& catalogue, const Project
 }
 
 std::string ProvenRank(const PurchaseReport& report) {
-    const std::string cheapest = "the cheapest there is.";
-    if (report.AboveBound == 0) return cheapest;
-    return "at most " + MoneyText(report.AboveBound, report.Currency) + " above " + cheapest;
+    const std::string above =
+        report.AboveBound == 0 ? "" : "at most " + MoneyText(report.AboveBound, report.Currency) + " above ";
+    return above + "the cheapest there is.";
 }
 
 } // namespace

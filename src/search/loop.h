@@ -31,8 +31,8 @@ using Rows = std::vector<int>;
 Rows RowsOf(const std::vector<LayingStep>& steps, const Run& run);
 
 /// A chain of the plain pieces in whose places these lie, where it is a circuit free of overlaps and of those shapes,
-/// closed but for a centimetre, which then is its tolerance; else nothing. The last step stands for the first `kept` pieces where there are any.
-/// Circuits of both systems give nothing.
+/// closed but for a centimetre, which then is its tolerance; else nothing. The last step stands for the first `kept`
+/// pieces where there are any. Circuits of both systems give nothing.
 std::optional<Loop> LoopOf(const Catalogue& catalogue, const std::vector<LayingStep>& steps, ShapeCounts shapes,
                            const Rows& rows, const SearchPose& start, std::size_t kept = 0);
 

@@ -100,7 +100,7 @@ std::size_t FindingOf(const QTreeWidgetItem& line) { return line.data(0, Qt::Use
 
 ChecksDock::ChecksDock(Session& session, CircuitView& view)
     : QDockWidget("Checks"), session_(session), view_(view), list_(Named(new PanelList, "lstChecks")),
-      summary_(Named(new QLabel, "lblChecks")), cmdCure_(NewButton("cmdCure", {})) {
+      summary_(Named(new QLabel, "lblChecks")), cmdCure_(NewButton("cmdCure", "Mend")) {
     setObjectName("fraChecks");
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);

@@ -258,8 +258,9 @@ void frmBox::ShowFound() {
     lstCircuits_->MakeRoomFor(fields_->Count());
     const ScoreWeights weights = weights_->Weights();
     std::vector<std::size_t> best = BestOf(found, fields_->Count(), weights);
-    std::ranges::stable_partition(
-        best, [&](std::size_t place) { return WallWarning(session_, around_.Design, found[place].Circuit).empty(); });
+    std::stable_partition(best.begin(), best.end(), [&](std::size_t place) {
+        return WallWarning(session_, around_.Design, found[place].Circuit).empty();
+    });
     // What is like the design is like each other, too.
     lstCircuits_->Show(found, weights.Likeness > 0 ? InOrder(best) : Ranked(found, best));
     ShowStanding();

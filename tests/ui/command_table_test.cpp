@@ -119,12 +119,12 @@ protected:
     std::vector<QObject*> Controls() {
         std::vector<QObject*> controls;
         for (QAbstractButton* const button : Window->findChildren<QAbstractButton*>()) {
-            // The strips have buttons of their own, as dialogs have; those of the panel of money lead on to rows that
-            // stand in the menus.
-            const bool isOfStrip = Find<QWidget>("fraSuggestions").isAncestorOf(button) ||
-                                   Find<QWidget>("fraBalance").isAncestorOf(button) ||
-                                   Find<QWidget>("fraPicture").isAncestorOf(button) ||
-                                   Find<QWidget>("fraMoney").isAncestorOf(button);
+            // The strips have buttons of their own, as dialogs have; those of the panels of money and of checks lead
+            // on to rows that stand in the menus.
+            const bool isOfStrip =
+                Find<QWidget>("fraSuggestions").isAncestorOf(button) ||
+                Find<QWidget>("fraBalance").isAncestorOf(button) || Find<QWidget>("fraPicture").isAncestorOf(button) ||
+                Find<QWidget>("fraChecks").isAncestorOf(button) || Find<QWidget>("fraMoney").isAncestorOf(button);
             // The toolkit's own scroll the tabs of panels, or close these.
             const bool isToolkits =
                 button->objectName().startsWith("qt_") || qobject_cast<QTabBar*>(button->parent()) != nullptr;

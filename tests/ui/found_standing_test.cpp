@@ -65,7 +65,7 @@ TEST_F(StandingOfASearch, CannotContinueForAnotherBox) {
 }
 
 TEST_F(StandingOfASearch, AdvisesToKeepLessWhereNothingIsFoundAroundAPart) {
-    pistaro::Project project = ProjectOf("C160 C160 C160 C160 C151R C151R C151R C151R");
+    pistaro::Project project = ProjectOf("C160 C160 C160 C160 C151R C151R C151R C151R C151R C151R C151R C151R");
     project.EditState.CurrentElement[0] = 3;
     project.EditState.RunFrom = 0;
     Open(project);
