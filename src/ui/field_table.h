@@ -123,6 +123,9 @@ private:
     WrongFields wrong_;
 };
 
+/// Whether more than one cell of a table is in the clipboard.
+bool HoldsSeveralCells();
+
 /// The keys of the window's undo and redo everywhere, and the desktop's own.
 bool IsUndo(const QKeyEvent& key);
 bool IsRedo(const QKeyEvent& key);
