@@ -5,6 +5,7 @@
 #include "editor/view_commands.h"
 #include "layout/built_lanes.h"
 #include "layout/printed_box.h"
+#include "search/unlike_pieces.h"
 #include "text/count_text.h"
 #include "text/fixed_text.h"
 
@@ -123,8 +124,19 @@ std::string PiecesAndPriceText(const Session& session, const LaidCircuit& circui
     std::string pieces = CountText(PiecesOf(circuit), "piece");
     if (!OwnsAny(session)) return pieces; // what the box holds need not be bought
     const Cents price = PriceOfMissing(session, circuit.Track);
-    const bool isKnown = price > 0 || UnpricedOf(session, UsedBy(session, circuit.Track)) == 0;
-    return pieces + ", " + (isKnown ? PriceText(session, price, 0) : "price unknown");
+    const int unpriced = UnpricedOf(session, UsedBy(session, circuit.Track));
+    const bool isKnown = price > 0 || unpriced == 0;
+    return pieces + ", " + (isKnown ? PriceText(session, price, 0) : std::to_string(unpriced) + " to buy");
+}
+
+std::vector<int> ElementsUnlike(const Catalogue& catalogue, const Track& circuit, const Track& varied) {
+    const auto rowsOf = [&](const Track& track) {
+        Rows rows;
+        std::ranges::transform(track.ElementCodes, std::back_inserter(rows),
+                               [&](const std::string& code) { return catalogue.FindRow(code); });
+        return rows;
+    };
+    return PiecesUnlike(rowsOf(circuit), rowsOf(varied));
 }
 
 std::string WallWarning(const Session& session, const Design& room, const LaidCircuit& circuit) {
@@ -149,7 +161,8 @@ std::vector<CircuitFigure> FiguresOf(const Session& session, const PieceBox& box
         {"Corners",
          std::to_string(stretches.LeftCorners) + " left, " + std::to_string(stretches.RightCorners) + " right"},
     };
-    if (OwnsAny(session)) figures.push_back({"To buy", LackingText(session, circuit.Track)});
+    figures.push_back(
+        {"To buy", OwnsAny(session) ? LackingText(session, circuit.Track) : "nothing, if you own the box"});
     if (const std::string warning = WallWarning(session, room, circuit); !warning.empty())
         figures.push_back({"Mind", "The " + warning + ": only its track bed lies inside the room."});
     return figures;

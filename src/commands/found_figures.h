@@ -15,8 +15,12 @@ Cents PriceOfMissing(const Session& session, const Track& track);
 /// "96 % of the box, 12.34 m": how much a found circuit uses, and how long a lap is.
 std::string UseAndLengthText(const LaidCircuit& circuit);
 
-/// "24 pieces, 0.00 €": what would have to be bought; the pieces alone until somebody has told what he owns.
+/// "24 pieces, 0.00 €": what would have to be bought; the pieces alone until somebody has told what he owns,
+/// and "3 to buy" where no price is known.
 std::string PiecesAndPriceText(const Session& session, const LaidCircuit& circuit);
+
+/// The elements of a circuit that are not as in the track that it varies: no run of pieces there is like theirs.
+std::vector<int> ElementsUnlike(const Catalogue& catalogue, const Track& circuit, const Track& varied);
 
 /// "box of C277 in a wall": where what is printed beside a piece does not lie inside the room; else empty.
 std::string WallWarning(const Session& session, const Design& room, const LaidCircuit& circuit);

@@ -2,11 +2,22 @@
 
 #include "ui/named_controls.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 
 namespace pistaro {
+
+namespace {
+
+/// No line ends between a figure and what it counts.
+QString Unbroken(QString text) {
+    static const QRegularExpression within("(?<=[0-9]) (?=[cm×])|(?<=×) ");
+    return text.replace(within, "\u00a0");
+}
+
+} // namespace
 
 /// Drawn anew for each size that it gets.
 class CircuitPreview::Picture : public QWidget {
@@ -23,7 +34,7 @@ public:
 
     int heightForWidth(int width) const override { return HeightOf(width); }
 
-    void Show(std::optional<Design> design, MarkedPieces marked, const QString& instead) {
+    void Show(std::optional<Design> design, const MarkedPieces& marked, const QString& instead) {
         design_ = std::move(design);
         marked_ = marked;
         instead_ = instead;
@@ -31,7 +42,15 @@ public:
         update();
     }
 
+    std::function<void(WorldPoint, bool)> Pressed; ///< empty where nothing can be chosen
+
 protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        if (!Pressed || !design_ || event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
+        Pressed(GroundAt(event->position(), session_.Catalogue, *design_, size()),
+                event->modifiers().testFlag(Qt::ShiftModifier));
+    }
+
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         if (!design_) {
@@ -72,12 +91,23 @@ CircuitPreview::CircuitPreview(Session& session) : picture_(new Picture(session)
     grid_->setHorizontalSpacing(betweenColumns);
 }
 
-void CircuitPreview::Show(const Design& design, MarkedPieces marked, const std::vector<CircuitFigure>& figures) {
+void CircuitPreview::Show(const Design& design, const MarkedPieces& marked, const std::vector<CircuitFigure>& figures) {
+    picture_->Pressed = nullptr;
+    picture_->unsetCursor();
     picture_->Show(design, marked, {});
     ShowFigures(figures);
 }
 
+void CircuitPreview::ShowToChooseFrom(const Design& design, const MarkedPieces& marked,
+                                      const std::vector<CircuitFigure>& figures) {
+    Show(design, marked, figures);
+    picture_->Pressed = Pressed;
+    picture_->setCursor(Qt::PointingHandCursor);
+}
+
 void CircuitPreview::ShowNone(const QString& why) {
+    picture_->Pressed = nullptr;
+    picture_->unsetCursor();
     picture_->Show(std::nullopt, {}, why);
     ShowFigures({});
 }
@@ -96,7 +126,7 @@ void CircuitPreview::ShowFigures(const std::vector<CircuitFigure>& figures) {
     for (std::size_t i = 0; i < figures_.size(); ++i) {
         const bool isThere = i < figures.size();
         figures_[i].first->setText(isThere ? Shown(figures[i].Name) : QString());
-        figures_[i].second->setText(isThere ? Shown(figures[i].Value) : QString());
+        figures_[i].second->setText(isThere ? Unbroken(Shown(figures[i].Value)) : QString());
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -19,7 +20,14 @@ class CircuitPreview : public QWidget {
 public:
     explicit CircuitPreview(Session& session);
 
-    void Show(const Design& design, MarkedPieces marked, const std::vector<CircuitFigure>& figures);
+    /// Called with the place of the ground where a picture of what can be chosen from is pressed, and whether with
+    /// Shift.
+    std::function<void(WorldPoint, bool)> Pressed;
+
+    void Show(const Design& design, const MarkedPieces& marked, const std::vector<CircuitFigure>& figures);
+
+    /// Likewise a design whose pieces can be chosen.
+    void ShowToChooseFrom(const Design& design, const MarkedPieces& marked, const std::vector<CircuitFigure>& figures);
 
     /// Says in the picture's place why there is none.
     void ShowNone(const QString& why);

@@ -10,6 +10,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <utility>
 
 namespace pistaro {
 
@@ -26,17 +27,20 @@ int PictureWidth(int listWidth, int columns) {
     return width / step * step;
 }
 
-/// As large as goes with all cards in sight; where that is too small to read, as small as they may be.
+/// As large as goes with all cards in sight; where that is too small to read, with six of them.
 int PictureWidthFor(const QSize& list, int cards, const QFontMetrics& letters) {
     constexpr int largest = 320;
     const int least = CircuitCard::LeastWidth(letters);
+    constexpr int fewest = 6;
+    int best = least;
     for (int columns = FewestColumns; PictureWidth(list.width(), columns) >= least; ++columns) {
         const int width = std::min(PictureWidth(list.width(), columns), largest);
-        const int lines = (cards + columns - 1) / columns;
         const int high = CircuitCard::CardSize(CircuitCard::PictureSize(width), letters).height() + 2 * Spacing;
-        if (lines * high <= list.height()) return width;
+        const auto goIn = [&](int count) { return (count + columns - 1) / columns * high <= list.height(); };
+        if (goIn(cards)) return width;
+        if (goIn(std::min(cards, fewest))) best = width;
     }
-    return least;
+    return best;
 }
 
 } // namespace
@@ -70,10 +74,10 @@ FoundCircuits::FoundCircuits(Session& session)
     connect(this, &QListWidget::itemDoubleClicked, this, [this] { Opened(); });
 }
 
-void FoundCircuits::Begin(const Surroundings& around, MarkedPieces marked) {
+void FoundCircuits::Begin(const Surroundings& around, Marks marks) {
     const QSignalBlocker quiet(this);
     around_ = around;
-    marked_ = marked;
+    marks_ = std::move(marks);
     pictures_.clear();
     ticked_.clear();
     clear();
@@ -183,9 +187,9 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, const
     const LaidCircuit& circuit = found.Circuit;
     const std::size_t place = ranked.Place;
     if (pictures_[place].isNull())
-        pictures_[place] =
-            QPixmap::fromImage(WorkPicture(session_.Catalogue, around_.With(circuit.Track),
-                                           session_.Project.Preferences, iconSize(), devicePixelRatioF(), marked_));
+        pictures_[place] = QPixmap::fromImage(WorkPicture(session_.Catalogue, around_.With(circuit.Track),
+                                                          session_.Project.Preferences, iconSize(), devicePixelRatioF(),
+                                                          marks_(circuit.Track)));
     line.setData(PlaceRole, static_cast<qulonglong>(place));
     line.setCheckState(ticked_.contains(place) ? Qt::Checked : Qt::Unchecked);
     line.setIcon(pictures_[place]);

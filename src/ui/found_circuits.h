@@ -22,8 +22,11 @@ public:
     std::function<void()> Opened;        ///< called for a double click, or Enter
     std::function<void()> SizeChanged;   ///< called when the pictures ought to be shown in another size
 
-    /// Shows none, and those to come with this around them, and with pieces of theirs marked.
-    void Begin(const Surroundings& around, MarkedPieces marked);
+    /// Which pieces of a circuit are marked in its picture.
+    using Marks = std::function<MarkedPieces(const Track&)>;
+
+    /// Shows none, and those to come with this around them, and marked so.
+    void Begin(const Surroundings& around, Marks marks);
 
     /// Shows those of `found` in this order, and behind them those that are ticked or chosen. The chosen ones stay
     /// chosen; until the user has chosen some it is the first one. Who has scrolled keeps what he looks at where it is,
@@ -77,7 +80,7 @@ private:
     Session& session_;
     Surroundings around_;
     QString hint_;
-    MarkedPieces marked_;
+    Marks marks_;
     int wished_ = 1;                   ///< how many there shall be room for
     std::vector<QIcon> pictures_;      ///< by place among those found; those never shown have none
     std::set<std::size_t> ticked_;     ///< their places

@@ -1,6 +1,11 @@
 #include "ui/frmBox.h"
 
 #include "commands/closing_commands.h"
+#include "editor/mouse_selection.h"
+#include "editor/picking.h"
+#include "editor/track_editing.h"
+#include "text/count_text.h"
+#include "ui/box_words.h"
 #include "ui/named_controls.h"
 
 #include <QEvent>
@@ -12,78 +17,7 @@ namespace pistaro {
 namespace {
 
 constexpr int TogetherWithin = 60; ///< milliseconds
-
-/// "The best 10 of 115 circuits found".
-QString CountText(std::size_t count, std::size_t shown) {
-    const QString found = QString::number(count) + (count == 1 ? " circuit found" : " circuits found");
-    return count > shown ? QString("The best %1 of %2").arg(shown).arg(found) : found;
-}
-
-QString IdleText(bool isBoxEmpty) {
-    return isBoxEmpty ? "Put pieces into the box: type their counts, or add a set."
-                      : "Press Search to see what these pieces make in this room.";
-}
-
-/// What was found, how the search stands, and what can be done next; `instead`, what gives more room to find some.
-QString StandingText(BoxStanding standing, std::size_t count, const QString& found, const QString& instead) {
-    switch (standing) {
-    case BoxStanding::Idle:
-        return found + ".";
-    case BoxStanding::Runs:
-        return found + ", still searching …";
-    case BoxStanding::Paused:
-        return found + " so far.";
-    case BoxStanding::Ended:
-        if (count == 0) return "Nothing found in the time so far: Continue looks on, or " + instead + ".";
-        return found + ". Continue looks for others.";
-    case BoxStanding::Complete:
-        break;
-    }
-    return count == 0 ? "These pieces make no circuit in this room." : found + "; there are no others.";
-}
-
-/// Of circuits that were found for other wishes; `whyNot`, why those that stand at the left cannot be looked for.
-QString OutdatedText(const QString& whyNot) {
-    if (whyNot.isEmpty()) return "This was found for another box, room or part than stands at the left.";
-    return "This was found for other wishes. As they stand at the left: " + whyNot;
-}
-
-QString InsteadFor(const BoxWish& wish, bool varies) {
-    if (wish.Kept) return "keep less of the track";
-    return varies ? "try a larger room, or other pieces" : "try a larger room, or more curves";
-}
-
-/// What makes it more likely that there is one.
-QString EasierFor(const BoxWish& wish) {
-    const QString without = wish.MustHave == MustHaves() ? "" : "Without the ticked must-haves there may be some. ";
-    return without + "More curves, straights of another length, or a larger room make it easier.";
-}
-
-/// What stands in the place of circuits while there are none; `rare`, why there will hardly be any.
-QString HintFor(BoxStanding standing, const BoxWish& wish, const QString& rare) {
-    const QString easier = rare.isEmpty() ? EasierFor(wish) : rare;
-    switch (standing) {
-    case BoxStanding::Idle:
-        break;
-    case BoxStanding::Runs:
-        if (!rare.isEmpty()) return "Nothing so far. " + rare;
-        return wish.Kept ? "Around a part that is kept the first circuit may take a minute: keep less of the track, or "
-                           "wait. Stop ends the search."
-                         : "The first circuits come in a moment.";
-    case BoxStanding::Complete:
-        return "Every way to lay these pieces was tried, and none closes inside the room.\n\n" + easier;
-    case BoxStanding::Paused:
-    case BoxStanding::Ended:
-        return "No circuit so far.\n\n" + easier;
-    }
-    return (rare.isEmpty() ? QString() : rare + "\n\n") +
-           QString("1.  %1\n\n2.  Say how large the room is.\n\n3.  Press Search, and choose among the circuits.")
-               .arg(
-                   wish.Varied
-                       ? "The box holds the pieces of your track; add others, if you like. To keep a part of it, click "
-                         "that part's first piece in the drawing, then its last one with Shift."
-                       : "Fill the box: All I Own, a set that you have, or a click on a line and its count.");
-}
+constexpr int MeantToStop = 600;   ///< milliseconds in which a click comes too late to stop a search
 
 } // namespace
 
@@ -127,8 +61,10 @@ frmBox::frmBox(Session& session, std::optional<int> varied, QWidget* parent)
         if (changes.Stock || changes.Preferences) ShowFound();
         if (changes.Room) ShowStanding();
         if (changes.EditState && IsBegunTrack()) fields_->OfferPart();
+        if (changes.EditState && varied_ && !lstCircuits_->InView()) ShowYours();
         if (changes.Circuit && varied_) ShowStanding(); // other tracks may lie elsewhere now
     });
+    preview_->Pressed = [this](WorldPoint place, bool andAllBetween) { ChooseFromYours(place, andAllBetween); };
     fields_->setFocus();
     ShowStanding(); // only now, as it takes a dialog to have a default button
     ShowChosen();
@@ -229,9 +165,8 @@ void frmBox::Search() {
         const LayingTask task = TaskFor(session_, wish);
         searched_ = wish;
         around_ = SurroundingsFor(session_, wish);
-        marked_ = {wish.Kept ? wish.Kept->Rows.size() : 0, around_.Track};
-        if (!wish.Kept && HasOtherTracks(around_)) marked_.Count = MaxElements; // or nobody could tell it from them
-        lstCircuits_->Begin(around_, marked_);
+        if (varied_) yours_ = session_.Project.Design.Circuit.Tracks[static_cast<std::size_t>(*varied_)];
+        lstCircuits_->Begin(around_, [this](const Track& circuit) { return MarksOf(circuit); });
         search_.Start(task);
         if (wish.Area && !varied_) fields_->RememberArea();
     });
@@ -242,14 +177,17 @@ void frmBox::Search() {
 void frmBox::StopOrContinue() {
     if (search_.Standing() == BoxStanding::Runs) {
         search_.Pause();
-    } else {
+    } else if (search_.Standing() == BoxStanding::Paused || sinceEnd_.elapsed() > MeantToStop) {
         search_.Continue();
     }
     ShowStanding();
 }
 
 void frmBox::Hear() {
-    if (search_.Standing() != BoxStanding::Runs) return ShowFound();
+    if (search_.Standing() != BoxStanding::Runs) {
+        sinceEnd_.start();
+        return ShowFound();
+    }
     if (!showing_.isActive()) showing_.start();
 }
 
@@ -289,7 +227,7 @@ void frmBox::ShowStanding() {
     lstCircuits_->SetOutdated(isOutdated);
     const BoxStanding ofThisWish = isForAnother && !runs ? BoxStanding::Idle : standing;
     const QString rare = Shown(WhyRare(session_.Catalogue, wish.Box, wish.MustHave));
-    lstCircuits_->ShowHint(never.isEmpty() ? HintFor(ofThisWish, wish, rare) : never);
+    lstCircuits_->ShowHint(never.isEmpty() ? HintFor(ofThisWish, wish, rare, runs && !search_.Percent()) : never);
     ShowSearchButtons(standing, isForAnother, whyNot);
     ShowProgress();
 }
@@ -299,13 +237,14 @@ QString frmBox::StandingWords(const BoxWish& wish, bool isIdle, bool never) cons
     const std::size_t count = search_.Found().size();
     const BoxStanding standing = never && count == 0 ? BoxStanding::Complete : search_.Standing();
     if (count == 0 && isIdle && !never) return IdleText(wish.Box.Total() == 0);
-    const QString found = CountText(count, static_cast<std::size_t>(wish.Count));
+    const QString beside = HasOtherTracks(around_) ? " beside the other tracks" : "";
+    const QString found = FoundText(count, static_cast<std::size_t>(wish.Count)) + beside;
     return StandingText(standing, count, found, InsteadFor(wish, varied_.has_value()));
 }
 
 void frmBox::ShowSearchButtons(BoxStanding standing, bool isForAnother, const QString& whyNot) {
     const bool runs = standing == BoxStanding::Runs;
-    cmdSearch_->setEnabled(whyNot.isEmpty());
+    cmdSearch_->setEnabled(whyNot.isEmpty() && (!runs || isForAnother)); // or what is found would go for the same
     cmdSearch_->setToolTip(whyNot.isEmpty() ? "Search for circuits from the beginning" : whyNot);
     cmdStop_->setText(search_.IsPausing()                     ? "Stopping…"
                       : runs || standing == BoxStanding::Idle ? "St&op"
@@ -340,11 +279,59 @@ void frmBox::ShowChosen() {
                                   : "Tick circuits first, or choose one");
     if (!shown) {
         weights_->Show(std::nullopt);
-        return preview_->ShowNone("The chosen circuit is shown here.");
+        return varied_ ? ShowYours() : preview_->ShowNone("The chosen circuit is shown here.");
     }
     const LaidCircuit& circuit = search_.Found()[*shown].Circuit;
     weights_->Show(circuit.Parts);
-    preview_->Show(around_.With(circuit.Track), marked_, FiguresOf(session_, searched_->Box, around_.Design, circuit));
+    preview_->Show(around_.With(circuit.Track), MarksOf(circuit.Track), FiguresOf(circuit));
+}
+
+/// What is not as in the track that is varied; what is kept is.
+MarkedPieces frmBox::MarksOf(const Track& circuit) const {
+    if (!varied_) return {};
+    MarkedPieces marked{ElementsUnlike(session_.Catalogue, circuit, yours_), *varied_};
+    const int kept = searched_->Kept ? static_cast<int>(searched_->Kept->Rows.size()) : 0;
+    std::erase_if(marked.Elements, [&](int element) { return element < kept; });
+    return marked;
+}
+
+std::vector<CircuitFigure> frmBox::FiguresOf(const LaidCircuit& circuit) const {
+    std::vector<CircuitFigure> figures = pistaro::FiguresOf(session_, searched_->Box, around_.Design, circuit);
+    if (!varied_) return figures;
+    const std::size_t unlike = MarksOf(circuit.Track).Elements.size();
+    figures.insert(
+        figures.begin(),
+        {"Unlike yours", unlike == 0 ? "the order alone" : CountText(static_cast<int>(unlike), "piece") + ", tinted"});
+    return figures;
+}
+
+/// The track that is varied, of which a part to be kept can be chosen.
+void frmBox::ShowYours() {
+    const auto track = static_cast<std::size_t>(*varied_);
+    const Track& yours = session_.Project.Design.Circuit.Tracks[track];
+    Design design = SurroundingsFor(session_, fields_->Wish()).Design;
+    design.Circuit.Tracks[track] = yours;
+    MarkedPieces marked{{}, *varied_};
+    if (IsBegunTrack()) {
+        const ElementRun run = session_.Project.EditState.SelectedRun(yours.ElementLastIndex());
+        for (int element = run.First; element < run.First + run.Count; ++element)
+            marked.Elements.push_back(element);
+    }
+    preview_->ShowToChooseFrom(
+        design, marked, {{"Your track", "Click the first piece of a part to be kept, then its last one with Shift."}});
+}
+
+void frmBox::ChooseFromYours(WorldPoint place, bool andAllBetween) {
+    const Circuit& circuit = session_.Project.Design.Circuit;
+    const PickMap pieces(session_.Catalogue, circuit);
+    const auto isOfAnother = [&](const PieceAddress& piece) { return piece.Track != *varied_; };
+    if (!IsBegunTrack() || std::ranges::any_of(pieces.PiecesAt(place), isOfAnother)) return;
+    session_.Do([&] {
+        EditState& edit = session_.Project.EditState;
+        const EditState before = edit;
+        SelectAt(session_.Catalogue, circuit, edit, pieces, place);
+        if (andAllBetween) ExtendSelection(edit, before);
+    });
 }
 
 /// The window goes, so that the design is seen; it comes back as it was.

@@ -9,6 +9,7 @@
 #include "ui/score_weights_box.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QProgressBar>
 #include <QTimer>
 
@@ -49,7 +50,11 @@ private:
     void ShowStanding();
     void ShowSearchButtons(BoxStanding standing, bool isForAnother, const QString& whyNot);
     void ShowProgress();
+    MarkedPieces MarksOf(const Track& circuit) const;
+    std::vector<CircuitFigure> FiguresOf(const LaidCircuit& circuit) const;
     void ShowChosen();
+    void ShowYours();
+    void ChooseFromYours(WorldPoint place, bool andAllBetween);
     void OpenChosen();
     void KeepChosen();
 
@@ -66,8 +71,9 @@ private:
                 *cmdKeep_ = nullptr;
     std::optional<BoxWish> searched_; ///< that the circuits which are shown were searched for
     Surroundings around_;             ///< them
-    MarkedPieces marked_;             ///< of theirs: those that are kept, or all where other tracks lie beside them
+    Track yours_;                     ///< that they vary
     std::optional<Circuit> opened_;   ///< that stands in the window because it was opened here
+    QElapsedTimer sinceEnd_;          ///< of the last search
     QTimer showing_;                  ///< so that many circuits found at once are shown together
     Observation observation_;
     BoxSearch search_;

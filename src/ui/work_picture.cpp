@@ -11,7 +11,6 @@
 #include <QApplication>
 
 #include <algorithm>
-#include <utility>
 
 namespace pistaro {
 
@@ -47,13 +46,23 @@ ViewSettings ViewOf(const GroundBox& box, QSize size) {
     return view;
 }
 
+ViewSettings ViewOf(const Catalogue& catalogue, const Design& design, QSize size) {
+    const auto shown = ShownOf(catalogue, design);
+    return shown ? ViewOf(*shown, size) : design.View;
+}
+
+/// Of the view's square, in whose middle the picture lies, and where its corner lies seen from the picture's.
+int SideOf(QSize size) { return std::max(size.width(), size.height()); }
+QPointF CornerOf(QSize size) { return {(size.width() - SideOf(size)) / 2.0, (size.height() - SideOf(size)) / 2.0}; }
+
 /// Tints the pieces' ground, in a square that shows the view.
-void MarkPieces(const Catalogue& catalogue, const Project& project, MarkedPieces marked, int side, QPainter& painter) {
+void MarkPieces(const Catalogue& catalogue, const Project& project, const MarkedPieces& marked, int side,
+                QPainter& painter) {
     constexpr double tolerance = 0.5; // cm
     Overlay marks;
     WalkTrack(catalogue, project.Design.Circuit.Tracks[static_cast<std::size_t>(marked.Track)],
               [&](int element, const PiecePlacement* piece, const Pose&) {
-                  if (piece == nullptr || std::cmp_greater_equal(element, marked.Count)) return;
+                  if (piece == nullptr || !std::ranges::binary_search(marked.Elements, element)) return;
                   marks.emplace_back(OverlayArea{.Polygon = OutlinePolygon(*piece, tolerance),
                                                  .InkColour = project.Preferences.Colours.Active});
               });
@@ -63,27 +72,32 @@ void MarkPieces(const Catalogue& catalogue, const Project& project, MarkedPieces
 } // namespace
 
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
-                   double pixelRatio, MarkedPieces marked) {
-    const int side = std::max(size.width(), size.height());
+                   double pixelRatio, const MarkedPieces& marked) {
+    const int side = SideOf(size);
     QImage image(size * pixelRatio, QImage::Format_RGB32);
     image.setDevicePixelRatio(pixelRatio);
     const ColourScheme colours =
         CanvasColours(preferences.Colours, InitialSettings(catalogue).Preferences.Colours, QApplication::palette());
     Project project;
     project.Design = design;
-    if (const auto shown = ShownOf(catalogue, design)) project.Design.View = ViewOf(*shown, size);
+    project.Design.View = ViewOf(catalogue, design, size);
     project.Stock.Products.resize(static_cast<std::size_t>(catalogue.Count()));
     project.Preferences = preferences;
     project.Preferences.Colours = colours;
     project.EditState.CurrentTrack = AllTracks;
     QPainter painter(&image);
     painter.fillRect(QRect(QPoint(0, 0), size), ToQColor(colours.Background));
-    painter.translate((size.width() - side) / 2.0, (size.height() - side) / 2.0);
+    painter.translate(CornerOf(size));
     PainterSurface surface(painter, TargetSize::Square(side));
     ShowView(project.Design.View, surface);
     DrawCircuit(catalogue, project, surface);
-    if (marked.Count > 0) MarkPieces(catalogue, project, marked, side, painter);
+    if (!marked.Elements.empty()) MarkPieces(catalogue, project, marked, side, painter);
     return image;
+}
+
+WorldPoint GroundAt(QPointF place, const Catalogue& catalogue, const Design& design, QSize size) {
+    const CanvasFrame square{QSize(SideOf(size), SideOf(size)), 1};
+    return square.WorldAt(place - CornerOf(size), ViewOf(catalogue, design, size));
 }
 
 } // namespace pistaro

@@ -1,15 +1,17 @@
 // A small picture of a whole design, to know it again by.
 #pragma once
 
+#include "layout/shapes.h"
 #include "model/project.h"
 
 #include <QImage>
 
+#include <vector>
+
 namespace pistaro {
 
-/// The first ones of a track.
 struct MarkedPieces {
-    std::size_t Count = 0;
+    std::vector<int> Elements; ///< of a track, in their order
     int Track = 0;
 };
 
@@ -17,6 +19,9 @@ struct MarkedPieces {
 /// picture of that size, device-independent pixels, in the colours of the preferences as the window's drawing shows
 /// them. Marked pieces are tinted in the colour of the selected one.
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
-                   double pixelRatio, MarkedPieces marked = {});
+                   double pixelRatio, const MarkedPieces& marked = {});
+
+/// The place of the ground that a picture of that size shows at `place`.
+WorldPoint GroundAt(QPointF place, const Catalogue& catalogue, const Design& design, QSize size);
 
 } // namespace pistaro

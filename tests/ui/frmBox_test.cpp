@@ -48,7 +48,7 @@ TEST_F(MyBox, ShowsTheBestCircuitUntilOneIsClickedAndThenThatOne) {
     ClickCircuit(4);
 
     EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "83 %, 10 of 12 pieces");
-    EXPECT_EQ(At<QLabel>("lblFigure", 1).text(), "2 × C160");
+    EXPECT_EQ(At<QLabel>("lblFigure", 1).text(), "2\u00a0×\u00a0C160");
     EXPECT_EQ(At<QLabel>("lblPart", 0).text(), "0.83");
     EXPECT_EQ(Codes(), "C160") << "looking at a circuit opens nothing";
     EXPECT_TRUE(Dialog().isVisible());

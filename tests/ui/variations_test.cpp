@@ -1,5 +1,7 @@
 // Variations of a design: from its pieces, around a part that is kept, and none that the design is already.
+#include "editor/picking.h"
 #include "ui/box_fixture.h"
+#include "ui/work_picture.h"
 
 namespace pistaro {
 namespace {
@@ -92,36 +94,74 @@ TEST_F(VariationsOfADesign, ShowFirstWhatIsLikeTheDesign) {
     EXPECT_EQ(At<QLabel>("lblWeight", 10).text(), "10");
 }
 
-TEST_F(VariationsOfADesign, MarkThePartThatTheyKeep) {
+/// How much of the picture of the chosen circuit is tinted, where the selected piece's colour is red.
+double TintedShare(QWidget& picture) {
+    const QImage image = picture.grab().toImage();
+    int tinted = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor colour = image.pixelColor(x, y);
+            tinted += colour.red() > colour.green() + 40 && colour.red() > colour.blue() + 40 ? 1 : 0;
+        }
+    }
+    return static_cast<double>(tinted) / (image.width() * image.height());
+}
+
+TEST_F(VariationsOfADesign, ShowTheDesignWithThePartThatTheyKeep) {
     pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
     project.Preferences.Colours.Active = Rgb(255, 0, 0);
-    project.EditState.CurrentElement[0] = 3; // two curves: around the two straights there is the design alone
-    project.EditState.RunFrom = 2;
     Open(project);
-    const auto redShare = [&] {
-        const QImage image = Find<QWidget>("picChosen").grab().toImage();
-        int red = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                const QColor colour = image.pixelColor(x, y);
-                red += colour.red() > colour.green() + 40 && colour.red() > colour.blue() + 40 ? 1 : 0;
+    Choose("mnuVariations");
+    QWidget& picture = Find<QWidget>("picChosen");
+    const double one = TintedShare(picture);
+
+    Session->Do([&] {
+        Project.EditState.Select(7);
+        Project.EditState.RunFrom = 4;
+    });
+
+    EXPECT_GT(TintedShare(picture), one + 0.01);
+    EXPECT_EQ(At<QLabel>("lblFigureName", 0).text(), "Your track");
+}
+
+TEST_F(VariationsOfADesign, TintWhatIsUnlikeTheDesign) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+    project.Preferences.Colours.Active = Rgb(255, 0, 0);
+    Open(project);
+    Choose("mnuVariations");
+    QWidget& picture = Find<QWidget>("picChosen");
+    const double ofYours = TintedShare(picture);
+
+    PressHere("cmdSearch");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
+
+    EXPECT_EQ(At<QLabel>("lblFigureName", 0).text(), "Unlike yours");
+    EXPECT_GT(TintedShare(picture), ofYours + 0.005);
+}
+
+TEST_F(VariationsOfADesign, KeepThePartThatIsClickedInThePictureOfTheDesign) {
+    pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+    project.Design.Room = EmptyArea({300, 300}).Room;
+    Open(project);
+    Choose("mnuVariations");
+    QWidget& picture = Find<QWidget>("picChosen");
+    const PickMap pieces(Pieces(), project.Design.Circuit);
+    const auto click = [&](int element, Qt::KeyboardModifiers keys) {
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                const WorldPoint ground = GroundAt(QPointF(x, y), Pieces(), project.Design, picture.size());
+                if (pieces.OnlyPieceAt(ground) == PieceAddress{0, element})
+                    return QTest::mouseClick(&picture, Qt::LeftButton, keys, QPoint(x, y));
             }
         }
-        return static_cast<double>(red) / (image.width() * image.height());
+        FAIL() << "the piece is not in the picture";
     };
-    const auto search = [&](bool keeps) {
-        Find<QCheckBox>("chkKeepPart").setChecked(keeps);
-        PressHere("cmdSearch");
-        ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0; }, 60'000));
-        PressHere("cmdCancelSearch");
-    };
-    Choose("mnuVariations");
 
-    search(false);
-    const double without = redShare();
-    search(true);
+    click(4, Qt::NoModifier);
+    click(7, Qt::ShiftModifier);
 
-    EXPECT_GT(redShare(), without + 0.005);
+    EXPECT_TRUE(Find<QCheckBox>("chkKeepPart").isChecked());
+    EXPECT_EQ(Find<QCheckBox>("chkKeepPart").text(), "The selected pa&rt: 4 to 7");
 }
 
 TEST_F(VariationsOfADesign, AreLookedForAnewWhereTheDesignIsAnother) {
