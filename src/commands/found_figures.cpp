@@ -136,7 +136,7 @@ std::vector<int> ElementsUnlike(const Catalogue& catalogue, const Track& circuit
                                [&](const std::string& code) { return catalogue.FindRow(code); });
         return rows;
     };
-    return PiecesUnlike(rowsOf(circuit), rowsOf(varied));
+    return PiecesUnlike(catalogue, rowsOf(circuit), rowsOf(varied));
 }
 
 std::string WallWarning(const Session& session, const Design& room, const LaidCircuit& circuit) {

@@ -19,7 +19,7 @@ std::string UseAndLengthText(const LaidCircuit& circuit);
 /// and "3 to buy" where no price is known.
 std::string PiecesAndPriceText(const Session& session, const LaidCircuit& circuit);
 
-/// The elements of a circuit that are not as in the track that it varies: no run of pieces there is like theirs.
+/// The elements of a circuit that are not as in the track that it varies.
 std::vector<int> ElementsUnlike(const Catalogue& catalogue, const Track& circuit, const Track& varied);
 
 /// "box of C277 in a wall": where what is printed beside a piece does not lie inside the room; else empty.

@@ -8,12 +8,19 @@
 namespace pistaro {
 namespace {
 
-std::vector<int> Unlike(const char* circuit, const char* other) { return PiecesUnlike(RowsOf(circuit), RowsOf(other)); }
+std::vector<int> Unlike(const char* circuit, const char* other) {
+    return PiecesUnlike(Pieces(), RowsOf(circuit), RowsOf(other));
+}
 
 TEST(PiecesUnlike, AreThoseThatWereExchanged) {
     EXPECT_EQ(Unlike("C160 C160 C151R C151R C8006 C151R C151R C160 C160 C151R", //
                      "C160 C160 C151R C151R C160 C151R C151R C160 C160 C151R"),
               std::vector<int>{4});
+}
+
+TEST(PiecesUnlike, AreSpecialPiecesInOtherPlacesButNotThePlainOnesBetweenThem) {
+    EXPECT_EQ(Unlike("C8006 C160 C151R C160 C8006 C151R C160", "C160 C8006 C151R C160 C160 C151R C8006"),
+              (std::vector<int>{0, 1, 4, 6}));
 }
 
 TEST(PiecesUnlike, AreNoneWhereALapBeginsElsewhere) {
