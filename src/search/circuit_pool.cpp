@@ -11,6 +11,8 @@ namespace pistaro {
 
 namespace {
 
+constexpr int QuarterTurn = HeadingCount / 4; ///< in headings
+
 /// The place at which a circuit begins best: on a straight, the start's own piece or the first of the longest stretch.
 std::size_t BestBeginning(const Catalogue& catalogue, const Rows& rows) {
     const auto startPiece =
@@ -110,19 +112,27 @@ std::optional<CircuitPool::Laid> CircuitPool::LaidInRoom(Rows rows, const Search
     return Laid{std::move(rows), *cursor, std::move(laid)};
 }
 
-/// Begins the circuit where it begins best, and gives its place in the room: in the middle where there is room around
-/// it.
+/// Begins the circuit where it begins best, and gives its place in the room: along the walls where it fits so.
 std::optional<BuildCursor> CircuitPool::Placed(Rows& rows, const SearchPose& start) const {
-    Loop loop{{}, start};
     const std::size_t first = BestBeginning(catalogue_, rows);
-    loop.Start = PoseBehind(catalogue_, rows, first, loop.Cursor());
+    const SearchPose grown = PoseBehind(catalogue_, rows, first, Loop{{}, start}.Cursor());
     std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end());
+    const int nearest = (grown.Heading + QuarterTurn / 2) / QuarterTurn * QuarterTurn % HeadingCount;
+    const int next = (nearest + QuarterTurn) % HeadingCount;
+    for (const int heading : {nearest, next}) {
+        if (const auto cursor = PlacedBy(rows, {grown.X, grown.Y, heading})) return cursor;
+    }
+    return grown.Heading == nearest ? std::nullopt : PlacedBy(rows, grown);
+}
+
+/// Its place in the room by this heading: in the middle where there is room around it.
+std::optional<BuildCursor> CircuitPool::PlacedBy(const Rows& rows, const SearchPose& start) const {
+    Loop loop{{}, start};
     const auto lay = [&] { return LayLoop(catalogue_, rows, loop.Cursor()); };
     const auto move = [&](GroundPoint shift) {
         loop.Start.X += shift.X;
         loop.Start.Y += shift.Y;
     };
-    // Loops that were grown lie in the room already; others must find their place.
     Random random(task_.Seed);
     const auto shift = room_.ShiftInto(lay(), random);
     if (!shift) return std::nullopt;

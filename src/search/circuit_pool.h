@@ -36,6 +36,7 @@ private:
 
     std::optional<Laid> LaidInRoom(Rows rows, const SearchPose& start, double tolerance) const;
     std::optional<BuildCursor> Placed(Rows& rows, const SearchPose& start) const;
+    std::optional<BuildCursor> PlacedBy(const Rows& rows, const SearchPose& start) const;
     double LikenessToVaried(const CircuitLook& look) const;
     FoundCircuit CircuitOf(const Laid& laid) const;
     void CountWhole(const FoundCircuit& found);

@@ -1,7 +1,11 @@
 #include "search/must_haves.h"
 
+#include "search/systems.h"
+
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace pistaro {
 
@@ -12,16 +16,52 @@ struct MustHave {
     bool (*Counts)(const CatalogueEntry&);
     int Fewest; ///< of the pieces that count
     const char* Lacking;
+    const char* Held;
 };
 
 constexpr std::array<MustHave, 4> All{{
     {&MustHaves::LapCounter, [](const CatalogueEntry& piece) { return piece.Kind.Marks == PieceMarks::LapCounter; }, 1,
-     "no lap counter"},
-    {&MustHaves::BankedCurve, [](const CatalogueEntry& piece) { return piece.Banked; }, 1, "no banked curve"},
+     "no lap counter", "lap counter is"},
+    {&MustHaves::BankedCurve, [](const CatalogueEntry& piece) { return piece.Banked; }, 1, "no banked curve",
+     "banked curve is"},
     {&MustHaves::ChangeOvers, [](const CatalogueEntry& piece) { return piece.LaneChange; }, 2,
-     "no pair of change-overs"},
-    {&MustHaves::Chicane, [](const CatalogueEntry& piece) { return piece.IsChicane(); }, 2, "no two ends of a chicane"},
+     "no pair of change-overs", "change-overs are"},
+    {&MustHaves::Chicane, [](const CatalogueEntry& piece) { return piece.IsChicane(); }, 2, "no two ends of a chicane",
+     "chicane is"},
 }};
+
+/// Calls `visit` with each product of which the box has enough for it: pairs are of one product.
+template <typename Visit>
+void ForEachThatGives(const MustHave& one, const Catalogue& catalogue, const PieceBox& box, Visit visit) {
+    for (const int row : catalogue.HeadRows()) {
+        const bool isEnough = box.Counts[static_cast<std::size_t>(row)] >= one.Fewest;
+        if (isEnough && one.Counts(catalogue[row])) visit(catalogue[row]);
+    }
+}
+
+bool IsHeld(const MustHave& one, const Catalogue& catalogue, const PieceBox& box) {
+    bool isHeld = false;
+    ForEachThatGives(one, catalogue, box, [&](const CatalogueEntry&) { isHeld = true; });
+    return isHeld;
+}
+
+/// Why no circuit has it though the box holds it: it is of the system whose pieces come in none.
+std::string WhyLeftOut(const MustHave& one, const Catalogue& catalogue, const PieceBox& box) {
+    const Systems systems = SystemsOf(catalogue, box);
+    std::optional<TrackSystem> leftOut;
+    bool isTaken = false;
+    ForEachThatGives(one, catalogue, box, [&](const CatalogueEntry& piece) {
+        if (systems.LeaveOut(piece.System))
+            leftOut = piece.System;
+        else
+            isTaken = true;
+    });
+    if (isTaken || !leftOut) return "";
+    const std::string name = *leftOut == TrackSystem::Ninco ? "Ninco" : "Scalextric";
+    return std::string("The ") + one.Held + " " + name + ". The box's " + name + " curves turn by " +
+           std::to_string(std::lround(systems.DegreesOf(*leftOut))) +
+           "° in all, and a circuit turns by 360°; one of both systems takes two N10110.";
+}
 
 } // namespace
 
@@ -36,13 +76,17 @@ bool HasAll(const Catalogue& catalogue, const std::vector<int>& rows, const Must
     return true;
 }
 
+bool HoldsAll(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave) {
+    return std::ranges::all_of(All,
+                               [&](const MustHave& one) { return !(mustHave.*one.Is) || IsHeld(one, catalogue, box); });
+}
+
 std::string WhyNot(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave) {
     for (const MustHave& one : All) {
         if (!(mustHave.*one.Is)) continue;
-        int count = 0;
-        for (const int row : catalogue.HeadRows())
-            count += one.Counts(catalogue[row]) ? box.Counts[static_cast<std::size_t>(row)] : 0;
-        if (count < one.Fewest) return std::string("The box holds ") + one.Lacking + ".";
+        if (!IsHeld(one, catalogue, box)) return std::string("The box holds ") + one.Lacking + ".";
+        std::string why = WhyLeftOut(one, catalogue, box);
+        if (!why.empty()) return why;
     }
     return "";
 }

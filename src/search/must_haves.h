@@ -20,6 +20,9 @@ struct MustHaves {
 /// Whether a circuit of these rows has all of them.
 bool HasAll(const Catalogue& catalogue, const std::vector<int>& rows, const MustHaves& mustHave);
 
+/// Whether the box holds the pieces for all of them, in whatever circuits these can stand.
+bool HoldsAll(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave);
+
 /// "The box holds no lap counter.": the first of them that no circuit of the box can have; empty where there is none.
 std::string WhyNot(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave);
 

@@ -1,7 +1,7 @@
 #include "search/no_circuit.h"
 
-#include "catalogue/track_geometry.h"
 #include "search/loop.h"
+#include "search/systems.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,50 +11,14 @@ namespace pistaro {
 
 namespace {
 
-/// Calls `visit` with each product in the box and how many there are.
-template <typename Visit>
-void ForEachProduct(const Catalogue& catalogue, const PieceBox& box, Visit visit) {
-    for (const int row : catalogue.HeadRows()) {
-        const int count = box.Counts[static_cast<std::size_t>(row)];
-        if (count > 0) visit(catalogue[row], count);
-    }
-}
-
-/// How many adapters a circuit of both systems takes: as often as it leads into the other one it leads back.
-constexpr int FewestAdapters = 2;
-
-struct Systems {
-    int Scalextric = 0, Ninco = 0; ///< pieces of each
-    int Adapters = 0;
-    double ScalextricDegrees = 0, NincoDegrees = 0; ///< by which each one's curves turn
-
-    bool CanJoin() const { return Adapters >= FewestAdapters; }
-    bool AreApart() const { return Scalextric > 0 && Ninco > 0 && !CanJoin(); }
-
-    /// By how many degrees curves turn at most in one circuit.
-    double Degrees() const {
-        return CanJoin() ? ScalextricDegrees + NincoDegrees : std::max(ScalextricDegrees, NincoDegrees);
-    }
-};
-
-Systems SystemsOf(const Catalogue& catalogue, const PieceBox& box) {
-    Systems systems;
-    ForEachProduct(catalogue, box, [&](const CatalogueEntry& piece, int count) {
-        constexpr double halfTurn = 180;
-        const bool isNinco = piece.System == TrackSystem::Ninco;
-        (isNinco ? systems.NincoDegrees : systems.ScalextricDegrees) += count * piece.Kind.Turn / PiValue * halfTurn;
-        (piece.JoinsSystems() ? systems.Adapters : isNinco ? systems.Ninco : systems.Scalextric) += count;
-    });
-    return systems;
-}
-
 /// The curve that makes the smallest circle; null where there is none.
 const CatalogueEntry* TightestOf(const Catalogue& catalogue, const PieceBox& box) {
     const CatalogueEntry* tightest = nullptr;
-    ForEachProduct(catalogue, box, [&](const CatalogueEntry& piece, int) {
-        if (piece.IsStraight()) return;
+    for (const int row : catalogue.HeadRows()) {
+        const CatalogueEntry& piece = catalogue[row];
+        if (piece.IsStraight() || box.Counts[static_cast<std::size_t>(row)] == 0) continue;
         if (tightest == nullptr || piece.Kind.OuterRadius < tightest->Kind.OuterRadius) tightest = &piece;
-    });
+    }
     return tightest;
 }
 
@@ -86,12 +50,11 @@ std::string WhyNotKept(const Catalogue& catalogue, const LayingTask& task) {
 } // namespace
 
 std::string WhyNoCircuit(const Catalogue& catalogue, const LayingTask& task) {
-    constexpr double wholeTurn = 360, rounding = 0.1; // degrees
     const PieceBox box = WithKept(catalogue, task);
     const Systems systems = SystemsOf(catalogue, box);
     const CatalogueEntry* const tightest = TightestOf(catalogue, box);
     if (tightest == nullptr) return "There are no curves in the box.";
-    if (systems.Degrees() < wholeTurn - rounding)
+    if (!TurnWhole(systems.Degrees()))
         return std::string("The curves of ") + (systems.AreApart() ? "one system" : "the box") + " turn by " +
                std::to_string(std::lround(systems.Degrees())) + "° in all, and a circuit turns by 360°.";
     if (task.Kept) return WhyNotKept(catalogue, task);

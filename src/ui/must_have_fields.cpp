@@ -85,7 +85,10 @@ void MustHaveFields::Offer(const PieceBox& box) {
         choices_[i]->setChecked(isThere && isWanted_[i]);
         choices_[i]->setToolTip(why);
         choices_[i]->setAccessibleDescription(why);
-        lacking_[i]->setText(isThere ? "" : isWanted_[i] ? "not in the box: left out" : Texts[i].Lacking);
+        const bool isHeld = HoldsAll(session_.Catalogue, box, one);
+        const char* const lacking = isHeld ? "in no circuit of the box" : Texts[i].Lacking;
+        const char* const leftOut = isHeld ? "in no circuit: left out" : "not in the box: left out";
+        lacking_[i]->setText(isThere ? "" : isWanted_[i] ? leftOut : lacking);
         lacking_[i]->setToolTip(why);
     }
 }

@@ -5,6 +5,13 @@
 
 namespace pistaro {
 
+namespace {
+
+/// Makers write "change over" and "change-over".
+QString WithoutHyphens(QString text) { return text.replace('-', ' '); }
+
+} // namespace
+
 ProductFinder::ProductFinder(const char* name) {
     setObjectName(name);
     setPlaceholderText("Find a product");
@@ -20,8 +27,10 @@ void ProductFinder::keyPressEvent(QKeyEvent* event) {
 }
 
 bool HoldsText(const QTreeWidgetItem& line, int nameColumn, const QString& text) {
-    return line.text(0).contains(text, Qt::CaseInsensitive) ||
-           line.text(nameColumn).contains(text, Qt::CaseInsensitive);
+    const auto holds = [wanted = WithoutHyphens(text)](const QString& in) {
+        return WithoutHyphens(in).contains(wanted, Qt::CaseInsensitive);
+    };
+    return holds(line.text(0)) || holds(line.text(nameColumn));
 }
 
 QTreeWidgetItem* FirstListed(const QTreeWidget& list) {

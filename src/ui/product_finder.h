@@ -22,7 +22,8 @@ protected:
 /// What is said where nothing is found.
 inline constexpr const char* NoProductFound = "No product matches.";
 
-/// Whether the code, in the first column, or the name of a line's product holds the text.
+/// Whether the code, in the first column, or the name of a line's product holds the text; hyphens count
+/// as spaces.
 bool HoldsText(const QTreeWidgetItem& line, int nameColumn, const QString& text);
 
 /// The first line that is not hidden, or null.

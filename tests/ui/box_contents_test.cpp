@@ -116,6 +116,10 @@ TEST_F(ContentsOfABox, ListsWhatIsOwnedOrInTheBoxUnlessAskedForMore) {
     EXPECT_THAT(listed(), StartsWith("C151 "));
     Find<QLineEdit>("txtFilterBox").setText("quarter");
     EXPECT_EQ(listed(), "C158 N10104 ");
+    for (const char* const text : {"change-over", "Change over"}) {
+        Find<QLineEdit>("txtFilterBox").setText(text);
+        EXPECT_EQ(listed(), "C8006 N10111 ") << text;
+    }
     Find<QLineEdit>("txtFilterBox").clear();
     Find<QCheckBox>("chkAllProducts").setChecked(true);
     EXPECT_THAT(listed(), StartsWith("C151 "));

@@ -93,5 +93,22 @@ TEST_F(SetsFaults, OfAListLeadSaveBackToIt) {
     EXPECT_FALSE(Fault().isVisible());
 }
 
+class SetsFinder : public SetsFaults {};
+
+TEST_F(SetsFinder, TakesHyphensForSpaces) {
+    const auto listed = [&] {
+        const auto& list = In<QTreeWidget>("lstSetPieces");
+        std::string codes;
+        for (int line = 0; line < list.topLevelItemCount(); ++line) {
+            if (!list.topLevelItem(line)->isHidden()) codes += list.topLevelItem(line)->text(0).toStdString() + " ";
+        }
+        return codes;
+    };
+    for (const char* const text : {"change-over", "CHANGE OVER"}) {
+        TypeInto(In<QLineEdit>("txtFindProduct"), text);
+        EXPECT_EQ(listed(), "C8006 N10111 ") << text;
+    }
+}
+
 } // namespace
 } // namespace pistaro

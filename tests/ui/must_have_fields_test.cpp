@@ -21,6 +21,25 @@ TEST_F(MustHavesOfABox, AreOfferedOnlyWhereTheBoxGivesThem) {
     EXPECT_EQ(At<QLabel>("lblLacking", 3).text(), "not both ends in the box");
 }
 
+TEST_F(MustHavesOfABox, AreGreyWhereTheyAreOfTheSystemThatMakesNoCircuit) {
+    OpenBox();
+    QCheckBox& changeOvers = Find<QCheckBox>("chkChangeOvers");
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4,N10111=2"));
+
+    EXPECT_FALSE(changeOvers.isEnabled());
+    EXPECT_EQ(At<QLabel>("lblLacking", 2).text(), "in no circuit of the box");
+    EXPECT_EQ(changeOvers.toolTip(), "The change-overs are Ninco. The box's Ninco curves turn by 0° in all, and a "
+                                     "circuit turns by 360°; one of both systems takes two N10110.");
+
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4,N10111=2,N10110=2"));
+    changeOvers.click();
+    EXPECT_TRUE(changeOvers.isChecked());
+    EXPECT_EQ(At<QLabel>("lblLacking", 2).text(), "");
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=4,N10111=2,N10110=1"));
+    EXPECT_FALSE(changeOvers.isChecked());
+    EXPECT_EQ(At<QLabel>("lblLacking", 2).text(), "in no circuit: left out");
+}
+
 TEST_F(MustHavesOfABox, AreInEveryCircuit) {
     OpenBox();
     Find<QCheckBox>("chkLapCounter").setChecked(true);
