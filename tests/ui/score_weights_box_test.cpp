@@ -53,7 +53,7 @@ TEST_F(GoodCircuits, ComeFirstByAWord) {
     OpenBox();
     EXPECT_TRUE(Find<QRadioButton>("optAllRound").isChecked());
     Search("C151=8,C160=4");
-    EXPECT_EQ(At<QLabel>("lblFigure", 5).text(), "0.70 m the longest");
+    EXPECT_EQ(At<QLabel>("lblFigure", 5).text(), "0.70\u00a0m the longest");
 
     Find<QRadioButton>("optFastStraights").click();
 
