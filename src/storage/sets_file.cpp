@@ -16,7 +16,6 @@ namespace pistaro {
 
 namespace {
 
-constexpr std::int64_t MostPieces = 10000;
 constexpr double HighestPrice = 1e9;
 
 class SetsReader {
@@ -77,8 +76,8 @@ private:
 
     int CountIn(const toml::node& node) const {
         const auto* const count = node.as_integer();
-        if (count == nullptr || count->get() < 0 || count->get() > MostPieces)
-            throw Wrong(node, "a count is a whole number from 0 to " + std::to_string(MostPieces));
+        if (count == nullptr || count->get() < 0 || count->get() > MostInASet)
+            throw Wrong(node, "a count is a whole number from 0 to " + std::to_string(MostInASet));
         return static_cast<int>(count->get());
     }
 

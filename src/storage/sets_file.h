@@ -12,6 +12,7 @@
 namespace pistaro {
 
 inline constexpr const char* SetsName = "sets.toml";
+inline constexpr int MostInASet = 10000; ///< pieces of a product
 
 /// The sets in a file's text, whose name faults tell beside the line: a set has a name, a price and pieces, which are
 /// counts by product code.

@@ -37,7 +37,7 @@ QString DetailOf(const Fault& fault) {
 
 /// Puts the line's count into the set.
 void KeepCount(const QTreeWidgetItem& line, BoxedSet& set) {
-    if (!WhyNoCount(line.text(Count)).isEmpty()) return;
+    if (!WhyNoCount(line.text(Count), MostInASet).isEmpty()) return;
     const int count = static_cast<int>(NumberIn(line.text(Count)));
     if (count > 0)
         set.Pieces[RowOf(line)] = count;
@@ -132,7 +132,7 @@ QLayout* frmSets::SetFields() {
     });
     connect(txtFind_, &QLineEdit::textChanged, this, [this] { Find(); });
     connect(lstPieces_, &QTreeWidget::itemChanged, this, [this] { ShowContents(); });
-    lstPieces_->WhyNot = [](const FieldTable::Entry& entry) { return WhyNoCount(entry.Text); };
+    lstPieces_->WhyNot = [](const FieldTable::Entry& entry) { return WhyNoCount(entry.Text, MostInASet); };
     lstPieces_->Keep = [this](const FieldTable::Step&) {
         ShowContents();
         return true;

@@ -56,10 +56,10 @@ QString WhyNoPrice(const QString& typed, const QLocale& desktop) {
     return "A price is a number such as " + Amount(495, desktop) + ".";
 }
 
-QString WhyNoCount(const QString& typed, const QLocale& desktop) {
+QString WhyNoCount(const QString& typed, int most, const QLocale& desktop) {
     const std::optional<double> count = ValueOf(typed, desktop);
-    const bool isWhole = count && RoundedWithin<std::int16_t>(*count, 0) == *count;
-    return isWhole ? QString() : "A count is a whole number from 0 to 32767.";
+    const bool isWhole = count && RoundedWithin<int>(*count, 0, most) == *count;
+    return isWhole ? QString() : QString("A count is a whole number from 0 to %1.").arg(most);
 }
 
 MoneyMarks DesktopMarks(const QLocale& desktop) {

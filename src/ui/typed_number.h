@@ -6,6 +6,8 @@
 #include <QLocale>
 #include <QString>
 
+#include <cstdint>
+#include <limits>
 #include <string>
 
 namespace pistaro {
@@ -18,8 +20,11 @@ std::string PlainNumber(const QString& text, const QLocale& desktop = QLocale::s
 /// text is the price 0.
 QString WhyNoPrice(const QString& typed, const QLocale& desktop = QLocale::system());
 
+/// So many pieces of a product the settings can hold.
+inline constexpr int MostOwned = std::numeric_limits<std::int16_t>::max();
+
 /// The same of a count of pieces, which no text makes 0.
-QString WhyNoCount(const QString& typed, const QLocale& desktop = QLocale::system());
+QString WhyNoCount(const QString& typed, int most = MostOwned, const QLocale& desktop = QLocale::system());
 
 /// Of the desktop.
 MoneyMarks DesktopMarks(const QLocale& desktop = QLocale::system());

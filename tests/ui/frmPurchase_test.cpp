@@ -333,7 +333,7 @@ TEST_F(Purchases, ACountThatIsNoneIsToldAtOnceAndTheOldOneStays) {
 
     EXPECT_TRUE(Prompts.Told.empty());
     EXPECT_EQ(dialog.findChild<QLabel*>("lblFieldFault")->text(),
-              "Nothing is pasted: \"2.5\" for C160. A count is a whole number from 0 to 32767.");
+              "Nothing is pasted: \"2.5\" for C160. A count is a whole number from 0 to 10000.");
     EXPECT_EQ(pieces.topLevelItem(0)->text(2), "8");
     EXPECT_EQ(pieces.topLevelItem(1)->text(2), before);
 }

@@ -1,6 +1,7 @@
 // The dialog of boxed sets: where it tells what cannot be kept.
 #include "ui/frmSets.h"
 
+#include "ui/field_table.h"
 #include "ui/panels_fixture.h"
 
 #include <QListWidget>
@@ -65,6 +66,16 @@ TEST_F(SetsFaults, StandRightBelowTheirFields) {
         TypeInto(field, "1");
     }
     EXPECT_FALSE(Fault().isVisible());
+}
+
+TEST_F(SetsFaults, AreOfMorePiecesThanTheFileTakes) {
+    auto& pieces = In<FieldTable>("lstSetPieces");
+    const auto faultOf = [&](const char* count) {
+        return pieces.WhyNot({pieces.topLevelItem(0)->text(0), 1, count}).toStdString();
+    };
+
+    EXPECT_EQ(faultOf("10000"), "");
+    EXPECT_EQ(faultOf("10001"), "A count is a whole number from 0 to 10000.");
 }
 
 TEST_F(SetsFaults, FollowTheirFieldWhenTheDialogIsResized) {

@@ -315,7 +315,7 @@ TEST_F(Panels, ASetsCountThatIsNoneStaysInItsFieldAndIsToldThere) {
     QTest::keyClick(field(), Qt::Key_Return);
     EXPECT_EQ(pieces.currentItem()->text(0), "C160");
     EXPECT_EQ(field()->text(), "2.5");
-    EXPECT_EQ(dialog.findChild<QLabel*>("lblFieldFault")->text(), "A count is a whole number from 0 to 32767.");
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblFieldFault")->text(), "A count is a whole number from 0 to 10000.");
     dialog.findChild<QPushButton*>("cmdSaveSets")->click();
     EXPECT_TRUE(dialog.isVisible()) << "nothing is saved without it";
     QTest::qWait(1); // the editor that was open until then goes

@@ -50,9 +50,9 @@ TEST(TypedNumbers, APriceIsANumberFromZeroOnWithAnExampleOfTheDesktop) {
 
 TEST(TypedNumbers, ACountIsAWholeNumberThatCanBeSaved) {
     for (const char* const text : {"", "0", "7", "07", "32767"})
-        EXPECT_EQ(WhyNoCount(text, QLocale::c()), "") << text;
+        EXPECT_EQ(WhyNoCount(text, MostOwned, QLocale::c()), "") << text;
     for (const char* const text : {"2.5", "-1", "32768", "many"})
-        EXPECT_EQ(WhyNoCount(text, QLocale::c()), "A count is a whole number from 0 to 32767.") << text;
+        EXPECT_EQ(WhyNoCount(text, MostOwned, QLocale::c()), "A count is a whole number from 0 to 32767.") << text;
 }
 
 } // namespace
