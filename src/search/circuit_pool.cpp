@@ -6,6 +6,7 @@
 #include "search/special_pieces.h"
 
 #include <algorithm>
+#include <array>
 
 namespace pistaro {
 
@@ -37,6 +38,18 @@ std::size_t BestBeginning(const Catalogue& catalogue, const Rows& rows) {
     while (catalogue[rows[best]].JoinsSystems())
         ++best;
     return best;
+}
+
+/// The heading within a quarter turn, seen from the first piece's, that the longest straights have or are across to.
+int MainDirection(const Catalogue& catalogue, const Rows& rows) {
+    std::array<double, QuarterTurn> lengths{};
+    Pose pose;
+    for (const int row : rows) {
+        if (catalogue[row].IsStraight())
+            lengths[static_cast<std::size_t>(NearestPose(pose).Heading % QuarterTurn)] += catalogue[row].Kind.Length;
+        pose = ExitOf(catalogue[row].Kind, pose);
+    }
+    return static_cast<int>(std::ranges::max_element(lengths) - lengths.begin());
 }
 
 /// Where the first `count` of the pieces lead to.
@@ -117,12 +130,14 @@ std::optional<BuildCursor> CircuitPool::Placed(Rows& rows, const SearchPose& sta
     const std::size_t first = BestBeginning(catalogue_, rows);
     const SearchPose grown = PoseBehind(catalogue_, rows, first, Loop{{}, start}.Cursor());
     std::rotate(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end());
-    const int nearest = (grown.Heading + QuarterTurn / 2) / QuarterTurn * QuarterTurn % HeadingCount;
+    const int along = HeadingCount - MainDirection(catalogue_, rows); // by which most straights lie along the walls
+    const int aslant = (grown.Heading - along + HeadingCount + QuarterTurn / 2) % QuarterTurn - QuarterTurn / 2;
+    const int nearest = (grown.Heading - aslant + HeadingCount) % HeadingCount;
     const int next = (nearest + QuarterTurn) % HeadingCount;
     for (const int heading : {nearest, next}) {
         if (const auto cursor = PlacedBy(rows, {grown.X, grown.Y, heading})) return cursor;
     }
-    return grown.Heading == nearest ? std::nullopt : PlacedBy(rows, grown);
+    return aslant == 0 ? std::nullopt : PlacedBy(rows, grown);
 }
 
 /// Its place in the room by this heading: in the middle where there is room around it.

@@ -71,7 +71,7 @@ QString HintFor(BoxStanding standing, const BoxWish& wish, const QString& rare, 
                .arg(
                    wish.Varied
                        ? "The box holds the pieces of your track; add others, if you like. To keep a part of it, click "
-                         "that part's first piece in the picture at the right, or in the drawing, then its last one "
+                         "that part's first piece in its picture at the right, or in the drawing, then its last one "
                          "with Shift."
                        : "Fill the box: All I Own, a set that you have, or a click on a line and its count.");
 }

@@ -2,8 +2,6 @@
 
 #include "ui/named_controls.h"
 
-#include <QMouseEvent>
-#include <QPainter>
 #include <QRegularExpression>
 #include <QVBoxLayout>
 
@@ -19,67 +17,8 @@ QString Unbroken(QString text) {
 
 } // namespace
 
-/// Drawn anew for each size that it gets.
-class CircuitPreview::Picture : public QWidget {
-public:
-    explicit Picture(Session& session) : session_(session) {
-        setObjectName("picChosen");
-        setAccessibleName("The chosen circuit");
-        constexpr int least = 180;
-        setMinimumSize(least, HeightOf(least));
-        QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-        policy.setHeightForWidth(true);
-        setSizePolicy(policy);
-    }
-
-    int heightForWidth(int width) const override { return HeightOf(width); }
-
-    void Show(std::optional<Design> design, const MarkedPieces& marked, const QString& instead) {
-        design_ = std::move(design);
-        marked_ = marked;
-        instead_ = instead;
-        drawn_ = {};
-        update();
-    }
-
-    std::function<void(WorldPoint, bool)> Pressed; ///< empty where nothing can be chosen
-
-protected:
-    void mousePressEvent(QMouseEvent* event) override {
-        if (!Pressed || !design_ || event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
-        Pressed(GroundAt(event->position(), session_.Catalogue, *design_, size()),
-                event->modifiers().testFlag(Qt::ShiftModifier));
-    }
-
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        if (!design_) {
-            painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, instead_);
-            return;
-        }
-        const qreal ratio = devicePixelRatioF();
-        if (drawn_.isNull() || drawn_.deviceIndependentSize() != QSizeF(size()) || drawn_.devicePixelRatioF() != ratio)
-            drawn_ = WorkPicture(session_.Catalogue, *design_, session_.Project.Preferences, size(), ratio, marked_);
-        painter.drawImage(QPointF(0, 0), drawn_);
-    }
-
-    void changeEvent(QEvent* event) override {
-        QWidget::changeEvent(event);
-        if (event->type() == QEvent::PaletteChange) drawn_ = {};
-    }
-
-private:
-    /// As most rooms are.
-    static int HeightOf(int width) { return width * 3 / 4; }
-
-    Session& session_;
-    std::optional<Design> design_;
-    MarkedPieces marked_;
-    QString instead_;
-    QImage drawn_;
-};
-
-CircuitPreview::CircuitPreview(Session& session) : picture_(new Picture(session)), grid_(new QGridLayout) {
+CircuitPreview::CircuitPreview(Session& session)
+    : picture_(new DesignPicture(session, "picChosen", "The chosen circuit")), grid_(new QGridLayout) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(picture_);
@@ -92,22 +31,11 @@ CircuitPreview::CircuitPreview(Session& session) : picture_(new Picture(session)
 }
 
 void CircuitPreview::Show(const Design& design, const MarkedPieces& marked, const std::vector<CircuitFigure>& figures) {
-    picture_->Pressed = nullptr;
-    picture_->unsetCursor();
     picture_->Show(design, marked, {});
     ShowFigures(figures);
 }
 
-void CircuitPreview::ShowToChooseFrom(const Design& design, const MarkedPieces& marked,
-                                      const std::vector<CircuitFigure>& figures) {
-    Show(design, marked, figures);
-    picture_->Pressed = Pressed;
-    picture_->setCursor(Qt::PointingHandCursor);
-}
-
 void CircuitPreview::ShowNone(const QString& why) {
-    picture_->Pressed = nullptr;
-    picture_->unsetCursor();
     picture_->Show(std::nullopt, {}, why);
     ShowFigures({});
 }

@@ -26,6 +26,7 @@ frmBox::frmBox(Session& session, std::optional<int> varied, QWidget* parent)
       fields_(new BoxFields(
           session, varied, [this] { ShowStanding(); }, [this] { ShowFound(); })),
       lstCircuits_(new FoundCircuits(session)), preview_(new CircuitPreview(session)),
+      picYours_(varied ? new DesignPicture(session, "picYours", "Your track") : nullptr),
       weights_(new ScoreWeightsBox(varied.has_value(), [this] { ShowFound(); })),
       banner_(new FoundBanner([this] { Search(); })),
       search_(
@@ -61,13 +62,13 @@ frmBox::frmBox(Session& session, std::optional<int> varied, QWidget* parent)
         if (changes.Stock || changes.Preferences) ShowFound();
         if (changes.Room) ShowStanding();
         if (changes.EditState && IsBegunTrack()) fields_->OfferPart();
-        if (changes.EditState && varied_ && !lstCircuits_->InView()) ShowYours();
+        if (changes.EditState || changes.Circuit || changes.Preferences) ShowYours();
         if (changes.Circuit && varied_) ShowStanding(); // other tracks may lie elsewhere now
     });
-    preview_->Pressed = [this](WorldPoint place, bool andAllBetween) { ChooseFromYours(place, andAllBetween); };
     fields_->setFocus();
     ShowStanding(); // only now, as it takes a dialog to have a default button
     ShowChosen();
+    ShowYours();
 }
 
 bool frmBox::IsAboutTheDesign() const { return IsBegunTrack() || (opened_ && IsVariedTrackOf(*opened_)); }
@@ -144,9 +145,26 @@ QLayout* frmBox::Chosen(const QString& entry) {
     lblComesBack->setWordWrap(true);
     auto* const column = new QVBoxLayout;
     column->addWidget(preview_, 1);
+    if (picYours_ != nullptr) column->addLayout(Yours());
     column->addWidget(cmdOpen_);
     column->addWidget(lblComesBack);
     return column;
+}
+
+/// The track that is varied, in whose picture the part to be kept can be chosen.
+QLayout* frmBox::Yours() {
+    picYours_->Pressed = [this](WorldPoint place, bool andAllBetween) { ChooseFromYours(place, andAllBetween); };
+    picYours_->setCursor(Qt::PointingHandCursor);
+    constexpr int width = 180;
+    picYours_->setFixedSize(width, picYours_->heightForWidth(width));
+    auto* const lblYours =
+        new QLabel("Your track.\n\nTo keep a part of it: click its first piece here, then its last one "
+                   "with Shift.");
+    lblYours->setWordWrap(true);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(picYours_);
+    row->addWidget(lblYours, 1);
+    return row;
 }
 
 QLayout* frmBox::Buttons() {
@@ -279,7 +297,7 @@ void frmBox::ShowChosen() {
                                   : "Tick circuits first, or choose one");
     if (!shown) {
         weights_->Show(std::nullopt);
-        return varied_ ? ShowYours() : preview_->ShowNone("The chosen circuit is shown here.");
+        return preview_->ShowNone("The chosen circuit is shown here.");
     }
     const LaidCircuit& circuit = search_.Found()[*shown].Circuit;
     weights_->Show(circuit.Parts);
@@ -289,36 +307,42 @@ void frmBox::ShowChosen() {
 /// What is not as in the track that is varied; what is kept is.
 MarkedPieces frmBox::MarksOf(const Track& circuit) const {
     if (!varied_) return {};
-    MarkedPieces marked{ElementsUnlike(session_.Catalogue, circuit, yours_), *varied_};
+    MarkedPieces marked{{}, ElementsUnlike(session_.Catalogue, circuit, yours_), *varied_};
     const int kept = searched_->Kept ? static_cast<int>(searched_->Kept->Rows.size()) : 0;
-    std::erase_if(marked.Elements, [&](int element) { return element < kept; });
+    for (int element = 0; element < kept; ++element)
+        marked.Kept.push_back(element);
+    std::erase_if(marked.New, [&](int element) { return element < kept; });
+    const std::size_t most = circuit.ElementCodes.size() * 2 / 3; // above that hardly anything is alike
+    if (marked.New.size() > most && !HasOtherTracks(around_)) marked.New.clear();
     return marked;
 }
 
 std::vector<CircuitFigure> frmBox::FiguresOf(const LaidCircuit& circuit) const {
     std::vector<CircuitFigure> figures = pistaro::FiguresOf(session_, searched_->Box, around_.Design, circuit);
     if (!varied_) return figures;
-    const std::size_t unlike = MarksOf(circuit.Track).Elements.size();
-    figures.insert(
-        figures.begin(),
-        {"Unlike yours", unlike == 0 ? "the order alone" : CountText(static_cast<int>(unlike), "piece") + ", tinted"});
+    const std::size_t unlike = ElementsUnlike(session_.Catalogue, circuit.Track, yours_).size();
+    const bool isTinted = !MarksOf(circuit.Track).New.empty();
+    figures.insert(figures.begin(), {"Unlike yours", unlike == 0 ? "the order alone"
+                                                                 : CountText(static_cast<int>(unlike), "piece") +
+                                                                       (isTinted ? ", tinted" : "")});
     return figures;
 }
 
 /// The track that is varied, of which a part to be kept can be chosen.
-void frmBox::ShowYours() {
+void frmBox::ShowYours() const {
+    if (picYours_ == nullptr) return;
     const auto track = static_cast<std::size_t>(*varied_);
     const Track& yours = session_.Project.Design.Circuit.Tracks[track];
-    Design design = SurroundingsFor(session_, fields_->Wish()).Design;
+    Design design; // it alone, since it is what can be pressed
+    design.Circuit = EmptyCircuit();
     design.Circuit.Tracks[track] = yours;
-    MarkedPieces marked{{}, *varied_};
+    MarkedPieces marked{{}, {}, *varied_};
     if (IsBegunTrack()) {
         const ElementRun run = session_.Project.EditState.SelectedRun(yours.ElementLastIndex());
         for (int element = run.First; element < run.First + run.Count; ++element)
-            marked.Elements.push_back(element);
+            marked.Kept.push_back(element);
     }
-    preview_->ShowToChooseFrom(
-        design, marked, {{"Your track", "Click the first piece of a part to be kept, then its last one with Shift."}});
+    picYours_->Show(design, marked, {});
 }
 
 void frmBox::ChooseFromYours(WorldPoint place, bool andAllBetween) {

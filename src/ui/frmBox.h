@@ -35,6 +35,7 @@ private:
     QLayout* SearchButtons();
     QLayout* Circuits();
     QLayout* Chosen(const QString& entry);
+    QLayout* Yours();
     QLayout* Buttons();
 
     void Search();
@@ -53,7 +54,7 @@ private:
     MarkedPieces MarksOf(const Track& circuit) const;
     std::vector<CircuitFigure> FiguresOf(const LaidCircuit& circuit) const;
     void ShowChosen();
-    void ShowYours();
+    void ShowYours() const;
     void ChooseFromYours(WorldPoint place, bool andAllBetween);
     void OpenChosen();
     void KeepChosen();
@@ -64,6 +65,7 @@ private:
     BoxFields* const fields_;
     FoundCircuits* const lstCircuits_;
     CircuitPreview* const preview_;
+    DesignPicture* const picYours_; ///< the track that is varied; null for a box
     ScoreWeightsBox* const weights_;
     FoundBanner* const banner_;
     QProgressBar* barSearch_ = nullptr;

@@ -16,6 +16,8 @@ namespace pistaro {
 
 namespace {
 
+constexpr Colour ColourOfNew = Rgb(230, 130, 0);
+
 /// What is shown: all pieces and the room's corners, or where those lie far apart what lies near the pieces.
 std::optional<GroundBox> ShownOf(const Catalogue& catalogue, const Design& design) {
     constexpr double farLarger = 3;
@@ -62,9 +64,11 @@ void MarkPieces(const Catalogue& catalogue, const Project& project, const Marked
     Overlay marks;
     WalkTrack(catalogue, project.Design.Circuit.Tracks[static_cast<std::size_t>(marked.Track)],
               [&](int element, const PiecePlacement* piece, const Pose&) {
-                  if (piece == nullptr || !std::ranges::binary_search(marked.Elements, element)) return;
-                  marks.emplace_back(OverlayArea{.Polygon = OutlinePolygon(*piece, tolerance),
-                                                 .InkColour = project.Preferences.Colours.Active});
+                  const bool isKept = std::ranges::binary_search(marked.Kept, element);
+                  if (piece == nullptr || (!isKept && !std::ranges::binary_search(marked.New, element))) return;
+                  marks.emplace_back(
+                      OverlayArea{.Polygon = OutlinePolygon(*piece, tolerance),
+                                  .InkColour = isKept ? project.Preferences.Colours.Active : ColourOfNew});
               });
     PaintOverlay(marks, catalogue, project.Design.View, {QSize(side, side), 1}, painter);
 }
@@ -91,7 +95,7 @@ QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Prefe
     PainterSurface surface(painter, TargetSize::Square(side));
     ShowView(project.Design.View, surface);
     DrawCircuit(catalogue, project, surface);
-    if (!marked.Elements.empty()) MarkPieces(catalogue, project, marked, side, painter);
+    if (!marked.Kept.empty() || !marked.New.empty()) MarkPieces(catalogue, project, marked, side, painter);
     return image;
 }
 

@@ -10,14 +10,16 @@
 
 namespace pistaro {
 
+/// Elements of a track, in their order.
 struct MarkedPieces {
-    std::vector<int> Elements; ///< of a track, in their order
+    std::vector<int> Kept, New;
     int Track = 0;
 };
 
 /// All pieces of `design` and its room, of one that is far larger what lies near them, as large as they go into a
 /// picture of that size, device-independent pixels, in the colours of the preferences as the window's drawing shows
-/// them. Marked pieces are tinted in the colour of the selected one.
+/// them. What is marked as kept is tinted in the colour of the selected piece, what is new in
+/// another.
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
                    double pixelRatio, const MarkedPieces& marked = {});
 
