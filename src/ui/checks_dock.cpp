@@ -52,7 +52,9 @@ QIcon IconOf(Severity severity) {
         painter.drawRect(2, 2, side - 4, side - 4);
         break;
     }
-    return QIcon(drawing);
+    QIcon icon(drawing);
+    icon.addPixmap(drawing, QIcon::Selected); // or the ground of the chosen line would tint it
+    return icon;
 }
 
 /// A command that mends what a rule finds.

@@ -78,8 +78,16 @@ std::vector<LegendEntry> CircuitView::Legend() const {
 
 void CircuitView::ShowLaneLegend(std::vector<LegendEntry> entries) {
     if (entries.empty() && laneLegend_.empty()) return;
+    if (entries.empty() != laneLegend_.empty()) stale_ = true; // the edges' colours change
     laneLegend_ = std::move(entries);
     legend_ = PlaceOfLegend();
+    update();
+}
+
+void CircuitView::ShowSelection(bool shows) {
+    if (shows == showsSelection_) return;
+    showsSelection_ = shows;
+    stale_ = true;
     update();
 }
 
@@ -111,17 +119,19 @@ std::vector<QPointF> CircuitView::PlacesOfCorners() const {
 /// not owned.
 ColourScheme CircuitView::Colours() const {
     ColourScheme colours = CanvasColours(session_.Project.Preferences.Colours, initialColours_, palette());
-    if (session_.Looks.Lanes && session_.Looks.Surface) colours.NonOwned = colours.Owned = NeutralEdge;
+    const bool paintsLanes = session_.Looks.Lanes || !laneLegend_.empty();
+    if (paintsLanes && session_.Looks.Surface) colours.NonOwned = colours.Owned = NeutralEdge;
     return colours;
 }
 
 const Project& CircuitView::Drawn() {
     const ColourScheme colours = Colours();
     altered_.reset();
-    if (colours == session_.Project.Preferences.Colours && !proposed_) return session_.Project;
+    if (colours == session_.Project.Preferences.Colours && !proposed_ && showsSelection_) return session_.Project;
     altered_ = session_.Project;
     altered_->Preferences.Colours = colours;
     if (proposed_) altered_->Background = proposed_;
+    if (!showsSelection_) altered_->EditState.CurrentElement.fill(-1);
     return *altered_;
 }
 

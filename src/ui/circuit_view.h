@@ -48,6 +48,9 @@ public:
     void ShowLaneLegend(std::vector<LegendEntry> entries);
     const std::vector<LegendEntry>& LaneLegend() const { return laneLegend_; }
 
+    /// Whether the selected piece is told from others, which it need not be beside what is proposed.
+    void ShowSelection(bool shows);
+
     /// Whether it says in a line how an empty circuit is begun.
     void Invite(bool invites);
 
@@ -95,6 +98,7 @@ private:
     std::optional<Project> altered_;                   ///< where what is drawn is not the session's
     std::shared_ptr<const ScaledBackground> proposed_; ///< null where none is
     CachedDrawing drawing_;
+    bool showsSelection_ = true;
     std::vector<LegendEntry> laneLegend_;
     QRectF legend_; ///< its place on the drawing
     std::map<std::string, Overlay> overlays_;

@@ -205,6 +205,7 @@ void frmCorvel::MakeRoom() {
 void frmCorvel::ShowLanes() {
     CircuitView& view = circuit_->View();
     const std::optional<Circuit> balanced = balance_->Shows(); // whose lanes are what one looks for
+    view.ShowSelection(!balanced);
     if (!session_.Looks.Lanes && !balanced) {
         view.ShowLaneLegend({});
         return view.ClearOverlay(LanesOverlayName);

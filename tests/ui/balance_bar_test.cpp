@@ -96,6 +96,35 @@ TEST_F(BalanceStrip, PaintsTheLanesAsTheyThenAre) {
     EXPECT_TRUE(Canvas().OverlayOf("built lanes").empty()) << "they are not wished for otherwise";
 }
 
+TEST_F(BalanceStrip, LeavesNoSelectedPieceAndNoColouredEdgesBesideWhatItShows) {
+    QTest::keyClick(&Changes(), Qt::Key_Escape);
+    const auto count = [&](QRgb colour) {
+        const QImage picture = Canvas().grab().toImage();
+        int pixels = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                pixels += (picture.pixel(x, y) & 0xffffff) == (colour & 0xffffff) ? 1 : 0;
+        }
+        return pixels;
+    };
+    constexpr QRgb selected = 0xff00ff, notOwned = 0xff8000;
+    Session->Do([&] {
+        Project.EditState.Select(3);
+        Project.Preferences.Colours.Active = Rgb(255, 0, 255);
+        Project.Preferences.Colours.NonOwned = Rgb(255, 128, 0);
+        Session->Looks.Surface = true;
+    });
+    EXPECT_GT(count(selected), 0);
+    EXPECT_GT(count(notOwned), 0);
+
+    Choose("mnuBalance");
+    EXPECT_EQ(count(selected), 0);
+    EXPECT_EQ(count(notOwned), 0);
+
+    QTest::keyClick(&Changes(), Qt::Key_Escape);
+    EXPECT_GT(count(selected), 0);
+}
+
 TEST_F(BalanceStrip, ThePanelBelowTheDrawingMakesRoomForIt) {
     QTest::keyClick(&Changes(), Qt::Key_Escape);
     Window->resize(1366, 768);
