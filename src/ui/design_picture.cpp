@@ -7,18 +7,24 @@
 
 namespace pistaro {
 
+namespace {
+
+/// As most rooms are.
+int HeightFor(int width) { return width * 3 / 4; }
+
+} // namespace
+
 DesignPicture::DesignPicture(Session& session, const char* name, const QString& accessibleName) : session_(session) {
     setObjectName(name);
     setAccessibleName(accessibleName);
     constexpr int least = 160;
-    setMinimumSize(least, heightForWidth(least));
+    setMinimumSize(least, HeightFor(least));
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }
 
-/// As most rooms are.
-int DesignPicture::heightForWidth(int width) const { return width * 3 / 4; }
+int DesignPicture::heightForWidth(int width) const { return HeightFor(width); }
 
 void DesignPicture::Show(std::optional<Design> design, const MarkedPieces& marked, const QString& instead) {
     design_ = std::move(design);
