@@ -55,7 +55,7 @@ std::optional<TrackPart> KnownCircuit(const Catalogue& catalogue, const Track& t
 void BeginWith(const Catalogue& catalogue, const Track& track, const TrackPart& part, TrackPart& circuit) {
     std::ptrdiff_t first = 0;
     WalkTrack(catalogue, track, [&](int element, const PiecePlacement*, const BuildCursor& entry) {
-        if (BuildCursor(entry) == part.At) first = element;
+        if (entry == part.At) first = element;
     });
     std::rotate(circuit.Rows.begin(), circuit.Rows.begin() + first, circuit.Rows.end());
     circuit.At = part.At;

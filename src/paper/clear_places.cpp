@@ -39,13 +39,18 @@ private:
 
 } // namespace
 
+bool IsClearOfWalls(const RoomPolygon& room, const Box& box) {
+    StrokeFinder finder(box);
+    DrawRoom(room, finder);
+    return !finder.Found;
+}
+
 bool IsClearOfStrokes(const CircuitDrawing& drawing, const Box& box) {
     StrokeFinder finder(box);
     for (const DrawnPiece& piece : drawing.Pieces) {
         if (!finder.Found && piece.Extent.Meets(box)) DrawPiece(piece.Placement, 0, 0, finder);
     }
-    DrawRoom(drawing.Room, finder);
-    return !finder.Found;
+    return !finder.Found && IsClearOfWalls(drawing.Room, box);
 }
 
 Box ClearestOf(const std::vector<Box>& boxes, const CircuitDrawing& drawing, const std::vector<Box>& taken) {

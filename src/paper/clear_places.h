@@ -7,6 +7,9 @@
 
 namespace pistaro {
 
+/// Whether no wall runs through a box.
+bool IsClearOfWalls(const RoomPolygon& room, const Box& box);
+
 /// Whether no stroke of pieces and room runs through a box.
 bool IsClearOfStrokes(const CircuitDrawing& drawing, const Box& box);
 

@@ -1,9 +1,8 @@
 #include "report/plan_picture.h"
 
 #include "layout/piece_middle.h"
-#include "paper/chord_surface.h"
+#include "paper/clear_places.h"
 #include "paper/laid_size.h"
-#include "render/redraw.h"
 #include "text/number_text.h"
 
 #include <algorithm>
@@ -68,34 +67,6 @@ ScaleBar BarAt(double scale, const Units& units) {
     return {rule.Length / scale, rule.Text};
 }
 
-/// Finds out whether strokes cross a box of the world.
-class CrossingSurface : public ChordSurface {
-public:
-    explicit CrossingSurface(const Box& box) : box_(box) {}
-
-    bool Crosses = false;
-
-private:
-    void Add(double fromX, double fromY, double toX, double toY) override {
-        double enters = 0, leaves = 1; // as shares of the line
-        Cut(fromX, toX, box_.Left, box_.Right, enters, leaves);
-        Cut(fromY, toY, box_.Bottom, box_.Top, enters, leaves);
-        Crosses = Crosses || enters <= leaves;
-    }
-
-    static void Cut(double from, double to, double low, double high, double& enters, double& leaves) {
-        if (from == to) {
-            if (from < low || from > high) leaves = -1;
-            return;
-        }
-        const double one = (low - from) / (to - from), other = (high - from) / (to - from);
-        enters = std::max(enters, std::min(one, other));
-        leaves = std::min(leaves, std::max(one, other));
-    }
-
-    const Box box_;
-};
-
 /// Into the first corner in which it hides neither a wall nor one of the plan's pieces up to that one; else the first
 /// in which it hides no piece; the first of all where none is.
 void PlaceBar(PlanPicture& picture, const BuildPlan& plan, int last, PictureArea area) {
@@ -112,9 +83,7 @@ void PlaceBar(PlanPicture& picture, const BuildPlan& plan, int last, PictureArea
         for (int at = 0; at <= last && isFree; ++at)
             isFree = !plan.Piece(at).Extent.Meets(hidden);
         if (!isFree) continue;
-        CrossingSurface walls(hidden);
-        DrawRoom(plan.Drawing.Room, walls);
-        if (!walls.Crosses) return;
+        if (IsClearOfWalls(plan.Drawing.Room, hidden)) return;
         if (!freeOfPieces) freeOfPieces = bar;
     }
     bar.Left = bar.Up = BarInset;

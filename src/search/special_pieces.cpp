@@ -120,10 +120,8 @@ private:
         return differences;
     }
 
-    /// How far the lanes' lengths are apart; cm.
-    double LanesApart() {
-        const std::vector<double> differences = LaneDifferences();
-        return std::abs(std::accumulate(differences.begin(), differences.end(), 0.0));
+    static double SumOf(const std::vector<double>& differences) {
+        return std::accumulate(differences.begin(), differences.end(), 0.0);
     }
 
     /// The partner of one that the kept part leaves alone, where the lanes' lengths then differ least.
@@ -133,7 +131,7 @@ private:
         for (std::size_t place = 0; place < rows_.size(); ++place) {
             if (!Fits(special, place)) continue;
             const int plain = std::exchange(rows_[place], special);
-            const double apart = LanesApart();
+            const double apart = std::abs(SumOf(LaneDifferences()));
             rows_[place] = plain;
             constexpr double better = 1e-6; // rounding shall not decide
             if (apart >= least - better) continue;
@@ -150,9 +148,7 @@ private:
         if (lone > 0 && Left(special) > 0) PlacePartner(special);
         for (int pairs = Left(special) / 2; pairs > 0; --pairs) {
             const std::vector<double> differences = LaneDifferences();
-            double whole = 0;
-            for (const double difference : differences)
-                whole += difference;
+            const double whole = SumOf(differences);
             double least = std::numeric_limits<double>::max();
             std::size_t from = 0, to = 0;
             for (std::size_t first = 0; first < rows_.size(); ++first) {

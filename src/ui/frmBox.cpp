@@ -328,17 +328,23 @@ std::vector<CircuitFigure> frmBox::FiguresOf(const LaidCircuit& circuit) const {
     return figures;
 }
 
+/// The design's circuit with the track that is varied alone.
+Circuit frmBox::YoursAlone() const {
+    const auto track = static_cast<std::size_t>(*varied_);
+    Circuit alone = EmptyCircuit();
+    alone.Tracks[track] = session_.Project.Design.Circuit.Tracks[track];
+    return alone;
+}
+
 /// The track that is varied, of which a part to be kept can be chosen.
 void frmBox::ShowYours() const {
     if (picYours_ == nullptr) return;
-    const auto track = static_cast<std::size_t>(*varied_);
-    const Track& yours = session_.Project.Design.Circuit.Tracks[track];
-    Design design; // it alone, since it is what can be pressed
-    design.Circuit = EmptyCircuit();
-    design.Circuit.Tracks[track] = yours;
+    Design design;
+    design.Circuit = YoursAlone();
     MarkedPieces marked{{}, {}, *varied_};
     if (IsBegunTrack()) {
-        const ElementRun run = session_.Project.EditState.SelectedRun(yours.ElementLastIndex());
+        const int last = design.Circuit.Tracks[static_cast<std::size_t>(*varied_)].ElementLastIndex();
+        const ElementRun run = session_.Project.EditState.SelectedRun(last);
         for (int element = run.First; element < run.First + run.Count; ++element)
             marked.Kept.push_back(element);
     }
@@ -346,14 +352,12 @@ void frmBox::ShowYours() const {
 }
 
 void frmBox::ChooseFromYours(WorldPoint place, bool andAllBetween) {
-    const Circuit& circuit = session_.Project.Design.Circuit;
-    const PickMap pieces(session_.Catalogue, circuit);
-    const auto isOfAnother = [&](const PieceAddress& piece) { return piece.Track != *varied_; };
-    if (!IsBegunTrack() || std::ranges::any_of(pieces.PiecesAt(place), isOfAnother)) return;
+    if (!IsBegunTrack()) return;
     session_.Do([&] {
+        const Circuit yours = YoursAlone();
         EditState& edit = session_.Project.EditState;
         const EditState before = edit;
-        SelectAt(session_.Catalogue, circuit, edit, pieces, place);
+        SelectAt(session_.Catalogue, yours, edit, PickMap(session_.Catalogue, yours), place);
         if (andAllBetween) ExtendSelection(edit, before);
     });
 }

@@ -174,11 +174,16 @@ TEST_F(FrmExport, OffersWhatWorksInPlaceOfWhatCannotBeWritten) {
     EXPECT_TRUE(IsEnabled("cmdExport"));
 }
 
-TEST_F(FrmExport, BeginsWithAScaleThatThePaperTakes) {
+/// 700 cm long.
+Design LongStraight() {
     std::string straights;
     for (int i = 0; i < 20; ++i)
         straights += "C160 ";
-    project_.Design = ProjectOf(straights).Design; // 700 cm
+    return ProjectOf(straights).Design;
+}
+
+TEST_F(FrmExport, BeginsWithAScaleThatThePaperTakes) {
+    project_.Design = LongStraight();
     Open();
     Choose("cboFormat", Pdf);
     Choose("cboSize", 2);
@@ -192,10 +197,7 @@ TEST_F(FrmExport, BeginsWithAScaleThatThePaperTakes) {
 
 TEST_F(FrmExport, RemembersNoScaleThatItChoseItself) {
     const Design small = project_.Design;
-    std::string straights;
-    for (int i = 0; i < 20; ++i)
-        straights += "C160 ";
-    project_.Design = ProjectOf(straights).Design; // 700 cm
+    project_.Design = LongStraight();
     Open();
     Choose("cboFormat", Pdf);
     Choose("cboSize", 2);

@@ -94,14 +94,15 @@ TEST_F(VariationsOfADesign, ShowFirstWhatIsLikeTheDesign) {
     EXPECT_EQ(At<QLabel>("lblWeight", 10).text(), "10");
 }
 
-/// How much of the picture of the chosen circuit is tinted, where the selected piece's colour is red.
-double TintedShare(QWidget& picture) {
+/// How much of a picture is tinted in about that hue, degrees: 0 is red, as walls are, and 34 the orange of new pieces.
+double TintedShare(QWidget& picture, int hue) {
     const QImage image = picture.grab().toImage();
     int tinted = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QColor colour = image.pixelColor(x, y);
-            tinted += colour.red() > colour.green() + 40 && colour.red() > colour.blue() + 40 ? 1 : 0;
+            constexpr int near = 10, vivid = 60;
+            tinted += colour.saturation() > vivid && std::abs(colour.hue() - hue) <= near ? 1 : 0;
         }
     }
     return static_cast<double>(tinted) / (image.width() * image.height());
@@ -113,40 +114,51 @@ TEST_F(VariationsOfADesign, ShowTheDesignWithThePartThatTheyKeep) {
     Open(project);
     Choose("mnuVariations");
     QWidget& picture = Find<QWidget>("picYours");
-    const double one = TintedShare(picture);
+    const double one = TintedShare(picture, 0);
 
     Session->Do([&] {
         Project.EditState.Select(7);
         Project.EditState.RunFrom = 4;
     });
 
-    EXPECT_GT(TintedShare(picture), one + 0.01);
+    EXPECT_GT(TintedShare(picture, 0), one + 0.01);
 }
 
 TEST_F(VariationsOfADesign, TintWhatIsUnlikeTheDesign) {
-    pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
-    Open(project);
+    Open(ProjectOf("C159 C160 C160 C151L C160 C160 C151L C160 C151R C151R C151R C151R C151R C160 C160 C151L C160 C151R "
+                   "C151R C159 C151L C151R C160 C160 C151R C151R C151R C151R"));
     Choose("mnuVariations");
-    const double ofYours = TintedShare(Find<QWidget>("picYours"));
+    EXPECT_EQ(TintedShare(Find<QWidget>("picYours"), 34), 0);
+
+    PressHere("cmdSearch");
+
+    const auto isTinted = [&] { return TintedShare(Find<QWidget>("picChosen"), 34) > 0.005; };
+    ASSERT_TRUE(QTest::qWaitFor(isTinted, 60'000));
+    PressHere("cmdCancelSearch");
+    EXPECT_EQ(At<QLabel>("lblFigureName", 0).text(), "Unlike yours");
+    EXPECT_TRUE(At<QLabel>("lblFigure", 0).text().endsWith(", tinted"));
+}
+
+TEST_F(VariationsOfADesign, TintNothingWhereHardlyAnythingIsLikeTheDesign) {
+    Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
+    Choose("mnuVariations");
 
     PressHere("cmdSearch");
     ASSERT_TRUE(QTest::qWaitFor([&] { return Text("lblFound").ends_with("no others."); }, 60'000));
 
-    EXPECT_EQ(At<QLabel>("lblFigureName", 0).text(), "Unlike yours");
-    EXPECT_GT(TintedShare(Find<QWidget>("picChosen")), ofYours + 0.005);
+    EXPECT_EQ(TintedShare(Find<QWidget>("picChosen"), 34), 0);
+    EXPECT_EQ(At<QLabel>("lblFigure", 0).text(), "12 pieces");
 }
 
 TEST_F(VariationsOfADesign, KeepThePartThatIsClickedInThePictureOfTheDesign) {
     pistaro::Project project = ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R");
+    project.Design.Circuit.Tracks[1] = project.Design.Circuit.Tracks[0]; // lies across all of it
     Open(project);
     Choose("mnuVariations");
     QWidget& picture = Find<QWidget>("picYours");
-    const Design shown = [&] {
-        Design design;
-        design.Circuit = project.Design.Circuit;
-        return design;
-    }();
-    const PickMap pieces(Pieces(), project.Design.Circuit);
+    Design shown;
+    shown.Circuit.Tracks[0] = project.Design.Circuit.Tracks[0];
+    const PickMap pieces(Pieces(), shown.Circuit);
     const auto click = [&](int element, Qt::KeyboardModifiers keys) {
         for (int y = 0; y < picture.height(); ++y) {
             for (int x = 0; x < picture.width(); ++x) {
