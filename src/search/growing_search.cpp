@@ -63,7 +63,7 @@ bool GrowingSearch::Round(int wanted, const std::stop_token& stop) {
     Way& last = ways_.front();
     try {
         Grow(way, *loop, varies ? 0 : Reheatings, stop);
-        if (&way != &last && SizeOf(*loop) < most_) Grow(last, *loop, 0, stop);
+        if (&way != &last && IsAmongLargest(way, *loop)) Grow(last, *loop, 0, stop);
     } catch (const Stopped&) {
         Keep(last, *loop); // as far as it has come
         throw;
@@ -91,8 +91,14 @@ std::int64_t GrowingSearch::WholeEffort() const {
 bool GrowingSearch::IsLate() const { return Effort() >= MostEffort; }
 
 GrowingSearch::Way& GrowingSearch::NextWay() {
-    constexpr std::size_t ofHalves = 7, outOf = 10;
+    constexpr std::size_t ofHalves = 9, outOf = 10;
     return ways_.size() > 1 && random_.Happens(ofHalves, outOf) ? ways_.back() : ways_.front();
+}
+
+/// Whether the loop is worth the time that it takes to lead it on the way that leads to all loops.
+bool GrowingSearch::IsAmongLargest(const Way& way, const Loop& loop) const {
+    constexpr int percent = 95;
+    return SizeOf(loop) < most_ && (way.Parents.empty() || SizeOf(loop) * 100 >= SizeOf(way.Parents.front()) * percent);
 }
 
 /// Whether a round is to begin anew, and not to go on from a large loop that was found.

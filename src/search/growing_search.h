@@ -48,6 +48,7 @@ private:
     };
 
     Way& NextWay();
+    bool IsAmongLargest(const Way& way, const Loop& loop) const;
     bool Begins(const Way& way);
     std::optional<Loop> Begun(Way& way, const std::stop_token& stop);
     Loop Parent(Way& way, const std::stop_token& stop);
