@@ -68,7 +68,7 @@ void AddSharedGround(Overlay& overlay, const LaidPieces& pieces, const Finding& 
     const PiecePlacement* const a = pieces.At(first);
     const PiecePlacement* const b = pieces.At(second);
     if (a == nullptr || b == nullptr) return;
-    overlay.emplace_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true});
+    overlay.emplace_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true, true});
 }
 
 /// The middle of the track's width where a cursor stands.
@@ -82,13 +82,13 @@ void AddGap(Overlay& overlay, const LaidPieces& pieces, const Circuit& circuit, 
     constexpr double width = 15.5; // of most track: the line need not hit the middle to the millimetre
     const LineSegment gap{MiddleAt(pieces.EndOf(finding.Track), width),
                           MiddleAt(circuit.Tracks[static_cast<std::size_t>(finding.Track)].Start(), width)};
-    overlay.emplace_back(OverlayPath{{gap}, ColourOf(finding.Severity), 3, true});
+    overlay.emplace_back(OverlayPath{{gap}, ColourOf(finding.Severity), 3, true, 0, true});
 }
 
 void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
     for (const int element : finding.Pieces) {
         if (const PiecePlacement* const piece = pieces.At({finding.Track, element}))
-            overlay.emplace_back(OverlayPath{EdgesOf(*piece), ErrorColour, 4, false});
+            overlay.emplace_back(OverlayPath{EdgesOf(*piece), ErrorColour, 4, false, 0, true});
     }
 }
 
@@ -96,7 +96,8 @@ void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding
               const std::vector<PieceAddress>& places) {
     for (const PieceAddress place : places) {
         if (const PiecePlacement* const piece = pieces.At(place))
-            overlay.emplace_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false});
+            overlay.emplace_back(
+                OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false, true});
     }
 }
 
