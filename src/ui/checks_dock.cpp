@@ -1,6 +1,7 @@
 #include "ui/checks_dock.h"
 
 #include "checks/check.h"
+#include "checks/crossings.h"
 #include "checks/rules.h"
 #include "editor/picking.h"
 #include "editor/track_editing.h"
@@ -181,10 +182,12 @@ void ChecksDock::Check() {
     const bool wasHeading = chosen && IsHeading(*list_->currentItem());
     QString summary;
     try {
-        findings_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units,
-                                session_.MoneyMarks);
+        all_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units,
+                           session_.MoneyMarks);
+        findings_ = CrossingsTogether(project.Design.Circuit, all_, project.Preferences.Units);
         summary = SummaryOf(findings_);
     } catch (const Fault& fault) { // a stock that no count can hold
+        all_.clear();
         findings_.clear();
         summary = Shown(fault.what());
     }
@@ -322,24 +325,23 @@ void ChecksDock::Mark() {
     for (const Finding& finding : findings_) {
         if (&finding == current || (isHeading && finding.Rule == current->Rule)) chosen.push_back(&finding);
     }
-    view_.SetOverlay(Owner, FindingsOverlay(session_.Catalogue, session_.Project.Design.Circuit, findings_, chosen));
+    view_.SetOverlay(Owner, FindingsOverlay(session_.Catalogue, session_.Project.Design.Circuit, all_, chosen));
 }
 
 void ChecksDock::Show(const Finding& finding) {
     session_.Do([&] {
         Project& project = session_.Project;
         const Track& track = project.Design.Circuit.Tracks[static_cast<std::size_t>(finding.Track)];
-        const int first = finding.Pieces.front();
-        const int last = finding.Pieces.back();
-        if (last > track.ElementLastIndex()) return;
+        if (finding.Pieces.back() > track.ElementLastIndex()) return;
         if (project.EditState.CurrentTrack != finding.Track) ChooseTrack(project.EditState, finding.Track);
-        SelectElement(project.Design.Circuit, project.EditState, first);
-        const bool isRun = last > first && last - first + 1 == static_cast<int>(finding.Pieces.size());
-        if (isRun) project.EditState.RunFrom = last;
+        const std::vector<int> run = RunsOf(finding.Pieces).front(); // no more can be selected
+        SelectElement(project.Design.Circuit, project.EditState, run.front());
+        if (run.size() > 1) project.EditState.RunFrom = run.back();
         if (finding.Rule == "open-track") return BringEndsIntoView(finding.Track);
         if (finding.Rule == "lanes-differ") return ShowCurves(finding);
         // The first piece comes last, so that it is seen even where not all of them can be.
-        if (finding.Other) BringPieceIntoView(*finding.Other);
+        for (const PieceAddress other : finding.Others)
+            BringPieceIntoView(other);
         for (auto element = finding.Pieces.rbegin(); element != finding.Pieces.rend(); ++element)
             BringPieceIntoView({finding.Track, *element});
     });

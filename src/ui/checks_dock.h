@@ -26,8 +26,6 @@ public:
     /// To be called when something has changed. Several calls until the window is idle come to one check.
     void Refresh(const Changes& changes);
 
-    const std::vector<Finding>& Findings() const { return findings_; }
-
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -57,7 +55,8 @@ private:
     PanelList* const list_;
     QLabel* const summary_;
     QPushButton* const cmdCure_; ///< beside the chosen finding's rule
-    std::vector<Finding> findings_;
+    std::vector<Finding> all_;      ///< as they are marked
+    std::vector<Finding> findings_; ///< as they are listed: a crossing as one
     std::set<std::string_view> unfolded_; ///< the rules whose findings are listed below their heading
     bool waiting_ = false;                ///< a check is due
 };

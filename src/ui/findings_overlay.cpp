@@ -64,7 +64,8 @@ std::vector<WorldPoint> PointsOf(const QPolygonF& polygon) {
 
 void AddSharedGround(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
     const PieceAddress first{finding.Track, finding.Pieces.front()};
-    const PieceAddress second = finding.Other.value_or(PieceAddress{finding.Track, finding.Pieces.back()});
+    const PieceAddress second =
+        finding.Others.empty() ? PieceAddress{finding.Track, finding.Pieces.back()} : finding.Others.front();
     const PiecePlacement* const a = pieces.At(first);
     const PiecePlacement* const b = pieces.At(second);
     if (a == nullptr || b == nullptr) return;
@@ -129,10 +130,10 @@ std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& ci
         }
         return places;
     }
-    places.reserve(finding.Pieces.size() + 1);
+    places.reserve(finding.Pieces.size() + finding.Others.size());
     for (const int element : finding.Pieces)
         places.push_back({finding.Track, element});
-    if (finding.Other) places.push_back(*finding.Other);
+    places.insert(places.end(), finding.Others.begin(), finding.Others.end());
     return places;
 }
 
