@@ -36,8 +36,7 @@ std::string NamesOf(const Circuit& circuit, int track, const std::vector<int>& e
 
 void SortOnce(std::vector<int>& elements) {
     std::ranges::sort(elements);
-    const auto twice = std::ranges::unique(elements);
-    elements.erase(twice.begin(), twice.end());
+    elements.erase(std::unique(elements.begin(), elements.end()), elements.end());
 }
 
 /// Overlaps, by their places among the findings, that belong to one another.

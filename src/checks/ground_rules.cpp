@@ -223,8 +223,7 @@ std::vector<Finding> FindOverlaps(const CheckedCircuit& circuit) {
         findings.push_back(FindingOf(circuit, overlap));
     for (std::size_t i = 0; i < findings.size(); ++i) {
         const bool isLast = i + 1 == findings.size() || findings[i + 1].Track != findings[i].Track;
-        if (isLast && hasMore[static_cast<std::size_t>(findings[i].Track)])
-            findings[i].Text += MoreOverlaps;
+        if (isLast && hasMore[static_cast<std::size_t>(findings[i].Track)]) findings[i].Text += MoreOverlaps;
     }
     return findings;
 }
@@ -283,7 +282,10 @@ std::vector<Finding> FindSlidesIntoTracks(const CheckedCircuit& circuit) {
         const auto less = [](double a, double b) { return std::min(a, b); };
         TellRuns(near, less, [&](const std::vector<int>& run, double distance) {
             const PieceAddress other = circuit.PlaceOf[meets.at(run.front())];
-            findings.push_back({"", Severity::Advice, track.Index, run,
+            findings.push_back({"",
+                                Severity::Advice,
+                                track.Index,
+                                run,
                                 RunText(circuit, track.Index, run) + ": a car that slides out meets track " +
                                     std::to_string(other.Track + 1) + " after " + LengthText(distance, circuit.Shown) +
                                     ".",

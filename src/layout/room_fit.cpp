@@ -84,7 +84,7 @@ Obstacle RoomFit::ObstacleOf(const Ground& ground) const {
     const auto open = std::ranges::count_if(walls_, meets) - std::ranges::count_if(outlines_, meets);
     if (!isClosed_ && open > 0) return Obstacle::Room;
     return std::ranges::any_of(pillars, meets) || AnOddNumberIsRightOf(middle, pillars) ? Obstacle::Pillar
-                                                                                      : Obstacle::InnerWall;
+                                                                                        : Obstacle::InnerWall;
 }
 
 bool RoomFit::Encloses(GroundPoint point) const { return AnOddNumberIsRightOf(point, outlines_); }

@@ -30,9 +30,11 @@ namespace {
 
 constexpr const char* Owner = "checks";
 
+constexpr int MarkSide = 12; ///< pixels: no higher than a line of text
+
 /// A round, triangular or square mark, so that it needs no colour to be told by.
 QIcon IconOf(Severity severity) {
-    constexpr int side = 16;
+    constexpr int side = MarkSide;
     constexpr int finest = 3; // pixels that one is wide on the finest screens
     QPixmap drawing(side * finest, side * finest);
     drawing.setDevicePixelRatio(finest);
@@ -59,15 +61,15 @@ QIcon IconOf(Severity severity) {
 }
 
 /// A command that mends what a rule finds.
-struct Cure {
+struct CommandFor {
     std::string_view Rule;
     std::string_view Command;
 };
 
-constexpr Cure Cures[] = {{"open-track", "close loop"},
-                          {"lanes-differ", "balance"},
-                          {"odd-change-overs", "balance"},
-                          {"not-owned", "purchase"}};
+constexpr CommandFor Cures[] = {{"open-track", "close loop"},
+                                {"lanes-differ", "balance"},
+                                {"odd-change-overs", "balance"},
+                                {"not-owned", "purchase"}};
 
 QString SummaryOf(const std::vector<Finding>& findings) {
     if (findings.empty()) return "No problems found.";
@@ -107,7 +109,8 @@ ChecksDock::ChecksDock(Session& session, CircuitView& view)
     setObjectName("fraChecks");
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
-    column->setContentsMargins(6, 6, 6, 6);
+    column->setContentsMargins(4, 0, 4, 2); // its height is the lines'
+    column->setSpacing(2);
     auto* const head = new QHBoxLayout;
     head->addWidget(summary_, 1);
     head->addWidget(cmdCure_);
@@ -119,9 +122,7 @@ ChecksDock::ChecksDock(Session& session, CircuitView& view)
     keepsItsPlace.setRetainSizeWhenHidden(true);
     cmdCure_->setSizePolicy(keepsItsPlace);
     cmdCure_->hide();
-    connect(cmdCure_, &QPushButton::clicked, this, [this] {
-        if (const Command* const cure = CureOfChosen()) session_.TryRun(*cure);
-    });
+    connect(cmdCure_, &QPushButton::clicked, this, [this] { Cure(); });
     setWidget(content);
     SetUpList();
 }
@@ -131,6 +132,7 @@ void ChecksDock::SetUpList() {
     list_->setWordWrap(true);
     list_->setTextElideMode(Qt::ElideNone);
     list_->setItemDelegate(new WrappedLines(*list_));
+    list_->setIconSize(QSize(MarkSide, MarkSide));
     list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     list_->setExpandsOnDoubleClick(false); // a click does
     list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
@@ -303,13 +305,40 @@ void ChecksDock::ShowChosen() {
 const Command* ChecksDock::CureOfChosen() const {
     const Finding* const finding = Chosen();
     const auto cure =
-        std::ranges::find_if(Cures, [&](const Cure& one) { return finding != nullptr && one.Rule == finding->Rule; });
+        std::ranges::find_if(Cures, [&](const auto& one) { return finding != nullptr && one.Rule == finding->Rule; });
     return cure == std::end(Cures) ? nullptr : session_.Commands.Find(cure->Command);
+}
+
+/// What a heading stands for is not mended at once.
+std::optional<Mend> ChecksDock::MendOfChosen() const {
+    const Finding* const finding = Chosen();
+    if (finding == nullptr || IsHeading(*list_->currentItem())) return std::nullopt;
+    return MendOf(session_.Catalogue, session_.Project.Design, session_.Project.Stock, *finding);
+}
+
+void ChecksDock::Cure() {
+    if (const Command* const cure = CureOfChosen()) {
+        session_.TryRun(*cure);
+        return;
+    }
+    const std::optional<Mend> mend = MendOfChosen();
+    if (!mend) return;
+    session_.Do([&] {
+        session_.NameStep(mend->Caption);
+        session_.Project.Design.Circuit.Tracks[static_cast<std::size_t>(Chosen()->Track)] = mend->Track;
+        session_.Project.EditState.DataChanged = true;
+    });
 }
 
 void ChecksDock::OfferCure() {
     const Command* const cure = CureOfChosen();
-    cmdCure_->setVisible(cure != nullptr);
+    const std::optional<Mend> mend = cure == nullptr ? MendOfChosen() : std::nullopt;
+    cmdCure_->setVisible(cure != nullptr || mend);
+    if (mend) {
+        cmdCure_->setText(Shown(mend->Caption));
+        cmdCure_->setEnabled(true);
+        cmdCure_->setToolTip(Shown(mend->Text));
+    }
     if (cure == nullptr) return;
     const std::string whyNot = cure->WhyNot(session_);
     cmdCure_->setText(Shown(cure->Caption));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "checks/finding.h"
+#include "checks/mends.h"
 #include "commands/session.h"
 #include "ui/circuit_view.h"
 #include "ui/panel_list.h"
@@ -41,6 +42,8 @@ private:
     void Choose(const Finding& finding, bool heading);
     void ShowChosen();
     const Command* CureOfChosen() const;
+    std::optional<Mend> MendOfChosen() const;
+    void Cure();
     void OfferCure();
     void Mark();
     void Show(const Finding& finding);
@@ -54,9 +57,9 @@ private:
     CircuitView& view_;
     PanelList* const list_;
     QLabel* const summary_;
-    QPushButton* const cmdCure_; ///< beside the chosen finding's rule
-    std::vector<Finding> all_;      ///< as they are marked
-    std::vector<Finding> findings_; ///< as they are listed: a crossing as one
+    QPushButton* const cmdCure_;          ///< beside the chosen finding's rule
+    std::vector<Finding> all_;            ///< as they are marked
+    std::vector<Finding> findings_;       ///< as they are listed: a crossing as one
     std::set<std::string_view> unfolded_; ///< the rules whose findings are listed below their heading
     bool waiting_ = false;                ///< a check is due
 };

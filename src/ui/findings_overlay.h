@@ -16,8 +16,8 @@ Colour ColourOf(Severity severity);
 std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding);
 
 /// Marks of all findings: the ground that two pieces share hatched, a dashed line across the gap of a track that does
-/// not close, a red edge round pieces outside the room; all on a pale casing, since pieces to be bought are red, too. The
-/// pieces of the chosen findings are tinted and edged, one like the other.
+/// not close, a red edge round pieces outside the room; all on a pale casing, since pieces to be bought are red, too.
+/// The pieces of the chosen findings are tinted and edged, one like the other.
 Overlay FindingsOverlay(const Catalogue& catalogue, const Circuit& circuit, const std::vector<Finding>& findings,
                         const std::vector<const Finding*>& chosen);
 

@@ -145,12 +145,10 @@ TEST(Rules, TellWhatStandsInAPillarOrRunsThroughAnInnerWall) {
     const std::size_t walls = points.size();
     for (const RoomPoint corner : {RoomPoint{10, -10, 0}, {40, -10, 1}, {40, 10, 1}, {10, 10, 1}, {10, -10, 1}})
         points.push_back(corner);
-    EXPECT_THAT(Told(project, "outside-room"),
-                ElementsAre("error 1 [0] C160 (0) stands in a pillar, 5.5 cm deep."));
+    EXPECT_THAT(Told(project, "outside-room"), ElementsAre("error 1 [0] C160 (0) stands in a pillar, 5.5 cm deep."));
     project.Design.Circuit.Tracks[0].ElementCodes.emplace_back("C160"); // which leaves the room
-    EXPECT_THAT(Told(project, "outside-room"),
-                ElementsAre("error 1 [0] C160 (0) stands in a pillar, 5.5 cm deep.",
-                            "error 1 [1] C160 (1) leaves the room by 20.0 cm."));
+    EXPECT_THAT(Told(project, "outside-room"), ElementsAre("error 1 [0] C160 (0) stands in a pillar, 5.5 cm deep.",
+                                                           "error 1 [1] C160 (1) leaves the room by 20.0 cm."));
 
     points.resize(walls);
     points.push_back({-20, 10, 0});
