@@ -225,6 +225,21 @@ TEST_F(ChecksList, HasMoreLinesInAHigherWindow) {
     EXPECT_GT(Canvas().height(), 1040 / 2);
 }
 
+TEST_F(ChecksList, KeepsItsPartOfAWindowThatBecomesLarge) {
+    Open(ProjectOf("C160"));
+    Window->resize(1366, 740);
+    ShowPanel("mnuChecks");
+    auto& dock = Find<QWidget>("fraChecks");
+    const int low = dock.height();
+
+    Window->resize(1900, 1040);
+    QTest::qWait(20);
+    EXPECT_GT(dock.height(), low + 60);
+    Window->resize(1366, 740);
+    QTest::qWait(20);
+    EXPECT_NEAR(dock.height(), low, 8);
+}
+
 TEST_F(ChecksList, WhatFollowsFromAMissingPieceStandsBelowTheOpenTrack) {
     Open(ProjectOf("C8006 C151R C151R C151R C151R C160 C151R C151R C151R", "C160 C151R C151R C151R C160 C151R"));
     ShowPanel("mnuChecks");
