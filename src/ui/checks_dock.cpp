@@ -6,7 +6,6 @@
 #include "editor/picking.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
-#include "imaging/painter_surface.h"
 #include "layout/ground.h"
 #include "layout/placement.h"
 #include "platform/fault.h"
@@ -15,7 +14,6 @@
 #include "ui/wrapped_lines.h"
 
 #include <QHeaderView>
-#include <QPainter>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
@@ -29,36 +27,6 @@ namespace pistaro {
 namespace {
 
 constexpr const char* Owner = "checks";
-
-constexpr int MarkSide = 12; ///< pixels: no higher than a line of text
-
-/// A round, triangular or square mark, so that it needs no colour to be told by.
-QIcon IconOf(Severity severity) {
-    constexpr int side = MarkSide;
-    constexpr int finest = 3; // pixels that one is wide on the finest screens
-    QPixmap drawing(side * finest, side * finest);
-    drawing.setDevicePixelRatio(finest);
-    drawing.fill(Qt::transparent);
-    QPainter painter(&drawing);
-    painter.setRenderHint(QPainter::Antialiasing);
-    constexpr double rim = 1.5; // which parts it from the ground of a line that is chosen
-    painter.setPen(QPen(Qt::white, rim));
-    painter.setBrush(ToQColor(ColourOf(severity)));
-    switch (severity) {
-    case Severity::Error:
-        painter.drawEllipse(1, 1, side - 2, side - 2);
-        break;
-    case Severity::Warning:
-        painter.drawPolygon(QPolygonF{{side / 2.0, 1}, {side - 1.0, side - 2.0}, {1, side - 2.0}});
-        break;
-    case Severity::Advice:
-        painter.drawRect(2, 2, side - 4, side - 4);
-        break;
-    }
-    QIcon icon(drawing);
-    icon.addPixmap(drawing, QIcon::Selected); // or the ground of the chosen line would tint it
-    return icon;
-}
 
 /// A command that mends what a rule finds.
 struct CommandFor {

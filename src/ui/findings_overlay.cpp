@@ -1,8 +1,11 @@
 #include "ui/findings_overlay.h"
 
+#include "imaging/painter_surface.h"
 #include "layout/outline.h"
 #include "layout/placement.h"
 
+#include <QPainter>
+#include <QPixmap>
 #include <QPolygonF>
 
 #include <algorithm>
@@ -119,6 +122,33 @@ Colour ColourOf(Severity severity) {
         break;
     }
     return AdviceColour;
+}
+
+QIcon IconOf(Severity severity) {
+    constexpr int side = MarkSide;
+    constexpr int finest = 3; // pixels that one is wide on the finest screens
+    QPixmap drawing(side * finest, side * finest);
+    drawing.setDevicePixelRatio(finest);
+    drawing.fill(Qt::transparent);
+    QPainter painter(&drawing);
+    painter.setRenderHint(QPainter::Antialiasing);
+    constexpr double rim = 1.5; // which parts it from the ground of a line that is chosen
+    painter.setPen(QPen(Qt::white, rim));
+    painter.setBrush(ToQColor(ColourOf(severity)));
+    switch (severity) {
+    case Severity::Error:
+        painter.drawEllipse(1, 1, side - 2, side - 2);
+        break;
+    case Severity::Warning:
+        painter.drawPolygon(QPolygonF{{side / 2.0, 1}, {side - 1.0, side - 2.0}, {1, side - 2.0}});
+        break;
+    case Severity::Advice:
+        painter.drawRect(2, 2, side - 4, side - 4);
+        break;
+    }
+    QIcon icon(drawing);
+    icon.addPixmap(drawing, QIcon::Selected); // or the ground of the chosen line would tint it
+    return icon;
 }
 
 std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding) {

@@ -1,8 +1,10 @@
-// How findings show in the drawing.
+// How findings show in the drawing, and severities in a list.
 #pragma once
 
 #include "checks/finding.h"
 #include "imaging/overlay.h"
+
+#include <QIcon>
 
 #include <vector>
 
@@ -10,6 +12,11 @@ namespace pistaro {
 
 /// To be told from the lanes' colours and the stock's blue, on light and dark grounds.
 Colour ColourOf(Severity severity);
+
+constexpr int MarkSide = 12; ///< pixels: no higher than a line of text
+
+/// A round, triangular or square mark, so that it needs no colour to be told by.
+QIcon IconOf(Severity severity);
 
 /// The pieces that a finding is about, where it was told of a whole track those that make the difference: of lanes that
 /// differ its curves. Its first comes first.
