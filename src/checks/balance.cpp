@@ -8,10 +8,10 @@
 #include "layout/built_lanes.h"
 #include "layout/placement.h"
 #include "layout/track_gap.h"
-#include "model/length_text.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 #include <optional>
 #include <set>
@@ -41,10 +41,6 @@ std::string NameOf(const Track& track, int element) {
 
 std::string TurnText(const Track& track, int first, int last) {
     return "the bend " + NameOf(track, first) + " to " + NameOf(track, last) + " turned round";
-}
-
-bool IsPlainStraight(const CatalogueEntry& piece) {
-    return piece.IsStraight() && piece.Kind.Marks == PieceMarks::None && piece.IsBasic() && !piece.LaneChange;
 }
 
 /// The change-over for a plain straight, the plain straight for a change-over: of the same system, length and width.
@@ -167,13 +163,15 @@ public:
                         .Joined = lanes_.Joined,
                         .IsBalanced = IsEven(lanes_),
                         .IsOpen = ClosingOf(gap_) == Closing::Open,
+                        .LacksStraights = changeOvers_.empty(),
                         .Steps = {}};
         if (balance.IsBalanced || track_.ElementCodes.empty()) return balance;
         const std::vector<std::vector<Change>> turns = Turns();
+        double nearest = std::numeric_limits<double>::infinity();
         for (const std::size_t size : {1U, 2U, 3U}) {
             std::set<int> taken;
             for (int proposals = 0; proposals <= MostOthers; ++proposals) {
-                const std::optional<std::vector<Change>> best = Best(turns, size, taken);
+                const std::optional<std::vector<Change>> best = Best(turns, size, taken, nearest);
                 if (!best) break;
                 (balance.Steps.empty() ? balance.Steps : balance.Others.emplace_back()) = StepsOf(*best);
                 for (const Change& change : *best)
@@ -182,6 +180,7 @@ public:
             }
             if (!balance.Steps.empty()) break;
         }
+        if (std::isfinite(nearest)) balance.Nearest = nearest;
         return balance;
     }
 
@@ -190,9 +189,9 @@ private:
     static constexpr std::size_t MostTurns = 30;        ///< beside each of which every change-over is tried
     static constexpr int MostOthers = 2;
 
-    /// The best of so many changes that touch no taken place.
+    /// The best of so many changes that touch no taken place; `nearest` becomes the least that any of them leaves.
     std::optional<std::vector<Change>> Best(const std::vector<std::vector<Change>>& turns, std::size_t size,
-                                            const std::set<int>& taken) const {
+                                            const std::set<int>& taken, double& nearest) const {
         constexpr double alike = 0.01; // cm: of such the least awkward, of these the first
         std::optional<std::vector<Change>> best;
         double least = BalancedWithin;
@@ -203,11 +202,12 @@ private:
             awkward = Awkwardness(changes);
             least = std::min(difference + alike / 2, BalancedWithin);
         };
-        ConsiderChangeOvers(size, taken, consider);
+        ConsiderChangeOvers(size, taken, nearest, consider);
         std::size_t tried = 0;
         for (const std::vector<Change>& turn : turns) {
             if (lanes_.Joined && ++tried > MostTurns) break;
-            if (turn.size() <= size && IsFree(turn, taken)) ConsiderWithTurn(turn, size - turn.size(), taken, consider);
+            if (turn.size() <= size && IsFree(turn, taken))
+                ConsiderWithTurn(turn, size - turn.size(), taken, nearest, consider);
         }
         return best;
     }
@@ -245,7 +245,7 @@ private:
 
     /// Change-overs at so many places, of those that leave an even number of them.
     template <typename Consider>
-    void ConsiderChangeOvers(std::size_t size, const std::set<int>& taken, Consider consider) const {
+    void ConsiderChangeOvers(std::size_t size, const std::set<int>& taken, double& nearest, Consider consider) const {
         if ((size % 2 == 1) != lanes_.Joined) return;
         std::vector<std::size_t> free;
         for (std::size_t i = 0; i < changeOvers_.size(); ++i) {
@@ -255,18 +255,20 @@ private:
         const auto rest = [&](std::size_t at) { return rest_[free[at]]; };
         const auto change = [&](std::size_t at) -> const Change& { return changeOvers_[free[at]]; };
         const double whole = Difference(lanes_);
+        const auto isNear = [&](double difference) {
+            nearest = std::min(nearest, std::fabs(difference));
+            return std::fabs(difference) <= BalancedWithin;
+        };
         // Behind each of them what is left is taken off once, and put back behind the next.
         for (std::size_t a = 0; a < count; ++a) {
             const double first = whole - 2 * rest(a);
-            if (size == 1) consider({change(a)}, std::fabs(first));
+            if (size == 1 && isNear(first)) consider({change(a)}, std::fabs(first));
             for (std::size_t b = a + 1; b < count && size > 1; ++b) {
                 const double second = first + 2 * rest(b);
-                if (size == 2 && std::fabs(second) <= BalancedWithin)
-                    consider({change(a), change(b)}, std::fabs(second));
+                if (size == 2 && isNear(second)) consider({change(a), change(b)}, std::fabs(second));
                 for (std::size_t c = b + 1; c < count && size > 2; ++c) {
                     const double third = second - 2 * rest(c);
-                    if (std::fabs(third) <= BalancedWithin)
-                        consider({change(a), change(b), change(c)}, std::fabs(third));
+                    if (isNear(third)) consider({change(a), change(b), change(c)}, std::fabs(third));
                 }
             }
         }
@@ -275,11 +277,14 @@ private:
     /// One turn, and change-overs beside it: at most one more, as each is measured anew.
     template <typename Consider>
     void ConsiderWithTurn(const std::vector<Change>& turn, std::size_t more, const std::set<int>& taken,
-                          Consider consider) const {
+                          double& nearest, Consider consider) const {
         if (more > 1 || (more == 1) != lanes_.Joined) return;
         const auto measure = [&](const std::vector<Change>& changes) {
             const BuiltLanes lanes = LanesAsBuilt(catalogue_, Changed(changes));
-            if (IsEven(lanes) && IsAllowed(changes)) consider(changes, std::fabs(Difference(lanes)));
+            const double difference = std::fabs(Difference(lanes));
+            if (lanes.Joined || (difference >= nearest && !IsEven(lanes)) || !IsAllowed(changes)) return;
+            nearest = std::min(nearest, difference);
+            if (IsEven(lanes)) consider(changes, difference);
         };
         if (more == 0) return measure(turn);
         for (const Change& changeOver : changeOvers_) {
@@ -356,33 +361,12 @@ private:
 
 } // namespace
 
+bool IsPlainStraight(const CatalogueEntry& piece) {
+    return piece.IsStraight() && piece.Kind.Marks == PieceMarks::None && piece.IsBasic() && !piece.LaneChange;
+}
+
 Balance BalanceLanes(const Catalogue& catalogue, const Design& design, int track) {
     return Balancer(catalogue, design, track).Find();
-}
-
-std::string DifferenceText(const Balance& balance, const Units& units) {
-    return balance.Joined ? "Each lane leads into the other"
-                          : "The lanes differ by " + LengthText(balance.Before, units);
-}
-
-std::string StepText(const BalanceStep& step, const Units& units) {
-    const double difference = std::fabs(step.Lengths[0] - step.Lengths[1]);
-    return step.Text + ": " +
-           (step.Joined ? "each lane then leads into the other"
-                        : "the lanes then differ by " + LengthText(difference, units));
-}
-
-std::string BalanceText(const Balance& balance, const Units& units) {
-    const std::string before = DifferenceText(balance, units);
-    if (balance.IsBalanced) return before + ": they are balanced.";
-    if (balance.Steps.empty())
-        return before + ". One to three changes that balance them were not found." +
-               (balance.IsOpen ? " The track does not close yet; close it first." : "");
-    std::string text = "These changes balance the lanes:";
-    int number = 0;
-    for (const BalanceStep& step : balance.Steps)
-        text += "\n" + std::to_string(++number) + ". " + StepText(step, units);
-    return text;
 }
 
 Track Balanced(const Track& track, const std::vector<BalanceStep>& steps) {

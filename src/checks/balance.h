@@ -5,6 +5,7 @@
 #include "model/project.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,11 +28,19 @@ struct Balance {
     bool Joined = false;            ///< each of them leads into the other
     bool IsBalanced = false;        ///< the track needs no change
     bool IsOpen = false;            ///< its ends do not meet, nor can they be pressed together
+    bool LacksStraights = false;    ///< it has none of a change-over's length, nor a change-over
     std::vector<BalanceStep> Steps; ///< none when it needs none, or when no few changes help
+
+    /// By how much the lanes differ after the best of all changes that were looked at, cm; none where nothing can be
+    /// changed.
+    std::optional<double> Nearest = {};
 
     /// Other proposals, of as many steps at other places: at most two.
     std::vector<std::vector<BalanceStep>> Others = {};
 };
+
+/// A straight that another one of its length may take the place of.
+bool IsPlainStraight(const CatalogueEntry& piece);
 
 /// Looks for at most three steps: a change-over in place of a plain straight of its length or the reverse, a run of
 /// curves turned round that ends where it ended, two bends that lie opposite ways exchanged. The track stays closed as
@@ -45,8 +54,8 @@ std::string DifferenceText(const Balance& balance, const Units& units);
 /// "C8006 in place of C160 (0): the lanes then differ by 0.0 cm"
 std::string StepText(const BalanceStep& step, const Units& units);
 
-/// What it proposes as a sentence, with a line for each step and its effect; of an open track for which there is
-/// nothing to propose, that it is to be closed first.
+/// What it proposes as a sentence, with a line for each step and its effect; where there is nothing to propose, why:
+/// the track is open, or how near the lanes come at best.
 std::string BalanceText(const Balance& balance, const Units& units);
 
 /// The track with all steps done.

@@ -3,7 +3,6 @@
 
 #include "model/circuit.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,7 +24,8 @@ struct Finding {
     int Track = 0;           ///< 0..2
     std::vector<int> Pieces; ///< of that track, in their order; of a whole track its first and perhaps its last
     std::string Text;        ///< a sentence with figures
-    std::optional<PieceAddress> Other = std::nullopt; ///< a piece of another track that takes part
+    std::vector<PieceAddress> Others = {}; ///< pieces of another track that take part
+    double SharedArea = 0;                 ///< of pieces that overlap, cm²
 
     bool operator==(const Finding&) const = default;
 };

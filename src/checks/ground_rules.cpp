@@ -2,10 +2,10 @@
 // that of a design which could be built.
 #include "checks/ground_rules.h"
 
+#include "checks/crossings.h"
 #include "layout/clearance.h"
 #include "layout/overlap.h"
 #include "model/length_text.h"
-#include "text/fixed_text.h"
 
 #include <algorithm>
 #include <limits>
@@ -18,11 +18,6 @@ namespace {
 constexpr std::size_t MostOfATrack = 100; ///< overlaps, and curves near other tracks, that are told
 constexpr int MostOfAPiece = 8;
 constexpr int MostBesideACurve = 24; ///< of other tracks' pieces are looked at, in a heap the first ones
-
-std::string AreaText(double area, const Units& units) {
-    const double factor = units.UnitFactor();
-    return FixedText(area / (factor * factor), units.Inches ? 1 : 0) + " " + units.Name() + "²";
-}
 
 /// "C160 (3)", or "C160 (3) to C151L (5)" for several
 std::string RunText(const CheckedCircuit& circuit, int track, const std::vector<int>& run) {
@@ -90,18 +85,13 @@ void AllowBridges(const CheckedCircuit& circuit, std::vector<Overlap>& overlaps)
 Finding FindingOf(const CheckedCircuit& circuit, const Overlap& overlap) {
     const PieceAddress first = circuit.PlaceOf[overlap.First];
     const PieceAddress second = circuit.PlaceOf[overlap.Second];
-    const bool sameTrack = first.Track == second.Track;
-    Finding finding{"",
-                    Severity::Error,
-                    first.Track,
-                    {first.Element},
-                    circuit.NameOf(first) + " and " + circuit.NameOf(second) +
-                        (sameTrack ? "" : " of track " + std::to_string(second.Track + 1)) + " overlap by " +
-                        AreaText(overlap.Area, circuit.Shown) + "."};
-    if (sameTrack)
+    Finding finding{"", Severity::Error, first.Track, {first.Element}, ""};
+    if (first.Track == second.Track)
         finding.Pieces.push_back(second.Element);
     else
-        finding.Other = second;
+        finding.Others = {second};
+    finding.SharedArea = overlap.Area;
+    finding.Text = OverlapText(circuit.NameOf(first), circuit.NameOf(second), finding, circuit.Shown);
     return finding;
 }
 
@@ -188,6 +178,34 @@ std::optional<Slide> NearestSlide(const CheckedCircuit& circuit, Outlines& outli
     return nearest;
 }
 
+/// What becomes of one piece, or of several, where something is in their way into which they reach so far.
+std::string ObstacleText(Obstacle obstacle, bool isOne, double reach, const Units& units) {
+    switch (obstacle) {
+    case Obstacle::Pillar:
+        return (isOne ? " stands in a pillar" : " stand in a pillar") +
+               (reach > 0 ? ", " + LengthText(reach, units) + " deep." : std::string("."));
+    case Obstacle::InnerWall:
+        return isOne ? " runs through an inner wall." : " run through an inner wall.";
+    case Obstacle::Room:
+    case Obstacle::None:
+        break;
+    }
+    return (isOne ? " leaves the room" : " leave the room") +
+           (reach > 0 ? " by " + LengthText(reach, units) + "." : std::string(": a wall runs through."));
+}
+
+/// What is in the way of a track's pieces, and how far each reaches into it.
+std::map<Obstacle, std::vector<Measured>> ObstaclesOf(const CheckedCircuit& circuit, const CheckedTrack& track) {
+    std::map<Obstacle, std::vector<Measured>> met;
+    for (std::size_t i = 0; i < track.Pieces.size(); ++i) {
+        const Ground& piece = circuit.Grounds.Grounds()[track.FirstGround + i];
+        const Obstacle obstacle = circuit.Room.ObstacleOf(piece);
+        if (obstacle != Obstacle::None)
+            met[obstacle].push_back({track.Pieces[i].Element, ReachOutside(circuit.Room, piece)});
+    }
+    return met;
+}
+
 } // namespace
 
 std::vector<Finding> FindOverlaps(const CheckedCircuit& circuit) {
@@ -205,8 +223,7 @@ std::vector<Finding> FindOverlaps(const CheckedCircuit& circuit) {
         findings.push_back(FindingOf(circuit, overlap));
     for (std::size_t i = 0; i < findings.size(); ++i) {
         const bool isLast = i + 1 == findings.size() || findings[i + 1].Track != findings[i].Track;
-        if (isLast && hasMore[static_cast<std::size_t>(findings[i].Track)])
-            findings[i].Text += " There may be more; they are left out.";
+        if (isLast && hasMore[static_cast<std::size_t>(findings[i].Track)]) findings[i].Text += MoreOverlaps;
     }
     return findings;
 }
@@ -214,19 +231,14 @@ std::vector<Finding> FindOverlaps(const CheckedCircuit& circuit) {
 std::vector<Finding> FindPiecesOutside(const CheckedCircuit& circuit) {
     std::vector<Finding> findings;
     for (const CheckedTrack& track : circuit.Tracks) {
-        const auto outside = MeasuredPieces(track, [&](std::size_t ground) -> std::optional<double> {
-            const Ground& piece = circuit.Grounds.Grounds()[ground];
-            if (circuit.Room.Holds(piece)) return std::nullopt;
-            return ReachOutside(circuit.Room, piece);
-        });
-        const auto greater = [](double a, double b) { return std::max(a, b); };
-        TellRuns(outside, greater, [&](const std::vector<int>& run, double reach) {
-            const std::string verb = run.size() == 1 ? " leaves the room" : " leave the room";
-            findings.push_back(
-                {"", Severity::Error, track.Index, run,
-                 RunText(circuit, track.Index, run) + verb +
-                     (reach > 0 ? " by " + LengthText(reach, circuit.Shown) + "." : ": a wall runs through.")});
-        });
+        for (const auto& [obstacle, pieces] : ObstaclesOf(circuit, track)) {
+            const auto greater = [](double one, double other) { return std::max(one, other); };
+            TellRuns(pieces, greater, [&, obstacle = obstacle](const std::vector<int>& run, double reach) {
+                findings.push_back({"", Severity::Error, track.Index, run,
+                                    RunText(circuit, track.Index, run) +
+                                        ObstacleText(obstacle, run.size() == 1, reach, circuit.Shown)});
+            });
+        }
     }
     return findings;
 }
@@ -270,11 +282,14 @@ std::vector<Finding> FindSlidesIntoTracks(const CheckedCircuit& circuit) {
         const auto less = [](double a, double b) { return std::min(a, b); };
         TellRuns(near, less, [&](const std::vector<int>& run, double distance) {
             const PieceAddress other = circuit.PlaceOf[meets.at(run.front())];
-            findings.push_back({"", Severity::Advice, track.Index, run,
+            findings.push_back({"",
+                                Severity::Advice,
+                                track.Index,
+                                run,
                                 RunText(circuit, track.Index, run) + ": a car that slides out meets track " +
                                     std::to_string(other.Track + 1) + " after " + LengthText(distance, circuit.Shown) +
                                     ".",
-                                other});
+                                {other}});
         });
     }
     return findings;

@@ -18,7 +18,10 @@ constexpr int TintOpacity = 60; ///< of 255
 constexpr int GhostOpacity = 110;
 constexpr int LightOpacity = 35;
 constexpr int FadedOpacity = 190;
-constexpr double Tolerance = 0.1; ///< cm, of a ghost's rounded outline
+constexpr Colour CasingColour = Rgb(255, 255, 255);
+constexpr int CasingOpacity = 200; ///< of the ground below hatches
+constexpr double Casing = 2;       ///< pixels that it shows on both sides
+constexpr double Tolerance = 0.1;  ///< cm, of a ghost's rounded outline
 
 QColor Sheer(Colour colour, int opacity) {
     QColor sheer = ToQColor(colour);
@@ -39,6 +42,11 @@ public:
 
     void operator()(const OverlayPath& path) {
         const double wide = std::max(path.Pixels, path.Centimetres * frame_.PixelsPerCm(view_));
+        if (path.Cased) {
+            strokes_.SetPen({wide + 2 * Casing, PenWidth::Unit::Pixels});
+            for (const Segment& segment : path.Path)
+                Stroke(segment, CasingColour);
+        }
         strokes_.SetPen({wide, PenWidth::Unit::Pixels});
         strokes_.SetDashed(path.Dashed);
         for (const Segment& segment : path.Path)
@@ -48,7 +56,13 @@ public:
 
     void operator()(const OverlayArea& area) {
         const QPolygonF polygon = Mapped(area.Polygon);
-        painter_.setPen(QPen(ToQColor(area.InkColour), 1.5));
+        const double edge = area.Cased ? 2.5 : 1.5;
+        if (area.Cased) {
+            painter_.setPen(QPen(ToQColor(CasingColour), edge + 2 * Casing));
+            painter_.setBrush(area.Hatched ? QBrush(Sheer(CasingColour, CasingOpacity)) : QBrush(Qt::NoBrush));
+            painter_.drawPolygon(polygon);
+        }
+        painter_.setPen(QPen(ToQColor(area.InkColour), edge));
         painter_.setBrush(area.Hatched ? QBrush(ToQColor(area.InkColour), Qt::BDiagPattern)
                                        : QBrush(Sheer(area.InkColour, TintOpacity)));
         painter_.drawPolygon(polygon);

@@ -23,6 +23,7 @@ struct OverlayPath {
     double Pixels = 2;
     bool Dashed = false;
     double Centimetres = 0; ///< it is so wide in the world where that is more
+    bool Cased = false;     ///< on a pale band, so that it is told from track of its own colour
 };
 
 /// A polygon that need not repeat its first point, such as the ground that two pieces share.
@@ -30,6 +31,7 @@ struct OverlayArea {
     std::vector<WorldPoint> Polygon = {};
     Colour InkColour = 0;
     bool Hatched = false; ///< else tinted
+    bool Cased = false;   ///< its edge thicker and on a pale band, its hatches on a pale ground
 };
 
 enum class PieceLook {

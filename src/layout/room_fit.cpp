@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
+#include <span>
 
 namespace pistaro {
 
@@ -18,6 +20,11 @@ bool IsRightOf(const Wall& wall, GroundPoint point) {
     if ((wall.From.Y > point.Y) == (wall.To.Y > point.Y)) return false;
     const double part = (point.Y - wall.From.Y) / (wall.To.Y - wall.From.Y);
     return wall.From.X + part * (wall.To.X - wall.From.X) > point.X;
+}
+
+/// Whether they enclose the point, closed outlines as they are.
+bool AnOddNumberIsRightOf(GroundPoint point, std::span<const Wall> walls) {
+    return std::ranges::count_if(walls, [&](const Wall& wall) { return IsRightOf(wall, point); }) % 2 == 1;
 }
 
 GroundPoint Exact(WorldPoint point) { return {point.X, point.Y}; }
@@ -54,6 +61,7 @@ RoomFit::RoomFit(const RoomPolygon& room) {
                 isClosed_ = isClosed_ || firstWall == 0;
                 outlines_.insert(outlines_.end(), walls_.begin() + static_cast<std::ptrdiff_t>(firstWall),
                                  walls_.end());
+                if (firstWall == 0) ownOutline_ = std::ssize(outlines_);
             }
         }
         begin = i;
@@ -66,8 +74,19 @@ bool RoomFit::Holds(const Ground& ground) const {
     return Holds(MiddleOf(ground));
 }
 
-bool RoomFit::Encloses(GroundPoint point) const {
-    return std::ranges::count_if(outlines_, [&](const Wall& wall) { return IsRightOf(wall, point); }) % 2 == 1;
+Obstacle RoomFit::ObstacleOf(const Ground& ground) const {
+    if (Holds(ground)) return Obstacle::None;
+    const auto meets = [&](const Wall& wall) { return RunsThrough(wall, ground, Touch); };
+    const std::span own(outlines_.begin(), outlines_.begin() + ownOutline_);
+    const std::span pillars(outlines_.begin() + ownOutline_, outlines_.end());
+    const GroundPoint middle = MiddleOf(ground);
+    if (isClosed_ && (std::ranges::any_of(own, meets) || !AnOddNumberIsRightOf(middle, own))) return Obstacle::Room;
+    const auto open = std::ranges::count_if(walls_, meets) - std::ranges::count_if(outlines_, meets);
+    if (!isClosed_ && open > 0) return Obstacle::Room;
+    return std::ranges::any_of(pillars, meets) || AnOddNumberIsRightOf(middle, pillars) ? Obstacle::Pillar
+                                                                                        : Obstacle::InnerWall;
 }
+
+bool RoomFit::Encloses(GroundPoint point) const { return AnOddNumberIsRightOf(point, outlines_); }
 
 } // namespace pistaro

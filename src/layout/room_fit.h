@@ -10,6 +10,7 @@
 #include "layout/ground.h"
 #include "model/room_polygon.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace pistaro {
@@ -21,6 +22,14 @@ struct Wall {
     GroundPoint From, To;
 };
 
+/// What is in the way of a piece.
+enum class Obstacle {
+    None,
+    Room,      ///< it ends there
+    Pillar,    ///< an area that is enclosed within it
+    InnerWall, ///< a line within it that encloses none
+};
+
 class RoomFit {
 public:
     /// Without drawn lines everything lies inside.
@@ -28,7 +37,9 @@ public:
 
     /// Whether a piece lies inside the room; it may touch walls, and reach into them by a tenth of a millimetre.
     bool Holds(const Ground& ground) const;
-    /// The same of a point, which walls do not keep out.
+    /// Why it does not; of a room that has a gap, its pillars alone are told from its walls.
+    Obstacle ObstacleOf(const Ground& ground) const;
+    /// The same as Holds of a point, which walls do not keep out.
     bool Holds(GroundPoint point) const { return outlines_.empty() || Encloses(point) == isClosed_; }
 
     /// The walls, of which none has length 0.
@@ -38,8 +49,9 @@ private:
     bool Encloses(GroundPoint point) const;
 
     std::vector<Wall> walls_;
-    std::vector<Wall> outlines_; ///< of the walls those that enclose areas
-    bool isClosed_ = false;      ///< whether the first of them enclose the room itself
+    std::vector<Wall> outlines_;    ///< of the walls those that enclose areas
+    bool isClosed_ = false;         ///< whether the first of them enclose the room itself
+    std::ptrdiff_t ownOutline_ = 0; ///< how many do
 };
 
 } // namespace pistaro

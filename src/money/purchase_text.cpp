@@ -124,8 +124,8 @@ std::string PurchaseText(const PurchaseReport& report, const std::string& rank) 
     std::string table;
     for (const PurchaseLine& line : report.Lines)
         table += Columns(line);
-    return table + "Total " + MoneyText(report.Total, report.Currency) + ", " +
-           (rank.empty() ? ProvenRank(report) : rank) + "\n" + remarks;
+    return table + "Total " + MoneyText(report.Total, report.Currency) +
+           (rank.empty() ? ", " + ProvenRank(report) : rank) + "\n" + remarks;
 }
 
 } // namespace pistaro

@@ -48,7 +48,7 @@ PurchaseReport ReportOf(const Catalogue& catalogue, const Project& project, cons
                         const Purchase& purchase);
 
 /// A line for each set and each product, the total, and what is left over. Columns are for a font of one width. `rank`
-/// tells how good the total is; without it, how far it is proven the cheapest.
+/// ends the sentence of the total; without it, that tells how far it is proven the cheapest.
 std::string PurchaseText(const PurchaseReport& report, const std::string& rank = {});
 
 } // namespace pistaro

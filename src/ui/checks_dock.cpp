@@ -1,11 +1,11 @@
 #include "ui/checks_dock.h"
 
 #include "checks/check.h"
+#include "checks/crossings.h"
 #include "checks/rules.h"
 #include "editor/picking.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
-#include "imaging/painter_surface.h"
 #include "layout/ground.h"
 #include "layout/placement.h"
 #include "platform/fault.h"
@@ -14,7 +14,6 @@
 #include "ui/wrapped_lines.h"
 
 #include <QHeaderView>
-#include <QPainter>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
@@ -29,44 +28,16 @@ namespace {
 
 constexpr const char* Owner = "checks";
 
-/// A round, triangular or square mark, so that it needs no colour to be told by.
-QIcon IconOf(Severity severity) {
-    constexpr int side = 16;
-    constexpr int finest = 3; // pixels that one is wide on the finest screens
-    QPixmap drawing(side * finest, side * finest);
-    drawing.setDevicePixelRatio(finest);
-    drawing.fill(Qt::transparent);
-    QPainter painter(&drawing);
-    painter.setRenderHint(QPainter::Antialiasing);
-    constexpr double rim = 1.5; // which parts it from the ground of a line that is chosen
-    painter.setPen(QPen(Qt::white, rim));
-    painter.setBrush(ToQColor(ColourOf(severity)));
-    switch (severity) {
-    case Severity::Error:
-        painter.drawEllipse(1, 1, side - 2, side - 2);
-        break;
-    case Severity::Warning:
-        painter.drawPolygon(QPolygonF{{side / 2.0, 1}, {side - 1.0, side - 2.0}, {1, side - 2.0}});
-        break;
-    case Severity::Advice:
-        painter.drawRect(2, 2, side - 4, side - 4);
-        break;
-    }
-    QIcon icon(drawing);
-    icon.addPixmap(drawing, QIcon::Selected); // or the ground of the chosen line would tint it
-    return icon;
-}
-
 /// A command that mends what a rule finds.
-struct Cure {
+struct CommandFor {
     std::string_view Rule;
     std::string_view Command;
 };
 
-constexpr Cure Cures[] = {{"open-track", "close loop"},
-                          {"lanes-differ", "balance"},
-                          {"odd-change-overs", "balance"},
-                          {"not-owned", "purchase"}};
+constexpr CommandFor Cures[] = {{"open-track", "close loop"},
+                                {"lanes-differ", "balance"},
+                                {"odd-change-overs", "balance"},
+                                {"not-owned", "purchase"}};
 
 QString SummaryOf(const std::vector<Finding>& findings) {
     if (findings.empty()) return "No problems found.";
@@ -106,7 +77,8 @@ ChecksDock::ChecksDock(Session& session, CircuitView& view)
     setObjectName("fraChecks");
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
-    column->setContentsMargins(6, 6, 6, 6);
+    column->setContentsMargins(4, 0, 4, 2); // its height is the lines'
+    column->setSpacing(2);
     auto* const head = new QHBoxLayout;
     head->addWidget(summary_, 1);
     head->addWidget(cmdCure_);
@@ -118,9 +90,7 @@ ChecksDock::ChecksDock(Session& session, CircuitView& view)
     keepsItsPlace.setRetainSizeWhenHidden(true);
     cmdCure_->setSizePolicy(keepsItsPlace);
     cmdCure_->hide();
-    connect(cmdCure_, &QPushButton::clicked, this, [this] {
-        if (const Command* const cure = CureOfChosen()) session_.TryRun(*cure);
-    });
+    connect(cmdCure_, &QPushButton::clicked, this, [this] { Cure(); });
     setWidget(content);
     SetUpList();
 }
@@ -130,6 +100,7 @@ void ChecksDock::SetUpList() {
     list_->setWordWrap(true);
     list_->setTextElideMode(Qt::ElideNone);
     list_->setItemDelegate(new WrappedLines(*list_));
+    list_->setIconSize(QSize(MarkSide, MarkSide));
     list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     list_->setExpandsOnDoubleClick(false); // a click does
     list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
@@ -181,10 +152,12 @@ void ChecksDock::Check() {
     const bool wasHeading = chosen && IsHeading(*list_->currentItem());
     QString summary;
     try {
-        findings_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units,
-                                session_.MoneyMarks);
+        all_ = CheckDesign(session_.Catalogue, project.Design, project.Stock, project.Preferences.Units,
+                           session_.MoneyMarks);
+        findings_ = CrossingsTogether(project.Design.Circuit, all_, project.Preferences.Units);
         summary = SummaryOf(findings_);
     } catch (const Fault& fault) { // a stock that no count can hold
+        all_.clear();
         findings_.clear();
         summary = Shown(fault.what());
     }
@@ -300,13 +273,40 @@ void ChecksDock::ShowChosen() {
 const Command* ChecksDock::CureOfChosen() const {
     const Finding* const finding = Chosen();
     const auto cure =
-        std::ranges::find_if(Cures, [&](const Cure& one) { return finding != nullptr && one.Rule == finding->Rule; });
+        std::ranges::find_if(Cures, [&](const auto& one) { return finding != nullptr && one.Rule == finding->Rule; });
     return cure == std::end(Cures) ? nullptr : session_.Commands.Find(cure->Command);
+}
+
+/// What a heading stands for is not mended at once.
+std::optional<Mend> ChecksDock::MendOfChosen() const {
+    const Finding* const finding = Chosen();
+    if (finding == nullptr || IsHeading(*list_->currentItem())) return std::nullopt;
+    return MendOf(session_.Catalogue, session_.Project.Design, session_.Project.Stock, *finding);
+}
+
+void ChecksDock::Cure() {
+    if (const Command* const cure = CureOfChosen()) {
+        session_.TryRun(*cure);
+        return;
+    }
+    const std::optional<Mend> mend = MendOfChosen();
+    if (!mend) return;
+    session_.Do([&] {
+        session_.NameStep(mend->Caption);
+        session_.Project.Design.Circuit.Tracks[static_cast<std::size_t>(Chosen()->Track)] = mend->Track;
+        session_.Project.EditState.DataChanged = true;
+    });
 }
 
 void ChecksDock::OfferCure() {
     const Command* const cure = CureOfChosen();
-    cmdCure_->setVisible(cure != nullptr);
+    const std::optional<Mend> mend = cure == nullptr ? MendOfChosen() : std::nullopt;
+    cmdCure_->setVisible(cure != nullptr || mend);
+    if (mend) {
+        cmdCure_->setText(Shown(mend->Caption));
+        cmdCure_->setEnabled(true);
+        cmdCure_->setToolTip(Shown(mend->Text));
+    }
     if (cure == nullptr) return;
     const std::string whyNot = cure->WhyNot(session_);
     cmdCure_->setText(Shown(cure->Caption));
@@ -322,24 +322,23 @@ void ChecksDock::Mark() {
     for (const Finding& finding : findings_) {
         if (&finding == current || (isHeading && finding.Rule == current->Rule)) chosen.push_back(&finding);
     }
-    view_.SetOverlay(Owner, FindingsOverlay(session_.Catalogue, session_.Project.Design.Circuit, findings_, chosen));
+    view_.SetOverlay(Owner, FindingsOverlay(session_.Catalogue, session_.Project.Design.Circuit, all_, chosen));
 }
 
 void ChecksDock::Show(const Finding& finding) {
     session_.Do([&] {
         Project& project = session_.Project;
         const Track& track = project.Design.Circuit.Tracks[static_cast<std::size_t>(finding.Track)];
-        const int first = finding.Pieces.front();
-        const int last = finding.Pieces.back();
-        if (last > track.ElementLastIndex()) return;
+        if (finding.Pieces.back() > track.ElementLastIndex()) return;
         if (project.EditState.CurrentTrack != finding.Track) ChooseTrack(project.EditState, finding.Track);
-        SelectElement(project.Design.Circuit, project.EditState, first);
-        const bool isRun = last > first && last - first + 1 == static_cast<int>(finding.Pieces.size());
-        if (isRun) project.EditState.RunFrom = last;
+        const std::vector<int> run = RunsOf(finding.Pieces).front(); // no more can be selected
+        SelectElement(project.Design.Circuit, project.EditState, run.front());
+        if (run.size() > 1) project.EditState.RunFrom = run.back();
         if (finding.Rule == "open-track") return BringEndsIntoView(finding.Track);
         if (finding.Rule == "lanes-differ") return ShowCurves(finding);
         // The first piece comes last, so that it is seen even where not all of them can be.
-        if (finding.Other) BringPieceIntoView(*finding.Other);
+        for (const PieceAddress other : finding.Others)
+            BringPieceIntoView(other);
         for (auto element = finding.Pieces.rbegin(); element != finding.Pieces.rend(); ++element)
             BringPieceIntoView({finding.Track, *element});
     });

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "checks/finding.h"
+#include "checks/mends.h"
 #include "commands/session.h"
 #include "ui/circuit_view.h"
 #include "ui/panel_list.h"
@@ -26,8 +27,6 @@ public:
     /// To be called when something has changed. Several calls until the window is idle come to one check.
     void Refresh(const Changes& changes);
 
-    const std::vector<Finding>& Findings() const { return findings_; }
-
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -43,6 +42,8 @@ private:
     void Choose(const Finding& finding, bool heading);
     void ShowChosen();
     const Command* CureOfChosen() const;
+    std::optional<Mend> MendOfChosen() const;
+    void Cure();
     void OfferCure();
     void Mark();
     void Show(const Finding& finding);
@@ -56,8 +57,9 @@ private:
     CircuitView& view_;
     PanelList* const list_;
     QLabel* const summary_;
-    QPushButton* const cmdCure_; ///< beside the chosen finding's rule
-    std::vector<Finding> findings_;
+    QPushButton* const cmdCure_;          ///< beside the chosen finding's rule
+    std::vector<Finding> all_;            ///< as they are marked
+    std::vector<Finding> findings_;       ///< as they are listed: a crossing as one
     std::set<std::string_view> unfolded_; ///< the rules whose findings are listed below their heading
     bool waiting_ = false;                ///< a check is due
 };

@@ -11,17 +11,29 @@ class ElidedLabel : public QLabel {
 public:
     ElidedLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); }
 
+    /// Texts in whose favour it gives way first, the longest first.
+    void SetShorter(const QStringList& texts) { shorter_ = texts; }
+
+    /// The longest of its texts that there is room for; the shortest where there is not even for that.
+    QString Fitting() const {
+        for (const QString& one : QStringList(text()) + shorter_) {
+            if (fontMetrics().horizontalAdvance(one) <= contentsRect().width()) return one;
+        }
+        return shorter_.isEmpty() ? text() : shorter_.back();
+    }
+
     void SetAllOrNothing(bool isAllOrNothing) { isAllOrNothing_ = isAllOrNothing; }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+        const QString shown = fontMetrics().elidedText(Fitting(), Qt::ElideRight, contentsRect().width());
         setToolTip(shown == text() ? QString() : text());
         if (isAllOrNothing_ && shown != text()) return;
         QPainter(this).drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
     }
 
 private:
+    QStringList shorter_;
     bool isAllOrNothing_ = false;
 };
 

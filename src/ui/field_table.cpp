@@ -284,9 +284,7 @@ void FieldTable::SetWords(int column) {
 void FieldTable::FitWords() {
     if (words_ < 0) return;
     const int others = header()->length() - columnWidth(words_);
-    const int words = std::max(sizeHintForColumn(words_), header()->sectionSizeHint(words_));
-    const int room = std::max(viewport()->width() - others, header()->minimumSectionSize());
-    header()->resizeSection(words_, std::min(words, room));
+    header()->resizeSection(words_, std::max(viewport()->width() - others, header()->minimumSectionSize()));
 }
 
 void FieldTable::updateGeometries() {

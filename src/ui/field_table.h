@@ -35,7 +35,7 @@ public:
     void SetHint(int column, const QString& hint) { hints_[column] = hint; }
     QString HintOf(int column) const;
 
-    /// A column that is as wide as its words, but gives way where the others leave it less.
+    /// A column of words, which takes what the others leave.
     void SetWords(int column);
 
     /// What stands in the place of lines while none is shown.

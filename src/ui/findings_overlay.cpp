@@ -1,8 +1,11 @@
 #include "ui/findings_overlay.h"
 
+#include "imaging/painter_surface.h"
 #include "layout/outline.h"
 #include "layout/placement.h"
 
+#include <QPainter>
+#include <QPixmap>
 #include <QPolygonF>
 
 #include <algorithm>
@@ -64,11 +67,12 @@ std::vector<WorldPoint> PointsOf(const QPolygonF& polygon) {
 
 void AddSharedGround(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
     const PieceAddress first{finding.Track, finding.Pieces.front()};
-    const PieceAddress second = finding.Other.value_or(PieceAddress{finding.Track, finding.Pieces.back()});
+    const PieceAddress second =
+        finding.Others.empty() ? PieceAddress{finding.Track, finding.Pieces.back()} : finding.Others.front();
     const PiecePlacement* const a = pieces.At(first);
     const PiecePlacement* const b = pieces.At(second);
     if (a == nullptr || b == nullptr) return;
-    overlay.emplace_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true});
+    overlay.emplace_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true, true});
 }
 
 /// The middle of the track's width where a cursor stands.
@@ -82,13 +86,13 @@ void AddGap(Overlay& overlay, const LaidPieces& pieces, const Circuit& circuit, 
     constexpr double width = 15.5; // of most track: the line need not hit the middle to the millimetre
     const LineSegment gap{MiddleAt(pieces.EndOf(finding.Track), width),
                           MiddleAt(circuit.Tracks[static_cast<std::size_t>(finding.Track)].Start(), width)};
-    overlay.emplace_back(OverlayPath{{gap}, ColourOf(finding.Severity), 3, true});
+    overlay.emplace_back(OverlayPath{{gap}, ColourOf(finding.Severity), 3, true, 0, true});
 }
 
 void AddEdges(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
     for (const int element : finding.Pieces) {
         if (const PiecePlacement* const piece = pieces.At({finding.Track, element}))
-            overlay.emplace_back(OverlayPath{EdgesOf(*piece), ErrorColour, 4, false});
+            overlay.emplace_back(OverlayPath{EdgesOf(*piece), ErrorColour, 4, false, 0, true});
     }
 }
 
@@ -96,7 +100,8 @@ void AddTints(Overlay& overlay, const LaidPieces& pieces, const Finding& finding
               const std::vector<PieceAddress>& places) {
     for (const PieceAddress place : places) {
         if (const PiecePlacement* const piece = pieces.At(place))
-            overlay.emplace_back(OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false});
+            overlay.emplace_back(
+                OverlayArea{OutlinePolygon(*piece, Tolerance), ColourOf(finding.Severity), false, true});
     }
 }
 
@@ -119,6 +124,33 @@ Colour ColourOf(Severity severity) {
     return AdviceColour;
 }
 
+QIcon IconOf(Severity severity) {
+    constexpr int side = MarkSide;
+    constexpr int finest = 3; // pixels that one is wide on the finest screens
+    QPixmap drawing(side * finest, side * finest);
+    drawing.setDevicePixelRatio(finest);
+    drawing.fill(Qt::transparent);
+    QPainter painter(&drawing);
+    painter.setRenderHint(QPainter::Antialiasing);
+    constexpr double rim = 1.5; // which parts it from the ground of a line that is chosen
+    painter.setPen(QPen(Qt::white, rim));
+    painter.setBrush(ToQColor(ColourOf(severity)));
+    switch (severity) {
+    case Severity::Error:
+        painter.drawEllipse(1, 1, side - 2, side - 2);
+        break;
+    case Severity::Warning:
+        painter.drawPolygon(QPolygonF{{side / 2.0, 1}, {side - 1.0, side - 2.0}, {1, side - 2.0}});
+        break;
+    case Severity::Advice:
+        painter.drawRect(2, 2, side - 4, side - 4);
+        break;
+    }
+    QIcon icon(drawing);
+    icon.addPixmap(drawing, QIcon::Selected); // or the ground of the chosen line would tint it
+    return icon;
+}
+
 std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding) {
     std::vector<PieceAddress> places;
     if (finding.Rule == "lanes-differ") {
@@ -128,10 +160,10 @@ std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& ci
         }
         return places;
     }
-    places.reserve(finding.Pieces.size() + 1);
+    places.reserve(finding.Pieces.size() + finding.Others.size());
     for (const int element : finding.Pieces)
         places.push_back({finding.Track, element});
-    if (finding.Other) places.push_back(*finding.Other);
+    places.insert(places.end(), finding.Others.begin(), finding.Others.end());
     return places;
 }
 

@@ -16,13 +16,16 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QMimeData>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTimer>
 
+#include <cstdlib>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 namespace pistaro {
 
@@ -50,6 +53,37 @@ QIcon ProgramIcon() {
 
 /// Of panels that stand behind each other the toolkit keeps all but one beside the window.
 bool IsInFront(const QDockWidget& panel) { return panel.isVisible() && panel.geometry().right() >= 0; }
+
+/// Whether it stands in front below the drawing.
+bool IsBelow(const QMainWindow& window, QDockWidget& panel) {
+    return IsInFront(panel) && !panel.isFloating() && window.dockWidgetArea(&panel) == Qt::BottomDockWidgetArea;
+}
+
+/// Has panels below the drawing keep their part of a window that becomes as large as the screen, or is that no longer.
+class PanelShares : public QObject {
+public:
+    PanelShares(QMainWindow& window, std::vector<QDockWidget*> panels)
+        : QObject(&window), window_(window), panels_(std::move(panels)) {}
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Resize) return false;
+        constexpr int leap = 100; // pixels: who drags an edge makes smaller steps, and the drawing takes these
+        const int before = static_cast<QResizeEvent*>(event)->oldSize().height();
+        const int now = static_cast<QResizeEvent*>(event)->size().height();
+        if (before <= 0 || std::abs(now - before) < leap) return false;
+        for (QDockWidget* const panel : panels_) {
+            if (!IsBelow(window_, *panel)) continue;
+            QTimer::singleShot(0, panel, [this, panel, height = panel->height() * now / before] {
+                window_.resizeDocks({panel}, {height}, Qt::Vertical);
+            });
+        }
+        return false;
+    }
+
+private:
+    QMainWindow& window_;
+    const std::vector<QDockWidget*> panels_;
+};
 
 void Toggle(QDockWidget& panel) {
     if (IsInFront(panel)) return panel.hide();
@@ -159,6 +193,7 @@ void frmCorvel::AddPanels() {
     picture_->Gone = [this] { controls_.Refresh(); };
     dialogs_.Offer(Panel::Picture, {[this] { picture_->Toggle(); }, [this] { return !picture_->isHidden(); }});
     middle_->tabifyDockWidget(checks_, money_);
+    middle_->installEventFilter(new PanelShares(*middle_, {checks_, money_}));
     for (QTabBar* const tabs : middle_->findChildren<QTabBar*>())
         tabs->setFocusPolicy(Qt::NoFocus); // they are there before any panel is; keys and menu bring one to the front
 }

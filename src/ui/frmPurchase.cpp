@@ -25,8 +25,11 @@ QLabel* NewText(const char* name, const QString& text) {
     return label;
 }
 
-/// How good a total is that a price could change which nobody has entered yet.
-constexpr const char* UnpricedRank = "as far as prices are known.";
+/// What ends the sentence of a total that a price could change which nobody has entered yet: it is not called the
+/// cheapest, and where something has no price at all it is not the whole.
+std::string UnprovenRank(const PurchaseReport& report) {
+    return report.Unsold.empty() ? "." : ", as far as prices are known.";
+}
 
 /// "C160, C159 and C8006".
 QString Listed(const std::vector<std::string>& codes) {
@@ -148,10 +151,11 @@ QLabel* frmPurchase::Total() const {
     const auto priced = [&](Cents cents) { return Amount(cents, report_.Currency); };
     const QString above = report_.AboveBound == 0 ? "" : "at most " + priced(report_.AboveBound) + " above ";
     const QString without = report_.Unsold.empty() ? "" : " without what has no price";
-    const QString rank = report_.BoxedCodes.empty() ? above + "the cheapest there is." : QString(UnpricedRank);
+    const QString rank =
+        report_.BoxedCodes.empty() ? ", " + above + "the cheapest there is." : Shown(UnprovenRank(report_));
     QLabel* const label =
         NewText("lblPurchaseTotal", report_.Lines.empty() ? "What is missing has no price yet."
-                                                          : "Total " + priced(report_.Total) + without + ", " + rank);
+                                                          : "Total " + priced(report_.Total) + without + rank);
     QFont bold = label->font();
     bold.setBold(true);
     label->setFont(bold);
@@ -202,8 +206,9 @@ QPushButton* frmPurchase::Copy() {
     QPushButton* const cmdCopy = NewButton("cmdCopyPurchase", "&Copy");
     cmdCopy->setToolTip("Put the list on the clipboard, as text");
     connect(cmdCopy, &QPushButton::clicked, this, [this] {
-        const std::string rank = report_.BoxedCodes.empty() ? "" : UnpricedRank;
-        session_.Windows->PutOnClipboard({.Text = PurchaseText(report_, rank), .Png = {}, .Svg = {}});
+        const std::string text =
+            report_.BoxedCodes.empty() ? PurchaseText(report_) : PurchaseText(report_, UnprovenRank(report_));
+        session_.Windows->PutOnClipboard({.Text = text, .Png = {}, .Svg = {}});
     });
     return cmdCopy;
 }

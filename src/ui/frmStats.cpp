@@ -39,12 +39,12 @@ QGroupBox* NewFrame(int index, const StatisticsFrame& texts, const BuiltLanes& b
     };
     const auto lengthUnit = [&](const char* name, int place) { return Named(NewLabel(units.Name()), name, place); };
     add(LeftLengthCaption, "lblLL", texts.Left, lengthUnit("lblUnit", 2 * index));
-    add(RightLengthCaption, "lblRL", texts.Right, lengthUnit("lblUnit", 2 * index + 1));
-    add(PriceCaption, "lblPrice", texts.Price, Named(NewLabel(Shown(units.Currency)), "lblCurrency", index));
-    add(ElementsCaption, "lblElNum", texts.Elements, nullptr);
     add(BuiltLeftCaption, "lblBuiltLeft", FineLength(built.Lengths[0], units), lengthUnit("lblBuiltUnit", 2 * index));
+    add(RightLengthCaption, "lblRL", texts.Right, lengthUnit("lblUnit", 2 * index + 1));
     add(BuiltRightCaption, "lblBuiltRight", FineLength(built.Lengths[1], units),
         lengthUnit("lblBuiltUnit", 2 * index + 1));
+    add(PriceCaption, "lblPrice", texts.Price, Named(NewLabel(Shown(units.Currency)), "lblCurrency", index));
+    add(ElementsCaption, "lblElNum", texts.Elements, nullptr);
     if (built.Joined) frame->setToolTip(Shown(LanesText(built, units)));
     return frame;
 }

@@ -259,9 +259,10 @@ void MoneyDock::ShowTotals() {
         toBuy += sum;
         if (price == 0) unpriced += lacking;
     }
-    pieces_->setText(WholeDesign() +
-                     Shown(CountText(pieces, "piece") + ", " +
-                           (pieces > 0 && missing == 0 ? "all owned" : std::to_string(missing) + " missing")));
+    const QString lack = pieces > 0 && missing == 0 ? "all owned" : QString::number(missing) + " missing";
+    const QString counts = Shown(CountText(pieces, "piece")) + ", " + lack;
+    pieces_->setText(WholeDesign() + counts);
+    pieces_->SetShorter({counts, missing == 0 ? lack : lack + " of " + QString::number(pieces)});
     QStringList parts;
     if (toBuy > 0 || unpriced == 0) parts += Amount(toBuy, session_.Project.Preferences.Units.Currency);
     if (unpriced > 0) parts += Shown(CountText(unpriced, "piece")) + " without a price";

@@ -1,8 +1,11 @@
-// The list of a panel below the drawing: at first a few lines high, so that it leaves the drawing its height.
+// The list of a panel below the drawing: at first a few lines high, more in a high window, so that it leaves the
+// drawing the larger part.
 #pragma once
 
 #include <QKeyEvent>
 #include <QTreeWidget>
+
+#include <algorithm>
 
 namespace pistaro {
 
@@ -23,8 +26,11 @@ public:
     }
 
     QSize sizeHint() const override {
-        constexpr int lines = 7; // the heading among them
-        return {QTreeWidget::sizeHint().width(), lines * (fontMetrics().height() + 2)};
+        constexpr int lines = 7;     // the heading among them
+        constexpr int others = 200;  // pixels of a window that no panel shares: menus, headings, the line below
+        constexpr double part = 0.3; // of the rest
+        const int share = static_cast<int>(part * (window()->height() - others));
+        return {QTreeWidget::sizeHint().width(), std::max(lines * (fontMetrics().height() + 2), share)};
     }
 };
 

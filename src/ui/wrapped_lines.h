@@ -18,7 +18,7 @@ public:
         QStyleOptionViewItem wrapped = option;
         constexpr int anyHeight = 10'000;
         if (index.column() > 0) wrapped.rect = QRect(0, 0, list_.columnWidth(index.column()), anyHeight);
-        constexpr int between = 4; // pixels, so that it is seen where a line ends
+        constexpr int between = 2; // pixels, so that it is seen where a line ends
         return QStyledItemDelegate::sizeHint(wrapped, index) + QSize(0, between);
     }
 

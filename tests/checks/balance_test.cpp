@@ -79,10 +79,10 @@ TEST(Balance, NeedsNoChangeWhereLanesAreEven) {
 
 TEST(Balance, IsNotFoundWithoutStraightsOfAChangeOversLength) {
     EXPECT_EQ(Told("C159 " + HalfTurn + "C159 " + HalfTurn),
-              "The lanes differ by 49.6 cm. One to three changes that balance them were not found.");
+              "The lanes differ by 49.6 cm. Nothing brings them within 1.0 cm: no straight has a change-over of its "
+              "length, and turning bends round does not help.");
     EXPECT_EQ(Told("C8006 " + HalfTurn + "C159 C159 " + HalfTurn + "C151R"),
-              "Each lane leads into the other. One to three changes that balance them were not found. The track does "
-              "not close yet; close it first.");
+              "Each lane leads into the other. The track is open: close it first (Track ▸ Close the Loop).");
 }
 
 TEST(Balance, TakesAChangeOverOutOfAFigureOfEight) {

@@ -107,7 +107,7 @@ TEST(Rules, TellOverlapsOfOneTrackAndOfTwo) {
 
     EXPECT_THAT(Told(project, "overlap"),
                 ElementsAre("error 1 [0] C160 (0) and C160 (0) of track 2 overlap by 350 cm²."));
-    EXPECT_EQ(FindingsOf(project).front().Other, (PieceAddress{1, 0}));
+    EXPECT_EQ(FindingsOf(project).front().Others, (std::vector<PieceAddress>{{1, 0}}));
     EXPECT_THAT(Told(Times(8, "C151L") + "C160", "overlap"),
                 Contains("error 1 [0,8] C151L (0) and C160 (8) overlap by 309 cm²."));
 }
@@ -137,6 +137,24 @@ Project InARoom(const std::string& codes, int right) {
     const auto x = static_cast<std::int16_t>(right);
     project.Design.Room.Points = {{-50, -50, 0}, {x, -50, 1}, {x, 50, 1}, {-50, 50, 1}, {-50, -50, 1}};
     return project;
+}
+
+TEST(Rules, TellWhatStandsInAPillarOrRunsThroughAnInnerWall) {
+    Project project = InARoom("C160", 100);
+    std::vector<RoomPoint>& points = project.Design.Room.Points;
+    const std::size_t walls = points.size();
+    for (const RoomPoint corner : {RoomPoint{10, -10, 0}, {40, -10, 1}, {40, 10, 1}, {10, 10, 1}, {10, -10, 1}})
+        points.push_back(corner);
+    EXPECT_THAT(Told(project, "outside-room"), ElementsAre("error 1 [0] C160 (0) stands in a pillar, 5.5 cm deep."));
+    project.Design.Circuit.Tracks[0].ElementCodes.emplace_back("C160"); // which leaves the room
+    EXPECT_THAT(Told(project, "outside-room"), ElementsAre("error 1 [0] C160 (0) stands in a pillar, 5.5 cm deep.",
+                                                           "error 1 [1] C160 (1) leaves the room by 20.0 cm."));
+
+    points.resize(walls);
+    points.push_back({-20, 10, 0});
+    points.push_back({40, 10, 1});
+    project.Design.Circuit.Tracks[0].ElementCodes.pop_back();
+    EXPECT_THAT(Told(project, "outside-room"), ElementsAre("error 1 [0] C160 (0) runs through an inner wall."));
 }
 
 TEST(Rules, TellPiecesOutsideTheRoomAndNearItsWalls) {

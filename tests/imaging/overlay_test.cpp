@@ -64,6 +64,27 @@ TEST_F(Overlays, DashedPathsHaveGaps) {
     EXPECT_GE(changes, 10);
 }
 
+TEST_F(Overlays, WhatIsCasedIsToldFromTrackOfItsOwnColour) {
+    const std::vector<WorldPoint> square{{-20, -20}, {20, -20}, {20, 20}, {-20, 20}};
+    const OverlayPath ground{.Path = {LineSegment{{-90, 0}, {90, 0}}}, .InkColour = Violet, .Pixels = 80};
+    const auto paler = [&](const OverlayItem& item) { // pixels other than the ground's own
+        const QImage image = Painted({ground, item});
+        int count = 0;
+        for (int x = -80; x < 80; ++x)
+            for (int y = -35; y < 35; ++y)
+                count += image.pixelColor(200 + x, 100 - y).green() > 60;
+        return count;
+    };
+
+    EXPECT_EQ(paler(OverlayArea{square, Violet, true}), 0);
+    EXPECT_GT(paler(OverlayArea{square, Violet, true, true}), 1000) << "its ground between the hatches";
+    EXPECT_GT(paler(OverlayArea{square, Violet, false, true}), 200) << "round its edge";
+    OverlayPath path{.Path = {LineSegment{{-50, 0}, {50, 0}}}, .InkColour = Violet, .Pixels = 4};
+    EXPECT_EQ(paler(path), 0);
+    path.Cased = true;
+    EXPECT_GT(paler(path), 200);
+}
+
 TEST_F(Overlays, ReachBesideTheViewsSquare) {
     const QImage image =
         Painted({OverlayPath{.Path = {LineSegment{{-190, 0}, {190, 0}}}, .InkColour = Violet, .Pixels = 3}});

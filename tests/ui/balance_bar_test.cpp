@@ -144,6 +144,25 @@ TEST_F(BalanceStrip, ThePanelBelowTheDrawingMakesRoomForIt) {
     EXPECT_TRUE(Find<QWidget>("fraChecks").isVisible());
 }
 
+TEST_F(BalanceStrip, ThePanelThatWasInFrontComesBackInFront) {
+    Click("cmdLeaveBalance");
+    for (const char* const front : {"mnuMoney", "mnuChecks"}) {
+        for (const char* const panel : {"mnuChecks", "mnuMoney"}) {
+            if (!Entry(panel).isChecked()) Choose(panel);
+            QTest::qWait(20);
+        }
+        if (!Entry(front).isChecked()) Choose(front);
+        QTest::qWait(20);
+        Choose("mnuBalance");
+        QTest::qWait(20);
+        Click("cmdBalance");
+        QTest::qWait(20);
+        EXPECT_TRUE(Entry(front).isChecked()) << front;
+        EXPECT_FALSE(Find<QWidget>("fraBalance").isVisible());
+        Choose("mnuUndo");
+    }
+}
+
 TEST_F(BalanceStrip, ThePanelBelowComesBackWhenTheWindowIsClosed) {
     Click("cmdLeaveBalance");
     Choose("mnuMoney");
@@ -217,8 +236,7 @@ TEST_F(BalanceStrip, AsksForAnOpenTrackToBeClosed) {
 
     ASSERT_EQ(Prompts.Told.size(), 1U);
     EXPECT_EQ(Prompts.Told[0].Text,
-              "The lanes differ by 24.8 cm. One to three changes that balance them were not found. "
-              "The track does not close yet; close it first.");
+              "The lanes differ by 24.8 cm. The track is open: close it first (Track ▸ Close the Loop).");
 }
 
 TEST_F(BalanceStrip, HasLanesInColoursShowWhereTheyWouldRun) {

@@ -26,12 +26,9 @@ protected:
         QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().visualItemRect(&line).center());
     }
 
-    /// Two tracks of straights that lie on one another.
-    void OpenOnAHeap() {
-        const std::string straights = "C160 C160 C160 C160 C160 C160 C160";
-        pistaro::Project project = ProjectOf(straights, straights);
-        project.Design.Circuit.Tracks[1].TrackStartX = project.Design.Circuit.Tracks[0].TrackStartX + 5;
-        Open(std::move(project));
+    /// Seven joints at which two systems meet.
+    void OpenOnAMix() {
+        Open(ProjectOf("C160 N10102 C160 N10102 C160 N10102 C160 N10102"));
         ShowPanel("mnuChecks");
     }
 };
@@ -100,7 +97,8 @@ TEST_F(ChecksList, AFindingIsWrappedWhereTheListIsNarrow) {
     const int height = heightAt(260);
 
     EXPECT_LE(dock.width(), 260);
-    const int width = List().columnWidth(1) - 8;
+    const int margin = List().style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &List()) + 1;
+    const int width = List().columnWidth(1) - 2 * margin;
     const QRect needed = List().fontMetrics().boundingRect(QRect(0, 0, width, 1000), Qt::TextWordWrap,
                                                            Line("The track does not close").text(1));
     EXPECT_GT(needed.height(), letters) << "it takes several lines";
@@ -125,14 +123,14 @@ TEST_F(ChecksList, LanesThatDifferAreShownByTheCurves) {
 }
 
 TEST_F(ChecksList, ManyFindingsOfARuleStandBelowAHeading) {
-    OpenOnAHeap();
-    QTreeWidgetItem& heading = Line("Pieces that overlap");
-    EXPECT_EQ(heading.text(1).toStdString(), "Pieces that overlap (7)");
+    OpenOnAMix();
+    QTreeWidgetItem& heading = Line("A joint of two systems");
+    EXPECT_EQ(heading.text(1).toStdString(), "A joint of two systems without the adapter (7)");
     EXPECT_EQ(heading.text(0), "1") << "the track on which they are";
     EXPECT_EQ(heading.childCount(), 7);
     EXPECT_FALSE(heading.isExpanded());
     const int selected = Project.EditState.SelectedElement();
-    EXPECT_EQ(Text("lblChecks"), "9 errors, 0 warnings, 4 pieces of advice");
+    EXPECT_EQ(Text("lblChecks"), "8 errors, 0 warnings, 2 pieces of advice");
 
     ClickOn(heading);
 
@@ -142,8 +140,104 @@ TEST_F(ChecksList, ManyFindingsOfARuleStandBelowAHeading) {
         const auto* const area = std::get_if<OverlayArea>(&item);
         tinted += area != nullptr && !area->Hatched;
     }
-    EXPECT_EQ(tinted, 14) << "both pieces of each of the seven overlaps";
+    EXPECT_EQ(tinted, 14) << "both pieces at each of the seven joints";
     EXPECT_EQ(Project.EditState.SelectedElement(), selected) << "none of them is meant more than the others";
+}
+
+TEST_F(ChecksList, ACrossingOfTwoRunsIsOneLine) {
+    const std::string straights = "C160 C160 C160 C160 C160 C160 C160";
+    pistaro::Project project = ProjectOf(straights, straights);
+    project.Design.Circuit.Tracks[1].TrackStartX = project.Design.Circuit.Tracks[0].TrackStartX + 5;
+    Open(std::move(project));
+    ShowPanel("mnuChecks");
+    EXPECT_TRUE(Text("lblChecks").starts_with("3 errors")) << "both tracks are open";
+    const auto overlays = [this](bool hatched) {
+        return std::ranges::count_if(Canvas().OverlayOf("checks"), [&](const OverlayItem& item) {
+            const auto* const area = std::get_if<OverlayArea>(&item);
+            return area != nullptr && area->Hatched == hatched;
+        });
+    };
+    EXPECT_EQ(overlays(true), 7) << "all that they share is marked";
+
+    ClickOn(Line("C160 (0) to C160 (6) and C160 (0) to C160 (6) of track 2 overlap by "));
+
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 0);
+    EXPECT_EQ(Project.EditState.RunFrom, 6);
+    EXPECT_EQ(overlays(false), 14) << "the pieces of both";
+}
+
+TEST_F(ChecksList, PutsInWhatATrackLacks) {
+    Open(ProjectOf("C160 C159 C160"));
+    ShowPanel("mnuChecks");
+
+    ClickOn(Line("The track has no lap counter"));
+    EXPECT_EQ(Button("cmdCure").text(), "Put One In");
+    EXPECT_EQ(Button("cmdCure").toolTip(), "C277 in place of C159 (1)");
+    Click("cmdCure");
+    QTest::qWait(1);
+
+    EXPECT_EQ(Codes(), "C160 C277 C160");
+    EXPECT_TRUE(List().findItems("The track has no lap counter", Qt::MatchStartsWith, 1).isEmpty());
+    Entry("mnuUndo").trigger();
+    EXPECT_EQ(Codes(), "C160 C159 C160");
+}
+
+TEST_F(ChecksList, OffersNothingWhereNoPieceFits) {
+    Open(ProjectOf("C160 C151L C160"));
+    ShowPanel("mnuChecks");
+
+    ClickOn(Line("The track has no lap counter"));
+
+    EXPECT_FALSE(Find<QWidget>("cmdCure").isVisible());
+}
+
+TEST_F(ChecksList, MovesATrackIntoTheRoom) {
+    pistaro::Project project = ProjectOf("C160 C160 C160");
+    project.Design.Room.Points = {{50, 0, 0}, {250, 0, 1}, {250, 200, 1}, {50, 200, 1}, {50, 0, 1}};
+    Open(std::move(project));
+    ShowPanel("mnuChecks");
+
+    ClickOn(Line("C160 (0) to C160 (2) leave the room"));
+    EXPECT_EQ(Button("cmdCure").text(), "Move into the Room");
+    Click("cmdCure");
+    QTest::qWait(1);
+
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartX, 55);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartY, 5);
+    EXPECT_TRUE(List().findItems("leave", Qt::MatchContains, 1).isEmpty());
+    Entry("mnuUndo").trigger();
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].TrackStartX, 0);
+}
+
+TEST_F(ChecksList, HasMoreLinesInAHigherWindow) {
+    Open(ProjectOf("C160"));
+    Window->resize(1366, 740);
+    ShowPanel("mnuChecks");
+    const int low = Find<QWidget>("fraChecks").height();
+    EXPECT_GE(List().viewport()->height(), 6 * List().visualItemRect(List().topLevelItem(0)).height());
+    EXPECT_GT(Canvas().height(), 740 / 2);
+    ShowPanel("mnuChecks");
+
+    Open(ProjectOf("C160"));
+    Window->resize(1900, 1040);
+    ShowPanel("mnuChecks");
+    EXPECT_GT(Find<QWidget>("fraChecks").height(), low + 40);
+    EXPECT_GT(Canvas().height(), 1040 / 2);
+}
+
+TEST_F(ChecksList, KeepsItsPartOfAWindowThatBecomesLarge) {
+    Open(ProjectOf("C160"));
+    Window->resize(1366, 740);
+    ShowPanel("mnuChecks");
+    auto& dock = Find<QWidget>("fraChecks");
+    const int low = dock.height();
+
+    Window->resize(1900, 1040);
+    QTest::qWait(20);
+    EXPECT_GT(dock.height(), low + 60);
+    Window->resize(1366, 740);
+    QTest::qWait(20);
+    EXPECT_NEAR(dock.height(), low, 8);
 }
 
 TEST_F(ChecksList, WhatFollowsFromAMissingPieceStandsBelowTheOpenTrack) {
@@ -200,8 +294,8 @@ TEST(SeverityColours, AdviceIsSeenOnAllGroundsAndIsNoneOfTheOtherMarks) {
 }
 
 TEST_F(ChecksList, TheArrowKeysSelectThePiecesOfEachFinding) {
-    OpenOnAHeap();
-    QTreeWidgetItem& heading = Line("Pieces that overlap");
+    OpenOnAMix();
+    QTreeWidgetItem& heading = Line("A joint of two systems");
     List().setFocus();
     List().setCurrentItem(&heading);
     QTest::keyClick(&List(), Qt::Key_Right);
@@ -213,32 +307,32 @@ TEST_F(ChecksList, TheArrowKeysSelectThePiecesOfEachFinding) {
 
     QTest::keyClick(&List(), Qt::Key_Delete);
 
-    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 7U);
+    EXPECT_EQ(Project.Design.Circuit.Tracks[0].ElementCodes.size(), 8U);
 }
 
 TEST_F(ChecksList, StaysWhereItsUserIsWhenItChecksAgain) {
-    OpenOnAHeap();
-    ClickOn(Line("Pieces that overlap"));
-    QTreeWidgetItem& third = *Line("Pieces that overlap").child(2);
+    OpenOnAMix();
+    ClickOn(Line("A joint of two systems"));
+    QTreeWidgetItem& third = *Line("A joint of two systems").child(2);
     const QString text = third.text(1);
     ClickOn(third);
 
     Session->Do([&] { Project.Design.Circuit.Tracks[1].ElementCodes.emplace_back("C160"); });
     QTest::qWait(1);
 
-    EXPECT_TRUE(Line("Pieces that overlap").isExpanded());
+    EXPECT_TRUE(Line("A joint of two systems").isExpanded());
     ASSERT_NE(List().currentItem(), nullptr);
     EXPECT_EQ(List().currentItem()->text(1), text);
 }
 
 TEST_F(ChecksList, AHeadingStaysChosenWhenItChecksAgain) {
-    OpenOnAHeap();
-    ClickOn(Line("Pieces that overlap"));
+    OpenOnAMix();
+    ClickOn(Line("A joint of two systems"));
 
     Session->Do([&] { Project.Design.Circuit.Tracks[1].ElementCodes.emplace_back("C160"); });
     QTest::qWait(1);
 
-    EXPECT_EQ(List().currentItem(), &Line("Pieces that overlap"));
+    EXPECT_EQ(List().currentItem(), &Line("A joint of two systems"));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Stock and price as a panel: whose undo it is, what its buttons lead to, and how it uses a wide or narrow window.
 #include "support/stock.h"
+#include "ui/elided_label.h"
 #include "ui/field_table.h"
 #include "ui/panels_fixture.h"
 
@@ -109,15 +110,32 @@ TEST_F(MoneyPanel, LeadsToLooseTrackAndTellsItsKey) {
     EXPECT_TRUE(stock->isVisible());
 }
 
-TEST_F(MoneyPanel, KeepsNamesAndNumbersTogetherInAWideWindow) {
+TEST_F(MoneyPanel, FillsAWideWindowByItsNames) {
+    const int narrow = List().columnWidth(2);
     Window->resize(1920, 1000);
     QTest::qWait(20);
 
-    const int name = List().columnWidth(1);
     const int words = List().fontMetrics().horizontalAdvance(List().topLevelItem(1)->text(1));
-    EXPECT_GE(name, words) << "nothing of it is cut";
-    EXPECT_LE(name, words + 60);
-    EXPECT_LT(List().header()->length(), List().viewport()->width()) << "the rest is empty";
+    EXPECT_GT(List().columnWidth(1), words + 60);
+    EXPECT_EQ(List().columnWidth(2), narrow) << "numbers keep their width";
+    EXPECT_EQ(List().header()->length(), List().viewport()->width());
+}
+
+TEST_F(MoneyPanel, TellsTheCountsShorterWhereThereIsLessRoom) {
+    TypePrice("4"); // else its hint stands there
+    auto& counts = Find<ElidedLabel>("lblMoneyPieces");
+    ASSERT_TRUE(counts.isVisible());
+    const QString whole = counts.text();
+    const QFontMetrics metrics = counts.fontMetrics();
+
+    counts.resize(metrics.horizontalAdvance(whole) + 2, counts.height());
+    EXPECT_EQ(counts.Fitting(), whole);
+    counts.resize(metrics.horizontalAdvance(whole) - 10, counts.height());
+    const QString shorter = counts.Fitting();
+    EXPECT_NE(shorter, whole);
+    EXPECT_TRUE(whole.endsWith(shorter)) << shorter.toStdString();
+    counts.resize(metrics.horizontalAdvance(shorter) - 10, counts.height());
+    EXPECT_TRUE(counts.Fitting().contains(" missing of ")) << counts.Fitting().toStdString();
 }
 
 TEST_F(MoneyPanel, ShowsItsHintWholeOrNotAtAll) {
