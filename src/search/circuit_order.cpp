@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
+#include <iterator>
 
 namespace pistaro {
 
@@ -36,21 +36,18 @@ std::vector<double> ScoresBesideEachOther(const std::vector<FoundCircuit>& found
 }
 
 std::vector<RankedCircuit> OneOfEachShape(const std::vector<FoundCircuit>& found, const std::vector<double>& scores,
-                                          int count,
-                                          bool (*isSameShape)(const CircuitLook& one, const CircuitLook& other)) {
-    std::vector<std::size_t> places(found.size());
-    std::iota(places.begin(), places.end(), std::size_t{0});
-    std::ranges::stable_sort(places, [&](std::size_t a, std::size_t b) { return scores[a] > scores[b]; });
+                                          int count) {
     std::vector<RankedCircuit> shapes;
-    for (const std::size_t place : places) {
-        const auto same = std::ranges::find_if(shapes, [&](const RankedCircuit& shape) {
-            return isSameShape(found[shape.Place].Look, found[place].Look);
-        });
-        if (same != shapes.end()) {
-            ++same->Others;
-        } else if (shapes.size() < static_cast<std::size_t>(count)) {
-            shapes.push_back({place});
-        }
+    const auto shapeOf = [&](std::size_t place) {
+        return std::ranges::find_if(
+            shapes, [&](const RankedCircuit& shape) { return LookAlike(found[shape.Place].Look, found[place].Look); });
+    };
+    for (const std::size_t place : BestOf(found, count, scores)) {
+        if (shapeOf(place) == shapes.end()) shapes.push_back({place, {}, -1}); // it is counted itself, too
+    }
+    for (std::size_t place = 0; place < found.size(); ++place) {
+        const auto shape = shapeOf(place);
+        if (shape != shapes.end()) ++shape->Others;
     }
     return shapes;
 }
@@ -84,16 +81,17 @@ std::vector<RankedCircuit> InOrder(const std::vector<std::size_t>& places) {
 std::vector<RankedCircuit> InWishedOrder(const std::vector<FoundCircuit>& found, const OrderWish& wish,
                                          const std::function<bool(std::size_t)>& isClear) {
     const std::vector<double> scores = ScoresBesideEachOther(found, wish.Weights);
-    const bool isLikeOneDesign = wish.Weights.Likeness > 0; // and so like each other, too
-    if (wish.OneOfEachShape) {
-        auto shapes = OneOfEachShape(found, scores, wish.Count, isLikeOneDesign ? LookAlike : LookRelated);
-        std::stable_partition(shapes.begin(), shapes.end(),
-                              [&](const RankedCircuit& shape) { return isClear(shape.Place); });
-        return shapes;
-    }
-    std::vector<std::size_t> best = BestOf(found, wish.Count, scores);
-    std::stable_partition(best.begin(), best.end(), isClear);
-    return isLikeOneDesign ? InOrder(best) : Ranked(found, best);
+    std::vector<RankedCircuit> shown =
+        wish.OneOfEachShape ? OneOfEachShape(found, scores, wish.Count) : InOrder(BestOf(found, wish.Count, scores));
+    std::stable_partition(shown.begin(), shown.end(),
+                          [&](const RankedCircuit& circuit) { return isClear(circuit.Place); });
+    if (wish.Weights.Likeness > 0) return shown;
+    std::vector<std::size_t> places;
+    std::ranges::transform(shown, std::back_inserter(places), &RankedCircuit::Place);
+    std::vector<RankedCircuit> ranked = Ranked(found, places);
+    for (RankedCircuit& circuit : ranked)
+        circuit.Others = std::ranges::find(shown, circuit.Place, &RankedCircuit::Place)->Others;
+    return ranked;
 }
 
 } // namespace pistaro

@@ -22,11 +22,9 @@ struct RankedCircuit {
 /// apart, however close the plain figures lie together.
 std::vector<double> ScoresBesideEachOther(const std::vector<FoundCircuit>& found, const ScoreWeights& weights);
 
-/// The best of each shape by these scores, best first, so many at most, each with how many others look like it; by
-/// `isSameShape`, such as LookRelated.
+/// The best by these scores, so many at most, but of those that look alike one, with how many others there are.
 std::vector<RankedCircuit> OneOfEachShape(const std::vector<FoundCircuit>& found, const std::vector<double>& scores,
-                                          int count,
-                                          bool (*isSameShape)(const CircuitLook& one, const CircuitLook& other));
+                                          int count);
 
 /// What of those that were found is shown.
 struct OrderWish {
@@ -35,8 +33,8 @@ struct OrderWish {
     bool OneOfEachShape = false;
 };
 
-/// The best ones, those that are not clear behind all others. Where likeness to one design counts, what looks alike is
-/// told from what is merely related, as all of them are then.
+/// The best ones, those that are not clear behind all others, and so is what is related to a better one; but where
+/// likeness to one design counts, as they all are related then.
 std::vector<RankedCircuit> InWishedOrder(const std::vector<FoundCircuit>& found, const OrderWish& wish,
                                          const std::function<bool(std::size_t)>& isClear);
 

@@ -154,7 +154,8 @@ QLayout* frmBox::Chosen(const QString& entry) {
 QLayout* frmBox::Yours() {
     picYours_->Pressed = [this](WorldPoint place, bool andAllBetween) { ChooseFromYours(place, andAllBetween); };
     picYours_->setCursor(Qt::PointingHandCursor);
-    constexpr int width = 180;
+    constexpr int usual = 180, small = 120, lowScreen = 700;
+    const int width = screen()->availableSize().height() < lowScreen ? small : usual;
     picYours_->setFixedSize(width, picYours_->heightForWidth(width));
     auto* const lblYours =
         new QLabel("Your track.\n\nTo keep a part of it: click its first piece here, then its last one "

@@ -59,15 +59,15 @@ TEST(ScoresBesideEachOther, MakeLittleOfADifferenceThatNobodySees) {
 }
 
 TEST(OneOfEachShape, IsTheBestOfThoseThatLookAlikeAndTellsOfTheOthers) {
-    const std::vector<FoundCircuit> found{Found(Oval.c_str()), Found(Circle.c_str()), Found(LongerOval.c_str()),
+    const std::vector<FoundCircuit> found{Found(Oval.c_str()), Found(Circle.c_str()), Found(Oval.c_str()),
                                           Found(Circle.c_str()), Found(Oval.c_str())};
     const std::vector<double> scores{0.5, 0.4, 0.6, 0.7, 0.5};
 
-    EXPECT_EQ(OneOfEachShape(found, scores, 10, LookRelated),
+    EXPECT_EQ(OneOfEachShape(found, scores, 10),
               (std::vector<RankedCircuit>{{.Place = 3, .Others = 1}, {.Place = 2, .Others = 2}}));
-    EXPECT_EQ(OneOfEachShape(found, scores, 1, LookRelated), (std::vector<RankedCircuit>{{.Place = 3, .Others = 1}}))
+    EXPECT_EQ(OneOfEachShape(found, scores, 1), (std::vector<RankedCircuit>{{.Place = 3, .Others = 1}}))
         << "what is like none of those that are shown is counted nowhere";
-    EXPECT_EQ(OneOfEachShape({}, {}, 10, LookRelated), std::vector<RankedCircuit>());
+    EXPECT_EQ(OneOfEachShape({}, {}, 10), std::vector<RankedCircuit>());
 }
 
 TEST(InWishedOrder, PutsWhatIsNotClearBehindAllOthers) {
