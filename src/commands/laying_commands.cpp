@@ -95,6 +95,13 @@ bool MayOverwrite(Session& session, const std::vector<std::filesystem::path>& fi
     return session.Prompts.Ask(question, Buttons::YesNo) == Answer::Yes;
 }
 
+/// Why a circuit from a box that was typed in, or is a set, is shown in the colour of what is not owned.
+void TellWhyAllIsRed(Session& session) {
+    if (session.Windows == nullptr || OwnedBox(session.Catalogue, session.Project.Stock).Total() > 0) return;
+    session.Windows->TellBriefly(
+        "All red: none of it is yours yet. I Own These in Circuit ▸ From My Box… says that it is.");
+}
+
 } // namespace
 
 Design EmptyArea(Area area, int middleX, int middleY) {
@@ -150,7 +157,9 @@ LayingTask TaskFor(const Session& session, const BoxWish& wish) {
 
 std::string WhyNeverFulfilled(const Session& session, const BoxWish& wish) {
     const LayingTask task = WishedTask(session, wish);
-    return wish.Box.Total() > 0 && HasWalls(task.Room) ? WhyNoCircuit(session.Catalogue, task) : "";
+    if (wish.Box.Total() == 0 || !HasWalls(task.Room)) return "";
+    const std::string impossible = WhyNoCircuit(session.Catalogue, task);
+    return impossible.empty() ? WhyNot(session.Catalogue, wish.Box, wish.MustHave) : impossible;
 }
 
 bool IsRoomOfSettings(const Session& session) {
@@ -205,6 +214,11 @@ PieceBox BoxOfTrack(const Session& session, int track) {
     return {CountUsed(session.Catalogue, alone)};
 }
 
+MustHaves MustHavesOfTrack(const Session& session, int track) {
+    const Track& its = TrackOf(session, track);
+    return MustHavesOf(session.Catalogue, PartOf(session.Catalogue, its, 0, its.ElementLastIndex() + 1).Rows);
+}
+
 TrackPart PartOf(const Catalogue& catalogue, const Track& track, int first, int count) {
     TrackPart part;
     part.At = track.Start();
@@ -243,6 +257,7 @@ bool OpenAsNew(Session& session, bool varies, const Surroundings& around, const 
     project.EditState.DataChanged = true;
     session.BeginCircuit(varies ? "Variation" : "Circuit from My Box");
     opened = design.Circuit;
+    if (!varies) TellWhyAllIsRed(session);
     return true;
 }
 

@@ -75,6 +75,9 @@ int VariedTrack(const Session& session);
 /// The pieces of that track.
 PieceBox BoxOfTrack(const Session& session, int track);
 
+/// What of all that can be asked for that track has.
+MustHaves MustHavesOfTrack(const Session& session, int track);
+
 /// So many elements of the track, with where they lie.
 TrackPart PartOf(const Catalogue& catalogue, const Track& track, int first, int count);
 

@@ -28,6 +28,7 @@ Stretches StretchesOf(const Catalogue& catalogue, Rows rows) {
     const auto change = std::ranges::adjacent_find(rows, [&](int a, int b) { return shape(a) != shape(b); });
     if (change != rows.end()) std::rotate(rows.begin(), change + 1, rows.end());
     Stretches stretches;
+    std::vector<PieceShape> sides;
     for (auto first = rows.begin(); first != rows.end();) {
         const auto end = std::find_if(first, rows.end(), [&](int row) { return shape(row) != shape(*first); });
         if (catalogue[*first].IsStraight()) {
@@ -39,11 +40,14 @@ Stretches StretchesOf(const Catalogue& catalogue, Rows rows) {
             std::vector<int> corner;
             for (auto row = first; row != end; ++row)
                 corner.push_back(catalogue[*row].StockIndex);
-            ++(shape(*first) == PieceShape::LeftCurve ? stretches.LeftCorners : stretches.RightCorners);
+            sides.push_back(shape(*first));
+            ++(sides.back() == PieceShape::LeftCurve ? stretches.LeftCorners : stretches.RightCorners);
             stretches.Corners.insert(std::min(corner, {corner.rbegin(), corner.rend()}));
         }
         first = end;
     }
+    for (std::size_t corner = 0; corner < sides.size(); ++corner)
+        stretches.SideChanges += sides[corner] != sides[(corner + 1) % sides.size()] ? 1 : 0;
     return stretches;
 }
 
@@ -66,7 +70,7 @@ ScoreParts ScorePartsOf(const Catalogue& catalogue, const Rows& rows, const Laid
     constexpr double worstLanes = 0.1;
     constexpr double manyCorners = 5;
     constexpr double clearance = 10; // cm
-    constexpr double muchTurning = 3 * PiValue;
+    constexpr double manyBends = 12;
     const Stretches stretches = StretchesOf(catalogue, rows);
     double left = 0, right = 0, driven = 0;
     for (const int row : rows) {
@@ -76,6 +80,7 @@ ScoreParts ScorePartsOf(const Catalogue& catalogue, const Rows& rows, const Laid
         if (kind.Shape == PieceShape::RightCurve) right += kind.Turn;
     }
     const double longest = stretches.LongestStraight;
+    const double bends = stretches.LeftCorners + stretches.RightCorners + stretches.SideChanges;
     return {.Used = static_cast<double>(rows.size()) / box.Total(),
             .Lanes = UpTo1(1 - std::abs(laneDifference) / lap / worstLanes),
             .Straights = longest > mostOfLap * lap ? mostOfLap * lap / longest : UpTo1(longest / worthDriving),
@@ -85,7 +90,7 @@ ScoreParts ScorePartsOf(const Catalogue& catalogue, const Rows& rows, const Laid
             .Walls = UpTo1(room.DistanceToWalls(laid) / clearance),
             .Length = UpTo1(driven / LengthOf(catalogue, box)),
             .Speed = UpTo1(longest / (mostOfLap * lap)),
-            .Winding = UpTo1(std::min(left, right) / muchTurning)};
+            .Winding = bends / (bends + manyBends)};
 }
 
 } // namespace pistaro

@@ -13,6 +13,7 @@ namespace pistaro {
 struct Stretches {
     double LongestStraight = 0; ///< cm
     int LeftCorners = 0, RightCorners = 0;
+    int SideChanges = 0;                ///< corners to the other side than the one before
     std::set<std::vector<int>> Corners; ///< different ones, by their curves' products
 };
 Stretches StretchesOf(const Catalogue& catalogue, Rows rows);
@@ -27,8 +28,8 @@ struct ScoreParts {
     double Walls = 0;      ///< 1 where its corners keep 10 cm from all walls
     double Length = 0;     ///< a lap as a share of all track in the box
     double Speed = 0;      ///< 1 where the longest straight is 40 % of the lap or more
-    double Winding = 0;    ///< 1 where it turns by one and a half turns or more to either side
-    double Likeness = 0;   ///< to the circuit that is varied, up to 1; 0 where it looks the same
+    double Winding = 0;  ///< by its bends, those to the other side than the one before twice: 0.5 for 12, 1 for no end
+    double Likeness = 0; ///< to the circuit that is varied, up to 1; 0 where it looks the same
 };
 
 /// What each part counts for in the whole; none is below 0.

@@ -64,6 +64,10 @@ std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int coun
     scores.reserve(found.size());
     for (const FoundCircuit& circuit : found)
         scores.push_back(Score(circuit.Circuit.Parts, weights));
+    return BestOf(found, count, scores);
+}
+
+std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const std::vector<double>& scores) {
     constexpr double mostForNew = 0.2; // of a score, that a circuit unlike all others is preferred by
     std::vector<double> worth = scores;
     std::vector<std::size_t> best;

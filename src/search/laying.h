@@ -63,6 +63,9 @@ struct FoundCircuit {
 /// there are no others, and what looks quite different before what is much like a better one.
 std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const ScoreWeights& weights);
 
+/// The same by these scores, one for each that was found.
+std::vector<std::size_t> BestOf(const std::vector<FoundCircuit>& found, int count, const std::vector<double>& scores);
+
 /// A search that can be watched, and gone on with. Its rounds follow from the task alone.
 class CircuitSearch {
 public:

@@ -30,6 +30,10 @@ constexpr std::array<MustHave, 4> All{{
      "chicane is"},
 }};
 
+bool IsAmong(const MustHave& one, const Catalogue& catalogue, const std::vector<int>& rows) {
+    return std::ranges::count_if(rows, [&](int row) { return one.Counts(catalogue[row]); }) >= one.Fewest;
+}
+
 /// Calls `visit` with each product of which the box has enough for it: pairs are of one product.
 template <typename Visit>
 void ForEachThatGives(const MustHave& one, const Catalogue& catalogue, const PieceBox& box, Visit visit) {
@@ -38,6 +42,8 @@ void ForEachThatGives(const MustHave& one, const Catalogue& catalogue, const Pie
         if (isEnough && one.Counts(catalogue[row])) visit(catalogue[row]);
     }
 }
+
+const char* NameOf(TrackSystem system) { return system == TrackSystem::Ninco ? "Ninco" : "Scalextric"; }
 
 bool IsHeld(const MustHave& one, const Catalogue& catalogue, const PieceBox& box) {
     bool isHeld = false;
@@ -57,23 +63,47 @@ std::string WhyLeftOut(const MustHave& one, const Catalogue& catalogue, const Pi
             isTaken = true;
     });
     if (isTaken || !leftOut) return "";
-    const std::string name = *leftOut == TrackSystem::Ninco ? "Ninco" : "Scalextric";
+    const std::string name = NameOf(*leftOut);
     return std::string("The ") + one.Held + " " + name + ". The box's " + name + " curves turn by " +
            std::to_string(std::lround(systems.DegreesOf(*leftOut))) +
            "° in all, and a circuit turns by 360°; one of both systems takes two N10110.";
 }
 
+bool IsGivenBy(TrackSystem system, const MustHave& one, const Catalogue& catalogue, const PieceBox& box) {
+    bool isGiven = false;
+    ForEachThatGives(one, catalogue, box, [&](const CatalogueEntry& piece) { isGiven |= piece.System == system; });
+    return isGiven;
+}
+
+/// Why no circuit has all of them though each comes in some: one system gives the one and the other the other, and
+/// circuits are of one system.
+std::string WhyNotTogether(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave) {
+    if (!SystemsOf(catalogue, box).AreApart()) return "";
+    std::string held;
+    for (const TrackSystem lacking : {TrackSystem::Ninco, TrackSystem::Scalextric}) {
+        const auto isLacking = [&](const MustHave& one) {
+            return mustHave.*one.Is && !IsGivenBy(lacking, one, catalogue, box);
+        };
+        const auto* const one = std::ranges::find_if(All, isLacking);
+        if (one == All.end()) return "";
+        const TrackSystem given = lacking == TrackSystem::Ninco ? TrackSystem::Scalextric : TrackSystem::Ninco;
+        held += (held.empty() ? "The " : ", the ") + std::string(one->Held) + " " + NameOf(given);
+    }
+    return held + ". A circuit of both systems takes two N10110.";
+}
+
 } // namespace
 
 bool HasAll(const Catalogue& catalogue, const std::vector<int>& rows, const MustHaves& mustHave) {
-    for (const MustHave& one : All) {
-        if (!(mustHave.*one.Is)) continue;
-        int count = 0;
-        for (const int row : rows)
-            count += one.Counts(catalogue[row]) ? 1 : 0;
-        if (count < one.Fewest) return false;
-    }
-    return true;
+    return std::ranges::all_of(
+        All, [&](const MustHave& one) { return !(mustHave.*one.Is) || IsAmong(one, catalogue, rows); });
+}
+
+MustHaves MustHavesOf(const Catalogue& catalogue, const std::vector<int>& rows) {
+    MustHaves its;
+    for (const MustHave& one : All)
+        its.*one.Is = IsAmong(one, catalogue, rows);
+    return its;
 }
 
 bool HoldsAll(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave) {
@@ -88,7 +118,7 @@ std::string WhyNot(const Catalogue& catalogue, const PieceBox& box, const MustHa
         std::string why = WhyLeftOut(one, catalogue, box);
         if (!why.empty()) return why;
     }
-    return "";
+    return WhyNotTogether(catalogue, box, mustHave);
 }
 
 std::string WhyRare(const Catalogue& catalogue, const PieceBox& box, const MustHaves& mustHave) {

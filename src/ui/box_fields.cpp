@@ -5,13 +5,18 @@
 #include "ui/named_controls.h"
 
 #include <QRegularExpressionValidator>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
 
 namespace pistaro {
+
+namespace {
+
+constexpr const char* AllShapes = "all"; ///< as a habit
+
+} // namespace
 
 BoxFields::BoxFields(Session& session, std::optional<int> varied, std::function<void()> wishChanged,
                      std::function<void()> countChanged)
@@ -27,6 +32,7 @@ BoxFields::BoxFields(Session& session, std::optional<int> varied, std::function<
     lstBox_->ShowOwned(owned_);
     FillBox(varied ? BoxOfTrack(session, *varied) : owned_);
     ShowTotal();
+    if (varied) mustHaves_->BeginWith(MustHavesOfTrack(session, *varied));
     mustHaves_->Offer(lstBox_->Box());
     OfferOwned();
     TellChanges();
@@ -199,29 +205,47 @@ QLayout* BoxFields::NumberFields() {
     spnCount_->setValue(10);
     spnCount_->setToolTip("How many circuits are shown, the best of all that are found");
     connect(spnCount_, &QSpinBox::valueChanged, this, countChanged_);
-    txtSeed_ = Named(new QLineEdit("1"), "txtSeed");
-    txtSeed_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{1,18}"), txtSeed_));
-    txtSeed_->setToolTip("A number to begin with: the same one always finds the same circuits, another one others");
-    auto* const numbers = new QHBoxLayout;
+    chkShapes_ = Named(new QCheckBox("O&ne of each shape"), "chkShapes");
+    chkShapes_->setToolTip("Show the best of those that look alike; it tells how many others there are");
+    chkShapes_->setChecked(session_.Habits.BoxShapes != AllShapes);
+    connect(chkShapes_, &QCheckBox::toggled, this, [this](bool isTicked) {
+        session_.Habits.BoxShapes = isTicked ? "" : AllShapes;
+        countChanged_();
+    });
     auto* const lblCount = new QLabel("&Circuits:");
-    auto* const lblSeed = new QLabel("Seed:");
     lblCount->setBuddy(spnCount_);
-    lblSeed->setBuddy(txtSeed_);
-    lblSeed->hide();
-    txtSeed_->hide();
     auto* const cmdMore = Named(new QToolButton, "cmdMoreNumbers");
     cmdMore->setText("More");
     cmdMore->setToolTip("What few need: the number that a search begins with, so that it can be repeated");
     cmdMore->setCheckable(true);
-    connect(cmdMore, &QToolButton::toggled, lblSeed, &QWidget::setVisible);
-    connect(cmdMore, &QToolButton::toggled, txtSeed_, &QWidget::setVisible);
+    auto* const numbers = new QHBoxLayout;
     numbers->addWidget(lblCount);
     numbers->addWidget(spnCount_);
     numbers->addStretch();
-    numbers->addWidget(lblSeed);
-    numbers->addWidget(txtSeed_, 1);
+    numbers->addWidget(chkShapes_);
+    numbers->addStretch();
     numbers->addWidget(cmdMore);
-    return numbers;
+    auto* const column = new QVBoxLayout;
+    column->addLayout(numbers);
+    column->addLayout(SeedField(*cmdMore));
+    return column;
+}
+
+/// Shown while the button is down.
+QLayout* BoxFields::SeedField(QToolButton& more) {
+    txtSeed_ = Named(new QLineEdit("1"), "txtSeed");
+    txtSeed_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{1,18}"), txtSeed_));
+    txtSeed_->setToolTip("A number to begin with: the same one always finds the same circuits, another one others");
+    auto* const lblSeed = new QLabel("Seed:");
+    lblSeed->setBuddy(txtSeed_);
+    lblSeed->hide();
+    txtSeed_->hide();
+    connect(&more, &QToolButton::toggled, lblSeed, &QWidget::setVisible);
+    connect(&more, &QToolButton::toggled, txtSeed_, &QWidget::setVisible);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(lblSeed);
+    row->addWidget(txtSeed_, 1);
+    return row;
 }
 
 BoxWish BoxFields::Wish() const {

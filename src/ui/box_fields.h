@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QToolButton>
 
 #include <functional>
 
@@ -22,7 +23,7 @@ class BoxFields : public QWidget {
 public:
     /// Begins with the pieces that are owned, or with those of the design's track that is `varied`. `wishChanged` is
     /// called when circuits of other pieces, in another room, or with other things are wished for, `countChanged` when
-    /// another number of them is.
+    /// more or fewer of them are to be shown.
     BoxFields(Session& session, std::optional<int> varied, std::function<void()> wishChanged,
               std::function<void()> countChanged);
 
@@ -32,6 +33,9 @@ public:
     /// To be called when other pieces are owned, or the room is another: a box of all that is owned stays so.
     void Refresh();
 
+    /// Tells that other tracks stand in the room, or that they no longer do.
+    void TellOthers(bool areThere) { room_->TellOthers(areThere); }
+
     BoxWish Wish() const;
 
     /// Keeps the rectangle, which the next one begins with.
@@ -39,6 +43,9 @@ public:
 
     /// How many circuits are wished for.
     int Count() const { return spnCount_->value(); }
+
+    /// Whether of several that look alike the best one alone is shown.
+    bool OneOfEachShape() const { return chkShapes_->isChecked(); }
 
 private:
     QLayout* PieceFields();
@@ -48,6 +55,7 @@ private:
     void FillBox(const PieceBox& box);
     void Filter();
     QLayout* NumberFields();
+    QLayout* SeedField(QToolButton& more);
     void AddSet();
     void OfferOwned();
     void OfferToOwn();
@@ -69,6 +77,7 @@ private:
     RoomFields* const room_;
     MustHaveFields* const mustHaves_;
     QSpinBox* spnCount_ = nullptr;
+    QCheckBox* chkShapes_ = nullptr;
     QLineEdit* txtSeed_ = nullptr;
 };
 

@@ -10,11 +10,27 @@ QString EasierFor(const BoxWish& wish) {
     return without + "More curves, straights of another length, or a larger room make it easier.";
 }
 
+QString CountOfShapes(std::size_t count) { return QString::number(count) + (count == 1 ? " shape" : " shapes"); }
+
 } // namespace
 
-QString FoundText(std::size_t count, std::size_t shown) {
-    const QString found = QString::number(count) + (count == 1 ? " circuit found" : " circuits found");
-    return count > shown ? QString("The best %1 of %2").arg(shown).arg(found) : found;
+FoundCount CountOf(std::size_t circuits, const std::vector<RankedCircuit>& order, int shown, bool eachShape) {
+    FoundCount count{.Circuits = circuits, .Shown = static_cast<std::size_t>(shown)};
+    if (!eachShape) return count;
+    count.Shapes = order.size();
+    for (const RankedCircuit& shape : order)
+        count.LikeThem += static_cast<std::size_t>(shape.Others);
+    return count;
+}
+
+QString FoundText(const FoundCount& count) {
+    QString found = QString::number(count.Circuits) + (count.Circuits == 1 ? " circuit found" : " circuits found");
+    if (count.AreBesideOthers) found += " beside the other tracks";
+    if (!count.Shapes)
+        return count.Circuits > count.Shown ? QString("The best %1 of %2").arg(count.Shown).arg(found) : found;
+    const QString shapes = CountOfShapes(*count.Shapes);
+    if (*count.Shapes + count.LikeThem < count.Circuits) return QString("The best %1 of %2").arg(shapes, found);
+    return *count.Shapes < count.Circuits ? found + ", of " + shapes : found;
 }
 
 QString IdleText(bool isBoxEmpty) {

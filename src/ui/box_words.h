@@ -3,13 +3,27 @@
 
 #include "commands/box_search.h"
 #include "commands/laying_commands.h"
+#include "search/circuit_order.h"
 
 #include <QString>
 
+#include <optional>
+
 namespace pistaro {
 
-/// "The best 10 of 115 circuits found".
-QString FoundText(std::size_t count, std::size_t shown);
+/// How many were found, and what of them is shown.
+struct FoundCount {
+    std::size_t Circuits = 0, Shown = 0;    ///< of those that were found, so many at most
+    std::optional<std::size_t> Shapes = {}; ///< where one of each shape is shown
+    std::size_t LikeThem = 0;               ///< others that look like one of these
+    bool AreBesideOthers = false;           ///< other tracks
+};
+
+/// Of that many circuits those in this order are shown.
+FoundCount CountOf(std::size_t circuits, const std::vector<RankedCircuit>& order, int shown, bool eachShape);
+
+/// "The best 10 of 115 circuits found", "115 circuits found, of 7 shapes".
+QString FoundText(const FoundCount& count);
 
 /// Before anything was looked for.
 QString IdleText(bool isBoxEmpty);

@@ -4,47 +4,67 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace pistaro {
 
 namespace {
 
 constexpr int Lines = 2; ///< of words below the picture
-constexpr int InCorner = 4;
+constexpr int Between = 5;
 constexpr double Pale = 0.35;
+constexpr const char* TickWord = "Keep";
 
-/// Of a card's box to be ticked, in the card.
-QRect TickRect(const QRect& card, int pictureWidth, const QStyle& style) {
-    const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth), style.pixelMetric(QStyle::PM_IndicatorHeight));
-    const int right = card.left() + CircuitCard::Margin + pictureWidth;
-    return {QPoint(right - InCorner - size.width(), card.top() + CircuitCard::Margin + InCorner), size};
+QSize IndicatorSize(const QStyle& style) {
+    return {style.pixelMetric(QStyle::PM_IndicatorWidth), style.pixelMetric(QStyle::PM_IndicatorHeight)};
 }
 
-/// On a plate, so that it is seen over a drawing of any colours.
-void PaintTick(QPainter& painter, const QStyleOptionViewItem& card) {
-    constexpr int around = 2;
+/// Of the line above the picture, in which the box to be ticked has its place.
+int CaptionHeight(const QFontMetrics& letters, const QStyle& style) {
+    return std::max(letters.height(), IndicatorSize(style).height());
+}
+
+QRect CaptionRect(const QRect& card, int pictureWidth, const QFontMetrics& letters, const QStyle& style) {
+    const QPoint corner = card.topLeft() + QPoint(CircuitCard::Margin, CircuitCard::Margin);
+    return {corner, QSize(pictureWidth, CaptionHeight(letters, style))};
+}
+
+/// Of a card's box to be ticked, at the end of the caption.
+QRect TickRect(const QRect& caption, const QStyle& style) {
+    QRect box(QPoint(0, 0), IndicatorSize(style));
+    box.moveCenter(caption.center());
+    box.moveRight(caption.right() - 1);
+    return box;
+}
+
+/// Of the word before it.
+QRect TickWordRect(const QRect& caption, const QFontMetrics& letters, const QStyle& style) {
+    const int width = letters.horizontalAdvance(TickWord) + 1;
+    return {TickRect(caption, style).left() - Between - width, caption.top(), width, caption.height()};
+}
+
+void PaintTick(QPainter& painter, const QStyleOptionViewItem& card, const QRect& caption) {
+    const QStyle& style = *card.widget->style();
     QStyleOptionButton box;
-    box.rect = TickRect(card.rect, card.decorationSize.width(), *card.widget->style());
+    box.rect = TickRect(caption, style);
     box.palette = card.palette;
     box.state = QStyle::State_Enabled | (card.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off);
-    painter.setPen(card.palette.color(QPalette::Text));
-    painter.setBrush(card.palette.color(QPalette::Base));
-    painter.drawRect(box.rect.adjusted(-around, -around, around - 1, around - 1));
-    card.widget->style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, card.widget);
+    painter.drawText(TickWordRect(caption, card.fontMetrics, style), Qt::AlignLeft | Qt::AlignVCenter, TickWord);
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, card.widget);
 }
 
-/// Words on a plate in the midst of a line, so that they can be read over a drawing.
-void PaintPlate(QPainter& painter, const QPalette& palette, const QRect& line, const QString& words) {
-    constexpr double rounding = 3;
-    const QString text = painter.fontMetrics().elidedText(words, Qt::ElideRight, line.width() - 2 * InCorner);
-    QRect plate(0, 0, painter.fontMetrics().horizontalAdvance(text) + 2 * InCorner, line.height());
-    plate.moveCenter(line.center());
-    QColor ground = palette.color(QPalette::Base);
-    ground.setAlphaF(0.85F);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ground);
-    painter.drawRoundedRect(plate, rounding, rounding);
-    painter.setPen(palette.color(QPalette::Text));
-    painter.drawText(plate, Qt::AlignCenter, text);
+/// The card's number, and as much of the note behind it as there is room for.
+void PaintCaption(QPainter& painter, const QRect& caption, int wide, const QString& number, const QString& note) {
+    const QFont plain = painter.font();
+    QFont bold = plain;
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter, number);
+    const int from = painter.fontMetrics().horizontalAdvance(number) + 2 * Between;
+    painter.setFont(plain);
+    const QRect place(caption.left() + from, caption.top(), wide - from, caption.height());
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(note, Qt::ElideRight, place.width()));
 }
 
 /// A line's words before its first comma at the left, the others at the right.
@@ -64,13 +84,14 @@ int CircuitCard::LeastWidth(const QFontMetrics& letters) {
 
 QSize CircuitCard::PictureSize(int width) { return {width, width * 2 / 3}; }
 
-QSize CircuitCard::CardSize(const QSize& picture, const QFontMetrics& letters) {
-    return {picture.width() + 2 * Margin, picture.height() + 3 * Margin + Lines * letters.height()};
+QSize CircuitCard::CardSize(const QSize& picture, const QFontMetrics& letters, const QStyle& style) {
+    return {picture.width() + 2 * Margin,
+            picture.height() + 4 * Margin + CaptionHeight(letters, style) + Lines * letters.height()};
 }
 
-QRect CircuitCard::TickTarget(const QRect& card, int pictureWidth, const QStyle& style) {
-    constexpr int more = 6;
-    return TickRect(card, pictureWidth, style).adjusted(-more, -more, more, more);
+QRect CircuitCard::TickTarget(const QRect& card, int pictureWidth, const QFontMetrics& letters, const QStyle& style) {
+    const QRect caption = CaptionRect(card, pictureWidth, letters, style);
+    return (TickRect(caption, style) | TickWordRect(caption, letters, style)).adjusted(-Between, -Margin, Margin, 0);
 }
 
 bool CircuitCard::editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
@@ -79,7 +100,8 @@ bool CircuitCard::editorEvent(QEvent* event, QAbstractItemModel* model, const QS
     if (!isRelease && event->type() != QEvent::MouseButtonPress)
         return QStyledItemDelegate::editorEvent(event, model, option, index); // the space bar ticks
     const auto& mouse = dynamic_cast<const QMouseEvent&>(*event);
-    const QRect target = TickTarget(option.rect, option.decorationSize.width(), *option.widget->style());
+    const QRect target =
+        TickTarget(option.rect, option.decorationSize.width(), option.fontMetrics, *option.widget->style());
     if (mouse.button() != Qt::LeftButton || !target.contains(mouse.position().toPoint())) return false;
     const bool isTicked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     if (isRelease) model->setData(index, isTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
@@ -87,7 +109,7 @@ bool CircuitCard::editorEvent(QEvent* event, QAbstractItemModel* model, const QS
 }
 
 QSize CircuitCard::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
-    return CardSize(option.decorationSize, option.fontMetrics);
+    return CardSize(option.decorationSize, option.fontMetrics, *option.widget->style());
 }
 
 void CircuitCard::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -104,28 +126,28 @@ void CircuitCard::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     }
     painter->save();
     painter->setFont(option.font);
-    const QRect picture(option.rect.topLeft() + QPoint(Margin, Margin), option.decorationSize);
-    if (IsPale) painter->fillRect(picture, option.palette.color(group, QPalette::Base));
-    painter->setOpacity(IsPale ? Pale : 1);
-    card.icon.paint(painter, picture);
-    painter->setOpacity(1);
     painter->setPen(option.palette.color(group, isChosen ? QPalette::HighlightedText : QPalette::Text));
+    const QStyle& style = *card.widget->style();
+    const QRect caption = CaptionRect(option.rect, option.decorationSize.width(), option.fontMetrics, style);
     const QStringList lines = index.data(Qt::DisplayRole).toString().split('\n');
+    const int wide = TickWordRect(caption, option.fontMetrics, style).left() - Between - caption.left();
+    PaintCaption(*painter, caption, wide, QString::number(index.row() + 1), lines.mid(Lines).join(", "));
+    PaintTick(*painter, card, caption);
+    const QRect picture(caption.bottomLeft() + QPoint(0, 1 + Margin), option.decorationSize);
+    PaintPicture(*painter, card, picture);
     QRect line(picture.left(), picture.bottom() + Margin, picture.width(), option.fontMetrics.height());
     for (const QString& text : lines.mid(0, Lines)) {
         PaintLine(*painter, line, text);
         line.translate(0, line.height());
     }
-    const int high = option.fontMetrics.height();
-    const QString number = QString::number(index.row() + 1);
-    const int wide = option.fontMetrics.horizontalAdvance(number) + 2 * InCorner + 1; // or a number loses its digits
-    PaintPlate(*painter, option.palette, {picture.left() + InCorner, picture.top() + InCorner, wide, high}, number);
-    const QString note = lines.mid(Lines).join(", ");
-    const QRect foot(picture.left() + InCorner, picture.bottom() - high - InCorner, picture.width() - 2 * InCorner,
-                     high);
-    if (!note.isEmpty()) PaintPlate(*painter, option.palette, foot, note);
     painter->restore();
-    PaintTick(*painter, card);
+}
+
+void CircuitCard::PaintPicture(QPainter& painter, const QStyleOptionViewItem& card, const QRect& place) const {
+    if (IsPale) painter.fillRect(place, card.palette.color(QPalette::Base));
+    painter.setOpacity(IsPale ? Pale : 1);
+    card.icon.paint(&painter, place);
+    painter.setOpacity(1);
 }
 
 } // namespace pistaro

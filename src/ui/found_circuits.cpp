@@ -28,14 +28,14 @@ int PictureWidth(int listWidth, int columns) {
 }
 
 /// As large as goes with all cards in sight; where that is too small to read, with six of them.
-int PictureWidthFor(const QSize& list, int cards, const QFontMetrics& letters) {
+int PictureWidthFor(const QSize& list, int cards, const QFontMetrics& letters, const QStyle& style) {
     constexpr int largest = 320;
     const int least = CircuitCard::LeastWidth(letters);
     constexpr int fewest = 6;
     int best = least;
     for (int columns = FewestColumns; PictureWidth(list.width(), columns) >= least; ++columns) {
         const int width = std::min(PictureWidth(list.width(), columns), largest);
-        const int high = CircuitCard::CardSize(CircuitCard::PictureSize(width), letters).height() + 2 * Spacing;
+        const int high = CircuitCard::CardSize(CircuitCard::PictureSize(width), letters, style).height() + 2 * Spacing;
         const auto goIn = [&](int count) { return (count + columns - 1) / columns * high <= list.height(); };
         if (goIn(cards)) return width;
         if (goIn(std::min(cards, fewest))) best = width;
@@ -57,7 +57,7 @@ FoundCircuits::FoundCircuits(Session& session)
     setResizeMode(QListView::Adjust);
     setUniformItemSizes(true);
     setSpacing(Spacing);
-    const int card = CircuitCard::CardSize(iconSize(), fontMetrics()).width() + 2 * Spacing;
+    const int card = CircuitCard::CardSize(iconSize(), fontMetrics(), *style()).width() + 2 * Spacing;
     setMinimumWidth(FewestColumns * card + verticalScrollBar()->sizeHint().width() + 2 * (frameWidth() + Spacing));
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     cmdShowFirst_->setParent(this);
@@ -118,7 +118,7 @@ void FoundCircuits::MakeRoomFor(int count) {
 void FoundCircuits::FitCards() {
     const int besides = verticalScrollBar()->sizeHint().width() + 2 * frameWidth(); // whether the bar is there or not
     const QSize list(width() - besides, viewport()->height());
-    const QSize size = CircuitCard::PictureSize(PictureWidthFor(list, wished_, fontMetrics()));
+    const QSize size = CircuitCard::PictureSize(PictureWidthFor(list, wished_, fontMetrics(), *style()));
     if (size == iconSize()) return;
     setIconSize(size);
     ForgetPictures();
@@ -193,12 +193,12 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, const
     line.setData(PlaceRole, static_cast<qulonglong>(place));
     line.setCheckState(ticked_.contains(place) ? Qt::Checked : Qt::Unchecked);
     line.setIcon(pictures_[place]);
-    QString pieces = Shown(PiecesAndPriceText(session_, circuit));
-    const auto behindCount = pieces.section(", ", 0, 0).size();
-    if (ranked.Like) pieces.insert(behindCount, QString(" · like %1").arg(*ranked.Like + 1));
-    QStringList lines{Shown(UseAndLengthText(circuit)), pieces};
+    QStringList lines{Shown(UseAndLengthText(circuit)), Shown(PiecesAndPriceText(session_, circuit))};
+    if (ranked.Like) lines += QString("like %1").arg(*ranked.Like + 1);
     if (const std::string warning = WallWarning(session_, around_.Design, circuit); !warning.empty())
         lines += Shown(warning);
+    if (ranked.Others > 0) lines += QString("+%1 like it").arg(ranked.Others);
+    line.setToolTip(lines.join('\n'));
     line.setText(lines.join('\n'));
 }
 
@@ -263,9 +263,9 @@ void FoundCircuits::resizeEvent(QResizeEvent* event) {
 /// Two quick clicks on its box open no circuit.
 void FoundCircuits::mouseDoubleClickEvent(QMouseEvent* event) {
     const QListWidgetItem* const line = itemAt(event->position().toPoint());
-    const bool isOnBox = line != nullptr && CircuitCard::TickTarget(visualItemRect(line), iconSize().width(), *style())
-                                                .contains(event->position().toPoint());
-    if (isOnBox) return QListWidget::mousePressEvent(event);
+    if (line == nullptr) return QListWidget::mouseDoubleClickEvent(event);
+    const QRect box = CircuitCard::TickTarget(visualItemRect(line), iconSize().width(), fontMetrics(), *style());
+    if (box.contains(event->position().toPoint())) return QListWidget::mousePressEvent(event);
     QListWidget::mouseDoubleClickEvent(event);
 }
 

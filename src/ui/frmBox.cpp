@@ -5,7 +5,6 @@
 #include "editor/picking.h"
 #include "editor/track_editing.h"
 #include "text/count_text.h"
-#include "ui/box_words.h"
 #include "ui/named_controls.h"
 
 #include <QEvent>
@@ -155,7 +154,8 @@ QLayout* frmBox::Chosen(const QString& entry) {
 QLayout* frmBox::Yours() {
     picYours_->Pressed = [this](WorldPoint place, bool andAllBetween) { ChooseFromYours(place, andAllBetween); };
     picYours_->setCursor(Qt::PointingHandCursor);
-    constexpr int width = 180;
+    constexpr int usual = 180, small = 120, lowScreen = 700;
+    const int width = screen()->availableSize().height() < lowScreen ? small : usual;
     picYours_->setFixedSize(width, picYours_->heightForWidth(width));
     auto* const lblYours =
         new QLabel("Your track.\n\nTo keep a part of it: click its first piece here, then its last one "
@@ -184,6 +184,7 @@ void frmBox::Search() {
         searched_ = wish;
         around_ = SurroundingsFor(session_, wish);
         if (varied_) yours_ = session_.Project.Design.Circuit.Tracks[static_cast<std::size_t>(*varied_)];
+        count_ = {};
         lstCircuits_->Begin(around_, [this](const Track& circuit) { return MarksOf(circuit); });
         search_.Start(task);
         if (wish.Area && !varied_) fields_->RememberArea();
@@ -212,13 +213,14 @@ void frmBox::Hear() {
 void frmBox::ShowFound() {
     const std::vector<FoundCircuit>& found = search_.Found();
     lstCircuits_->MakeRoomFor(fields_->Count());
-    const ScoreWeights weights = weights_->Weights();
-    std::vector<std::size_t> best = BestOf(found, fields_->Count(), weights);
-    std::stable_partition(best.begin(), best.end(), [&](std::size_t place) {
+    const bool eachShape = fields_->OneOfEachShape();
+    const auto isClear = [&](std::size_t place) {
         return WallWarning(session_, around_.Design, found[place].Circuit).empty();
-    });
-    // What is like the design is like each other, too.
-    lstCircuits_->Show(found, weights.Likeness > 0 ? InOrder(best) : Ranked(found, best));
+    };
+    const std::vector<RankedCircuit> order =
+        InWishedOrder(found, {weights_->Weights(), fields_->Count(), eachShape}, isClear);
+    count_ = CountOf(found.size(), order, fields_->Count(), eachShape);
+    lstCircuits_->Show(found, order);
     ShowStanding();
     ShowChosen();
 }
@@ -248,6 +250,7 @@ void frmBox::ShowStanding() {
     lstCircuits_->ShowHint(never.isEmpty() ? HintFor(ofThisWish, wish, rare, runs && !search_.Percent()) : never);
     ShowSearchButtons(standing, isForAnother, whyNot);
     ShowProgress();
+    fields_->TellOthers(HasOtherTracks(SurroundingsFor(session_, wish)));
 }
 
 /// `never`: there can be no circuit.
@@ -255,9 +258,11 @@ QString frmBox::StandingWords(const BoxWish& wish, bool isIdle, bool never) cons
     const std::size_t count = search_.Found().size();
     const BoxStanding standing = never && count == 0 ? BoxStanding::Complete : search_.Standing();
     if (count == 0 && isIdle && !never) return IdleText(wish.Box.Total() == 0);
-    const QString beside = HasOtherTracks(around_) ? " beside the other tracks" : "";
-    const QString found = FoundText(count, static_cast<std::size_t>(wish.Count)) + beside;
-    return StandingText(standing, count, found, InsteadFor(wish, varied_.has_value()));
+    if (count == 0 && !WhyNot(session_.Catalogue, wish.Box, wish.MustHave).empty())
+        return "No circuit of these pieces has all that it must have.";
+    FoundCount shown = count_;
+    shown.AreBesideOthers = HasOtherTracks(around_);
+    return StandingText(standing, count, FoundText(shown), InsteadFor(wish, varied_.has_value()));
 }
 
 void frmBox::ShowSearchButtons(BoxStanding standing, bool isForAnother, const QString& whyNot) {

@@ -3,6 +3,7 @@
 
 #include "commands/box_search.h"
 #include "ui/box_fields.h"
+#include "ui/box_words.h"
 #include "ui/circuit_preview.h"
 #include "ui/found_banner.h"
 #include "ui/found_circuits.h"
@@ -75,6 +76,7 @@ private:
     std::optional<BoxWish> searched_; ///< that the circuits which are shown were searched for
     Surroundings around_;             ///< them
     Track yours_;                     ///< that they vary
+    FoundCount count_;                ///< of those that are shown
     std::optional<Circuit> opened_;   ///< that stands in the window because it was opened here
     QElapsedTimer sinceEnd_;          ///< of the last search
     QTimer showing_;                  ///< so that many circuits found at once are shown together

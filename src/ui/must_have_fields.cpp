@@ -74,6 +74,11 @@ void MustHaveFields::OfferPart() {
     if (!isFirst) Changed();
 }
 
+void MustHaveFields::BeginWith(const MustHaves& mustHave) {
+    for (std::size_t i = 0; i < Texts.size(); ++i)
+        isWanted_[i] = mustHave.*Texts[i].Is;
+}
+
 void MustHaveFields::Offer(const PieceBox& box) {
     for (std::size_t i = 0; i < Texts.size(); ++i) {
         MustHaves one;

@@ -20,6 +20,9 @@ public:
 
     std::function<void()> Changed = [] {};
 
+    /// Wishes for these, where the box gives them.
+    void BeginWith(const MustHaves& mustHave);
+
     /// To be called when the box holds other pieces.
     void Offer(const PieceBox& box);
 

@@ -3,7 +3,6 @@
 #include "editor/view_commands.h"
 #include "ui/named_controls.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,6 +31,9 @@ RoomFields::RoomFields(Session& session, bool varied)
     : session_(session), optRoomDesign_(Named(new QRadioButton("The &design's"), "optRoomDesign")),
       optRoomArea_(Named(new QRadioButton, "optRoomArea")), spnWidth_(NewLengthBox("spnRoomWidth", "Width", 400)),
       spnDepth_(NewLengthBox("spnRoomDepth", "Depth", 300)), spnFromWalls_(Named(new QSpinBox, "spnFromWalls")),
+      lblOthers_(Named(new QLabel("Other tracks stand in the room. Their ground is kept free, so circuits are smaller: "
+                                  "for larger ones move or delete those tracks, or take a larger room."),
+                       "lblOthers")),
       areaSource_("a usual one, type yours") {
     setObjectName("grpRoom");
     optRoomArea_->setAccessibleName("Width and depth");
@@ -41,6 +43,9 @@ RoomFields::RoomFields(Session& session, bool varied)
     column->addWidget(optRoomDesign_);
     column->addLayout(AreaFields());
     column->addLayout(WallFields());
+    lblOthers_->setWordWrap(true);
+    lblOthers_->hide();
+    column->addWidget(lblOthers_);
     BeginWithLastArea();
     const auto extent = ExtentOf(session.Catalogue, session.Project.Design);
     if (varied && extent && !HasWalls(session.Project.Design.Room)) BeginAround(*extent);

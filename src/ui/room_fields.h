@@ -4,6 +4,7 @@
 #include "commands/laying_commands.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
 
@@ -22,6 +23,9 @@ public:
     /// To be called when the design's room is another.
     void Offer();
 
+    /// Tells that other tracks stand in the room, or that they no longer do.
+    void TellOthers(bool areThere) { lblOthers_->setVisible(areThere); }
+
     void PutInto(BoxWish& wish) const;
 
     /// Keeps the rectangle, which the next one begins with.
@@ -38,6 +42,7 @@ private:
     Session& session_;
     QRadioButton *const optRoomDesign_, *const optRoomArea_;
     QSpinBox *const spnWidth_, *const spnDepth_, *const spnFromWalls_;
+    QLabel* const lblOthers_;
     QString areaSource_;            ///< until another rectangle is typed
     int middleX_ = 0, middleY_ = 0; ///< of the rectangle, cm
 };

@@ -47,7 +47,8 @@ constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFol
                                       {"habits/printScale", &Habits::PrintScale},
                                       {"habits/printOrientation", &Habits::PrintOrientation},
                                       {"habits/planEnding", &Habits::PlanEnding},
-                                      {"habits/boxRoom", &Habits::BoxRoom}};
+                                      {"habits/boxRoom", &Habits::BoxRoom},
+                                      {"habits/boxShapes", &Habits::BoxShapes}};
 constexpr const char* PlaceKey = "window/place";
 constexpr const char* PanelsKey = "window/panels";
 

@@ -1,9 +1,7 @@
 #include "ui/work_picture.h"
 
 #include "editor/view_commands.h"
-#include "imaging/overlay.h"
-#include "imaging/painter_surface.h"
-#include "layout/outline.h"
+#include "imaging/canvas_frame.h"
 #include "render/redraw.h"
 #include "storage/settings_file.h"
 #include "ui/canvas_colours.h"
@@ -15,8 +13,6 @@
 namespace pistaro {
 
 namespace {
-
-constexpr Colour ColourOfNew = Rgb(230, 130, 0);
 
 /// What is shown: all pieces and the room's corners, or where those lie far apart what lies near the pieces.
 std::optional<GroundBox> ShownOf(const Catalogue& catalogue, const Design& design) {
@@ -57,45 +53,20 @@ ViewSettings ViewOf(const Catalogue& catalogue, const Design& design, QSize size
 int SideOf(QSize size) { return std::max(size.width(), size.height()); }
 QPointF CornerOf(QSize size) { return {(size.width() - SideOf(size)) / 2.0, (size.height() - SideOf(size)) / 2.0}; }
 
-/// Tints the pieces' ground, in a square that shows the view.
-void MarkPieces(const Catalogue& catalogue, const Project& project, const MarkedPieces& marked, int side,
-                QPainter& painter) {
-    constexpr double tolerance = 0.5; // cm
-    Overlay marks;
-    WalkTrack(catalogue, project.Design.Circuit.Tracks[static_cast<std::size_t>(marked.Track)],
-              [&](int element, const PiecePlacement* piece, const Pose&) {
-                  const bool isKept = std::ranges::binary_search(marked.Kept, element);
-                  if (piece == nullptr || (!isKept && !std::ranges::binary_search(marked.New, element))) return;
-                  marks.emplace_back(
-                      OverlayArea{.Polygon = OutlinePolygon(*piece, tolerance),
-                                  .InkColour = isKept ? project.Preferences.Colours.Active : ColourOfNew});
-              });
-    PaintOverlay(marks, catalogue, project.Design.View, {QSize(side, side), 1}, painter);
-}
-
 } // namespace
 
 QImage WorkPicture(const Catalogue& catalogue, const Design& design, const Preferences& preferences, QSize size,
                    double pixelRatio, const MarkedPieces& marked) {
-    const int side = SideOf(size);
     QImage image(size * pixelRatio, QImage::Format_RGB32);
     image.setDevicePixelRatio(pixelRatio);
     const ColourScheme colours =
         CanvasColours(preferences.Colours, InitialSettings(catalogue).Preferences.Colours, QApplication::palette());
-    Project project;
-    project.Design = design;
-    project.Design.View = ViewOf(catalogue, design, size);
-    project.Stock.Products.resize(static_cast<std::size_t>(catalogue.Count()));
-    project.Preferences = preferences;
-    project.Preferences.Colours = colours;
-    project.EditState.CurrentTrack = AllTracks;
     QPainter painter(&image);
     painter.fillRect(QRect(QPoint(0, 0), size), ToQColor(colours.Background));
     painter.translate(CornerOf(size));
-    PainterSurface surface(painter, TargetSize::Square(side));
-    ShowView(project.Design.View, surface);
-    DrawCircuit(catalogue, project, surface);
-    if (!marked.Kept.empty() || !marked.New.empty()) MarkPieces(catalogue, project, marked, side, painter);
+    PainterSurface surface(painter, TargetSize::Square(SideOf(size)));
+    ShowView(ViewOf(catalogue, design, size), surface);
+    DrawSmallPicture(catalogue, design, colours, marked, painter, surface);
     return image;
 }
 

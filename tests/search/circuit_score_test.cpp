@@ -28,8 +28,12 @@ TEST(Score, TellsHowGreatAPartOfTheLapIsOneStraight) {
 }
 
 TEST(Score, TellsHowMuchItTurnsToAndFro) {
-    EXPECT_NEAR(PartsOf("C151L C151L C151L C151L C151R C151R C151R C151R", "C151=8", 190).Winding, 1 / 3.0, 1e-5);
-    EXPECT_DOUBLE_EQ(PartsOf("C151L C151L C151L C151L", "C151=4", 95).Winding, 0);
+    const auto winding = [](const char* codes) { return PartsOf(codes, "C151=20", 190).Winding; };
+    EXPECT_DOUBLE_EQ(winding("C151L C151L C151R C151R"), 4 / 16.0) << "two bends, and each to the other side";
+    EXPECT_DOUBLE_EQ(winding("C151L C151L C160 C151R C151R"), 4 / 16.0);
+    EXPECT_DOUBLE_EQ(winding("C151L C160 C151L C160"), 2 / 14.0);
+    EXPECT_DOUBLE_EQ(winding("C151L C151R C151L C151R C151L C151R"), 12 / 24.0);
+    EXPECT_DOUBLE_EQ(winding("C160"), 0);
 }
 
 TEST(Score, CountsThemOnlyWhereTheyWeighSomething) {

@@ -1,7 +1,7 @@
 // What circuits must have, and what that asks of their box.
 #include "search/must_haves.h"
 
-#include "support/pieces.h"
+#include "support/chain.h"
 #include "support/stock.h"
 
 #include <gtest/gtest.h>
@@ -74,6 +74,32 @@ TEST(MustHaves, OfScalextricAreNotThereWhereCircuitsAreOfNinco) {
         << "each by 56.25 degrees";
     EXPECT_EQ(why(",C187=7", {.LapCounter = true, .BankedCurve = true, .ChangeOvers = true, .Chicane = true}), "");
     EXPECT_EQ(why(",N10110=2", {.LapCounter = true, .ChangeOvers = true, .Chicane = true}), "");
+}
+
+TEST(MustHaves, OfTwoSystemsAreNotThereTogetherWhereCircuitsAreOfOne) {
+    const std::string box = "C151=8,C160=8,C277=1,C159=1,N10105=8,N10102=8,N10111=2";
+    const MustHaves both{.LapCounter = true, .ChangeOvers = true};
+    const auto why = [&](const char* more, const MustHaves& mustHave) {
+        return WhyNotIn((box + more).c_str(), mustHave);
+    };
+
+    EXPECT_EQ(why("", both),
+              "The lap counter is Scalextric, the change-overs are Ninco. A circuit of both systems takes "
+              "two N10110.");
+    EXPECT_EQ(why(",N10110=1", both), why("", both));
+    EXPECT_EQ(why(",N10110=2", both), "");
+    EXPECT_EQ(why(",C8006=2", both), "") << "these are Scalextric, too";
+    EXPECT_EQ(why("", {.LapCounter = true}), "");
+    EXPECT_EQ(why("", {.ChangeOvers = true}), "");
+}
+
+TEST(MustHaves, OfACircuitAreWhatItHasItself) {
+    const auto of = [](const char* codes) { return MustHavesOf(Pieces(), RowsOf(codes)); };
+
+    EXPECT_EQ(of("C160 C151L"), MustHaves());
+    EXPECT_EQ(of("C277 C187L C151L"), (MustHaves{.LapCounter = true, .BankedCurve = true}));
+    EXPECT_EQ(of("C8006 C160 C8007 C8007"), (MustHaves{.Chicane = true})) << "one change-over is no pair";
+    EXPECT_EQ(of("C8006 C160 C8006"), (MustHaves{.ChangeOvers = true}));
 }
 
 TEST(MustHaves, AreNotBlamedWhereTheBoxMakesNoCircuitAtAll) {

@@ -9,8 +9,10 @@ namespace pistaro {
 
 class MyBox : public WindowTest {
 protected:
+    /// Shows all that will be found, also those that look alike.
     void OpenBox(pistaro::Project project = ProjectOf("")) {
         Open(std::move(project));
+        Session->Habits.BoxShapes = "all";
         Choose("mnuFromBox");
     }
 

@@ -3,6 +3,7 @@
 
 #include "storage/circuit_file.h"
 #include "support/temporary_folder.h"
+#include "ui/circuit_card.h"
 
 #include <QScrollBar>
 
@@ -14,12 +15,13 @@ protected:
     bool IsTicked(int row) { return Circuits().item(row)->checkState() == Qt::Checked; }
     QScrollBar& Bar() { return *Circuits().verticalScrollBar(); }
 
-    /// The box in the corner of a card's picture.
-    QPoint TickOf(int row) {
+    /// The box at the end of a card's first line, with the word before it.
+    QRect TickTarget(int row) {
         const QRect card = Circuits().visualItemRect(Circuits().item(row));
-        constexpr int margin = 6, inside = 10;
-        return {card.left() + margin + Circuits().iconSize().width() - inside, card.top() + margin + inside};
+        return CircuitCard::TickTarget(card, Circuits().iconSize().width(), Circuits().fontMetrics(),
+                                       *Circuits().style());
     }
+    QPoint TickOf(int row) { return TickTarget(row).center(); }
     void ClickTick(int row) { QTest::mouseClick(Circuits().viewport(), Qt::LeftButton, {}, TickOf(row)); }
 
     /// Shows all that were found, which are so many that the list has room for few of them: those with good straights
@@ -66,6 +68,23 @@ TEST_F(Cards, AreTickedOneByOneAndKeptTogether) {
     EXPECT_FALSE(IsTicked(2));
 }
 
+TEST_F(Cards, LeaveTheirPicturesFreeOfTheirBoxes) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    const QRect card = Circuits().visualItemRect(Circuits().item(0));
+
+    const int pictureAndWords = Circuits().iconSize().height() + 2 * Circuits().fontMetrics().height();
+    EXPECT_LT(TickTarget(0).bottom(), card.bottom() - pictureAndWords);
+    EXPECT_TRUE(card.contains(TickTarget(0)));
+}
+
+TEST_F(Cards, TellAllOfTheirWordsInTheirToolTips) {
+    OpenBox();
+    Search("C151=8,C160=4");
+
+    EXPECT_EQ(Circuits().item(4)->toolTip(), "83 % of the box, 2.56 m\n10 pieces\nlike 1");
+}
+
 TEST_F(Cards, AreTickedByTheSpaceBarAndNotOpenedByQuickClicksOnTheirBoxes) {
     OpenBox(ProjectOf("C160"));
     Search("C151=8,C160=4");
@@ -77,6 +96,51 @@ TEST_F(Cards, AreTickedByTheSpaceBarAndNotOpenedByQuickClicksOnTheirBoxes) {
 
     EXPECT_EQ(Codes(), "C160");
     EXPECT_TRUE(Dialog().isVisible());
+}
+
+TEST_F(Cards, AreOneOfEachShapeUntilAllAreWishedFor) {
+    Open(ProjectOf(""));
+    Choose("mnuFromBox");
+    Find<QSpinBox>("spnCircuits").setValue(100);
+    Search("C151=8,C159=2,C158=2");
+    const int shapes = Circuits().count();
+    int others = 0;
+    for (int row = 0; row < shapes; ++row) {
+        const QString note = Circuits().item(row)->text().section('\n', 2);
+        others += note.section('+', 1).section(' ', 0, 0).toInt();
+    }
+    const std::string sentence = Text("lblFound");
+
+    Find<QCheckBox>("chkShapes").click();
+
+    const int all = Circuits().count();
+    ASSERT_LT(shapes, all);
+    EXPECT_EQ(shapes + others, all) << "each is shown or counted";
+    const std::string found = std::to_string(all) + " circuits found";
+    EXPECT_EQ(sentence, found + ", of " + std::to_string(shapes) + " shapes; there are no others.");
+    EXPECT_EQ(Text("lblFound"), found + "; there are no others.");
+    EXPECT_EQ(Session->Habits.BoxShapes, "all");
+    Find<QCheckBox>("chkShapes").click();
+    EXPECT_EQ(Circuits().count(), shapes);
+    EXPECT_EQ(Session->Habits.BoxShapes, "");
+}
+
+TEST_F(Cards, TellOfHowManyTheyAreTheBestShapes) {
+    Open(ProjectOf(""));
+    Choose("mnuFromBox");
+    Search("C151=8,C160=4");
+    EXPECT_EQ(Text("lblFound"), "5 circuits found; there are no others.") << "of five shapes";
+
+    Find<QSpinBox>("spnCircuits").setValue(2);
+
+    EXPECT_EQ(Circuits().count(), 2);
+    EXPECT_EQ(Text("lblFound"), "The best 2 shapes of 5 circuits found; there are no others.");
+}
+
+TEST_F(Cards, OfAllShapesComeAgainForWhoWishedForThem) {
+    OpenBox();
+
+    EXPECT_FALSE(Find<QCheckBox>("chkShapes").isChecked());
 }
 
 TEST_F(Cards, StayWhileTheyAreTickedOrChosen) {

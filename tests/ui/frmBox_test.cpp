@@ -4,6 +4,7 @@
 #include "storage/circuit_file.h"
 #include "support/temporary_folder.h"
 
+#include <QStatusBar>
 #include <gmock/gmock.h>
 
 namespace pistaro {
@@ -33,8 +34,8 @@ TEST_F(MyBox, ShowsTheCircleBeforeWhatIsMuchLikeABetterOne) {
     const auto pieces = [&](int row) { return Circuits().item(row)->text().section('\n', 1).toStdString(); };
     EXPECT_THAT(pieces(1), StartsWith("12 pieces"));
     EXPECT_THAT(pieces(2), StartsWith("8 pieces"));
-    EXPECT_EQ(pieces(3), "12 pieces · like 1");
-    EXPECT_EQ(pieces(4), "10 pieces · like 1");
+    EXPECT_EQ(pieces(3), "12 pieces\nlike 1");
+    EXPECT_EQ(pieces(4), "10 pieces\nlike 1");
 }
 
 TEST_F(MyBox, ShowsTheBestCircuitUntilOneIsClickedAndThenThatOne) {
@@ -68,6 +69,20 @@ TEST_F(MyBox, OpensTheChosenCircuitAsOneStep) {
     Choose("mnuUndo");
     Choose("mnuUndo");
     EXPECT_EQ(Codes(), "C160");
+}
+
+TEST_F(MyBox, TellsWhyTheOpenedCircuitIsAllRedWhereNothingIsOwned) {
+    const auto told = [&] { return Window->findChild<QStatusBar*>()->currentMessage().toStdString(); };
+    OpenBox();
+    Search("C151=8,C160=4");
+    OpenCircuit(0);
+    EXPECT_EQ(told(), "All red: none of it is yours yet. I Own These in Circuit ▸ From My Box… says that it is.");
+
+    SetStock(Project, "C151L", 8);
+    Window->findChild<QStatusBar*>()->clearMessage();
+    OpenCircuit(1);
+
+    EXPECT_EQ(told(), "") << "some of it is";
 }
 
 TEST_F(MyBox, OpensACircuitByADoubleClickAndByEnter) {

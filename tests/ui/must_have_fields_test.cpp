@@ -64,6 +64,32 @@ TEST_F(MustHavesOfABox, TellWhyThereIsNoCircuitWithALapCounterAlone) {
     EXPECT_THAT(Circuits().accessibleDescription().toStdString(), HasSubstr("has no second one to lie opposite"));
 }
 
+TEST_F(MustHavesOfABox, AreTickedAtFirstWhereTheVariedTrackHasThem) {
+    Open(ProjectOf("C277 C160 C151R C151R C151R C151R C159 C160 C151R C151R C151R C151R"));
+    Choose("mnuVariations");
+
+    EXPECT_TRUE(Find<QCheckBox>("chkLapCounter").isChecked());
+    EXPECT_FALSE(Find<QCheckBox>("chkBankedCurve").isChecked());
+    Find<QCheckBox>("chkLapCounter").click();
+    EXPECT_FALSE(Find<QCheckBox>("chkLapCounter").isChecked());
+}
+
+TEST_F(MustHavesOfABox, OfTwoSystemsThatDoNotComeTogetherAreRefusedBeforeTheSearch) {
+    OpenBox();
+    Box().Show(BoxOf(Pieces(), "C151=8,C160=8,C277=1,C159=1,N10105=8,N10102=8,N10111=2"));
+    Find<QCheckBox>("chkLapCounter").click();
+    EXPECT_TRUE(Find<QPushButton>("cmdSearch").isEnabled());
+
+    Find<QCheckBox>("chkChangeOvers").click();
+
+    const char* const why = "The lap counter is Scalextric, the change-overs are Ninco. A circuit of both systems "
+                            "takes two N10110.";
+    EXPECT_FALSE(Find<QPushButton>("cmdSearch").isEnabled());
+    EXPECT_EQ(Find<QPushButton>("cmdSearch").toolTip(), why);
+    EXPECT_EQ(Circuits().accessibleDescription(), why);
+    EXPECT_EQ(Text("lblFound"), "No circuit of these pieces has all that it must have.");
+}
+
 TEST_F(MustHavesOfABox, CountAgainWhenTheBoxHasThemAgain) {
     OpenBox();
     Box().Show(BoxOf(Pieces(), "C151=8,C160=4,C277=1"));

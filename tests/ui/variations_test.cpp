@@ -86,6 +86,17 @@ TEST_F(VariationsOfADesign, LeaveTheOtherTracksWhereTheyLie) {
     EXPECT_EQ(Project.EditState.CurrentTrack, 1);
 }
 
+TEST_F(VariationsOfADesign, TellThatTheOtherTracksTakeTheirRoom) {
+    pistaro::Project project = ProjectOf("C160 C151R C151R C160", "C160 C151R");
+    Open(project);
+    Choose("mnuVariations");
+    EXPECT_TRUE(Find<QLabel>("lblOthers").isVisible());
+
+    Session->Do([&] { Project.Design.Circuit.Tracks[1].ElementCodes.clear(); });
+
+    EXPECT_FALSE(Find<QLabel>("lblOthers").isVisible());
+}
+
 TEST_F(VariationsOfADesign, ShowFirstWhatIsLikeTheDesign) {
     Open(ProjectOf("C160 C160 C151R C151R C151R C151R C160 C160 C151R C151R C151R C151R"));
     Choose("mnuVariations");
@@ -101,8 +112,9 @@ double TintedShare(QWidget& picture, int hue) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QColor colour = image.pixelColor(x, y);
-            constexpr int near = 10, vivid = 60;
-            tinted += colour.saturation() > vivid && std::abs(colour.hue() - hue) <= near ? 1 : 0;
+            constexpr int near = 10, vivid = 60, round = 360;
+            const int away = std::abs(colour.hue() - hue);
+            tinted += colour.saturation() > vivid && std::min(away, round - away) <= near ? 1 : 0;
         }
     }
     return static_cast<double>(tinted) / (image.width() * image.height());

@@ -196,7 +196,8 @@ TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
                         .PrintScale = "2.5",
                         .PrintOrientation = "Landscape",
                         .PlanEnding = ".pdf",
-                        .BoxRoom = "240x160"};
+                        .BoxRoom = "240x160",
+                        .BoxShapes = "all"};
     Session->Habits = habits;
     KeepWindow(folder_ / "window.ini", *Window, *Session);
 
