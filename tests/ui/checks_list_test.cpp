@@ -233,11 +233,9 @@ TEST_F(ChecksList, KeepsItsPartOfAWindowThatBecomesLarge) {
     const int low = dock.height();
 
     Window->resize(1900, 1040);
-    QTest::qWait(20);
-    EXPECT_GT(dock.height(), low + 60);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dock.height() > low + 60; })) << dock.height();
     Window->resize(1366, 740);
-    QTest::qWait(20);
-    EXPECT_NEAR(dock.height(), low, 8);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(dock.height() - low) < 8; })) << dock.height();
 }
 
 TEST_F(ChecksList, WhatFollowsFromAMissingPieceStandsBelowTheOpenTrack) {
