@@ -1,6 +1,7 @@
 #include "checks/mends.h"
 
 #include "checks/balance.h"
+#include "checks/check.h"
 #include "layout/overlap.h"
 #include "layout/room_fit.h"
 
@@ -34,32 +35,69 @@ std::ptrdiff_t LeftOf(const Catalogue& catalogue, const Design& design, const St
     return left;
 }
 
-/// The first plain straight of a track that a piece fits in the place of, or -1.
+/// Whether the code is that of a plain straight that a piece fits in the place of.
+bool FitsInPlaceOf(const Catalogue& catalogue, const CatalogueEntry& piece, const std::string& code) {
+    const CatalogueEntry* const straight = catalogue.Find(code);
+    return straight != nullptr && IsPlainStraight(*straight) && straight->System == piece.System &&
+           straight->Kind.Length == piece.Kind.Length && straight->Kind.Width == piece.Kind.Width;
+}
+
+/// The first element of a track that a piece fits in the place of, or -1.
 int PlaceFor(const Catalogue& catalogue, const Track& track, const CatalogueEntry& piece) {
-    const auto found = std::ranges::find_if(track.ElementCodes, [&](const std::string& code) {
-        const CatalogueEntry* const straight = catalogue.Find(code);
-        return straight != nullptr && IsPlainStraight(*straight) && straight->System == piece.System &&
-               straight->Kind.Length == piece.Kind.Length && straight->Kind.Width == piece.Kind.Width;
-    });
+    const auto found = std::ranges::find_if(
+        track.ElementCodes, [&](const std::string& code) { return FitsInPlaceOf(catalogue, piece, code); });
     return found == track.ElementCodes.end() ? -1 : static_cast<int>(found - track.ElementCodes.begin());
+}
+
+Mend Exchanged(const char* caption, Circuit circuit, PieceAddress place, const CatalogueEntry& piece) {
+    std::string& code =
+        circuit.Tracks[static_cast<std::size_t>(place.Track)].ElementCodes[static_cast<std::size_t>(place.Element)];
+    const std::string text = piece.Code + " in place of " + code + " (" + std::to_string(place.Element) + ")";
+    code = piece.Code;
+    return {caption, text, std::move(circuit)};
 }
 
 std::optional<Mend> PutIn(const Catalogue& catalogue, const Design& design, const Stock& stock, int track,
                           PieceMarks marks) {
-    Track changed = design.Circuit.Tracks[static_cast<std::size_t>(track)];
-    if (!IsMissingHere(catalogue, changed, marks)) return std::nullopt; // there are several
+    const Track& of = design.Circuit.Tracks[static_cast<std::size_t>(track)];
+    if (!IsMissingHere(catalogue, of, marks)) return std::nullopt; // there are several
     const CatalogueEntry* best = nullptr;
     for (const CatalogueEntry& piece : catalogue) {
-        if (piece.Kind.Marks != marks || !piece.IsStraight() || PlaceFor(catalogue, changed, piece) < 0) continue;
+        if (piece.Kind.Marks != marks || !piece.IsStraight() || PlaceFor(catalogue, of, piece) < 0) continue;
         const bool isOwned = LeftOf(catalogue, design, stock, piece) > 0;
         if (best == nullptr || (isOwned && LeftOf(catalogue, design, stock, *best) <= 0)) best = &piece;
     }
     if (best == nullptr) return std::nullopt;
-    const int place = PlaceFor(catalogue, changed, *best);
-    std::string& code = changed.ElementCodes[static_cast<std::size_t>(place)];
-    const std::string text = best->Code + " in place of " + code + " (" + std::to_string(place) + ")";
-    code = best->Code;
-    return Mend{"Put One In", text, changed};
+    return Exchanged("Put One In", design.Circuit, {track, PlaceFor(catalogue, of, *best)}, *best);
+}
+
+std::vector<PieceAddress> PlacesOf(const Finding& finding) {
+    std::vector<PieceAddress> places = finding.Others;
+    places.reserve(places.size() + finding.Pieces.size());
+    for (const int element : finding.Pieces)
+        places.push_back({finding.Track, element});
+    return places;
+}
+
+bool OverlapsAnother(const Catalogue& catalogue, const Design& design, const Stock& stock, PieceAddress place) {
+    return std::ranges::any_of(CheckDesign(catalogue, design, stock, {}), [&](const Finding& finding) {
+        const std::vector<PieceAddress> places = PlacesOf(finding);
+        return finding.Rule == "overlap" && std::ranges::find(places, place) != places.end();
+    });
+}
+
+std::optional<Mend> PutBridgeIn(const Catalogue& catalogue, const Design& design, const Stock& stock,
+                                const Finding& finding) {
+    const auto bridge = std::ranges::find_if(catalogue, [](const CatalogueEntry& piece) { return piece.IsBridge(); });
+    for (const PieceAddress place : PlacesOf(finding)) {
+        const Track& track = design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
+        if (!FitsInPlaceOf(catalogue, *bridge, track.ElementCodes[static_cast<std::size_t>(place.Element)])) continue;
+        Mend mend = Exchanged("Put a Bridge In", design.Circuit, place, *bridge);
+        Design changed = design;
+        changed.Circuit = mend.Circuit;
+        if (!OverlapsAnother(catalogue, changed, stock, place)) return mend;
+    }
+    return std::nullopt;
 }
 
 /// A way to move, cm.
@@ -97,7 +135,7 @@ GroundBox BoxOf(const std::vector<Wall>& walls) {
 /// the greater.
 std::vector<double> Distances(double least, double greatest) {
     constexpr double aside = 5; // cm from the walls, at which no check warns of them
-    constexpr int parts = 24;
+    constexpr int parts = 48;
     if (least > greatest) return {};
     if (greatest - least >= 2 * aside) {
         least += aside;
@@ -129,25 +167,45 @@ std::vector<Move> MovesInto(const GroundBox& room, const GroundBox& box) {
     return moves;
 }
 
-std::optional<Mend> MoveInside(const Catalogue& catalogue, const Design& design, int track) {
-    Track moved = design.Circuit.Tracks[static_cast<std::size_t>(track)];
-    const RoomFit room(design.Room);
-    const std::vector<Ground> own = GroundsOf(catalogue, moved);
+/// The shortest way found to move what lies outside the room to where all of it lies inside, and over nothing else.
+std::optional<Move> WayInside(const RoomFit& room, const std::vector<Ground>& own, const std::vector<Ground>& others) {
     if (own.empty() || room.Walls().empty()) return std::nullopt;
-    const std::vector<Ground> others = GroundsBeside(catalogue, design.Circuit, track);
     const auto isFree = [&](Move move) {
         return std::ranges::all_of(own, [&](const Ground& piece) {
             const Ground ground = Moved(piece, move);
-            return room.Holds(ground) &&
-                   std::ranges::none_of(others, [&](const Ground& other) { return Overlaps(ground, other); });
+            return room.Holds(ground) && std::ranges::none_of(others, [&](const Ground& other) {
+                       return ground.Box.Meets(other.Box) && Overlaps(ground, other);
+                   });
         });
     };
     const std::vector<Move> moves = MovesInto(BoxOf(room.Walls()), BoxOf(own));
     const auto free = std::ranges::find_if(moves, isFree);
-    if (free == moves.end()) return std::nullopt;
-    moved.TrackStartX = static_cast<float>(moved.TrackStartX + free->Right);
-    moved.TrackStartY = static_cast<float>(moved.TrackStartY + free->Up);
-    return Mend{"Move into the Room", "The whole track moved to where it lies within the room", moved};
+    return free == moves.end() ? std::nullopt : std::optional(*free);
+}
+
+void Shift(Track& track, Move move) {
+    track.TrackStartX = static_cast<float>(track.TrackStartX + move.Right);
+    track.TrackStartY = static_cast<float>(track.TrackStartY + move.Up);
+}
+
+std::optional<Mend> MoveInside(const Catalogue& catalogue, const Design& design, int track) {
+    const RoomFit room(design.Room);
+    Circuit moved = design.Circuit;
+    Track& own = moved.Tracks[static_cast<std::size_t>(track)];
+    const std::vector<Ground> ownGrounds = GroundsOf(catalogue, own);
+    const std::vector<Ground> others = GroundsBeside(catalogue, design.Circuit, track);
+    if (const auto way = WayInside(room, ownGrounds, others)) {
+        Shift(own, *way);
+        return Mend{"Move into the Room", "The whole track moved to where it lies within the room", moved};
+    }
+    std::vector<Ground> all = ownGrounds;
+    all.insert(all.end(), others.begin(), others.end());
+    const auto way = WayInside(room, all, {});
+    if (!way) return std::nullopt;
+    for (Track& one : moved.Tracks) {
+        if (!one.ElementCodes.empty()) Shift(one, *way);
+    }
+    return Mend{"Move into the Room", "All tracks moved together to where they lie within the room", moved};
 }
 
 } // namespace
@@ -157,6 +215,7 @@ std::optional<Mend> MendOf(const Catalogue& catalogue, const Design& design, con
     if (finding.Rule == "lap-counter") return PutIn(catalogue, design, stock, finding.Track, PieceMarks::LapCounter);
     if (finding.Rule == "start-section")
         return PutIn(catalogue, design, stock, finding.Track, PieceMarks::ReverseStart);
+    if (finding.Rule == "overlap") return PutBridgeIn(catalogue, design, stock, finding);
     if (finding.Rule == "outside-room") return MoveInside(catalogue, design, finding.Track);
     return std::nullopt;
 }

@@ -20,6 +20,7 @@ struct Habits {
     std::string PrintOrientation; ///< "Landscape"
     std::string PlanEnding;       ///< ".html": of the last build plan
     std::string BoxRoom;          ///< "240x160": the area that circuits from a box were last laid in, cm
+    std::string BoxPieces;        ///< "C151L=8,C160=4": what they were last laid from, if not from what is owned
     std::string BoxShapes;        ///< "all": that those of one shape are shown, too, which are found there
 
     bool operator==(const Habits&) const = default;

@@ -67,4 +67,13 @@ PieceBox BoxOf(const Catalogue& catalogue, std::string_view text) {
     }
 }
 
+std::string TextOf(const Catalogue& catalogue, const PieceBox& box) {
+    std::string text;
+    for (int row = 0; row < catalogue.Count(); ++row) {
+        const int count = box.Counts[static_cast<std::size_t>(row)];
+        if (count > 0) text += (text.empty() ? "" : ",") + catalogue[row].Code + "=" + std::to_string(count);
+    }
+    return text;
+}
+
 } // namespace pistaro

@@ -30,4 +30,7 @@ inline constexpr int MostOfProduct = 501;
 /// "C160=8,C151=8": product codes with counts, each once. Throws std::invalid_argument, which says what is wrong.
 PieceBox BoxOf(const Catalogue& catalogue, std::string_view text);
 
+/// The box as a text of which BoxOf makes the same box, if there is anything in it: "C151L=8,C160=4".
+std::string TextOf(const Catalogue& catalogue, const PieceBox& box);
+
 } // namespace pistaro

@@ -30,7 +30,7 @@ BoxFields::BoxFields(Session& session, std::optional<int> varied, std::function<
     column->addWidget(mustHaves_);
     column->addLayout(NumberFields());
     lstBox_->ShowOwned(owned_);
-    FillBox(varied ? BoxOfTrack(session, *varied) : owned_);
+    FillBox(varied ? BoxOfTrack(session, *varied) : LastBox());
     ShowTotal();
     if (varied) mustHaves_->BeginWith(MustHavesOfTrack(session, *varied));
     mustHaves_->Offer(lstBox_->Box());
@@ -175,6 +175,21 @@ void BoxFields::Filter() {
     chkAllProducts_->setToolTip(hasMine ? "List products, too, that you do not own and that are not in the box"
                                         : "All products are listed while you own none and the box is empty");
     lstBox_->Filter(txtFilterBox_->text(), chkAllProducts_->isChecked());
+}
+
+void BoxFields::Remember(const BoxWish& wish) const {
+    if (wish.Area) room_->RememberArea();
+    session_.Habits.BoxPieces = wish.Box == owned_ ? "" : TextOf(session_.Catalogue, wish.Box);
+}
+
+/// Of the last search, or what is owned.
+PieceBox BoxFields::LastBox() const {
+    if (session_.Habits.BoxPieces.empty()) return owned_;
+    try {
+        return BoxOf(session_.Catalogue, session_.Habits.BoxPieces);
+    } catch (const std::invalid_argument&) { // of a changed file
+        return owned_;
+    }
 }
 
 void BoxFields::FillBox(const PieceBox& box) {

@@ -39,7 +39,8 @@ public:
     BoxWish Wish() const;
 
     /// Keeps the rectangle, which the next one begins with.
-    void RememberArea() const { room_->RememberArea(); }
+    /// For the next time that the program runs.
+    void Remember(const BoxWish& wish) const;
 
     /// How many circuits are wished for.
     int Count() const { return spnCount_->value(); }
@@ -52,6 +53,7 @@ private:
     QLayout* SourceFields();
     QLayout* FilterFields();
     QLayout* TotalFields();
+    PieceBox LastBox() const;
     void FillBox(const PieceBox& box);
     void Filter();
     QLayout* NumberFields();

@@ -195,6 +195,7 @@ void ChecksDock::List() {
         line.setExpanded(unfolded_.contains(findings_[FindingOf(line)].Rule));
     }
     list_->setRootIsDecorated(areAnyBelow);
+    list_->viewport()->update(); // all of it: of itself the toolkit may paint no more than the line that was chosen
 }
 
 /// Puts what follows from an open track below it.
@@ -293,7 +294,7 @@ void ChecksDock::Cure() {
     if (!mend) return;
     session_.Do([&] {
         session_.NameStep(mend->Caption);
-        session_.Project.Design.Circuit.Tracks[static_cast<std::size_t>(Chosen()->Track)] = mend->Track;
+        session_.Project.Design.Circuit = mend->Circuit;
         session_.Project.EditState.DataChanged = true;
     });
 }

@@ -51,6 +51,9 @@ void PaintTick(QPainter& painter, const QStyleOptionViewItem& card, const QRect&
     box.state = QStyle::State_Enabled | (card.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off);
     painter.drawText(TickWordRect(caption, card.fontMetrics, style), Qt::AlignLeft | Qt::AlignVCenter, TickWord);
     style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, card.widget);
+    painter.setOpacity(Pale);
+    painter.drawRect(box.rect.adjusted(0, 0, -1, -1)); // its own edge is not seen in dark surroundings
+    painter.setOpacity(1);
 }
 
 /// The card's number, and as much of the note behind it as there is room for.

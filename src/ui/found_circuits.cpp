@@ -197,7 +197,7 @@ void FoundCircuits::Fill(QListWidgetItem& line, const FoundCircuit& found, const
     if (ranked.Like) lines += QString("like %1").arg(*ranked.Like + 1);
     if (const std::string warning = WallWarning(session_, around_.Design, circuit); !warning.empty())
         lines += Shown(warning);
-    if (ranked.Others > 0) lines += QString("+%1 like it").arg(ranked.Others);
+    if (ranked.Others > 0) lines += QString(ranked.Like ? "+%1" : "+%1 like it").arg(ranked.Others);
     line.setToolTip(lines.join('\n'));
     line.setText(lines.join('\n'));
 }

@@ -187,7 +187,7 @@ void frmBox::Search() {
         count_ = {};
         lstCircuits_->Begin(around_, [this](const Track& circuit) { return MarksOf(circuit); });
         search_.Start(task);
-        if (wish.Area && !varied_) fields_->RememberArea();
+        if (!varied_) fields_->Remember(wish);
     });
     ShowStanding();
     ShowChosen();

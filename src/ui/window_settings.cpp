@@ -48,6 +48,7 @@ constexpr NamedHabit NamedHabits[] = {{"habits/exportFolder", &Habits::ExportFol
                                       {"habits/printOrientation", &Habits::PrintOrientation},
                                       {"habits/planEnding", &Habits::PlanEnding},
                                       {"habits/boxRoom", &Habits::BoxRoom},
+                                      {"habits/boxPieces", &Habits::BoxPieces},
                                       {"habits/boxShapes", &Habits::BoxShapes}};
 constexpr const char* PlaceKey = "window/place";
 constexpr const char* PanelsKey = "window/panels";

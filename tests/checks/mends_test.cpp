@@ -26,7 +26,7 @@ std::optional<Mend> MendOf(const Project& project, std::string_view rule) {
 }
 
 /// "C160 C277: C277 in place of C159 (1)"
-std::string Told(const std::optional<Mend>& mend) { return mend ? CodesOf(mend->Track) + ": " + mend->Text : "none"; }
+std::string Told(const std::optional<Mend>& mend) { return mend ? CodesOf(mend->Circuit.Tracks[0]) + ": " + mend->Text : "none"; }
 
 TEST(Mends, PutAMissingPieceInPlaceOfTheFirstPlainStraightOfItsLength) {
     const Project project = ProjectOf("C160 C151L C159 C159");
@@ -54,7 +54,7 @@ Project InARoom(float x, float y) {
 Project Mended(Project project, std::string_view rule) {
     const std::optional<Mend> mend = MendOf(project, rule);
     if (!mend) throw std::logic_error("there is no mend");
-    project.Design.Circuit.Tracks[0] = mend->Track;
+    project.Design.Circuit = mend->Circuit;
     return project;
 }
 
@@ -82,6 +82,40 @@ TEST(Mends, MoveATrackBesideOtherTracksAndPillars) {
     const std::vector<Finding> findings = FindingsOf(project);
     EXPECT_THAT(findings, Not(Contains(Field(&Finding::Rule, "outside-room"))));
     EXPECT_THAT(findings, Not(Contains(Field(&Finding::Rule, "overlap"))));
+}
+
+TEST(Mends, MoveAllTracksTogetherWhereOneFindsNoPlaceAlone) {
+    Project project = InARoom(54, 10); // 15.5 cm wide, of which nine lie beyond the wall
+    project.Design.Room.Points = {{0, 0, 0}, {60, 0, 1}, {60, 160, 1}, {0, 160, 1}, {0, 0, 1}};
+    auto& tracks = project.Design.Circuit.Tracks;
+    tracks[1] = tracks[2] = tracks[0];
+    tracks[1].TrackStartX = 10;
+    tracks[2].TrackStartX = 32;
+
+    project = Mended(std::move(project), "outside-room");
+
+    EXPECT_THAT(FindingsOf(project), Not(Contains(Field(&Finding::Rule, "outside-room"))));
+    const auto& moved = project.Design.Circuit.Tracks;
+    EXPECT_EQ(moved[0].TrackStartX, 44);
+    EXPECT_EQ(moved[1].TrackStartX, 0);
+    EXPECT_EQ(moved[2].TrackStartX, 22);
+}
+
+TEST(Mends, PutABridgeInWhereTwoStraightsCross) {
+    const Project crossing = ProjectOf("C160 C160 C159 C158 C151L C151L C151L C159 C151L C151L C151L C159 C160 C160 C158 "
+                                       "C151R C151R C151R C160 C151R C151R C151R");
+
+    const std::optional<Mend> mend = MendOf(crossing, "overlap");
+    ASSERT_TRUE(mend);
+    EXPECT_EQ(mend->Caption, "Put a Bridge In");
+    EXPECT_EQ(mend->Text, "C248 in place of C160 (1)");
+    EXPECT_THAT(FindingsOf(Mended(crossing, "overlap")), Not(Contains(Field(&Finding::Rule, "overlap"))));
+}
+
+TEST(Mends, PutNoBridgeOverTrackThatItWouldStandOn) {
+    const Project ring = ProjectOf("C151L C151L C151L C151L C151L C151L C151L C151L C160 C160");
+
+    EXPECT_EQ(Told(MendOf(ring, "overlap")), "none") << "curves lie below";
 }
 
 TEST(Mends, LeaveATrackWhereItIsThatTheRoomCannotHold) {

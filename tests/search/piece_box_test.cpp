@@ -41,6 +41,12 @@ TEST(Box, TakesAHandThatIsAProductOfItsOwn) {
     EXPECT_EQ(CountOf(box, "C8010R"), 2);
 }
 
+TEST(Box, IsReadAgainAsItWasWritten) {
+    const PieceBox box = BoxOf(Pieces(), "C160=8,C151=12,C8010=1,C8010R=2");
+
+    EXPECT_EQ(BoxOf(Pieces(), TextOf(Pieces(), box)), box);
+}
+
 TEST(Box, RefusesWhatIsNoProduct) {
     for (const char* const text : {"", "C160", "C16=1", "C1600=1", "C151R=2", "c160=1", "C160=1,", ",C160=1", "=1"})
         EXPECT_THAT(Refusal(text), HasSubstr("is no product and its count")) << text;

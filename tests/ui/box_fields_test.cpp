@@ -202,5 +202,31 @@ TEST_F(BoxesOfPieces, AreFilledWithTheDesignsAgain) {
     EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=2,C160=1"));
 }
 
+TEST_F(BoxesOfPieces, AreThoseOfTheLastSearchUnlessTheseWereWhatIsOwned) {
+    OpenBox();
+    Search("C151=8,C160=4");
+    const Habits habits = Session->Habits;
+    EXPECT_EQ(habits.BoxPieces, "C151L=8,C160=4");
+
+    Open(ProjectOf(""));
+    Session->Habits = habits;
+    Choose("mnuFromBox");
+    EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=8,C160=4"));
+
+    pistaro::Project owner = ProjectOf("");
+    SetStock(owner, "C151L", 8);
+    Open(std::move(owner));
+    Choose("mnuFromBox");
+    Search("C151=8");
+    EXPECT_EQ(Session->Habits.BoxPieces, "");
+}
+
+TEST_F(BoxesOfPieces, AreWhatIsOwnedWhereTheLastOnesCannotBeRead) {
+    Open(ProjectOf(""));
+    Session->Habits.BoxPieces = "C999=x";
+    Choose("mnuFromBox");
+    EXPECT_EQ(Box().Box().Total(), 0);
+}
+
 } // namespace
 } // namespace pistaro
