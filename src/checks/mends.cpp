@@ -2,6 +2,7 @@
 
 #include "checks/balance.h"
 #include "checks/check.h"
+#include "layout/ground_grid.h"
 #include "layout/overlap.h"
 #include "layout/room_fit.h"
 
@@ -168,14 +169,14 @@ std::vector<Move> MovesInto(const GroundBox& room, const GroundBox& box) {
 }
 
 /// The shortest way found to move what lies outside the room to where all of it lies inside, and over nothing else.
-std::optional<Move> WayInside(const RoomFit& room, const std::vector<Ground>& own, const std::vector<Ground>& others) {
+std::optional<Move> WayInside(const RoomFit& room, const std::vector<Ground>& own, const GroundGrid& others) {
     if (own.empty() || room.Walls().empty()) return std::nullopt;
     const auto isFree = [&](Move move) {
         return std::ranges::all_of(own, [&](const Ground& piece) {
             const Ground ground = Moved(piece, move);
-            return room.Holds(ground) && std::ranges::none_of(others, [&](const Ground& other) {
-                       return ground.Box.Meets(other.Box) && Overlaps(ground, other);
-                   });
+            return room.Holds(ground) && others.ForEachMeeting(ground.Box, [&](int, const Ground& other) {
+                return !Overlaps(ground, other);
+            });
         });
     };
     const std::vector<Move> moves = MovesInto(BoxOf(room.Walls()), BoxOf(own));
@@ -194,13 +195,13 @@ std::optional<Mend> MoveInside(const Catalogue& catalogue, const Design& design,
     Track& own = moved.Tracks[static_cast<std::size_t>(track)];
     const std::vector<Ground> ownGrounds = GroundsOf(catalogue, own);
     const std::vector<Ground> others = GroundsBeside(catalogue, design.Circuit, track);
-    if (const auto way = WayInside(room, ownGrounds, others)) {
+    if (const auto way = WayInside(room, ownGrounds, GroundGrid(others))) {
         Shift(own, *way);
         return Mend{"Move into the Room", "The whole track moved to where it lies within the room", moved};
     }
     std::vector<Ground> all = ownGrounds;
     all.insert(all.end(), others.begin(), others.end());
-    const auto way = WayInside(room, all, {});
+    const auto way = WayInside(room, all, GroundGrid(std::vector<Ground>()));
     if (!way) return std::nullopt;
     for (Track& one : moved.Tracks) {
         if (!one.ElementCodes.empty()) Shift(one, *way);

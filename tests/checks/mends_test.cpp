@@ -26,7 +26,9 @@ std::optional<Mend> MendOf(const Project& project, std::string_view rule) {
 }
 
 /// "C160 C277: C277 in place of C159 (1)"
-std::string Told(const std::optional<Mend>& mend) { return mend ? CodesOf(mend->Circuit.Tracks[0]) + ": " + mend->Text : "none"; }
+std::string Told(const std::optional<Mend>& mend) {
+    return mend ? CodesOf(mend->Circuit.Tracks[0]) + ": " + mend->Text : "none";
+}
 
 TEST(Mends, PutAMissingPieceInPlaceOfTheFirstPlainStraightOfItsLength) {
     const Project project = ProjectOf("C160 C151L C159 C159");
@@ -102,8 +104,9 @@ TEST(Mends, MoveAllTracksTogetherWhereOneFindsNoPlaceAlone) {
 }
 
 TEST(Mends, PutABridgeInWhereTwoStraightsCross) {
-    const Project crossing = ProjectOf("C160 C160 C159 C158 C151L C151L C151L C159 C151L C151L C151L C159 C160 C160 C158 "
-                                       "C151R C151R C151R C160 C151R C151R C151R");
+    const Project crossing =
+        ProjectOf("C160 C160 C159 C158 C151L C151L C151L C159 C151L C151L C151L C159 C160 C160 C158 "
+                  "C151R C151R C151R C160 C151R C151R C151R");
 
     const std::optional<Mend> mend = MendOf(crossing, "overlap");
     ASSERT_TRUE(mend);
