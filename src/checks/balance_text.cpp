@@ -10,9 +10,10 @@ namespace {
 
 /// Of lanes that are not balanced.
 std::string WhyNoSteps(const Balance& balance, const Units& units) {
-    if (balance.IsOpen) return "The track is open: close it first (Track ▸ Close the Loop).";
+    if (balance.IsOpen) return "The track is open: close it first.";
     const std::string within = "Nothing brings them within " + LengthText(BalancedWithin, units) + ": ";
-    if (balance.Nearest && (balance.Joined || *balance.Nearest < balance.Before))
+    constexpr double seen = 0.05; // cm, by which lengths that are told differ
+    if (balance.Nearest && (balance.Joined || *balance.Nearest < balance.Before - seen))
         return within + "the best of one to three changes leaves " + LengthText(*balance.Nearest, units) + ".";
     return within + (balance.LacksStraights
                          ? "no straight has a change-over of its length, and turning bends round does not help."

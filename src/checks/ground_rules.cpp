@@ -95,8 +95,8 @@ Finding FindingOf(const CheckedCircuit& circuit, const Overlap& overlap) {
     return finding;
 }
 
-/// How far a piece that the room does not hold reaches out of it, as its corners tell; 0 where only a wall runs
-/// through.
+/// How far a piece that the room does not hold reaches out of it or into a pillar, as its corners tell; 0 where only a
+/// wall runs through.
 double ReachOutside(const RoomFit& room, const Ground& ground) {
     double farthest = 0;
     for (const GroundPoint corner : ground.Corners) {

@@ -80,23 +80,25 @@ std::vector<PieceAddress> PlacesOf(const Finding& finding) {
     return places;
 }
 
-bool OverlapsAnother(const Catalogue& catalogue, const Design& design, const Stock& stock, PieceAddress place) {
-    return std::ranges::any_of(CheckDesign(catalogue, design, stock, {}), [&](const Finding& finding) {
+bool OverlapsAnother(const Catalogue& catalogue, const Design& design, PieceAddress place) {
+    return std::ranges::any_of(CheckDesign(catalogue, design, Stock(), {}), [&](const Finding& finding) {
         const std::vector<PieceAddress> places = PlacesOf(finding);
         return finding.Rule == "overlap" && std::ranges::find(places, place) != places.end();
     });
 }
 
-std::optional<Mend> PutBridgeIn(const Catalogue& catalogue, const Design& design, const Stock& stock,
-                                const Finding& finding) {
+/// Of two pieces alone: of more that overlap a bridge leaves some.
+std::optional<Mend> PutBridgeIn(const Catalogue& catalogue, const Design& design, const Finding& finding) {
     const auto bridge = std::ranges::find_if(catalogue, [](const CatalogueEntry& piece) { return piece.IsBridge(); });
-    for (const PieceAddress place : PlacesOf(finding)) {
+    const std::vector<PieceAddress> places = PlacesOf(finding);
+    if (places.size() != 2) return std::nullopt;
+    for (const PieceAddress place : places) {
         const Track& track = design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
         if (!FitsInPlaceOf(catalogue, *bridge, track.ElementCodes[static_cast<std::size_t>(place.Element)])) continue;
         Mend mend = Exchanged("Put a Bridge In", design.Circuit, place, *bridge);
         Design changed = design;
         changed.Circuit = mend.Circuit;
-        if (!OverlapsAnother(catalogue, changed, stock, place)) return mend;
+        if (!OverlapsAnother(catalogue, changed, place)) return mend;
     }
     return std::nullopt;
 }
@@ -136,7 +138,7 @@ GroundBox BoxOf(const std::vector<Wall>& walls) {
 /// the greater.
 std::vector<double> Distances(double least, double greatest) {
     constexpr double aside = 5; // cm from the walls, at which no check warns of them
-    constexpr int parts = 48;
+    constexpr int parts = 32;
     if (least > greatest) return {};
     if (greatest - least >= 2 * aside) {
         least += aside;
@@ -213,10 +215,14 @@ std::optional<Mend> MoveInside(const Catalogue& catalogue, const Design& design,
 
 std::optional<Mend> MendOf(const Catalogue& catalogue, const Design& design, const Stock& stock,
                            const Finding& finding) {
+    const bool isOfFormer = std::ranges::any_of(PlacesOf(finding), [&](PieceAddress place) {
+        return place.Element > design.Circuit.Tracks[static_cast<std::size_t>(place.Track)].ElementLastIndex();
+    });
+    if (isOfFormer) return std::nullopt;
     if (finding.Rule == "lap-counter") return PutIn(catalogue, design, stock, finding.Track, PieceMarks::LapCounter);
     if (finding.Rule == "start-section")
         return PutIn(catalogue, design, stock, finding.Track, PieceMarks::ReverseStart);
-    if (finding.Rule == "overlap") return PutBridgeIn(catalogue, design, stock, finding);
+    if (finding.Rule == "overlap") return PutBridgeIn(catalogue, design, finding);
     if (finding.Rule == "outside-room") return MoveInside(catalogue, design, finding.Track);
     return std::nullopt;
 }

@@ -98,8 +98,8 @@ bool MayOverwrite(Session& session, const std::vector<std::filesystem::path>& fi
 /// Why a circuit from a box that was typed in, or is a set, is shown in the colour of what is not owned.
 void TellWhyAllIsRed(Session& session) {
     if (session.Windows == nullptr || OwnedBox(session.Catalogue, session.Project.Stock).Total() > 0) return;
-    session.Windows->TellBriefly(
-        "All red: none of it is yours yet. I Own These in Circuit ▸ From My Box… says that it is.");
+    session.Windows->TellBriefly("None of it is yours yet: it is shown as pieces to be bought. I Own These in Circuit "
+                                 "▸ From My Box… says that it is.");
 }
 
 } // namespace

@@ -38,8 +38,7 @@ public:
 
     BoxWish Wish() const;
 
-    /// Keeps the rectangle, which the next one begins with.
-    /// For the next time that the program runs.
+    /// Keeps the pieces and the rectangle, which the next one begins with.
     void Remember(const BoxWish& wish) const;
 
     /// How many circuits are wished for.

@@ -57,7 +57,7 @@ private:
     CircuitView& view_;
     PanelList* const list_;
     QLabel* const summary_;
-    QPushButton* const cmdCure_;          ///< beside the chosen finding's rule
+    QPushButton* const cmdCure_;          ///< above the list, for the chosen line
     std::vector<Finding> all_;            ///< as they are marked
     std::vector<Finding> findings_;       ///< as they are listed: a crossing as one
     std::set<std::string_view> unfolded_; ///< the rules whose findings are listed below their heading

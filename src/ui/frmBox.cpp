@@ -260,7 +260,7 @@ QString frmBox::StandingWords(const BoxWish& wish, bool isIdle, bool never) cons
     if (count == 0 && isIdle && !never) return IdleText(wish.Box.Total() == 0);
     if (count == 0 && !WhyNot(session_.Catalogue, wish.Box, wish.MustHave).empty())
         return "No circuit of these pieces has all that it must have.";
-    FoundCount shown = count_;
+    FoundCount shown = count_.Circuits > 0 ? count_ : FoundCount{.Circuits = count, .Shown = count}; // it comes later
     shown.AreBesideOthers = HasOtherTracks(around_);
     return StandingText(standing, count, FoundText(shown), InsteadFor(wish, varied_.has_value()));
 }

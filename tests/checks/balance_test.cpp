@@ -82,7 +82,7 @@ TEST(Balance, IsNotFoundWithoutStraightsOfAChangeOversLength) {
               "The lanes differ by 49.6 cm. Nothing brings them within 1.0 cm: no straight has a change-over of its "
               "length, and turning bends round does not help.");
     EXPECT_EQ(Told("C8006 " + HalfTurn + "C159 C159 " + HalfTurn + "C151R"),
-              "Each lane leads into the other. The track is open: close it first (Track ▸ Close the Loop).");
+              "Each lane leads into the other. The track is open: close it first.");
 }
 
 TEST(Balance, TakesAChangeOverOutOfAFigureOfEight) {

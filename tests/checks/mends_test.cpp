@@ -121,6 +121,22 @@ TEST(Mends, PutNoBridgeOverTrackThatItWouldStandOn) {
     EXPECT_EQ(Told(MendOf(ring, "overlap")), "none") << "curves lie below";
 }
 
+TEST(Mends, AreNoneOfPiecesThatAreGone) {
+    const Project project = ProjectOf("C160 C160");
+    const Finding former{"overlap", Severity::Error, 0, {1, 2}, ""};
+
+    EXPECT_EQ(Told(MendOf(Pieces(), project.Design, project.Stock, former)), "none");
+}
+
+TEST(Mends, PutNoBridgeInWhereMoreThanTwoPiecesOverlap) {
+    const Project crossing =
+        ProjectOf("C160 C160 C159 C158 C151L C151L C151L C159 C151L C151L C151L C159 C160 C160 C158 "
+                  "C151R C151R C151R C160 C151R C151R C151R");
+    const Finding joined{"overlap", Severity::Error, 0, {1, 11, 12}, ""};
+
+    EXPECT_EQ(Told(MendOf(Pieces(), crossing.Design, crossing.Stock, joined)), "none");
+}
+
 TEST(Mends, LeaveATrackWhereItIsThatTheRoomCannotHold) {
     Project project = InARoom(100, 200);
     project.Design.Circuit.Tracks[0].ElementCodes.assign(9, "C160"); // 315 cm

@@ -34,6 +34,13 @@ protected:
         throw std::logic_error(name);
     }
 
+    /// Of which no circuit uses all, so that the search looks for larger ones until its effort is spent.
+    void PutInMoreThanFits() {
+        Find<QSpinBox>("spnRoomWidth").setValue(240);
+        Find<QSpinBox>("spnRoomDepth").setValue(160);
+        Box().Show(BoxOf(Pieces(), "C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
+    }
+
     void PressHere(const char* name) { QTest::mouseClick(&Find<QPushButton>(name), Qt::LeftButton); }
 
     /// Has the window come back with the circuits that it found, and opens one of them.

@@ -52,7 +52,7 @@ TEST_F(StandingOfASearch, MakesCircuitsOfAnotherBoxPale) {
 
 TEST_F(StandingOfASearch, CannotContinueForAnotherBox) {
     OpenBox();
-    Box().Show(BoxOf(Pieces(), "C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
+    PutInMoreThanFits();
     PressHere("cmdSearch");
     ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0; }, 60'000));
     PressHere("cmdStop");
@@ -115,7 +115,7 @@ TEST_F(StandingOfASearch, TellsWhyThereCanBeNoCircuit) {
 
 TEST_F(StandingOfASearch, TellsHowFarItIs) {
     OpenBox();
-    Box().Show(BoxOf(Pieces(), "C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
+    PutInMoreThanFits();
     PressHere("cmdSearch");
     const QProgressBar& bar = Find<QProgressBar>("barSearch");
     EXPECT_TRUE(bar.isVisible());

@@ -76,7 +76,8 @@ TEST_F(MyBox, TellsWhyTheOpenedCircuitIsAllRedWhereNothingIsOwned) {
     OpenBox();
     Search("C151=8,C160=4");
     OpenCircuit(0);
-    EXPECT_EQ(told(), "All red: none of it is yours yet. I Own These in Circuit ▸ From My Box… says that it is.");
+    EXPECT_EQ(told(), "None of it is yours yet: it is shown as pieces to be bought. I Own These in Circuit ▸ From My "
+                      "Box… says that it is.");
 
     SetStock(Project, "C151L", 8);
     Window->findChild<QStatusBar*>()->clearMessage();
@@ -162,7 +163,7 @@ TEST_F(MyBox, KeepsChosenCircuitsAsFiles) {
 
 TEST_F(MyBox, IsSearchedWhileTheWindowIsWorkedIn) {
     OpenBox();
-    Box().Show(BoxOf(Pieces(), "C151=24,C160=24,C159=8,C158=4,C153=8,C152=8,C157=4"));
+    PutInMoreThanFits();
 
     PressHere("cmdSearch");
     ASSERT_TRUE(QTest::qWaitFor([&] { return Circuits().count() > 0; }, 60'000));

@@ -197,7 +197,7 @@ TEST_F(WindowSettings, BringBackWhatWasExportedLast) {
                         .PrintOrientation = "Landscape",
                         .PlanEnding = ".pdf",
                         .BoxRoom = "240x160",
-                        .BoxPieces = "C160=4",
+                        .BoxPieces = "C151L=8,C160=4",
                         .BoxShapes = "all"};
     Session->Habits = habits;
     KeepWindow(folder_ / "window.ini", *Window, *Session);
