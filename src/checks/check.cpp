@@ -20,6 +20,19 @@ std::string_view NameOf(Severity severity) {
     return "advice";
 }
 
+std::vector<PieceAddress> PiecesOf(const Finding& finding) {
+    std::vector<PieceAddress> pieces;
+    pieces.reserve(finding.Pieces.size() + finding.Others.size());
+    for (const int element : finding.Pieces)
+        pieces.push_back({finding.Track, element});
+    pieces.insert(pieces.end(), finding.Others.begin(), finding.Others.end());
+    return pieces;
+}
+
+PieceAddress SecondOf(const Finding& overlap) {
+    return overlap.Others.empty() ? PieceAddress{overlap.Track, overlap.Pieces.back()} : overlap.Others.front();
+}
+
 std::vector<Finding> CheckDesign(const Catalogue& catalogue, const Design& design, const Stock& stock,
                                  const Units& units, const MoneyMarks& marks) {
     const CheckedCircuit circuit(catalogue, design, stock, units, marks);

@@ -18,10 +18,6 @@ std::string AreaText(double area, const Units& units) {
 
 PieceAddress FirstOf(const Finding& overlap) { return {overlap.Track, overlap.Pieces.front()}; }
 
-PieceAddress SecondOf(const Finding& overlap) {
-    return overlap.Others.empty() ? PieceAddress{overlap.Track, overlap.Pieces.back()} : overlap.Others.front();
-}
-
 /// The names of a track's elements, of which neighbours are named by their first and last.
 std::string NamesOf(const Circuit& circuit, int track, const std::vector<int>& elements) {
     const std::vector<std::string>& codes = circuit.Tracks[static_cast<std::size_t>(track)].ElementCodes;

@@ -30,4 +30,10 @@ struct Finding {
     bool operator==(const Finding&) const = default;
 };
 
+/// Those of its track in their order, then the others.
+std::vector<PieceAddress> PiecesOf(const Finding& finding);
+
+/// Of two pieces that overlap the one that is told second.
+PieceAddress SecondOf(const Finding& overlap);
+
 } // namespace pistaro

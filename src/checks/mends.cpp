@@ -72,17 +72,9 @@ std::optional<Mend> PutIn(const Catalogue& catalogue, const Design& design, cons
     return Exchanged("Put One In", design.Circuit, {track, PlaceFor(catalogue, of, *best)}, *best);
 }
 
-std::vector<PieceAddress> PlacesOf(const Finding& finding) {
-    std::vector<PieceAddress> places = finding.Others;
-    places.reserve(places.size() + finding.Pieces.size());
-    for (const int element : finding.Pieces)
-        places.push_back({finding.Track, element});
-    return places;
-}
-
 bool OverlapsAnother(const Catalogue& catalogue, const Design& design, PieceAddress place) {
     return std::ranges::any_of(CheckDesign(catalogue, design, Stock(), {}), [&](const Finding& finding) {
-        const std::vector<PieceAddress> places = PlacesOf(finding);
+        const std::vector<PieceAddress> places = PiecesOf(finding);
         return finding.Rule == "overlap" && std::ranges::find(places, place) != places.end();
     });
 }
@@ -90,7 +82,7 @@ bool OverlapsAnother(const Catalogue& catalogue, const Design& design, PieceAddr
 /// Of two pieces alone: of more that overlap a bridge leaves some.
 std::optional<Mend> PutBridgeIn(const Catalogue& catalogue, const Design& design, const Finding& finding) {
     const auto bridge = std::ranges::find_if(catalogue, [](const CatalogueEntry& piece) { return piece.IsBridge(); });
-    const std::vector<PieceAddress> places = PlacesOf(finding);
+    const std::vector<PieceAddress> places = PiecesOf(finding);
     if (places.size() != 2) return std::nullopt;
     for (const PieceAddress place : places) {
         const Track& track = design.Circuit.Tracks[static_cast<std::size_t>(place.Track)];
@@ -215,7 +207,7 @@ std::optional<Mend> MoveInside(const Catalogue& catalogue, const Design& design,
 
 std::optional<Mend> MendOf(const Catalogue& catalogue, const Design& design, const Stock& stock,
                            const Finding& finding) {
-    const bool isOfFormer = std::ranges::any_of(PlacesOf(finding), [&](PieceAddress place) {
+    const bool isOfFormer = std::ranges::any_of(PiecesOf(finding), [&](PieceAddress place) {
         return place.Element > design.Circuit.Tracks[static_cast<std::size_t>(place.Track)].ElementLastIndex();
     });
     if (isOfFormer) return std::nullopt;

@@ -158,8 +158,7 @@ std::string OverlapText(const Session& session, const Suggestion& suggestion) {
     const CheckedCircuit circuit(session.Catalogue, changed, project.Stock, project.Preferences.Units);
     std::set<int> overlapped;
     for (const Finding& finding : FindOverlaps(circuit)) {
-        const PieceAddress other =
-            finding.Others.empty() ? PieceAddress{finding.Track, finding.Pieces.back()} : finding.Others.front();
+        const PieceAddress other = SecondOf(finding);
         if (isConcerned(finding.Track, finding.Pieces.front())) overlapped.insert(other.Track);
         if (isConcerned(other.Track, other.Element)) overlapped.insert(finding.Track);
     }

@@ -137,6 +137,13 @@ bool IsForTheSame(const BoxWish& one, const BoxWish& other) {
            one.MustHave == other.MustHave && one.Varied == other.Varied && one.Kept == other.Kept;
 }
 
+Circuit TrackAlone(const Circuit& circuit, int track) {
+    const auto at = static_cast<std::size_t>(track);
+    Circuit alone = EmptyCircuit();
+    alone.Tracks[at] = circuit.Tracks[at];
+    return alone;
+}
+
 Surroundings SurroundingsFor(const Session& session, const BoxWish& wish) {
     const Design& now = session.Project.Design;
     Surroundings around{wish.Area ? EmptyArea(*wish.Area, wish.MiddleX, wish.MiddleY) : now, wish.Varied.value_or(0)};

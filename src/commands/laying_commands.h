@@ -52,6 +52,9 @@ struct BoxWish {
 /// Whether both wish for the same circuits, however many of them.
 bool IsForTheSame(const BoxWish& one, const BoxWish& other);
 
+/// A circuit of that track alone.
+Circuit TrackAlone(const Circuit& circuit, int track);
+
 Surroundings SurroundingsFor(const Session& session, const BoxWish& wish);
 
 /// The search's task. Fault "Refused" where nothing can come of it, which says why.

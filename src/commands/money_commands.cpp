@@ -1,10 +1,13 @@
 #include "commands/money_commands.h"
 
+#include "editor/picking.h"
+#include "editor/track_editing.h"
 #include "money/purchase.h"
 #include "money/purchase_text.h"
 #include "storage/sets_file.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pistaro {
 
@@ -34,6 +37,21 @@ void BalanceTrack(Session& session, const Balance& balance) {
     Track& track = *EditedTrack(session.Project.Design.Circuit, session.Project.EditState);
     track = Balanced(track, balance.Steps);
     session.Project.EditState.DataChanged = true;
+}
+
+void MendCircuit(Session& session, const Mend& mend) {
+    session.NameStep(mend.Caption);
+    Circuit& circuit = session.Project.Design.Circuit;
+    const Circuit before = std::exchange(circuit, mend.Circuit);
+    session.Project.EditState.DataChanged = true;
+    for (int track = 0; track < TrackCount; ++track) {
+        const auto at = static_cast<std::size_t>(track);
+        const auto changed = std::ranges::mismatch(circuit.Tracks[at].ElementCodes, before.Tracks[at].ElementCodes).in1;
+        if (changed == circuit.Tracks[at].ElementCodes.end()) continue;
+        if (session.Project.EditState.CurrentTrack != track) ChooseTrack(session.Project.EditState, track);
+        SelectElement(circuit, session.Project.EditState,
+                      static_cast<int>(changed - circuit.Tracks[at].ElementCodes.begin()));
+    }
 }
 
 void PurchaseCommand(Session& session) {

@@ -3,6 +3,7 @@
 #include "checks/check.h"
 #include "checks/crossings.h"
 #include "checks/rules.h"
+#include "commands/money_commands.h"
 #include "editor/picking.h"
 #include "editor/track_editing.h"
 #include "editor/view_commands.h"
@@ -290,13 +291,7 @@ void ChecksDock::Cure() {
         session_.TryRun(*cure);
         return;
     }
-    const std::optional<Mend> mend = MendOfChosen();
-    if (!mend) return;
-    session_.Do([&] {
-        session_.NameStep(mend->Caption);
-        session_.Project.Design.Circuit = mend->Circuit;
-        session_.Project.EditState.DataChanged = true;
-    });
+    if (const std::optional<Mend> mend = MendOfChosen()) session_.Do([&] { MendCircuit(session_, *mend); });
 }
 
 void ChecksDock::OfferCure() {

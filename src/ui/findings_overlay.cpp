@@ -67,10 +67,8 @@ std::vector<WorldPoint> PointsOf(const QPolygonF& polygon) {
 
 void AddSharedGround(Overlay& overlay, const LaidPieces& pieces, const Finding& finding) {
     const PieceAddress first{finding.Track, finding.Pieces.front()};
-    const PieceAddress second =
-        finding.Others.empty() ? PieceAddress{finding.Track, finding.Pieces.back()} : finding.Others.front();
     const PiecePlacement* const a = pieces.At(first);
-    const PiecePlacement* const b = pieces.At(second);
+    const PiecePlacement* const b = pieces.At(SecondOf(finding));
     if (a == nullptr || b == nullptr) return;
     overlay.emplace_back(OverlayArea{PointsOf(PolygonOf(*a).intersected(PolygonOf(*b))), ErrorColour, true, true});
 }
@@ -152,19 +150,15 @@ QIcon IconOf(Severity severity) {
 }
 
 std::vector<PieceAddress> PiecesOf(const Catalogue& catalogue, const Circuit& circuit, const Finding& finding) {
-    std::vector<PieceAddress> places;
     if (finding.Rule == "lanes-differ") {
+        std::vector<PieceAddress> places;
         const std::vector<std::string>& codes = circuit.Tracks[static_cast<std::size_t>(finding.Track)].ElementCodes;
         for (std::size_t element = 0; element < codes.size(); ++element) {
             if (IsCurve(catalogue, codes[element])) places.push_back({finding.Track, static_cast<int>(element)});
         }
         return places;
     }
-    places.reserve(finding.Pieces.size() + finding.Others.size());
-    for (const int element : finding.Pieces)
-        places.push_back({finding.Track, element});
-    places.insert(places.end(), finding.Others.begin(), finding.Others.end());
-    return places;
+    return PiecesOf(finding);
 }
 
 Overlay FindingsOverlay(const Catalogue& catalogue, const Circuit& circuit, const std::vector<Finding>& findings,

@@ -333,19 +333,11 @@ std::vector<CircuitFigure> frmBox::FiguresOf(const LaidCircuit& circuit) const {
     return figures;
 }
 
-/// The design's circuit with the track that is varied alone.
-Circuit frmBox::YoursAlone() const {
-    const auto track = static_cast<std::size_t>(*varied_);
-    Circuit alone = EmptyCircuit();
-    alone.Tracks[track] = session_.Project.Design.Circuit.Tracks[track];
-    return alone;
-}
-
 /// The track that is varied, of which a part to be kept can be chosen.
 void frmBox::ShowYours() const {
     if (picYours_ == nullptr) return;
     Design design;
-    design.Circuit = YoursAlone();
+    design.Circuit = TrackAlone(session_.Project.Design.Circuit, *varied_);
     MarkedPieces marked{{}, {}, *varied_};
     if (IsBegunTrack()) {
         const int last = design.Circuit.Tracks[static_cast<std::size_t>(*varied_)].ElementLastIndex();
@@ -359,7 +351,7 @@ void frmBox::ShowYours() const {
 void frmBox::ChooseFromYours(WorldPoint place, bool andAllBetween) {
     if (!IsBegunTrack()) return;
     session_.Do([&] {
-        const Circuit yours = YoursAlone();
+        const Circuit yours = TrackAlone(session_.Project.Design.Circuit, *varied_);
         EditState& edit = session_.Project.EditState;
         const EditState before = edit;
         SelectAt(session_.Catalogue, yours, edit, PickMap(session_.Catalogue, yours), place);

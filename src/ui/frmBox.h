@@ -55,7 +55,6 @@ private:
     MarkedPieces MarksOf(const Track& circuit) const;
     std::vector<CircuitFigure> FiguresOf(const LaidCircuit& circuit) const;
     void ShowChosen();
-    Circuit YoursAlone() const;
     void ShowYours() const;
     void ChooseFromYours(WorldPoint place, bool andAllBetween);
     void OpenChosen();

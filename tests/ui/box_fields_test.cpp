@@ -205,12 +205,9 @@ TEST_F(BoxesOfPieces, AreFilledWithTheDesignsAgain) {
 TEST_F(BoxesOfPieces, AreThoseOfTheLastSearchUnlessTheseWereWhatIsOwned) {
     OpenBox();
     Search("C151=8,C160=4");
-    const Habits habits = Session->Habits;
-    EXPECT_EQ(habits.BoxPieces, "C151L=8,C160=4");
+    EXPECT_EQ(Session->Habits.BoxPieces, "C151L=8,C160=4");
 
-    Open(ProjectOf(""));
-    Session->Habits = habits;
-    Choose("mnuFromBox");
+    ComeBack();
     EXPECT_EQ(Box().Box(), BoxOf(Pieces(), "C151=8,C160=4"));
 
     pistaro::Project owner = ProjectOf("");

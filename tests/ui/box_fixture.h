@@ -16,6 +16,14 @@ protected:
         Choose("mnuFromBox");
     }
 
+    /// The program of another day, which knows what its user chose last.
+    void ComeBack() {
+        const Habits habits = Session->Habits;
+        Open(ProjectOf(""));
+        Session->Habits = habits;
+        Choose("mnuFromBox");
+    }
+
     frmBox& Dialog() {
         for (frmBox* const dialog : Window->findChildren<frmBox*>()) {
             if (dialog->isVisible()) return *dialog;

@@ -177,6 +177,7 @@ TEST_F(ChecksList, PutsInWhatATrackLacks) {
     QTest::qWait(1);
 
     EXPECT_EQ(Codes(), "C160 C277 C160");
+    EXPECT_EQ(Project.EditState.CurrentElement[0], 1) << "what is new is selected";
     EXPECT_TRUE(List().findItems("The track has no lap counter", Qt::MatchStartsWith, 1).isEmpty());
     Entry("mnuUndo").trigger();
     EXPECT_EQ(Codes(), "C160 C159 C160");

@@ -48,12 +48,9 @@ TEST_F(RoomsOfABox, AreThoseOfTheLastSearch) {
     Find<QSpinBox>("spnRoomWidth").setValue(250);
     Find<QSpinBox>("spnRoomDepth").setValue(150);
     Search("C151=8,C160=4");
-    const Habits habits = Session->Habits;
-    EXPECT_EQ(habits.BoxRoom, "250x150");
+    EXPECT_EQ(Session->Habits.BoxRoom, "250x150");
 
-    Open(ProjectOf(""));
-    Session->Habits = habits;
-    Choose("mnuFromBox");
+    ComeBack();
 
     EXPECT_EQ(Find<QSpinBox>("spnRoomWidth").value(), 250);
     EXPECT_EQ(Find<QSpinBox>("spnRoomDepth").value(), 150);
